@@ -1,0 +1,21 @@
+# How our own targets are compiled. Private to them: nothing of it reaches a
+# project that uses the libraries.
+function(zeldebugdialog_build_options target)
+    set_target_properties(${target} PROPERTIES
+        CXX_STANDARD 17 CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF
+        POSITION_INDEPENDENT_CODE ON)
+    if(ZELDEBUGDIALOG_DEVELOPER)
+        target_compile_options(${target} PRIVATE
+            -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+    endif()
+    if(ZELDEBUGDIALOG_SANITIZERS)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=${ZELDEBUGDIALOG_SANITIZERS} -fno-sanitize-recover=all
+            -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=${ZELDEBUGDIALOG_SANITIZERS})
+    endif()
+    if(ZELDEBUGDIALOG_COVERAGE)
+        target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
+        target_link_options(${target} PRIVATE --coverage)
+    endif()
+endfunction()

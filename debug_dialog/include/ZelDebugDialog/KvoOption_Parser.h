@@ -1,0 +1,140 @@
+// The connect command language of the target debugger: words, clauses, whole
+// commands and option files, read into and written from an `EngineImp`.
+//
+// Only static members. Readers consume the text that they read: afterwards the
+// string holds what is left. Writers append unless said otherwise. Both work on
+// the current record (`EngineImp::currentProcessor`, a precondition of all but
+// the tokenizer), the cable and the chain, and put messages into the error
+// string of `EngineImp::engine`. What was stored before a refusal stays stored.
+//
+// Two threads must not read commands at the same time, not even with two
+// engines: `current_option` is one for the process. A program that reads in
+// several threads takes one lock around all readers.
+//
+//   std::string text = "connect lc hdu -debugdevice devicenr 1";
+//   if (KvoOption_Parser::ReadKvoCommand(text, state) != 0) ...
+//
+// Results of readers: 0 read; 1 stopped after an option word, which is in
+// `current_option`; 2 refused; 3 the text is used up. Every reader raises
+// std::out_of_range for a word that is a lone "-".
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_H
+
+#include <string>
+
+#include "ZelDebugDialog/EngineImp.h"
+#include "ZelDebugDialog/Export.h"
+
+namespace ZelDebugDialog {
+
+class ZELDEBUGDIALOG_API KvoOption_Parser {
+public:
+  // --- Words ----------------------------------------------------------------
+
+  /// The last option word that was read: '-' and no digit behind it. Some
+  /// readers read a plain value into it, too. Never cleared.
+  static std::string current_option;
+
+  /// Takes the next word off `input`, which is first trimmed at both ends by
+  /// the global locale's white space. Words end at a blank or a tab.
+  /// @return 0 a value; 1 an option word, also copied to `current_option`;
+  ///   3 nothing left, `token` as it was.
+  /// @throws std::out_of_range for a lone "-", taken off `input` before.
+  static int get_token(std::string &input, std::string &token);
+  /// Takes a name and its value. @return 0; 1 an option word stands in `first`;
+  ///   2 no value: the text ended, or an option word stands in `second`;
+  ///   3 nothing left.
+  static int get_tokenpair(std::string &input, std::string &first,
+                           std::string &second);
+
+  // --- Whole commands and files ---------------------------------------------
+
+  /// Reads a connect command; the text is stored in `connectCommand` first.
+  /// @return 0; 3 refused.
+  static int ReadKvoCommand(std::string command, EngineImp &imp);
+  /// Builds the connect command into `out` and `connectCommand`.
+  /// @return 0; 1 refused, both as they were.
+  static int WriteKvoCmdString(EngineImp &imp, std::string &out);
+  /// Reads the first line that is not empty of a processor's option file; at
+  /// most 1,023 characters, up to a null byte. Sets no message of its own.
+  /// @return 0; 3 refused; 4 no such regular file, or nothing in it.
+  static int ReadKvoOptFile(std::string processorName, EngineImp &imp);
+  /// See `Engine::Generate`.
+  static int WriteKvoOptFile(EngineImp &imp);
+
+  // --- Targets: what follows the target word. 0 read, 2 refused -------------
+
+  static int parse_lcoptions(std::string &command, EngineImp &imp);
+  static int parse_ppcoptions(std::string &command, EngineImp &imp);
+  static int parse_armoptions(std::string &command, EngineImp &imp);
+  static int parse_armr5options(std::string &command, EngineImp &imp);
+  static int parse_dapoptions(std::string &command, EngineImp &imp);
+  static unsigned parse_hduoptions(std::string &command, EngineImp &imp);
+  static unsigned parse_dccoptions(std::string &command, EngineImp &imp);
+  static unsigned parse_kmtcoptions(std::string &command, EngineImp &imp);
+  /// What follows "vpconnect".
+  static unsigned parse_vpoptions(std::string &command, EngineImp &imp);
+
+  static int write_lcoptions(std::string &out, EngineImp &imp);
+  static int write_ppcoptions(std::string &out, EngineImp &imp);
+  /// Replaces `out` with "vpconnect lc ...". @return 0; 2 without a message for
+  ///   a processor that is no Lumacore, `out` is then "vpconnect".
+  static int write_vpoptions(std::string &out, EngineImp &imp);
+
+  // --- Option clauses: what follows the option word -------------------------
+
+  /// All option clauses up to the end. @return 0; 2.
+  static int parse_options(std::string &command, EngineImp &imp);
+  /// The value of the stub option `option` ("-comm", "-port", "-baud",
+  /// "-timeout"). @return 0; 2; or 1 or 3 without a value, nothing stored.
+  static int parse_commoptions(std::string &command, std::string &option,
+                               EngineImp &imp);
+  static int write_commoptions(std::string &out, EngineImp &imp);
+
+  /// @return 1; 2; 3.
+  static unsigned parse_debugdevice(std::string &command, EngineImp &imp);
+  /// Appends nothing if there is nothing to say. @return 0
+  static int write_debugdeviceoptions(std::string &out, EngineImp &imp);
+
+  /// @return 1 (frequency neither defaulted nor checked); 2; 3.
+  static int parse_cable(std::string &command, EngineImp &imp);
+  /// Appends a new record to the chain. @return 1; 2, also for a name without a
+  ///   value, where the record is kept; 3.
+  static int parse_configdevice(std::string &command, EngineImp &imp);
+  /// One register name. @return 0; 2.
+  static unsigned parse_hdubscan(std::string &command, EngineImp &imp);
+  /// Checks "-pfsl" and keeps nothing. @return 1; 2; 3.
+  static unsigned parse_lcfsloptions(std::string &command, EngineImp &imp);
+  /// Writes nothing: there is nothing to write. @return 0
+  static int write_lcfsloptions(std::string &out, EngineImp &imp);
+
+  /// @return 0; 2.
+  static unsigned parse_ppcsim_options(std::string &command, EngineImp &imp);
+  static int write_ppcsim_options(std::string &out, EngineImp &imp);
+  /// @return 2; 3.
+  static unsigned parse_modelsim_options(std::string &command, EngineImp &imp);
+
+  // --- Cable, chain and debug device on their own ---------------------------
+
+  /// Only "-cable", "-configdevice", "-debugdevice" and "-bscan" clauses.
+  /// @return 0; 3 refused.
+  static int ReadJtagCableOptions(std::string &text, EngineImp &imp);
+  /// @return 0; 1 "Invalid Cable Type", with " -cable" appended.
+  static int WriteJtagCableOptionsString(EngineImp &imp, std::string &out);
+  /// Cable, boundary scan and chain. @return 0; 2 "Invalid Cable Type", with
+  ///   " -cable" appended.
+  static int write_jtagoptions(std::string &out, EngineImp &imp);
+  static int write_quorla_cableoptions(std::string &out, CableOption cable);
+  static int write_plugin_cableoptions(std::string &out, CableOption cable);
+  /// Writes nothing: the cable has no parameters. @return 0
+  static int write_digilent_cableoptions(std::string &out, CableOption cable);
+  /// Gives the cable its default frequency, or (`useDefault` 0) checks the one
+  /// that it has. @return 0; 2: refused with a message for the types 2, 3, 4
+  /// and
+  ///   7, without one for the others, which have no frequencies.
+  static int setcable_frequency(EngineImp &imp, int useDefault);
+};
+
+} // namespace ZelDebugDialog
+
+#endif
