@@ -1,0 +1,12 @@
+#include "ZelDebugDialog_Engine/ScratchEngine.h"
+
+namespace ZelDebugDialog {
+
+ScratchEngine::ScratchEngine() {
+  imp.engine = &engine;
+  imp.currentProcessor = &record;
+}
+
+ScratchReader::~ScratchReader() { ReleaseChainRecords(imp.jtagChain); }
+
+} // namespace ZelDebugDialog

@@ -1,0 +1,34 @@
+// An engine apart from the caller's, for the operations that read or write
+// clauses without touching the caller's settings. What it says about errors
+// ends with it.
+#pragma once
+
+#include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineImp.h"
+
+namespace ZelDebugDialog {
+
+class ScratchEngine {
+public:
+  ScratchEngine();
+  ScratchEngine(const ScratchEngine &) = delete;
+  ScratchEngine &operator=(const ScratchEngine &) = delete;
+
+  ProcessorInfoImp record;
+  EngineImp imp;
+
+private:
+  Engine engine; // takes the messages
+};
+
+/// A scratch engine for a reader: the chain records that nobody took over end
+/// with it.
+class ScratchReader : public ScratchEngine {
+public:
+  ScratchReader() = default;
+  ~ScratchReader();
+  ScratchReader(const ScratchReader &) = delete;
+  ScratchReader &operator=(const ScratchReader &) = delete;
+};
+
+} // namespace ZelDebugDialog
