@@ -1,0 +1,140 @@
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "HHSMHwManager.h"
+#include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineImp.h"
+#include "ZelDebugDialog_Engine/Families.h"
+#include "ZelDebugDialog_Engine/Results.h"
+
+namespace ZelDebugDialog {
+
+namespace {
+
+// IP type names, compared exactly.
+constexpr std::array<std::string_view, 2> debugModuleTypes{"hdu_cedar", "hdu"};
+constexpr std::string_view ppcControllerType = "ppc_jtag_link";
+constexpr std::string_view ppc405InTypeName = "405";
+constexpr std::string_view lumacoreType = "lumacore";
+constexpr std::string_view cortexA9Type = "soc_cortexa9";
+
+/// One walk through a design. Processors are numbered anew, each family on its
+/// own.
+class Discovery {
+public:
+  Discovery(HHSMHwManager &hardware, EngineImp &engine)
+      : design(hardware), imp(engine) {}
+
+  void appendAttached();
+  void appendUnattachedLumacores();
+  void appendCortexA9();
+
+private:
+  std::vector<std::string> instancesOf(std::string_view type) {
+    std::vector<std::string> instances;
+    design.getIpInstances(instances, std::string(type));
+    return instances;
+  }
+  void appendLumacore(const std::string &name, std::uint32_t connections);
+  void appendPpc(const std::string &name);
+  void append(const std::string &name, std::uint32_t family, std::uint32_t type,
+              std::uint32_t mask, int number);
+
+  HHSMHwManager &design;
+  EngineImp &imp;
+  int lumacores = 0;
+  int ppcs = 0;
+  int cortexA9s = 0;
+};
+
+void Discovery::append(const std::string &name, std::uint32_t family,
+                       std::uint32_t type, std::uint32_t mask, int number) {
+  auto record = std::make_unique<ProcessorInfoImp>();
+  record->instanceName = name;
+  record->procFamily = family;
+  record->procType = type;
+  record->connectionMask = mask;
+  record->cpuNr = static_cast<std::int8_t>(number);
+  imp.processorList.push_back(record.get());
+  static_cast<void>(record.release()); // the list's from here on
+}
+
+void Discovery::appendLumacore(const std::string &name,
+                               std::uint32_t connections) {
+  const std::uint32_t serial = imp.IsStubSerialConnect(name);
+  const std::uint32_t jtag = imp.IsStubJtagConnect(name);
+  append(name, familyLumacore, typeLumacore, serial | connections | jtag,
+         ++lumacores);
+}
+
+void Discovery::appendPpc(const std::string &name) {
+  const bool is405 =
+      design.getIpName(name).find(ppc405InTypeName) != std::string::npos;
+  append(name, familyPowerPc, is405 ? typePpc405 : typePpc440,
+         Engine::CONNECT_SIM | Engine::CONNECT_HW, ++ppcs);
+}
+
+void Discovery::appendAttached() {
+  std::vector<std::string> modules;
+  design.getIpInstances(modules, HW_IP_DEBUG);
+  for (const std::string &module : modules) {
+    const std::string type = design.getIpName(module);
+    std::vector<std::string> processors;
+    design.getHduConnectedProcessorList(processors, module);
+    if (std::find(debugModuleTypes.begin(), debugModuleTypes.end(), type) !=
+        debugModuleTypes.end()) {
+      for (const std::string &processor : processors)
+        appendLumacore(processor, Engine::CONNECT_SIM | Engine::CONNECT_HW);
+    } else if (type == ppcControllerType) {
+      for (const std::string &processor : processors)
+        appendPpc(processor);
+    }
+  }
+}
+
+void Discovery::appendUnattachedLumacores() {
+  // A set, because asking the list anew for each instance would make discovery
+  // quadratic. The names stay where they are: each record is its own object.
+  std::unordered_set<std::string_view> listed;
+  for (const ProcessorInfoImp *const record : imp.processorList)
+    listed.insert(record->instanceName);
+  for (const std::string &name : instancesOf(lumacoreType)) {
+    if (listed.count(name) != 0)
+      continue;
+    appendLumacore(name, Engine::CONNECT_SIM);
+    listed.insert(imp.processorList.back()->instanceName);
+  }
+}
+
+void Discovery::appendCortexA9() {
+  for (const std::string &name : instancesOf(cortexA9Type))
+    append(name, familyArm, typeCortexA9, Engine::CONNECT_HW, ++cortexA9s);
+}
+
+} // namespace
+
+int Engine::GetProcessorList(HHSMHwManager *design,
+                             std::vector<std::string> &names) {
+  imp->hwManager = design;
+  if (design == nullptr)
+    return result::done;
+  design->getProcessorInstances(names, false);
+  Discovery discovery(*design, *imp);
+  discovery.appendAttached();
+  discovery.appendUnattachedLumacores();
+  discovery.appendCortexA9();
+  return result::done;
+}
+
+EngineImp *Engine::GetProcessorList(HHSMHwManager *design) {
+  std::vector<std::string> names;
+  GetProcessorList(design, names);
+  return imp.get();
+}
+
+} // namespace ZelDebugDialog
