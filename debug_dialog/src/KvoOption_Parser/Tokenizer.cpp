@@ -1,0 +1,96 @@
+#include "KvoOption_Parser/WordCursor.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+
+namespace ZelDebugDialog {
+
+std::string KvoOption_Parser::current_option;
+
+namespace kvo {
+
+namespace {
+
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+
+} // namespace
+
+WordCursor::WordCursor(std::string &origin) : source(origin) {
+  text.swap(source);
+  end = text.size();
+  while (end > 0 && characters.isSpace(text[end - 1]))
+    --end;
+}
+
+WordCursor::~WordCursor() {
+  text.resize(end);
+  text.erase(0, position);
+  source.swap(text);
+}
+
+std::string_view WordCursor::peek() {
+  while (position < end && characters.isSpace(text[position]))
+    ++position;
+  std::size_t stop = position;
+  while (stop < end && text[stop] != ' ' && text[stop] != '\t')
+    ++stop;
+  while (stop > position && characters.isSpace(text[stop - 1]))
+    --stop;
+  return std::string_view(text).substr(position, stop - position);
+}
+
+int WordCursor::accept(std::string_view word) {
+  position += word.size();
+  // Under a locale to which a blank is no white space a word may be empty.
+  if (word.empty() || word.front() != '-')
+    return code::value;
+  // The second character is fetched with a bounds check: a lone "-" raises the
+  // standard out-of-range error, for the caller of the public operation to see.
+  if (word.size() == 1)
+    return std::string(word).at(1);
+  if (isDigit(word[1]))
+    return code::value;
+  KvoOption_Parser::current_option = word;
+  return code::option;
+}
+
+int WordCursor::next(std::string_view &word) {
+  const std::string_view found = peek();
+  if (position == end)
+    return code::end;
+  word = found;
+  return accept(found);
+}
+
+int WordCursor::next(std::string &word) {
+  const std::string_view found = peek();
+  if (position == end)
+    return code::end;
+  word = found;
+  return accept(found);
+}
+
+int WordCursor::nextPair(std::string_view &name, std::string_view &value) {
+  if (const int result = next(name); result != code::value)
+    return result;
+  return next(value) == code::value ? code::value : code::refused;
+}
+
+int WordCursor::nextIntoCurrentOption() {
+  return next(KvoOption_Parser::current_option);
+}
+
+} // namespace kvo
+
+int KvoOption_Parser::get_token(std::string &input, std::string &token) {
+  kvo::WordCursor cursor(input);
+  return cursor.next(token);
+}
+
+int KvoOption_Parser::get_tokenpair(std::string &input, std::string &first,
+                                    std::string &second) {
+  if (const int result = get_token(input, first); result != kvo::code::value)
+    return result;
+  return get_token(input, second) == kvo::code::value ? kvo::code::value
+                                                      : kvo::code::refused;
+}
+
+} // namespace ZelDebugDialog

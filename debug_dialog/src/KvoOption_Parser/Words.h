@@ -1,0 +1,34 @@
+// Words of the command language that more than one file reads or writes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ZelDebugDialog::kvo {
+
+inline constexpr std::string_view connectHead = "connect";
+inline constexpr std::string_view vpConnectHead = "vpconnect";
+
+inline constexpr std::string_view lumacoreTarget = "lc";
+inline constexpr std::string_view ppcTarget = "ppc";
+
+inline constexpr std::string_view bscanOption = "-bscan";
+inline constexpr std::string_view cableOption = "-cable";
+inline constexpr std::string_view commOption = "-comm";
+inline constexpr std::string_view configDeviceOption = "-configdevice";
+inline constexpr std::string_view debugDeviceOption = "-debugdevice";
+inline constexpr std::string_view portOption = "-port";
+inline constexpr std::string_view baudOption = "-baud";
+inline constexpr std::string_view timeoutOption = "-timeout";
+
+// Kinds of a stub's line, behind "-comm".
+inline constexpr std::string_view jtagLine = "jtag";
+inline constexpr std::string_view serialLine = "serial";
+
+/// Appends a word behind a blank.
+inline void appendWord(std::string &out, std::string_view word) {
+  out += ' ';
+  out += word;
+}
+
+} // namespace ZelDebugDialog::kvo
