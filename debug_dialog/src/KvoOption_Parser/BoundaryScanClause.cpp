@@ -1,0 +1,47 @@
+// "-bscan": the boundary-scan user register of the debug module.
+//
+// All four registers are read; only USER1 is written, and USER2 is the default.
+#include "KvoOption_Parser/Parameters.h"
+#include "KvoOption_Parser/Words.h"
+#include "KvoOption_Parser/Writers.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+
+namespace ZelDebugDialog {
+
+namespace kvo {
+
+namespace {
+
+constexpr NamedValue user1{"USER1", 2};
+constexpr std::array<NamedValue, 4> registers{
+    {user1, {"USER2", 3}, {"USER3", 0x22}, {"USER4", 0x23}}};
+
+} // namespace
+
+int readBoundaryScan(WordCursor &cursor, EngineImp &imp) {
+  std::string_view word;
+  if (cursor.next(word) == code::end)
+    return code::refused;
+  const auto *const found = findRow(registers, word, cursor);
+  if (found == nullptr)
+    return code::refused;
+  currentRecord(imp).bscanUserReg = found->value;
+  return code::done;
+}
+
+void writeBoundaryScan(std::string &out, EngineImp &imp) {
+  if (currentRecord(imp).bscanUserReg != user1.value)
+    return;
+  appendWord(out, bscanOption);
+  appendWord(out, user1.keyword);
+}
+
+} // namespace kvo
+
+unsigned KvoOption_Parser::parse_hdubscan(std::string &command,
+                                          EngineImp &imp) {
+  return static_cast<unsigned>(
+      kvo::consume(command, imp, kvo::readBoundaryScan));
+}
+
+} // namespace ZelDebugDialog

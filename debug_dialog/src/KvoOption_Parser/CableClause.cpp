@@ -1,0 +1,221 @@
+// "-cable": the JTAG cable.
+//
+// Name and value pairs in any order. The frequency is defaulted or checked only
+// where the clause ends the text: in front of another option it is taken as it
+// is. QUORLA_TCF is read and checked, but there is no text to write for it.
+#include <algorithm>
+
+#include "KvoOption_Parser/Parameters.h"
+#include "KvoOption_Parser/Words.h"
+#include "KvoOption_Parser/Writers.h"
+#include "ZelDebugDialog/CableCatalogue.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+#include "ZelDebugDialog_Engine/CableCatalogue.h"
+
+namespace ZelDebugDialog {
+
+namespace kvo {
+
+namespace {
+
+constexpr std::string_view unknownParameter =
+    "UNKNOWN Parameter '%s' for  option '-cable'";
+constexpr std::string_view svfNotSupported =
+    "Cable Type quorla_svffile is not supported in this release\n";
+constexpr std::string_view svfFileMissing =
+    "SVF File NOT specified for Cable Type quorla_svffile";
+constexpr std::string_view moduleMissing =
+    "Plug-in Module NOT specified for Cable Type quorla_plugin";
+constexpr std::string_view cannotBeWritten = "Invalid Cable Type";
+
+// Words that are read and written.
+constexpr std::string_view typeWord = "type";
+constexpr std::string_view portWord = "port";
+constexpr std::string_view esnWord = "esn";
+constexpr std::string_view frequencyWord = "frequency";
+constexpr std::string_view moduleWord = "modulename";
+constexpr std::string_view argumentWord = "modulearg";
+constexpr char argumentSeparator = ';';
+
+/// What one clause fills.
+struct CableReading {
+  EngineImp &imp;
+  CableOption &cable;
+  bool frequencyGiven;
+};
+
+const Cable *findByKeyword(std::string_view word, WordCursor &cursor) {
+  for (const Cable &cable : cables())
+    if (cursor.sameWord(word, cable.keyword) ||
+        (!cable.otherKeyword.empty() &&
+         cursor.sameWord(word, cable.otherKeyword)))
+      return &cable;
+  return nullptr;
+}
+
+/// Takes the type and the port that goes with it. The frequency stays, so that
+/// it may stand before the type.
+int readType(const Argument &argument, CableReading &target) {
+  const Cable *const found = findByKeyword(argument.value, argument.cursor);
+  if (found == nullptr)
+    return code::refused;
+  if (found->type == Engine::QUORLA_SVFFILE)
+    return refuse(target.imp, svfNotSupported);
+  target.cable.cableType = found->type;
+  if (!found->defaultPort.empty())
+    target.cable.port = found->defaultPort;
+  return code::done;
+}
+
+template <auto Field>
+int readText(const Argument &argument, CableReading &target) {
+  target.cable.*Field = argument.value;
+  return code::done;
+}
+
+int readFrequency(const Argument &argument, CableReading &target) {
+  storeNumber(argument, target.cable.frequency);
+  target.frequencyGiven = true;
+  return code::done;
+}
+
+int readSvfFile(const Argument &argument, CableReading &target) {
+  currentRecord(target.imp).svfFileFlag = true;
+  return readText<&CableOption::svfFile>(argument, target);
+}
+
+int readModuleArgument(const Argument &argument, CableReading &target) {
+  std::string &joined = target.cable.moduleArgs;
+  if (!joined.empty())
+    joined += argumentSeparator;
+  joined += argument.value;
+  return code::done;
+}
+
+constexpr std::array<Parameter<CableReading>, 8> parameters{{
+    {typeWord, readType},
+    {portWord, readText<&CableOption::port>},
+    {esnWord, readText<&CableOption::esn>},
+    {"url", readText<&CableOption::url>},
+    {frequencyWord, readFrequency},
+    {"fname", readSvfFile},
+    {moduleWord, readText<&CableOption::moduleName>},
+    {argumentWord, readModuleArgument},
+}};
+
+int finishCable(const CableReading &target) {
+  const CableOption &cable = target.cable;
+  if (cable.cableType == Engine::QUORLA_SVFFILE && cable.svfFile.empty())
+    return refuse(target.imp, svfFileMissing);
+  if (cable.cableType == Engine::QUORLA_PLUGIN && cable.moduleName.empty())
+    return refuse(target.imp, moduleMissing);
+  const int result = KvoOption_Parser::setcable_frequency(
+      target.imp, target.frequencyGiven ? 0 : 1);
+  return result == code::refused ? code::refused : code::end;
+}
+
+void writeParameter(std::string &out, std::string_view word,
+                    std::string_view value) {
+  appendWord(out, word);
+  appendWord(out, value);
+}
+
+/// Port and frequency; or the serial number alone, which identifies the cable.
+void writeLineCable(std::string &out, const CableOption &cable) {
+  if (!cable.esn.empty()) {
+    writeParameter(out, esnWord, cable.esn);
+    return;
+  }
+  writeParameter(out, portWord, cable.port);
+  writeParameter(out, frequencyWord, {});
+  appendDecimal(out, lowBits<std::int32_t>(cable.frequency));
+}
+
+int writeCable(std::string &out, const EngineImp &imp) {
+  const CableOption &option = *imp.cableOption;
+  if (option.cableType == Engine::CABLE_NONE)
+    return code::done;
+  appendWord(out, cableOption);
+  const Cable &cable = findCable(option.cableType);
+  if (cable.form == CableClauseForm::unwritable)
+    return refuse(imp, cannotBeWritten);
+  writeParameter(out, typeWord, cable.keyword);
+  if (cable.form == CableClauseForm::line)
+    writeLineCable(out, option);
+  if (cable.form == CableClauseForm::module)
+    writePluginCable(out, option);
+  return code::done;
+}
+
+} // namespace
+
+int readCable(WordCursor &cursor, EngineImp &imp) {
+  CableReading target{imp, *imp.cableOption, false};
+  const int end =
+      readParameters(cursor, imp, parameters, unknownParameter, target).code;
+  return end == code::end ? finishCable(target) : end;
+}
+
+void writePluginCable(std::string &out, const CableOption &cable) {
+  writeParameter(out, moduleWord, cable.moduleName);
+  if (cable.moduleArgs.empty())
+    return;
+  std::string_view rest = cable.moduleArgs;
+  for (;;) {
+    const std::size_t separator = rest.find(argumentSeparator);
+    writeParameter(out, argumentWord, rest.substr(0, separator));
+    if (separator == std::string_view::npos)
+      return;
+    rest.remove_prefix(separator + 1);
+  }
+}
+
+} // namespace kvo
+
+int KvoOption_Parser::parse_cable(std::string &command, EngineImp &imp) {
+  return kvo::consume(command, imp, kvo::readCable);
+}
+
+int KvoOption_Parser::setcable_frequency(EngineImp &imp, int useDefault) {
+  CableOption &option = *imp.cableOption;
+  const Cable &cable = findCable(option.cableType);
+  if (useDefault != 0) {
+    option.frequency = cable.defaultFrequency;
+    return kvo::code::done;
+  }
+  if (cable.refusal.empty())
+    return kvo::code::refused;
+  if (std::find(cable.accepted.begin(), cable.accepted.end(),
+                option.frequency) != cable.accepted.end())
+    return kvo::code::done;
+  std::string number;
+  kvo::appendDecimal(number, kvo::lowBits<std::int32_t>(option.frequency));
+  return kvo::refuse(imp, cable.refusal, {number});
+}
+
+int KvoOption_Parser::write_jtagoptions(std::string &out, EngineImp &imp) {
+  if (const int result = kvo::writeCable(out, imp); result != kvo::code::done)
+    return result;
+  kvo::writeBoundaryScan(out, imp);
+  kvo::writeChain(out, imp);
+  return kvo::code::done;
+}
+
+int KvoOption_Parser::write_quorla_cableoptions(std::string &out,
+                                                CableOption cable) {
+  kvo::writeLineCable(out, cable);
+  return kvo::code::done;
+}
+
+int KvoOption_Parser::write_plugin_cableoptions(std::string &out,
+                                                CableOption cable) {
+  kvo::writePluginCable(out, cable);
+  return kvo::code::done;
+}
+
+int KvoOption_Parser::write_digilent_cableoptions(std::string & /*out*/,
+                                                  CableOption /*cable*/) {
+  return kvo::code::done;
+}
+
+} // namespace ZelDebugDialog

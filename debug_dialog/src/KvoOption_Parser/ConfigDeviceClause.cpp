@@ -1,0 +1,119 @@
+// "-configdevice": one device of the JTAG chain, or the marker of the
+// processor's own JTAG pins.
+//
+// The marker is written as "jtagpin cpujtag" and read as "jtagport cpu": what
+// is written for it is refused when it is read back.
+#include <memory>
+
+#include "KvoOption_Parser/Parameters.h"
+#include "KvoOption_Parser/Words.h"
+#include "KvoOption_Parser/Writers.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+#include "ZelDebugDialog_Engine/Families.h"
+
+namespace ZelDebugDialog {
+
+namespace kvo {
+
+namespace {
+
+constexpr std::string_view unknownParameter =
+    "UNKNOWN Parameter '%s' for option '-configDevice'";
+
+// Words that are read and written.
+constexpr std::string_view numberWord = "devicenr";
+constexpr std::string_view idCodeWord = "idcode";
+constexpr std::string_view irLengthWord = "irlength";
+constexpr std::string_view partNameWord = "partname";
+
+constexpr std::uint8_t hardPpc405 = 1;
+constexpr std::uint8_t hardPpcOther = 2;
+
+/// What one clause fills.
+struct ChainDevice {
+  EngineImp &imp;
+  JtagOption &device;
+};
+
+int readJtagPort(const Argument &argument, ChainDevice &target) {
+  const bool isCpu = argument.cursor.sameWord(argument.value, "cpu");
+  target.imp.cpuJtag = isCpu ? 1 : 0;
+  return isCpu ? code::done : code::refused;
+}
+
+int readPartName(const Argument &argument, ChainDevice &target) {
+  target.device.partname = argument.value;
+  return code::done;
+}
+
+int readHardPpc(const Argument &argument, ChainDevice &target) {
+  target.device.hardppc = argument.cursor.sameWord(argument.value, "ppc405")
+                              ? hardPpc405
+                              : hardPpcOther;
+  return code::done;
+}
+
+template <auto Field>
+int readNumber(const Argument &argument, ChainDevice &target) {
+  storeNumber(argument, target.device.*Field);
+  return code::done;
+}
+
+constexpr std::array<Parameter<ChainDevice>, 8> parameters{{
+    {"jtagport", readJtagPort},
+    {numberWord, readNumber<&JtagOption::devicenr>},
+    {idCodeWord, readNumber<&JtagOption::idcode>},
+    {irLengthWord, readNumber<&JtagOption::irlength>},
+    {partNameWord, readPartName},
+    {"isfpga", readNumber<&JtagOption::isfpga>},
+    {"hardppc", readHardPpc},
+    {"nppc", readNumber<&JtagOption::nppc>},
+}};
+
+void writeDevice(std::string &out, const JtagOption &device) {
+  appendWord(out, configDeviceOption);
+  appendWord(out, numberWord);
+  out += ' ';
+  appendDecimal(out, device.devicenr);
+  appendWord(out, partNameWord);
+  appendWord(out, device.partname);
+  appendWord(out, irLengthWord);
+  out += ' ';
+  appendDecimal(out, device.irlength);
+  appendWord(out, idCodeWord);
+  out += ' ';
+  appendHexadecimal(out, device.idcode);
+}
+
+} // namespace
+
+/// The device joins the chain also when the clause ends with a name that lacks
+/// its value, and when it only carries the marker.
+int readConfigDevice(WordCursor &cursor, EngineImp &imp) {
+  auto device = std::make_unique<JtagOption>();
+  ChainDevice target{imp, *device};
+  const ClauseEnd end =
+      readParameters(cursor, imp, parameters, unknownParameter, target);
+  if (end.byParameter)
+    return end.code;
+  imp.jtagChain.push_back(device.get());
+  static_cast<void>(device.release()); // the chain's from here on
+  return end.code;
+}
+
+void writeChain(std::string &out, const EngineImp &imp) {
+  if (imp.cpuJtag == 1) {
+    appendWord(out, configDeviceOption);
+    out += " jtagpin cpujtag";
+  }
+  for (const JtagOption *const device : imp.jtagChain)
+    writeDevice(out, *device);
+}
+
+} // namespace kvo
+
+int KvoOption_Parser::parse_configdevice(std::string &command, EngineImp &imp) {
+  return kvo::consume(command, imp, kvo::readConfigDevice);
+}
+
+} // namespace ZelDebugDialog

@@ -1,0 +1,214 @@
+// "-debugdevice": the debug device, and for PowerPC the debug address map.
+//
+// The writer leaves out what the connection has no use for; the reader takes
+// everything from everyone. Names and values may come in any order.
+#include "KvoOption_Parser/Parameters.h"
+#include "KvoOption_Parser/Words.h"
+#include "KvoOption_Parser/Writers.h"
+#include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+#include "ZelDebugDialog_Engine/AddressRegions.h"
+#include "ZelDebugDialog_Engine/Families.h"
+
+namespace ZelDebugDialog {
+
+namespace kvo {
+
+namespace {
+
+using Record = ProcessorInfoImp;
+
+constexpr std::string_view unknownParameter =
+    "UNKNOWN Parameter '%s' for  option '-debugDevice'";
+
+// Words that are read and written.
+constexpr std::string_view cpuNumberWord = "cpunr";
+constexpr std::string_view romStartWord = "romemStartAdr";
+constexpr std::string_view romSizeWord = "romemSize";
+constexpr std::string_view isocmStartWord = "isocmStartAdr";
+constexpr std::string_view isocmSizeWord = "isocmSize";
+constexpr std::string_view isocmDcrWord = "isocmDcrStartAdr";
+constexpr std::string_view fpuWord = "fpuType";
+constexpr std::string_view singleWord = "sp";
+constexpr std::string_view doubleWord = "dp";
+
+constexpr std::array<NamedValue, 2> processorTypes{
+    {{"ppc405", typePpc405}, {"ppc440", typePpc440}}};
+constexpr std::array<NamedValue, 2> fpuTypes{
+    {{singleWord, fpuSingle}, {doubleWord, fpuDouble}}};
+
+/// With a design the number is the design's, and the command has to agree: all
+/// 32 bits of it, so that 128 to 255 never do.
+int readCpuNumber(const Argument &argument, EngineImp &imp) {
+  Record &record = currentRecord(imp);
+  const std::uint64_t number = toUnsigned(argument.value);
+  if (imp.hwManager == nullptr) {
+    record.cpuNr = lowBits<std::int8_t>(number);
+    return code::done;
+  }
+  return lowBits<std::int32_t>(number) == record.cpuNr ? code::done
+                                                       : code::refused;
+}
+
+/// A type that is not known is remembered as such, and refused.
+int readProcessorType(const Argument &argument, EngineImp &imp) {
+  const auto *const type =
+      findRow(processorTypes, argument.value, argument.cursor);
+  currentRecord(imp).procType = type == nullptr ? typePpcUnknown : type->value;
+  return type == nullptr ? code::refused : code::done;
+}
+
+int readFpuType(const Argument &argument, EngineImp &imp) {
+  const auto *const type = findRow(fpuTypes, argument.value, argument.cursor);
+  if (type == nullptr)
+    return refuse(imp, unknownParameterOfOption,
+                  {argument.value, argument.name});
+  currentRecord(imp).fpuType = type->value;
+  return code::done;
+}
+
+/// Stores before it checks: a misaligned address stays in the record.
+template <const AddressRegion &region>
+int readRegion(const Argument &argument, EngineImp &imp) {
+  std::uint32_t &start = currentRecord(imp).*region.start;
+  start = lowBits<std::uint32_t>(toUnsigned(argument.value));
+  return isRegionAligned(start) ? code::done : refuse(imp, region.misaligned);
+}
+
+/// The instruction cache is where the address map begins.
+int readIcacheRegion(const Argument &argument, EngineImp &imp) {
+  const int result = readRegion<icacheRegion>(argument, imp);
+  if (result == code::done)
+    currentRecord(imp).debugAddressMap = currentRecord(imp).icacheStartAdr;
+  return result;
+}
+
+template <auto Field> int readNumber(const Argument &argument, EngineImp &imp) {
+  storeNumber(argument, currentRecord(imp).*Field);
+  return code::done;
+}
+
+template <auto Field> int readText(const Argument &argument, EngineImp &imp) {
+  currentRecord(imp).*Field = argument.value;
+  return code::done;
+}
+
+int readCpuCount(const Argument &argument, EngineImp &imp) {
+  currentRecord(imp).nCpu = lowBits<std::int32_t>(toSigned(argument.value, 0));
+  return code::done;
+}
+
+constexpr std::array<Parameter<EngineImp>, 18> parameters{{
+    {"devicenr", readNumber<&Record::debugDevice>},
+    {cpuNumberWord, readCpuNumber},
+    {"proctype", readProcessorType},
+    {romStartWord, readNumber<&Record::romemStartAdr>},
+    {romSizeWord, readNumber<&Record::romemSize>},
+    {icacheRegion.keyword, readIcacheRegion},
+    {dcacheRegion.keyword, readRegion<dcacheRegion>},
+    {itagRegion.keyword, readRegion<itagRegion>},
+    {dtagRegion.keyword, readRegion<dtagRegion>},
+    {isocmStartWord, readNumber<&Record::isocmStartAdr>},
+    {isocmSizeWord, readNumber<&Record::isocmSize>},
+    {isocmDcrWord, readNumber<&Record::isocmDcrStartAdr>},
+    {tlbRegion.keyword, readRegion<tlbRegion>},
+    {dcrRegion.keyword, readRegion<dcrRegion>},
+    {"cpu_version", readText<&Record::cpu_version>},
+    {"hdu_version", readText<&Record::hdu_version>},
+    {"nCpu", readCpuCount},
+    {fpuWord, readFpuType},
+}};
+
+void writeDecimal(std::string &out, std::string_view word,
+                  std::int64_t number) {
+  appendWord(out, word);
+  out += ' ';
+  appendDecimal(out, number);
+}
+
+void writeAddress(std::string &out, std::string_view word,
+                  std::uint32_t address) {
+  appendWord(out, word);
+  out += ' ';
+  appendHexadecimal(out, address);
+}
+
+void writeSize(std::string &out, std::string_view word, std::uint32_t size) {
+  writeDecimal(out, word, lowBits<std::int32_t>(size));
+}
+
+void writeRom(std::string &out, const Record &record) {
+  if (record.connectionType != Engine::CONNECT_HW ||
+      record.romemStartAdr == unsetAddress || record.romemSize == 0)
+    return;
+  writeAddress(out, romStartWord, record.romemStartAdr);
+  writeSize(out, romSizeWord, record.romemSize);
+}
+
+void writeIsocm(std::string &out, const Record &record) {
+  if (record.procType != typePpc405 || record.isocmStartAdr == unsetAddress)
+    return;
+  writeAddress(out, isocmStartWord, record.isocmStartAdr);
+  writeSize(out, isocmSizeWord, record.isocmSize);
+  out += ' '; // two blanks stand before the next word
+  writeAddress(out, isocmDcrWord, record.isocmDcrStartAdr);
+}
+
+void writeAddressMap(std::string &out, const Record &record) {
+  for (const AddressRegion *const region : addressRegions)
+    if (record.*region->start != unsetAddress)
+      writeAddress(out, region->keyword, record.*region->start);
+}
+
+void writeFpu(std::string &out, const Record &record) {
+  if (record.fpuType == fpuNone)
+    return;
+  appendWord(out, fpuWord);
+  appendWord(out, record.fpuType == fpuSingle ? singleWord : doubleWord);
+}
+
+void writeBody(std::string &out, const Record &record) {
+  if (record.debugDevice != 0)
+    writeDebugDeviceNumber(out, record.debugDevice);
+  if (record.connectionType != Engine::CONNECT_SIM &&
+      record.connectionType != Engine::CONNECT_STUB)
+    writeDecimal(out, cpuNumberWord, record.cpuNr);
+  writeRom(out, record);
+  writeIsocm(out, record);
+  if (record.procFamily != familyPowerPc)
+    return;
+  writeAddressMap(out, record);
+  writeFpu(out, record);
+}
+
+} // namespace
+
+int readDebugDevice(WordCursor &cursor, EngineImp &imp) {
+  return readParameters(cursor, imp, parameters, unknownParameter, imp).code;
+}
+
+void writeDebugDeviceNumber(std::string &out, int number) {
+  // Written with another letter case than the keyword has; readers don't mind.
+  writeDecimal(out, "deviceNr", number);
+}
+
+} // namespace kvo
+
+unsigned KvoOption_Parser::parse_debugdevice(std::string &command,
+                                             EngineImp &imp) {
+  return static_cast<unsigned>(
+      kvo::consume(command, imp, kvo::readDebugDevice));
+}
+
+int KvoOption_Parser::write_debugdeviceoptions(std::string &out,
+                                               EngineImp &imp) {
+  std::string body;
+  kvo::writeBody(body, currentRecord(imp));
+  if (!body.empty()) {
+    kvo::appendWord(out, kvo::debugDeviceOption);
+    out += body;
+  }
+  return kvo::code::done;
+}
+
+} // namespace ZelDebugDialog

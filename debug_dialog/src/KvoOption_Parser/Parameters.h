@@ -1,0 +1,69 @@
+// Clauses made of names and values: a table of parameters, and the one walk
+// over it that all of them share.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "KvoOption_Parser/Message.h"
+#include "KvoOption_Parser/Numbers.h"
+#include "KvoOption_Parser/Readers.h"
+#include "KvoOption_Parser/WordCursor.h"
+#include "ZelDebugDialog_Engine/CurrentRecord.h"
+
+namespace ZelDebugDialog::kvo {
+
+/// A parameter as it was typed.
+struct Argument {
+  std::string_view name;
+  std::string_view value;
+  WordCursor &cursor;
+};
+
+/// A word that stands for a number of its field.
+struct NamedValue {
+  std::string_view keyword;
+  std::uint32_t value;
+};
+
+/// One parameter of a clause that fills a `Target`. `apply` returns
+/// `code::done` to go on, or `code::refused`.
+template <class Target> struct Parameter {
+  std::string_view keyword;
+  int (*apply)(const Argument &argument, Target &target);
+};
+
+/// How a walk over parameters ended.
+struct ClauseEnd {
+  int code;
+  bool byParameter; ///< One was unknown, or refused its value.
+};
+
+/// Reads names and values up to what ends the clause. The name of an unknown
+/// parameter is filled into `unknownParameter`.
+template <class Target, std::size_t size>
+ClauseEnd readParameters(WordCursor &cursor, const EngineImp &imp,
+                         const std::array<Parameter<Target>, size> &parameters,
+                         std::string_view unknownParameter, Target &target) {
+  std::string_view name;
+  std::string_view value;
+  for (;;) {
+    if (const int end = cursor.nextPair(name, value); end != code::value)
+      return {end, false};
+    const auto *const parameter = findRow(parameters, name, cursor);
+    if (parameter == nullptr)
+      return {refuse(imp, unknownParameter, {name}), true};
+    if (parameter->apply({name, value, cursor}, target) != code::done)
+      return {code::refused, true};
+  }
+}
+
+/// Stores a number, cut to the low bits of its field.
+template <class Field>
+void storeNumber(const Argument &argument, Field &field) {
+  field = lowBits<Field>(toUnsigned(argument.value));
+}
+
+} // namespace ZelDebugDialog::kvo

@@ -1,0 +1,75 @@
+// The simulator of a PowerPC: a configuration file, or a host and port.
+//
+// The reader takes both, the writer writes the file alone if there is one.
+#include "KvoOption_Parser/SimulatorOptions.h"
+
+namespace ZelDebugDialog {
+
+namespace kvo {
+
+namespace {
+
+constexpr std::string_view unknownSimulatorOption =
+    "UNKNOWN  PowerPC Sim Option '%s'";
+constexpr std::string_view fileOption = "-icf";
+constexpr std::int32_t defaultPort = 6470;
+
+// The results of what these read are not examined: a missing file or port
+// leaves the earlier one (a port is then taken from the earlier value once
+// more), and an option word that a debug device clause ran into is lost.
+
+int readFile(WordCursor &cursor, std::string_view & /*value*/, EngineImp &imp) {
+  cursor.next(currentRecord(imp).ppcSimConfigFile);
+  return code::done;
+}
+
+int readIpcPort(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
+  cursor.next(value);
+  ProcessorInfoImp &record = currentRecord(imp);
+  storeIpcPort(value, record.simIpcHost, record.simIpcPort, defaultPort);
+  return code::done;
+}
+
+int readDevice(WordCursor &cursor, std::string_view & /*value*/,
+               EngineImp &imp) {
+  readDebugDevice(cursor, imp);
+  return code::done;
+}
+
+constexpr std::array<SimulatorOption, 3> options{{
+    {fileOption, readFile},
+    {ipcPortOption, readIpcPort},
+    {debugDeviceOption, readDevice},
+}};
+
+} // namespace
+
+int readPpcSimulator(WordCursor &cursor, EngineImp &imp) {
+  return readSimulatorOptions(cursor, imp, options, unknownSimulatorOption, {});
+}
+
+} // namespace kvo
+
+unsigned KvoOption_Parser::parse_ppcsim_options(std::string &command,
+                                                EngineImp &imp) {
+  return static_cast<unsigned>(
+      kvo::consume(command, imp, kvo::readPpcSimulator));
+}
+
+int KvoOption_Parser::write_ppcsim_options(std::string &out, EngineImp &imp) {
+  const ProcessorInfoImp &record = currentRecord(imp);
+  if (!record.ppcSimConfigFile.empty()) {
+    kvo::appendWord(out, kvo::fileOption);
+    kvo::appendWord(out, record.ppcSimConfigFile);
+    return kvo::code::done;
+  }
+  if (record.simIpcHost.empty())
+    return kvo::code::done;
+  kvo::appendWord(out, kvo::ipcPortOption);
+  kvo::appendWord(out, record.simIpcHost);
+  out += ':';
+  kvo::appendDecimal(out, record.simIpcPort);
+  return kvo::code::done;
+}
+
+} // namespace ZelDebugDialog

@@ -1,0 +1,56 @@
+// The readers of clauses and targets, each defined in the file of its clause.
+// Every one takes the text behind its own keyword from the cursor and returns a
+// code (Codes.h).
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "KvoOption_Parser/WordCursor.h"
+
+namespace ZelDebugDialog {
+class EngineImp;
+}
+
+namespace ZelDebugDialog::kvo {
+
+using Reader = int (*)(WordCursor &cursor, EngineImp &imp);
+
+int readBoundaryScan(WordCursor &cursor, EngineImp &imp);
+int readCable(WordCursor &cursor, EngineImp &imp);
+int readConfigDevice(WordCursor &cursor, EngineImp &imp);
+int readDebugDevice(WordCursor &cursor, EngineImp &imp);
+int readFsl(WordCursor &cursor, EngineImp &imp);
+int readModelSim(WordCursor &cursor, EngineImp &imp);
+int readOptions(WordCursor &cursor, EngineImp &imp);
+int readPpcSimulator(WordCursor &cursor, EngineImp &imp);
+/// The value of the stub option that was read last (`option`).
+int readStubLine(WordCursor &cursor, std::string_view option, EngineImp &imp);
+
+int readLumacore(WordCursor &cursor, EngineImp &imp);
+int readPpc(WordCursor &cursor, EngineImp &imp);
+int readArm(WordCursor &cursor, EngineImp &imp);
+int readArmR5(WordCursor &cursor, EngineImp &imp);
+int readDap(WordCursor &cursor, EngineImp &imp);
+int readHdu(WordCursor &cursor, EngineImp &imp);
+int readDcc(WordCursor &cursor, EngineImp &imp);
+int readKmtc(WordCursor &cursor, EngineImp &imp);
+int readVirtualPlatform(WordCursor &cursor, EngineImp &imp);
+
+/// A reader's public form: takes what it reads off the front of a string.
+inline int consume(std::string &text, EngineImp &imp, Reader reader) {
+  WordCursor cursor(text);
+  return reader(cursor, imp);
+}
+
+/// The first row whose `keyword` is the word; null if there is none.
+template <class Rows>
+auto findRow(const Rows &rows, std::string_view word, WordCursor &cursor)
+    -> decltype(&*rows.begin()) {
+  for (const auto &row : rows)
+    if (cursor.sameWord(row.keyword, word))
+      return &row;
+  return nullptr;
+}
+
+} // namespace ZelDebugDialog::kvo

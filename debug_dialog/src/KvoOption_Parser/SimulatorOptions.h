@@ -1,0 +1,62 @@
+// What the option sets of the three simulators share: the walk over the
+// options, and the value of "-ipcport".
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "KvoOption_Parser/Message.h"
+#include "KvoOption_Parser/Numbers.h"
+#include "KvoOption_Parser/Readers.h"
+#include "KvoOption_Parser/Words.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+#include "ZelDebugDialog_Engine/CurrentRecord.h"
+
+namespace ZelDebugDialog::kvo {
+
+inline constexpr std::string_view ipcPortOption = "-ipcport";
+
+/// An option of a simulator. `value` is the last value that an option of the
+/// set has read; it lives for the whole walk.
+struct SimulatorOption {
+  std::string_view keyword;
+  int (*read)(WordCursor &cursor, std::string_view &value, EngineImp &imp);
+};
+
+/// Reads options to the end of the text. The message about an unknown one
+/// quotes the last value, not the option.
+template <std::size_t size>
+int readSimulatorOptions(WordCursor &cursor, EngineImp &imp,
+                         const std::array<SimulatorOption, size> &options,
+                         std::string_view unknown, std::string_view value) {
+  int next = cursor.skip();
+  while (next == code::option) {
+    const auto *const option =
+        findRow(options, KvoOption_Parser::current_option, cursor);
+    if (option == nullptr)
+      return refuse(imp, unknown, {value});
+    if (option->read(cursor, value, imp) != code::done)
+      return code::refused;
+    next = cursor.nextIntoCurrentOption();
+  }
+  return next == code::end ? code::done : code::refused;
+}
+
+/// Stores "host:port"; ":port" is on the local host. Without a colon the host
+/// stays, and the port becomes the default if there is one.
+inline void storeIpcPort(std::string_view value, std::string &host,
+                         std::int32_t &port,
+                         std::optional<std::int32_t> defaultPort) {
+  const std::size_t colon = value.find(':');
+  if (colon == std::string_view::npos) {
+    port = defaultPort.value_or(port);
+    return;
+  }
+  port = lowBits<std::int32_t>(toSigned(value.substr(colon + 1), 10));
+  host = colon == 0 ? "localhost" : value.substr(0, colon);
+}
+
+} // namespace ZelDebugDialog::kvo

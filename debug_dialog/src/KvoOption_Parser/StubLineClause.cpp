@@ -1,0 +1,77 @@
+// "-comm", "-port", "-baud" and "-timeout": the line of a stub, one value each.
+#include "KvoOption_Parser/Parameters.h"
+#include "KvoOption_Parser/Words.h"
+#include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+
+namespace ZelDebugDialog {
+
+namespace kvo {
+
+namespace {
+
+constexpr std::array<NamedValue, 2> lineKinds{
+    {{jtagLine, Engine::STUB_JTAG}, {serialLine, Engine::STUB_SERIAL}}};
+
+int readLineKind(const Argument &argument, EngineImp &imp) {
+  const auto *const kind = findRow(lineKinds, argument.value, argument.cursor);
+  if (kind == nullptr)
+    return code::refused;
+  currentRecord(imp).stubType = kind->value;
+  return code::done;
+}
+
+int readPort(const Argument &argument, EngineImp &imp) {
+  currentRecord(imp).stubSerialPort = argument.value;
+  return code::done;
+}
+
+template <auto Field> int readNumber(const Argument &argument, EngineImp &imp) {
+  storeNumber(argument, currentRecord(imp).*Field);
+  return code::done;
+}
+
+constexpr std::array<Parameter<EngineImp>, 4> parameters{{
+    {commOption, readLineKind},
+    {portOption, readPort},
+    {baudOption, readNumber<&ProcessorInfoImp::stubBaudRate>},
+    {timeoutOption, readNumber<&ProcessorInfoImp::stubTimeout>},
+}};
+
+} // namespace
+
+int readStubLine(WordCursor &cursor, std::string_view option, EngineImp &imp) {
+  std::string_view value;
+  if (const int result = cursor.next(value); result != code::value)
+    return result;
+  const auto *const parameter = findRow(parameters, option, cursor);
+  if (parameter == nullptr)
+    return refuse(imp, unknownParameterOfOption, {option, value});
+  return parameter->apply({option, value, cursor}, imp);
+}
+
+} // namespace kvo
+
+int KvoOption_Parser::parse_commoptions(std::string &command,
+                                        std::string &option, EngineImp &imp) {
+  // A copy: the caller's string may be one that reading changes.
+  const std::string keyword = option;
+  kvo::WordCursor cursor(command);
+  return kvo::readStubLine(cursor, keyword, imp);
+}
+
+int KvoOption_Parser::write_commoptions(std::string &out, EngineImp &imp) {
+  const ProcessorInfoImp &record = currentRecord(imp);
+  kvo::appendWord(out, kvo::portOption);
+  kvo::appendWord(out, record.stubSerialPort);
+  out += ' '; // two blanks stand before "-baud" and two behind it
+  kvo::appendWord(out, kvo::baudOption);
+  out += "  ";
+  kvo::appendDecimal(out, record.stubBaudRate);
+  kvo::appendWord(out, kvo::timeoutOption);
+  out += ' ';
+  kvo::appendDecimal(out, record.stubTimeout);
+  return kvo::code::done;
+}
+
+} // namespace ZelDebugDialog
