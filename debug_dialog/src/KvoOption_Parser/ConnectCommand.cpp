@@ -1,0 +1,117 @@
+#include "KvoOption_Parser/ConnectCommand.h"
+
+#include <array>
+#include <utility>
+
+#include "KvoOption_Parser/Readers.h"
+#include "KvoOption_Parser/Words.h"
+#include "KvoOption_Parser/Writers.h"
+#include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+#include "ZelDebugDialog_Engine/CurrentRecord.h"
+#include "ZelDebugDialog_Engine/Families.h"
+#include "ZelDebugDialog_Engine/Results.h"
+
+namespace ZelDebugDialog {
+
+namespace kvo {
+
+namespace {
+
+struct Head {
+  std::string_view keyword;
+  bool isVirtualPlatform; ///< no target word follows
+  bool inOptionFile;
+};
+
+constexpr std::array<Head, 4> heads{{
+    {connectHead, false, true},
+    {"kconnect", false, false},
+    {vpConnectHead, true, true},
+    {"kvpconnect", true, false},
+}};
+
+struct Target {
+  std::string_view keyword;
+  Reader read;
+  bool inOptionFile;
+};
+
+constexpr std::array<Target, 8> targets{{
+    {lumacoreTarget, readLumacore, true},
+    {ppcTarget, readPpc, true},
+    {"arm", readArm, true},
+    {"r5", readArmR5, true},
+    {"hdu", readHdu, false},
+    {"dap", readDap, false},
+    {"dcc", readDcc, false},
+    {"kmtc", readKmtc, false},
+}};
+
+/// The row of the next word; null for a word that may not stand here.
+template <class Row, std::size_t size>
+const Row *readRow(const std::array<Row, size> &rows, WordCursor &cursor,
+                   CommandSource source) {
+  std::string_view word;
+  if (cursor.next(word) == code::end)
+    return nullptr;
+  const Row *const row = findRow(rows, word, cursor);
+  if (row == nullptr ||
+      (source == CommandSource::optionFile && !row->inOptionFile))
+    return nullptr;
+  return row;
+}
+
+Reader readTargetReader(WordCursor &cursor, CommandSource source) {
+  const Head *const head = readRow(heads, cursor, source);
+  if (head == nullptr)
+    return nullptr;
+  if (head->isVirtualPlatform)
+    return readVirtualPlatform;
+  const Target *const target = readRow(targets, cursor, source);
+  return target == nullptr ? nullptr : target->read;
+}
+
+} // namespace
+
+int readCommand(WordCursor &cursor, EngineImp &imp, CommandSource source) {
+  const Reader read = readTargetReader(cursor, source);
+  if (read == nullptr || read(cursor, imp) == code::refused)
+    return result::notRead;
+  return result::done;
+}
+
+bool composeCommand(std::string &command, EngineImp &imp) {
+  const ProcessorInfoImp &record = currentRecord(imp);
+  std::string text(connectHead);
+  int result = code::done;
+  if (record.connectionType == Engine::CONNECT_VP)
+    result = KvoOption_Parser::write_vpoptions(text, imp);
+  else if (record.procFamily == familyLumacore)
+    result = KvoOption_Parser::write_lcoptions(text, imp);
+  else
+    result = KvoOption_Parser::write_ppcoptions(text, imp);
+  if (result == code::refused)
+    return false;
+  command = std::move(text);
+  return true;
+}
+
+} // namespace kvo
+
+int KvoOption_Parser::ReadKvoCommand(std::string command, EngineImp &imp) {
+  currentRecord(imp).connectCommand = command;
+  kvo::WordCursor cursor(command);
+  return kvo::readCommand(cursor, imp, kvo::CommandSource::dialog);
+}
+
+int KvoOption_Parser::WriteKvoCmdString(EngineImp &imp, std::string &out) {
+  std::string command;
+  if (!kvo::composeCommand(command, imp))
+    return result::notSet;
+  currentRecord(imp).connectCommand = command;
+  out = std::move(command);
+  return result::done;
+}
+
+} // namespace ZelDebugDialog

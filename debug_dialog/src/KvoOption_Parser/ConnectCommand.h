@@ -1,0 +1,20 @@
+// The whole connect command: head word, target word, and the clause of the
+// target.
+#pragma once
+
+#include "KvoOption_Parser/WordCursor.h"
+
+namespace ZelDebugDialog {
+class EngineImp;
+}
+
+namespace ZelDebugDialog::kvo {
+
+/// Where a command stands. An option file knows fewer head and target words.
+enum class CommandSource { dialog, optionFile };
+
+/// Reads a command into the current record.
+/// @return `result::done` or `result::notRead`.
+int readCommand(WordCursor &cursor, EngineImp &imp, CommandSource source);
+
+} // namespace ZelDebugDialog::kvo

@@ -1,0 +1,231 @@
+// "lc", "ppc", "arm", "r5" and "dap": a connection word, and what follows it.
+//
+// With a design the processor's mask decides which connections are allowed;
+// without one the command widens the mask and tells family and type. Everything
+// that is no Lumacore is written as a PowerPC.
+#include <array>
+
+#include "KvoOption_Parser/Message.h"
+#include "KvoOption_Parser/Numbers.h"
+#include "KvoOption_Parser/Readers.h"
+#include "KvoOption_Parser/Words.h"
+#include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+#include "ZelDebugDialog_Engine/CurrentRecord.h"
+#include "ZelDebugDialog_Engine/Families.h"
+
+namespace ZelDebugDialog {
+
+namespace kvo {
+
+namespace {
+
+constexpr std::string_view invalidLumacoreConnection =
+    "Invalid Connect Type for Lumacore Target";
+constexpr std::string_view invalidPpcConnection =
+    "Invalid Connect Type for PowerPC Target";
+
+constexpr std::string_view simWord = "sim";
+constexpr std::string_view stubWord = "stub";
+constexpr std::string_view hduWord = "hdu";
+constexpr std::string_view hwWord = "hw";
+constexpr std::string_view memorySizeOption = "-memsize";
+
+/// The memory size is the last thing that is read; further words are ignored. A
+/// value word in place of the option is, too.
+int readLumacoreSimulator(WordCursor &cursor, EngineImp &imp) {
+  ProcessorInfoImp &record = currentRecord(imp);
+  record.connectionType = Engine::CONNECT_SIM;
+  if (cursor.skip() != code::option)
+    return code::done;
+  if (!cursor.sameWord(KvoOption_Parser::current_option, memorySizeOption))
+    return code::refused;
+  std::string_view size; // an option word here is a number as well: 0
+  if (cursor.next(size) == code::end)
+    return code::refused;
+  record.simMemSize = lowBits<std::uint32_t>(toUnsigned(size));
+  return code::done;
+}
+
+struct Connection {
+  std::string_view keyword;
+  Engine::ConnectionType type;
+  Reader read;
+};
+
+constexpr std::array<Connection, 3> lumacoreConnections{{
+    {simWord, Engine::CONNECT_SIM, readLumacoreSimulator},
+    {stubWord, Engine::CONNECT_STUB, readOptions},
+    {hduWord, Engine::CONNECT_HW, readOptions},
+}};
+constexpr std::array<Connection, 2> ppcConnections{{
+    {simWord, Engine::CONNECT_SIM, readPpcSimulator},
+    {hwWord, Engine::CONNECT_HW, readOptions},
+}};
+constexpr std::array<Connection, 1> armConnections{{
+    {hwWord, Engine::CONNECT_HW, readOptions},
+}};
+
+/// When a command without a design tells which processor it is for. A PowerPC's
+/// options may tell its type more exactly, so its own comes before them.
+enum class IdentityComes { beforeOptions, afterOptions };
+
+struct Identity {
+  std::uint32_t family;
+  std::uint32_t type;
+  IdentityComes comes;
+};
+
+constexpr Identity lumacore{familyLumacore, typeLumacore,
+                            IdentityComes::afterOptions};
+constexpr Identity ppc{familyPowerPc, typePpcUnknown,
+                       IdentityComes::beforeOptions};
+constexpr Identity cortexA9{familyArm, typeCortexA9,
+                            IdentityComes::afterOptions};
+constexpr Identity cortexR5{familyArm, typeCortexR5,
+                            IdentityComes::afterOptions};
+
+template <std::size_t size>
+const Connection *
+readConnection(WordCursor &cursor,
+               const std::array<Connection, size> &connections) {
+  std::string_view word;
+  if (cursor.next(word) == code::end)
+    return nullptr;
+  return findRow(connections, word, cursor);
+}
+
+void identify(ProcessorInfoImp &record, const Identity &identity) {
+  record.procFamily = identity.family;
+  record.procType = identity.type;
+}
+
+template <std::size_t size>
+int readTarget(WordCursor &cursor, EngineImp &imp,
+               const std::array<Connection, size> &connections,
+               const Identity &identity) {
+  const Connection *const connection = readConnection(cursor, connections);
+  if (connection == nullptr)
+    return code::refused;
+  ProcessorInfoImp &record = currentRecord(imp);
+  const bool hasDesign = imp.hwManager != nullptr;
+  if (hasDesign && (record.connectionMask & connection->type) == 0)
+    return code::refused;
+  if (!hasDesign && identity.comes == IdentityComes::beforeOptions)
+    identify(record, identity);
+  if (connection->read(cursor, imp) == code::refused)
+    return code::refused;
+  record.connectionType = connection->type;
+  if (hasDesign)
+    return code::done;
+  record.connectionMask |= connection->type;
+  if (identity.comes == IdentityComes::afterOptions)
+    identify(record, identity);
+  return code::done;
+}
+
+/// Cable and chain, then the debug device.
+int writeHardware(std::string &out, EngineImp &imp) {
+  if (const int result = KvoOption_Parser::write_jtagoptions(out, imp);
+      result != code::done)
+    return result;
+  return KvoOption_Parser::write_debugdeviceoptions(out, imp);
+}
+
+int writeStub(std::string &out, EngineImp &imp) {
+  appendWord(out, commOption);
+  if (currentRecord(imp).stubType == Engine::STUB_JTAG) {
+    appendWord(out, jtagLine);
+    return writeHardware(out, imp);
+  }
+  appendWord(out, serialLine);
+  return KvoOption_Parser::write_commoptions(out, imp);
+}
+
+} // namespace
+
+int readLumacore(WordCursor &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, lumacoreConnections, lumacore);
+}
+
+int readPpc(WordCursor &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, ppcConnections, ppc);
+}
+
+int readArm(WordCursor &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, armConnections, cortexA9);
+}
+
+int readArmR5(WordCursor &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, armConnections, cortexR5);
+}
+
+/// Any design or none: the mask is replaced, and allows no ordinary connection.
+int readDap(WordCursor &cursor, EngineImp &imp) {
+  const Connection *const connection = readConnection(cursor, armConnections);
+  if (connection == nullptr || connection->read(cursor, imp) == code::refused)
+    return code::refused;
+  ProcessorInfoImp &record = currentRecord(imp);
+  record.connectionType = connection->type;
+  record.connectionMask = maskDap;
+  identify(record, cortexA9);
+  return code::done;
+}
+
+} // namespace kvo
+
+int KvoOption_Parser::parse_lcoptions(std::string &command, EngineImp &imp) {
+  return kvo::consume(command, imp, kvo::readLumacore);
+}
+
+int KvoOption_Parser::parse_ppcoptions(std::string &command, EngineImp &imp) {
+  return kvo::consume(command, imp, kvo::readPpc);
+}
+
+int KvoOption_Parser::parse_armoptions(std::string &command, EngineImp &imp) {
+  return kvo::consume(command, imp, kvo::readArm);
+}
+
+int KvoOption_Parser::parse_armr5options(std::string &command, EngineImp &imp) {
+  return kvo::consume(command, imp, kvo::readArmR5);
+}
+
+int KvoOption_Parser::parse_dapoptions(std::string &command, EngineImp &imp) {
+  return kvo::consume(command, imp, kvo::readDap);
+}
+
+int KvoOption_Parser::write_lcoptions(std::string &out, EngineImp &imp) {
+  kvo::appendWord(out, kvo::lumacoreTarget);
+  switch (currentRecord(imp).connectionType) {
+  case Engine::CONNECT_SIM:
+    kvo::appendWord(out, kvo::simWord);
+    return kvo::code::done;
+  case Engine::CONNECT_HW:
+    kvo::appendWord(out, kvo::hduWord);
+    if (const int result = kvo::writeHardware(out, imp);
+        result != kvo::code::done)
+      return result;
+    return write_lcfsloptions(out, imp);
+  case Engine::CONNECT_STUB:
+    kvo::appendWord(out, kvo::stubWord);
+    return kvo::writeStub(out, imp);
+  default:
+    return kvo::refuse(imp, kvo::invalidLumacoreConnection);
+  }
+}
+
+int KvoOption_Parser::write_ppcoptions(std::string &out, EngineImp &imp) {
+  kvo::appendWord(out, kvo::ppcTarget);
+  switch (currentRecord(imp).connectionType) {
+  case Engine::CONNECT_SIM:
+    kvo::appendWord(out, kvo::simWord);
+    return write_ppcsim_options(out, imp);
+  case Engine::CONNECT_HW:
+    kvo::appendWord(out, kvo::hwWord);
+    return kvo::writeHardware(out, imp);
+  default:
+    return kvo::refuse(imp, kvo::invalidPpcConnection);
+  }
+}
+
+} // namespace ZelDebugDialog
