@@ -1,16 +1,19 @@
 #include "KvoOption_Parser/Characters.h"
 
+#include <algorithm>
+
 namespace ZelDebugDialog::kvo {
 
 Characters::Characters() : facet(std::use_facet<std::ctype<char>>(locale)) {}
 
-bool Characters::sameWord(std::string_view left, std::string_view right) {
-  if (left.size() != right.size())
-    return false;
-  for (std::size_t i = 0; i < left.size(); ++i)
-    if (left[i] != right[i] && folded(left[i]) != folded(right[i]))
-      return false;
-  return true;
+bool Characters::sameLetters(std::string_view left, std::string_view right) {
+  // Words are mostly typed with the letters of the keyword, and others mostly
+  // differ in their first: neither asks for the locale's folding much.
+  return std::equal(left.begin(), left.end(), right.begin(),
+                    [this](char typed, char keyword) {
+                      return typed == keyword ||
+                             folded(typed) == folded(keyword);
+                    });
 }
 
 char Characters::folded(char character) {

@@ -20,9 +20,12 @@ public:
     return facet.is(std::ctype_base::space, character);
   }
   /// Whether two words are equal, whole and without regard to letter case.
-  bool sameWord(std::string_view left, std::string_view right);
+  bool sameWord(std::string_view left, std::string_view right) {
+    return left.size() == right.size() && sameLetters(left, right);
+  }
 
 private:
+  bool sameLetters(std::string_view left, std::string_view right);
   char folded(char character);
 
   std::locale locale; // keeps the facet alive

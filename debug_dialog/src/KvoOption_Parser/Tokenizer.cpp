@@ -9,32 +9,40 @@ namespace kvo {
 
 namespace {
 
+bool isSeparator(char character) {
+  return character == ' ' || character == '\t';
+}
+
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 } // namespace
 
 WordCursor::WordCursor(std::string &origin) : source(origin) {
   text.swap(source);
-  end = text.size();
-  while (end > 0 && characters.isSpace(text[end - 1]))
+  position = text.data();
+  end = position + text.size();
+  while (end != position && characters.isSpace(end[-1]))
     --end;
 }
 
 WordCursor::~WordCursor() {
-  text.resize(end);
-  text.erase(0, position);
+  text.resize(static_cast<std::size_t>(end - text.data()));
+  text.erase(0, static_cast<std::size_t>(position - text.data()));
   source.swap(text);
 }
 
 std::string_view WordCursor::peek() {
-  while (position < end && characters.isSpace(text[position]))
-    ++position;
-  std::size_t stop = position;
-  while (stop < end && text[stop] != ' ' && text[stop] != '\t')
+  const char *const last = end;
+  const char *first = position;
+  while (first != last && characters.isSpace(*first))
+    ++first;
+  position = first;
+  const char *stop = first;
+  while (stop != last && !isSeparator(*stop))
     ++stop;
-  while (stop > position && characters.isSpace(text[stop - 1]))
+  while (stop != first && characters.isSpace(stop[-1]))
     --stop;
-  return std::string_view(text).substr(position, stop - position);
+  return {first, static_cast<std::size_t>(stop - first)};
 }
 
 int WordCursor::accept(std::string_view word) {

@@ -53,8 +53,8 @@ private:
   Characters characters;
   std::string &source;
   std::string text;
-  std::size_t position = 0;
-  std::size_t end;
+  const char *position; // into `text`, as is `end`
+  const char *end;
 };
 
 } // namespace ZelDebugDialog::kvo
