@@ -18,16 +18,25 @@ constexpr std::array<NamedValue, 4> registers{
 
 } // namespace
 
-int readBoundaryScan(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readBoundaryScan(WordCursor<Observer> &cursor, EngineImp &imp) {
   std::string_view word;
-  if (cursor.next(word) == code::end)
+  if (cursor.next(word, WordRole::value) == code::end) {
+    cursor.observer.missing(CommandFaultKind::missingValue, registers);
     return code::refused;
-  const auto *const found = findRow(registers, word, cursor);
-  if (found == nullptr)
+  }
+  cursor.observer.sets(oneOf(registers, "bscanUserReg"));
+  const auto *const found = findRow(registers, word, cursor.characters);
+  if (found == nullptr) {
+    cursor.observer.fault(CommandFaultKind::refusedValue, registers);
     return code::refused;
+  }
   currentRecord(imp).bscanUserReg = found->value;
   return code::done;
 }
+
+template int readBoundaryScan(WordCursor<NoObserver> &, EngineImp &);
+template int readBoundaryScan(WordCursor<Recorder> &, EngineImp &);
 
 void writeBoundaryScan(std::string &out, EngineImp &imp) {
   if (currentRecord(imp).bscanUserReg != user1.value)
@@ -41,7 +50,7 @@ void writeBoundaryScan(std::string &out, EngineImp &imp) {
 unsigned KvoOption_Parser::parse_hdubscan(std::string &command,
                                           EngineImp &imp) {
   return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readBoundaryScan));
+      kvo::consume(command, imp, kvo::readBoundaryScan<kvo::NoObserver>));
 }
 
 } // namespace ZelDebugDialog

@@ -35,6 +35,7 @@ constexpr std::string_view esnWord = "esn";
 constexpr std::string_view frequencyWord = "frequency";
 constexpr std::string_view moduleWord = "modulename";
 constexpr std::string_view argumentWord = "modulearg";
+constexpr std::string_view frequencyField = "cable.frequency";
 constexpr char argumentSeparator = ';';
 
 /// What one clause fills.
@@ -44,11 +45,11 @@ struct CableReading {
   bool frequencyGiven;
 };
 
-const Cable *findByKeyword(std::string_view word, WordCursor &cursor) {
+const Cable *findByKeyword(std::string_view word, Characters &characters) {
   for (const Cable &cable : cables())
-    if (cursor.sameWord(word, cable.keyword) ||
+    if (characters.sameWord(word, cable.keyword) ||
         (!cable.otherKeyword.empty() &&
-         cursor.sameWord(word, cable.otherKeyword)))
+         characters.sameWord(word, cable.otherKeyword)))
       return &cable;
   return nullptr;
 }
@@ -56,7 +57,7 @@ const Cable *findByKeyword(std::string_view word, WordCursor &cursor) {
 /// Takes the type and the port that goes with it. The frequency stays, so that
 /// it may stand before the type.
 int readType(const Argument &argument, CableReading &target) {
-  const Cable *const found = findByKeyword(argument.value, argument.cursor);
+  const Cable *const found = findByKeyword(argument.value, argument.characters);
   if (found == nullptr)
     return code::refused;
   if (found->type == Engine::QUORLA_SVFFILE)
@@ -93,25 +94,36 @@ int readModuleArgument(const Argument &argument, CableReading &target) {
 }
 
 constexpr std::array<Parameter<CableReading>, 8> parameters{{
-    {typeWord, readType},
-    {portWord, readText<&CableOption::port>},
-    {esnWord, readText<&CableOption::esn>},
-    {"url", readText<&CableOption::url>},
-    {frequencyWord, readFrequency},
-    {"fname", readSvfFile},
-    {moduleWord, readText<&CableOption::moduleName>},
-    {argumentWord, readModuleArgument},
+    {typeWord, readType, oneOf(cableKeywords, "cable.cableType cable.port")},
+    {portWord, readText<&CableOption::port>, text("cable.port")},
+    {esnWord, readText<&CableOption::esn>, text("cable.esn")},
+    {"url", readText<&CableOption::url>, text("cable.url")},
+    {frequencyWord, readFrequency, number(frequencyField)},
+    {"fname", readSvfFile, text("cable.svfFile svfFileFlag")},
+    {moduleWord, readText<&CableOption::moduleName>, text("cable.moduleName")},
+    {argumentWord, readModuleArgument, text("cable.moduleArgs")},
 }};
 
-int finishCable(const CableReading &target) {
+template <class Observer>
+int finishCable(WordCursor<Observer> &cursor, const CableReading &target) {
   const CableOption &cable = target.cable;
-  if (cable.cableType == Engine::QUORLA_SVFFILE && cable.svfFile.empty())
-    return refuse(target.imp, svfFileMissing);
-  if (cable.cableType == Engine::QUORLA_PLUGIN && cable.moduleName.empty())
-    return refuse(target.imp, moduleMissing);
+  if (cable.cableType == Engine::QUORLA_SVFFILE && cable.svfFile.empty()) {
+    const int result = refuse(target.imp, svfFileMissing);
+    cursor.observer.missing(CommandFaultKind::missingSvfFile);
+    return result;
+  }
+  if (cable.cableType == Engine::QUORLA_PLUGIN && cable.moduleName.empty()) {
+    const int result = refuse(target.imp, moduleMissing);
+    cursor.observer.missing(CommandFaultKind::missingModule);
+    return result;
+  }
   const int result = KvoOption_Parser::setcable_frequency(
       target.imp, target.frequencyGiven ? 0 : 1);
-  return result == code::refused ? code::refused : code::end;
+  if (result != code::refused)
+    return code::end;
+  cursor.observer.faultAt(frequencyField, CommandFaultKind::refusedFrequency,
+                          findCable(cable.cableType).accepted);
+  return code::refused;
 }
 
 void writeParameter(std::string &out, std::string_view word,
@@ -149,12 +161,16 @@ int writeCable(std::string &out, const EngineImp &imp) {
 
 } // namespace
 
-int readCable(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readCable(WordCursor<Observer> &cursor, EngineImp &imp) {
   CableReading target{imp, *imp.cableOption, false};
   const int end =
       readParameters(cursor, imp, parameters, unknownParameter, target).code;
-  return end == code::end ? finishCable(target) : end;
+  return end == code::end ? finishCable(cursor, target) : end;
 }
+
+template int readCable(WordCursor<NoObserver> &, EngineImp &);
+template int readCable(WordCursor<Recorder> &, EngineImp &);
 
 void writePluginCable(std::string &out, const CableOption &cable) {
   writeParameter(out, moduleWord, cable.moduleName);
@@ -173,7 +189,7 @@ void writePluginCable(std::string &out, const CableOption &cable) {
 } // namespace kvo
 
 int KvoOption_Parser::parse_cable(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readCable);
+  return kvo::consume(command, imp, kvo::readCable<kvo::NoObserver>);
 }
 
 int KvoOption_Parser::setcable_frequency(EngineImp &imp, int useDefault) {

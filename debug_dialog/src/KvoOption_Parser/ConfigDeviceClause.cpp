@@ -26,8 +26,9 @@ constexpr std::string_view idCodeWord = "idcode";
 constexpr std::string_view irLengthWord = "irlength";
 constexpr std::string_view partNameWord = "partname";
 
-constexpr std::uint8_t hardPpc405 = 1;
-constexpr std::uint8_t hardPpcOther = 2;
+constexpr std::array<NamedValue, 1> jtagPorts{{{"cpu", 1}}};
+constexpr std::array<NamedValue, 1> hardPpcs{{{"ppc405", 1}}};
+constexpr std::uint8_t hardPpcOther = 2; // whatever the word
 
 /// What one clause fills.
 struct ChainDevice {
@@ -36,7 +37,8 @@ struct ChainDevice {
 };
 
 int readJtagPort(const Argument &argument, ChainDevice &target) {
-  const bool isCpu = argument.cursor.sameWord(argument.value, "cpu");
+  const bool isCpu =
+      findRow(jtagPorts, argument.value, argument.characters) != nullptr;
   target.imp.cpuJtag = isCpu ? 1 : 0;
   return isCpu ? code::done : code::refused;
 }
@@ -47,9 +49,10 @@ int readPartName(const Argument &argument, ChainDevice &target) {
 }
 
 int readHardPpc(const Argument &argument, ChainDevice &target) {
-  target.device.hardppc = argument.cursor.sameWord(argument.value, "ppc405")
-                              ? hardPpc405
-                              : hardPpcOther;
+  const auto *const known =
+      findRow(hardPpcs, argument.value, argument.characters);
+  target.device.hardppc =
+      known == nullptr ? hardPpcOther : lowBits<std::uint8_t>(known->value);
   return code::done;
 }
 
@@ -60,14 +63,15 @@ int readNumber(const Argument &argument, ChainDevice &target) {
 }
 
 constexpr std::array<Parameter<ChainDevice>, 8> parameters{{
-    {"jtagport", readJtagPort},
-    {numberWord, readNumber<&JtagOption::devicenr>},
-    {idCodeWord, readNumber<&JtagOption::idcode>},
-    {irLengthWord, readNumber<&JtagOption::irlength>},
-    {partNameWord, readPartName},
-    {"isfpga", readNumber<&JtagOption::isfpga>},
-    {"hardppc", readHardPpc},
-    {"nppc", readNumber<&JtagOption::nppc>},
+    {"jtagport", readJtagPort, oneOf(jtagPorts, "cpuJtag")},
+    {numberWord, readNumber<&JtagOption::devicenr>, lowByte("chain.devicenr")},
+    {idCodeWord, readNumber<&JtagOption::idcode>, number("chain.idcode")},
+    {irLengthWord, readNumber<&JtagOption::irlength>,
+     lowByte("chain.irlength")},
+    {partNameWord, readPartName, text("chain.partname")},
+    {"isfpga", readNumber<&JtagOption::isfpga>, lowByte("chain.isfpga")},
+    {"hardppc", readHardPpc, oneOf(hardPpcs, "chain.hardppc")},
+    {"nppc", readNumber<&JtagOption::nppc>, lowByte("chain.nppc")},
 }};
 
 void writeDevice(std::string &out, const JtagOption &device) {
@@ -89,7 +93,8 @@ void writeDevice(std::string &out, const JtagOption &device) {
 
 /// The device joins the chain also when the clause ends with a name that lacks
 /// its value, and when it only carries the marker.
-int readConfigDevice(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readConfigDevice(WordCursor<Observer> &cursor, EngineImp &imp) {
   auto device = std::make_unique<JtagOption>();
   ChainDevice target{imp, *device};
   const ClauseEnd end =
@@ -100,6 +105,9 @@ int readConfigDevice(WordCursor &cursor, EngineImp &imp) {
   static_cast<void>(device.release()); // the chain's from here on
   return end.code;
 }
+
+template int readConfigDevice(WordCursor<NoObserver> &, EngineImp &);
+template int readConfigDevice(WordCursor<Recorder> &, EngineImp &);
 
 void writeChain(std::string &out, const EngineImp &imp) {
   if (imp.cpuJtag == 1) {
@@ -113,7 +121,7 @@ void writeChain(std::string &out, const EngineImp &imp) {
 } // namespace kvo
 
 int KvoOption_Parser::parse_configdevice(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readConfigDevice);
+  return kvo::consume(command, imp, kvo::readConfigDevice<kvo::NoObserver>);
 }
 
 } // namespace ZelDebugDialog

@@ -31,13 +31,14 @@ constexpr std::array<Head, 4> heads{{
     {"kvpconnect", true, false},
 }};
 
-struct Target {
+template <class Observer> struct Target {
   std::string_view keyword;
-  Reader read;
+  Reader<Observer> read;
   bool inOptionFile;
 };
 
-constexpr std::array<Target, 8> targets{{
+template <class Observer>
+constexpr std::array<Target<Observer>, 8> targets{{
     {lumacoreTarget, readLumacore, true},
     {ppcTarget, readPpc, true},
     {"arm", readArm, true},
@@ -48,38 +49,64 @@ constexpr std::array<Target, 8> targets{{
     {"kmtc", readKmtc, false},
 }};
 
+/// What is said of a word that is no row of a table.
+struct RowFaults {
+  WordRole role;
+  CommandFaultKind missing;
+  CommandFaultKind unknown;
+};
+
+constexpr RowFaults headFaults{WordRole::head, CommandFaultKind::missingHead,
+                               CommandFaultKind::unknownHead};
+constexpr RowFaults targetFaults{WordRole::target,
+                                 CommandFaultKind::missingTarget,
+                                 CommandFaultKind::unknownTarget};
+
 /// The row of the next word; null for a word that may not stand here.
-template <class Row, std::size_t size>
-const Row *readRow(const std::array<Row, size> &rows, WordCursor &cursor,
-                   CommandSource source) {
+template <class Observer, class Row, std::size_t size>
+const Row *readRow(const std::array<Row, size> &rows,
+                   WordCursor<Observer> &cursor, CommandSource source,
+                   const RowFaults &faults) {
   std::string_view word;
-  if (cursor.next(word) == code::end)
+  if (cursor.next(word, faults.role) == code::end) {
+    cursor.observer.missing(faults.missing, rows);
     return nullptr;
-  const Row *const row = findRow(rows, word, cursor);
+  }
+  const Row *const row = findRow(rows, word, cursor.characters);
   if (row == nullptr ||
-      (source == CommandSource::optionFile && !row->inOptionFile))
+      (source == CommandSource::optionFile && !row->inOptionFile)) {
+    cursor.observer.fault(faults.unknown, rows);
     return nullptr;
+  }
   return row;
 }
 
-Reader readTargetReader(WordCursor &cursor, CommandSource source) {
-  const Head *const head = readRow(heads, cursor, source);
+template <class Observer>
+Reader<Observer> readTargetReader(WordCursor<Observer> &cursor,
+                                  CommandSource source) {
+  const Head *const head = readRow(heads, cursor, source, headFaults);
   if (head == nullptr)
     return nullptr;
   if (head->isVirtualPlatform)
     return readVirtualPlatform;
-  const Target *const target = readRow(targets, cursor, source);
+  const auto *const target =
+      readRow(targets<Observer>, cursor, source, targetFaults);
   return target == nullptr ? nullptr : target->read;
 }
 
 } // namespace
 
-int readCommand(WordCursor &cursor, EngineImp &imp, CommandSource source) {
-  const Reader read = readTargetReader(cursor, source);
+template <class Observer>
+int readCommand(WordCursor<Observer> &cursor, EngineImp &imp,
+                CommandSource source) {
+  const Reader<Observer> read = readTargetReader(cursor, source);
   if (read == nullptr || read(cursor, imp) == code::refused)
     return result::notRead;
   return result::done;
 }
+
+template int readCommand(WordCursor<NoObserver> &, EngineImp &, CommandSource);
+template int readCommand(WordCursor<Recorder> &, EngineImp &, CommandSource);
 
 bool composeCommand(std::string &command, EngineImp &imp) {
   const ProcessorInfoImp &record = currentRecord(imp);
@@ -101,7 +128,7 @@ bool composeCommand(std::string &command, EngineImp &imp) {
 
 int KvoOption_Parser::ReadKvoCommand(std::string command, EngineImp &imp) {
   currentRecord(imp).connectCommand = command;
-  kvo::WordCursor cursor(command);
+  kvo::WordCursor<kvo::NoObserver> cursor(command);
   return kvo::readCommand(cursor, imp, kvo::CommandSource::dialog);
 }
 

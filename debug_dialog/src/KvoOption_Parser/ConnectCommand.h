@@ -15,6 +15,8 @@ enum class CommandSource { dialog, optionFile };
 
 /// Reads a command into the current record.
 /// @return `result::done` or `result::notRead`.
-int readCommand(WordCursor &cursor, EngineImp &imp, CommandSource source);
+template <class Observer>
+int readCommand(WordCursor<Observer> &cursor, EngineImp &imp,
+                CommandSource source);
 
 } // namespace ZelDebugDialog::kvo

@@ -53,13 +53,14 @@ int readCpuNumber(const Argument &argument, EngineImp &imp) {
 /// A type that is not known is remembered as such, and refused.
 int readProcessorType(const Argument &argument, EngineImp &imp) {
   const auto *const type =
-      findRow(processorTypes, argument.value, argument.cursor);
+      findRow(processorTypes, argument.value, argument.characters);
   currentRecord(imp).procType = type == nullptr ? typePpcUnknown : type->value;
   return type == nullptr ? code::refused : code::done;
 }
 
 int readFpuType(const Argument &argument, EngineImp &imp) {
-  const auto *const type = findRow(fpuTypes, argument.value, argument.cursor);
+  const auto *const type =
+      findRow(fpuTypes, argument.value, argument.characters);
   if (type == nullptr)
     return refuse(imp, unknownParameterOfOption,
                   {argument.value, argument.name});
@@ -99,24 +100,27 @@ int readCpuCount(const Argument &argument, EngineImp &imp) {
 }
 
 constexpr std::array<Parameter<EngineImp>, 18> parameters{{
-    {"devicenr", readNumber<&Record::debugDevice>},
-    {cpuNumberWord, readCpuNumber},
-    {"proctype", readProcessorType},
-    {romStartWord, readNumber<&Record::romemStartAdr>},
-    {romSizeWord, readNumber<&Record::romemSize>},
-    {icacheRegion.keyword, readIcacheRegion},
-    {dcacheRegion.keyword, readRegion<dcacheRegion>},
-    {itagRegion.keyword, readRegion<itagRegion>},
-    {dtagRegion.keyword, readRegion<dtagRegion>},
-    {isocmStartWord, readNumber<&Record::isocmStartAdr>},
-    {isocmSizeWord, readNumber<&Record::isocmSize>},
-    {isocmDcrWord, readNumber<&Record::isocmDcrStartAdr>},
-    {tlbRegion.keyword, readRegion<tlbRegion>},
-    {dcrRegion.keyword, readRegion<dcrRegion>},
-    {"cpu_version", readText<&Record::cpu_version>},
-    {"hdu_version", readText<&Record::hdu_version>},
-    {"nCpu", readCpuCount},
-    {fpuWord, readFpuType},
+    {"devicenr", readNumber<&Record::debugDevice>, lowByte("debugDevice")},
+    {cpuNumberWord, readCpuNumber, lowByte("cpuNr")},
+    {"proctype", readProcessorType, oneOf(processorTypes, "procType")},
+    {romStartWord, readNumber<&Record::romemStartAdr>, number("romemStartAdr")},
+    {romSizeWord, readNumber<&Record::romemSize>, number("romemSize")},
+    {icacheRegion.keyword, readIcacheRegion,
+     number("icacheStartAdr debugAddressMap")},
+    {dcacheRegion.keyword, readRegion<dcacheRegion>, number("dcacheStartAdr")},
+    {itagRegion.keyword, readRegion<itagRegion>, number("itagStartAdr")},
+    {dtagRegion.keyword, readRegion<dtagRegion>, number("dtagStartAdr")},
+    {isocmStartWord, readNumber<&Record::isocmStartAdr>,
+     number("isocmStartAdr")},
+    {isocmSizeWord, readNumber<&Record::isocmSize>, number("isocmSize")},
+    {isocmDcrWord, readNumber<&Record::isocmDcrStartAdr>,
+     number("isocmDcrStartAdr")},
+    {tlbRegion.keyword, readRegion<tlbRegion>, number("tlbStartAdr")},
+    {dcrRegion.keyword, readRegion<dcrRegion>, number("dcrStartAdr")},
+    {"cpu_version", readText<&Record::cpu_version>, text("cpu_version")},
+    {"hdu_version", readText<&Record::hdu_version>, text("hdu_version")},
+    {"nCpu", readCpuCount, signedNumber("nCpu")},
+    {fpuWord, readFpuType, oneOf(fpuTypes, "fpuType")},
 }};
 
 void writeDecimal(std::string &out, std::string_view word,
@@ -183,9 +187,13 @@ void writeBody(std::string &out, const Record &record) {
 
 } // namespace
 
-int readDebugDevice(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readDebugDevice(WordCursor<Observer> &cursor, EngineImp &imp) {
   return readParameters(cursor, imp, parameters, unknownParameter, imp).code;
 }
+
+template int readDebugDevice(WordCursor<NoObserver> &, EngineImp &);
+template int readDebugDevice(WordCursor<Recorder> &, EngineImp &);
 
 void writeDebugDeviceNumber(std::string &out, int number) {
   // Written with another letter case than the keyword has; readers don't mind.
@@ -197,7 +205,7 @@ void writeDebugDeviceNumber(std::string &out, int number) {
 unsigned KvoOption_Parser::parse_debugdevice(std::string &command,
                                              EngineImp &imp) {
   return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readDebugDevice));
+      kvo::consume(command, imp, kvo::readDebugDevice<kvo::NoObserver>));
 }
 
 int KvoOption_Parser::write_debugdeviceoptions(std::string &out,

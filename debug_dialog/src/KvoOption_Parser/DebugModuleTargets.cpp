@@ -15,7 +15,9 @@ namespace kvo {
 
 namespace {
 
-int readUart(WordCursor & /*cursor*/, EngineImp &imp) {
+template <class Observer>
+int readUart(WordCursor<Observer> &cursor, EngineImp &imp) {
+  cursor.observer.sets(flag("uartOverHdu"));
   currentRecord(imp).uartOverHdu = true;
   return code::done;
 }
@@ -24,83 +26,122 @@ int readUart(WordCursor & /*cursor*/, EngineImp &imp) {
 /// walk over the set, where it becomes the look-ahead word.
 enum class NextWord { readByClause, readAhead };
 
-struct ModuleOption {
+template <class Observer> struct ModuleOption {
   std::string_view keyword;
-  Reader read;
+  Reader<Observer> read;
   NextWord next;
 };
 
-constexpr ModuleOption uart{"-uart", readUart, NextWord::readAhead};
-constexpr ModuleOption boundaryScan{bscanOption, readBoundaryScan,
-                                    NextWord::readAhead};
-constexpr ModuleOption debugDevice{debugDeviceOption, readDebugDevice,
-                                   NextWord::readByClause};
-constexpr ModuleOption cableClause{cableOption, readCable,
-                                   NextWord::readByClause};
-constexpr ModuleOption configDevice{configDeviceOption, readConfigDevice,
-                                    NextWord::readByClause};
+template <class Observer>
+constexpr ModuleOption<Observer> uart{"-uart", readUart, NextWord::readAhead};
+template <class Observer>
+constexpr ModuleOption<Observer> boundaryScan{bscanOption, readBoundaryScan,
+                                              NextWord::readAhead};
+template <class Observer>
+constexpr ModuleOption<Observer> debugDevice{debugDeviceOption, readDebugDevice,
+                                             NextWord::readByClause};
+template <class Observer>
+constexpr ModuleOption<Observer> cable{cableOption, readCable,
+                                       NextWord::readByClause};
+template <class Observer>
+constexpr ModuleOption<Observer> configDevice{
+    configDeviceOption, readConfigDevice, NextWord::readByClause};
 
-constexpr std::array<ModuleOption, 5> hduOptions{
-    uart, boundaryScan, debugDevice, cableClause, configDevice};
-constexpr std::array<ModuleOption, 3> dccOptions{uart, debugDevice,
-                                                 cableClause};
-constexpr std::array<ModuleOption, 3> kmtcOptions{debugDevice, cableClause,
-                                                  configDevice};
+template <class Observer, std::size_t size>
+using ModuleOptions = std::array<ModuleOption<Observer>, size>;
 
-/// An unknown option is not what the message quotes: it quotes the word that
-/// was read ahead last, which may be that option, an earlier one, or none.
-template <std::size_t size>
-int readModuleOptions(WordCursor &cursor, EngineImp &imp,
-                      const std::array<ModuleOption, size> &options) {
-  std::string_view lookAhead;
-  int next = cursor.skip();
-  while (next == code::option) {
-    const auto *const option =
-        findRow(options, KvoOption_Parser::current_option, cursor);
-    if (option == nullptr)
-      return refuse(imp, unknownOption, {lookAhead});
-    next = option->read(cursor, imp);
-    if (option->next == NextWord::readAhead && next == code::done)
-      next = cursor.next(lookAhead);
+template <class Observer>
+constexpr ModuleOptions<Observer, 5> hduOptions{
+    uart<Observer>, boundaryScan<Observer>, debugDevice<Observer>,
+    cable<Observer>, configDevice<Observer>};
+template <class Observer>
+constexpr ModuleOptions<Observer, 3> dccOptions{
+    uart<Observer>, debugDevice<Observer>, cable<Observer>};
+template <class Observer>
+constexpr ModuleOptions<Observer, 3> kmtcOptions{
+    debugDevice<Observer>, cable<Observer>, configDevice<Observer>};
+
+/// Reads the clause of the option in `current_option`. An unknown option is not
+/// what the message quotes: it quotes the word that was read ahead last, which
+/// may be that option, an earlier one, or none.
+template <class Observer, std::size_t size>
+int readModuleOption(WordCursor<Observer> &cursor, EngineImp &imp,
+                     const ModuleOptions<Observer, size> &options,
+                     std::string_view &lookAhead) {
+  const auto *const option =
+      findRow(options, KvoOption_Parser::current_option, cursor.characters);
+  if (option == nullptr) {
+    const int result = refuse(imp, unknownOption, {lookAhead});
+    cursor.observer.fault(CommandFaultKind::unknownOption, options);
+    return result;
   }
+  const int result = option->read(cursor, imp);
+  if (option->next == NextWord::readByClause || result == code::refused)
+    return result;
+  return cursor.nextOption(lookAhead);
+}
+
+template <class Observer, std::size_t size>
+int readModuleOptions(WordCursor<Observer> &cursor, EngineImp &imp,
+                      const ModuleOptions<Observer, size> &options) {
+  std::string_view lookAhead;
+  int next = cursor.goOn(cursor.nextOption());
+  while (next == code::option)
+    next = cursor.goOn(readModuleOption(cursor, imp, options, lookAhead));
   return next == code::end ? code::done : code::refused;
 }
 
 } // namespace
 
-int readHdu(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readHdu(WordCursor<Observer> &cursor, EngineImp &imp) {
+  cursor.observer.sets(flag("connectionMask"));
   currentRecord(imp).connectionMask = maskHdu;
-  return readModuleOptions(cursor, imp, hduOptions);
+  return readModuleOptions(cursor, imp, hduOptions<Observer>);
 }
 
-int readDcc(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readDcc(WordCursor<Observer> &cursor, EngineImp &imp) {
+  cursor.observer.sets(flag("connectionMask procFamily procType"));
   ProcessorInfoImp &record = currentRecord(imp);
   record.connectionMask = maskDcc;
   record.procFamily = familyArm;
   record.procType = typeCortexA9;
-  return readModuleOptions(cursor, imp, dccOptions);
+  return readModuleOptions(cursor, imp, dccOptions<Observer>);
 }
 
-int readKmtc(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readKmtc(WordCursor<Observer> &cursor, EngineImp &imp) {
+  cursor.observer.sets(flag("connectionMask"));
   currentRecord(imp).connectionMask = maskKmtc;
-  return readModuleOptions(cursor, imp, kmtcOptions);
+  return readModuleOptions(cursor, imp, kmtcOptions<Observer>);
 }
+
+template int readHdu(WordCursor<NoObserver> &, EngineImp &);
+template int readHdu(WordCursor<Recorder> &, EngineImp &);
+template int readDcc(WordCursor<NoObserver> &, EngineImp &);
+template int readDcc(WordCursor<Recorder> &, EngineImp &);
+template int readKmtc(WordCursor<NoObserver> &, EngineImp &);
+template int readKmtc(WordCursor<Recorder> &, EngineImp &);
 
 } // namespace kvo
 
 unsigned KvoOption_Parser::parse_hduoptions(std::string &command,
                                             EngineImp &imp) {
-  return static_cast<unsigned>(kvo::consume(command, imp, kvo::readHdu));
+  return static_cast<unsigned>(
+      kvo::consume(command, imp, kvo::readHdu<kvo::NoObserver>));
 }
 
 unsigned KvoOption_Parser::parse_dccoptions(std::string &command,
                                             EngineImp &imp) {
-  return static_cast<unsigned>(kvo::consume(command, imp, kvo::readDcc));
+  return static_cast<unsigned>(
+      kvo::consume(command, imp, kvo::readDcc<kvo::NoObserver>));
 }
 
 unsigned KvoOption_Parser::parse_kmtcoptions(std::string &command,
                                              EngineImp &imp) {
-  return static_cast<unsigned>(kvo::consume(command, imp, kvo::readKmtc));
+  return static_cast<unsigned>(
+      kvo::consume(command, imp, kvo::readKmtc<kvo::NoObserver>));
 }
 
 } // namespace ZelDebugDialog

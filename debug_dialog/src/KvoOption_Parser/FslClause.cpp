@@ -14,35 +14,39 @@ constexpr std::string_view unknownParameter =
 constexpr std::string_view unknownType =
     "UNKNOWN Parameter '%s' for  option 'type'";
 
-constexpr std::array<std::string_view, 3> linkTypes{"m", "s", "ms"};
+constexpr std::array<NamedValue, 3> linkTypes{{{"m", 0}, {"s", 0}, {"ms", 0}}};
 
 int readPort(const Argument & /*argument*/, EngineImp & /*imp*/) {
   return code::done;
 }
 
 int readType(const Argument &argument, EngineImp &imp) {
-  for (const std::string_view type : linkTypes)
-    if (argument.cursor.sameWord(argument.value, type))
-      return code::done;
-  return refuse(imp, unknownType, {argument.value});
+  if (findRow(linkTypes, argument.value, argument.characters) == nullptr)
+    return refuse(imp, unknownType, {argument.value});
+  return code::done;
 }
 
 constexpr std::array<Parameter<EngineImp>, 2> parameters{{
-    {"port", readPort},
-    {"type", readType},
+    {"port", readPort, {}},
+    {"type", readType, oneOf(linkTypes, {})},
 }};
 
 } // namespace
 
-int readFsl(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readFsl(WordCursor<Observer> &cursor, EngineImp &imp) {
   return readParameters(cursor, imp, parameters, unknownParameter, imp).code;
 }
+
+template int readFsl(WordCursor<NoObserver> &, EngineImp &);
+template int readFsl(WordCursor<Recorder> &, EngineImp &);
 
 } // namespace kvo
 
 unsigned KvoOption_Parser::parse_lcfsloptions(std::string &command,
                                               EngineImp &imp) {
-  return static_cast<unsigned>(kvo::consume(command, imp, kvo::readFsl));
+  return static_cast<unsigned>(
+      kvo::consume(command, imp, kvo::readFsl<kvo::NoObserver>));
 }
 
 int KvoOption_Parser::write_lcfsloptions(std::string & /*out*/,

@@ -17,28 +17,32 @@ namespace kvo {
 namespace {
 
 /// A register name ends with itself; what follows is read here.
-int readBoundaryScanOption(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readBoundaryScanOption(WordCursor<Observer> &cursor, EngineImp &imp) {
   const int result = readBoundaryScan(cursor, imp);
-  return result == code::refused ? result : cursor.skip();
+  return result == code::refused ? result : cursor.nextOption();
 }
 
-struct JtagOptionClause {
+template <class Observer> struct JtagOptionClause {
   std::string_view keyword;
-  Reader read;
+  Reader<Observer> read;
 };
 
-constexpr std::array<JtagOptionClause, 4> clauses{{
+template <class Observer>
+constexpr std::array<JtagOptionClause<Observer>, 4> clauses{{
     {debugDeviceOption, readDebugDevice},
     {cableOption, readCable},
     {configDeviceOption, readConfigDevice},
     {bscanOption, readBoundaryScanOption},
 }};
 
-int readJtagOptions(WordCursor &cursor, EngineImp &imp) {
-  int next = cursor.skip();
+template <class Observer>
+int readJtagOptions(WordCursor<Observer> &cursor, EngineImp &imp) {
+  int next = cursor.nextOption();
   while (next == code::option) {
     const std::string &option = KvoOption_Parser::current_option;
-    const auto *const clause = findRow(clauses, option, cursor);
+    const auto *const clause =
+        findRow(clauses<Observer>, option, cursor.characters);
     if (clause == nullptr) {
       setMessage(imp, unknownOption, {option});
       return result::notRead;
@@ -53,7 +57,7 @@ int readJtagOptions(WordCursor &cursor, EngineImp &imp) {
 } // namespace kvo
 
 int KvoOption_Parser::ReadJtagCableOptions(std::string &text, EngineImp &imp) {
-  return kvo::consume(text, imp, kvo::readJtagOptions);
+  return kvo::consume(text, imp, kvo::readJtagOptions<kvo::NoObserver>);
 }
 
 int KvoOption_Parser::WriteJtagCableOptionsString(EngineImp &imp,

@@ -12,20 +12,25 @@ constexpr std::string_view unknownModelSimOption =
 
 // As with the PowerPC simulator, results of what these read are not examined.
 
-int readIpcPort(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
-  cursor.next(value);
+template <class Observer>
+int readIpcPort(WordCursor<Observer> &cursor, std::string_view &value,
+                EngineImp &imp) {
+  readUnexamined(cursor, value, hostAndPort("modelSimHost modelSimPort"));
   ProcessorInfoImp &record = currentRecord(imp);
   storeIpcPort(value, record.modelSimHost, record.modelSimPort, std::nullopt);
   return code::done;
 }
 
-int readDevice(WordCursor &cursor, std::string_view & /*value*/,
+template <class Observer>
+int readDevice(WordCursor<Observer> &cursor, std::string_view & /*value*/,
                EngineImp &imp) {
-  readConfigDevice(cursor, imp);
+  if (readConfigDevice(cursor, imp) == code::option)
+    cursor.observer.isNow(WordRole::lost);
   return code::done;
 }
 
-constexpr std::array<SimulatorOption, 2> options{{
+template <class Observer>
+constexpr std::array<SimulatorOption<Observer>, 2> options{{
     {ipcPortOption, readIpcPort},
     {configDeviceOption, readDevice},
 }};
@@ -34,18 +39,24 @@ constexpr std::array<SimulatorOption, 2> options{{
 
 /// Ends at the end of the text only, with the code that tells the dispatcher
 /// so.
-int readModelSim(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readModelSim(WordCursor<Observer> &cursor, EngineImp &imp) {
+  cursor.observer.sets(flag("modelSimMode"));
   currentRecord(imp).modelSimMode = true;
-  const int result =
-      readSimulatorOptions(cursor, imp, options, unknownModelSimOption, {});
+  const int result = readSimulatorOptions(cursor, imp, options<Observer>,
+                                          unknownModelSimOption, {});
   return result == code::done ? code::end : result;
 }
+
+template int readModelSim(WordCursor<NoObserver> &, EngineImp &);
+template int readModelSim(WordCursor<Recorder> &, EngineImp &);
 
 } // namespace kvo
 
 unsigned KvoOption_Parser::parse_modelsim_options(std::string &command,
                                                   EngineImp &imp) {
-  return static_cast<unsigned>(kvo::consume(command, imp, kvo::readModelSim));
+  return static_cast<unsigned>(
+      kvo::consume(command, imp, kvo::readModelSim<kvo::NoObserver>));
 }
 
 } // namespace ZelDebugDialog

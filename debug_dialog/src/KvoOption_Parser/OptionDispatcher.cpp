@@ -13,11 +13,13 @@ namespace kvo {
 namespace {
 
 /// Takes no value and has no effect.
-int readFlag(WordCursor & /*cursor*/, EngineImp & /*imp*/) {
+template <class Observer>
+int readFlag(WordCursor<Observer> & /*cursor*/, EngineImp & /*imp*/) {
   return code::done;
 }
 
-int readStubOption(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readStubOption(WordCursor<Observer> &cursor, EngineImp &imp) {
   const std::string option = KvoOption_Parser::current_option;
   return readStubLine(cursor, option, imp);
 }
@@ -27,13 +29,14 @@ int readStubOption(WordCursor &cursor, EngineImp &imp) {
 /// examined only for a refusal: an option word in a value's place is lost.
 enum class NextWord { readByClause, readByDispatcher };
 
-struct OptionClause {
+template <class Observer> struct OptionClause {
   std::string_view keyword;
-  Reader read;
+  Reader<Observer> read;
   NextWord next;
 };
 
-constexpr std::array<OptionClause, 13> clauses{{
+template <class Observer>
+constexpr std::array<OptionClause<Observer>, 13> clauses{{
     {debugDeviceOption, readDebugDevice, NextWord::readByClause},
     {"-pfsl", readFsl, NextWord::readByClause},
     {"-quiet", readFlag, NextWord::readByDispatcher},
@@ -49,31 +52,40 @@ constexpr std::array<OptionClause, 13> clauses{{
     {bscanOption, readBoundaryScan, NextWord::readByDispatcher},
 }};
 
-int readClause(const OptionClause &clause, WordCursor &cursor, EngineImp &imp) {
-  const int result = clause.read(cursor, imp);
-  if (clause.next == NextWord::readByClause || result == code::refused)
+/// Reads the clause of the option in `current_option`.
+template <class Observer>
+int readClause(WordCursor<Observer> &cursor, EngineImp &imp) {
+  const std::string &option = KvoOption_Parser::current_option;
+  const auto *const clause =
+      findRow(clauses<Observer>, option, cursor.characters);
+  if (clause == nullptr) {
+    const int result = refuse(imp, unknownOption, {option});
+    cursor.observer.fault(CommandFaultKind::unknownOption, clauses<Observer>);
     return result;
-  return cursor.skip();
+  }
+  const int result = clause->read(cursor, imp);
+  if (clause->next == NextWord::readByClause || result == code::refused)
+    return result;
+  return cursor.nextOption();
 }
 
 } // namespace
 
-int readOptions(WordCursor &cursor, EngineImp &imp) {
-  int next = cursor.skip();
-  while (next == code::option) {
-    const std::string &option = KvoOption_Parser::current_option;
-    const auto *const clause = findRow(clauses, option, cursor);
-    if (clause == nullptr)
-      return refuse(imp, unknownOption, {option});
-    next = readClause(*clause, cursor, imp);
-  }
+template <class Observer>
+int readOptions(WordCursor<Observer> &cursor, EngineImp &imp) {
+  int next = cursor.goOn(cursor.nextOption());
+  while (next == code::option)
+    next = cursor.goOn(readClause(cursor, imp));
   return next == code::end ? code::done : code::refused;
 }
+
+template int readOptions(WordCursor<NoObserver> &, EngineImp &);
+template int readOptions(WordCursor<Recorder> &, EngineImp &);
 
 } // namespace kvo
 
 int KvoOption_Parser::parse_options(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readOptions);
+  return kvo::consume(command, imp, kvo::readOptions<kvo::NoObserver>);
 }
 
 } // namespace ZelDebugDialog

@@ -129,7 +129,7 @@ int KvoOption_Parser::ReadKvoOptFile(std::string processorName,
   if (line.empty())
     return result::noOptionFile;
   currentRecord(imp).connectCommand = line;
-  kvo::WordCursor cursor(line);
+  kvo::WordCursor<kvo::NoObserver> cursor(line);
   return kvo::readCommand(cursor, imp, kvo::CommandSource::optionFile);
 }
 

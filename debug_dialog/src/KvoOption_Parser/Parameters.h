@@ -19,13 +19,7 @@ namespace ZelDebugDialog::kvo {
 struct Argument {
   std::string_view name;
   std::string_view value;
-  WordCursor &cursor;
-};
-
-/// A word that stands for a number of its field.
-struct NamedValue {
-  std::string_view keyword;
-  std::uint32_t value;
+  Characters &characters;
 };
 
 /// One parameter of a clause that fills a `Target`. `apply` returns
@@ -33,6 +27,7 @@ struct NamedValue {
 template <class Target> struct Parameter {
   std::string_view keyword;
   int (*apply)(const Argument &argument, Target &target);
+  ValueForm form;
 };
 
 /// How a walk over parameters ended.
@@ -43,8 +38,8 @@ struct ClauseEnd {
 
 /// Reads names and values up to what ends the clause. The name of an unknown
 /// parameter is filled into `unknownParameter`.
-template <class Target, std::size_t size>
-ClauseEnd readParameters(WordCursor &cursor, const EngineImp &imp,
+template <class Observer, class Target, std::size_t size>
+ClauseEnd readParameters(WordCursor<Observer> &cursor, const EngineImp &imp,
                          const std::array<Parameter<Target>, size> &parameters,
                          std::string_view unknownParameter, Target &target) {
   std::string_view name;
@@ -52,11 +47,19 @@ ClauseEnd readParameters(WordCursor &cursor, const EngineImp &imp,
   for (;;) {
     if (const int end = cursor.nextPair(name, value); end != code::value)
       return {end, false};
-    const auto *const parameter = findRow(parameters, name, cursor);
-    if (parameter == nullptr)
-      return {refuse(imp, unknownParameter, {name}), true};
-    if (parameter->apply({name, value, cursor}, target) != code::done)
+    const auto *const parameter = findRow(parameters, name, cursor.characters);
+    if (parameter == nullptr) {
+      const int result = refuse(imp, unknownParameter, {name});
+      cursor.observer.fault(CommandFaultKind::unknownParameter, parameters, 1);
+      return {result, true};
+    }
+    cursor.observer.sets(parameter->form);
+    if (parameter->apply({name, value, cursor.characters}, target) !=
+        code::done) {
+      cursor.observer.fault(CommandFaultKind::refusedValue,
+                            parameter->form.names);
       return {code::refused, true};
+    }
   }
 }
 

@@ -18,25 +18,33 @@ constexpr std::int32_t defaultPort = 6470;
 // leaves the earlier one (a port is then taken from the earlier value once
 // more), and an option word that a debug device clause ran into is lost.
 
-int readFile(WordCursor &cursor, std::string_view & /*value*/, EngineImp &imp) {
-  cursor.next(currentRecord(imp).ppcSimConfigFile);
+template <class Observer>
+int readFile(WordCursor<Observer> &cursor, std::string_view & /*value*/,
+             EngineImp &imp) {
+  readUnexamined(cursor, currentRecord(imp).ppcSimConfigFile,
+                 text("ppcSimConfigFile"));
   return code::done;
 }
 
-int readIpcPort(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
-  cursor.next(value);
+template <class Observer>
+int readIpcPort(WordCursor<Observer> &cursor, std::string_view &value,
+                EngineImp &imp) {
+  readUnexamined(cursor, value, hostAndPort("simIpcHost simIpcPort"));
   ProcessorInfoImp &record = currentRecord(imp);
   storeIpcPort(value, record.simIpcHost, record.simIpcPort, defaultPort);
   return code::done;
 }
 
-int readDevice(WordCursor &cursor, std::string_view & /*value*/,
+template <class Observer>
+int readDevice(WordCursor<Observer> &cursor, std::string_view & /*value*/,
                EngineImp &imp) {
-  readDebugDevice(cursor, imp);
+  if (readDebugDevice(cursor, imp) == code::option)
+    cursor.observer.isNow(WordRole::lost);
   return code::done;
 }
 
-constexpr std::array<SimulatorOption, 3> options{{
+template <class Observer>
+constexpr std::array<SimulatorOption<Observer>, 3> options{{
     {fileOption, readFile},
     {ipcPortOption, readIpcPort},
     {debugDeviceOption, readDevice},
@@ -44,16 +52,21 @@ constexpr std::array<SimulatorOption, 3> options{{
 
 } // namespace
 
-int readPpcSimulator(WordCursor &cursor, EngineImp &imp) {
-  return readSimulatorOptions(cursor, imp, options, unknownSimulatorOption, {});
+template <class Observer>
+int readPpcSimulator(WordCursor<Observer> &cursor, EngineImp &imp) {
+  return readSimulatorOptions(cursor, imp, options<Observer>,
+                              unknownSimulatorOption, {});
 }
+
+template int readPpcSimulator(WordCursor<NoObserver> &, EngineImp &);
+template int readPpcSimulator(WordCursor<Recorder> &, EngineImp &);
 
 } // namespace kvo
 
 unsigned KvoOption_Parser::parse_ppcsim_options(std::string &command,
                                                 EngineImp &imp) {
   return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readPpcSimulator));
+      kvo::consume(command, imp, kvo::readPpcSimulator<kvo::NoObserver>));
 }
 
 int KvoOption_Parser::write_ppcsim_options(std::string &out, EngineImp &imp) {

@@ -29,40 +29,52 @@ constexpr std::string_view simWord = "sim";
 constexpr std::string_view stubWord = "stub";
 constexpr std::string_view hduWord = "hdu";
 constexpr std::string_view hwWord = "hw";
-constexpr std::string_view memorySizeOption = "-memsize";
+
+constexpr std::array<NamedValue, 1> simulatorOptions{{{"-memsize", 0}}};
 
 /// The memory size is the last thing that is read; further words are ignored. A
 /// value word in place of the option is, too.
-int readLumacoreSimulator(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readLumacoreSimulator(WordCursor<Observer> &cursor, EngineImp &imp) {
   ProcessorInfoImp &record = currentRecord(imp);
   record.connectionType = Engine::CONNECT_SIM;
-  if (cursor.skip() != code::option)
+  std::string_view word;
+  if (cursor.next(word, WordRole::ignored) != code::option)
     return code::done;
-  if (!cursor.sameWord(KvoOption_Parser::current_option, memorySizeOption))
+  cursor.observer.isNow(WordRole::option);
+  if (findRow(simulatorOptions, word, cursor.characters) == nullptr) {
+    cursor.observer.fault(CommandFaultKind::unknownOption, simulatorOptions);
     return code::refused;
+  }
   std::string_view size; // an option word here is a number as well: 0
-  if (cursor.next(size) == code::end)
+  if (cursor.next(size, WordRole::value) == code::end) {
+    cursor.observer.missing(CommandFaultKind::missingValue);
     return code::refused;
+  }
+  cursor.observer.sets(number("simMemSize"));
   record.simMemSize = lowBits<std::uint32_t>(toUnsigned(size));
   return code::done;
 }
 
-struct Connection {
+template <class Observer> struct Connection {
   std::string_view keyword;
   Engine::ConnectionType type;
-  Reader read;
+  Reader<Observer> read;
 };
 
-constexpr std::array<Connection, 3> lumacoreConnections{{
+template <class Observer>
+constexpr std::array<Connection<Observer>, 3> lumacoreConnections{{
     {simWord, Engine::CONNECT_SIM, readLumacoreSimulator},
     {stubWord, Engine::CONNECT_STUB, readOptions},
     {hduWord, Engine::CONNECT_HW, readOptions},
 }};
-constexpr std::array<Connection, 2> ppcConnections{{
+template <class Observer>
+constexpr std::array<Connection<Observer>, 2> ppcConnections{{
     {simWord, Engine::CONNECT_SIM, readPpcSimulator},
     {hwWord, Engine::CONNECT_HW, readOptions},
 }};
-constexpr std::array<Connection, 1> armConnections{{
+template <class Observer>
+constexpr std::array<Connection<Observer>, 1> armConnections{{
     {hwWord, Engine::CONNECT_HW, readOptions},
 }};
 
@@ -85,14 +97,19 @@ constexpr Identity cortexA9{familyArm, typeCortexA9,
 constexpr Identity cortexR5{familyArm, typeCortexR5,
                             IdentityComes::afterOptions};
 
-template <std::size_t size>
-const Connection *
-readConnection(WordCursor &cursor,
-               const std::array<Connection, size> &connections) {
+template <class Observer, std::size_t size>
+const Connection<Observer> *
+readConnection(WordCursor<Observer> &cursor,
+               const std::array<Connection<Observer>, size> &connections) {
   std::string_view word;
-  if (cursor.next(word) == code::end)
+  if (cursor.next(word, WordRole::connection) == code::end) {
+    cursor.observer.missing(CommandFaultKind::missingConnection, connections);
     return nullptr;
-  return findRow(connections, word, cursor);
+  }
+  const auto *const connection = findRow(connections, word, cursor.characters);
+  if (connection == nullptr)
+    cursor.observer.fault(CommandFaultKind::unknownConnection, connections);
+  return connection;
 }
 
 void identify(ProcessorInfoImp &record, const Identity &identity) {
@@ -100,17 +117,21 @@ void identify(ProcessorInfoImp &record, const Identity &identity) {
   record.procType = identity.type;
 }
 
-template <std::size_t size>
-int readTarget(WordCursor &cursor, EngineImp &imp,
-               const std::array<Connection, size> &connections,
+template <class Observer, std::size_t size>
+int readTarget(WordCursor<Observer> &cursor, EngineImp &imp,
+               const std::array<Connection<Observer>, size> &connections,
                const Identity &identity) {
-  const Connection *const connection = readConnection(cursor, connections);
+  cursor.observer.sets(flag("procFamily procType"));
+  const auto *const connection = readConnection(cursor, connections);
   if (connection == nullptr)
     return code::refused;
   ProcessorInfoImp &record = currentRecord(imp);
   const bool hasDesign = imp.hwManager != nullptr;
-  if (hasDesign && (record.connectionMask & connection->type) == 0)
+  if (hasDesign && (record.connectionMask & connection->type) == 0) {
+    cursor.observer.fault(CommandFaultKind::connectionNotAllowed);
     return code::refused;
+  }
+  cursor.observer.sets(flag("connectionType connectionMask"));
   if (!hasDesign && identity.comes == IdentityComes::beforeOptions)
     identify(record, identity);
   if (connection->read(cursor, imp) == code::refused)
@@ -144,26 +165,36 @@ int writeStub(std::string &out, EngineImp &imp) {
 
 } // namespace
 
-int readLumacore(WordCursor &cursor, EngineImp &imp) {
-  return readTarget(cursor, imp, lumacoreConnections, lumacore);
+template <class Observer>
+int readLumacore(WordCursor<Observer> &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, lumacoreConnections<Observer>, lumacore);
 }
 
-int readPpc(WordCursor &cursor, EngineImp &imp) {
-  return readTarget(cursor, imp, ppcConnections, ppc);
+template <class Observer>
+int readPpc(WordCursor<Observer> &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, ppcConnections<Observer>, ppc);
 }
 
-int readArm(WordCursor &cursor, EngineImp &imp) {
-  return readTarget(cursor, imp, armConnections, cortexA9);
+template <class Observer>
+int readArm(WordCursor<Observer> &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, armConnections<Observer>, cortexA9);
 }
 
-int readArmR5(WordCursor &cursor, EngineImp &imp) {
-  return readTarget(cursor, imp, armConnections, cortexR5);
+template <class Observer>
+int readArmR5(WordCursor<Observer> &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, armConnections<Observer>, cortexR5);
 }
 
 /// Any design or none: the mask is replaced, and allows no ordinary connection.
-int readDap(WordCursor &cursor, EngineImp &imp) {
-  const Connection *const connection = readConnection(cursor, armConnections);
-  if (connection == nullptr || connection->read(cursor, imp) == code::refused)
+template <class Observer>
+int readDap(WordCursor<Observer> &cursor, EngineImp &imp) {
+  cursor.observer.sets(flag("connectionMask procFamily procType"));
+  const auto *const connection =
+      readConnection(cursor, armConnections<Observer>);
+  if (connection == nullptr)
+    return code::refused;
+  cursor.observer.sets(flag("connectionType"));
+  if (connection->read(cursor, imp) == code::refused)
     return code::refused;
   ProcessorInfoImp &record = currentRecord(imp);
   record.connectionType = connection->type;
@@ -172,26 +203,37 @@ int readDap(WordCursor &cursor, EngineImp &imp) {
   return code::done;
 }
 
+template int readLumacore(WordCursor<NoObserver> &, EngineImp &);
+template int readLumacore(WordCursor<Recorder> &, EngineImp &);
+template int readPpc(WordCursor<NoObserver> &, EngineImp &);
+template int readPpc(WordCursor<Recorder> &, EngineImp &);
+template int readArm(WordCursor<NoObserver> &, EngineImp &);
+template int readArm(WordCursor<Recorder> &, EngineImp &);
+template int readArmR5(WordCursor<NoObserver> &, EngineImp &);
+template int readArmR5(WordCursor<Recorder> &, EngineImp &);
+template int readDap(WordCursor<NoObserver> &, EngineImp &);
+template int readDap(WordCursor<Recorder> &, EngineImp &);
+
 } // namespace kvo
 
 int KvoOption_Parser::parse_lcoptions(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readLumacore);
+  return kvo::consume(command, imp, kvo::readLumacore<kvo::NoObserver>);
 }
 
 int KvoOption_Parser::parse_ppcoptions(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readPpc);
+  return kvo::consume(command, imp, kvo::readPpc<kvo::NoObserver>);
 }
 
 int KvoOption_Parser::parse_armoptions(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readArm);
+  return kvo::consume(command, imp, kvo::readArm<kvo::NoObserver>);
 }
 
 int KvoOption_Parser::parse_armr5options(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readArmR5);
+  return kvo::consume(command, imp, kvo::readArmR5<kvo::NoObserver>);
 }
 
 int KvoOption_Parser::parse_dapoptions(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readDap);
+  return kvo::consume(command, imp, kvo::readDap<kvo::NoObserver>);
 }
 
 int KvoOption_Parser::write_lcoptions(std::string &out, EngineImp &imp) {

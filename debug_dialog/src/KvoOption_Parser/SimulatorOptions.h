@@ -21,28 +21,45 @@ inline constexpr std::string_view ipcPortOption = "-ipcport";
 
 /// An option of a simulator. `value` is the last value that an option of the
 /// set has read; it lives for the whole walk.
-struct SimulatorOption {
+template <class Observer> struct SimulatorOption {
   std::string_view keyword;
-  int (*read)(WordCursor &cursor, std::string_view &value, EngineImp &imp);
+  int (*read)(WordCursor<Observer> &cursor, std::string_view &value,
+              EngineImp &imp);
 };
 
 /// Reads options to the end of the text. The message about an unknown one
 /// quotes the last value, not the option.
-template <std::size_t size>
-int readSimulatorOptions(WordCursor &cursor, EngineImp &imp,
-                         const std::array<SimulatorOption, size> &options,
-                         std::string_view unknown, std::string_view value) {
-  int next = cursor.skip();
+template <class Observer, std::size_t size>
+int readSimulatorOptions(
+    WordCursor<Observer> &cursor, EngineImp &imp,
+    const std::array<SimulatorOption<Observer>, size> &options,
+    std::string_view unknown, std::string_view value) {
+  int next = cursor.goOn(cursor.nextOption());
   while (next == code::option) {
     const auto *const option =
-        findRow(options, KvoOption_Parser::current_option, cursor);
-    if (option == nullptr)
-      return refuse(imp, unknown, {value});
-    if (option->read(cursor, value, imp) != code::done)
-      return code::refused;
-    next = cursor.nextIntoCurrentOption();
+        findRow(options, KvoOption_Parser::current_option, cursor.characters);
+    if (option == nullptr) {
+      next = refuse(imp, unknown, {value});
+      cursor.observer.fault(CommandFaultKind::unknownOption, options);
+    } else {
+      next = option->read(cursor, value, imp);
+      if (next == code::done)
+        next = cursor.nextIntoCurrentOption();
+    }
+    next = cursor.goOn(next);
   }
   return next == code::end ? code::done : code::refused;
+}
+
+/// Reads a value whatever it is: an option word counts as one, and at the end
+/// of the text the earlier value stays.
+template <class Observer, class Value>
+void readUnexamined(WordCursor<Observer> &cursor, Value &value,
+                    const ValueForm &form) {
+  if (cursor.next(value, WordRole::value) == code::end)
+    cursor.observer.missing(CommandFaultKind::missingValue);
+  else
+    cursor.observer.sets(form);
 }
 
 /// Stores "host:port"; ":port" is on the local host. Without a colon the host

@@ -14,7 +14,8 @@ constexpr std::array<NamedValue, 2> lineKinds{
     {{jtagLine, Engine::STUB_JTAG}, {serialLine, Engine::STUB_SERIAL}}};
 
 int readLineKind(const Argument &argument, EngineImp &imp) {
-  const auto *const kind = findRow(lineKinds, argument.value, argument.cursor);
+  const auto *const kind =
+      findRow(lineKinds, argument.value, argument.characters);
   if (kind == nullptr)
     return code::refused;
   currentRecord(imp).stubType = kind->value;
@@ -32,23 +33,37 @@ template <auto Field> int readNumber(const Argument &argument, EngineImp &imp) {
 }
 
 constexpr std::array<Parameter<EngineImp>, 4> parameters{{
-    {commOption, readLineKind},
-    {portOption, readPort},
-    {baudOption, readNumber<&ProcessorInfoImp::stubBaudRate>},
-    {timeoutOption, readNumber<&ProcessorInfoImp::stubTimeout>},
+    {commOption, readLineKind, oneOf(lineKinds, "stubType")},
+    {portOption, readPort, text("stubSerialPort")},
+    {baudOption, readNumber<&ProcessorInfoImp::stubBaudRate>,
+     number("stubBaudRate")},
+    {timeoutOption, readNumber<&ProcessorInfoImp::stubTimeout>,
+     number("stubTimeout")},
 }};
 
 } // namespace
 
-int readStubLine(WordCursor &cursor, std::string_view option, EngineImp &imp) {
+template <class Observer>
+int readStubLine(WordCursor<Observer> &cursor, std::string_view option,
+                 EngineImp &imp) {
   std::string_view value;
-  if (const int result = cursor.next(value); result != code::value)
+  if (const int result = cursor.nextValue(value); result != code::value)
     return result;
-  const auto *const parameter = findRow(parameters, option, cursor);
+  const auto *const parameter = findRow(parameters, option, cursor.characters);
   if (parameter == nullptr)
     return refuse(imp, unknownParameterOfOption, {option, value});
-  return parameter->apply({option, value, cursor}, imp);
+  cursor.observer.sets(parameter->form);
+  const int result = parameter->apply({option, value, cursor.characters}, imp);
+  if (result != code::done)
+    cursor.observer.fault(CommandFaultKind::refusedValue,
+                          parameter->form.names);
+  return result;
 }
+
+template int readStubLine(WordCursor<NoObserver> &, std::string_view,
+                          EngineImp &);
+template int readStubLine(WordCursor<Recorder> &, std::string_view,
+                          EngineImp &);
 
 } // namespace kvo
 
@@ -56,7 +71,7 @@ int KvoOption_Parser::parse_commoptions(std::string &command,
                                         std::string &option, EngineImp &imp) {
   // A copy: the caller's string may be one that reading changes.
   const std::string keyword = option;
-  kvo::WordCursor cursor(command);
+  kvo::WordCursor<kvo::NoObserver> cursor(command);
   return kvo::readStubLine(cursor, keyword, imp);
 }
 

@@ -17,7 +17,7 @@ bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 } // namespace
 
-WordCursor::WordCursor(std::string &origin) : source(origin) {
+Words::Words(std::string &origin) : source(origin) {
   text.swap(source);
   position = text.data();
   end = position + text.size();
@@ -25,13 +25,13 @@ WordCursor::WordCursor(std::string &origin) : source(origin) {
     --end;
 }
 
-WordCursor::~WordCursor() {
+Words::~Words() {
   text.resize(static_cast<std::size_t>(end - text.data()));
   text.erase(0, static_cast<std::size_t>(position - text.data()));
   source.swap(text);
 }
 
-std::string_view WordCursor::peek() {
+std::string_view Words::peek() {
   const char *const last = end;
   const char *first = position;
   while (first != last && characters.isSpace(*first))
@@ -45,8 +45,8 @@ std::string_view WordCursor::peek() {
   return {first, static_cast<std::size_t>(stop - first)};
 }
 
-int WordCursor::accept(std::string_view word) {
-  position += word.size();
+int Words::accept(std::string_view word) {
+  advance(word);
   // Under a locale to which a blank is no white space a word may be empty.
   if (word.empty() || word.front() != '-')
     return code::value;
@@ -60,37 +60,11 @@ int WordCursor::accept(std::string_view word) {
   return code::option;
 }
 
-int WordCursor::next(std::string_view &word) {
-  const std::string_view found = peek();
-  if (position == end)
-    return code::end;
-  word = found;
-  return accept(found);
-}
-
-int WordCursor::next(std::string &word) {
-  const std::string_view found = peek();
-  if (position == end)
-    return code::end;
-  word = found;
-  return accept(found);
-}
-
-int WordCursor::nextPair(std::string_view &name, std::string_view &value) {
-  if (const int result = next(name); result != code::value)
-    return result;
-  return next(value) == code::value ? code::value : code::refused;
-}
-
-int WordCursor::nextIntoCurrentOption() {
-  return next(KvoOption_Parser::current_option);
-}
-
 } // namespace kvo
 
 int KvoOption_Parser::get_token(std::string &input, std::string &token) {
-  kvo::WordCursor cursor(input);
-  return cursor.next(token);
+  kvo::WordCursor<kvo::NoObserver> cursor(input);
+  return cursor.next(token, WordRole::ignored);
 }
 
 int KvoOption_Parser::get_tokenpair(std::string &input, std::string &first,

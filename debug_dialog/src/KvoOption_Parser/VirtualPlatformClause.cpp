@@ -16,55 +16,80 @@ constexpr std::string_view unknownVpOption =
     "UNKNOWN virtual platform Option '%s'";
 constexpr std::string_view configOption = "-config";
 constexpr std::string_view cycleApproximateWord = "cycle_approximate";
+constexpr std::array<NamedValue, 1> vpTargets{{{lumacoreTarget, typeLumacore}}};
+constexpr std::array<NamedValue, 1> configModes{{{cycleApproximateWord, 1}}};
 constexpr std::int32_t defaultPort = 2340;
 
-int readConfig(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
-  if (cursor.next(value) != code::value ||
-      !cursor.sameWord(value, cycleApproximateWord))
+template <class Observer>
+int readConfig(WordCursor<Observer> &cursor, std::string_view &value,
+               EngineImp &imp) {
+  if (cursor.nextValue(value) != code::value)
     return code::refused;
+  cursor.observer.sets(oneOf(configModes, "vpConfigMode cycleApproximate"));
+  if (findRow(configModes, value, cursor.characters) == nullptr) {
+    cursor.observer.fault(CommandFaultKind::refusedValue, configModes);
+    return code::refused;
+  }
   currentRecord(imp).vpConfigMode = 1;
   currentRecord(imp).cycleApproximate = 1;
   return code::done;
 }
 
-int readIpcPort(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
-  if (cursor.next(value) != code::value)
+template <class Observer>
+int readIpcPort(WordCursor<Observer> &cursor, std::string_view &value,
+                EngineImp &imp) {
+  if (cursor.nextValue(value) != code::value)
     return code::refused;
+  cursor.observer.sets(hostAndPort("simIpcHost simIpcPort"));
   ProcessorInfoImp &record = currentRecord(imp);
   storeIpcPort(value, record.simIpcHost, record.simIpcPort, defaultPort);
   return code::done;
 }
 
-constexpr std::array<SimulatorOption, 2> options{{
+template <class Observer>
+constexpr std::array<SimulatorOption<Observer>, 2> options{{
     {configOption, readConfig},
     {ipcPortOption, readIpcPort},
 }};
 
 } // namespace
 
-int readVirtualPlatform(WordCursor &cursor, EngineImp &imp) {
+template <class Observer>
+int readVirtualPlatform(WordCursor<Observer> &cursor, EngineImp &imp) {
   std::string_view value;
-  if (cursor.next(value) == code::end ||
-      !cursor.sameWord(value, lumacoreTarget))
+  if (cursor.next(value, WordRole::target) == code::end) {
+    cursor.observer.missing(CommandFaultKind::missingTarget, vpTargets);
     return code::refused;
+  }
+  if (findRow(vpTargets, value, cursor.characters) == nullptr) {
+    cursor.observer.fault(CommandFaultKind::unknownTarget, vpTargets);
+    return code::refused;
+  }
   ProcessorInfoImp &record = currentRecord(imp);
   const bool hasDesign = imp.hwManager != nullptr;
-  if (hasDesign && (record.connectionMask & Engine::CONNECT_VP) == 0)
+  if (hasDesign && (record.connectionMask & Engine::CONNECT_VP) == 0) {
+    cursor.observer.fault(CommandFaultKind::connectionNotAllowed);
     return code::refused;
+  }
+  cursor.observer.sets(flag("connectionType connectionMask procType"));
   record.connectionType = Engine::CONNECT_VP;
   if (!hasDesign) {
     record.connectionMask |= Engine::CONNECT_VP;
     record.procType = typeLumacore;
   }
-  return readSimulatorOptions(cursor, imp, options, unknownVpOption, value);
+  return readSimulatorOptions(cursor, imp, options<Observer>, unknownVpOption,
+                              value);
 }
+
+template int readVirtualPlatform(WordCursor<NoObserver> &, EngineImp &);
+template int readVirtualPlatform(WordCursor<Recorder> &, EngineImp &);
 
 } // namespace kvo
 
 unsigned KvoOption_Parser::parse_vpoptions(std::string &command,
                                            EngineImp &imp) {
   return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readVirtualPlatform));
+      kvo::consume(command, imp, kvo::readVirtualPlatform<kvo::NoObserver>));
 }
 
 int KvoOption_Parser::write_vpoptions(std::string &out, EngineImp &imp) {

@@ -81,7 +81,22 @@ constexpr std::array<Cable, 7> catalogue{{
      "20000000, 24000000, 30000000"},
 }};
 
+template <std::size_t size> constexpr auto collectKeywords() {
+  std::array<kvo::NamedValue, size> words{};
+  std::size_t count = 0;
+  for (const Cable &cable : catalogue) {
+    if (cable.type == Engine::QUORLA_SVFFILE)
+      continue; // known, and refused
+    words[count++] = {cable.keyword, cable.type};
+    if (!cable.otherKeyword.empty())
+      words[count++] = {cable.otherKeyword, cable.type};
+  }
+  return words;
+}
+
 } // namespace
+
+constexpr std::array<kvo::NamedValue, 7> cableKeywords = collectKeywords<7>();
 
 const Cable &findCable(Engine::CableType type) {
   const auto *const row =

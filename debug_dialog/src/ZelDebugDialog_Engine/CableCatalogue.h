@@ -2,9 +2,11 @@
 // a connect command.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
+#include "KvoOption_Parser/ValueForm.h"
 #include "ZelDebugDialog/Engine.h"
 
 namespace ZelDebugDialog {
@@ -51,5 +53,8 @@ struct Cables {
   const Cable *end() const { return last; }
 };
 Cables cables();
+
+/// The words that are read as a cable type, a row a word.
+extern const std::array<kvo::NamedValue, 7> cableKeywords;
 
 } // namespace ZelDebugDialog
