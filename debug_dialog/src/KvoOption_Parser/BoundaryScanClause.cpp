@@ -1,6 +1,7 @@
 // "-bscan": the boundary-scan user register of the debug module.
 //
 // All four registers are read; only USER1 is written, and USER2 is the default.
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
@@ -16,6 +17,8 @@ constexpr NamedValue user1{"USER1", 2};
 constexpr std::array<NamedValue, 4> registers{
     {user1, {"USER2", 3}, {"USER3", 0x22}, {"USER4", 0x23}}};
 
+constexpr ValueForm registerForm = oneOf(registers, "bscanUserReg");
+
 } // namespace
 
 template <class Observer>
@@ -25,7 +28,7 @@ int readBoundaryScan(WordCursor<Observer> &cursor, EngineImp &imp) {
     cursor.observer.missing(CommandFaultKind::missingValue, registers);
     return code::refused;
   }
-  cursor.observer.sets(oneOf(registers, "bscanUserReg"));
+  cursor.observer.sets(registerForm);
   const auto *const found = findRow(registers, word, cursor.characters);
   if (found == nullptr) {
     cursor.observer.fault(CommandFaultKind::refusedValue, registers);
@@ -43,6 +46,10 @@ void writeBoundaryScan(std::string &out, EngineImp &imp) {
     return;
   appendWord(out, bscanOption);
   appendWord(out, user1.keyword);
+}
+
+void describeBoundaryScan(CommandOption &option) {
+  describeOptionValue(option, registerForm);
 }
 
 } // namespace kvo

@@ -5,6 +5,7 @@
 // is. QUORLA_TCF is read and checked, but there is no text to write for it.
 #include <algorithm>
 
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
@@ -184,6 +185,10 @@ void writePluginCable(std::string &out, const CableOption &cable) {
       return;
     rest.remove_prefix(separator + 1);
   }
+}
+
+void describeCable(CommandOption &option) {
+  describeParameters(option, parameters);
 }
 
 } // namespace kvo

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "KvoOption_Parser/ConnectCommand.h"
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Recorder.h"
 #include "ZelDebugDialog/Engine.h"
@@ -25,32 +26,13 @@ std::string errorOf(const EngineImp &imp) {
 
 namespace kvo {
 
-namespace {
-
-constexpr std::string_view chainPrefix = "chain.";
-
-/// The device that a clause is filling stands behind those of the chain.
-std::string fieldName(std::string_view field, const EngineImp &imp) {
-  if (field.substr(0, chainPrefix.size()) != chainPrefix)
-    return std::string(field);
-  return "chain[" + std::to_string(imp.jtagChain.size()) + "]." +
-         std::string(field.substr(chainPrefix.size()));
-}
-
-} // namespace
-
 void Recorder::sets(const ValueForm &form) const {
   if (trace->words.empty())
     return;
   CommandWord &word = trace->words.back();
   word.conversion = form.conversion;
-  word.fields.clear();
-  std::string_view rest = form.fields;
-  while (!rest.empty()) {
-    const std::size_t blank = std::min(rest.find(' '), rest.size());
-    word.fields.push_back(fieldName(rest.substr(0, blank), *imp));
-    rest.remove_prefix(std::min(blank + 1, rest.size()));
-  }
+  // The device that a clause is filling stands behind those of the chain.
+  word.fields = splitFields(form.fields, std::to_string(imp->jtagChain.size()));
 }
 
 void Recorder::faultAt(std::string_view field, CommandFaultKind kind,

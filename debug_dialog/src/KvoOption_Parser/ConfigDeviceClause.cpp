@@ -5,6 +5,7 @@
 // is written for it is refused when it is read back.
 #include <memory>
 
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
@@ -28,7 +29,10 @@ constexpr std::string_view partNameWord = "partname";
 
 constexpr std::array<NamedValue, 1> jtagPorts{{{"cpu", 1}}};
 constexpr std::array<NamedValue, 1> hardPpcs{{{"ppc405", 1}}};
-constexpr std::uint8_t hardPpcOther = 2; // whatever the word
+constexpr std::uint8_t hardPpcOther = 2;
+// Any word is taken, so there is no list of them.
+constexpr ValueForm hardPpcForm{
+    ValueConversion::namedValue, "chain.hardppc", {}};
 
 /// What one clause fills.
 struct ChainDevice {
@@ -70,7 +74,7 @@ constexpr std::array<Parameter<ChainDevice>, 8> parameters{{
      lowByte("chain.irlength")},
     {partNameWord, readPartName, text("chain.partname")},
     {"isfpga", readNumber<&JtagOption::isfpga>, lowByte("chain.isfpga")},
-    {"hardppc", readHardPpc, oneOf(hardPpcs, "chain.hardppc")},
+    {"hardppc", readHardPpc, hardPpcForm},
     {"nppc", readNumber<&JtagOption::nppc>, lowByte("chain.nppc")},
 }};
 
@@ -116,6 +120,10 @@ void writeChain(std::string &out, const EngineImp &imp) {
   }
   for (const JtagOption *const device : imp.jtagChain)
     writeDevice(out, *device);
+}
+
+void describeConfigDevice(CommandOption &option) {
+  describeParameters(option, parameters);
 }
 
 } // namespace kvo

@@ -1,4 +1,5 @@
 #include "KvoOption_Parser/ConnectCommand.h"
+#include "KvoOption_Parser/Descriptions.h"
 
 #include <array>
 #include <utility>
@@ -35,18 +36,19 @@ template <class Observer> struct Target {
   std::string_view keyword;
   Reader<Observer> read;
   bool inOptionFile;
+  DescribeTarget describe;
 };
 
 template <class Observer>
 constexpr std::array<Target<Observer>, 8> targets{{
-    {lumacoreTarget, readLumacore, true},
-    {ppcTarget, readPpc, true},
-    {"arm", readArm, true},
-    {"r5", readArmR5, true},
-    {"hdu", readHdu, false},
-    {"dap", readDap, false},
-    {"dcc", readDcc, false},
-    {"kmtc", readKmtc, false},
+    {lumacoreTarget, readLumacore, true, describeLumacore},
+    {ppcTarget, readPpc, true, describePpc},
+    {"arm", readArm, true, describeArm},
+    {"r5", readArmR5, true, describeArm},
+    {"hdu", readHdu, false, describeHdu},
+    {"dap", readDap, false, describeArm},
+    {"dcc", readDcc, false, describeDcc},
+    {"kmtc", readKmtc, false, describeKmtc},
 }};
 
 /// What is said of a word that is no row of a table.
@@ -122,6 +124,21 @@ bool composeCommand(std::string &command, EngineImp &imp) {
     return false;
   command = std::move(text);
   return true;
+}
+
+std::vector<CommandHead> describeHeads() {
+  std::vector<CommandTarget> all;
+  for (const auto &row : targets<NoObserver>) {
+    all.push_back({std::string(row.keyword), row.inOptionFile, {}, {}});
+    row.describe(all.back());
+  }
+  const CommandTarget platform{
+      std::string(lumacoreTarget), true, {}, virtualPlatformOptions};
+  std::vector<CommandHead> described;
+  for (const Head &head : heads)
+    described.push_back({std::string(head.keyword), head.inOptionFile,
+                         head.isVirtualPlatform ? std::vector{platform} : all});
+  return described;
 }
 
 } // namespace kvo

@@ -2,6 +2,7 @@
 //
 // The writer leaves out what the connection has no use for; the reader takes
 // everything from everyone. Names and values may come in any order.
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
@@ -198,6 +199,10 @@ template int readDebugDevice(WordCursor<Recorder> &, EngineImp &);
 void writeDebugDeviceNumber(std::string &out, int number) {
   // Written with another letter case than the keyword has; readers don't mind.
   writeDecimal(out, "deviceNr", number);
+}
+
+void describeDebugDevice(CommandOption &option) {
+  describeParameters(option, parameters);
 }
 
 } // namespace kvo

@@ -2,6 +2,7 @@
 // set of options.
 #include <array>
 
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Readers.h"
 #include "KvoOption_Parser/Words.h"
@@ -15,9 +16,15 @@ namespace kvo {
 
 namespace {
 
+constexpr ValueForm uartForm = flag("uartOverHdu");
+
+void describeUart(CommandOption &option) {
+  option.changes = splitFields(uartForm.fields);
+}
+
 template <class Observer>
 int readUart(WordCursor<Observer> &cursor, EngineImp &imp) {
-  cursor.observer.sets(flag("uartOverHdu"));
+  cursor.observer.sets(uartForm);
   currentRecord(imp).uartOverHdu = true;
   return code::done;
 }
@@ -30,22 +37,26 @@ template <class Observer> struct ModuleOption {
   std::string_view keyword;
   Reader<Observer> read;
   NextWord next;
+  DescribeOption describe;
 };
 
 template <class Observer>
-constexpr ModuleOption<Observer> uart{"-uart", readUart, NextWord::readAhead};
+constexpr ModuleOption<Observer> uart{"-uart", readUart, NextWord::readAhead,
+                                      describeUart};
 template <class Observer>
-constexpr ModuleOption<Observer> boundaryScan{bscanOption, readBoundaryScan,
-                                              NextWord::readAhead};
+constexpr ModuleOption<Observer> boundaryScan{
+    bscanOption, readBoundaryScan, NextWord::readAhead, describeBoundaryScan};
 template <class Observer>
 constexpr ModuleOption<Observer> debugDevice{debugDeviceOption, readDebugDevice,
-                                             NextWord::readByClause};
+                                             NextWord::readByClause,
+                                             describeDebugDevice};
 template <class Observer>
 constexpr ModuleOption<Observer> cable{cableOption, readCable,
-                                       NextWord::readByClause};
+                                       NextWord::readByClause, describeCable};
 template <class Observer>
 constexpr ModuleOption<Observer> configDevice{
-    configDeviceOption, readConfigDevice, NextWord::readByClause};
+    configDeviceOption, readConfigDevice, NextWord::readByClause,
+    describeConfigDevice};
 
 template <class Observer, std::size_t size>
 using ModuleOptions = std::array<ModuleOption<Observer>, size>;
@@ -123,6 +134,20 @@ template int readDcc(WordCursor<NoObserver> &, EngineImp &);
 template int readDcc(WordCursor<Recorder> &, EngineImp &);
 template int readKmtc(WordCursor<NoObserver> &, EngineImp &);
 template int readKmtc(WordCursor<Recorder> &, EngineImp &);
+
+void describeHdu(CommandTarget &target) { target.optionSet = hduModuleOptions; }
+
+void describeDcc(CommandTarget &target) { target.optionSet = dccModuleOptions; }
+
+void describeKmtc(CommandTarget &target) {
+  target.optionSet = kmtcModuleOptions;
+}
+
+std::vector<CommandOptionSet> describeModuleOptions() {
+  return {describeOptions(hduModuleOptions, hduOptions<NoObserver>),
+          describeOptions(dccModuleOptions, dccOptions<NoObserver>),
+          describeOptions(kmtcModuleOptions, kmtcOptions<NoObserver>)};
+}
 
 } // namespace kvo
 

@@ -1,5 +1,6 @@
 // "-pfsl": the fast simplex link of a Lumacore. It is checked and not kept, so
 // there is nothing to write.
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 
@@ -40,6 +41,10 @@ int readFsl(WordCursor<Observer> &cursor, EngineImp &imp) {
 
 template int readFsl(WordCursor<NoObserver> &, EngineImp &);
 template int readFsl(WordCursor<Recorder> &, EngineImp &);
+
+void describeFsl(CommandOption &option) {
+  describeParameters(option, parameters);
+}
 
 } // namespace kvo
 

@@ -12,10 +12,17 @@ constexpr std::string_view unknownModelSimOption =
 
 // As with the PowerPC simulator, results of what these read are not examined.
 
+constexpr ValueForm modeForm = flag("modelSimMode");
+constexpr ValueForm ipcPortForm = hostAndPort("modelSimHost modelSimPort");
+
+void describeIpcPort(CommandOption &option) {
+  describeOptionValue(option, ipcPortForm);
+}
+
 template <class Observer>
 int readIpcPort(WordCursor<Observer> &cursor, std::string_view &value,
                 EngineImp &imp) {
-  readUnexamined(cursor, value, hostAndPort("modelSimHost modelSimPort"));
+  readUnexamined(cursor, value, ipcPortForm);
   ProcessorInfoImp &record = currentRecord(imp);
   storeIpcPort(value, record.modelSimHost, record.modelSimPort, std::nullopt);
   return code::done;
@@ -31,8 +38,8 @@ int readDevice(WordCursor<Observer> &cursor, std::string_view & /*value*/,
 
 template <class Observer>
 constexpr std::array<SimulatorOption<Observer>, 2> options{{
-    {ipcPortOption, readIpcPort},
-    {configDeviceOption, readDevice},
+    {ipcPortOption, readIpcPort, describeIpcPort},
+    {configDeviceOption, readDevice, describeConfigDevice},
 }};
 
 } // namespace
@@ -41,7 +48,7 @@ constexpr std::array<SimulatorOption<Observer>, 2> options{{
 /// so.
 template <class Observer>
 int readModelSim(WordCursor<Observer> &cursor, EngineImp &imp) {
-  cursor.observer.sets(flag("modelSimMode"));
+  cursor.observer.sets(modeForm);
   currentRecord(imp).modelSimMode = true;
   const int result = readSimulatorOptions(cursor, imp, options<Observer>,
                                           unknownModelSimOption, {});
@@ -50,6 +57,15 @@ int readModelSim(WordCursor<Observer> &cursor, EngineImp &imp) {
 
 template int readModelSim(WordCursor<NoObserver> &, EngineImp &);
 template int readModelSim(WordCursor<Recorder> &, EngineImp &);
+
+CommandOptionSet describeModelSimOptions() {
+  return describeOptions(modelSimOptions, options<NoObserver>);
+}
+
+void describeModelSim(CommandOption &option) {
+  option.optionSet = modelSimOptions;
+  option.changes = splitFields(modeForm.fields);
+}
 
 } // namespace kvo
 

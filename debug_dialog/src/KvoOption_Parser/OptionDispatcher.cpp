@@ -1,6 +1,7 @@
 // The option clauses of a processor target, up to the end of the command.
 #include <array>
 
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Readers.h"
 #include "KvoOption_Parser/Words.h"
@@ -33,23 +34,28 @@ template <class Observer> struct OptionClause {
   std::string_view keyword;
   Reader<Observer> read;
   NextWord next;
+  DescribeOption describe;
 };
 
 template <class Observer>
 constexpr std::array<OptionClause<Observer>, 13> clauses{{
-    {debugDeviceOption, readDebugDevice, NextWord::readByClause},
-    {"-pfsl", readFsl, NextWord::readByClause},
-    {"-quiet", readFlag, NextWord::readByDispatcher},
-    {"-noattach", readFlag, NextWord::readByDispatcher},
-    {"-writeonly", readFlag, NextWord::readByDispatcher},
-    {cableOption, readCable, NextWord::readByClause},
-    {commOption, readStubOption, NextWord::readByDispatcher},
-    {portOption, readStubOption, NextWord::readByDispatcher},
-    {baudOption, readStubOption, NextWord::readByDispatcher},
-    {timeoutOption, readStubOption, NextWord::readByDispatcher},
-    {configDeviceOption, readConfigDevice, NextWord::readByClause},
-    {"-sim", readModelSim, NextWord::readByClause},
-    {bscanOption, readBoundaryScan, NextWord::readByDispatcher},
+    {debugDeviceOption, readDebugDevice, NextWord::readByClause,
+     describeDebugDevice},
+    {"-pfsl", readFsl, NextWord::readByClause, describeFsl},
+    {"-quiet", readFlag, NextWord::readByDispatcher, describeFlag},
+    {"-noattach", readFlag, NextWord::readByDispatcher, describeFlag},
+    {"-writeonly", readFlag, NextWord::readByDispatcher, describeFlag},
+    {cableOption, readCable, NextWord::readByClause, describeCable},
+    {commOption, readStubOption, NextWord::readByDispatcher, describeStubLine},
+    {portOption, readStubOption, NextWord::readByDispatcher, describeStubLine},
+    {baudOption, readStubOption, NextWord::readByDispatcher, describeStubLine},
+    {timeoutOption, readStubOption, NextWord::readByDispatcher,
+     describeStubLine},
+    {configDeviceOption, readConfigDevice, NextWord::readByClause,
+     describeConfigDevice},
+    {"-sim", readModelSim, NextWord::readByClause, describeModelSim},
+    {bscanOption, readBoundaryScan, NextWord::readByDispatcher,
+     describeBoundaryScan},
 }};
 
 /// Reads the clause of the option in `current_option`.
@@ -81,6 +87,10 @@ int readOptions(WordCursor<Observer> &cursor, EngineImp &imp) {
 
 template int readOptions(WordCursor<NoObserver> &, EngineImp &);
 template int readOptions(WordCursor<Recorder> &, EngineImp &);
+
+CommandOptionSet describeProcessorOptions() {
+  return describeOptions(processorOptions, clauses<NoObserver>);
+}
 
 } // namespace kvo
 

@@ -18,18 +18,28 @@ constexpr std::int32_t defaultPort = 6470;
 // leaves the earlier one (a port is then taken from the earlier value once
 // more), and an option word that a debug device clause ran into is lost.
 
+constexpr ValueForm fileForm = text("ppcSimConfigFile");
+constexpr ValueForm ipcPortForm = hostAndPort("simIpcHost simIpcPort");
+
+void describeFile(CommandOption &option) {
+  describeOptionValue(option, fileForm);
+}
+
+void describeIpcPort(CommandOption &option) {
+  describeOptionValue(option, ipcPortForm);
+}
+
 template <class Observer>
 int readFile(WordCursor<Observer> &cursor, std::string_view & /*value*/,
              EngineImp &imp) {
-  readUnexamined(cursor, currentRecord(imp).ppcSimConfigFile,
-                 text("ppcSimConfigFile"));
+  readUnexamined(cursor, currentRecord(imp).ppcSimConfigFile, fileForm);
   return code::done;
 }
 
 template <class Observer>
 int readIpcPort(WordCursor<Observer> &cursor, std::string_view &value,
                 EngineImp &imp) {
-  readUnexamined(cursor, value, hostAndPort("simIpcHost simIpcPort"));
+  readUnexamined(cursor, value, ipcPortForm);
   ProcessorInfoImp &record = currentRecord(imp);
   storeIpcPort(value, record.simIpcHost, record.simIpcPort, defaultPort);
   return code::done;
@@ -45,9 +55,9 @@ int readDevice(WordCursor<Observer> &cursor, std::string_view & /*value*/,
 
 template <class Observer>
 constexpr std::array<SimulatorOption<Observer>, 3> options{{
-    {fileOption, readFile},
-    {ipcPortOption, readIpcPort},
-    {debugDeviceOption, readDevice},
+    {fileOption, readFile, describeFile},
+    {ipcPortOption, readIpcPort, describeIpcPort},
+    {debugDeviceOption, readDevice, describeDebugDevice},
 }};
 
 } // namespace
@@ -60,6 +70,10 @@ int readPpcSimulator(WordCursor<Observer> &cursor, EngineImp &imp) {
 
 template int readPpcSimulator(WordCursor<NoObserver> &, EngineImp &);
 template int readPpcSimulator(WordCursor<Recorder> &, EngineImp &);
+
+CommandOptionSet describePpcSimulatorOptions() {
+  return describeOptions(ppcSimulatorOptions, options<NoObserver>);
+}
 
 } // namespace kvo
 

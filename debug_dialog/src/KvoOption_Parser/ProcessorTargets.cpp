@@ -5,6 +5,7 @@
 // that is no Lumacore is written as a PowerPC.
 #include <array>
 
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Numbers.h"
 #include "KvoOption_Parser/Readers.h"
@@ -30,7 +31,19 @@ constexpr std::string_view stubWord = "stub";
 constexpr std::string_view hduWord = "hdu";
 constexpr std::string_view hwWord = "hw";
 
-constexpr std::array<NamedValue, 1> simulatorOptions{{{"-memsize", 0}}};
+constexpr ValueForm memorySizeForm = number("simMemSize");
+
+void describeMemorySize(CommandOption &option) {
+  describeOptionValue(option, memorySizeForm);
+}
+
+struct SimulatorOption {
+  std::string_view keyword;
+  DescribeOption describe;
+};
+
+constexpr std::array<SimulatorOption, 1> simulatorOptions{
+    {{"-memsize", describeMemorySize}}};
 
 /// The memory size is the last thing that is read; further words are ignored. A
 /// value word in place of the option is, too.
@@ -51,7 +64,7 @@ int readLumacoreSimulator(WordCursor<Observer> &cursor, EngineImp &imp) {
     cursor.observer.missing(CommandFaultKind::missingValue);
     return code::refused;
   }
-  cursor.observer.sets(number("simMemSize"));
+  cursor.observer.sets(memorySizeForm);
   record.simMemSize = lowBits<std::uint32_t>(toUnsigned(size));
   return code::done;
 }
@@ -60,22 +73,24 @@ template <class Observer> struct Connection {
   std::string_view keyword;
   Engine::ConnectionType type;
   Reader<Observer> read;
+  const char *optionSet;
 };
 
 template <class Observer>
 constexpr std::array<Connection<Observer>, 3> lumacoreConnections{{
-    {simWord, Engine::CONNECT_SIM, readLumacoreSimulator},
-    {stubWord, Engine::CONNECT_STUB, readOptions},
-    {hduWord, Engine::CONNECT_HW, readOptions},
+    {simWord, Engine::CONNECT_SIM, readLumacoreSimulator,
+     lumacoreSimulatorOptions},
+    {stubWord, Engine::CONNECT_STUB, readOptions, processorOptions},
+    {hduWord, Engine::CONNECT_HW, readOptions, processorOptions},
 }};
 template <class Observer>
 constexpr std::array<Connection<Observer>, 2> ppcConnections{{
-    {simWord, Engine::CONNECT_SIM, readPpcSimulator},
-    {hwWord, Engine::CONNECT_HW, readOptions},
+    {simWord, Engine::CONNECT_SIM, readPpcSimulator, ppcSimulatorOptions},
+    {hwWord, Engine::CONNECT_HW, readOptions, processorOptions},
 }};
 template <class Observer>
 constexpr std::array<Connection<Observer>, 1> armConnections{{
-    {hwWord, Engine::CONNECT_HW, readOptions},
+    {hwWord, Engine::CONNECT_HW, readOptions, processorOptions},
 }};
 
 /// When a command without a design tells which processor it is for. A PowerPC's
@@ -143,6 +158,13 @@ int readTarget(WordCursor<Observer> &cursor, EngineImp &imp,
   if (identity.comes == IdentityComes::afterOptions)
     identify(record, identity);
   return code::done;
+}
+
+template <class Rows>
+void describeConnections(CommandTarget &target, const Rows &connections) {
+  for (const auto &row : connections)
+    target.connections.push_back(
+        {std::string(row.keyword), row.type, row.optionSet});
 }
 
 /// Cable and chain, then the debug device.
@@ -213,6 +235,22 @@ template int readArmR5(WordCursor<NoObserver> &, EngineImp &);
 template int readArmR5(WordCursor<Recorder> &, EngineImp &);
 template int readDap(WordCursor<NoObserver> &, EngineImp &);
 template int readDap(WordCursor<Recorder> &, EngineImp &);
+
+void describeLumacore(CommandTarget &target) {
+  describeConnections(target, lumacoreConnections<NoObserver>);
+}
+
+void describePpc(CommandTarget &target) {
+  describeConnections(target, ppcConnections<NoObserver>);
+}
+
+void describeArm(CommandTarget &target) {
+  describeConnections(target, armConnections<NoObserver>);
+}
+
+CommandOptionSet describeLumacoreSimulatorOptions() {
+  return describeOptions(lumacoreSimulatorOptions, simulatorOptions);
+}
 
 } // namespace kvo
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Numbers.h"
 #include "KvoOption_Parser/Readers.h"
@@ -25,6 +26,7 @@ template <class Observer> struct SimulatorOption {
   std::string_view keyword;
   int (*read)(WordCursor<Observer> &cursor, std::string_view &value,
               EngineImp &imp);
+  DescribeOption describe;
 };
 
 /// Reads options to the end of the text. The message about an unknown one

@@ -1,4 +1,5 @@
 // "-comm", "-port", "-baud" and "-timeout": the line of a stub, one value each.
+#include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
 #include "ZelDebugDialog/Engine.h"
@@ -64,6 +65,12 @@ template int readStubLine(WordCursor<NoObserver> &, std::string_view,
                           EngineImp &);
 template int readStubLine(WordCursor<Recorder> &, std::string_view,
                           EngineImp &);
+
+void describeStubLine(CommandOption &option) {
+  for (const auto &parameter : parameters)
+    if (option.keyword == parameter.keyword)
+      describeOptionValue(option, parameter.form);
+}
 
 } // namespace kvo
 

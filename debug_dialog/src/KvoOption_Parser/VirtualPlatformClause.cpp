@@ -20,12 +20,24 @@ constexpr std::array<NamedValue, 1> vpTargets{{{lumacoreTarget, typeLumacore}}};
 constexpr std::array<NamedValue, 1> configModes{{{cycleApproximateWord, 1}}};
 constexpr std::int32_t defaultPort = 2340;
 
+constexpr ValueForm configForm =
+    oneOf(configModes, "vpConfigMode cycleApproximate");
+constexpr ValueForm ipcPortForm = hostAndPort("simIpcHost simIpcPort");
+
+void describeConfig(CommandOption &option) {
+  describeOptionValue(option, configForm);
+}
+
+void describeIpcPort(CommandOption &option) {
+  describeOptionValue(option, ipcPortForm);
+}
+
 template <class Observer>
 int readConfig(WordCursor<Observer> &cursor, std::string_view &value,
                EngineImp &imp) {
   if (cursor.nextValue(value) != code::value)
     return code::refused;
-  cursor.observer.sets(oneOf(configModes, "vpConfigMode cycleApproximate"));
+  cursor.observer.sets(configForm);
   if (findRow(configModes, value, cursor.characters) == nullptr) {
     cursor.observer.fault(CommandFaultKind::refusedValue, configModes);
     return code::refused;
@@ -40,7 +52,7 @@ int readIpcPort(WordCursor<Observer> &cursor, std::string_view &value,
                 EngineImp &imp) {
   if (cursor.nextValue(value) != code::value)
     return code::refused;
-  cursor.observer.sets(hostAndPort("simIpcHost simIpcPort"));
+  cursor.observer.sets(ipcPortForm);
   ProcessorInfoImp &record = currentRecord(imp);
   storeIpcPort(value, record.simIpcHost, record.simIpcPort, defaultPort);
   return code::done;
@@ -48,8 +60,8 @@ int readIpcPort(WordCursor<Observer> &cursor, std::string_view &value,
 
 template <class Observer>
 constexpr std::array<SimulatorOption<Observer>, 2> options{{
-    {configOption, readConfig},
-    {ipcPortOption, readIpcPort},
+    {configOption, readConfig, describeConfig},
+    {ipcPortOption, readIpcPort, describeIpcPort},
 }};
 
 } // namespace
@@ -83,6 +95,10 @@ int readVirtualPlatform(WordCursor<Observer> &cursor, EngineImp &imp) {
 
 template int readVirtualPlatform(WordCursor<NoObserver> &, EngineImp &);
 template int readVirtualPlatform(WordCursor<Recorder> &, EngineImp &);
+
+CommandOptionSet describeVirtualPlatformOptions() {
+  return describeOptions(virtualPlatformOptions, options<NoObserver>);
+}
 
 } // namespace kvo
 
