@@ -3,6 +3,7 @@
 //
 // The marker is written as "jtagpin cpujtag" and read as "jtagport cpu": what
 // is written for it is refused when it is read back.
+#include <cassert>
 #include <memory>
 
 #include "KvoOption_Parser/Descriptions.h"
@@ -118,8 +119,10 @@ void writeChain(std::string &out, const EngineImp &imp) {
     appendWord(out, configDeviceOption);
     out += " jtagpin cpujtag";
   }
-  for (const JtagOption *const device : imp.jtagChain)
+  for (const JtagOption *const device : imp.jtagChain) {
+    assert(device != nullptr && "a chain has no null records");
     writeDevice(out, *device);
+  }
 }
 
 void describeConfigDevice(CommandOption &option) {

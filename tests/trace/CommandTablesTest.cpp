@@ -1,0 +1,242 @@
+// What the tables list is accepted, and what they don't list is refused.
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "ZelDebugDialog/CableCatalogue.h"
+#include "ZelDebugDialog/CommandTables.h"
+#include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+
+namespace ZelDebugDialog::test {
+
+namespace {
+
+int read(const std::string &command) {
+  Engine engine;
+  EngineImp &imp = *engine.GetProcessorList(nullptr);
+  ProcessorInfoImp record;
+  imp.currentProcessor = &record;
+  const int result = KvoOption_Parser::ReadKvoCommand(command, imp);
+  ReleaseChainRecords(imp.jtagChain);
+  return result;
+}
+
+/// A value that every parameter without a list of words takes; a region's
+/// address has to be aligned.
+std::string anyValue(const CommandValue &value) {
+  return value.words.empty() ? "0x10000" : value.words.front();
+}
+
+/// Calls `visit` with a command up to the place where the options of each set
+/// begin.
+void eachOptionSet(const CommandTables &tables,
+                   const std::function<void(const std::string &,
+                                            const std::string &)> &visit) {
+  for (const CommandHead &head : tables.heads)
+    for (const CommandTarget &target : head.targets) {
+      const std::string begin = head.keyword + " " + target.keyword;
+      if (target.connections.empty())
+        visit(begin, target.optionSet);
+      for (const CommandConnection &connection : target.connections)
+        visit(begin + " " + connection.keyword, connection.optionSet);
+    }
+}
+
+const CommandOptionSet &setNamed(const CommandTables &tables,
+                                 const std::string &name) {
+  for (const CommandOptionSet &set : tables.optionSets)
+    if (set.name == name)
+      return set;
+  ADD_FAILURE() << "no option set " << name;
+  static const CommandOptionSet none;
+  return none;
+}
+
+bool lists(const std::vector<std::string> &words, const std::string &word) {
+  for (const std::string &listed : words)
+    if (listed == word)
+      return true;
+  return false;
+}
+
+} // namespace
+
+TEST(CommandTables, ListTheWordsThatBeginACommand) {
+  std::vector<std::string> heads;
+  std::vector<std::string> inFiles;
+  for (const CommandHead &head : GetCommandTables().heads) {
+    heads.push_back(head.keyword);
+    if (head.inOptionFile)
+      inFiles.push_back(head.keyword);
+  }
+  EXPECT_EQ(heads, (std::vector<std::string>{"connect", "kconnect", "vpconnect",
+                                             "kvpconnect"}));
+  EXPECT_EQ(inFiles, (std::vector<std::string>{"connect", "vpconnect"}));
+}
+
+TEST(CommandTables, ListTheTargets) {
+  const CommandTables tables = GetCommandTables();
+  std::vector<std::string> targets;
+  std::vector<std::string> inFiles;
+  for (const CommandTarget &target : tables.heads[0].targets) {
+    targets.push_back(target.keyword);
+    if (target.inOptionFile)
+      inFiles.push_back(target.keyword);
+  }
+  EXPECT_EQ(targets, (std::vector<std::string>{"lc", "ppc", "arm", "r5", "hdu",
+                                               "dap", "dcc", "kmtc"}));
+  EXPECT_EQ(inFiles, (std::vector<std::string>{"lc", "ppc", "arm", "r5"}));
+  ASSERT_EQ(tables.heads[2].targets.size(), 1U);
+  EXPECT_EQ(tables.heads[2].targets[0].keyword, "lc");
+}
+
+TEST(CommandTables, EveryWayToConnectIsAcceptedAndItsNearMissRefused) {
+  int ways = 0;
+  const CommandTables tables = GetCommandTables();
+  eachOptionSet(tables, [&](const std::string &begin, const std::string &set) {
+    SCOPED_TRACE(begin);
+    EXPECT_EQ(read(begin), 0);
+    EXPECT_EQ(read(begin + "x"), 3);
+    EXPECT_FALSE(setNamed(tables, set).options.empty());
+    ++ways;
+  });
+  // lc 3, ppc 2, arm, r5, dap, hdu, dcc, kmtc for two heads, lc for two others
+  EXPECT_EQ(ways, 2 * 11 + 2);
+}
+
+TEST(CommandTables, EveryOptionIsAcceptedAndWhatNoSetListsIsRefused) {
+  const CommandTables tables = GetCommandTables();
+  eachOptionSet(tables, [&](const std::string &begin, const std::string &name) {
+    const CommandOptionSet &set = setNamed(tables, name);
+    std::vector<std::string> keywords;
+    for (const CommandOption &option : set.options) {
+      keywords.push_back(option.keyword);
+      std::string command = begin + " " + option.keyword;
+      if (option.takesValue)
+        command += " " + anyValue(option.value);
+      SCOPED_TRACE(command);
+      EXPECT_EQ(read(command), 0);
+      EXPECT_EQ(read(begin + " " + option.keyword + "x 1"), 3);
+    }
+    for (const CommandOptionSet &other : tables.optionSets)
+      for (const CommandOption &option : other.options)
+        if (!lists(keywords, option.keyword)) {
+          SCOPED_TRACE(begin + " " + option.keyword);
+          EXPECT_EQ(read(begin + " " + option.keyword + " 1"), 3);
+        }
+  });
+}
+
+TEST(CommandTables, EveryParameterAndNamedValueIsAcceptedAndNearMissesRefused) {
+  const CommandTables tables = GetCommandTables();
+  int parameters = 0;
+  eachOptionSet(tables, [&](const std::string &begin, const std::string &name) {
+    if (name == "PowerPC simulator")
+      return; // does not examine its clauses
+    for (const CommandOption &option : setNamed(tables, name).options)
+      for (const CommandParameter &parameter : option.parameters) {
+        const std::string clause =
+            begin + " " + option.keyword + " " + parameter.keyword;
+        SCOPED_TRACE(clause);
+        const bool isFrequency = parameter.keyword == "frequency";
+        const bool isCableType =
+            option.keyword == "-cable" && parameter.keyword == "type";
+        if (!isFrequency) {
+          EXPECT_EQ(read(clause + " " + anyValue(parameter.value)), 0);
+        }
+        EXPECT_EQ(read(clause + "x 1"), 3);
+        EXPECT_EQ(read(clause), 3);
+        for (const std::string &word : parameter.value.words) {
+          const std::string module =
+              isCableType && word == "quorla_plugin" ? " modulename m" : "";
+          EXPECT_EQ(read(clause + " " + word + module), 0) << word;
+          EXPECT_EQ(read(clause + " " + word + "x"), 3) << word;
+        }
+        ++parameters;
+      }
+  });
+  // processor: 18 + 2 + 8 + 8, for seven ways to connect of two heads; hdu 34,
+  // dcc 26, kmtc 34
+  EXPECT_EQ(parameters, 2 * (6 * 36 + 34 + 26 + 34));
+}
+
+TEST(CommandTables, OptionsWithNamedValuesRefuseOthers) {
+  const CommandTables tables = GetCommandTables();
+  eachOptionSet(tables, [&](const std::string &begin, const std::string &name) {
+    for (const CommandOption &option : setNamed(tables, name).options) {
+      for (const std::string &word : option.value.words) {
+        const std::string clause = begin + " " + option.keyword + " " + word;
+        SCOPED_TRACE(clause);
+        EXPECT_EQ(read(clause), 0);
+        EXPECT_EQ(read(clause + "x"), 3);
+      }
+    }
+  });
+}
+
+TEST(CommandTables, CablesAgreeWithTheCatalogueAndTheReader) {
+  const CommandTables tables = GetCommandTables();
+  ASSERT_EQ(tables.cables.size(), 7U);
+  for (const CommandCable &cable : tables.cables) {
+    SCOPED_TRACE(cable.type);
+    EXPECT_EQ(cable.defaultFrequency, setcable_default_frequency(cable.type));
+    EXPECT_EQ(cable.defaultPort, setcable_default_port(cable.type));
+    std::string offered;
+    for (const std::uint32_t frequency : cable.offeredFrequencies)
+      offered += (offered.empty() ? "" : " ") + std::to_string(frequency);
+    EXPECT_EQ(offered.empty() ? "0" : offered,
+              getcable_supported_frequency(cable.type));
+    for (const std::string &keyword : cable.keywords)
+      for (const std::uint32_t frequency : cable.acceptedFrequencies) {
+        const std::string clause =
+            "connect lc hdu -cable type " + keyword + " frequency ";
+        EXPECT_EQ(read(clause + std::to_string(frequency)), 0);
+        EXPECT_EQ(read(clause + std::to_string(frequency + 1)), 3);
+      }
+  }
+}
+
+TEST(CommandTables, SayWhichCablesAreReadAndWritten) {
+  struct Row {
+    Engine::CableType type;
+    std::vector<std::string> keywords;
+    const char *written;
+  };
+  const std::vector<Row> rows{
+      {Engine::QUORLA_SVFFILE, {}, ""},
+      {Engine::QUORLA_PARALLEL4,
+       {"quorla_parallel", "quorla_parallel4"},
+       "quorla_parallel"},
+      {Engine::QUORLA_PODUSB, {"quorla_podusb"}, "quorla_podusb"},
+      {Engine::QUORLA_PARALLEL3, {"quorla_parallel3"}, "quorla_parallel3"},
+      {Engine::QUORLA_PLUGIN, {"quorla_plugin"}, "quorla_plugin"},
+      {Engine::DIGILENT_PLUGIN, {"digilent_plugin"}, "digilent_plugin"},
+      {Engine::QUORLA_TCF, {"quorla_tcf"}, ""},
+  };
+  const CommandTables tables = GetCommandTables();
+  ASSERT_EQ(tables.cables.size(), rows.size());
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    SCOPED_TRACE(i);
+    EXPECT_EQ(tables.cables[i].type, rows[i].type);
+    EXPECT_EQ(tables.cables[i].keywords, rows[i].keywords);
+    EXPECT_EQ(tables.cables[i].written, rows[i].written);
+  }
+}
+
+TEST(CommandTables, NameTheSettingsOfOptionsAndTheSetsBehindThem) {
+  const CommandTables tables = GetCommandTables();
+  for (const CommandOption &option : setNamed(tables, "processor").options)
+    if (option.keyword == "-sim") {
+      EXPECT_EQ(option.optionSet, "ModelSim");
+      EXPECT_EQ(option.changes, std::vector<std::string>{"modelSimMode"});
+    } else {
+      EXPECT_EQ(option.optionSet, "") << option.keyword;
+    }
+  EXPECT_EQ(setNamed(tables, "hdu").options[0].changes,
+            std::vector<std::string>{"uartOverHdu"});
+  EXPECT_EQ(setNamed(tables, "kmtc").options[2].parameters[2].value.fields,
+            std::vector<std::string>{"chain[n].idcode"});
+}
+
+} // namespace ZelDebugDialog::test

@@ -1,0 +1,426 @@
+// Tracing reads as reading does, and tells what was wrong.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+#include <stdexcept>
+
+#include "HHSMHwManager.h"
+#include "ZelDebugDialog/CommandTrace.h"
+#include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+#include "trace/Corpus.h"
+#include "trace/StateText.h"
+
+namespace ZelDebugDialog::test {
+
+namespace {
+
+/// An engine with one processor of its own.
+class Dialog {
+public:
+  Dialog() : imp(*engine.GetProcessorList(nullptr)) {
+    imp.currentProcessor = &record;
+  }
+  ~Dialog() {
+    ReleaseChainRecords(imp.jtagChain);
+    imp.currentProcessor = nullptr;
+  }
+  Dialog(const Dialog &) = delete;
+  Dialog &operator=(const Dialog &) = delete;
+
+  std::string error() {
+    std::string text;
+    engine.GetErrorStr(text);
+    return text;
+  }
+
+  Engine engine;
+  EngineImp &imp;
+  ProcessorInfoImp record;
+};
+
+/// What reading leaves behind.
+struct Outcome {
+  std::optional<int> result; // none: it raised the out-of-range error
+  std::map<std::string, std::string> settings;
+  std::string error;
+  std::string connectCommand;
+  std::string currentOption;
+
+  bool operator==(const Outcome &other) const {
+    return result == other.result && settings == other.settings &&
+           error == other.error && connectCommand == other.connectCommand &&
+           currentOption == other.currentOption;
+  }
+};
+
+template <class Read> Outcome outcomeOf(const Read &read) {
+  Dialog dialog;
+  dialog.engine.SetErrorStr("an earlier message");
+  KvoOption_Parser::current_option = "-earlier";
+  Outcome outcome;
+  try {
+    outcome.result = read(dialog.imp);
+  } catch (const std::out_of_range &) {
+  }
+  outcome.settings = settingsOf(dialog.imp);
+  outcome.error = dialog.error();
+  outcome.connectCommand = dialog.record.connectCommand;
+  outcome.currentOption = KvoOption_Parser::current_option;
+  return outcome;
+}
+
+std::vector<std::string> allCommands() {
+  std::vector<std::string> commands = acceptedCommands;
+  commands.insert(commands.end(), refusedCommands.begin(),
+                  refusedCommands.end());
+  commands.insert(commands.end(), commandsWithLoneDash.begin(),
+                  commandsWithLoneDash.end());
+  return commands;
+}
+
+CommandTrace traceOf(const std::string &command,
+                     AfterFault after = AfterFault::stop) {
+  Dialog dialog;
+  CommandTrace trace;
+  try {
+    TraceKvoCommand(command, dialog.imp, trace, after);
+  } catch (const std::out_of_range &) {
+  }
+  return trace;
+}
+
+std::string wordAt(const std::string &command, const CommandTrace &trace,
+                   std::size_t index) {
+  if (index >= trace.words.size())
+    return "<end>";
+  return command.substr(trace.words[index].offset, trace.words[index].length);
+}
+
+} // namespace
+
+TEST(CommandTrace, LeavesWhatReadingLeaves) {
+  for (const std::string &command : allCommands()) {
+    SCOPED_TRACE(command);
+    CommandTrace trace;
+    const Outcome read = outcomeOf([&](EngineImp &imp) {
+      return KvoOption_Parser::ReadKvoCommand(command, imp);
+    });
+    const Outcome traced = outcomeOf([&](EngineImp &imp) {
+      return TraceKvoCommand(command, imp, trace, AfterFault::stop);
+    });
+    EXPECT_TRUE(read == traced);
+    EXPECT_EQ(read.error, traced.error);
+    EXPECT_EQ(read.settings, traced.settings);
+  }
+}
+
+TEST(CommandTrace, LeavesAnEarlierMessageWhereReadingHasNone) {
+  const auto keep = [](EngineImp &imp) {
+    CommandTrace trace;
+    return TraceKvoCommand("connect lc stub -comm can", imp, trace,
+                           AfterFault::stop);
+  };
+  EXPECT_EQ(outcomeOf(keep).error, "an earlier message");
+}
+
+TEST(CommandTrace, WorksWithoutAnEngineForMessages) {
+  EngineImp imp;
+  ProcessorInfoImp record;
+  imp.currentProcessor = &record;
+  CommandTrace trace;
+  EXPECT_EQ(
+      TraceKvoCommand("connect lc hdu -foo", imp, trace, AfterFault::stop), 3);
+  ASSERT_EQ(trace.faults.size(), 1U);
+  EXPECT_EQ(trace.faults[0].message, "");
+}
+
+TEST(CommandTrace, DropsWhatATraceHeld) {
+  Dialog dialog;
+  CommandTrace trace;
+  TraceKvoCommand("connect nothing", dialog.imp, trace, AfterFault::stop);
+  TraceKvoCommand("connect lc hdu", dialog.imp, trace, AfterFault::stop);
+  EXPECT_EQ(trace.words.size(), 3U);
+  EXPECT_TRUE(trace.faults.empty());
+}
+
+TEST(CommandTrace, HasAFaultForEachRefusedCommandAndSaysWhichWord) {
+  using Kind = CommandFaultKind;
+  struct Row {
+    const char *command;
+    Kind kind;
+    const char *word;
+    const char *message;
+    std::vector<std::string> accepted;
+    std::size_t faults = 1;
+  };
+  const std::vector<std::string> heads{"connect", "kconnect", "vpconnect",
+                                       "kvpconnect"};
+  const std::vector<std::string> targets{"lc",  "ppc", "arm", "r5",
+                                         "hdu", "dap", "dcc", "kmtc"};
+  const std::vector<std::string> registers{"USER1", "USER2", "USER3", "USER4"};
+  const std::vector<std::string> processorOptions{
+      "-debugdevice",  "-pfsl", "-quiet", "-noattach", "-writeonly",
+      "-cable",        "-comm", "-port",  "-baud",     "-timeout",
+      "-configdevice", "-sim",  "-bscan"};
+  const std::vector<std::string> cableParameters{
+      "type",      "port",  "esn",        "url",
+      "frequency", "fname", "modulename", "modulearg"};
+  const std::vector<Row> rows{
+      {"", Kind::missingHead, "<end>", "", heads},
+      {"reconnect lc", Kind::unknownHead, "reconnect", "", heads},
+      {"connect", Kind::missingTarget, "<end>", "", targets},
+      {"connect mips hw", Kind::unknownTarget, "mips", "", targets},
+      {"connect lc",
+       Kind::missingConnection,
+       "<end>",
+       "",
+       {"sim", "stub", "hdu"}},
+      {"connect ppc hdu", Kind::unknownConnection, "hdu", "", {"sim", "hw"}},
+      {"connect arm sim", Kind::unknownConnection, "sim", "", {"hw"}},
+      {"connect lc sim -mem 5", Kind::unknownOption, "-mem", "", {"-memsize"}},
+      {"connect lc sim -memsize", Kind::missingValue, "<end>", "", {}},
+      {"connect lc hdu value", Kind::notAnOption, "value", "", {}},
+      {"connect lc hdu -foo 1", Kind::unknownOption, "-foo",
+       "UNKNOWN Option '-foo'", processorOptions},
+      {"connect lc stub -comm can",
+       Kind::refusedValue,
+       "can",
+       "",
+       {"jtag", "serial"}},
+      {"connect lc stub -port -baud 5",
+       Kind::missingValue,
+       "-baud",
+       "",
+       {},
+       2}, // the 5 is no option
+      {"connect lc hdu -bscan USER5", Kind::refusedValue, "USER5", "",
+       registers},
+      {"connect lc hdu -bscan", Kind::missingValue, "<end>", "", registers},
+      {"connect lc hdu -pfsl type x",
+       Kind::refusedValue,
+       "x",
+       "UNKNOWN Parameter 'x' for  option 'type'",
+       {"m", "s", "ms"}},
+      {"connect lc hdu -pfsl speed 1",
+       Kind::unknownParameter,
+       "speed",
+       "UNKNOWN Parameter 'speed' for  option '-pfsl'",
+       {"port", "type"}},
+      {"connect lc hdu -cable type quorla_svffile",
+       Kind::refusedValue,
+       "quorla_svffile",
+       "Cable Type quorla_svffile is not supported in this release\n",
+       {"quorla_parallel", "quorla_parallel4", "quorla_podusb",
+        "quorla_parallel3", "quorla_plugin", "digilent_plugin", "quorla_tcf"}},
+      {"connect lc hdu -cable kind 1", Kind::unknownParameter, "kind",
+       "UNKNOWN Parameter 'kind' for  option '-cable'", cableParameters},
+      {"connect lc hdu -cable port", Kind::missingValue, "<end>", "", {}},
+      {"connect lc hdu -cable port -quiet",
+       Kind::missingValue,
+       "-quiet",
+       "",
+       {}},
+      {"connect lc hdu -cable type quorla_plugin",
+       Kind::missingModule,
+       "<end>",
+       "Plug-in Module NOT specified for Cable Type quorla_plugin",
+       {}},
+      {"connect lc hdu -cable frequency 7 type quorla_parallel3 port p",
+       Kind::refusedFrequency,
+       "7",
+       "UnSupported Quorla Parallel3 Cable Frequency - 7\n\t Supported "
+       "Frequencies: 200000",
+       {"200000"}},
+      {"connect lc hdu -cable type digilent_plugin frequency 1",
+       Kind::refusedFrequency,
+       "1",
+       "",
+       {}},
+      {"connect lc hdu -configdevice jtagport fpga",
+       Kind::refusedValue,
+       "fpga",
+       "",
+       {"cpu"}},
+      {"connect lc hdu -configdevice jtagpin cpujtag",
+       Kind::unknownParameter,
+       "jtagpin",
+       "UNKNOWN Parameter 'jtagpin' for option '-configDevice'",
+       {"jtagport", "devicenr", "idcode", "irlength", "partname", "isfpga",
+        "hardppc", "nppc"}},
+      {"connect lc hdu -sim -icf f",
+       Kind::unknownOption,
+       "-icf",
+       "UNKNOWN  ModelSim Option ''",
+       {"-ipcport", "-configdevice"}},
+      {"connect lc hdu -debugdevice fpuType xp",
+       Kind::refusedValue,
+       "xp",
+       "UNKNOWN Parameter 'xp' for  option 'fpuType'",
+       {"sp", "dp"}},
+      {"connect lc hdu -debugdevice proctype ppc603",
+       Kind::refusedValue,
+       "ppc603",
+       "",
+       {"ppc405", "ppc440"}},
+      {"connect ppc hw -debugdevice tlbStartAdr 0x18000",
+       Kind::refusedValue,
+       "0x18000",
+       "TLB Start Address should be aligned at 64k boundry",
+       {}},
+      {"connect ppc sim -ipcport h:1 -foo",
+       Kind::unknownOption,
+       "-foo",
+       "UNKNOWN  PowerPC Sim Option 'h:1'",
+       {"-icf", "-ipcport", "-debugdevice"}},
+      {"connect ppc sim -icf -ipcport h:1", Kind::notAnOption, "h:1", "", {}},
+      {"connect ppc sim -debugdevice devicenr 1 -ipcport h:1",
+       Kind::notAnOption,
+       "h:1",
+       "",
+       {}},
+      {"connect hdu -uart -foo",
+       Kind::unknownOption,
+       "-foo",
+       "UNKNOWN Option '-foo'",
+       {"-uart", "-bscan", "-debugdevice", "-cable", "-configdevice"}},
+      {"connect dcc -bscan USER1",
+       Kind::unknownOption,
+       "-bscan",
+       "UNKNOWN Option ''",
+       {"-uart", "-debugdevice", "-cable"}},
+      {"connect kmtc -uart",
+       Kind::unknownOption,
+       "-uart",
+       "UNKNOWN Option ''",
+       {"-debugdevice", "-cable", "-configdevice"}},
+      {"vpconnect", Kind::missingTarget, "<end>", "", {"lc"}},
+      {"vpconnect ppc", Kind::unknownTarget, "ppc", "", {"lc"}},
+      {"vpconnect lc -config exact",
+       Kind::refusedValue,
+       "exact",
+       "",
+       {"cycle_approximate"}},
+      {"vpconnect lc -ipcport", Kind::missingValue, "<end>", "", {}},
+      {"vpconnect lc -foo",
+       Kind::unknownOption,
+       "-foo",
+       "UNKNOWN virtual platform Option 'lc'",
+       {"-config", "-ipcport"}},
+      {"connect lc hdu -cable port -", Kind::loneDash, "-", "", {}},
+  };
+  for (const Row &row : rows) {
+    SCOPED_TRACE(row.command);
+    const CommandTrace trace = traceOf(row.command);
+    ASSERT_EQ(trace.faults.size(), row.faults);
+    const CommandFault &fault = trace.faults[0];
+    EXPECT_EQ(fault.kind, row.kind);
+    EXPECT_EQ(wordAt(row.command, trace, fault.word), row.word);
+    EXPECT_EQ(fault.message, row.message);
+    EXPECT_EQ(fault.accepted, row.accepted);
+  }
+}
+
+TEST(CommandTrace, NamesAMissingSvfFile) {
+  Dialog dialog;
+  dialog.engine.SetCableType(Engine::QUORLA_SVFFILE);
+  CommandTrace trace;
+  EXPECT_EQ(TraceKvoCommand("connect lc hdu -cable port p", dialog.imp, trace,
+                            AfterFault::stop),
+            3);
+  ASSERT_EQ(trace.faults.size(), 1U);
+  EXPECT_EQ(trace.faults[0].kind, CommandFaultKind::missingSvfFile);
+  EXPECT_EQ(trace.faults[0].message,
+            "SVF File NOT specified for Cable Type quorla_svffile");
+}
+
+TEST(CommandTrace, HasNoFaultInAnAcceptedCommandButThoseThatReadersOverlook) {
+  const std::vector<std::string> overlooked{
+      "connect lc stub -port", "connect lc stub -port -baud -quiet",
+      "connect ppc sim -ipcport :5 -ipcport",
+      "connect ppc sim -debugdevice fpuType none", "connect ppc sim -icf"};
+  for (const std::string &command : acceptedCommands) {
+    SCOPED_TRACE(command);
+    const bool isOverlooked = std::find(overlooked.begin(), overlooked.end(),
+                                        command) != overlooked.end();
+    EXPECT_EQ(traceOf(command).faults.size(), isOverlooked ? 1U : 0U);
+  }
+}
+
+TEST(CommandTrace, GoesOnAtTheNextOptionOfTheSetWithTheFault) {
+  struct Row {
+    const char *command;
+    std::vector<std::string> wordsAtFault;
+  };
+  const std::vector<Row> rows{
+      {"connect lc hdu -debugdevice foo 1 devicenr -cable type xx -uart "
+       "-configdevice devicenr 3 idcode 5 - -baud x -bscan user5 - q",
+       {"foo", "xx", "-uart", "-", "user5", "-"}},
+      {"connect lc hdu value value -foo value -quiet", {"value", "-foo"}},
+      {"connect hdu value -foo -uart value -bscan USER9 -cable type z",
+       {"value", "-foo", "value", "USER9", "z"}},
+      {"connect ppc sim value -foo -icf f g -ipcport h:1",
+       {"value", "-foo", "g"}},
+      {"vpconnect lc -foo 1 -config x -ipcport -ipcport h:1",
+       {"-foo", "x", "-ipcport"}},
+      {"connect lc hdu -sim -foo -configdevice x 1 -ipcport a", {"-foo", "x"}},
+      {"connect foo hdu -foo", {"foo"}},
+      {"connect lc foo -foo", {"foo"}},
+      {"connect lc hdu -quiet", {}},
+  };
+  for (const Row &row : rows) {
+    SCOPED_TRACE(row.command);
+    Dialog dialog;
+    CommandTrace trace;
+    const int result =
+        TraceKvoCommand(row.command, dialog.imp, trace, AfterFault::goOn);
+    EXPECT_EQ(result, row.wordsAtFault.empty() ? 0 : 3);
+    std::vector<std::string> words;
+    for (const CommandFault &fault : trace.faults)
+      words.push_back(wordAt(row.command, trace, fault.word));
+    EXPECT_EQ(words, row.wordsAtFault);
+  }
+}
+
+TEST(CommandTrace, ReadsLaterOptionsAfterAFault) {
+  Dialog dialog;
+  CommandTrace trace;
+  TraceKvoCommand("connect lc hdu -foo -debugdevice devicenr 7", dialog.imp,
+                  trace, AfterFault::goOn);
+  EXPECT_EQ(dialog.record.debugDevice, 7);
+}
+
+TEST(CommandTrace, SaysWhenTheDesignForbidsTheConnection) {
+  class EmptyDesign : public HHSMHwManager {
+  public:
+    void getProcessorInstances(std::vector<std::string> &, bool) override {}
+    void getIpInstances(std::vector<std::string> &, HwIpType) override {}
+    void getIpInstances(std::vector<std::string> &,
+                        const std::string &) override {}
+    std::string getIpName(const std::string &) override { return {}; }
+    void getHduConnectedProcessorList(std::vector<std::string> &,
+                                      const std::string &) override {}
+    void getPeripherals(std::vector<std::string> &,
+                        const std::string &) override {}
+    std::string getParameterValue(const std::string &,
+                                  const std::string &) override {
+      return {};
+    }
+  };
+  EmptyDesign design;
+  Dialog dialog;
+  dialog.imp.hwManager = &design;
+  dialog.record.connectionMask = 1;
+  for (const char *const command :
+       {"connect lc hdu", "connect ppc hw", "vpconnect lc"}) {
+    SCOPED_TRACE(command);
+    CommandTrace trace;
+    EXPECT_EQ(TraceKvoCommand(command, dialog.imp, trace, AfterFault::stop), 3);
+    ASSERT_EQ(trace.faults.size(), 1U);
+    EXPECT_EQ(trace.faults[0].kind, CommandFaultKind::connectionNotAllowed);
+    EXPECT_EQ(trace.faults[0].word, trace.words.size() - 1);
+  }
+}
+
+} // namespace ZelDebugDialog::test
