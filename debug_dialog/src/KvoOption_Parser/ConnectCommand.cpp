@@ -135,6 +135,7 @@ std::vector<CommandHead> describeHeads() {
   const CommandTarget platform{
       std::string(lumacoreTarget), true, {}, virtualPlatformOptions};
   std::vector<CommandHead> described;
+  described.reserve(heads.size());
   for (const Head &head : heads)
     described.push_back({std::string(head.keyword), head.inOptionFile,
                          head.isVirtualPlatform ? std::vector{platform} : all});

@@ -21,8 +21,9 @@ int readFlag(WordCursor<Observer> & /*cursor*/, EngineImp & /*imp*/) {
 
 template <class Observer>
 int readStubOption(WordCursor<Observer> &cursor, EngineImp &imp) {
-  const std::string option = KvoOption_Parser::current_option;
-  return readStubLine(cursor, option, imp);
+  // Reading a value leaves `current_option` as it is; reading another option in
+  // its place ends the clause.
+  return readStubLine(cursor, KvoOption_Parser::current_option, imp);
 }
 
 /// Who reads the word behind a clause: a clause without a fixed length runs

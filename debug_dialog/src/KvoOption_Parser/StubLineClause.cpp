@@ -76,10 +76,8 @@ void describeStubLine(CommandOption &option) {
 
 int KvoOption_Parser::parse_commoptions(std::string &command,
                                         std::string &option, EngineImp &imp) {
-  // A copy: the caller's string may be one that reading changes.
-  const std::string keyword = option;
   kvo::WordCursor<kvo::NoObserver> cursor(command);
-  return kvo::readStubLine(cursor, keyword, imp);
+  return kvo::readStubLine(cursor, option, imp);
 }
 
 int KvoOption_Parser::write_commoptions(std::string &out, EngineImp &imp) {

@@ -11,6 +11,7 @@ namespace ZelDebugDialog {
 class ScratchEngine {
 public:
   ScratchEngine();
+  ~ScratchEngine() = default;
   ScratchEngine(const ScratchEngine &) = delete;
   ScratchEngine &operator=(const ScratchEngine &) = delete;
 
