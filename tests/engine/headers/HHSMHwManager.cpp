@@ -1,0 +1,4 @@
+// Stands alone, and can be included again.
+#include "HHSMHwManager.h"
+
+#include "HHSMHwManager.h"

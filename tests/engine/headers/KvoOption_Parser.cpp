@@ -1,0 +1,4 @@
+// Stands alone, and can be included again.
+#include "ZelDebugDialog/KvoOption_Parser.h"
+
+#include "ZelDebugDialog/KvoOption_Parser.h"
