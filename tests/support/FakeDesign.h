@@ -22,10 +22,10 @@ public:
 
   /// Adds a debug module or controller with the processors attached to it.
   void addDebugModule(const std::string &instance, const std::string &typeName,
-                      const Names &processors) {
+                      const Names &attached) {
     instancesOfKind[HW_IP_DEBUG].push_back(instance);
     typeOf[instance] = typeName;
-    processorsOf[instance] = processors;
+    processorsOf[instance] = attached;
   }
 
   /// Attaches a peripheral to a processor.
