@@ -4,6 +4,10 @@
 // where the clause ends the text: in front of another option it is taken as it
 // is. QUORLA_TCF is read and checked, but there is no text to write for it.
 #include <algorithm>
+#include <string>
+#include <vector>
+
+#include <boost/algorithm/string/split.hpp>
 
 #include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
@@ -177,14 +181,12 @@ void writePluginCable(std::string &out, const CableOption &cable) {
   writeParameter(out, moduleWord, cable.moduleName);
   if (cable.moduleArgs.empty())
     return;
-  std::string_view rest = cable.moduleArgs;
-  for (;;) {
-    const std::size_t separator = rest.find(argumentSeparator);
-    writeParameter(out, argumentWord, rest.substr(0, separator));
-    if (separator == std::string_view::npos)
-      return;
-    rest.remove_prefix(separator + 1);
-  }
+  std::vector<std::string> arguments;
+  boost::algorithm::split(arguments, cable.moduleArgs, [](char character) {
+    return character == argumentSeparator;
+  });
+  for (const std::string &argument : arguments)
+    writeParameter(out, argumentWord, argument);
 }
 
 void describeCable(CommandOption &option) {

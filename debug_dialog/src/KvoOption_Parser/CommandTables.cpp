@@ -1,7 +1,8 @@
 #include "ZelDebugDialog/CommandTables.h"
 
-#include <algorithm>
 #include <utility>
+
+#include <boost/algorithm/string/split.hpp>
 
 #include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Numbers.h"
@@ -15,11 +16,9 @@ namespace {
 
 std::vector<std::string> split(std::string_view text) {
   std::vector<std::string> pieces;
-  while (!text.empty()) {
-    const std::size_t blank = std::min(text.find(' '), text.size());
-    pieces.emplace_back(text.substr(0, blank));
-    text.remove_prefix(std::min(blank + 1, text.size()));
-  }
+  if (!text.empty())
+    boost::algorithm::split(pieces, text,
+                            [](char character) { return character == ' '; });
   return pieces;
 }
 
