@@ -1,0 +1,387 @@
+// What is written and read again: the same, but for the losses that
+// docs/round-trip.md names, each of which is met here.
+#include <algorithm>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <stdexcept>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "language/Bench.h"
+#include "language/RoundTripCase.h"
+#include "language/SmallDesign.h"
+#include "language/WorkingFolder.h"
+
+namespace {
+
+using namespace std::string_literals;
+using namespace LanguageTest;
+using ZelDebugDialog::CableOption;
+using ZelDebugDialog::Engine;
+using ZelDebugDialog::EngineImp;
+using ZelDebugDialog::JtagOption;
+using ZelDebugDialog::KvoOption_Parser;
+using ZelDebugDialog::ProcessorInfo;
+using ZelDebugDialog::ProcessorInfoImp;
+
+constexpr std::uint64_t kSeed = 20260419;
+constexpr std::size_t kCases = 100000;
+constexpr std::size_t kFileCases = 2000;
+constexpr int kShownFailures = 10;
+
+auto tied(const ProcessorInfoImp &r) {
+  return std::tie(
+      r.instanceName, r.procFamily, r.procType, r.connectionMask, r.cpuNr,
+      r.connectionType, r.simMemSize, r.ppcSimConfigFile, r.simIpcHost,
+      r.simIpcPort, r.vpConfigMode, r.cycleApproximate, r.stubType,
+      r.stubSerialPort, r.stubBaudRate, r.stubTimeout, r.debugDevice,
+      r.debugAddressMap, r.isocmStartAdr, r.isocmSize, r.isocmDcrStartAdr,
+      r.icacheStartAdr, r.dcacheStartAdr, r.itagStartAdr, r.dtagStartAdr,
+      r.tlbStartAdr, r.dcrStartAdr, r.fpuType, r.cpu_version, r.hdu_version,
+      r.nCpu, r.romemStartAdr, r.romemSize, r.svfFileFlag, r.modelSimMode,
+      r.modelSimHost, r.modelSimPort, r.uartOverHdu, r.bscanUserReg);
+}
+auto tied(const CableOption &c) {
+  return std::tie(c.cableType, c.frequency, c.port, c.esn, c.svfFile,
+                  c.moduleName, c.moduleArgs, c.url);
+}
+auto tied(const JtagOption &d) {
+  return std::tie(d.partname, d.idcode, d.irlength, d.devicenr, d.isfpga,
+                  d.hardppc, d.nppc);
+}
+
+/// One engine for many configurations.
+class Desk {
+public:
+  Desk() : imp(*engine.GetProcessorList(nullptr)) {
+    imp.currentProcessor = &record;
+  }
+  ~Desk() { clear(); }
+  Desk(const Desk &) = delete;
+  Desk &operator=(const Desk &) = delete;
+
+  void clear() {
+    ReleaseChainRecords(imp.jtagChain);
+    record = ProcessorInfoImp();
+    imp.EngineImpInit();
+    imp.hwManager = nullptr;
+  }
+  void load(const Configuration &configuration) {
+    clear();
+    record = configuration.record;
+    *imp.cableOption = configuration.cable;
+    imp.cpuJtag = configuration.cpuJtag;
+    for (const JtagOption &device : configuration.chain)
+      imp.jtagChain.push_back(new JtagOption(device));
+  }
+  /// Ready to read for a processor by itself, or for this one of a design.
+  void prepare(const RoundTripCase &roundTrip) {
+    clear();
+    if (!roundTrip.underDesign)
+      return;
+    const ProcessorInfoImp &same = roundTrip.written.record;
+    record.instanceName = same.instanceName;
+    record.procFamily = same.procFamily;
+    record.procType = same.procType;
+    record.connectionMask = same.connectionMask;
+    record.cpuNr = same.cpuNr;
+    imp.hwManager = silentDesign();
+  }
+  bool holds(const Configuration &configuration) const {
+    return tied(record) == tied(configuration.record) &&
+           tied(*imp.cableOption) == tied(configuration.cable) &&
+           imp.cpuJtag == configuration.cpuJtag &&
+           std::equal(imp.jtagChain.begin(), imp.jtagChain.end(),
+                      configuration.chain.begin(), configuration.chain.end(),
+                      [](const JtagOption *left, const JtagOption &right) {
+                        return tied(*left) == tied(right);
+                      });
+  }
+
+  Engine engine;
+  EngineImp &imp;
+  ProcessorInfoImp record;
+};
+
+int read(const std::string &text, EngineImp &imp) {
+  try {
+    return KvoOption_Parser::ReadKvoCommand(text, imp);
+  } catch (const std::out_of_range &) {
+    return kThrows;
+  }
+}
+
+/// `text` without its ISOCM piece.
+std::string withoutIsocm(const std::string &text,
+                         const ProcessorInfoImp &record) {
+  char piece[200];
+  std::snprintf(piece, sizeof piece,
+                " isocmStartAdr 0x%x isocmSize %d  isocmDcrStartAdr 0x%x",
+                record.isocmStartAdr, static_cast<int>(record.isocmSize),
+                record.isocmDcrStartAdr);
+  std::string rest = text;
+  rest.erase(rest.find(piece), std::string(piece).size());
+  const std::string option = " -debugdevice";
+  if (rest.size() >= option.size() &&
+      rest.compare(rest.size() - option.size(), option.size(), option) == 0)
+    rest.erase(rest.size() - option.size());
+  return rest;
+}
+
+/// Everything is run once; each test looks at a part of what came of it.
+class RoundTrips {
+public:
+  static const RoundTrips &all() {
+    static const RoundTrips once;
+    return once;
+  }
+
+  Losses losses;
+  std::map<std::string, std::vector<std::size_t>> limits;
+  std::size_t same = 0; ///< Read back, with or without losses.
+  std::vector<std::string> faults;
+
+private:
+  RoundTrips() {
+    CaseMaker maker(kSeed);
+    for (std::size_t number = 0; number < kCases; ++number)
+      goAround(number, maker.next());
+    limits = maker.limits();
+    goThroughFiles();
+    takeFpuFromDesign();
+    comeBackAsOtherTargets();
+    startOnHardwareThatIsNotAllowed();
+  }
+
+  void fault(const std::string &text) { faults.push_back(text); }
+  void expect(bool holds, const std::string &text) {
+    if (!holds)
+      fault(text);
+  }
+
+  void goAround(std::size_t number, const RoundTripCase &roundTrip) {
+    const Prediction prediction = predict(roundTrip, losses);
+    desk.load(roundTrip.written);
+    desk.record.connectCommand = "before";
+    std::string text = "before";
+    const int written = KvoOption_Parser::WriteKvoCmdString(desk.imp, text);
+    const std::string where =
+        "case " + std::to_string(number) + " \"" + printable(text) + "\": ";
+    if (prediction.kind == Prediction::Kind::NoCommand) {
+      losses.count(prediction.cause);
+      return expect(written == 1 && text == "before" &&
+                        desk.record.connectCommand == "before",
+                    where + "a command where there is none");
+    }
+    expect(written == 0 && desk.record.connectCommand == text,
+           where + "no command");
+    expect(desk.holds(roundTrip.written), where + "changed by writing");
+
+    desk.prepare(roundTrip);
+    const int code = read(text, desk.imp);
+    expect(desk.record.connectCommand == text, where + "not stored");
+    if (prediction.kind == Prediction::Kind::Refused) {
+      losses.count(prediction.cause);
+      return expect(code == 3,
+                    where + "read, in spite of " + nameOf(prediction.cause));
+    }
+    if (prediction.kind == Prediction::Kind::Unsettled) {
+      if (code != 0 || !desk.holds(roundTrip.written))
+        losses.count(prediction.cause);
+      return;
+    }
+    if (code != 0)
+      return fault(where + "not read");
+    ++same;
+    if (!desk.holds(prediction.result))
+      return fault(where + differences(prediction.result));
+    std::string again;
+    expect(KvoOption_Parser::WriteKvoCmdString(desk.imp, again) == 0,
+           where + "not written again");
+    const std::string stable =
+        prediction.dropsIsocm ? withoutIsocm(text, roundTrip.written.record)
+                              : text;
+    expect(again == stable,
+           where + "written again as \"" + printable(again) + "\"");
+  }
+
+  static std::string nameOf(Loss loss) {
+    return kLossIds[static_cast<std::size_t>(loss)];
+  }
+
+  std::string differences(const Configuration &expected) {
+    Desk other;
+    other.load(expected);
+    return "instead of what was expected: " +
+           changesBetween(settingsOf(other.imp), settingsOf(desk.imp));
+  }
+
+  /// A file is read as the command on its line.
+  void goThroughFiles() {
+    const WorkingFolder folder;
+    CaseMaker maker(kSeed + 1);
+    Desk fileDesk;
+    for (std::size_t number = 0; number < kFileCases; ++number) {
+      RoundTripCase roundTrip = maker.next();
+      roundTrip.written.record.instanceName = "cpu";
+      desk.load(roundTrip.written);
+      if (desk.engine.Generate() != 0)
+        continue;
+      const std::string text = desk.record.connectCommand;
+      const std::string where =
+          "file " + std::to_string(number) + " \"" + printable(text) + "\": ";
+      expect(WorkingFolder::contentOf(folder.optionFile("cpu")) == text,
+             where + "another text in the file");
+      const std::string line = lineOf(text);
+      desk.prepare(roundTrip);
+      const int code = read(line, desk.imp);
+      fileDesk.prepare(roundTrip);
+      int fileCode = kThrows;
+      try {
+        fileCode = KvoOption_Parser::ReadKvoOptFile("cpu", fileDesk.imp);
+      } catch (const std::out_of_range &) {
+        fileCode = kThrows;
+      }
+      expect(fileCode == code && fileDesk.record.connectCommand == line,
+             where + "read differently");
+      expect(settingsOf(fileDesk.imp) == settingsOf(desk.imp),
+             where + "other settings from the file");
+      if (line != text)
+        losses.count(line.size() == 1023 ? Loss::LongFile : Loss::LinesInFile);
+    }
+  }
+
+  /// What a file that holds `text` is read as.
+  static std::string lineOf(const std::string &text) {
+    std::string line = text.substr(0, text.find('\n')).substr(0, 1023);
+    return line.substr(0, line.find('\0'));
+  }
+
+  void takeFpuFromDesign() {
+    const WorkingFolder folder;
+    SmallDesign design;
+    design.processor("ppc", "ppc405_core")
+        .module("link", "ppc_jtag_link", {"ppc"});
+    Engine engine;
+    EngineImp &imp = *engine.GetProcessorList(&design);
+    ProcessorInfo info;
+    expect(engine.SetProcessor("ppc", info) == 4, "a file from nowhere");
+    imp.currentProcessor->fpuType = 2;
+    expect(engine.Generate() == 0, "the PowerPC is not saved");
+    expect(imp.currentProcessor->connectCommand ==
+               "connect ppc hw -debugdevice cpunr 1 fpuType dp",
+           "the FPU is not written");
+    expect(engine.SetProcessor("ppc", info) == 0, "the PowerPC is not read");
+    if (imp.currentProcessor->fpuType == 0)
+      losses.count(Loss::Fpu);
+    ReleaseProcessorRecords(imp);
+  }
+
+  void comeBackAsOtherTargets() {
+    struct Return {
+      std::string read;
+      std::string written;
+    };
+    const std::string number = " -debugdevice cpunr 1";
+    for (const Return &row : std::vector<Return>{
+             {"connect arm hw", "connect ppc hw" + number},
+             {"connect r5 hw", "connect ppc hw" + number},
+             {"connect dap hw", "connect ppc hw" + number},
+             {"connect dcc", "connect ppc hw" + number},
+             {"connect hdu", "connect lc hdu" + number},
+             {"connect kmtc", "connect lc hdu" + number},
+             {"kconnect lc sim", "connect lc sim"},
+         }) {
+      desk.clear();
+      std::string written;
+      expect(read(row.read, desk.imp) == 0, row.read + ": not read");
+      KvoOption_Parser::WriteKvoCmdString(desk.imp, written);
+      expect(written == row.written, row.read + ": written as " + written);
+    }
+  }
+
+  /// Records start on hardware, also those that only allow the simulator.
+  void startOnHardwareThatIsNotAllowed() {
+    const WorkingFolder folder;
+    SmallDesign design;
+    design.processor("lc", "lumacore");
+    Engine engine;
+    EngineImp &imp = *engine.GetProcessorList(&design);
+    ProcessorInfo info;
+    expect(engine.SetProcessor("lc", info) == 4, "a file from nowhere");
+    expect(info.connectionMask == 1, "more than the simulator");
+    expect(engine.Generate() == 0, "the Lumacore is not saved");
+    expect(imp.currentProcessor->connectCommand ==
+               "connect lc hdu -debugdevice cpunr 1",
+           "no hardware to start with");
+    expect(engine.SetProcessor("lc", info) == 3, "hardware in spite of all");
+    expect(engine.SetConnectionType(Engine::CONNECT_SIM) == 0, "no simulator");
+    expect(engine.Generate() == 0, "the simulator is not saved");
+    expect(engine.SetProcessor("lc", info) == 0, "the simulator is not read");
+    ReleaseProcessorRecords(imp);
+  }
+
+  Desk desk;
+};
+
+TEST(RoundTrip, GivesBackAllButTheKnownLosses) {
+  const RoundTrips &trips = RoundTrips::all();
+  EXPECT_EQ(trips.faults.size(), 0U);
+  for (int i = 0; i < kShownFailures && i < int(trips.faults.size()); ++i)
+    ADD_FAILURE() << trips.faults[static_cast<std::size_t>(i)];
+  // Most records come back, or the losses would hide everything else.
+  RecordProperty("same", std::to_string(trips.same));
+  EXPECT_GT(trips.same, kCases / 2);
+}
+
+TEST(RoundTrip, StandsAtEachLimitOfEachField) {
+  const auto &limits = RoundTrips::all().limits;
+  for (const auto &[field, counts] : limits) {
+    EXPECT_FALSE(counts.empty()) << field;
+    for (std::size_t i = 0; i < counts.size(); ++i)
+      EXPECT_GT(counts[i], 0U) << field << ", limit " << i;
+  }
+  // Every setting that there is, apart from single chain devices.
+  Bench bench;
+  for (const auto &[name, value] : settingsOf(bench.imp)) {
+    const std::string field =
+        name.rfind("cable.", 0) == 0 ? name.substr(6) : name;
+    const bool isText = limits.count(field + " (frail)") != 0;
+    EXPECT_TRUE(limits.count(field) != 0 || isText || field == "moduleArgs")
+        << field;
+  }
+  for (const std::string field :
+       {"chain", "partname", "idcode", "irlength", "devicenr", "isfpga",
+        "hardppc", "nppc", "modulearg"})
+    EXPECT_EQ(limits.count(field), 1U) << field;
+}
+
+TEST(RoundTrip, MeetsEachLoss) {
+  for (std::size_t i = 0; i < kLossIds.size(); ++i) {
+    const std::size_t met = RoundTrips::all().losses.of(static_cast<Loss>(i));
+    RecordProperty(kLossIds[i], std::to_string(met));
+    EXPECT_GT(met, 0U) << kLossIds[i];
+  }
+}
+
+TEST(RoundTrip, IsAsThePageTellsUsers) {
+  std::ifstream file(ROUND_TRIP_PAGE);
+  ASSERT_TRUE(file) << ROUND_TRIP_PAGE;
+  const std::string page{std::istreambuf_iterator<char>(file), {}};
+  const std::regex anchor("<a id=\"([^\"]*)\"></a>");
+  std::vector<std::string> onThePage;
+  for (std::sregex_iterator it(page.begin(), page.end(), anchor), end;
+       it != end; ++it)
+    onThePage.push_back((*it)[1]);
+  std::vector<std::string> known(kLossIds.begin(), kLossIds.end());
+  std::sort(onThePage.begin(), onThePage.end());
+  std::sort(known.begin(), known.end());
+  EXPECT_EQ(onThePage, known);
+}
+
+} // namespace
