@@ -286,6 +286,34 @@ TEST_F(ProcessorInformation, IsNothingAndSendsNothingWhenALoneMinusRaises) {
   }
 }
 
+TEST_F(ProcessorInformation, ReleasesTheChainOfARefusedCommand) {
+  const std::string chain = "connect lc hdu -configdevice devicenr 1"
+                            " -configdevice devicenr 2 ";
+  EXPECT_EQ(state.GetProcessorInfo(chain + "-foo"), nullptr);
+  expectNothingSelected();
+  EXPECT_EQ(support::takeMessages().size(), 1U);
+  EXPECT_THROW(state.GetProcessorInfo(chain + "-"), std::out_of_range);
+  expectNothingSelected();
+}
+
+TEST_F(ProcessorInformation, HandsOutTheChainOfACommand) {
+  read("connect lc hdu -configdevice devicenr 1 -configdevice devicenr 2");
+  ASSERT_EQ(state.jtagChain.size(), 2U);
+  EXPECT_EQ(state.jtagChain[0]->devicenr, 1);
+  EXPECT_EQ(state.jtagChain[1]->devicenr, 2);
+  ReleaseChainRecords(state.jtagChain);
+}
+
+TEST_F(ProcessorInformation, SendsTheMessageOfTheEngineBehindTheState) {
+  EngineImp alone;
+  alone.engine = &engine;
+  EXPECT_EQ(alone.GetProcessorInfo("connect lc hdu -foo"), nullptr);
+  EXPECT_EQ(alone.currentProcessor, nullptr);
+  const std::vector<support::LoggedMessage> messages = support::takeMessages();
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_EQ(messages[0].formatted, "UNKNOWN Option '-foo'\n");
+}
+
 TEST_F(ProcessorInformation, IsNothingWithoutADesignJustAsWell) {
   withoutDesign();
   EXPECT_EQ(state.GetProcessorInfo("nonsense"), nullptr);

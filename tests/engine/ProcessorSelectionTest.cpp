@@ -189,6 +189,26 @@ TEST_P(ProcessorSelection, ResetsTheEntryWhenTheCommandIsRefused) {
   }
 }
 
+TEST_P(ProcessorSelection, ReleasesTheChainOfARefusedCommand) {
+  JtagOption device;
+  state.jtagChain = {&device};
+  EXPECT_EQ(select("soft0", "connect lc hdu -configdevice devicenr 1"
+                            " -configdevice devicenr 2 -foo"),
+            3);
+  EXPECT_TRUE(state.jtagChain.empty());
+  EXPECT_EQ(textOf(device), textOf(JtagOption()));
+}
+
+TEST_P(ProcessorSelection, HandsOutTheChainOfACommand) {
+  EXPECT_EQ(select("soft0", "connect lc hdu -configdevice devicenr 1"
+                            " -configdevice devicenr 2"),
+            0);
+  ASSERT_EQ(state.jtagChain.size(), 2U);
+  EXPECT_EQ(state.jtagChain[0]->devicenr, 1);
+  EXPECT_EQ(state.jtagChain[1]->devicenr, 2);
+  ReleaseChainRecords(state.jtagChain);
+}
+
 TEST_P(ProcessorSelection, ReportsTheSummaryAfterARefusalToo) {
   EXPECT_EQ(select("ppc0", "connect ppc hw -foo"), 3);
   expectInfo(2, 1, 3);
@@ -250,7 +270,9 @@ TEST_P(ProcessorSelection, RefusesOtherNamesAndChangesNothing) {
     EXPECT_EQ(textOf(state), before);
     EXPECT_EQ(textOf(*soft), softBefore);
   }
-  EXPECT_EQ(select(std::string("soft0\0", 6), "connect lc hdu"), 2);
+  // A null byte makes it another name; the message ends at it.
+  EXPECT_EQ(select(std::string("soft0\0x", 7), "connect lc hdu"), 2);
+  EXPECT_EQ(errorText(), "Processor Instance soft0");
   EXPECT_TRUE(design.log.empty());
   state.jtagChain.clear();
 }
@@ -347,7 +369,9 @@ TEST_F(ProcessorNumber, IsMissingForOtherNames) {
     EXPECT_EQ(errorText(),
               "Processor Instance " + name + " cannot be debugged!!\n");
   }
-  EXPECT_EQ(engine.GetProcessorNr(std::string("cpu0\0", 5)), -1);
+  // A null byte makes it another name; the message ends at it.
+  EXPECT_EQ(engine.GetProcessorNr(std::string("cpu0\0x", 6)), -1);
+  EXPECT_EQ(errorText(), "Processor Instance cpu0");
   EXPECT_EQ(state.currentProcessor, nullptr);
 }
 
