@@ -1,0 +1,49 @@
+#include "ConnectionGraph.h"
+
+namespace ZelDebugDialog {
+
+Index ConnectionGraph::addInstance(Index component, Index parent) {
+  const Index instance = static_cast<Index>(instances.size());
+  const Index firstPort = static_cast<Index>(ports.size());
+  const std::size_t interfaces = components[component].data.interfaces.size();
+  for (Index interface = 0; interface < interfaces; ++interface) {
+    GraphPort port;
+    port.instance = instance;
+    port.interface = interface;
+    ports.push_back(port);
+  }
+  if (parent != noIndex)
+    instances[parent].hasInside = true;
+  instances.push_back({component, parent, firstPort, false});
+  return instance;
+}
+
+Index ConnectionGraph::findPort(Index instance,
+                                const std::string &interface) const {
+  const GraphComponent &component = componentOf(instance);
+  const auto found = component.interfaceByName.find(interface);
+  if (found == component.interfaceByName.end())
+    return noIndex;
+  return instances[instance].firstPort + found->second;
+}
+
+void ConnectionGraph::connect(const std::vector<Index> &joined, Index within) {
+  const Index connection = static_cast<Index>(connections.size());
+  const Index first = static_cast<Index>(ends.size());
+  for (const Index port : joined) {
+    const bool inside = ports[port].instance == within;
+    if (inside)
+      instances[within].hasInside = true;
+    const Index end = static_cast<Index>(ends.size());
+    ends.push_back({port, connection, inside, noIndex});
+    Index &last = ports[port].lastEnd[inside];
+    if (last == noIndex)
+      ports[port].firstEnd[inside] = end;
+    else
+      ends[last].next = end;
+    last = end;
+  }
+  connections.push_back({first, static_cast<Index>(ends.size())});
+}
+
+} // namespace ZelDebugDialog

@@ -1,0 +1,152 @@
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
+
+#include <utility>
+
+#include "AttachedProcessors.h"
+#include "BuiltInKinds.h"
+#include "DesignContents.h"
+#include "InstanceNames.h"
+#include "PeripheralWalk.h"
+#include "Quote.h"
+#include "ResolveComponent.h"
+
+namespace ZelDebugDialog {
+
+using Severity = DesignDiagnostic::Severity;
+
+namespace {
+
+Index toIndex(DesignModel::InstanceId instance) {
+  return instance == DesignModel::top ? noIndex : static_cast<Index>(instance);
+}
+
+} // namespace
+
+DesignModel::DesignModel() : contents(std::make_unique<DesignContents>()) {}
+DesignModel::DesignModel(DesignModel &&other) noexcept = default;
+DesignModel &DesignModel::operator=(DesignModel &&other) noexcept = default;
+DesignModel::~DesignModel() = default;
+
+DesignModel::ComponentId DesignModel::AddComponent(DesignComponent component) {
+  if (component.role == DesignRole::byTypeName)
+    component.role = findBuiltInRole(component.typeName);
+  contents->graph.components.push_back(
+      resolveComponent(std::move(component), contents->diagnostics));
+  return contents->graph.components.size() - 1;
+}
+
+std::optional<DesignModel::InstanceId>
+DesignModel::AddInstance(const std::string &name, ComponentId component,
+                         InstanceId parent, const DesignOrigin &origin) {
+  const std::string fault = findNameFault(name);
+  if (!fault.empty()) {
+    contents->report(Severity::error, origin, origin.line,
+                     "instance " + quote(name) + " is left out: " + fault);
+    return std::nullopt;
+  }
+  const std::string fullName =
+      parent == top ? name : contents->instances[parent].name + "." + name;
+  if (contents->isTaken(name, fullName, toIndex(parent))) {
+    contents->report(Severity::error, origin, origin.line,
+                     "instance " + quote(name) +
+                         " is left out: another has that name");
+    return std::nullopt;
+  }
+  const Index instance = contents->graph.addInstance(
+      static_cast<Index>(component), toIndex(parent));
+  const DesignComponent &data = contents->graph.componentOf(instance).data;
+  contents->instances.push_back({fullName, data.typeName, data.role, {}});
+  contents->enterName(name, fullName, instance, origin);
+  contents->byTypeName[data.typeName].push_back(instance);
+  if (data.role == DesignRole::processor)
+    contents->processors.push_back(instance);
+  if (data.role == DesignRole::debugModule)
+    contents->debugModules.push_back(instance);
+  return instance;
+}
+
+void DesignModel::AddParameter(InstanceId instance, std::string name,
+                               std::string value) {
+  contents->instances[instance].parameters.push_back(
+      {std::move(name), std::move(value)});
+}
+
+bool DesignModel::Connect(const DesignConnection &connection,
+                          InstanceId within) {
+  std::vector<Index> joined;
+  for (const DesignEnd &end : connection.ends) {
+    const Index port = contents->findEnd(end, connection, toIndex(within));
+    if (port != noIndex)
+      joined.push_back(port);
+  }
+  contents->graph.connect(joined, toIndex(within));
+  return joined.size() == connection.ends.size();
+}
+
+void DesignModel::Report(DesignDiagnostic diagnostic) {
+  contents->diagnostics.add(std::move(diagnostic));
+}
+
+const std::vector<DesignInstance> &DesignModel::Instances() const {
+  return contents->instances;
+}
+
+std::vector<std::string> DesignModel::DebugModules() const {
+  std::vector<std::string> names;
+  contents->appendNames(contents->debugModules, names);
+  return names;
+}
+
+const std::vector<DesignDiagnostic> &DesignModel::Diagnostics() const {
+  return contents->diagnostics.all();
+}
+
+void DesignModel::getProcessorInstances(std::vector<std::string> &names, bool) {
+  contents->appendNames(contents->processors, names);
+}
+
+void DesignModel::getIpInstances(std::vector<std::string> &names,
+                                 HwIpType kind) {
+  if (kind == HW_IP_DEBUG)
+    contents->appendNames(contents->debugModules, names);
+}
+
+void DesignModel::getIpInstances(std::vector<std::string> &names,
+                                 const std::string &typeName) {
+  const auto found = contents->byTypeName.find(typeName);
+  if (found != contents->byTypeName.end())
+    contents->appendNames(found->second, names);
+}
+
+std::string DesignModel::getIpName(const std::string &instance) {
+  const Index found = contents->find(instance);
+  return found == noIndex ? "" : contents->instances[found].typeName;
+}
+
+void DesignModel::getHduConnectedProcessorList(std::vector<std::string> &names,
+                                               const std::string &instance) {
+  const Index module = contents->find(instance);
+  if (contents->hasRole(module, DesignRole::debugModule))
+    contents->appendNames(findAttachedProcessors(contents->graph, module),
+                          names);
+}
+
+void DesignModel::getPeripherals(std::vector<std::string> &names,
+                                 const std::string &processor) {
+  const Index found = contents->find(processor);
+  if (contents->hasRole(found, DesignRole::processor))
+    contents->appendNames(findPeripherals(contents->graph, found), names);
+}
+
+std::string DesignModel::getParameterValue(const std::string &instance,
+                                           const std::string &parameter) {
+  const Index found = contents->find(instance);
+  if (found == noIndex)
+    return "";
+  for (const DesignParameter &candidate : contents->instances[found].parameters)
+    if (candidate.name == parameter)
+      return candidate.value;
+  return "";
+}
+
+} // namespace ZelDebugDialog
