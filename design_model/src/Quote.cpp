@@ -1,5 +1,7 @@
 #include "Quote.h"
 
+#include "Utf8.h"
+
 namespace ZelDebugDialog {
 namespace {
 
@@ -21,6 +23,9 @@ std::string quote(std::string_view text) {
   for (const char c : isLong ? text.substr(0, findCut(text)) : text)
     quoted += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
   quoted += isLong ? "...'" : "'";
+  for (std::size_t at = findNonUtf8(quoted); at != std::string::npos;
+       at = findNonUtf8(quoted))
+    quoted[at] = '?';
   return quoted;
 }
 

@@ -1,0 +1,63 @@
+// Where the text of documents comes from: the file system, or memory.
+#ifndef ZELDEBUGDIALOG_DESIGNMODEL_DOCUMENTSOURCE_H
+#define ZELDEBUGDIALOG_DESIGNMODEL_DOCUMENTSOURCE_H
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace ZelDebugDialog {
+
+class DocumentSource {
+public:
+  enum class Kind { missing, file, folder };
+  static constexpr std::size_t whole = static_cast<std::size_t>(-1);
+
+  virtual ~DocumentSource() = default;
+
+  virtual Kind kindOf(const std::string &path) const = 0;
+  /// Reads the first `most` bytes. Empty when done, else why it can't be read.
+  virtual std::string read(const std::string &path, std::size_t most,
+                           std::string &text) const = 0;
+  /// Appends every file below the folder whose name ends in ".xml", in no
+  /// order. Empty when done, else why something can't be listed.
+  virtual std::string list(const std::string &folder,
+                           std::vector<std::string> &files) const = 0;
+  /// The same text for two paths of one file.
+  virtual std::string identify(const std::string &path) const = 0;
+};
+
+/// Regular files only: a fifo or device would make the reader wait.
+class FileSystemSource : public DocumentSource {
+public:
+  Kind kindOf(const std::string &path) const override;
+  std::string read(const std::string &path, std::size_t most,
+                   std::string &text) const override;
+  std::string list(const std::string &folder,
+                   std::vector<std::string> &files) const override;
+  std::string identify(const std::string &path) const override;
+};
+
+/// Files by path; a path that others begin with, and a "/", is a folder.
+class MemorySource : public DocumentSource {
+public:
+  std::map<std::string, std::string> files;
+
+  Kind kindOf(const std::string &path) const override;
+  std::string read(const std::string &path, std::size_t most,
+                   std::string &text) const override;
+  std::string list(const std::string &folder,
+                   std::vector<std::string> &found) const override;
+  std::string identify(const std::string &path) const override;
+};
+
+/// The folder that a file is in; "." for a bare name.
+std::string folderOf(const std::string &path);
+
+/// `path` as seen from `folder`, without "." and "..".
+std::string resolvePath(const std::string &folder, const std::string &path);
+
+} // namespace ZelDebugDialog
+
+#endif

@@ -1,0 +1,83 @@
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
+
+#include "DocumentSource.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A library may hold anything; this much of one file is a mistake.
+constexpr std::uintmax_t largestFile = std::uintmax_t{1} << 30;
+
+bool endsInXml(const fs::path &path) {
+  std::string extension = path.extension().string();
+  std::transform(
+      extension.begin(), extension.end(), extension.begin(),
+      [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return extension == ".xml";
+}
+
+} // namespace
+
+DocumentSource::Kind FileSystemSource::kindOf(const std::string &path) const {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (fs::is_directory(status))
+    return Kind::folder;
+  return fs::is_regular_file(status) ? Kind::file : Kind::missing;
+}
+
+std::string FileSystemSource::read(const std::string &path, std::size_t most,
+                                   std::string &text) const {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (!fs::exists(status))
+    return "there is no such file";
+  if (!fs::is_regular_file(status))
+    return "it is no regular file";
+  const std::uintmax_t size = fs::file_size(path, error);
+  if (error)
+    return "it can not be read: " + error.message();
+  if (size > largestFile)
+    return "it is larger than " + std::to_string(largestFile >> 20) + " MiB";
+  std::ifstream file(path, std::ios::binary);
+  text.resize(static_cast<std::size_t>(
+      std::min<std::uintmax_t>(size, static_cast<std::uintmax_t>(most))));
+  if (!text.empty())
+    file.read(&text[0], static_cast<std::streamsize>(text.size()));
+  return file ? "" : "it can not be read";
+}
+
+std::string FileSystemSource::list(const std::string &folder,
+                                   std::vector<std::string> &files) const {
+  std::error_code error;
+  fs::recursive_directory_iterator entry(
+      folder, fs::directory_options::skip_permission_denied, error);
+  for (; !error && entry != fs::recursive_directory_iterator();
+       entry.increment(error))
+    if (endsInXml(entry->path()) && kindOf(entry->path()) == Kind::file)
+      files.push_back(entry->path().lexically_normal().string());
+  return error ? "it can not be searched: " + error.message() : "";
+}
+
+std::string FileSystemSource::identify(const std::string &path) const {
+  std::error_code error;
+  const fs::path canonical = fs::weakly_canonical(path, error);
+  return error ? path : canonical.string();
+}
+
+std::string folderOf(const std::string &path) {
+  const std::string folder = fs::path(path).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+std::string resolvePath(const std::string &folder, const std::string &path) {
+  return (fs::path(folder) / path).lexically_normal().string();
+}
+
+} // namespace ZelDebugDialog

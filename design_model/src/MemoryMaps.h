@@ -1,0 +1,36 @@
+// The memory maps of a component, as far as accesses pass through them.
+#ifndef ZELDEBUGDIALOG_DESIGNMODEL_MEMORYMAPS_H
+#define ZELDEBUGDIALOG_DESIGNMODEL_MEMORYMAPS_H
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include <pugixml.hpp>
+
+namespace ZelDebugDialog {
+
+struct MemoryMap {
+  bool hasBlocks = false; ///< Registers or memory of the component's own.
+  /// Interfaces that parts of the map are passed on to.
+  std::vector<std::string> initiators;
+};
+
+class MemoryMaps {
+public:
+  explicit MemoryMaps(const pugi::xml_node &component);
+
+  /// Null when there is none of that name.
+  const MemoryMap *find(const std::string &name) const;
+
+private:
+  std::unordered_map<std::string, MemoryMap> maps;
+};
+
+/// The interface that a bridge or part of a map is passed on to.
+std::string initiatorOf(const pugi::xml_node &node);
+
+} // namespace ZelDebugDialog
+
+#endif

@@ -1,0 +1,15 @@
+// Whether text is UTF-8.
+#ifndef ZELDEBUGDIALOG_DESIGNMODEL_UTF8_H
+#define ZELDEBUGDIALOG_DESIGNMODEL_UTF8_H
+
+#include <cstddef>
+#include <string_view>
+
+namespace ZelDebugDialog {
+
+/// The offset of the first byte that belongs to no character, or `npos`.
+std::size_t findNonUtf8(std::string_view text);
+
+} // namespace ZelDebugDialog
+
+#endif
