@@ -64,8 +64,9 @@ public:
       result.fault = "it goes more than " + std::to_string(deepestExpression) +
                      " levels deep";
     } else if (!isExpression) {
-      result.kind = usesKnownName ? ExpressionResult::Kind::fault
-                                  : ExpressionResult::Kind::text;
+      if (!usesKnownName)
+        return result;
+      result.kind = ExpressionResult::Kind::fault;
       result.fault = "it is no expression from " + quote(rest) + " on";
     } else if (value.isFaulty()) {
       result.kind = ExpressionResult::Kind::fault;
