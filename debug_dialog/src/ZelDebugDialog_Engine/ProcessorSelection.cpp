@@ -135,6 +135,15 @@ private:
   std::unique_ptr<ProcessorInfoImp> record;
 };
 
+/// Sends the message of the engine that the reader reported to.
+void sendRefusal(const EngineImp &imp) {
+  std::string message;
+  if (imp.engine != nullptr)
+    imp.engine->GetErrorStr(message);
+  ComMsgMgr::sendMsg::eval(1, "debug_dialog/src/ZelDebugDialog_Engine", 1037,
+                           "zel", 0x20000000, "%s\n", message.c_str());
+}
+
 } // namespace
 
 ProcessorInfoImp *EngineImp::GetProcessorInfo(std::string command) {
@@ -146,8 +155,7 @@ ProcessorInfoImp *EngineImp::GetProcessorInfo(std::string command) {
     code = KvoOption_Parser::ReadKvoCommand(std::move(command), *this);
   }
   if (!result::isSuccess(code)) {
-    ComMsgMgr::sendMsg::eval(1, "debug_dialog/src/ZelDebugDialog_Engine", 1037,
-                             "zel", 0x20000000, "%s\n", errorStr.c_str());
+    sendRefusal(*this);
     return nullptr;
   }
   if (isOtherTarget(record))
