@@ -1,0 +1,150 @@
+#!/usr/bin/env python3
+"""Counts instructions of the engine's work and holds them to recorded figures.
+
+Instructions, not time: a count is the same on a busy machine. It stays the same
+on another machine as well once the C library is kept from choosing its string
+routines by the processor, which GLIBC_TUNABLES does here.
+
+  instructions.py check   PROGRAM FIGURES
+  instructions.py linear  PROGRAM
+  instructions.py record  PROGRAM FIGURES --reason TEXT
+
+PROGRAM is counted_work of an optimized build. VALGRIND in the environment names
+another valgrind than the one of the PATH. Exit status: 0 held, 1 a figure
+was exceeded, 2 nothing could be counted.
+"""
+
+import argparse
+import json
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+
+TOLERANCE = 0.03
+
+# What the C library may not use, so that every processor runs the routines that
+# all have.
+NOT_USED = ("AVX", "AVX2", "AVX512F", "AVX512VL", "AVX512BW", "BMI2", "ERMS",
+            "FSRM", "RTM", "SSSE3", "SSE4_1", "SSE4_2",
+            "AVX_Fast_Unaligned_Load", "Fast_Unaligned_Copy")
+PINNED = "glibc.cpu.hwcaps=" + ",".join("-" + name for name in NOT_USED)
+CHOSEN_ROUTINE = re.compile(
+    r"\b__(?:mem|str|wcs|wmem)\w+?_(?:avx|evex|ssse3|sse4|\w*erms)\w*")
+
+# Reading grows with the text and with nothing else.
+LONGER = (20, 200)
+LONGER_FACTOR = 10
+MUCH_LONGER = (200, 20000)
+MUCH_LONGER_FACTOR = 1.05
+
+
+class CannotCount(Exception):
+    pass
+
+
+def count(program, work):
+    """Instructions of one piece of work, such as "read 2"."""
+    valgrind = shutil.which(os.environ.get("VALGRIND", "valgrind"))
+    if valgrind is None:
+        raise CannotCount("valgrind was not found: nothing can be counted")
+    environment = dict(os.environ, LD_BIND_NOW="1", GLIBC_TUNABLES=PINNED)
+    with tempfile.TemporaryDirectory() as folder:
+        profile = pathlib.Path(folder, "profile")
+        run = subprocess.run(
+            [valgrind, "--tool=callgrind", f"--callgrind-out-file={profile}",
+             "--toggle-collect=countedRegion", str(program), *work.split()],
+            env=environment, capture_output=True, text=True, check=False)
+        if run.returncode != 0:
+            raise CannotCount(f"{work}: {program} failed\n{run.stderr}")
+        text = profile.read_text(encoding="utf-8", errors="replace")
+    chosen = CHOSEN_ROUTINE.search(text)
+    if chosen:
+        raise CannotCount(f"{work}: the C library chose {chosen.group()} for "
+                          "this processor; add what it needs to NOT_USED")
+    instructions = int(re.search(r"^(?:totals|summary): (\d+)", text,
+                                 re.MULTILINE).group(1))
+    if instructions == 0:
+        raise CannotCount(f"{work}: countedRegion was never entered")
+    return instructions
+
+
+def check(program, figures):
+    recorded = json.loads(figures.read_text(encoding="utf-8"))
+    held = True
+    for work, figure in recorded.items():
+        instructions = count(program, work)
+        limit = figure["instructions"]
+        excess = instructions / limit - 1
+        verdict = "held"
+        if excess > TOLERANCE:
+            verdict = f"{excess:.1%} above the recorded figure"
+            held = False
+        print(f"{work}: {instructions} instructions, recorded {limit}: "
+              f"{verdict}", flush=True)
+    return held
+
+
+def linear(program):
+    few, many = (count(program, f"read {devices}") for devices in LONGER)
+    print(f"read {LONGER[1]} devices: {many / few:.2f} times {LONGER[0]}, "
+          f"at most {LONGER_FACTOR}")
+    held = many <= LONGER_FACTOR * few
+
+    per_byte = [count(program, f"read {devices}") / text_size(program, devices)
+                for devices in MUCH_LONGER]
+    growth = per_byte[1] / per_byte[0]
+    print(f"instructions a byte at {MUCH_LONGER[1]} devices: {growth:.3f} times "
+          f"those at {MUCH_LONGER[0]}, at most {MUCH_LONGER_FACTOR}")
+    return held and growth <= MUCH_LONGER_FACTOR
+
+
+def text_size(program, devices):
+    run = subprocess.run([str(program), "text-size", str(devices)], check=True,
+                         capture_output=True, text=True)
+    return int(run.stdout)
+
+
+def record(program, figures, reason):
+    if not reason.strip() or "\n" in reason:
+        raise CannotCount("a reason is one line of text")
+    changed = subprocess.run(["git", "status", "--porcelain"], check=True,
+                             cwd=figures.parent, capture_output=True, text=True)
+    if changed.stdout:
+        raise CannotCount("figures are recorded of a clean tree only:\n"
+                          + changed.stdout)
+    recorded = json.loads(figures.read_text(encoding="utf-8"))
+    for work, figure in recorded.items():
+        instructions = count(program, work)
+        if instructions != figure["instructions"]:
+            print(f"{work}: {figure['instructions']} -> {instructions}")
+            figure.update(instructions=instructions, reason=reason)
+    figures.write_text(json.dumps(recorded, indent=2) + "\n", encoding="utf-8")
+    return True
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("action", choices=("check", "linear", "record"))
+    parser.add_argument("program", type=pathlib.Path)
+    parser.add_argument("figures", type=pathlib.Path, nargs="?")
+    parser.add_argument("--reason", default="")
+    given = parser.parse_args()
+    if given.action != "linear" and given.figures is None:
+        parser.error("FIGURES is missing")
+    if given.action == "check":
+        return check(given.program, given.figures)
+    if given.action == "linear":
+        return linear(given.program)
+    return record(given.program, given.figures, given.reason)
+
+
+if __name__ == "__main__":
+    try:
+        sys.exit(0 if main() else 1)
+    except CannotCount as reason:
+        print(reason, file=sys.stderr)
+        sys.exit(2)
