@@ -7,21 +7,14 @@ namespace ZelDebugDialog::kvo {
 Characters::Characters() : facet(std::use_facet<std::ctype<char>>(locale)) {}
 
 bool Characters::sameLetters(std::string_view left, std::string_view right) {
-  // Words are mostly typed with the letters of the keyword, and others mostly
-  // differ in their first: neither asks for the locale's folding much.
-  return std::equal(left.begin(), left.end(), right.begin(),
-                    [this](char typed, char keyword) {
-                      return typed == keyword ||
-                             folded(typed) == folded(keyword);
-                    });
+  return std::equal(
+      left.begin(), left.end(), right.begin(),
+      [this](char typed, char keyword) { return sameLetter(typed, keyword); });
 }
 
-char Characters::folded(char character) {
-  const auto index = static_cast<unsigned char>(character);
-  if (!known[index]) {
-    upper[index] = facet.toupper(character);
-    known[index] = true;
-  }
+char Characters::fold(unsigned char index) {
+  upper[index] = facet.toupper(static_cast<char>(index));
+  known[index] = true;
   return upper[index];
 }
 
