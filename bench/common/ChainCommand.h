@@ -2,25 +2,49 @@
 // number of devices.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <string_view>
+#include <tuple>
+#include <vector>
 
 namespace bench {
 
 struct Device {
-  int number;
+  int number = 0;
   std::string partName;
-  int irLength;
-  std::uint32_t idCode;
+  int irLength = 0;
+  std::uint32_t idCode = 0;
+
+  bool operator==(const Device &other) const {
+    return std::tie(number, partName, irLength, idCode) ==
+           std::tie(other.number, other.partName, other.irLength, other.idCode);
+  }
 };
 
-inline bool operator==(const Device &left, const Device &right) {
-  return left.number == right.number && left.partName == right.partName &&
-         left.irLength == right.irLength && left.idCode == right.idCode;
-}
+/// What the command says, as a peer stores it.
+struct Command {
+  enum class Connection { none, hdu, stub, sim };
+  enum class CableType { none, parallel, parallel3, podusb, plugin };
+
+  Connection connection = Connection::none;
+  CableType cableType = CableType::none;
+  std::string port;
+  std::uint32_t frequency = 0;
+  std::vector<Device> chain;
+  int debugDevice = 0;
+  int cpuNumber = 0;
+  std::uint32_t romStart = 0xFFFFFFFF;
+  std::uint32_t romSize = 0;
+
+  bool operator==(const Command &other) const {
+    return std::tie(connection, cableType, port, frequency, chain, debugDevice,
+                    cpuNumber, romStart, romSize) ==
+           std::tie(other.connection, other.cableType, other.port,
+                    other.frequency, other.chain, other.debugDevice,
+                    other.cpuNumber, other.romStart, other.romSize);
+  }
+};
 
 /// Device `index` of the chain. Numbers stay in what the record's field holds.
 inline Device chainDevice(std::size_t index) {
@@ -28,6 +52,22 @@ inline Device chainDevice(std::size_t index) {
   if (index % 2 == 0)
     return {number, "pk9ab100", 6, 0x1234093};
   return {number, "pk9cd200", 10, 0x5678093};
+}
+
+/// What `chainCommand` says.
+inline Command chainSettings(std::size_t devices) {
+  Command command;
+  command.connection = Command::Connection::hdu;
+  command.cableType = Command::CableType::podusb;
+  command.port = "USB21";
+  command.frequency = 6000000;
+  for (std::size_t index = 0; index < devices; ++index)
+    command.chain.push_back(chainDevice(index));
+  command.debugDevice = 1;
+  command.cpuNumber = 1;
+  command.romStart = 0;
+  command.romSize = 65536;
+  return command;
 }
 
 /// "connect lc hdu", a cable, a chain of `devices`, and a debug device. With 2

@@ -1,0 +1,50 @@
+// The ways to read a command that the engine is measured against. Each does the
+// whole job: from the text to a filled `Command`, every value converted, every
+// keyword recognised without regard to letter case.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "common/ChainCommand.h"
+
+namespace bench {
+
+/// One command in the forms that the peers read.
+struct Input {
+  explicit Input(std::size_t devices);
+
+  std::string text;
+  std::string doubleDashed; ///< the options with two dashes
+  std::string json;         ///< the same content
+};
+
+struct Peer {
+  const char *name;
+  bool (*read)(const Input &input, Command &command);
+  std::size_t mostDevices; ///< beyond it a quadratic peer takes too long
+};
+
+// Those that split the text into words.
+bool readByStrSplit(const Input &input, Command &command);
+bool readByStrtok(const Input &input, Command &command);
+bool readByTcl(const Input &input, Command &command);
+bool readByBoostSplit(const Input &input, Command &command);
+/// Trims, splits the whole rest, takes the first piece and erases it.
+bool readByTextbook(const Input &input, Command &command);
+/// Trims, takes the first word and erases it.
+bool readByErasing(const Input &input, Command &command);
+
+// Those that read options.
+bool readByProgramOptions(const Input &input, Command &command);
+bool readByCli11(const Input &input, Command &command);
+
+// Those that read JSON.
+bool readBySimdjson(const Input &input, Command &command);
+bool readByRapidJson(const Input &input, Command &command);
+bool readByNlohmann(const Input &input, Command &command);
+
+const std::vector<Peer> &peers();
+
+} // namespace bench

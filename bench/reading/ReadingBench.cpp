@@ -1,0 +1,78 @@
+// Reading connect commands, beside other ways to read the same content.
+#include <algorithm>
+#include <memory>
+
+#include "Peers.h"
+#include "ZelDebugDialog/KvoOption_Parser.h"
+#include "common/Run.h"
+#include "common/Session.h"
+
+namespace {
+
+using ZelDebugDialog::KvoOption_Parser;
+
+constexpr const char *group = "read";
+
+/// Whether the engine holds what the command says.
+bool holds(const ZelDebugDialog::EngineImp &imp,
+           const bench::Command &expected) {
+  const auto isRead = [](const ZelDebugDialog::JtagOption *read,
+                         const bench::Device &device) {
+    return bench::Device{read->devicenr, read->partname, read->irlength,
+                         read->idcode} == device;
+  };
+  const ZelDebugDialog::ProcessorInfoImp &record = *imp.currentProcessor;
+  const ZelDebugDialog::CableOption &cable = *imp.cableOption;
+  return record.connectionType == ZelDebugDialog::Engine::CONNECT_HW &&
+         cable.cableType == ZelDebugDialog::Engine::QUORLA_PODUSB &&
+         cable.port == expected.port && cable.frequency == expected.frequency &&
+         std::equal(imp.jtagChain.begin(), imp.jtagChain.end(),
+                    expected.chain.begin(), expected.chain.end(), isRead) &&
+         record.debugDevice == expected.debugDevice &&
+         record.cpuNr == expected.cpuNumber &&
+         record.romemStartAdr == expected.romStart &&
+         record.romemSize == expected.romSize;
+}
+
+void addEngine(const std::shared_ptr<const bench::Input> &input,
+               std::size_t devices) {
+  const auto session = std::make_shared<bench::Session>();
+  bench::require(KvoOption_Parser::ReadKvoCommand(input->text, session->imp) ==
+                         0 &&
+                     holds(session->imp, bench::chainSettings(devices)),
+                 "the engine");
+  session->forgetChain();
+  // Releasing the chain is part of it, as the peers' commands end as well.
+  bench::add(group, "engine", devices, input->text.size(), [input, session] {
+    benchmark::DoNotOptimize(
+        KvoOption_Parser::ReadKvoCommand(input->text, session->imp));
+    session->forgetChain();
+  });
+}
+
+void addPeer(const bench::Peer &peer,
+             const std::shared_ptr<const bench::Input> &input,
+             std::size_t devices) {
+  bench::Command command;
+  bench::require(peer.read(*input, command) &&
+                     command == bench::chainSettings(devices),
+                 peer.name);
+  bench::add(group, peer.name, devices, input->text.size(), [input, &peer] {
+    bench::Command read;
+    benchmark::DoNotOptimize(peer.read(*input, read));
+    benchmark::DoNotOptimize(read);
+  });
+}
+
+} // namespace
+
+int main(int count, char **arguments) {
+  for (const std::size_t devices : bench::sizes) {
+    const auto input = std::make_shared<const bench::Input>(devices);
+    addEngine(input, devices);
+    for (const bench::Peer &peer : bench::peers())
+      if (devices <= peer.mostDevices)
+        addPeer(peer, input, devices);
+  }
+  return bench::run(count, arguments);
+}
