@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "KvoOption_Parser/WordCursor.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 
@@ -17,8 +19,8 @@ bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 } // namespace
 
-Words::Words(std::string &origin) : source(origin) {
-  text.swap(source);
+Words::Words(std::string &origin) : source(origin), text(std::move(origin)) {
+  source.clear();
   position = text.data();
   end = position + text.size();
   while (end != position && characters.isSpace(end[-1]))
@@ -28,7 +30,7 @@ Words::Words(std::string &origin) : source(origin) {
 Words::~Words() {
   text.resize(static_cast<std::size_t>(end - text.data()));
   text.erase(0, static_cast<std::size_t>(position - text.data()));
-  source.swap(text);
+  source = std::move(text);
 }
 
 std::string_view Words::peek() {
