@@ -12,7 +12,8 @@ template <class Number> void append(std::string &out, Number number, int base) {
   std::array<char, 24> digits;
   const auto written =
       std::to_chars(digits.data(), digits.data() + digits.size(), number, base);
-  out.append(digits.data(), written.ptr);
+  out.append(digits.data(),
+             static_cast<std::size_t>(written.ptr - digits.data()));
 }
 
 } // namespace
