@@ -51,6 +51,10 @@ constexpr std::array<Target<Observer>, 8> targets{{
     {"kmtc", readKmtc, false, describeKmtc},
 }};
 
+// Room that most commands fit in. A longer one grows as strings do.
+constexpr std::size_t bytesBesideChain = 256;
+constexpr std::size_t bytesOfDevice = 80;
+
 /// What is said of a word that is no row of a table.
 struct RowFaults {
   WordRole role;
@@ -112,7 +116,9 @@ template int readCommand(WordCursor<Recorder> &, EngineImp &, CommandSource);
 
 bool composeCommand(std::string &command, EngineImp &imp) {
   const ProcessorInfoImp &record = currentRecord(imp);
-  std::string text(connectHead);
+  std::string text;
+  text.reserve(bytesBesideChain + bytesOfDevice * imp.jtagChain.size());
+  text = connectHead;
   int result = code::done;
   if (record.connectionType == Engine::CONNECT_VP)
     result = KvoOption_Parser::write_vpoptions(text, imp);

@@ -215,12 +215,12 @@ unsigned KvoOption_Parser::parse_debugdevice(std::string &command,
 
 int KvoOption_Parser::write_debugdeviceoptions(std::string &out,
                                                EngineImp &imp) {
-  std::string body;
-  kvo::writeBody(body, currentRecord(imp));
-  if (!body.empty()) {
-    kvo::appendWord(out, kvo::debugDeviceOption);
-    out += body;
-  }
+  const std::size_t before = out.size();
+  kvo::appendWord(out, kvo::debugDeviceOption);
+  const std::size_t bare = out.size();
+  kvo::writeBody(out, currentRecord(imp));
+  if (out.size() == bare)
+    out.resize(before); // nothing to say, not even that
   return kvo::code::done;
 }
 
