@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
 #include <string>
 
@@ -21,17 +22,25 @@ inline void require(bool holds, const std::string &what) {
   std::exit(EXIT_FAILURE);
 }
 
-/// Registers "group/who/size"; `work` is done once for each iteration. What
-/// `bytes` it goes through is reported beside its time.
-template <class Work>
+/// What is timed, and how many bytes it goes through.
+struct Prepared {
+  std::size_t bytes;
+  std::function<void()> work;
+};
+
+/// Registers "group/who/size". `prepare` returns what is timed, after it has
+/// checked the result; it is called when the turn comes, so that a run of a few
+/// benchmarks prepares those only.
+template <class Prepare>
 void add(const std::string &group, const std::string &who, std::size_t size,
-         std::size_t bytes, const Work &work) {
+         const Prepare &prepare) {
   const std::string name = group + '/' + who + '/' + std::to_string(size);
   benchmark::RegisterBenchmark(
-      name.c_str(), [work, bytes](benchmark::State &state) {
+      name.c_str(), [prepare](benchmark::State &state) {
+        const Prepared prepared = prepare();
         for ([[maybe_unused]] auto iteration : state)
-          work();
-        state.counters["bytes"] = static_cast<double>(bytes);
+          prepared.work();
+        state.counters["bytes"] = static_cast<double>(prepared.bytes);
       });
 }
 

@@ -34,33 +34,37 @@ bool holds(const ZelDebugDialog::EngineImp &imp,
          record.romemSize == expected.romSize;
 }
 
-void addEngine(const std::shared_ptr<const bench::Input> &input,
-               std::size_t devices) {
-  const auto session = std::make_shared<bench::Session>();
-  bench::require(KvoOption_Parser::ReadKvoCommand(input->text, session->imp) ==
-                         0 &&
-                     holds(session->imp, bench::chainSettings(devices)),
-                 "the engine");
-  session->forgetChain();
-  // Releasing the chain is part of it, as the peers' commands end as well.
-  bench::add(group, "engine", devices, input->text.size(), [input, session] {
-    benchmark::DoNotOptimize(
-        KvoOption_Parser::ReadKvoCommand(input->text, session->imp));
+void addEngine(std::size_t devices) {
+  bench::add(group, "engine", devices, [devices] {
+    const auto text =
+        std::make_shared<std::string>(bench::chainCommand(devices));
+    const auto session = std::make_shared<bench::Session>();
+    bench::require(KvoOption_Parser::ReadKvoCommand(*text, session->imp) == 0 &&
+                       holds(session->imp, bench::chainSettings(devices)),
+                   "the engine");
     session->forgetChain();
+    // Releasing the chain belongs to it: the peers' commands end as well.
+    return bench::Prepared{text->size(), [text, session] {
+                             KvoOption_Parser::ReadKvoCommand(*text,
+                                                              session->imp);
+                             benchmark::DoNotOptimize(session->imp.jtagChain);
+                             session->forgetChain();
+                           }};
   });
 }
 
-void addPeer(const bench::Peer &peer,
-             const std::shared_ptr<const bench::Input> &input,
-             std::size_t devices) {
-  bench::Command command;
-  bench::require(peer.read(*input, command) &&
-                     command == bench::chainSettings(devices),
-                 peer.name);
-  bench::add(group, peer.name, devices, input->text.size(), [input, &peer] {
-    bench::Command read;
-    benchmark::DoNotOptimize(peer.read(*input, read));
-    benchmark::DoNotOptimize(read);
+void addPeer(const bench::Peer &peer, std::size_t devices) {
+  bench::add(group, peer.name, devices, [&peer, devices] {
+    const auto input = std::make_shared<const bench::Input>(devices);
+    bench::Command command;
+    bench::require(peer.read(*input, command) &&
+                       command == bench::chainSettings(devices),
+                   peer.name);
+    return bench::Prepared{input->text.size(), [&peer, input] {
+                             bench::Command read;
+                             peer.read(*input, read);
+                             benchmark::DoNotOptimize(read);
+                           }};
   });
 }
 
@@ -68,11 +72,10 @@ void addPeer(const bench::Peer &peer,
 
 int main(int count, char **arguments) {
   for (const std::size_t devices : bench::sizes) {
-    const auto input = std::make_shared<const bench::Input>(devices);
-    addEngine(input, devices);
+    addEngine(devices);
     for (const bench::Peer &peer : bench::peers())
       if (devices <= peer.mostDevices)
-        addPeer(peer, input, devices);
+        addPeer(peer, devices);
   }
   return bench::run(count, arguments);
 }
