@@ -80,17 +80,13 @@ constexpr std::array<Parameter<ChainDevice>, 8> parameters{{
 }};
 
 void writeDevice(std::string &out, const JtagOption &device) {
-  appendWord(out, configDeviceOption);
-  appendWord(out, numberWord);
-  out += ' ';
+  out += joined<configDeviceOption, numberWord>;
   appendDecimal(out, device.devicenr);
-  appendWord(out, partNameWord);
-  appendWord(out, device.partname);
-  appendWord(out, irLengthWord);
-  out += ' ';
+  out += joined<partNameWord>;
+  out += device.partname;
+  out += joined<irLengthWord>;
   appendDecimal(out, device.irlength);
-  appendWord(out, idCodeWord);
-  out += ' ';
+  out += joined<idCodeWord>;
   appendHexadecimal(out, device.idcode);
 }
 

@@ -1,6 +1,8 @@
 // Words of the command language that more than one file reads or writes.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -24,6 +26,28 @@ inline constexpr std::string_view timeoutOption = "-timeout";
 // Kinds of a stub's line, behind "-comm".
 inline constexpr std::string_view jtagLine = "jtag";
 inline constexpr std::string_view serialLine = "serial";
+
+/// The characters of `joined`.
+template <const std::string_view &...words> constexpr auto joinWords() {
+  std::array<char, (words.size() + ... + sizeof...(words)) + 1> text{};
+  std::size_t size = 0;
+  text[size++] = ' ';
+  for (const std::string_view word : {words...}) {
+    for (const char character : word)
+      text[size++] = character;
+    text[size++] = ' ';
+  }
+  return text;
+}
+template <const std::string_view &...words>
+inline constexpr auto joinedText = joinWords<words...>();
+
+/// Words with blanks around and between them, to be appended at once. Where
+/// each device of a chain is written, appending word for word takes a third
+/// more.
+template <const std::string_view &...words>
+inline constexpr std::string_view joined{joinedText<words...>.data(),
+                                         joinedText<words...>.size()};
 
 /// Appends a word behind a blank.
 inline void appendWord(std::string &out, std::string_view word) {
