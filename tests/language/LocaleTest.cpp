@@ -38,9 +38,9 @@ private:
   static const mask *oddTable() {
     mask *table = new mask[table_size];
     std::copy(classic_table(), classic_table() + table_size, table);
-    table['_'] = static_cast<mask>(table['_'] | space);
-    table[0xA0] = static_cast<mask>(table[0xA0] | space);
-    table['\n'] = static_cast<mask>(table['\n'] & ~space);
+    for (const unsigned character : {0x5FU, 0xA0U})
+      table[character] = static_cast<mask>(table[character] | space);
+    table[0x0A] = static_cast<mask>(table[0x0A] & ~space);
     return table;
   }
 };
