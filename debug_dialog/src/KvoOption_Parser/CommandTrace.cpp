@@ -27,8 +27,6 @@ std::string errorOf(const EngineImp &imp) {
 namespace kvo {
 
 void Recorder::sets(const ValueForm &form) const {
-  if (trace->words.empty())
-    return;
   CommandWord &word = trace->words.back();
   word.conversion = form.conversion;
   // The device that a clause is filling stands behind those of the chain.

@@ -24,10 +24,7 @@ public:
   void took(std::size_t offset, std::string_view word, WordRole role) const {
     trace->words.push_back({offset, word.size(), role, {}, {}});
   }
-  void isNow(WordRole role) const {
-    if (!trace->words.empty())
-      trace->words.back().role = role;
-  }
+  void isNow(WordRole role) const { trace->words.back().role = role; }
   void sets(const ValueForm &form) const;
 
   template <class Keywords = NamedValues>
