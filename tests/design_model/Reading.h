@@ -1,0 +1,61 @@
+// A design read for a test, and short ways to ask it.
+#ifndef ZELDEBUGDIALOG_TESTS_DESIGN_MODEL_READING_H
+#define ZELDEBUGDIALOG_TESTS_DESIGN_MODEL_READING_H
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
+
+namespace ZelDebugDialog {
+
+using Names = std::vector<std::string>;
+using Files = std::map<std::string, std::string>;
+
+/// What a model answers, as values that a test compares.
+class Reading {
+public:
+  DesignModel model;
+  bool isRead = false;
+
+  Names instances() const;
+  Names processors();
+  Names debugModules() const { return model.DebugModules(); }
+  Names attached(const std::string &module);
+  Names peripherals(const std::string &processor);
+  /// "error top.xml:12: text" each.
+  Names diagnostics() const;
+};
+
+/// Reads "top.xml" of files that are in memory; "kinds" is the kind table if it
+/// is among them.
+Reading readFiles(const Files &files, const std::string &view = "");
+
+/// The same for a design alone, beside the components of `parts`.
+Reading readBeside(const Files &parts, const std::string &design);
+
+// Pieces of documents, in the form of 2014.
+
+/// A component "x:y:name:1" with these interfaces and anything else.
+std::string component(const std::string &name, const std::string &interfaces,
+                      const std::string &others = "");
+/// A bus interface; `mode` is an element.
+std::string interface(const std::string &name, const std::string &mode);
+/// A design "x:y:name:1".
+std::string design(const std::string &name, const std::string &instances,
+                   const std::string &connections = "",
+                   const std::string &others = "");
+std::string instance(const std::string &name, const std::string &component,
+                     const std::string &overrides = "");
+std::string parameter(const std::string &name, const std::string &value,
+                      const std::string &attributes = "");
+std::string given(const std::string &id, const std::string &value);
+/// Ends are "instance.interface"; one without a dot is the design's own.
+std::string connection(const std::string &name, const Names &ends);
+/// A view "inside" and what leads from it to a design "x:y:name:1".
+std::string viewOf(const std::string &design, const std::string &values = "");
+
+} // namespace ZelDebugDialog
+
+#endif
