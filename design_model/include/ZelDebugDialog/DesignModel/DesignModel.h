@@ -24,6 +24,9 @@
 
 namespace ZelDebugDialog {
 
+// The records have a default for every field, so that the last ones can be left
+// out where one is written down.
+
 /// One fault of a design, or one remark about it.
 struct DesignDiagnostic {
   enum class Severity {
@@ -32,31 +35,31 @@ struct DesignDiagnostic {
     note,    ///< A choice that was made for the user.
   };
   Severity severity = Severity::error;
-  std::string file;    ///< As it was opened; empty for a model built in code.
-  int line = 0;        ///< From 1; 0 when the fault is not in a line.
-  std::string message; ///< One line without a full stop or line end.
+  std::string file = {}; ///< As it was opened; empty for a model built in code.
+  int line = 0;          ///< From 1; 0 when the fault is not in a line.
+  std::string message = {}; ///< One line without a full stop or line end.
 };
 
 /// Where something was read, for the diagnostics about it.
 struct DesignOrigin {
-  std::string file;
+  std::string file = {};
   int line = 0;
 };
 
 /// What a model is read from.
 struct DesignSources {
   /// An IP-XACT design, or the component on top of a hierarchy.
-  std::string designFile;
+  std::string designFile = {};
   /// Folders that are searched for components, designs, ... with all that is
   /// below them, or catalog files. Empty: the folder of `designFile`.
-  std::vector<std::string> libraryFolders;
+  std::vector<std::string> libraryFolders = {};
   /// The view to take of a hierarchical component that has one of this name
   /// and whose parent's configuration names none. Empty: the first view that
   /// has a design.
-  std::string view;
+  std::string view = {};
   /// A table that lets components play the part of known ones; docs/
   /// design-files.md has its format. Empty: none.
-  std::string kindsFile;
+  std::string kindsFile = {};
 };
 
 /// What a component is to a debugger.
@@ -80,11 +83,11 @@ enum class InterfaceMode {
 
 /// A bus interface of a component.
 struct DesignInterface {
-  std::string name;
+  std::string name = {};
   InterfaceMode mode = InterfaceMode::target;
   /// Interfaces of the same component to which an access that arrives here is
   /// passed on (a bridge).
-  std::vector<std::string> bridgedTo;
+  std::vector<std::string> bridgedTo = {};
   /// Has registers or memory of its own although it passes accesses on.
   bool answers = false;
   int line = 0; ///< In the file of the component's origin.
@@ -92,40 +95,41 @@ struct DesignInterface {
 
 /// What the instances of one component have in common.
 struct DesignComponent {
-  std::string typeName; ///< What `getIpName` answers.
+  std::string typeName = {}; ///< What `getIpName` answers.
   DesignRole role = DesignRole::byTypeName;
-  std::vector<DesignInterface> interfaces;
+  std::vector<DesignInterface> interfaces = {};
   /// Each a list of interfaces that are one bus inside the component.
-  std::vector<std::vector<std::string>> channels;
-  DesignOrigin origin;
+  std::vector<std::vector<std::string>> channels = {};
+  DesignOrigin origin = {};
 };
 
 struct DesignParameter {
-  std::string name;
-  std::string value;
+  std::string name = {};
+  std::string value = {};
 };
 
 /// An instance as a tool lists it.
 struct DesignInstance {
-  std::string name; ///< With the names of those around it: "a.b.c".
-  std::string typeName;
+  std::string name = {}; ///< With the names of those around it: "a.b.c".
+  std::string typeName = {};
   /// Never `byTypeName`: the built-in table has been asked.
   DesignRole role = DesignRole::other;
-  std::vector<DesignParameter> parameters; ///< In the order of the component.
+  std::vector<DesignParameter> parameters =
+      {}; ///< In the order of the component.
 };
 
 /// One end of a connection.
 struct DesignEnd {
-  std::size_t instance = 0; ///< From `AddInstance`.
-  std::string interface;    ///< Name of one of its interfaces.
-  int line = 0;             ///< In the file of the connection's origin.
+  std::size_t instance = 0;   ///< From `AddInstance`.
+  std::string interface = {}; ///< Name of one of its interfaces.
+  int line = 0;               ///< In the file of the connection's origin.
 };
 
 /// Interfaces that are wired together.
 struct DesignConnection {
-  std::vector<DesignEnd> ends;
-  std::string name; ///< For diagnostics; may be empty.
-  DesignOrigin origin;
+  std::vector<DesignEnd> ends = {};
+  std::string name = {}; ///< For diagnostics; may be empty.
+  DesignOrigin origin = {};
 };
 
 struct DesignContents;
