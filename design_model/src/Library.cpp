@@ -124,6 +124,9 @@ void Library::searchFile(const std::string &file) {
   const Identity identity = readIdentity(root);
   if (identity.isComplete())
     return enter(searched, type, identity, {file, head->lineOf(root)}, file);
+  // A design on top needs no name; a component is there to be referred to.
+  if (type != DocumentType::component)
+    return;
   model.Report({Severity::warning, file, head->lineOf(root),
                 "the " + std::string(toText(type)) +
                     " lacks a part of its identity " + quote(toText(identity)) +

@@ -1,0 +1,177 @@
+// What is read of a design.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Reading.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const Files parts = {
+    {"cpu.xml", component("lumacore", interface("bus", "<ipxact:master/>") +
+                                          interface("d", "<ipxact:slave/>"))},
+    {"ram.xml", component("ram", interface("bus", "<ipxact:slave/>"))},
+    {"hdu.xml", component("hdu", interface("d", "<ipxact:master/>"))},
+};
+
+TEST(DesignReader, KeepsTheOrderOfTheDocument) {
+  const Reading reading = readBeside(
+      parts, design("d", instance("z", "ram") + instance("a", "lumacore") +
+                             instance("m", "hdu") + instance("b", "ram")));
+  EXPECT_THAT(reading.instances(), ElementsAre("z", "a", "m", "b"));
+  EXPECT_EQ(reading.model.Instances()[1].typeName, "lumacore");
+}
+
+TEST(DesignReader, KeepsInstancesWithoutAComponent) {
+  Reading reading = readBeside(
+      parts, design("d",
+                    instance("cpu", "lumacore") + instance("m", "hdu_cedar") +
+                        instance("uart", "uart_mini_cedar"),
+                    connection("a", {"m.d", "cpu.d"}) +
+                        connection("b", {"cpu.bus", "uart.bus"})));
+  EXPECT_TRUE(reading.isRead);
+  EXPECT_THAT(reading.instances(), ElementsAre("cpu", "m", "uart"));
+  EXPECT_EQ(reading.model.getIpName("uart"), "uart_mini_cedar");
+  EXPECT_THAT(reading.debugModules(), ElementsAre("m"));
+  EXPECT_THAT(reading.attached("m"), IsEmpty());
+  EXPECT_THAT(reading.peripherals("cpu"), IsEmpty());
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre("error top.xml:7: instance 'm': component 'x:y:hdu_cedar:1' "
+                  "is not found",
+                  "error top.xml:10: instance 'uart': component "
+                  "'x:y:uart_mini_cedar:1' is not found"));
+}
+
+TEST(DesignReader, KeepsAnInstanceWithoutAReference) {
+  const Reading reading = readBeside(
+      parts, "<design><componentInstances>\n<componentInstance><instanceName>u"
+             "</instanceName></componentInstance></componentInstances>"
+             "</design>");
+  EXPECT_THAT(reading.instances(), ElementsAre("u"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error top.xml:2: instance 'u': component ':::' is "
+                          "not found"));
+}
+
+TEST(DesignReader, LeavesOutInstancesWithBadNames) {
+  Reading reading = readBeside(
+      parts, design("d",
+                    instance("a/b", "ram") + instance(".", "ram") +
+                        instance("..", "ram") + instance("", "ram") +
+                        instance("cpu", "lumacore") + instance("ram", "ram") +
+                        instance("ram", "hdu"),
+                    connection("a", {"cpu.bus", "a/b.bus"}) +
+                        connection("b", {"cpu.bus", "ram.bus"})));
+  EXPECT_THAT(reading.instances(), ElementsAre("cpu", "ram"));
+  EXPECT_EQ(reading.model.getIpName("ram"), "ram");
+  EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram"));
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre(
+          "error top.xml:3: instance 'a/b' is left out: the name holds a \"/\"",
+          "error top.xml:6: instance '.' is left out: the name means a folder",
+          "error top.xml:9: instance '..' is left out: the name means a "
+          "folder",
+          "error top.xml:12: instance '' is left out: it has no name",
+          "error top.xml:21: instance 'ram' is left out: another has that "
+          "name"));
+}
+
+TEST(DesignReader, ReportsConnectionsThatLeadNowhere) {
+  Reading reading = readBeside(
+      parts,
+      design("d", instance("cpu", "lumacore") + instance("ram", "ram"),
+             "\n" + connection("none", {}) + connection("lone", {"cpu.bus"}) +
+                 connection("away", {"cpu.bus", "rom.bus"}) +
+                 connection("port", {"cpu.bus", "ram.bas"}) +
+                 connection("good", {"cpu.bus", "ram.bus", "gone.bus"}) +
+                 connection("good", {"cpu.d", "ram.bus"})));
+  EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram"));
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre(
+          "warning top.xml:11: connection 'none' has no ends",
+          "warning top.xml:13: connection 'lone' has one end only: 'cpu.bus'",
+          "error top.xml:18: connection 'away' of 'rom.bus' and 'cpu.bus': the "
+          "design has no instance 'rom'",
+          "error top.xml:27: connection 'good' of 'gone.bus' and 'cpu.bus': "
+          "the design has no instance 'gone'",
+          "warning top.xml:29: a second connection 'good'",
+          "error top.xml:22: connection 'port' of 'cpu.bus' and 'ram.bas': "
+          "instance 'ram' of type 'ram' has no interface 'bas'"));
+}
+
+TEST(DesignReader, TakesEndsInEveryForm) {
+  for (const char *const attribute :
+       {"componentRef", "componentInstanceRef", "ipxact:componentRef"}) {
+    Reading reading = readBeside(
+        parts,
+        design("d", instance("cpu", "lumacore") + instance("ram", "ram"),
+               "<ipxact:interconnection><ipxact:activeInterface " +
+                   std::string(attribute) +
+                   "='cpu' busRef='bus'/><ipxact:activeInterface " + attribute +
+                   "='ram' ipxact:busRef='bus'/></ipxact:interconnection>"));
+    EXPECT_THAT(reading.diagnostics(), IsEmpty());
+    EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram")) << attribute;
+  }
+}
+
+TEST(DesignReader, AttachesNothingByMonitorsAndPorts) {
+  Reading reading = readBeside(
+      parts,
+      design("d", instance("cpu", "lumacore") + instance("ram", "ram"),
+             "<ipxact:monitorInterconnection><ipxact:name>m</ipxact:name>"
+             "<ipxact:monitoredActiveInterface componentRef='cpu' "
+             "busRef='bus'/><ipxact:monitorInterface componentRef='ram' "
+             "busRef='bus'/></ipxact:monitorInterconnection>",
+             "<ipxact:adHocConnections><ipxact:adHocConnection><ipxact:name>a"
+             "</ipxact:name><ipxact:portReferences>"
+             "<ipxact:internalPortReference componentRef='cpu' portRef='p'/>"
+             "<ipxact:internalPortReference componentRef='ram' portRef='p'/>"
+             "</ipxact:portReferences></ipxact:adHocConnection>"
+             "</ipxact:adHocConnections>"));
+  EXPECT_THAT(reading.peripherals("cpu"), IsEmpty());
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(DesignReader, LeadsNowhereByItsOwnInterfaces) {
+  Reading reading = readBeside(
+      parts, design("d", instance("cpu", "lumacore") + instance("ram", "ram"),
+                    connection("a", {"cpu.bus", "out"}) +
+                        connection("b", {"ram.bus", "out"})));
+  EXPECT_THAT(reading.peripherals("cpu"), IsEmpty());
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(DesignReader, FollowsNoConditions) {
+  Reading reading = readBeside(
+      parts,
+      design("d",
+             instance("cpu", "lumacore") +
+                 "<ipxact:componentInstance>\n<ipxact:isPresent>0"
+                 "</ipxact:isPresent><ipxact:instanceName>ram"
+                 "</ipxact:instanceName><ipxact:componentRef vendor='x' "
+                 "library='y' name='ram' version='1'/>"
+                 "</ipxact:componentInstance>\n",
+             "<ipxact:interconnection>\n<ipxact:isPresent>0</ipxact:isPresent>"
+             "<ipxact:activeInterface componentRef='cpu' busRef='bus'/>"
+             "<ipxact:activeInterface componentRef='ram' busRef='bus'>\n"
+             "<ipxact:isPresent>0</ipxact:isPresent></ipxact:activeInterface>"
+             "</ipxact:interconnection>"));
+  EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("warning top.xml:7: isPresent is not followed: this "
+                          "componentInstance is taken to be there",
+                          "warning top.xml:10: isPresent is not followed: this "
+                          "interconnection is taken to be there",
+                          "warning top.xml:11: isPresent is not followed: this "
+                          "activeInterface is taken to be there"));
+}
+
+} // namespace
+} // namespace ZelDebugDialog

@@ -1,0 +1,371 @@
+// Designs inside designs: which view is taken, and what ends a hierarchy.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ReadDesignFrom.h"
+#include "Reading.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const std::string leaf = component("leaf", "");
+
+std::string vlnv(const std::string &name) {
+  return "vendor='x' library='y' name='" + name + "' version='1'";
+}
+
+std::string document(const std::string &root, const std::string &name,
+                     const std::string &content) {
+  return "<" + root + "><vendor>x</vendor><library>y</library><name>" + name +
+         "</name><version>1</version>\n" + content + "</" + root + ">";
+}
+
+/// A configuration "x:y:name:1" of a design, with views "instance=view".
+std::string configuration(const std::string &name, const std::string &design,
+                          const Names &views) {
+  std::string text = "<designRef " + vlnv(design) + "/>\n";
+  for (const std::string &view : views) {
+    const std::size_t equals = view.find('=');
+    text += "<viewConfiguration><instanceName>" + view.substr(0, equals) +
+            "</instanceName><view viewRef='" + view.substr(equals + 1) +
+            "'/></viewConfiguration>\n";
+  }
+  return document("designConfiguration", name, text);
+}
+
+/// A component "x:y:box:1" with the views "one" and "two", which lead to
+/// designs of these names, and "flat", which leads to none.
+const std::string box = document(
+    "component", "box",
+    "<model><views><view><name>flat</name></view>\n"
+    "<view><name>one</name><designInstantiationRef>i1</designInstantiationRef>"
+    "</view>\n<view><name>two</name><designInstantiationRef>i2"
+    "</designInstantiationRef></view></views>\n"
+    "<instantiations><designInstantiation><name>i1</name><designRef " +
+        vlnv("one") +
+        "/></designInstantiation><designInstantiation><name>i2</name>"
+        "<designRef " +
+        vlnv("two") + "/></designInstantiation></instantiations></model>");
+
+const Files boxes = {
+    {"box.xml", box},
+    {"leaf.xml", leaf},
+    {"one.xml", design("one", instance("in_one", "leaf"))},
+    {"two.xml", design("two", instance("in_two", "leaf"))},
+};
+
+Reading readBoxes(const Files &more, const std::string &view = "") {
+  Files files = boxes;
+  files.insert(more.begin(), more.end());
+  return readFiles(files, view);
+}
+
+const std::string twoBoxes =
+    design("top", instance("a", "box") + instance("b", "box"));
+
+TEST(Views, AreTheFirstThatHasADesign) {
+  const Reading reading = readBoxes({{"top.xml", twoBoxes}});
+  EXPECT_THAT(reading.instances(),
+              ElementsAre("a", "a.in_one", "b", "b.in_one"));
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Views, AreTheCallersChoice) {
+  EXPECT_THAT(readBoxes({{"top.xml", twoBoxes}}, "two").instances(),
+              ElementsAre("a", "a.in_two", "b", "b.in_two"));
+  EXPECT_THAT(readBoxes({{"top.xml", twoBoxes}}, "flat").instances(),
+              ElementsAre("a", "b"));
+  EXPECT_THAT(readBoxes({{"top.xml", twoBoxes}}, "Two").instances(),
+              ElementsAre("a", "a.in_one", "b", "b.in_one"));
+}
+
+/// A component "x:y:top:1" whose view has a design and a configuration.
+std::string topOf(const std::string &design, const std::string &configuration) {
+  return document(
+      "component", "top",
+      "<model><views><view><name>v</name>" +
+          (design.empty() ? ""
+                          : std::string("<designInstantiationRef>d"
+                                        "</designInstantiationRef>")) +
+          "<designConfigurationInstantiationRef>c"
+          "</designConfigurationInstantiationRef></view></views>\n"
+          "<instantiations><designInstantiation><name>d</name><designRef " +
+          vlnv(design) +
+          "/></designInstantiation>\n<designConfigurationInstantiation><name>c"
+          "</name><designConfigurationRef " +
+          vlnv(configuration) +
+          "/></designConfigurationInstantiation></instantiations></model>");
+}
+
+TEST(Views, AreThoseOfTheConfigurationFirst) {
+  const Files files = {
+      {"top.xml", topOf("inner", "c")},
+      {"inner.xml",
+       design("inner", instance("a", "box") + instance("b", "box") +
+                           instance("c", "box"))},
+      {"c.xml", configuration("c", "inner", {"a=two", "c=flat"})}};
+  EXPECT_THAT(readBoxes(files).instances(),
+              ElementsAre("a", "a.in_two", "b", "b.in_one", "c"));
+  EXPECT_THAT(readBoxes(files, "one").instances(),
+              ElementsAre("a", "a.in_two", "b", "b.in_one", "c"));
+  EXPECT_THAT(readBoxes(files, "flat").instances(),
+              ElementsAre("a", "a.in_two", "b", "c"));
+}
+
+TEST(Views, LeadToADesignByAConfigurationAlone) {
+  const Reading reading =
+      readBoxes({{"top.xml", topOf("", "c")},
+                 {"inner.xml", design("inner", instance("a", "box"))},
+                 {"c.xml", configuration("c", "inner", {"a=two"})}});
+  EXPECT_THAT(reading.instances(), ElementsAre("a", "a.in_two"));
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Views, OfADesignAloneFollowNoConfiguration) {
+  const Reading reading = readBoxes(
+      {{"top.xml", twoBoxes}, {"c.xml", configuration("c", "top", {"a=two"})}});
+  EXPECT_THAT(reading.instances(),
+              ElementsAre("a", "a.in_one", "b", "b.in_one"));
+}
+
+TEST(Views, MayBeConfiguredBadly) {
+  const Files inner = {{"top.xml", topOf("inner", "c")},
+                       {"inner.xml", design("inner", instance("a", "box"))}};
+  Files files = inner;
+  files["c.xml"] = configuration("c", "inner", {"a=three", "a=two", "z=flat"});
+  const Reading unknown = readBoxes(files);
+  EXPECT_THAT(unknown.instances(), ElementsAre("a", "a.in_one"));
+  EXPECT_THAT(
+      unknown.diagnostics(),
+      ElementsAre("warning c.xml:4: a second view for instance 'a'; the first "
+                  "is taken",
+                  "warning c.xml:3: instance 'a' is to have the view 'three', "
+                  "which component 'x:y:box:1' does not have",
+                  "warning c.xml:5: a view is selected for instance 'z', which "
+                  "design 'x:y:inner:1' does not have"));
+  files["c.xml"] = configuration("c", "other", {"a=two"});
+  const Reading other = readBoxes(files);
+  EXPECT_THAT(other.instances(), ElementsAre("a", "a.in_one"));
+  EXPECT_THAT(other.diagnostics(),
+              ElementsAre("warning c.xml:2: the configuration is for "
+                          "'x:y:other:1'; it is not used with "
+                          "'x:y:inner:1'"));
+  const Reading missing = readBoxes(inner);
+  EXPECT_THAT(missing.instances(), ElementsAre("a", "a.in_one"));
+  EXPECT_THAT(missing.diagnostics(),
+              ElementsAre("error top.xml:4: design configuration 'x:y:c:1' is "
+                          "not found"));
+}
+
+TEST(Views, OnTopHaveToLeadToADesign) {
+  const Files files = {{"top.xml", box}};
+  MemorySource memory;
+  memory.files = files;
+  const Reading missing = readFiles(files);
+  EXPECT_FALSE(missing.isRead);
+  EXPECT_THAT(missing.diagnostics(),
+              ElementsAre("error top.xml:5: design 'x:y:one:1' is not found"));
+  const Reading flat = readBoxes(files, "flat");
+  EXPECT_FALSE(flat.isRead);
+  EXPECT_THAT(flat.diagnostics()[0], HasSubstr("is in 'box.xml' as well as"));
+  EXPECT_THAT(flat.diagnostics()[1],
+              "error top.xml:1: component 'x:y:box:1': its view 'flat' does "
+              "not lead to a design");
+  const Reading none = readFiles({{"top.xml", leaf}});
+  EXPECT_FALSE(none.isRead);
+  EXPECT_THAT(none.diagnostics(),
+              ElementsAre("error top.xml:1: component 'x:y:leaf:1' has no view "
+                          "that leads to a design"));
+}
+
+TEST(Views, InsideMayLeadToNothing) {
+  const Reading reading = readFiles({{"box.xml", box}, {"top.xml", twoBoxes}});
+  EXPECT_TRUE(reading.isRead);
+  EXPECT_THAT(reading.instances(), ElementsAre("a", "b"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error box.xml:5: design 'x:y:one:1' is not found"));
+}
+
+TEST(Views, MayReferToNoInstantiation) {
+  const Reading reading = readFiles(
+      {{"top.xml", design("top", instance("a", "box"))},
+       {"box.xml",
+        document("component", "box",
+                 "<model><views><view><name>v</name>\n<designInstantiationRef>"
+                 "nothing</designInstantiationRef></view></views></model>")}});
+  EXPECT_THAT(reading.instances(), ElementsAre("a"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("warning box.xml:3: view 'v' refers to an "
+                          "instantiation 'nothing', which the component does "
+                          "not have"));
+}
+
+/// The form of 2009: a view with a hierarchy reference.
+std::string boxOf2009(const std::string &reference) {
+  return document("component", "box",
+                  "<model><views><view><name>v</name>\n<hierarchyRef " +
+                      vlnv(reference) + "/></view></views></model>");
+}
+
+TEST(Views, Of2009LeadToADesignOrAConfiguration) {
+  const Files files = {
+      {"top.xml", design("top", instance("a", "box"))},
+      {"leaf.xml", leaf},
+      {"one.xml", design("one", instance("in_one", "leaf"))},
+      {"c.xml", configuration("c", "one", {})},
+      {"empty.xml", document("designConfiguration", "empty", "")},
+      {"lost.xml", configuration("lost", "gone", {})},
+  };
+  Files direct = files;
+  direct["box.xml"] = boxOf2009("one");
+  EXPECT_THAT(readFiles(direct).instances(), ElementsAre("a", "a.in_one"));
+  Files configured = files;
+  configured["box.xml"] = boxOf2009("c");
+  EXPECT_THAT(readFiles(configured).instances(), ElementsAre("a", "a.in_one"));
+  Files missing = files;
+  missing["box.xml"] = boxOf2009("gone");
+  EXPECT_THAT(readFiles(missing).instances(), ElementsAre("a"));
+  EXPECT_THAT(readFiles(missing).diagnostics(),
+              ElementsAre("error box.xml:3: there is neither a design nor a "
+                          "design configuration 'x:y:gone:1'"));
+  Files lost = files;
+  lost["box.xml"] = boxOf2009("lost");
+  EXPECT_THAT(readFiles(lost).diagnostics(),
+              ElementsAre("error lost.xml:2: design 'x:y:gone:1' is not "
+                          "found"));
+  Files empty = files;
+  empty["box.xml"] = boxOf2009("empty");
+  EXPECT_THAT(readFiles(empty).instances(), ElementsAre("a"));
+}
+
+TEST(Inside, IsConnectedToTheOutside) {
+  Reading reading = readFiles(
+      {{"cpu.xml", component("lumacore", interface("bus", "<ipxact:master/>"))},
+       {"ram.xml", component("ram", interface("bus", "<ipxact:slave/>"))},
+       {"box.xml", component("box", interface("port", "<ipxact:slave/>"),
+                             viewOf("inner"))},
+       {"inner.xml", design("inner", instance("ram", "ram"),
+                            "\n" + connection("in", {"ram.bus", "port"}) +
+                                connection("bad", {"ram.bus", "part"}))},
+       {"top.xml", design("top",
+                          instance("cpu", "lumacore") + instance("a", "box") +
+                              instance("b", "box"),
+                          connection("out", {"cpu.bus", "b.port"}))}});
+  EXPECT_THAT(reading.instances(),
+              ElementsAre("cpu", "a", "a.ram", "b", "b.ram"));
+  EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("b.ram"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error inner.xml:14: connection 'bad' of 'ram.bus' "
+                          "and 'a.part': instance 'a' of type 'box' has no "
+                          "interface 'part'",
+                          "error inner.xml:14: connection 'bad' of 'ram.bus' "
+                          "and 'b.part': instance 'b' of type 'box' has no "
+                          "interface 'part'"));
+}
+
+TEST(Inside, OfTheComponentOnTopHasItsInterfaces) {
+  Reading reading = readFiles(
+      {{"cpu.xml", component("lumacore", interface("bus", "<ipxact:master/>"))},
+       {"top.xml", component("top", interface("port", "<ipxact:master/>"),
+                             viewOf("inner"))},
+       {"inner.xml", design("inner", instance("cpu", "lumacore"),
+                            "\n" + connection("out", {"cpu.bus", "port"}) +
+                                connection("bad", {"cpu.bus", "part"}))}});
+  EXPECT_THAT(reading.peripherals("cpu"), IsEmpty());
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error inner.xml:14: connection 'bad': component "
+                          "'x:y:top:1' has no interface 'part'"));
+}
+
+TEST(Inside, OfAProcessorIsNotEntered) {
+  Reading reading = readFiles(
+      {{"leaf.xml", leaf},
+       {"cpu.xml", component("cpu", "", "<ipxact:cpus/>" + viewOf("inner"))},
+       {"inner.xml", design("inner", instance("in", "leaf"))},
+       {"top.xml", design("top", instance("cpu", "cpu"))}});
+  EXPECT_THAT(reading.instances(), ElementsAre("cpu"));
+  EXPECT_THAT(reading.processors(), ElementsAre("cpu"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("note top.xml:3: instance 'cpu' is a processor: the "
+                          "design inside it is not entered"));
+}
+
+TEST(Inside, MayReadAsAnother) {
+  const Reading reading = readFiles(
+      {{"leaf.xml", leaf},
+       {"box.xml", component("box", "", viewOf("inner"))},
+       {"inner.xml",
+        design("inner", instance("c", "leaf") + instance("b.c", "leaf"))},
+       {"top.xml",
+        design("top", instance("a", "box") + instance("a.b", "box"))}});
+  EXPECT_THAT(reading.instances(),
+              ElementsAre("a", "a.c", "a.b.c", "a.b", "a.b.c", "a.b.b.c"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(HasSubstr("warning inner.xml:3: two instances read "
+                                    "'a.b.c'")));
+}
+
+TEST(Inside, MayLeadBack) {
+  const Reading reading =
+      readFiles({{"a.xml", component("a", "", viewOf("in_a"))},
+                 {"b.xml", component("b", "", viewOf("in_b"))},
+                 {"in_a.xml", design("in_a", instance("b", "b"))},
+                 {"in_b.xml", design("in_b", instance("a", "a"))},
+                 {"top.xml", design("top", instance("a", "a"))}});
+  EXPECT_THAT(reading.instances(), ElementsAre("a", "a.b", "a.b.a"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error in_b.xml:3: instance 'a' leads back to the "
+                          "design 'x:y:in_a:1' that it is in; it is not "
+                          "entered again"));
+}
+
+TEST(Inside, EndsAtADepthThatIsBounded) {
+  Files files = {{"top.xml", design("top", instance("i", "c0"))}};
+  for (int level = 0; level < 200; ++level) {
+    const std::string number = std::to_string(level);
+    files["c" + number + ".xml"] =
+        component("c" + number, "", viewOf("d" + number));
+    files["d" + number + ".xml"] =
+        design("d" + number, instance("i", "c" + std::to_string(level + 1)));
+  }
+  const Reading reading = readFiles(files);
+  EXPECT_EQ(reading.model.Instances().size(), 100u);
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error d98.xml:3: instance 'i' is inside 100 others; "
+                          "it is not entered"));
+}
+
+TEST(Inside, EndsAtASizeThatIsBounded) {
+  Files files = {{"top.xml", design("top", instance("i", "c0"))},
+                 {"leaf.xml", leaf}};
+  std::string ten;
+  for (int level = 0; level < 30; ++level) {
+    const std::string number = std::to_string(level);
+    files["c" + number + ".xml"] =
+        component("c" + number, "", viewOf("d" + number));
+    const std::string next =
+        level == 29 ? "leaf" : "c" + std::to_string(level + 1);
+    std::string instances;
+    for (int i = 0; i < 10; ++i)
+      instances += instance("i" + std::to_string(i), next);
+    files["d" + number + ".xml"] = design("d" + number, instances);
+  }
+  MemorySource memory;
+  memory.files = files;
+  DesignSources sources;
+  sources.designFile = "top.xml";
+  DesignModel model;
+  EXPECT_TRUE(readDesignFrom(memory, sources, 1000000, model));
+  EXPECT_GT(model.Instances().size(), 1000u);
+  EXPECT_LT(model.Instances().size(), 2500u);
+  ASSERT_EQ(model.Diagnostics().size(), 1u);
+  EXPECT_EQ(model.Diagnostics()[0].message,
+            "the design is too large: the rest of it is left out");
+}
+
+} // namespace
+} // namespace ZelDebugDialog

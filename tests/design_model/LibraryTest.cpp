@@ -1,0 +1,295 @@
+// Where components are found.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ReadDesignFrom.h"
+#include "Reading.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const std::string top = design("d", instance("u", "t"));
+
+Reading readFrom(const Files &files, const Names &places) {
+  MemorySource memory;
+  memory.files = files;
+  DesignSources sources;
+  sources.designFile = "top.xml";
+  sources.libraryFolders = places;
+  Reading reading;
+  reading.isRead = readDesignFrom(memory, sources, largestModel, reading.model);
+  return reading;
+}
+
+/// A component that tells by its parameter which one was taken.
+std::string marked(const std::string &mark) {
+  return component("t", "",
+                   "<ipxact:parameters>" +
+                       parameter("MARK", mark, "type=\"string\"") +
+                       "</ipxact:parameters>");
+}
+
+std::string markOf(Reading &reading) {
+  return reading.model.getParameterValue("u", "MARK");
+}
+
+std::string catalog(const std::string &sections) {
+  return "<catalog xmlns=\"http://www.accellera.org/XMLSchema/IPXACT/"
+         "1685-2014\">"
+         "<vendor>x</vendor><library>y</library><name>c</name>"
+         "<version>1</version>\n" +
+         sections + "</catalog>";
+}
+
+std::string entries(const std::string &section, const Names &files,
+                    const std::string &name = "t") {
+  std::string text = "<" + section + ">\n";
+  for (const std::string &file : files)
+    text += "<ipxactFile><vlnv vendor=\"x\" library=\"y\" name=\"" + name +
+            "\" version=\"1\"/><name>" + file + "</name></ipxactFile>\n";
+  return text + "</" + section + ">\n";
+}
+
+TEST(Library, IsTheFolderOfTheDesignUnlessFoldersAreNamed) {
+  const Files files = {{"top.xml", top},
+                       {"near/t.xml", marked("near")},
+                       {"far/deep/t.xml", marked("far")}};
+  Reading here = readFrom(files, {});
+  EXPECT_EQ(markOf(here), "far");
+  Reading near = readFrom(files, {"near"});
+  EXPECT_EQ(markOf(near), "near");
+  EXPECT_THAT(near.diagnostics(), IsEmpty());
+}
+
+TEST(Library, KeepsTheFirstOfTwoInTheOrderOfPaths) {
+  const Files files = {{"top.xml", top},
+                       {"b/t.xml", marked("b")},
+                       {"a/t.xml", marked("a")},
+                       {"c/t.xml", marked("c")}};
+  for (const Names &places : {Names{"."}, Names{"c", "b", "a"}}) {
+    Reading reading = readFrom(files, places);
+    EXPECT_EQ(markOf(reading), "a");
+    EXPECT_THAT(
+        reading.diagnostics(),
+        ElementsAre("warning b/t.xml:1: component 'x:y:t:1' is in 'a/t.xml' as "
+                    "well as in 'b/t.xml'; the first is taken",
+                    "warning c/t.xml:1: component 'x:y:t:1' is in 'a/t.xml' as "
+                    "well as in 'c/t.xml'; the first is taken"));
+  }
+}
+
+TEST(Library, SearchesAFolderOnce) {
+  const Reading reading =
+      readFrom({{"top.xml", top}, {"a/t.xml", marked("a")}}, {"a", "a", "."});
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Library, HasToBeThere) {
+  const Reading reading = readFrom({{"top.xml", top}}, {"nowhere"});
+  EXPECT_FALSE(reading.isRead);
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error nowhere:0: there is no such library folder or "
+                          "catalog"));
+}
+
+TEST(Library, IsNoOtherFile) {
+  for (const std::string &text : {std::string("\n<component/>"), top}) {
+    const Reading reading =
+        readFrom({{"top.xml", top}, {"c.xml", text}}, {"c.xml"});
+    EXPECT_FALSE(reading.isRead);
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre(HasSubstr("it is neither a library folder nor a "
+                                      "catalog")));
+  }
+}
+
+TEST(Library, ComparesIdentitiesExactly) {
+  const char *const others[] = {
+      "vendor='X' library='y' name='t' version='1'",
+      "vendor='x' library='' name='t' version='1'",
+      "vendor='x' library='y' name='t' version='1.0'",
+      "vendor='x' library='y' name='tt' version='1'",
+      "library='y' name='t' version='1'",
+  };
+  for (const char *const reference : others) {
+    Reading reading = readFrom(
+        {{"top.xml",
+          "<design><componentInstances><componentInstance>\n<instanceName>u"
+          "</instanceName>\n<componentRef " +
+              std::string(reference) +
+              "/></componentInstance></componentInstances></design>"},
+         {"t.xml", marked("here")}},
+        {});
+    EXPECT_TRUE(reading.isRead);
+    EXPECT_THAT(reading.instances(), ElementsAre("u"));
+    EXPECT_EQ(markOf(reading), "") << reference;
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre(testing::AllOf(
+                    testing::StartsWith("error top.xml:3: instance 'u': "
+                                        "component '"),
+                    testing::EndsWith("' is not found"))));
+  }
+}
+
+TEST(Library, KnowsTypesApart) {
+  Reading reading = readFrom(
+      {{"top.xml", top}, {"a.xml", design("t", "")}, {"t.xml", marked("here")}},
+      {});
+  EXPECT_EQ(markOf(reading), "here");
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Library, SpeaksOfFilesThatLookLikeDocuments) {
+  const Reading reading = readFrom(
+      {{"top.xml", top},
+       {"t.xml", marked("here")},
+       {"a.xml", "not\nxml"},
+       {"b.xml", "<html/>"},
+       {"c.xml", "\n<component><vendor>x</vendor></component>"},
+       {"d.xml", "<busDefinition/>"},
+       {"e.xml", "<component><vendor>x</vendor><library>y</library>"
+                 "<name>e</name><version>1</version><oops></component>"}},
+      {});
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre("warning a.xml:2: it is not XML: No document element found",
+                  "warning c.xml:2: the component lacks a part of its identity "
+                  "'x:::'; nothing can refer to it"));
+}
+
+TEST(Library, ReportsABrokenComponentWhenItIsNeeded) {
+  const Reading reading = readFrom(
+      {{"top.xml", top},
+       {"t.xml", "<component><vendor>x</vendor><library>y</library>\n"
+                 "<name>t</name><version>1</version><oops></component>"}},
+      {});
+  EXPECT_TRUE(reading.isRead);
+  EXPECT_THAT(reading.instances(), ElementsAre("u"));
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre("error t.xml:2: it is not XML: Start-end tags mismatch",
+                  "error top.xml:4: instance 'u': component 'x:y:t:1' is not "
+                  "found"));
+}
+
+TEST(Library, FindsIdentitiesInLargeFiles) {
+  const std::string filler(50000, ' ');
+  std::string behind = marked("behind");
+  behind.insert(behind.find("</ipxact:component>"), filler);
+  Reading first = readFrom({{"top.xml", top}, {"t.xml", behind}}, {});
+  EXPECT_EQ(markOf(first), "behind");
+  Reading second = readFrom(
+      {{"top.xml", top}, {"t.xml", "<!--" + filler + "-->" + marked("before")}},
+      {});
+  EXPECT_EQ(markOf(second), "before");
+  // The first part of the file ends inside the version.
+  for (std::size_t length = 16300; length < 16384; ++length) {
+    Reading cut = readFrom({{"top.xml", top},
+                            {"t.xml", "<!--" + std::string(length - 170, ' ') +
+                                          "-->" + marked("cut") + filler}},
+                           {});
+    ASSERT_EQ(markOf(cut), "cut") << length;
+  }
+}
+
+TEST(Catalog, SaysWhereFilesAre) {
+  Reading reading = readFrom(
+      {{"top.xml", top},
+       {"lib/index.xml", catalog(entries("components", {"../parts/t.xml"}))},
+       {"parts/t.xml", marked("listed")}},
+      {"lib/index.xml"});
+  EXPECT_EQ(markOf(reading), "listed");
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Catalog, MayNameFilesByTheirScheme) {
+  Reading reading = readFrom(
+      {{"top.xml", top},
+       {"index.xml", catalog(entries("components", {"file:///parts/t.xml"}))},
+       {"/parts/t.xml", marked("listed")}},
+      {"index.xml"});
+  EXPECT_EQ(markOf(reading), "listed");
+}
+
+TEST(Catalog, IsFoundInAFolderAndGoesFirst) {
+  Reading reading =
+      readFrom({{"top.xml", top},
+                {"a/t.xml", marked("found")},
+                {"a/index.xml", catalog(entries("components", {"../t.xml"}))},
+                {"t.xml", marked("listed")}},
+               {"a"});
+  EXPECT_EQ(markOf(reading), "listed");
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Catalog, NamesOthersAndItself) {
+  Reading reading = readFrom(
+      {{"top.xml", top},
+       {"a/1.xml", catalog(entries("catalogs", {"../b/2.xml", "1.xml"}, "c"))},
+       {"b/2.xml", catalog(entries("catalogs", {"3.xml", "../a/1.xml"}, "c"))},
+       {"b/3.xml", catalog(entries("components", {"t.xml"}))},
+       {"b/t.xml", marked("deep")}},
+      {"a/1.xml"});
+  EXPECT_EQ(markOf(reading), "deep");
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Catalog, MayBeWrong) {
+  Reading reading = readFrom(
+      {{"top.xml", top},
+       {"lib/index.xml",
+        catalog(entries("components", {"gone.xml", "wrong.xml", "t.xml"}) +
+                entries("catalogs", {"wrong.xml", "bad.xml"}, "c"))},
+       {"lib/wrong.xml", component("other", "")},
+       {"lib/bad.xml", "<catalog>"},
+       {"lib/t.xml", marked("searched")}},
+      {"lib"});
+  EXPECT_EQ(markOf(reading), "searched");
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre(
+          HasSubstr("warning lib/bad.xml:1: it is not XML"),
+          "warning lib/index.xml:3: there is no file 'gone.xml' for component "
+          "'x:y:t:1'",
+          "warning lib/wrong.xml:1: it is no catalog",
+          "warning lib/index.xml:5: component 'x:y:t:1' is in 'lib/wrong.xml' "
+          "as well as in 'lib/t.xml'; the first is taken",
+          "error lib/wrong.xml:1: it should hold component 'x:y:t:1', but "
+          "holds component 'x:y:other:1'"));
+}
+
+TEST(Catalog, ListsOtherDocumentsToo) {
+  const Reading reading = readFrom(
+      {{"top.xml",
+        "<component><vendor>x</vendor><library>y</library><name>top</name>"
+        "<version>1</version><model><views><view><name>v</name>"
+        "<designConfigurationInstantiationRef>c"
+        "</designConfigurationInstantiationRef></view></views>"
+        "<instantiations><designConfigurationInstantiation><name>c</name>"
+        "<designConfigurationRef vendor='x' library='y' name='c' version='1'/>"
+        "</designConfigurationInstantiation></instantiations></model>"
+        "</component>"},
+       {"index.xml",
+        catalog(entries("components", {"lib/t.xml"}) +
+                entries("designs", {"lib/d.xml"}, "d") +
+                entries("designConfigurations", {"lib/c.xml"}, "c") +
+                entries("busDefinitions", {"missing.xml"}, "b"))},
+       {"lib/t.xml", marked("listed")},
+       {"lib/d.xml", top},
+       {"lib/c.xml",
+        "<designConfiguration><vendor>x</vendor><library>y</library>"
+        "<name>c</name><version>1</version><designRef vendor='x' library='y' "
+        "name='d' version='1'/></designConfiguration>"}},
+      {"index.xml"});
+  EXPECT_THAT(reading.instances(), ElementsAre("u"));
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+} // namespace
+} // namespace ZelDebugDialog

@@ -1,0 +1,294 @@
+// Values of parameters, from the top of a hierarchy down.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "Reading.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::string parameters(const std::string &list) {
+  return "<ipxact:parameters>" + list + "</ipxact:parameters>";
+}
+
+/// A component "t" with these parameters, instantiated as "u" with these
+/// values.
+Reading readWith(const std::string &list, const std::string &values = "",
+                 const std::string &ofTheDesign = "") {
+  return readFiles({{"t.xml", component("t", "", parameters(list))},
+                    {"top.xml", design("d", instance("u", "t", values), "",
+                                       parameters(ofTheDesign))}});
+}
+
+std::string valueOf(Reading &reading, const std::string &name,
+                    const std::string &instance = "u") {
+  return reading.model.getParameterValue(instance, name);
+}
+
+struct Row {
+  const char *written, *value;
+};
+
+TEST(Parameter, IsGivenAsCReadsIt) {
+  const Row rows[] = {
+      {"5", "5"},
+      {" 5 ", "5"},
+      {"010", "10"},
+      {"-5", "-5"},
+      {"- 5", "-5"},
+      {"'h0008_0200", "524800"},
+      {"32'h1c0ffee1", "470810337"},
+      {"0x1F", "31"},
+      {"-0x1", "-1"},
+      {"'h400-'h0100", "768"},
+      {"1 ? 2 : 3", "2"},
+      {"$clog2('h400)", "10"},
+      {"text", "text"},
+      {"some  text", "some  text"},
+      {"\"quoted\"", "\"quoted\""},
+      {"1.5", "1.5"},
+      {"", ""},
+      {"true", "true"},
+  };
+  for (const Row &row : rows) {
+    Reading reading = readWith(parameter("P", row.written));
+    EXPECT_EQ(valueOf(reading, "P"), row.value) << row.written;
+  }
+}
+
+TEST(Parameter, IsTextWhenItIsDeclaredSo) {
+  const Row rows[] = {
+      {"010", "010"}, {"1+1", "1+1"}, {"id_Q", "7"}, {"id_Q+1", "id_Q+1"}};
+  for (const Row &row : rows) {
+    Reading reading = readWith(parameter("P", row.written, "type='string'") +
+                               parameter("Q", "7"));
+    EXPECT_EQ(valueOf(reading, "P"), row.value) << row.written;
+    EXPECT_THAT(reading.diagnostics(), IsEmpty());
+  }
+  Reading given = readWith(parameter("P", "", "type='string'"),
+                           ZelDebugDialog::given("id_P", "010"));
+  EXPECT_EQ(valueOf(given, "P"), "010");
+}
+
+TEST(Parameter, KeepsTheOrderOfTheComponent) {
+  const Reading reading = readWith(
+      parameter("Z", "1") + parameter("A", "id_Z") + parameter("M", "3"),
+      given("id_M", "4") + given("id_Z", "5"));
+  const auto &list = reading.model.Instances()[0].parameters;
+  ASSERT_EQ(list.size(), 3u);
+  EXPECT_EQ(list[0].name + "=" + list[0].value, "Z=5");
+  EXPECT_EQ(list[1].name + "=" + list[1].value, "A=5");
+  EXPECT_EQ(list[2].name + "=" + list[2].value, "M=4");
+}
+
+TEST(Parameter, RefersToOthersById) {
+  Reading reading =
+      readWith(parameter("A", "id_B * 2") + parameter("B", "id_C + 1") +
+               parameter("C", "20") + parameter("T", "id_S") +
+               parameter("S", "some::text") + parameter("N", "A * 2"));
+  EXPECT_EQ(valueOf(reading, "A"), "42");
+  EXPECT_EQ(valueOf(reading, "B"), "21");
+  EXPECT_EQ(valueOf(reading, "T"), "some::text");
+  EXPECT_EQ(valueOf(reading, "N"), "A * 2");
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("warning t.xml:19: the value of parameter 'N' stays "
+                          "text: there is no parameter 'A'"));
+}
+
+TEST(Parameter, IsOverriddenInTheScopeOfTheDesign) {
+  Reading reading = readWith(parameter("P", "1") + parameter("Q", "id_P + 1"),
+                             given("id_P", "id_P * 10"),
+                             parameter("P", "6") + parameter("X", "0"));
+  EXPECT_EQ(valueOf(reading, "P"), "60");
+  EXPECT_EQ(valueOf(reading, "Q"), "61");
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Parameter, IsOverriddenFromTheTopDown) {
+  const Files files = {
+      {"t.xml", component("t", "", parameters(parameter("P", "1")))},
+      {"inner.xml", design("inner", instance("u", "t", given("id_P", "id_D+1")),
+                           "", parameters(parameter("D", "2")))},
+      {"box.xml", component("box", "",
+                            parameters(parameter("B", "3")) +
+                                viewOf("inner", given("id_D", "id_B * 2")))},
+      {"outer.xml", design("outer",
+                           instance("a", "box", given("id_B", "id_O")) +
+                               instance("b", "box"),
+                           "", parameters(parameter("O", "4")))},
+      {"top.xml", component("top", "",
+                            parameters(parameter("T", "5")) +
+                                viewOf("outer", given("id_O", "id_T")))},
+  };
+  Reading reading = readFiles(files);
+  EXPECT_EQ(valueOf(reading, "B", "a"), "5");
+  EXPECT_EQ(valueOf(reading, "P", "a.u"), "11");
+  EXPECT_EQ(valueOf(reading, "B", "b"), "3");
+  EXPECT_EQ(valueOf(reading, "P", "b.u"), "7");
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Parameter, OfADesignAloneHasItsDefault) {
+  Reading reading = readFiles(
+      {{"t.xml", component("t", "", parameters(parameter("P", "1")))},
+       {"top.xml", design("d", instance("u", "t", given("id_P", "id_D")), "",
+                          parameters(parameter("D", "2")))},
+       {"box.xml", component("box", "", viewOf("d", given("id_D", "9")))}});
+  EXPECT_EQ(valueOf(reading, "P"), "2");
+}
+
+TEST(Parameter, IsNotSeenThroughABoundary) {
+  Reading reading = readWith(parameter("P", "id_D"), "", parameter("D", "2"));
+  EXPECT_EQ(valueOf(reading, "P"), "id_D");
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("note t.xml:4: the value of parameter 'P' stays "
+                          "text: there is no parameter 'id_D'"));
+}
+
+TEST(Parameter, HasToBeThereToBeGivenAValue) {
+  Reading reading =
+      readWith(parameter("P", "1"),
+               given("id_Q", "2") + given("P", "3") + given("", "4"));
+  EXPECT_EQ(valueOf(reading, "P"), "1");
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre("warning top.xml:4: a value is given to 'id_Q', which is no "
+                  "parameter of 'x:y:t:1'",
+                  "warning top.xml:5: a value is given to 'P', which is no "
+                  "parameter of 'x:y:t:1'",
+                  "warning top.xml:6: a value is given to '', which is no "
+                  "parameter of 'x:y:t:1'"));
+}
+
+TEST(Parameter, MayBeOneOfTheModel) {
+  Reading reading = readFiles(
+      {{"t.xml",
+        component("t", "",
+                  parameters(parameter("P", "id_M + 1")) +
+                      "<ipxact:model><ipxact:instantiations>"
+                      "<ipxact:componentInstantiation><ipxact:moduleParameters>"
+                      "<ipxact:moduleParameter parameterId='id_M'>"
+                      "<ipxact:name>M</ipxact:name><ipxact:value>1"
+                      "</ipxact:value></ipxact:moduleParameter>"
+                      "</ipxact:moduleParameters>"
+                      "</ipxact:componentInstantiation>"
+                      "</ipxact:instantiations></ipxact:model>")},
+       {"top.xml", design("d", instance("u", "t", given("id_M", "4")))}});
+  EXPECT_EQ(valueOf(reading, "P"), "5");
+  EXPECT_EQ(valueOf(reading, "M"), "");
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Parameter, DependsOnItselfInVain) {
+  Reading one = readWith(parameter("A", "id_A + 1"));
+  EXPECT_EQ(valueOf(one, "A"), "id_A + 1");
+  EXPECT_THAT(one.diagnostics(),
+              ElementsAre("warning t.xml:4: the value of parameter 'A' stays "
+                          "text: parameter 'A' depends on itself"));
+  Reading two = readWith(parameter("A", "id_B") + parameter("B", "id_A * 2") +
+                         parameter("C", "id_A"));
+  EXPECT_EQ(valueOf(two, "A"), "id_B");
+  EXPECT_EQ(valueOf(two, "B"), "id_A * 2");
+  EXPECT_EQ(valueOf(two, "C"), "id_A");
+  EXPECT_THAT(two.diagnostics(),
+              ElementsAre("warning t.xml:7: the value of parameter 'B' stays "
+                          "text: parameter 'A' depends on itself",
+                          "warning t.xml:4: the value of parameter 'A' stays "
+                          "text: parameter 'B' has no value",
+                          "warning t.xml:10: the value of parameter 'C' stays "
+                          "text: parameter 'A' has no value"));
+}
+
+TEST(Parameter, MayHaveNoValueThatFits) {
+  Reading reading = readWith(parameter("P", "1 / 0") +
+                             parameter("Q", "18446744073709551616"));
+  EXPECT_EQ(valueOf(reading, "P"), "1 / 0");
+  EXPECT_EQ(valueOf(reading, "Q"), "18446744073709551616");
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre("warning t.xml:4: the value of parameter 'P' stays text: it "
+                  "divides by zero",
+                  "warning t.xml:7: the value of parameter 'Q' stays text: a "
+                  "number in it does not fit 64 bits"));
+}
+
+TEST(Parameter, MayReferWithoutEnd) {
+  std::string chain;
+  for (int i = 0; i < 5000; ++i)
+    chain += parameter("P" + std::to_string(i),
+                       "id_P" + std::to_string(i + 1) + " + 1");
+  Reading reading = readWith(chain + parameter("P5000", "1"));
+  EXPECT_EQ(valueOf(reading, "P5000"), "1");
+  EXPECT_EQ(valueOf(reading, "P0"), "id_P1 + 1");
+  EXPECT_THAT(reading.diagnostics(),
+              testing::Contains(HasSubstr("more than 256 levels deep")));
+}
+
+TEST(Parameter, DoublesItselfWithoutBlowingUp) {
+  std::string chain = parameter("P0", "1");
+  for (int i = 1; i <= 60; ++i) {
+    const std::string before = "id_P" + std::to_string(i - 1);
+    chain += parameter("P" + std::to_string(i), before + " + " + before);
+  }
+  Reading reading = readWith(chain);
+  EXPECT_EQ(valueOf(reading, "P60"), "1152921504606846976");
+}
+
+TEST(Parameter, IsReportedTwice) {
+  Reading reading = readWith(
+      parameter("P", "1") + parameter("P", "2") +
+      "<ipxact:parameter parameterId='id_P'><ipxact:name>Q</ipxact:name>"
+      "<ipxact:value>3</ipxact:value></ipxact:parameter>");
+  EXPECT_EQ(valueOf(reading, "P"), "1");
+  EXPECT_EQ(valueOf(reading, "Q"), "3");
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre("warning t.xml:7: a second parameter with the id 'id_P'; the "
+                  "first is meant",
+                  "warning t.xml:7: a second parameter 'P'; the first is "
+                  "answered",
+                  "warning t.xml:10: a second parameter with the id 'id_P'; the "
+                  "first is meant"));
+}
+
+TEST(Parameter, Of2009IsNoExpression) {
+  const std::string space =
+      " xmlns:s=\"http://www.spiritconsortium.org/XMLSchema/SPIRIT/1685-2009\"";
+  const std::string name =
+      "<s:vendor>x</s:vendor><s:library>y</s:library><s:version>1</s:version>";
+  Reading reading = readFiles(
+      {{"t.xml",
+        "<s:component" + space + ">" + name +
+            "<s:name>t</s:name><s:model><s:modelParameters><s:modelParameter>"
+            "<s:name>C_M</s:name><s:value s:id='M' s:resolve='user'>2</s:value>"
+            "</s:modelParameter></s:modelParameters></s:model>"
+            "<s:parameters><s:parameter><s:name>C_P</s:name>"
+            "<s:value s:id='P' s:format='long'>0x10</s:value></s:parameter>"
+            "<s:parameter><s:name>C_Q</s:name><s:value s:id='Q'>P</s:value>"
+            "</s:parameter><s:parameter><s:name>C_R</s:name>\n"
+            "<s:value s:id='R' s:dependency=\"id('P') * 2\">1+1</s:value>"
+            "</s:parameter></s:parameters></s:component>"},
+       {"top.xml",
+        "<s:design" + space + ">" + name +
+            "<s:name>d</s:name><s:componentInstances><s:componentInstance>"
+            "<s:instanceName>u</s:instanceName><s:componentRef s:vendor='x' "
+            "s:library='y' s:name='t' s:version='1'/>"
+            "<s:configurableElementValues><s:configurableElementValue "
+            "s:referenceId='M'>8</s:configurableElementValue>"
+            "</s:configurableElementValues></s:componentInstance>"
+            "</s:componentInstances></s:design>"}});
+  EXPECT_EQ(valueOf(reading, "C_P"), "16");
+  EXPECT_EQ(valueOf(reading, "C_Q"), "P");
+  EXPECT_EQ(valueOf(reading, "C_R"), "1+1");
+  EXPECT_EQ(valueOf(reading, "C_M"), "8");
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("warning t.xml:2: the dependency of parameter 'C_R' "
+                          "is not followed; its value stays as it is written"));
+}
+
+} // namespace
+} // namespace ZelDebugDialog
