@@ -131,20 +131,21 @@ int finishCable(WordCursor<Observer> &cursor, const CableReading &target) {
   return code::refused;
 }
 
-void writeParameter(std::string &out, std::string_view word,
+/// `words` are those in front of the value, with their blanks.
+void writeParameter(std::string &out, std::string_view words,
                     std::string_view value) {
-  appendWord(out, word);
-  appendWord(out, value);
+  out += words;
+  out += value;
 }
 
 /// Port and frequency; or the serial number alone, which identifies the cable.
 void writeLineCable(std::string &out, const CableOption &cable) {
   if (!cable.esn.empty()) {
-    writeParameter(out, esnWord, cable.esn);
+    writeParameter(out, joined<esnWord>, cable.esn);
     return;
   }
-  writeParameter(out, portWord, cable.port);
-  writeParameter(out, frequencyWord, {});
+  writeParameter(out, joined<portWord>, cable.port);
+  out += joined<frequencyWord>;
   appendDecimal(out, lowBits<std::int32_t>(cable.frequency));
 }
 
@@ -156,7 +157,7 @@ int writeCable(std::string &out, const EngineImp &imp) {
   const Cable &cable = findCable(option.cableType);
   if (cable.form == CableClauseForm::unwritable)
     return refuse(imp, cannotBeWritten);
-  writeParameter(out, typeWord, cable.keyword);
+  writeParameter(out, joined<typeWord>, cable.keyword);
   if (cable.form == CableClauseForm::line)
     writeLineCable(out, option);
   if (cable.form == CableClauseForm::module)
@@ -178,7 +179,7 @@ template int readCable(WordCursor<NoObserver> &, EngineImp &);
 template int readCable(WordCursor<Recorder> &, EngineImp &);
 
 void writePluginCable(std::string &out, const CableOption &cable) {
-  writeParameter(out, moduleWord, cable.moduleName);
+  writeParameter(out, joined<moduleWord>, cable.moduleName);
   if (cable.moduleArgs.empty())
     return;
   std::vector<std::string> arguments;
@@ -186,7 +187,7 @@ void writePluginCable(std::string &out, const CableOption &cable) {
     return character == argumentSeparator;
   });
   for (const std::string &argument : arguments)
-    writeParameter(out, argumentWord, argument);
+    writeParameter(out, joined<argumentWord>, argument);
 }
 
 void describeCable(CommandOption &option) {

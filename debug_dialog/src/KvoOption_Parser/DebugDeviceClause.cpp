@@ -23,6 +23,9 @@ constexpr std::string_view unknownParameter =
     "UNKNOWN Parameter '%s' for  option '-debugDevice'";
 
 // Words that are read and written.
+// The device number has another letter case than its keyword; readers don't
+// mind.
+constexpr std::string_view writtenNumberWord = "deviceNr";
 constexpr std::string_view cpuNumberWord = "cpunr";
 constexpr std::string_view romStartWord = "romemStartAdr";
 constexpr std::string_view romSizeWord = "romemSize";
@@ -124,45 +127,47 @@ constexpr std::array<Parameter<EngineImp>, 18> parameters{{
     {fpuWord, readFpuType, oneOf(fpuTypes, "fpuType")},
 }};
 
-void writeDecimal(std::string &out, std::string_view word,
+// Each takes the words in front of its number with their blanks.
+void writeDecimal(std::string &out, std::string_view words,
                   std::int64_t number) {
-  appendWord(out, word);
-  out += ' ';
+  out += words;
   appendDecimal(out, number);
 }
 
-void writeAddress(std::string &out, std::string_view word,
+void writeAddress(std::string &out, std::string_view words,
                   std::uint32_t address) {
-  appendWord(out, word);
-  out += ' ';
+  out += words;
   appendHexadecimal(out, address);
 }
 
-void writeSize(std::string &out, std::string_view word, std::uint32_t size) {
-  writeDecimal(out, word, lowBits<std::int32_t>(size));
+void writeSize(std::string &out, std::string_view words, std::uint32_t size) {
+  writeDecimal(out, words, lowBits<std::int32_t>(size));
 }
 
 void writeRom(std::string &out, const Record &record) {
   if (record.connectionType != Engine::CONNECT_HW ||
       record.romemStartAdr == unsetAddress || record.romemSize == 0)
     return;
-  writeAddress(out, romStartWord, record.romemStartAdr);
-  writeSize(out, romSizeWord, record.romemSize);
+  writeAddress(out, joined<romStartWord>, record.romemStartAdr);
+  writeSize(out, joined<romSizeWord>, record.romemSize);
 }
 
 void writeIsocm(std::string &out, const Record &record) {
   if (record.procType != typePpc405 || record.isocmStartAdr == unsetAddress)
     return;
-  writeAddress(out, isocmStartWord, record.isocmStartAdr);
-  writeSize(out, isocmSizeWord, record.isocmSize);
+  writeAddress(out, joined<isocmStartWord>, record.isocmStartAdr);
+  writeSize(out, joined<isocmSizeWord>, record.isocmSize);
   out += ' '; // two blanks stand before the next word
-  writeAddress(out, isocmDcrWord, record.isocmDcrStartAdr);
+  writeAddress(out, joined<isocmDcrWord>, record.isocmDcrStartAdr);
 }
 
 void writeAddressMap(std::string &out, const Record &record) {
   for (const AddressRegion *const region : addressRegions)
-    if (record.*region->start != unsetAddress)
-      writeAddress(out, region->keyword, record.*region->start);
+    if (record.*region->start != unsetAddress) {
+      appendWord(out, region->keyword);
+      out += ' ';
+      appendHexadecimal(out, record.*region->start);
+    }
 }
 
 void writeFpu(std::string &out, const Record &record) {
@@ -177,7 +182,7 @@ void writeBody(std::string &out, const Record &record) {
     writeDebugDeviceNumber(out, record.debugDevice);
   if (record.connectionType != Engine::CONNECT_SIM &&
       record.connectionType != Engine::CONNECT_STUB)
-    writeDecimal(out, cpuNumberWord, record.cpuNr);
+    writeDecimal(out, joined<cpuNumberWord>, record.cpuNr);
   writeRom(out, record);
   writeIsocm(out, record);
   if (record.procFamily != familyPowerPc)
@@ -197,8 +202,7 @@ template int readDebugDevice(WordCursor<NoObserver> &, EngineImp &);
 template int readDebugDevice(WordCursor<Recorder> &, EngineImp &);
 
 void writeDebugDeviceNumber(std::string &out, int number) {
-  // Written with another letter case than the keyword has; readers don't mind.
-  writeDecimal(out, "deviceNr", number);
+  writeDecimal(out, joined<writtenNumberWord>, number);
 }
 
 void describeDebugDevice(CommandOption &option) {
