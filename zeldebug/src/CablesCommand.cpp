@@ -1,0 +1,65 @@
+// cables: what is known about every JTAG cable.
+#include <fmt/format.h>
+
+#include "CableKeyword.h"
+#include "CommandLine.h"
+#include "Subcommands.h"
+#include "Table.h"
+
+namespace zeldebug {
+
+namespace {
+
+using ZelDebugDialog::CommandCable;
+
+std::string dashIfEmpty(const std::string &text) {
+  return text.empty() ? "-" : text;
+}
+
+template <class List> std::string joined(const List &list) {
+  return dashIfEmpty(fmt::format("{}", fmt::join(list, " ")));
+}
+
+Json cableJson(const CommandCable &cable) {
+  const bool isWritable = !cable.written.empty();
+  return {{"type", static_cast<std::uint32_t>(cable.type)},
+          {"keywords", cable.keywords},
+          {"written", isWritable ? Json(cable.written) : Json()},
+          {"writable", isWritable},
+          {"frequencies", cable.acceptedFrequencies},
+          {"offeredFrequencies", cable.offeredFrequencies},
+          {"defaultFrequency", cable.defaultFrequency},
+          {"defaultPort", cable.defaultPort}};
+}
+
+ExitStatus run(Output &output) {
+  if (output.json()) {
+    Json list = Json::array();
+    for (const CommandCable &cable : cables())
+      list.push_back(cableJson(cable));
+    output.document({{"cables", list}});
+    return ExitStatus::done;
+  }
+  Table table({"TYPE", "KEYWORD READ", "TEXT WRITTEN", "DEFAULT HZ",
+               "DEFAULT PORT", "FREQUENCIES IN HZ"});
+  for (const CommandCable &cable : cables())
+    table.addRow({fmt::format("{}", static_cast<std::uint32_t>(cable.type)),
+                  joined(cable.keywords), dashIfEmpty(cable.written),
+                  fmt::format("{}", cable.defaultFrequency),
+                  dashIfEmpty(cable.defaultPort),
+                  joined(cable.acceptedFrequencies)});
+  table.print(output);
+  return ExitStatus::done;
+}
+
+} // namespace
+
+void addCablesCommand(CommandLine &line) {
+  line.addSubcommand(
+      "cables",
+      "List the JTAG cables with their keywords, frequencies and "
+      "defaults",
+      "zeldebug cables", run);
+}
+
+} // namespace zeldebug

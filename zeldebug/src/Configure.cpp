@@ -1,0 +1,110 @@
+#include "Configure.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "Failure.h"
+#include "Refusal.h"
+
+namespace zeldebug {
+
+namespace {
+
+/// The settings of --from: those that are not as they would be without it.
+void noteSettingsOfCommand(SettingTarget &target) {
+  const Configuration now = configurationOf(*target.session.state);
+  const std::vector<Setting> defaults = settingsOf(defaultsBeside(now));
+  std::size_t position = 0;
+  for (const Setting &setting : settingsOf(now))
+    if (setting.value != defaults[position++].value)
+      target.given.insert(setting.name);
+}
+
+void applyCommand(SettingTarget &target, const std::string &command) {
+  const std::string processor =
+      target.session.state->currentProcessor->instanceName;
+  const Reading reading = target.session.selectFrom(processor, command);
+  if (!reading.accepted())
+    throw Failure(
+        ExitStatus::refused,
+        fmt::format("--from: the command is refused: {}",
+                    refusalOf(reading, command, target.session.state->hwManager,
+                              processor)));
+  noteSettingsOfCommand(target);
+}
+
+bool isGiven(const std::set<std::string> &given, const std::string &field) {
+  const bool ofChain = field.compare(0, 5, "chain") == 0;
+  return given.count(field) != 0 || (ofChain && given.count("chain") != 0);
+}
+
+bool isDefault(const Configuration &wanted, const Loss &loss) {
+  const std::vector<Setting> defaults = settingsOf(defaultsBeside(wanted));
+  const auto found = std::find_if(
+      defaults.begin(), defaults.end(),
+      [&loss](const Setting &setting) { return setting.name == loss.field; });
+  return found != defaults.end() && found->value == loss.value;
+}
+
+} // namespace
+
+bool Configured::changed() const {
+  return !saved.file.exists || saved.file.line == 0 || !saved.isWhole() ||
+         !differencesBetween(loaded, wanted).empty();
+}
+
+void applySettings(SettingTarget &target, const SettingOptions &settings,
+                   const std::vector<SettingAction> &actions) {
+  if (!settings.from().empty())
+    applyCommand(target, settings.from());
+  for (const SettingAction &apply : actions)
+    apply(target);
+}
+
+Configured configure(Session &session, const std::string &processor,
+                     const SettingOptions &settings,
+                     const std::vector<SettingAction> &actions, bool force) {
+  Configured configured;
+  configured.saved = selectSaved(session, processor);
+  if (!configured.saved.isWhole()) {
+    if (!force)
+      throw Failure(
+          ExitStatus::unreadable,
+          configured.saved.problem() +
+              "; it stays as it is (--force starts from the defaults)");
+    session.startFromDefaults();
+  }
+  configured.loaded = configurationOf(*session.state);
+  SettingTarget target{session, {}};
+  applySettings(target, settings, actions);
+  configured.given = target.given;
+  configured.wanted = configurationOf(*session.state);
+  if (!configured.changed()) {
+    configured.command = configured.loaded.record.connectCommand;
+    return configured;
+  }
+  if (session.engine.GenerateCmdString(configured.command) != 0)
+    throw Failure(ExitStatus::refused,
+                  fmt::format("no command can be written: {}",
+                              reasonOf({1, session.message()})));
+  return configured;
+}
+
+Verdict judge(const Configured &configured, const std::vector<Loss> &losses) {
+  Verdict verdict;
+  for (const Loss &loss : losses) {
+    const bool given = isGiven(configured.given, loss.field);
+    if (!loss.blocking && !given && isDefault(configured.wanted, loss))
+      continue;
+    const bool displaced = !given && !loss.displacedBy.empty() &&
+                           configured.given.count(loss.displacedBy) != 0;
+    if (displaced)
+      verdict.dropped.push_back(loss);
+    else
+      verdict.lost.push_back(loss);
+  }
+  return verdict;
+}
+
+} // namespace zeldebug

@@ -1,0 +1,48 @@
+// The design that a command line names, and reading it.
+#ifndef ZELDEBUG_DESIGNOPTIONS_H
+#define ZELDEBUG_DESIGNOPTIONS_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <ZelDebugDialog/DesignModel/DesignModel.h>
+
+#include "CommandLine.h"
+
+namespace zeldebug {
+
+class DesignOptions {
+public:
+  /// Adds DESIGN, --library, --view and --kinds to a subcommand.
+  void addTo(CommandLine &line, CLI::App &app, bool designRequired = true);
+
+  bool named() const { return !sources.designFile.empty(); }
+
+  /// Reads the design. Warnings go to `output`.
+  /// @throws Failure (unreadable) with every error, one a line.
+  std::unique_ptr<ZelDebugDialog::DesignModel> read(const Output &output) const;
+  /// The same without a word on warnings, for callers that show them
+  /// themselves.
+  std::unique_ptr<ZelDebugDialog::DesignModel> readSilently() const;
+
+private:
+  ZelDebugDialog::DesignSources sources;
+};
+
+/// "file:line: message"
+std::string shownDiagnostic(const ZelDebugDialog::DesignDiagnostic &diagnostic);
+
+/// @throws Failure (wrong use) if the processor is none of the design's, which
+///   lists them; (refused) if it cannot be debugged, which says why.
+void expectDebuggable(ZelDebugDialog::DesignModel &design,
+                      const std::vector<std::string> &debuggable,
+                      const std::string &processor);
+
+/// Why a processor of the design is not among those that can be debugged.
+std::string whyNotDebuggable(ZelDebugDialog::DesignModel &design,
+                             const std::string &processor);
+
+} // namespace zeldebug
+
+#endif

@@ -1,0 +1,256 @@
+#include "Diagnose.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <map>
+#include <set>
+
+#include <fmt/format.h>
+
+#include "CableKeyword.h"
+#include "OptionFile.h"
+#include "Output.h"
+#include "Refusal.h"
+#include "Suggestion.h"
+#include "TracedCommand.h"
+
+namespace zeldebug {
+
+namespace {
+
+using ZelDebugDialog::AfterFault;
+using ZelDebugDialog::CommandFault;
+using ZelDebugDialog::CommandFaultKind;
+using ZelDebugDialog::CommandTrace;
+using ZelDebugDialog::CommandWord;
+using ZelDebugDialog::ValueConversion;
+using ZelDebugDialog::WordRole;
+
+std::string upper(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(), [](char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  });
+  return text;
+}
+
+bool looksLikeOption(const std::string &word) {
+  return word.size() > 1 && word[0] == '-' &&
+         !(word[1] >= '0' && word[1] <= '9');
+}
+
+/// Adds diagnostics for one command.
+class Examiner {
+public:
+  Examiner(const TracedCommand &traced, std::vector<Diagnostic> &found)
+      : command(traced), diagnostics(found) {}
+
+  void examineFaults();
+  void examineWords();
+  void examineRepetitions();
+  void examineLength();
+
+private:
+  void add(std::size_t word, const char *code, const std::string &detail);
+  void examineNumber(std::size_t word);
+  void examineFrequency(std::size_t word, const std::string &text);
+  bool isAtFault(std::size_t word) const;
+  bool hasFaultBefore(std::size_t word) const;
+
+  const TracedCommand &command;
+  std::vector<Diagnostic> &diagnostics;
+};
+
+bool Examiner::isAtFault(std::size_t word) const {
+  const auto &faults = command.trace().faults;
+  return std::any_of(faults.begin(), faults.end(),
+                     [word](const CommandFault &f) { return f.word == word; });
+}
+
+bool Examiner::hasFaultBefore(std::size_t word) const {
+  const auto &faults = command.trace().faults;
+  return std::any_of(faults.begin(), faults.end(),
+                     [word](const CommandFault &f) { return f.word <= word; });
+}
+
+void Examiner::add(std::size_t word, const char *code,
+                   const std::string &detail) {
+  const CommandWord &place = command.trace().words[word];
+  const DiagnosticCode *row = findDiagnosticCode(code);
+  std::string summary =
+      fmt::format("'{}' {}", printable(command.wordText(word)), row->summary);
+  if (!detail.empty())
+    summary += ": " + detail;
+  diagnostics.push_back({place.offset, place.length, row, summary, "", {}, ""});
+}
+
+void Examiner::examineFaults() {
+  const CommandTrace &trace = command.trace();
+  std::set<std::size_t> said;
+  for (const CommandFault &fault : trace.faults) {
+    // What follows from a word that is at fault already is no other fault.
+    if (!said.insert(fault.word).second)
+      continue;
+    Diagnostic diagnostic{command.text().size(),
+                          0,
+                          &codeOf(fault.kind),
+                          shownFault(command.text(), trace, fault),
+                          fault.message,
+                          fault.accepted,
+                          ""};
+    if (fault.word < trace.words.size()) {
+      diagnostic.offset = trace.words[fault.word].offset;
+      diagnostic.length = trace.words[fault.word].length;
+      diagnostic.suggestion =
+          nearestMatch(command.wordText(fault.word), fault.accepted);
+    }
+    diagnostics.push_back(diagnostic);
+  }
+}
+
+/// What reading a number leaves unsaid: junk, another base, bits that are cut.
+void Examiner::examineNumber(std::size_t word) {
+  const std::string text = command.wordText(word);
+  const char *end = nullptr;
+  char *stop = nullptr;
+  errno = 0;
+  const long long number = std::strtoll(text.c_str(), &stop, 0);
+  const bool isHuge = errno == ERANGE;
+  end = stop;
+  if (end == text.c_str()) {
+    add(word, "not-a-number", "it gives 0");
+    return;
+  }
+  if (end != text.c_str() + text.size())
+    add(word, "not-a-number",
+        fmt::format(
+            "it is read as '{}'",
+            text.substr(0, static_cast<std::size_t>(end - text.c_str()))));
+  const bool isOctal =
+      text.size() > 1 && text[0] == '0' && text[1] >= '0' && text[1] <= '7';
+  if (isOctal)
+    add(word, "octal-number", fmt::format("its value is {}", number));
+  for (const Setting &setting : command.changesOf(word)) {
+    const bool isStored =
+        setting.value.is_number() && !isHuge && setting.value == Json(number);
+    if (!isStored && setting.value.is_number()) {
+      add(word, "value-cut",
+          fmt::format("{} becomes {}", setting.name,
+                      shownValue(setting.value, setting.kind)));
+      return;
+    }
+  }
+}
+
+/// A frequency that only the end of a command would have refused.
+void Examiner::examineFrequency(std::size_t word, const std::string &text) {
+  const auto type = command.configuration().cable.cableType;
+  Session session(nullptr);
+  session.startRecord();
+  CommandTrace alone;
+  traceInto(session,
+            "connect lc hdu -cable type " + shownCable(type) + " frequency " +
+                text,
+            AfterFault::stop, alone);
+  for (const CommandFault &fault : alone.faults) {
+    if (fault.kind != CommandFaultKind::refusedFrequency)
+      continue;
+    add(word, "frequency-not-checked", "");
+    diagnostics.back().engineMessage = fault.message;
+    diagnostics.back().accepted = fault.accepted;
+    diagnostics.back().suggestion = nearestMatch(text, fault.accepted);
+  }
+}
+
+void Examiner::examineWords() {
+  const std::vector<CommandWord> &words = command.trace().words;
+  bool saidIgnored = false;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const CommandWord &word = words[i];
+    const std::string text = command.wordText(i);
+    const bool isValue = word.role == WordRole::value;
+    if (isAtFault(i))
+      continue;
+    if (isValue && looksLikeOption(text)) {
+      add(i, "option-as-value", "");
+      continue;
+    }
+    if (word.role == WordRole::lost)
+      add(i, "option-lost", "");
+    if (word.role == WordRole::ignored && !saidIgnored && !hasFaultBefore(i)) {
+      add(i, "ignored-word", "");
+      saidIgnored = true;
+    }
+    const bool isNumber = word.conversion == ValueConversion::number ||
+                          word.conversion == ValueConversion::signedNumber ||
+                          word.conversion == ValueConversion::lowByte;
+    if (isValue && isNumber)
+      examineNumber(i);
+    if (isValue && !word.fields.empty() &&
+        word.fields.front() == "cable.frequency")
+      examineFrequency(i, text);
+  }
+}
+
+/// Options and parameters that stand twice, apart from those that are made for
+/// it.
+void Examiner::examineRepetitions() {
+  static const std::set<std::string> repeatable{"-CONFIGDEVICE", "MODULEARG"};
+  std::set<std::string> options;
+  std::set<std::string> names;
+  const std::vector<CommandWord> &words = command.trace().words;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const std::string text = upper(command.wordText(i));
+    if (repeatable.count(text) != 0 && words[i].role == WordRole::name)
+      continue;
+    if (words[i].role == WordRole::option) {
+      names.clear();
+      if (repeatable.count(text) == 0 && !options.insert(text).second)
+        add(i, "option-repeated", "");
+    }
+    if (words[i].role == WordRole::name && !names.insert(text).second)
+      add(i, "parameter-repeated", "");
+  }
+}
+
+void Examiner::examineLength() {
+  const std::size_t length = command.text().size();
+  if (length <= optionLineLimit)
+    return;
+  const DiagnosticCode *row = findDiagnosticCode("long-line");
+  diagnostics.push_back({optionLineLimit,
+                         length - optionLineLimit,
+                         row,
+                         fmt::format("{}: {} characters, of which {} are read",
+                                     row->summary, length, optionLineLimit),
+                         "",
+                         {},
+                         ""});
+}
+
+} // namespace
+
+bool Diagnosis::hasError() const {
+  return std::any_of(diagnostics.begin(), diagnostics.end(),
+                     [](const Diagnostic &diagnostic) {
+                       return diagnostic.code->severity == Severity::error;
+                     });
+}
+
+Diagnosis diagnose(const std::string &command, bool ofFile) {
+  const TracedCommand traced(command, AfterFault::goOn);
+  Diagnosis diagnosis{command, traced.reading(), {}};
+  Examiner examiner(traced, diagnosis.diagnostics);
+  examiner.examineFaults();
+  examiner.examineWords();
+  examiner.examineRepetitions();
+  if (ofFile)
+    examiner.examineLength();
+  std::stable_sort(diagnosis.diagnostics.begin(), diagnosis.diagnostics.end(),
+                   [](const Diagnostic &a, const Diagnostic &b) {
+                     return a.offset < b.offset;
+                   });
+  return diagnosis;
+}
+
+} // namespace zeldebug

@@ -1,0 +1,84 @@
+// explain-code: what the codes of `check` mean.
+#include <memory>
+
+#include <fmt/format.h>
+
+#include "CommandLine.h"
+#include "DiagnosticCode.h"
+#include "Subcommands.h"
+#include "Suggestion.h"
+#include "Table.h"
+
+namespace zeldebug {
+
+namespace {
+
+std::vector<std::string> knownCodes() {
+  std::vector<std::string> codes;
+  for (const DiagnosticCode &row : diagnosticCodes())
+    codes.emplace_back(row.code);
+  return codes;
+}
+
+std::vector<const DiagnosticCode *> expectCodes(const std::string &code) {
+  std::vector<const DiagnosticCode *> rows;
+  for (const DiagnosticCode &row : diagnosticCodes())
+    if (code.empty() || code == row.code)
+      rows.push_back(&row);
+  if (rows.empty())
+    throw Failure(ExitStatus::wrongUse,
+                  fmt::format("explain-code: '{}' is unknown; there are {}{}",
+                              code, quotedList(knownCodes()),
+                              didYouMean(code, knownCodes())));
+  return rows;
+}
+
+Json codeJson(const DiagnosticCode &row) {
+  const bool hasExample = *row.example != '\0';
+  return {{"code", row.code},
+          {"severity", shownSeverity(row.severity)},
+          {"meaning", row.meaning},
+          {"example", hasExample ? Json(row.example) : Json()},
+          {"advice", row.advice}};
+}
+
+ExitStatus run(const std::string &code, Output &output) {
+  const std::vector<const DiagnosticCode *> rows = expectCodes(code);
+  if (output.json()) {
+    Json list = Json::array();
+    for (const DiagnosticCode *row : rows)
+      list.push_back(codeJson(*row));
+    output.document({{"codes", list}});
+    return ExitStatus::done;
+  }
+  if (code.empty()) {
+    Table table({"CODE", "SEVERITY", "MEANING"});
+    for (const DiagnosticCode *row : rows)
+      table.addRow({row->code, shownSeverity(row->severity), row->meaning});
+    table.print(output);
+    return ExitStatus::done;
+  }
+  const DiagnosticCode &row = *rows.front();
+  output.printLine(fmt::format("{} ({})\n\n{}", row.code,
+                               shownSeverity(row.severity), row.meaning));
+  if (*row.example != '\0')
+    output.printLine(fmt::format("\nExample:\n  {}", row.example));
+  output.printLine(fmt::format("\nWhat to do: {}", row.advice));
+  return ExitStatus::done;
+}
+
+} // namespace
+
+void addExplainCodeCommand(CommandLine &line) {
+  const auto code = std::make_shared<std::string>();
+  CLI::App &app = line.addSubcommand(
+      "explain-code", "Explain a code of 'check', or list them all",
+      "zeldebug explain-code refused-value",
+      [code](Output &output) { return run(*code, output); });
+  line.completeWith(
+      app.add_option("CODE", *code, "a code, as 'check' prints it")
+          ->type_name(""),
+      ValueKind::diagnosticCode);
+}
+
+} // namespace zeldebug

@@ -1,0 +1,46 @@
+#include "OptionFile.h"
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+
+namespace zeldebug {
+
+namespace fs = std::filesystem;
+
+CommandFile readCommandFile(const fs::path &file) {
+  CommandFile found;
+  std::error_code error;
+  const fs::file_status own = fs::symlink_status(file, error);
+  found.exists = fs::exists(own);
+  if (!found.exists) {
+    if (own.type() != fs::file_type::not_found)
+      found.problem = error.message();
+    return found;
+  }
+  const fs::file_status target = fs::status(file, error);
+  if (error || !fs::is_regular_file(target)) {
+    found.problem = fs::is_directory(target) ? "is a folder, no file"
+                    : error                  ? error.message()
+                    : fs::exists(target)     ? "is no regular file"
+                                             : "is a link to nothing";
+    return found;
+  }
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) {
+    found.problem = std::strerror(errno);
+    return found;
+  }
+  int line = 0;
+  while (found.text.empty() && std::getline(stream, found.text))
+    ++line;
+  if (!found.text.empty())
+    found.line = line;
+  return found;
+}
+
+fs::path optionFilePath(const fs::path &folder, const std::string &processor) {
+  return folder / "etc" / ("kvo_" + processor + ".opt");
+}
+
+} // namespace zeldebug

@@ -1,0 +1,60 @@
+#include "Refusal.h"
+
+#include <fmt/format.h>
+
+#include "DiagnosticCode.h"
+#include "Output.h"
+#include "TracedCommand.h"
+
+namespace zeldebug {
+
+namespace {
+
+using ZelDebugDialog::AfterFault;
+using ZelDebugDialog::CommandFault;
+using ZelDebugDialog::CommandFaultKind;
+using ZelDebugDialog::CommandTrace;
+
+CommandTrace traceOf(const std::string &command, HHSMHwManager *design,
+                     const std::string &processor) {
+  Session session(design);
+  if (processor.empty())
+    session.startRecord();
+  else
+    session.selectFrom(processor, "");
+  CommandTrace trace;
+  traceInto(session, command, AfterFault::stop, trace);
+  return trace;
+}
+
+} // namespace
+
+std::string shownFault(const std::string &command, const CommandTrace &trace,
+                       const CommandFault &fault) {
+  const char *summary = codeOf(fault.kind).summary;
+  if (fault.word >= trace.words.size())
+    return summary;
+  const ZelDebugDialog::CommandWord &word = trace.words[fault.word];
+  const std::string text = printable(command.substr(word.offset, word.length));
+  return fault.kind == CommandFaultKind::missingValue
+             ? fmt::format("{}, in front of '{}'", summary, text)
+             : fmt::format("'{}' {}", text, summary);
+}
+
+std::string refusalOf(const Reading &reading, const std::string &command,
+                      HHSMHwManager *design, const std::string &processor) {
+  const CommandTrace trace = traceOf(command, design, processor);
+  if (trace.faults.empty())
+    return reasonOf(reading);
+  const CommandFault &fault = trace.faults.front();
+  const std::size_t offset = fault.word < trace.words.size()
+                                 ? trace.words[fault.word].offset
+                                 : command.size();
+  const std::string place = fmt::format("column {}: {}", offset + 1,
+                                        shownFault(command, trace, fault));
+  return fault.message.empty()
+             ? place
+             : fmt::format("{} ({})", place, reasonOf({1, fault.message}));
+}
+
+} // namespace zeldebug

@@ -1,0 +1,26 @@
+// Every subcommand adds itself to the command line.
+#ifndef ZELDEBUG_SUBCOMMANDS_H
+#define ZELDEBUG_SUBCOMMANDS_H
+
+namespace zeldebug {
+
+class CommandLine;
+
+void addListCommand(CommandLine &line);
+void addDesignCommand(CommandLine &line);
+void addShowCommand(CommandLine &line);
+void addSetCommand(CommandLine &line);
+void addCommandCommand(CommandLine &line);
+void addCheckCommand(CommandLine &line);
+void addExplainCommand(CommandLine &line);
+void addExplainCodeCommand(CommandLine &line);
+void addDiffCommand(CommandLine &line);
+void addRoundtripCommand(CommandLine &line);
+void addCablesCommand(CommandLine &line);
+void addCompletionCommand(CommandLine &line);
+void addCompleteCommand(CommandLine &line);
+void addManualCommand(CommandLine &line);
+
+} // namespace zeldebug
+
+#endif

@@ -1,0 +1,53 @@
+// A command with what the engine's own reader says of each word.
+#ifndef ZELDEBUG_TRACEDCOMMAND_H
+#define ZELDEBUG_TRACEDCOMMAND_H
+
+#include <string>
+#include <vector>
+
+#include <ZelDebugDialog/CommandTrace.h>
+
+#include "Configuration.h"
+#include "Session.h"
+
+namespace zeldebug {
+
+class TracedCommand {
+public:
+  TracedCommand(std::string command, ZelDebugDialog::AfterFault afterFault);
+
+  const std::string &text() const { return command; }
+  const ZelDebugDialog::CommandTrace &trace() const { return read; }
+  /// What reading it without a trace gives, up to its first fault.
+  const Reading &reading() const { return plainReading; }
+  const Configuration &configuration() const { return final; }
+
+  std::string wordText(std::size_t word) const;
+  /// The settings that a word changes, with the values that it gives them; null
+  /// for one that was dropped with its clause.
+  std::vector<Setting> changesOf(std::size_t word) const;
+
+private:
+  bool isAtFault(std::size_t word) const;
+  std::vector<Setting>
+  changesOfRefused(const ZelDebugDialog::CommandWord &word) const;
+  bool isLastFor(const std::string &field, std::size_t word) const;
+
+  std::string command;
+  ZelDebugDialog::CommandTrace read;
+  Reading plainReading;
+  Configuration final;
+};
+
+/// The trace of a command in a session whose processor is selected.
+/// @return false if a lone "-" ended it.
+bool traceInto(Session &session, const std::string &command,
+               ZelDebugDialog::AfterFault afterFault,
+               ZelDebugDialog::CommandTrace &trace);
+
+/// "head", "target", ...
+const char *shownRole(ZelDebugDialog::WordRole role);
+
+} // namespace zeldebug
+
+#endif
