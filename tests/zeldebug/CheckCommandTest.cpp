@@ -1,0 +1,290 @@
+#include <set>
+
+#include <gmock/gmock.h>
+
+#include "ToolTest.h"
+
+namespace tool {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+using CheckCommandTest = ToolTest;
+
+constexpr const char *cableTypes =
+    "'quorla_parallel', 'quorla_parallel4', 'quorla_podusb', "
+    "'quorla_parallel3', "
+    "'quorla_plugin', 'digilent_plugin', 'quorla_tcf'";
+constexpr const char *heads =
+    "'connect', 'kconnect', 'vpconnect', 'kvpconnect'";
+constexpr const char *podFrequencies =
+    "'750000', '1500000', '3000000', '6000000', '12000000', '24000000'";
+
+TEST_F(CheckCommandTest, PassesWhatIsRead) {
+  const Result run = this->run(
+      {"check", "connect lc hdu", "KCONNECT LC HDU -CABLE TYPE QUORLA_PODUSB"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "2 commands checked, 0 refused\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST_F(CheckCommandTest, DrawsEachKindOfFault) {
+  const struct {
+    const char *command;
+    int status;
+    std::string picture;
+  } rows[] = {
+      {" ", 1,
+       std::string("2: error: the command is empty [missing-head]\n"
+                   "   \n"
+                   "   ^\n"
+                   "  accepted: ") +
+           heads + "\n"},
+      {"conect lc hdu", 1,
+       std::string("1: error: 'conect' is no head word [unknown-head]\n"
+                   "  conect lc hdu\n"
+                   "  ^^^^^^\n"
+                   "  accepted: ") +
+           heads + "\n  did you mean 'connect'?\n"},
+      {"connect", 1,
+       "8: error: a target word is missing here [missing-target]\n"
+       "  connect\n"
+       "         ^\n"
+       "  accepted: 'lc', 'ppc', 'arm', 'r5', 'hdu', 'dap', 'dcc', 'kmtc'\n"},
+      {"connect pcc hw", 1,
+       "9: error: 'pcc' is no target [unknown-target]\n"
+       "  connect pcc hw\n"
+       "          ^^^\n"
+       "  accepted: 'lc', 'ppc', 'arm', 'r5', 'hdu', 'dap', 'dcc', 'kmtc'\n"
+       "  did you mean 'ppc'?\n"},
+      {"connect lc", 1,
+       "11: error: a connection word is missing here [missing-connection]\n"
+       "  connect lc\n"
+       "            ^\n"
+       "  accepted: 'sim', 'stub', 'hdu'\n"},
+      {"connect ppc hdu", 1,
+       "13: error: 'hdu' is no way to connect to this target "
+       "[unknown-connection]\n"
+       "  connect ppc hdu\n"
+       "              ^^^\n"
+       "  accepted: 'sim', 'hw'\n"},
+      {"connect ppc sim -icff x", 1,
+       "17: error: '-icff' is no option here [unknown-option]\n"
+       "  connect ppc sim -icff x\n"
+       "                  ^^^^^\n"
+       "  engine: UNKNOWN PowerPC Sim Option ''\n"
+       "  accepted: '-icf', '-ipcport', '-debugdevice'\n"
+       "  did you mean '-icf'?\n"},
+      {"connect lc hdu -quiet yes", 1,
+       "23: error: 'yes' stands where an option word belongs [not-an-option]\n"
+       "  connect lc hdu -quiet yes\n"
+       "                        ^^^\n"},
+      {"connect lc hdu -cable frequenzy 1", 1,
+       "23: error: 'frequenzy' is no parameter of this option "
+       "[unknown-parameter]\n"
+       "  connect lc hdu -cable frequenzy 1\n"
+       "                        ^^^^^^^^^\n"
+       "  engine: UNKNOWN Parameter 'frequenzy' for option '-cable'\n"
+       "  accepted: 'type', 'port', 'esn', 'url', 'frequency', 'fname', "
+       "'modulename', 'modulearg'\n"
+       "  did you mean 'frequency'?\n"},
+      {"connect lc hdu -cable port", 1,
+       "27: error: a value is missing here [missing-value]\n"
+       "  connect lc hdu -cable port\n"
+       "                            ^\n"},
+      {"connect lc hdu -cable type quorla_usb", 1,
+       std::string("28: error: 'quorla_usb' is refused as the value "
+                   "[refused-value]\n"
+                   "  connect lc hdu -cable type quorla_usb\n"
+                   "                             ^^^^^^^^^^\n"
+                   "  accepted: ") +
+           cableTypes + "\n  did you mean 'quorla_podusb'?\n"},
+      {"connect ppc hw -debugdevice icacheStartAdr 0x18000", 1,
+       "44: error: '0x18000' is refused as the value [refused-value]\n"
+       "  connect ppc hw -debugdevice icacheStartAdr 0x18000\n"
+       "                                             ^^^^^^^\n"
+       "  engine: Icache Start Address should be aligned at 64k boundry\n"},
+      {"connect lc hdu -cable type quorla_plugin", 1,
+       "41: error: the plug-in cable's module is missing here "
+       "[missing-module]\n"
+       "  connect lc hdu -cable type quorla_plugin\n"
+       "                                          ^\n"
+       "  engine: Plug-in Module NOT specified for Cable Type quorla_plugin\n"},
+      {"connect lc hdu -cable type quorla_podusb frequency 625000", 1,
+       std::string(
+           "52: error: '625000' is no frequency of this cable "
+           "[refused-frequency]\n"
+           "  connect lc hdu -cable type quorla_podusb frequency 625000\n"
+           "                                                     ^^^^^^\n"
+           "  engine: UnSupported Quorla PodUSB Cable Frequency - 625000 "
+           "Supported Frequencies: 750000, 1500000, 3000000, 6000000, "
+           "12000000, 24000000\n"
+           "  accepted: ") +
+           podFrequencies + "\n"},
+      {"connect lc hdu -", 1,
+       "16: error: '-' is a lone '-' [lone-dash]\n"
+       "  connect lc hdu -\n"
+       "                 ^\n"},
+      // warnings
+      {"connect lc hdu -cable type quorla_podusb frequency 625000 -quiet", 0,
+       std::string(
+           "52: warning: '625000' is no frequency of this cable, and is read "
+           "all "
+           "the same [frequency-not-checked]\n"
+           "  connect lc hdu -cable type quorla_podusb frequency 625000 "
+           "-quiet\n"
+           "                                                     ^^^^^^\n"
+           "  engine: UnSupported Quorla PodUSB Cable Frequency - 625000 "
+           "Supported "
+           "Frequencies: 750000, 1500000, 3000000, 6000000, 12000000, "
+           "24000000\n"
+           "  accepted: ") +
+           podFrequencies + "\n"},
+      {"connect lc hdu -debugdevice devicenr 200", 0,
+       "38: warning: '200' does not fit: debugDevice becomes -56 [value-cut]\n"
+       "  connect lc hdu -debugdevice devicenr 200\n"
+       "                                       ^^^\n"},
+      {"connect lc hdu -debugdevice romemStartAdr 0x100000001", 0,
+       "43: warning: '0x100000001' does not fit: romemStartAdr becomes 0x1 "
+       "[value-cut]\n"
+       "  connect lc hdu -debugdevice romemStartAdr 0x100000001\n"
+       "                                            ^^^^^^^^^^^\n"},
+      {"connect lc hdu -debugdevice devicenr two", 0,
+       "38: warning: 'two' is no number: it gives 0 [not-a-number]\n"
+       "  connect lc hdu -debugdevice devicenr two\n"
+       "                                       ^^^\n"},
+      {"connect lc hdu -debugdevice devicenr 0x1g", 0,
+       "38: warning: '0x1g' is no number: it is read as '0x1' [not-a-number]\n"
+       "  connect lc hdu -debugdevice devicenr 0x1g\n"
+       "                                       ^^^^\n"},
+      {"connect lc hdu -debugdevice devicenr 010", 0,
+       "38: warning: '010' is read as an octal number: its value is 8 "
+       "[octal-number]\n"
+       "  connect lc hdu -debugdevice devicenr 010\n"
+       "                                       ^^^\n"},
+      {"connect lc sim -memsize -quiet", 0,
+       "25: warning: '-quiet' looks like an option, but is taken for a value "
+       "[option-as-value]\n"
+       "  connect lc sim -memsize -quiet\n"
+       "                          ^^^^^^\n"},
+      {"connect lc sim fast", 0,
+       "16: warning: 'fast' is ignored [ignored-word]\n"
+       "  connect lc sim fast\n"
+       "                 ^^^^\n"},
+      {"connect lc hdu -quiet -noattach -QUIET", 0,
+       "33: warning: '-QUIET' is given twice [option-repeated]\n"
+       "  connect lc hdu -quiet -noattach -QUIET\n"
+       "                                  ^^^^^^\n"},
+      {"connect lc hdu -debugdevice devicenr 1 devicenr 2", 0,
+       "40: warning: 'devicenr' is given twice in one clause "
+       "[parameter-repeated]\n"
+       "  connect lc hdu -debugdevice devicenr 1 devicenr 2\n"
+       "                                         ^^^^^^^^\n"},
+  };
+  for (const auto &row : rows) {
+    const Result run = this->run({"check", row.command});
+    EXPECT_EQ(run.status, row.status) << row.command;
+    EXPECT_EQ(run.out, row.picture + "1 commands checked, " +
+                           (row.status == 0 ? "0" : "1") + " refused\n");
+  }
+}
+
+TEST_F(CheckCommandTest, FindsEveryFaultInOnePass) {
+  const json document = runJson(
+      {"check", "connect lc hdu -cable typ x -foo -debugdevice devicenr "
+                "300 fpuType xp -bscan USER5"},
+      1);
+  const json &diagnostics = document["commands"][0]["diagnostics"];
+  std::vector<std::string> found;
+  for (const json &diagnostic : diagnostics)
+    found.push_back(std::to_string(diagnostic["offset"].get<int>()) + " " +
+                    diagnostic["code"].get<std::string>());
+  EXPECT_EQ(found,
+            (std::vector<std::string>{"22 unknown-parameter",
+                                      "28 unknown-option", "55 value-cut",
+                                      "67 refused-value", "77 refused-value"}));
+}
+
+TEST_F(CheckCommandTest, TellsTheSameInJson) {
+  const json document = runJson({"check", "connect lc hdu -cabel x"}, 1);
+  const json &command = document["commands"][0];
+  EXPECT_EQ(command["text"], "connect lc hdu -cabel x");
+  EXPECT_EQ(command["line"], nullptr);
+  EXPECT_EQ(command["result"], 3);
+  EXPECT_EQ(command["error"], "UNKNOWN Option '-cabel'");
+  const json &diagnostic = command["diagnostics"][0];
+  EXPECT_EQ(diagnostic["offset"], 15);
+  EXPECT_EQ(diagnostic["length"], 6);
+  EXPECT_EQ(diagnostic["severity"], "error");
+  EXPECT_EQ(diagnostic["code"], "unknown-option");
+  EXPECT_EQ(diagnostic["message"], "UNKNOWN Option '-cabel'");
+  EXPECT_EQ(diagnostic["summary"], "'-cabel' is no option here");
+  EXPECT_EQ(diagnostic["suggestion"], "-cable");
+  EXPECT_EQ(diagnostic["accepted"].size(), 13U);
+}
+
+TEST_F(CheckCommandTest, ChecksTheLinesOfAFile) {
+  folder.write("commands", "connect lc hdu\n\nconnect lc\n" +
+                               std::string("connect lc hdu -quiet ") +
+                               std::string(1100, ' ') + "-noattach\n");
+  const Result run = this->run({"check", "--file", "commands"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.out, HasSubstr("commands:3:11: error: a connection word is "
+                                 "missing here [missing-connection]\n"));
+  EXPECT_THAT(
+      run.out,
+      HasSubstr("commands:4:1024: warning: the line is longer than what "
+                "is read of it: 1131 characters, of which 1023 are read "
+                "[long-line]\n"));
+  EXPECT_THAT(run.out, HasSubstr("3 commands checked, 1 refused\n"));
+  EXPECT_EQ(runJson({"check", "--file", "commands"}, 1)["commands"][1]["line"],
+            3);
+}
+
+TEST_F(CheckCommandTest, AWordMayHoldBytesThatAreNoText) {
+  const Result run = this->run({"check", "connect lc \xff\x01"});
+  EXPECT_THAT(run.out, HasSubstr("'\\xff\\x01' is no way to connect"));
+  EXPECT_THAT(run.out, HasSubstr("  connect lc \\xff\\x01\n"
+                                 "             ^^^^^^^^\n"));
+}
+
+TEST_F(CheckCommandTest, WantsCommandsOrAFile) {
+  EXPECT_EQ(this->run({"check"}).err,
+            "zeldebug: error: check: give either commands or --file\n");
+  EXPECT_EQ(this->run({"check", "connect lc hdu", "--file", "x"}).status, 2);
+}
+
+TEST_F(CheckCommandTest, EachExampleOfACodeHasThatCode) {
+  const json codes = runJson({"explain-code"})["codes"];
+  EXPECT_EQ(codes.size(), 26U);
+  std::set<std::string> names;
+  for (const json &row : codes) {
+    names.insert(row["code"].get<std::string>());
+    if (row["example"].is_null())
+      continue;
+    const int status = row["severity"] == "error" ? 1 : 0;
+    const json document =
+        runJson({"check", row["example"].get<std::string>()}, status);
+    bool isFound = false;
+    for (const json &diagnostic : document["commands"][0]["diagnostics"])
+      isFound = isFound || diagnostic["code"] == row["code"];
+    EXPECT_TRUE(isFound) << row["code"];
+  }
+  EXPECT_EQ(names.size(), codes.size());
+}
+
+TEST_F(CheckCommandTest, ExplainsACode) {
+  const Result run = this->run({"explain-code", "octal-number"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "octal-number (warning)\n\n"
+                     "A leading 0 makes a number octal.\n\n"
+                     "Example:\n  connect lc hdu -debugdevice devicenr 010\n\n"
+                     "What to do: Take the leading 0 off a decimal number.\n");
+  const Result unknown = this->run({"explain-code", "octal-numbr"});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.err, HasSubstr("; did you mean 'octal-number'?\n"));
+}
+
+} // namespace
+} // namespace tool

@@ -1,0 +1,377 @@
+#include <gmock/gmock.h>
+
+#include "ToolTest.h"
+
+namespace tool {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+
+class CommandCommandTest : public ToolTest {
+protected:
+  /// The command for settings; standard error must stay empty.
+  std::string commandFor(const std::string &processor,
+                         const std::vector<std::string> &settings) {
+    std::vector<std::string> line{"command", board, processor};
+    line.insert(line.end(), settings.begin(), settings.end());
+    const Result run = this->run(line);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out.back(), '\n');
+    return run.out.substr(0, run.out.size() - 1);
+  }
+
+  Result refusalOf(const std::string &processor,
+                   const std::vector<std::string> &settings) {
+    std::vector<std::string> line{"command", board, processor};
+    line.insert(line.end(), settings.begin(), settings.end());
+    Result run = this->run(line);
+    EXPECT_EQ(run.out, "");
+    return run;
+  }
+};
+
+TEST_F(CommandCommandTest, PrintsTheCommandAndNothingElse) {
+  const struct {
+    const char *processor;
+    std::vector<std::string> settings;
+    const char *command;
+  } rows[] = {
+      {"lumacore_0", {}, "connect lc hdu -debugdevice cpunr 1"},
+      {"ppc405_0", {}, "connect ppc hw -debugdevice cpunr 1 fpuType sp"},
+      {"ppc440_0", {}, "connect ppc hw -debugdevice cpunr 2 fpuType dp"},
+      {"a9_1", {}, "connect ppc hw -debugdevice cpunr 2"},
+      // connection kinds
+      {"lumacore_2", {"--connection", "sim"}, "connect lc sim"},
+      {"lumacore_0", {"--connection", "sim"}, "connect lc sim"},
+      {"lumacore_0",
+       {"--connection", "hw"},
+       "connect lc hdu -debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--connection", "stub-serial"},
+       "connect lc stub -comm serial -port /dev/ttyS0  -baud  0 -timeout "
+       "20000"},
+      {"lumacore_0",
+       {"--connection", "stub-jtag"},
+       "connect lc stub -comm jtag"},
+      {"lumacore_0",
+       {"--connection", "stub-serial", "--connection", "hw"},
+       "connect lc hdu -debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--connection", "stub-serial", "--stub-port", "/dev/ttyUSB0",
+        "--stub-baud", "0x1C200"},
+       "connect lc stub -comm serial -port /dev/ttyUSB0  -baud  115200 "
+       "-timeout "
+       "20000"},
+      // cables
+      {"lumacore_0",
+       {"--cable", "quorla_podusb"},
+       "connect lc hdu -cable type quorla_podusb port USB21 frequency 6000000 "
+       "-debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--cable", "QUORLA_PARALLEL4"},
+       "connect lc hdu -cable type quorla_parallel port LPT1 frequency 5000000 "
+       "-debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--cable", "quorla_podusb", "--frequency", "3MHz", "--port", "USB22"},
+       "connect lc hdu -cable type quorla_podusb port USB22 frequency 3000000 "
+       "-debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--cable=quorla_podusb", "--frequency=750kHz"},
+       "connect lc hdu -cable type quorla_podusb port USB21 frequency 750000 "
+       "-debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--frequency", "3MHz", "--cable", "quorla_podusb"},
+       "connect lc hdu -cable type quorla_podusb port USB21 frequency 6000000 "
+       "-debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--cable", "quorla_podusb", "--cable", "none"},
+       "connect lc hdu -debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--cable", "quorla_podusb", "--esn", "000012:aB"},
+       "connect lc hdu -cable type quorla_podusb esn 000012:aB -debugdevice "
+       "cpunr 1"},
+      {"lumacore_0",
+       {"--cable", "quorla_plugin", "--module", "m", "--module-arg", "a",
+        "--module-arg", "b=c"},
+       "connect lc hdu -cable type quorla_plugin modulename m modulearg a "
+       "modulearg b=c -debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--cable", "digilent_plugin"},
+       "connect lc hdu -cable type digilent_plugin -debugdevice cpunr 1"},
+      // chain and device
+      {"lumacore_0",
+       {"--debug-device", "0x7f"},
+       "connect lc hdu -debugdevice deviceNr 127 cpunr 1"},
+      {"lumacore_0",
+       {"--device", "devicenr=1,partname=pk9ab100,irlength=6,idcode=0x1234093",
+        "--device", "idcode=0,devicenr=2,irlength=0,partname=x"},
+       "connect lc hdu -configdevice devicenr 1 partname pk9ab100 irlength 6 "
+       "idcode 0x1234093 -configdevice devicenr 2 partname x irlength 0 idcode "
+       "0x0 -debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--device", "devicenr=1,partname=p,irlength=6,idcode=1",
+        "--clear-chain"},
+       "connect lc hdu -debugdevice cpunr 1"},
+      // address map and read-only memory
+      {"ppc440_0",
+       {"--address-map", "0x40000000"},
+       "connect ppc hw -debugdevice cpunr 2 icacheStartAdr 0x40000000 "
+       "itagStartAdr 0x40010000 dcacheStartAdr 0x40020000 dtagStartAdr "
+       "0x40030000 tlbStartAdr 0x40050000 dcrStartAdr 0x40040000 fpuType dp"},
+      {"ppc440_0",
+       {"--address-map", "0xFFFA0000", "--unset-address-map", "--icache",
+        "0x10000", "--dcache", "0x20000", "--itag", "0x30000", "--dtag",
+        "0x40000", "--tlb", "0x50000", "--dcr", "0x60000"},
+       "connect ppc hw -debugdevice cpunr 2 icacheStartAdr 0x10000 "
+       "itagStartAdr "
+       "0x30000 dcacheStartAdr 0x20000 dtagStartAdr 0x40000 tlbStartAdr "
+       "0x50000 "
+       "dcrStartAdr 0x60000 fpuType dp"},
+      {"lumacore_0",
+       {"--rom", "0xFFF00000:4096"},
+       "connect lc hdu -debugdevice cpunr 1 romemStartAdr 0xfff00000 romemSize "
+       "4096"},
+      // the settings of a whole command
+      {"ppc405_0",
+       {"--from", "connect ppc sim -icf sim.cfg"},
+       "connect ppc sim -icf sim.cfg"},
+      {"ppc405_0",
+       {"--from", "connect ppc hw -bscan user1 -debugdevice isocmStartAdr "
+                  "0x100 isocmSize "
+                  "16 isocmDcrStartAdr 0x200"},
+       "connect ppc hw -bscan USER1 -debugdevice cpunr 1 isocmStartAdr 0x100 "
+       "isocmSize 16  isocmDcrStartAdr 0x200 fpuType sp"},
+      {"lumacore_0",
+       {"--debug-device", "3", "--from",
+        "connect lc hdu -debugdevice devicenr 2"},
+       "connect lc hdu -debugdevice deviceNr 3 cpunr 1"},
+  };
+  for (const auto &row : rows)
+    EXPECT_EQ(commandFor(row.processor, row.settings), row.command)
+        << testing::PrintToString(row.settings);
+}
+
+TEST_F(CommandCommandTest, StartsFromWhatIsSaved) {
+  save("lumacore_1", "connect lc hdu -cable type quorla_podusb port USB22 "
+                     "frequency 3000000 -debugdevice deviceNr 4 cpunr 2");
+  EXPECT_EQ(
+      commandFor("lumacore_1", {"--frequency", "1500000"}),
+      "connect lc hdu -cable type quorla_podusb port USB22 frequency 1500000 "
+      "-debugdevice deviceNr 4 cpunr 2");
+  EXPECT_EQ(etc(), std::vector<std::string>{"kvo_lumacore_1.opt"});
+}
+
+TEST_F(CommandCommandTest, TakesTheWorkingFolderForSavedOptionsOnly) {
+  folder.write("work/etc/kvo_lumacore_1.opt", "connect lc sim");
+  folder.write("design/board.xml", "");
+  EXPECT_EQ(commandFor("lumacore_1", {"-C", "work"}), "connect lc sim");
+}
+
+TEST_F(CommandCommandTest, ModuleArgumentsOfTheLineReplaceSavedOnes) {
+  save("lumacore_0", "connect lc hdu -cable type quorla_plugin modulename m "
+                     "modulearg a modulearg b -debugdevice cpunr 1");
+  EXPECT_EQ(
+      commandFor("lumacore_0", {"--module-arg", "c", "--module-arg", "d"}),
+      "connect lc hdu -cable type quorla_plugin modulename m modulearg c "
+      "modulearg d -debugdevice cpunr 1");
+}
+
+TEST_F(CommandCommandTest, WarnsOfWhatNoCommandBringsBack) {
+  const Result run = this->run({"command", board, "lumacore_0", "--cpu-jtag"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out,
+            "connect lc hdu -configdevice jtagpin cpujtag -debugdevice "
+            "cpunr 1\n");
+  EXPECT_EQ(run.err,
+            "zeldebug: warning: does not survive: cpuJtag 1: it is "
+            "written as '-configdevice jtagpin cpujtag', which no reader "
+            "accepts\n");
+}
+
+TEST_F(CommandCommandTest, TellsTheSameInJson) {
+  const json document = runJson({"command", board, "lumacore_0", "--connection",
+                                 "sim", "--debug-device", "3"});
+  EXPECT_EQ(document["instanceName"], "lumacore_0");
+  EXPECT_EQ(document["connectCommand"], "connect lc sim");
+  EXPECT_EQ(document["lost"],
+            json({{{"field", "debugDevice"},
+                   {"value", 3},
+                   {"readBack", 0},
+                   {"reason", "a command for this kind of connection does not "
+                              "carry it"}}}));
+  EXPECT_EQ(document["dropped"], json::array());
+}
+
+TEST_F(CommandCommandTest, RefusesNumbersThatDoNotFit) {
+  const std::string decimal = " (decimal or 0x)\n";
+  const struct {
+    std::vector<std::string> settings;
+    std::string message;
+  } rows[] = {
+      {{"--debug-device", "128"},
+       "--debug-device: '128' is no number from 0 to 127"},
+      {{"--debug-device", "-1"},
+       "--debug-device: '-1' is no number from 0 to 127"},
+      {{"--debug-device", ""}, "--debug-device: '' is no number from 0 to 127"},
+      {{"--debug-device="}, "--debug-device: '' is no number from 0 to 127"},
+      {{"--debug-device", "0x12zz"},
+       "--debug-device: '0x12zz' is no number from 0 to 127"},
+      {{"--debug-device", "0x"},
+       "--debug-device: '0x' is no number from 0 to 127"},
+      {{"--debug-device", " 1"},
+       "--debug-device: ' 1' is no number from 0 to 127"},
+      {{"--debug-device", "+1"},
+       "--debug-device: '+1' is no number from 0 to 127"},
+      {{"--stub-baud", "2147483648"},
+       "--stub-baud: '2147483648' is no number from 0 to 2147483647"},
+      {{"--icache", "0x100000000"},
+       "--icache: '0x100000000' is no number from 0x0 to 0xffffffff"},
+      {{"--icache", "18446744073709551616"},
+       "--icache: '18446744073709551616' is no number from 0x0 to 0xffffffff"},
+      {{"--address-map", "0xFFFB0000"},
+       "--address-map: '0xFFFB0000' is no number from 0x0 to 0xfffa0000"},
+      {{"--rom", "0:0x100000000"},
+       "--rom SIZE: '0x100000000' is no number from 0x0 to 0xffffffff"},
+      {{"--rom", ":16"}, "--rom START: '' is no number from 0x0 to 0xffffffff"},
+      {{"--device", "devicenr=1,partname=p,irlength=128,idcode=1"},
+       "--device irlength: '128' is no number from 0 to 127"},
+      {{"--device", "devicenr=1,partname=p,irlength=6,idcode=1,nppc=256"},
+       "--device nppc: '256' is no number from 0 to 255"},
+  };
+  for (const auto &row : rows) {
+    const Result run = refusalOf("lumacore_0", row.settings);
+    EXPECT_EQ(run.status, 2) << row.message;
+    EXPECT_EQ(run.err, "zeldebug: error: " + row.message + decimal);
+  }
+}
+
+TEST_F(CommandCommandTest, RefusesFrequenciesThatAreNoWholeHertz) {
+  for (const char *text : {"4294967296", "4295MHz", "1.5MHz", "MHz", "3 MHz",
+                           "3mhz", "-3MHz", "", "0x12zzkHz"}) {
+    const Result run = refusalOf("lumacore_0", {"--frequency", text});
+    EXPECT_EQ(run.status, 2) << text;
+    EXPECT_EQ(run.err,
+              std::string("zeldebug: error: --frequency: '") + text +
+                  "' is no whole number (decimal or 0x) with Hz, kHz, MHz "
+                  "or nothing behind it, up to 4294967295 Hz\n");
+  }
+}
+
+TEST_F(CommandCommandTest, RefusesTextsThatAreNoWord) {
+  for (const char *option :
+       {"--port", "--esn", "--module", "--module-arg", "--stub-port"}) {
+    const std::string prefix =
+        std::string("zeldebug: error: ") + option + ": '";
+    const struct {
+      const char *text;
+      const char *reason;
+    } rows[] = {
+        {"", "it is empty, and a command cannot carry an empty value"},
+        {"a b", "it holds white space, and a command ends its words there"},
+        {"a\t", "it holds white space, and a command ends its words there"},
+        {"-x", "it begins with '-', and a command takes it for an option word"},
+        {"-", "it begins with '-', and a command takes it for an option word"},
+    };
+    for (const auto &row : rows) {
+      const Result run = refusalOf(
+          "lumacore_0", {"--cable", "quorla_plugin", option, row.text});
+      EXPECT_EQ(run.status, 2) << option << row.text;
+      EXPECT_EQ(run.err,
+                prefix + row.text + "' is refused: " + row.reason + "\n");
+    }
+  }
+}
+
+TEST_F(CommandCommandTest, ANegativeNumberIsAWord) {
+  EXPECT_EQ(
+      commandFor("lumacore_0", {"--cable", "quorla_podusb", "--port", "-5"}),
+      "connect lc hdu -cable type quorla_podusb port -5 frequency 6000000 "
+      "-debugdevice cpunr 1");
+}
+
+TEST_F(CommandCommandTest, NamesWhatIsAccepted) {
+  const struct {
+    std::vector<std::string> settings;
+    int status;
+    std::string message;
+  } rows[] = {
+      {{"--cable", "quorla_usb"},
+       2,
+       "--cable: 'quorla_usb' is unknown; accepted are 'quorla_parallel', "
+       "'quorla_parallel4', 'quorla_podusb', 'quorla_parallel3', "
+       "'quorla_plugin', 'digilent_plugin', 'quorla_tcf', 'none'; did you mean "
+       "'quorla_podusb'?"},
+      {{"--connection", "serial"},
+       2,
+       "--connection: 'serial' is unknown; accepted are 'sim', 'hw', "
+       "'stub-serial', 'stub-jtag', 'vp'"},
+      {{"--connection", "vp"},
+       1,
+       "--connection vp: 'lumacore_1' does not allow it; it allows 'sim', "
+       "'hw'"},
+      {{"--connection", "stub-serial"},
+       1,
+       "--connection stub-serial: 'lumacore_1' does not allow it; it allows "
+       "'sim', 'hw'"},
+      {{"--device", "devicenr=1,part=p"},
+       2,
+       "--device: unknown key 'part'; accepted are 'devicenr', 'partname', "
+       "'irlength', 'idcode', 'isfpga', 'hardppc', 'nppc'"},
+      {{"--device", "devicenr=1,devicenr=2"},
+       2,
+       "--device: 'devicenr' is given twice"},
+      {{"--device", "devicenr=1,partname=p,irlength=6"},
+       2,
+       "--device: 'idcode' is missing in 'devicenr=1,partname=p,irlength=6'"},
+      {{"--device", "x"}, 2, "--device: 'x' is no KEY=VALUE"},
+      {{"--rom", "16"}, 2, "--rom: '16' is no START:SIZE"},
+      {{"--icache", "0x18000"},
+       1,
+       "--icache: Icache Start Address should be aligned at 64k boundry"},
+      {{"--address-map", "0x10001"},
+       1,
+       "--address-map: Icache Start Address should be aligned at 64k boundry"},
+      {{"--module", "m"},
+       1,
+       "--module: Internal Error: Other Cable Options applies only for "
+       "QUORLA_PLUGIN cable type"},
+      {{"--cable", "quorla_tcf"},
+       1,
+       "no command can be written: Invalid Cable Type"},
+      {{"--from", "connect lc hdu -foo"},
+       1,
+       "--from: the command is refused: column 16: '-foo' is no option here "
+       "(UNKNOWN Option '-foo')"},
+      {{"--from", "connect lc hdu -debugdevice cpunr 7"},
+       1,
+       "--from: the command is refused: column 35: '7' is refused as the "
+       "value"},
+      {{"--from", "connect lc stub"},
+       1,
+       "--from: the command is refused: column 12: 'stub' is a connection that "
+       "the processor does not allow"},
+  };
+  for (const auto &row : rows) {
+    const Result run = refusalOf("lumacore_1", row.settings);
+    EXPECT_EQ(run.status, row.status) << row.message;
+    EXPECT_EQ(run.err, "zeldebug: error: " + row.message + "\n");
+  }
+}
+
+TEST_F(CommandCommandTest, RefusesWhatIsSavedAndCannotBeRead) {
+  save("lumacore_0", "connect lc hdu -foo");
+  const Result run = refusalOf("lumacore_0", {});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(
+      run.err,
+      "zeldebug: error: etc/kvo_lumacore_0.opt:1: the command is refused: "
+      "column 16: '-foo' is no option here (UNKNOWN Option '-foo'); it stays "
+      "as it is (--force starts from the defaults)\n");
+  EXPECT_EQ(commandFor("lumacore_0", {"--force"}),
+            "connect lc hdu -debugdevice cpunr 1");
+}
+
+} // namespace
+} // namespace tool

@@ -1,0 +1,116 @@
+#include <gmock/gmock.h>
+
+#include "ToolTest.h"
+
+namespace tool {
+namespace {
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+using CommandLineTest = ToolTest;
+
+const std::vector<std::string> subcommands{
+    "list",   "design",     "show",         "set",  "command",
+    "check",  "explain",    "explain-code", "diff", "roundtrip",
+    "cables", "completion", "manual"};
+
+TEST_F(CommandLineTest, EveryLevelHasHelpWithAnExample) {
+  Result run = this->run({"--help"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, HasSubstr("Example:\n  zeldebug list board.xml\n"));
+  for (const std::string &name : subcommands) {
+    EXPECT_THAT(run.out, HasSubstr("\n  " + name + " "));
+    const Result help = this->run({name, "--help"});
+    EXPECT_EQ(help.status, 0) << name;
+    EXPECT_THAT(help.out, HasSubstr("Usage: zeldebug " + name)) << name;
+    EXPECT_THAT(help.out, HasSubstr("Example:\n  ")) << name;
+    EXPECT_EQ(help.err, "") << name;
+  }
+}
+
+TEST_F(CommandLineTest, HelpSaysThatCpuJtagCannotBeReadBack) {
+  EXPECT_THAT(this->run({"set", "--help"}).out,
+              HasSubstr("no command with this mark can be read back"));
+}
+
+TEST_F(CommandLineTest, TellsItsVersion) {
+  const Result run = this->run({"--version"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out,
+              testing::MatchesRegex("zeldebug [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+}
+
+TEST_F(CommandLineTest, NamesTheNearestMatch) {
+  const struct {
+    std::vector<std::string> line;
+    std::string message;
+  } rows[] = {
+      {{"lst", "x"},
+       "unknown subcommand 'lst'; there are 'list', 'design', 'show', 'set', "
+       "'command', 'check', 'explain', 'explain-code', 'diff', 'roundtrip', "
+       "'cables', 'completion', 'manual'; did you mean 'list'?"},
+      {{"frobnicate"},
+       "unknown subcommand 'frobnicate'; there are 'list', 'design', 'show', "
+       "'set', 'command', 'check', 'explain', 'explain-code', 'diff', "
+       "'roundtrip', 'cables', 'completion', 'manual'"},
+      {{"list", "--jsn", "x"},
+       "unknown option '--jsn' of 'list'; did you mean '--json'?"},
+      {{"set", "x", "y", "--frequncy=3MHz"},
+       "unknown option '--frequncy' of 'set'; did you mean '--frequency'?"},
+      {{"set", "x", "y", "--zzz"}, "unknown option '--zzz' of 'set'"},
+      {{"--jsn", "list", "x"},
+       "unknown option '--jsn' of 'list'; did you mean '--json'?"},
+      {{"check", "connect", "lc", "hdu", "-cable", "type", "x"},
+       "unknown option '-cable' of 'check'; a connect command is one argument: "
+       "put "
+       "it in quotes"},
+      {{"list", "x", "y"}, "'list' takes no more arguments, but 'y' is left"},
+  };
+  for (const auto &row : rows) {
+    const Result run = this->run(row.line);
+    EXPECT_EQ(run.status, 2) << row.message;
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "zeldebug: error: " + row.message + "\n");
+  }
+}
+
+TEST_F(CommandLineTest, NamesWhatIsMissing) {
+  EXPECT_EQ(this->run({}).status, 2);
+  EXPECT_EQ(this->run({}).err, "zeldebug: error: A subcommand is required\n");
+  EXPECT_EQ(this->run({"list"}).err, "zeldebug: error: DESIGN is required\n");
+  EXPECT_EQ(this->run({"set", "x", "y", "--port"}).status, 2);
+}
+
+TEST_F(CommandLineTest, ASubcommandsNameMayBeAProcessors) {
+  const Result run = this->run({"show", board, "list"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.err,
+              StartsWith("zeldebug: error: 'list' is no processor of the "
+                         "design; there are 'lumacore_0', "));
+}
+
+TEST_F(CommandLineTest, WrongUseIsADocumentInJson) {
+  const json document = runJson({"list", "--jsn"}, 2);
+  EXPECT_EQ(document["failure"]["status"], 2);
+  EXPECT_EQ(document["failure"]["message"],
+            "unknown option '--jsn' of 'list'; did you mean '--json'?");
+}
+
+TEST_F(CommandLineTest, TheManualHoldsEveryOption) {
+  const std::string manual = this->run({"manual"}).out;
+  EXPECT_THAT(manual, StartsWith(".TH ZELDEBUG 1"));
+  for (const std::string &name : subcommands)
+    EXPECT_THAT(manual,
+                HasSubstr("\n.SS " +
+                          (name == "explain-code" ? "explain\\-code" : name) +
+                          "\n"));
+  for (const char *option : {"\\-\\-esn", "\\-\\-address\\-map", "\\-\\-origin",
+                             "\\-\\-library", "\\-\\-json"})
+    EXPECT_THAT(manual, HasSubstr(option));
+  EXPECT_THAT(manual, HasSubstr(".SH EXIT STATUS"));
+}
+
+} // namespace
+} // namespace tool

@@ -1,0 +1,57 @@
+#include "ToolTest.h"
+
+namespace tool {
+namespace {
+
+using nlohmann::json;
+
+using DiffCommandTest = ToolTest;
+
+TEST_F(DiffCommandTest, OrderOfClausesIsNoDifference) {
+  const Result run =
+      this->run({"diff",
+                 "connect lc hdu -cable type quorla_podusb frequency 3000000 "
+                 "-debugdevice devicenr 1 cpunr 2",
+                 "KCONNECT LC HDU -debugdevice cpunr 2 devicenr 0x1 -cable "
+                 "frequency 3000000 type quorla_podusb"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "The commands have the same settings.\n");
+  EXPECT_EQ(run.err, "");
+}
+
+TEST_F(DiffCommandTest, ListsTheSettingsThatDiffer) {
+  const Result run = this->run(
+      {"diff", "connect lc hdu -debugdevice devicenr 1",
+       "connect lc hdu -debugdevice romemStartAdr 0x100 romemSize 16"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "SETTING        FIRST    SECOND\n"
+                     "debugDevice    1        0\n"
+                     "romemStartAdr  not set  0x100\n"
+                     "romemSize      0        16\n");
+}
+
+TEST_F(DiffCommandTest, TellsTheSameInJson) {
+  json document = runJson({"diff", "connect lc sim", "connect lc sim"});
+  EXPECT_EQ(document["equal"], true);
+  EXPECT_EQ(document["differences"], json::array());
+  document = runJson({"diff", "connect lc hdu -configdevice partname p",
+                      "connect lc hdu -debugdevice devicenr 3"});
+  EXPECT_EQ(document["equal"], false);
+  ASSERT_EQ(document["differences"].size(), 2U);
+  EXPECT_EQ(document["differences"][0],
+            json({{"name", "debugDevice"}, {"before", 0}, {"after", 3}}));
+  EXPECT_EQ(document["differences"][1]["name"], "chain[0]");
+  EXPECT_EQ(document["differences"][1]["before"]["partname"], "p");
+  EXPECT_EQ(document["differences"][1]["after"], nullptr);
+}
+
+TEST_F(DiffCommandTest, RefusesACommandThatCannotBeRead) {
+  const Result run = this->run({"diff", "connect lc hdu", "connect lc"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err, "zeldebug: error: 'connect lc' is refused: column 11: a "
+                     "connection word is missing here\n");
+}
+
+} // namespace
+} // namespace tool

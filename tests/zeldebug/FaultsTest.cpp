@@ -1,0 +1,198 @@
+// What users and their machines do to a program.
+#include <filesystem>
+#include <sys/stat.h>
+
+#include <gmock/gmock.h>
+
+#include "ToolTest.h"
+
+namespace tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class FaultsTest : public ToolTest {
+protected:
+  Result set(const std::vector<std::string> &settings = {},
+             const Surroundings &surroundings = {}) {
+    std::vector<std::string> line{"set", board, "lumacore_0"};
+    line.insert(line.end(), settings.begin(), settings.end());
+    return run(line, surroundings);
+  }
+
+  /// `set` and `show` must end with 3 and this problem, and leave the file
+  /// alone.
+  void expectUnreadable(const std::string &problem,
+                        const Surroundings &surroundings = {}) {
+    const std::string error = "etc/kvo_lumacore_0.opt" + problem;
+    const Result changed = set({"--debug-device", "1"}, surroundings);
+    EXPECT_EQ(changed.status, 3);
+    EXPECT_EQ(changed.out, "");
+    EXPECT_EQ(changed.err,
+              "zeldebug: error: lumacore_0: " + error +
+                  "; it stays as it is (--force starts from the defaults)\n");
+    const Result shown = run({"show", board, "lumacore_0"}, surroundings);
+    EXPECT_EQ(shown.status, 3);
+    EXPECT_EQ(shown.err, "zeldebug: error: " + error + "\n");
+  }
+};
+
+TEST_F(FaultsTest, AProcessorThatIsNotInTheDesign) {
+  for (const char *subcommand : {"show", "set", "command"}) {
+    const Result run = this->run({subcommand, board, "lumacore_O"});
+    EXPECT_EQ(run.status, 2) << subcommand;
+    EXPECT_EQ(
+        run.err,
+        "zeldebug: error: 'lumacore_O' is no processor of the design; there "
+        "are 'lumacore_0', 'lumacore_1', 'lumacore_2', 'ppc405_0', "
+        "'ppc440_0', 'a9_0', 'a9_1', 'r5_0'; did you mean 'lumacore_0'?\n");
+  }
+}
+
+TEST_F(FaultsTest, AProcessorThatCannotBeDebugged) {
+  for (const char *subcommand : {"show", "set", "command"}) {
+    const Result run = this->run({subcommand, board, "r5_0"});
+    EXPECT_EQ(run.status, 1) << subcommand;
+    EXPECT_EQ(run.err,
+              "zeldebug: error: 'r5_0' cannot be debugged: no debug module or "
+              "controller is connected to it, and processors of type "
+              "'soc_cortexr5' need one\n");
+  }
+}
+
+TEST_F(FaultsTest, AnOptionFileThatMayNotBeRead) {
+  save("lumacore_0", "connect lc hdu");
+  fs::permissions("etc/kvo_lumacore_0.opt", fs::perms::none);
+  Surroundings surroundings;
+  surroundings.obeysPermissions = true;
+  expectUnreadable(": Permission denied", surroundings);
+  fs::permissions("etc/kvo_lumacore_0.opt", fs::perms::owner_read);
+  EXPECT_EQ(saved("lumacore_0"), "connect lc hdu");
+}
+
+TEST_F(FaultsTest, AnOptionFileThatIsAFolder) {
+  fs::create_directories("etc/kvo_lumacore_0.opt");
+  expectUnreadable(": is a folder, no file");
+  const Result forced = set({"--force"});
+  EXPECT_EQ(forced.status, 1);
+  EXPECT_EQ(
+      forced.err,
+      "zeldebug: error: lumacore_0: etc/kvo_lumacore_0.opt: Is a directory\n");
+  EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
+}
+
+TEST_F(FaultsTest, AnOptionFileThatIsALinkLoop) {
+  fs::create_directory("etc");
+  fs::create_symlink("kvo_lumacore_0.opt", "etc/kvo_lumacore_0.opt");
+  expectUnreadable(": Too many levels of symbolic links");
+  EXPECT_TRUE(fs::is_symlink("etc/kvo_lumacore_0.opt"));
+  EXPECT_EQ(set({"--force"}).status, 0);
+  EXPECT_EQ(saved("lumacore_0"), "connect lc hdu -debugdevice cpunr 1");
+}
+
+TEST_F(FaultsTest, AnOptionFileThatIsALinkToNothing) {
+  fs::create_directory("etc");
+  fs::create_symlink("nowhere", "etc/kvo_lumacore_0.opt");
+  expectUnreadable(": is a link to nothing");
+}
+
+TEST_F(FaultsTest, AnOptionFileThatIsAFifo) {
+  fs::create_directory("etc");
+  ASSERT_EQ(mkfifo("etc/kvo_lumacore_0.opt", 0600), 0);
+  expectUnreadable(": is no regular file");
+}
+
+TEST_F(FaultsTest, AnOptionFileThatIsCut) {
+  const std::string text =
+      "connect lc hdu -cable port " + std::string(1500, 'x');
+  save("lumacore_0", text);
+  const std::string problem = "etc/kvo_lumacore_0.opt:1: the command has 1527 "
+                              "characters, but only 1023 of "
+                              "a line are read";
+  const Result changed = set();
+  EXPECT_EQ(changed.status, 3);
+  EXPECT_EQ(changed.err,
+            "zeldebug: error: lumacore_0: " + problem +
+                "; it stays as it is (--force starts from the defaults)\n");
+  EXPECT_EQ(saved("lumacore_0"), text);
+  // What is read of it can be shown.
+  const Result shown = this->run({"show", board, "lumacore_0"});
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_EQ(shown.err, "zeldebug: warning: " + problem + "\n");
+}
+
+TEST_F(FaultsTest, AnOptionFileWithBytesThatAreNoText) {
+  save("lumacore_0", std::string("\nconnect lc hdu\0 -quiet", 23));
+  expectUnreadable(":2: the command holds bytes that are no text");
+  save("lumacore_0", "connect lc hdu -cable port \xff\x1b[31m");
+  const Result shown = this->run({"show", board, "lumacore_0"});
+  EXPECT_EQ(shown.status, 0);
+  EXPECT_THAT(shown.out,
+              HasSubstr("connect lc hdu -cable port \\xff\\x1b[31m\n"));
+  EXPECT_EQ(runJson({"show", board, "lumacore_0"})["cable"]["port"],
+            "\xEF\xBF\xBD\x1b[31m");
+}
+
+TEST_F(FaultsTest, AnOptionFileThatIsRefused) {
+  save("lumacore_0", "\nkconnect lc hdu\n");
+  expectUnreadable(":2: the command is refused: the engine gives no reason");
+  save("lumacore_0", "connect lc hdu -");
+  expectUnreadable(":1: the command is refused: column 16: '-' is a lone '-'");
+}
+
+TEST_F(FaultsTest, NoSpaceLeft) {
+  const std::string text = "connect lc hdu -debugdevice cpunr 1";
+  save("lumacore_0", text);
+  Surroundings surroundings;
+  surroundings.fileSizeLimit = 10;
+  const Result run = set({"--debug-device", "1"}, surroundings);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err,
+            "zeldebug: error: lumacore_0: etc: the option file could not "
+            "be written whole: no space left, or a limit on the size of "
+            "files\n");
+  EXPECT_EQ(saved("lumacore_0"), text);
+  EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
+}
+
+TEST_F(FaultsTest, AFolderThatMayNotBeWritten) {
+  save("lumacore_0", "connect lc hdu");
+  fs::permissions("etc", fs::perms::owner_read | fs::perms::owner_exec);
+  Surroundings surroundings;
+  surroundings.obeysPermissions = true;
+  const Result run = set({"--debug-device", "1"}, surroundings);
+  fs::permissions("etc", fs::perms::owner_all);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err, "zeldebug: error: lumacore_0: etc: cannot write there: "
+                     "Permission denied\n");
+  EXPECT_EQ(saved("lumacore_0"), "connect lc hdu");
+}
+
+TEST_F(FaultsTest, AReaderThatLeavesEarly) {
+  Surroundings surroundings;
+  surroundings.readerLeaves = true;
+  const Result run = this->run({"list", board}, surroundings);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+}
+
+TEST_F(FaultsTest, OutputThatHasNoRoom) {
+  Surroundings surroundings;
+  surroundings.fullOutput = true;
+  const Result run = this->run({"list", board}, surroundings);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err,
+            "zeldebug: error: standard output: No space left on device\n");
+}
+
+TEST_F(FaultsTest, ColourIsForTerminalsOnly) {
+  EXPECT_THAT(this->run({"list", board}).out, testing::Not(HasSubstr("\x1b")));
+  EXPECT_THAT(this->run({"lst"}).err, testing::Not(HasSubstr("\x1b")));
+}
+
+} // namespace
+} // namespace tool

@@ -1,0 +1,81 @@
+#include "ToolTest.h"
+
+namespace tool {
+namespace {
+
+using nlohmann::json;
+
+using RoundtripCommandTest = ToolTest;
+
+constexpr const char *same = "connect lc hdu -debugdevice cpunr 1";
+
+TEST_F(RoundtripCommandTest, TellsWhatBecomesOfEachCommand) {
+  folder.write("commands", std::string(same) +
+                               "\n\nconnect arm hw\nconnect lc hdu -foo\n"
+                               "vpconnect lc -ipcport h:3\n");
+  const Result run = this->run({"roundtrip", "commands"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(
+      run.out,
+      "same     connect lc hdu -debugdevice cpunr 1\n"
+      "changed  connect arm hw\n"
+      "         procFamily 2 (comes back as 1): an ARM processor is written as "
+      "the "
+      "target 'ppc'\n"
+      "         procType 4 (comes back as 6): an ARM processor is written as "
+      "the "
+      "target 'ppc'\n"
+      "refused  connect lc hdu -foo\n"
+      "         reading: column 16: '-foo' is no option here (UNKNOWN Option "
+      "'-foo')\n"
+      "refused  vpconnect lc -ipcport h:3\n"
+      "         reading again: column 14: '-ipcporth3' is no option here "
+      "(UNKNOWN "
+      "virtual platform Option 'lc')\n"
+      "         simIpcHost \"h\": host and port are written as one word, "
+      "'-ipcportHOSTPORT', which no reader accepts\n"
+      "4 commands: 1 same, 1 changed, 2 refused\n");
+}
+
+TEST_F(RoundtripCommandTest, SucceedsWhenAllAreTheSame) {
+  Surroundings surroundings;
+  surroundings.input = std::string(same) + "\n";
+  const Result run = this->run({"roundtrip"}, surroundings);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, std::string("same     ") + same +
+                         "\n1 commands: 1 same, 0 changed, 0 refused\n");
+  EXPECT_EQ(this->run({"roundtrip", "-"}, surroundings).status, 0);
+}
+
+TEST_F(RoundtripCommandTest, TellsTheSameInJson) {
+  folder.write("commands", std::string(same) + "\nconnect arm hw\nfoo\n" +
+                               "connect lc hdu -cable type quorla_tcf\n");
+  const json document = runJson({"roundtrip", "commands"}, 1);
+  EXPECT_EQ(document["total"], 4);
+  EXPECT_EQ(document["same"], 1);
+  EXPECT_EQ(document["changed"], 1);
+  EXPECT_EQ(document["refused"], 2);
+  ASSERT_EQ(document["lines"].size(), 4U);
+  EXPECT_EQ(document["lines"][0]["outcome"], "same");
+  EXPECT_EQ(document["lines"][0]["fields"], json::array());
+  EXPECT_EQ(document["lines"][1]["written"],
+            "connect ppc hw -debugdevice cpunr 1");
+  EXPECT_EQ(document["lines"][1]["fields"],
+            json({{{"name", "procFamily"}, {"before", 2}, {"after", 1}},
+                  {{"name", "procType"}, {"before", 4}, {"after", 6}}}));
+  EXPECT_EQ(document["lines"][2]["outcome"], "refused");
+  EXPECT_EQ(document["lines"][2]["written"], nullptr);
+  EXPECT_EQ(document["lines"][3]["message"], "writing: Invalid Cable Type");
+}
+
+TEST_F(RoundtripCommandTest, RefusesAFileThatCannotBeRead) {
+  const Result run = this->run({"roundtrip", "nowhere"});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.err, "zeldebug: error: nowhere: No such file or directory\n");
+  folder.write("folder/file", "");
+  EXPECT_EQ(this->run({"roundtrip", "folder"}).err,
+            "zeldebug: error: folder: is a folder, no file\n");
+}
+
+} // namespace
+} // namespace tool

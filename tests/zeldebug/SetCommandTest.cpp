@@ -1,0 +1,188 @@
+#include <filesystem>
+
+#include <gmock/gmock.h>
+
+#include "ToolTest.h"
+
+namespace tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+using nlohmann::json;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class SetCommandTest : public ToolTest {
+protected:
+  Result set(const std::string &processor,
+             const std::vector<std::string> &settings,
+             const Surroundings &surroundings = {}) {
+    std::vector<std::string> line{"set", board, processor};
+    line.insert(line.end(), settings.begin(), settings.end());
+    return run(line, surroundings);
+  }
+};
+
+constexpr const char *usbCommand =
+    "connect lc hdu -cable type quorla_podusb port USB21 frequency 6000000 "
+    "-debugdevice cpunr 1";
+
+TEST_F(SetCommandTest, SavesTheCommandAndPrintsIt) {
+  fs::create_directory("etc");
+  const Result run = set("lumacore_0", {"--cable", "quorla_podusb"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, std::string(usbCommand) + "\n");
+  EXPECT_EQ(run.err,
+            "zeldebug: note: lumacore_0: saved in etc/kvo_lumacore_0.opt\n");
+  EXPECT_EQ(saved("lumacore_0"), usbCommand);
+  EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
+}
+
+TEST_F(SetCommandTest, LoadsWhatIsSavedFirst) {
+  save("lumacore_0", usbCommand);
+  EXPECT_EQ(set("lumacore_0", {"--debug-device", "3"}).status, 0);
+  EXPECT_EQ(
+      saved("lumacore_0"),
+      "connect lc hdu -cable type quorla_podusb port USB21 frequency 6000000 "
+      "-debugdevice deviceNr 3 cpunr 1");
+}
+
+TEST_F(SetCommandTest, DoesNotWriteWithoutAChange) {
+  // Other blanks than the writer's show that the file stays as it is.
+  const std::string text =
+      "\nconnect  lc hdu -debugdevice devicenr 3 cpunr 1 \n";
+  save("lumacore_0", text);
+  const fs::path file = folder.path() / "etc/kvo_lumacore_0.opt";
+  const auto before = fs::last_write_time(file);
+  const Result run = set("lumacore_0", {"--debug-device", "3"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.err,
+      "zeldebug: note: lumacore_0: already saved in etc/kvo_lumacore_0.opt\n");
+  EXPECT_EQ(run.out, "connect  lc hdu -debugdevice devicenr 3 cpunr 1 \n");
+  EXPECT_EQ(saved("lumacore_0"), text);
+  EXPECT_EQ(fs::last_write_time(file), before);
+}
+
+TEST_F(SetCommandTest, LeavesACommandAloneThatCouldNotBeWrittenAgain) {
+  const std::string text =
+      "connect lc hdu -cable type quorla_tcf frequency 2000000";
+  save("lumacore_0", text);
+  EXPECT_EQ(set("lumacore_0", {}).status, 0);
+  EXPECT_EQ(set("lumacore_0", {"--debug-device", "3"}).status, 1);
+  EXPECT_EQ(saved("lumacore_0"), text);
+}
+
+TEST_F(SetCommandTest, ADryRunSavesNothing) {
+  fs::create_directory("etc");
+  const Result run =
+      set("lumacore_0", {"--cable", "quorla_podusb", "--dry-run"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, std::string(usbCommand) + "\n");
+  EXPECT_EQ(run.err, "zeldebug: note: lumacore_0: would be saved in "
+                     "etc/kvo_lumacore_0.opt\n");
+  EXPECT_TRUE(etc().empty());
+}
+
+TEST_F(SetCommandTest, NeedsTheFolder) {
+  const Result run = set("lumacore_0", {});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err,
+            "zeldebug: error: lumacore_0: etc: there is no such folder "
+            "(--mkdir makes it)\n");
+  EXPECT_FALSE(fs::exists("etc"));
+  EXPECT_EQ(set("lumacore_0", {"--mkdir"}).status, 0);
+  EXPECT_EQ(saved("lumacore_0"), "connect lc hdu -debugdevice cpunr 1");
+}
+
+TEST_F(SetCommandTest, TakesTheWorkingFolderFromTheLine) {
+  fs::create_directories("work/etc");
+  EXPECT_EQ(set("lumacore_0", {"-C", "work"}).status, 0);
+  EXPECT_EQ(folder.read("work/etc/kvo_lumacore_0.opt"),
+            "connect lc hdu -debugdevice cpunr 1");
+  const Result run = set("lumacore_0", {"-C", "nowhere"});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.err,
+            "zeldebug: error: -C nowhere: No such file or directory\n");
+}
+
+TEST_F(SetCommandTest, KeepsLinksAndPermissions) {
+  folder.write("elsewhere/options", usbCommand);
+  fs::permissions("elsewhere/options",
+                  fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_directory("etc");
+  fs::create_symlink("../elsewhere/options", "etc/kvo_lumacore_0.opt");
+  EXPECT_EQ(set("lumacore_0", {"--debug-device", "3"}).status, 0);
+  EXPECT_TRUE(fs::is_symlink("etc/kvo_lumacore_0.opt"));
+  EXPECT_THAT(folder.read("elsewhere/options"), HasSubstr("deviceNr 3"));
+  EXPECT_EQ(fs::status("elsewhere/options").permissions(),
+            fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(SetCommandTest, GivesEachProcessorOfAllItsOwnResult) {
+  fs::create_directory("etc");
+  save("ppc405_0", "connect nothing");
+  save("lumacore_1", "connect lc hdu -debugdevice deviceNr 3 cpunr 2");
+  const Result run = this->run({"set", board, "--all", "--debug-device", "3"});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(
+      run.out,
+      "PROCESSOR   RESULT      COMMAND\n"
+      "lumacore_0  saved       connect lc hdu -debugdevice deviceNr 3 cpunr 1\n"
+      "lumacore_1  unchanged   connect lc hdu -debugdevice deviceNr 3 cpunr 2\n"
+      "ppc405_0    unreadable  -\n"
+      "ppc440_0    saved       connect ppc hw -debugdevice deviceNr 3 cpunr 2 "
+      "fpuType dp\n"
+      "lumacore_2  refused     -\n"
+      "a9_0        saved       connect ppc hw -debugdevice deviceNr 3 cpunr 1\n"
+      "a9_1        saved       connect ppc hw -debugdevice deviceNr 3 cpunr "
+      "2\n");
+  EXPECT_THAT(etc(), ElementsAre("kvo_a9_0.opt", "kvo_a9_1.opt",
+                                 "kvo_lumacore_0.opt", "kvo_lumacore_1.opt",
+                                 "kvo_ppc405_0.opt", "kvo_ppc440_0.opt"));
+  EXPECT_EQ(saved("ppc405_0"), "connect nothing");
+}
+
+TEST_F(SetCommandTest, WantsEitherAProcessorOrAll) {
+  for (const std::vector<std::string> &line :
+       {std::vector<std::string>{"set", board},
+        std::vector<std::string>{"set", board, "lumacore_0", "--all"}}) {
+    const Result run = this->run(line);
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err,
+              "zeldebug: error: set: give either a PROCESSOR or --all\n");
+  }
+}
+
+TEST_F(SetCommandTest, TellsTheSameInJson) {
+  fs::create_directory("etc");
+  const json document =
+      runJson({"set", board, "--all", "--connection", "sim"}, 1);
+  ASSERT_EQ(document["results"].size(), 7U);
+  EXPECT_EQ(document["results"][0], json({{"instanceName", "lumacore_0"},
+                                          {"outcome", "saved"},
+                                          {"file", "etc/kvo_lumacore_0.opt"},
+                                          {"connectCommand", "connect lc sim"},
+                                          {"lost", json::array()},
+                                          {"dropped", json::array()},
+                                          {"message", nullptr}}));
+  EXPECT_EQ(document["results"][5]["outcome"], "refused");
+  EXPECT_EQ(document["results"][5]["connectCommand"], nullptr);
+  EXPECT_EQ(document["results"][5]["message"],
+            "--connection sim: 'a9_0' does not allow it; it allows 'hw'");
+}
+
+TEST_F(SetCommandTest, TwoRunsAtOnceLeaveOneWholeFile) {
+  fs::create_directory("etc");
+  // The second starts while the first has its scratch folder: they share
+  // nothing.
+  fs::create_directories("etc/.zeldebug-abcdef/etc");
+  EXPECT_EQ(set("lumacore_0", {"--cable", "quorla_podusb"}).status, 0);
+  EXPECT_EQ(saved("lumacore_0"), usbCommand);
+  EXPECT_TRUE(fs::exists("etc/.zeldebug-abcdef/etc"));
+}
+
+} // namespace
+} // namespace tool

@@ -1,0 +1,228 @@
+// What a saved command would not bring back: named, refused, and saved all the
+// same with --force.
+#include <filesystem>
+
+#include <gmock/gmock.h>
+
+#include "ToolTest.h"
+
+namespace tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+using nlohmann::json;
+
+class SurvivalTest : public ToolTest {
+protected:
+  void SetUp() override { fs::create_directory("etc"); }
+
+  Result set(const std::string &processor,
+             const std::vector<std::string> &settings) {
+    std::vector<std::string> line{"set", board, processor};
+    line.insert(line.end(), settings.begin(), settings.end());
+    return run(line);
+  }
+};
+
+constexpr const char *otherKind =
+    ": a command for this kind of connection does not carry it";
+constexpr const char *noWriter = ": no command can be written that carries it";
+
+TEST_F(SurvivalTest, NamesEachSettingAndSavesNothing) {
+  const struct {
+    const char *processor;
+    std::vector<std::string> settings;
+    std::vector<std::string> losses;
+  } rows[] = {
+      {"lumacore_0",
+       {"--cpu-jtag"},
+       {"cpuJtag 1: it is written as '-configdevice jtagpin cpujtag', which no "
+        "reader accepts"}},
+      // A hardware default where only the simulator is allowed.
+      {"lumacore_2",
+       {},
+       {"connectionType 2: the processor does not allow this kind of "
+        "connection; "
+        "it allows 'sim'"}},
+      {"lumacore_0",
+       {"--connection", "sim", "--cable", "quorla_podusb", "--debug-device",
+        "1", "--rom", "0:16"},
+       {std::string("debugDevice 1 (comes back as 0)") + otherKind,
+        std::string("romemStartAdr 0x0 (comes back as not set)") + otherKind,
+        std::string("romemSize 16 (comes back as 0)") + otherKind,
+        std::string("cable.cableType 3 (comes back as 0)") + otherKind}},
+      {"lumacore_0",
+       {"--stub-baud", "9600", "--stub-port", "/dev/ttyS1"},
+       {std::string("stubSerialPort \"/dev/ttyS1\" (comes back as "
+                    "\"/dev/ttyS0\")") +
+            otherKind,
+        std::string("stubBaudRate 9600 (comes back as 0)") + otherKind}},
+      {"lumacore_0",
+       {"--cable", "quorla_podusb", "--frequency", "3MHz", "--port", "USB22",
+        "--esn", "7"},
+       {"cable.frequency 3000000 (comes back as 0): the serial number takes "
+        "its "
+        "place",
+        "cable.port \"USB22\" (comes back as \"USB21\"): the serial number "
+        "takes "
+        "its place"}},
+      {"lumacore_0",
+       {"--cable", "digilent_plugin", "--port", "x"},
+       {"cable.port \"x\" (comes back as \"\"): a command does not carry it "
+        "for "
+        "this cable"}},
+      {"lumacore_0",
+       {"--icache", "0x10000"},
+       {"debugAddressMap 0x10000 (comes back as not set): a command carries it "
+        "for a PowerPC only",
+        "icacheStartAdr 0x10000 (comes back as not set): a command carries it "
+        "for "
+        "a PowerPC only"}},
+      {"lumacore_0",
+       {"--rom", "0x1000:0"},
+       {"romemStartAdr 0x1000 (comes back as not set): a range without start "
+        "or "
+        "size is not written"}},
+      {"lumacore_0",
+       {"--device",
+        "devicenr=1,partname=p,irlength=6,idcode=1,isfpga=1,hardppc=2,nppc=1"},
+       {std::string("chain[0].isfpga 1 (comes back as 0)") + noWriter,
+        std::string("chain[0].hardppc 2 (comes back as 0)") + noWriter,
+        std::string("chain[0].nppc 1 (comes back as 0)") + noWriter}},
+      {"lumacore_0",
+       {"--connection", "stub-jtag", "--cable", "quorla_podusb", "--frequency",
+        "625000"},
+       {"cable.frequency 625000: it is none of the cable's frequencies, and "
+        "the "
+        "cable clause that ends a command is checked"}},
+      {"lumacore_0",
+       {"--cable", "quorla_plugin"},
+       {"cable.moduleName \"\": a plug-in cable needs a module"}},
+      {"lumacore_0",
+       {"--from", "connect lc hdu -sim -ipcport h:5"},
+       {std::string("modelSimMode yes (comes back as no)") + noWriter,
+        std::string("modelSimHost \"h\" (comes back as \"localhost\")") +
+            noWriter,
+        std::string("modelSimPort 5 (comes back as 9998)") + noWriter}},
+      {"lumacore_0",
+       {"--from",
+        "connect lc hdu -bscan USER4 -debugdevice nCpu 2 cpu_version 1.0 "
+        "hdu_version 2.0"},
+       {std::string("cpu_version \"1.0\" (comes back as \"\")") + noWriter,
+        std::string("hdu_version \"2.0\" (comes back as \"\")") + noWriter,
+        std::string("nCpu 2 (comes back as 8)") + noWriter,
+        "bscanUserReg 0x23 (comes back as 0x3): only USER1 and USER2 can be "
+        "written"}},
+      {"lumacore_0",
+       {"--from", "connect lc sim -memsize 64"},
+       {std::string("simMemSize 64 (comes back as 16)") + noWriter}},
+      {"ppc405_0",
+       {"--from", "connect ppc sim -icf f -ipcport h:3"},
+       {"simIpcHost \"h\" (comes back as \"\"): the simulator file takes its "
+        "place",
+        "simIpcPort 3 (comes back as 0): the simulator file takes its place"}},
+      {"ppc440_0",
+       {"--from", "connect ppc hw -debugdevice isocmStartAdr 0 isocmSize 16"},
+       {"isocmStartAdr 0x0 (comes back as not set): a command carries it for a "
+        "ppc405 only",
+        "isocmSize 16 (comes back as 0): a command carries it for a ppc405 "
+        "only"}},
+      {"lumacore_0",
+       {"--from", "connect lc hdu -cable type quorla_podusb url u fname f "
+                  "-debugdevice cpunr 1"},
+       {std::string("svfFileFlag yes (comes back as no)") + noWriter,
+        std::string("cable.svfFile \"f\" (comes back as \"\")") + noWriter,
+        std::string("cable.url \"u\" (comes back as \"\")") + noWriter}},
+  };
+  for (const auto &row : rows) {
+    std::string expected =
+        std::string("zeldebug: error: ") + row.processor +
+        ": nothing is saved, because it would not survive:\n";
+    for (const std::string &loss : row.losses)
+      expected += "  " + loss + "\n";
+    expected += "--force saves it all the same\n";
+    const Result run = set(row.processor, row.settings);
+    EXPECT_EQ(run.status, 1) << testing::PrintToString(row.settings);
+    EXPECT_EQ(run.out, "") << testing::PrintToString(row.settings);
+    EXPECT_EQ(run.err, expected);
+    EXPECT_TRUE(etc().empty()) << testing::PrintToString(row.settings);
+  }
+}
+
+TEST_F(SurvivalTest, SavesALossAllTheSameWithForce) {
+  const Result run = set("lumacore_0", {"--cpu-jtag", "--force"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.err,
+      "zeldebug: warning: lumacore_0: does not survive: cpuJtag 1: it is "
+      "written as '-configdevice jtagpin cpujtag', which no reader accepts\n"
+      "zeldebug: note: lumacore_0: saved in etc/kvo_lumacore_0.opt\n");
+  EXPECT_EQ(
+      saved("lumacore_0"),
+      "connect lc hdu -configdevice jtagpin cpujtag -debugdevice cpunr 1");
+}
+
+TEST_F(SurvivalTest, AnArmProcessorSurvivesWithItsDesign) {
+  EXPECT_EQ(set("a9_0", {"--debug-device", "1"}).status, 0);
+  EXPECT_EQ(saved("a9_0"), "connect ppc hw -debugdevice deviceNr 1 cpunr 1");
+}
+
+TEST_F(SurvivalTest, ALineIsNotLongerThanWhatIsReadOfIt) {
+  const std::string before = "connect lc hdu -cable type quorla_podusb port ";
+  const std::string behind = " frequency 6000000 -debugdevice cpunr 1";
+  const std::size_t most = 1023 - before.size() - behind.size();
+  const std::string longest(most, 'x');
+  EXPECT_EQ(
+      set("lumacore_0", {"--cable", "quorla_podusb", "--port", longest}).status,
+      0);
+  EXPECT_EQ(saved("lumacore_0").size(), 1023U);
+  const Result run = set("lumacore_0", {"--port", longest + "x"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(
+      run.err,
+      "zeldebug: error: lumacore_0: nothing is saved, because it would not "
+      "survive:\n  the command: it has 1024 characters, and only 1023 of a "
+      "line are read\n--force saves it all the same\n");
+  EXPECT_EQ(saved("lumacore_0").size(), 1023U);
+}
+
+TEST_F(SurvivalTest, WhatTheLineDisplacesIsNamedAndDropped) {
+  save("lumacore_0", "connect lc hdu -cable type quorla_podusb port USB22 "
+                     "frequency 3000000 -debugdevice deviceNr 1 cpunr 1");
+  Result run = set("lumacore_0", {"--esn", "7"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.err,
+      "zeldebug: note: lumacore_0: no longer saved: cable.frequency 3000000 "
+      "(comes back as 0): the serial number takes its place\n"
+      "zeldebug: note: lumacore_0: no longer saved: cable.port \"USB22\" "
+      "(comes back as \"USB21\"): the serial number takes its place\n"
+      "zeldebug: note: lumacore_0: saved in etc/kvo_lumacore_0.opt\n");
+  run = set("lumacore_0", {"--connection", "sim"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(saved("lumacore_0"), "connect lc sim");
+}
+
+TEST_F(SurvivalTest, WhatNothingDisplacesIsNotDropped) {
+  const std::string text = "connect lc hdu -sim -ipcport h:5";
+  save("lumacore_0", text);
+  EXPECT_EQ(set("lumacore_0", {"--debug-device", "1"}).status, 1);
+  EXPECT_EQ(saved("lumacore_0"), text);
+}
+
+TEST_F(SurvivalTest, TellsLossesInJson) {
+  const json document =
+      runJson({"set", board, "lumacore_0", "--cpu-jtag", "--force"});
+  EXPECT_EQ(
+      document["results"][0]["lost"],
+      json({{{"field", "cpuJtag"},
+             {"value", 1},
+             {"readBack", nullptr},
+             {"reason", "it is written as '-configdevice jtagpin cpujtag', "
+                        "which no reader accepts"}}}));
+  EXPECT_EQ(document["results"][0]["outcome"], "saved");
+}
+
+} // namespace
+} // namespace tool

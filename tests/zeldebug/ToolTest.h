@@ -1,0 +1,58 @@
+// Runs the real program, in a folder of its own for each test.
+//
+// Every JSON document that a run prints is kept; when the test program ends,
+// all of them are checked against the schemas, and damaged ones must be
+// rejected.
+#ifndef TESTS_ZELDEBUG_TOOLTEST_H
+#define TESTS_ZELDEBUG_TOOLTEST_H
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+
+#include "support/TemporaryDirectory.h"
+
+namespace tool {
+
+struct Result {
+  int status; ///< exit status; 128 + the number of a signal
+  std::string out;
+  std::string err;
+};
+
+/// What surrounds a run.
+struct Surroundings {
+  long fileSizeLimit = -1;       ///< in bytes; -1 for none
+  bool obeysPermissions = false; ///< also when the tests run as root
+  bool readerLeaves = false;     ///< nobody reads standard output
+  bool fullOutput = false;       ///< standard output is a full device
+  std::string input;             ///< on standard input
+};
+
+class ToolTest : public testing::Test {
+protected:
+  Result run(const std::vector<std::string> &arguments,
+             const Surroundings &surroundings = {});
+  /// Adds --json; the document must parse, and is kept for the schemas.
+  nlohmann::json runJson(std::vector<std::string> arguments, int status = 0);
+
+  /// An option file below the folder of the test.
+  void save(const std::string &processor, const std::string &text) {
+    folder.write("etc/kvo_" + processor + ".opt", text);
+  }
+  std::string saved(const std::string &processor) const {
+    return folder.read("etc/kvo_" + processor + ".opt");
+  }
+  /// Names of everything in etc/.
+  std::vector<std::string> etc() const;
+
+  support::TemporaryDirectory folder;
+  /// The example board.
+  const std::string board = ZELDEBUG_BOARD;
+};
+
+} // namespace tool
+
+#endif

@@ -1,0 +1,116 @@
+#!/usr/bin/env python3
+"""Checks zeldebug's JSON documents against the schemas.
+
+usage: validate_documents.py SCHEMA_FOLDER DOCUMENT_FOLDER
+
+Every document must pass the schema of its subcommand, and for each schema that
+was met five damaged copies of its fullest document must not.
+"""
+
+import copy
+import json
+import pathlib
+import sys
+
+import jsonschema
+
+
+def load_schemas(folder):
+    return {
+        path.name: json.loads(path.read_text())
+        for path in sorted(pathlib.Path(folder).glob("*.schema.json"))
+    }
+
+
+def validator_of(schemas, name):
+    schema = schemas[name]
+    resolver = jsonschema.RefResolver(base_uri=name, referrer=schema, store=schemas)
+    return jsonschema.Draft202012Validator(schema, resolver=resolver)
+
+
+def schema_of(document):
+    return "failure" if "failure" in document else document["command"]
+
+
+def objects_in(value):
+    """Every object below a value, the value itself not counted."""
+    children = value.values() if isinstance(value, dict) else value
+    for child in children:
+        if isinstance(child, dict):
+            yield child
+        if isinstance(child, (dict, list)):
+            yield from objects_in(child)
+
+
+def own_members(document):
+    return [name for name in document if name not in ("version", "command")]
+
+
+def without_version(document):
+    del document["version"]
+
+
+def of_another_version(document):
+    document["version"] = 2
+
+
+def of_another_command(document):
+    document["command"] = 7
+
+
+def with_something_more(document):
+    document["surplus"] = True
+
+
+def with_another_type(document):
+    document[own_members(document)[0]] = 3.5
+
+
+def with_something_more_inside(document):
+    next(objects_in(document))["surplus"] = 3.5
+
+
+def with_something_less_inside(document):
+    inner = next(objects_in(document))
+    del inner[next(iter(inner))]
+
+
+DAMAGES = [
+    without_version,
+    of_another_version,
+    of_another_command,
+    with_something_more,
+    with_another_type,
+]
+INNER_DAMAGES = [with_something_more_inside, with_something_less_inside]
+
+
+def main(schema_folder, document_folder):
+    schemas = load_schemas(schema_folder)
+    faults = []
+    fullest = {}
+    for path in sorted(pathlib.Path(document_folder).glob("*.json")):
+        text = path.read_text()
+        document = json.loads(text)
+        name = schema_of(document)
+        for error in validator_of(schemas, name + ".schema.json").iter_errors(document):
+            where = "/".join(str(step) for step in error.path)
+            faults.append(f"{name}: {where}: {error.message}\n{text}")
+        if len(text) > len(fullest.get(name, "")):
+            fullest[name] = text
+    for name, text in fullest.items():
+        damages = list(DAMAGES)
+        if list(objects_in(json.loads(text))):
+            damages += INNER_DAMAGES
+        for damage in damages:
+            damaged = copy.deepcopy(json.loads(text))
+            damage(damaged)
+            if validator_of(schemas, name + ".schema.json").is_valid(damaged):
+                faults.append(f"{name}: a document {damage.__name__} passes")
+    for fault in faults:
+        print(fault, file=sys.stderr)
+    return 1 if faults or not fullest else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
