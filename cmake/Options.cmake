@@ -1,0 +1,35 @@
+# Every switch of the build. A project that takes this one in as a folder gets
+# the libraries alone: no tool, no tests, no install rules, no strict warnings.
+include(CMakeDependentOption)
+
+set(ZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR "" CACHE PATH
+    "Folder of a vendor's HHSMHwManager.h and ComMsgMgr.h; empty: those of this project")
+set(ZELDEBUGDIALOG_PLATFORM_LIBRARIES "" CACHE STRING
+    "A vendor's libraries that answer the design queries and define message output; empty: the message output of this project")
+
+# Asked for by name, or by a BUILD_SHARED_LIBS that says so; shared otherwise.
+set(static_default OFF)
+if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
+    set(static_default ON)
+endif()
+option(ZELDEBUGDIALOG_STATIC "Static libraries in place of shared ones" ${static_default})
+if(ZELDEBUGDIALOG_STATIC)
+    set(ZELDEBUGDIALOG_LIBRARY_TYPE STATIC)
+else()
+    set(ZELDEBUGDIALOG_LIBRARY_TYPE SHARED)
+endif()
+
+# The design model derives from our HHSMHwManager; a vendor's need not be an
+# abstract class.
+cmake_dependent_option(ZELDEBUGDIALOG_DESIGN_MODEL "The design model"
+    ON "NOT ZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR" OFF)
+cmake_dependent_option(ZELDEBUGDIALOG_TOOL "The command line tool"
+    ${PROJECT_IS_TOP_LEVEL} "ZELDEBUGDIALOG_DESIGN_MODEL" OFF)
+option(ZELDEBUGDIALOG_INSTALL "Install rules" ${PROJECT_IS_TOP_LEVEL})
+
+option(ZELDEBUGDIALOG_DEVELOPER "Strict warnings, as errors" OFF)
+option(ZELDEBUGDIALOG_BENCH "Build the benchmarks" OFF)
+option(ZELDEBUGDIALOG_COVERAGE "Instrument for line and branch coverage" OFF)
+set(ZELDEBUGDIALOG_SANITIZERS "" CACHE STRING "Sanitizers to build with, comma-separated")
+set(ZELDEBUGDIALOG_IPXACT_LIBRARIES "" CACHE PATH
+    "Folder of IP-XACT libraries by others that the tests read; empty: none")
