@@ -1,0 +1,105 @@
+# Programs outside the tree that use the project, each built and run in a folder
+# of its own below `scratch`. Sourced, not run. CXX and CXX_STANDARD choose the
+# compiler and the language.
+# shellcheck shell=bash
+
+project=$PWD
+consumers=$project/tests/packaging/consumers
+vendor=$project/tests/packaging/vendor
+: "${CXX:=c++}" "${CXX_STANDARD:=17}"
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+
+# quietly COMMAND...: shows what the command says only if it fails.
+quietly() {
+  if ! "$@" >"$scratch/log" 2>&1; then
+    cat "$scratch/log"
+    return 1
+  fi
+}
+
+# build NAME SOURCE [OPTION...]: configures and builds in $scratch/NAME.
+build() {
+  local name=$1 source=$2
+  shift 2
+  quietly cmake -S "$source" -B "$scratch/$name" -G Ninja \
+    -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_COMPILER="$CXX" \
+    -DCMAKE_CXX_STANDARD="$CXX_STANDARD" "$@"
+  quietly cmake --build "$scratch/$name"
+}
+
+# install_project [OPTION...]: a release build in `prefix`, which is not where
+# it was installed to.
+install_project() {
+  rm -rf "$scratch/first" "$scratch/moved"
+  build project "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER=ON "$@"
+  quietly cmake --install "$scratch/project" --prefix "$scratch/first"
+  prefix=$scratch/moved
+  mv "$scratch/first" "$prefix"
+}
+
+find_package_consumer() {
+  say "-- find_package: $CXX, C++$CXX_STANDARD"
+  build find_package "$consumers/find_package" -DCMAKE_PREFIX_PATH="$prefix"
+  "$scratch/find_package/dialog"
+  "$scratch/find_package/model_dialog"
+}
+
+pkg_config_consumer() {
+  local flags=() libraries
+  say "-- pkg-config: $CXX, C++$CXX_STANDARD"
+  libraries=$(dirname "$(find "$prefix" -name pkgconfig -type d)")
+  export PKG_CONFIG_PATH="$libraries/pkgconfig"
+  read -ra flags <<<"$(pkg-config --cflags --libs zeldebugdialog zeldebugdialog-design-model)"
+  flags+=("-std=c++$CXX_STANDARD" -Wall -Wextra -Wpedantic -Werror "-Wl,-rpath,$libraries")
+  mkdir -p "$scratch/pkg_config"
+  "$CXX" "$consumers/dialog.cpp" "$consumers/ModelDesign.cpp" "${flags[@]}" \
+    -o "$scratch/pkg_config/dialog"
+  "$scratch/pkg_config/dialog"
+
+  say "-- README's example"
+  fenced_block '```cpp' README.md >"$scratch/pkg_config/readme.cpp"
+  "$CXX" "$scratch/pkg_config/readme.cpp" "${flags[@]}" -o "$scratch/pkg_config/readme"
+  "$scratch/pkg_config/readme"
+}
+
+add_subdirectory_consumer() {
+  say "-- add_subdirectory: $CXX, C++$CXX_STANDARD"
+  build add_subdirectory "$consumers/add_subdirectory" -DZELDEBUGDIALOG_SOURCE_DIR="$project"
+  "$scratch/add_subdirectory/dialog"
+  nothing_installed add_subdirectory
+}
+
+fetch_content_consumer() {
+  say "-- FetchContent: $CXX, C++$CXX_STANDARD"
+  build fetch_content "$consumers/fetch_content" -DZELDEBUGDIALOG_REPOSITORY="$project"
+  "$scratch/fetch_content/dialog"
+  nothing_installed fetch_content
+}
+
+# nothing_installed NAME: a consumer without install rules installs nothing.
+nothing_installed() {
+  quietly cmake --install "$scratch/$1" --prefix "$scratch/$1-prefix"
+  if [ -e "$scratch/$1-prefix" ]; then
+    say "install rules came in:"
+    find "$scratch/$1-prefix"
+    return 1
+  fi
+}
+
+# The engine against a vendor's headers and library in place of our own.
+vendor_consumer() {
+  local library=$scratch/vendor/libVendorPlatform.so
+  say "-- a vendor's platform: $CXX, C++$CXX_STANDARD"
+  build vendor "$vendor"
+  build vendor-engine "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER=ON \
+    -DCMAKE_INSTALL_PREFIX="$scratch/vendor-prefix" \
+    -DZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR="$vendor/include" \
+    -DZELDEBUGDIALOG_PLATFORM_LIBRARIES="$library"
+  quietly cmake --install "$scratch/vendor-engine"
+  build vendor-consumer "$consumers/find_package" -DCMAKE_PREFIX_PATH="$scratch/vendor-prefix" \
+    -DCOMPONENTS=Engine -DDESIGN_SOURCE= -DCMAKE_CXX_FLAGS="-I$vendor/include"
+  "$scratch/vendor-consumer/dialog" 2>"$scratch/vendor-messages"
+  cat "$scratch/vendor-messages"
+  grep -q "^vendor's log: UNKNOWN Parameter" "$scratch/vendor-messages"
+}
