@@ -1,6 +1,7 @@
 #include "language/Bench.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cstdio>
 #include <sstream>
@@ -21,30 +22,32 @@ using ZelDebugDialog::KvoOption_Parser;
 using ZelDebugDialog::ProcessorInfoImp;
 
 class SilentDesign : public HHSMHwManager {
-  void getProcessorInstances(std::vector<std::string> &, bool) override {
+  void getProcessorInstances(std::vector<std::string> & /*names*/,
+                             bool /*flag*/) override {
     ADD_FAILURE() << "asked for the processors";
   }
-  void getIpInstances(std::vector<std::string> &, HwIpType) override {
+  void getIpInstances(std::vector<std::string> & /*names*/,
+                      HwIpType /*kind*/) override {
     ADD_FAILURE() << "asked for the instances of a kind";
   }
-  void getIpInstances(std::vector<std::string> &,
-                      const std::string &) override {
+  void getIpInstances(std::vector<std::string> & /*names*/,
+                      const std::string & /*typeName*/) override {
     ADD_FAILURE() << "asked for the instances of a type";
   }
-  std::string getIpName(const std::string &) override {
+  std::string getIpName(const std::string & /*instance*/) override {
     ADD_FAILURE() << "asked for a type name";
     return "";
   }
-  void getHduConnectedProcessorList(std::vector<std::string> &,
-                                    const std::string &) override {
+  void getHduConnectedProcessorList(std::vector<std::string> & /*names*/,
+                                    const std::string & /*instance*/) override {
     ADD_FAILURE() << "asked for the processors of a debug module";
   }
-  void getPeripherals(std::vector<std::string> &,
-                      const std::string &) override {
+  void getPeripherals(std::vector<std::string> & /*names*/,
+                      const std::string & /*processor*/) override {
     ADD_FAILURE() << "asked for the peripherals";
   }
-  std::string getParameterValue(const std::string &,
-                                const std::string &) override {
+  std::string getParameterValue(const std::string & /*instance*/,
+                                const std::string & /*parameter*/) override {
     ADD_FAILURE() << "asked for a parameter";
     return "";
   }
@@ -210,10 +213,10 @@ std::string printable(const std::string &text) {
       out += character;
       continue;
     }
-    char code[5];
-    std::snprintf(code, sizeof code, "\\x%02x",
+    std::array<char, 5> code{};
+    std::snprintf(code.data(), code.size(), "\\x%02x",
                   static_cast<unsigned char>(character));
-    out += code;
+    out += code.data();
   }
   return out;
 }

@@ -60,8 +60,8 @@ struct Row {
   std::string text;
   int code = 0;
   std::string message = kQuiet;
-  std::string changes = ""; ///< As `changesBetween`, in any order.
-  std::string rest = "";    ///< What the call leaves of `text`.
+  std::string changes{}; ///< As `changesBetween`, in any order.
+  std::string rest{};    ///< What the call leaves of `text`.
   std::string option = kUntouched;
 };
 

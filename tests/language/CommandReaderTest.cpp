@@ -32,7 +32,7 @@ struct Command {
   std::string text;
   int code = 0;
   std::string message = kQuiet;
-  std::string changes = "";
+  std::string changes{};
   std::string option = kUntouched;
 };
 

@@ -38,7 +38,7 @@ struct FileRow {
   std::string content;
   int code;
   std::string line; ///< What `connectCommand` holds afterwards.
-  std::string changes = "";
+  std::string changes{};
   std::string message = kQuiet;
   std::string option = kUntouched;
 };

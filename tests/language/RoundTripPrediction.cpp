@@ -62,7 +62,7 @@ public:
       return stopped(Prediction::Kind::NoCommand, Loss::NoCommand);
     if (given.underDesign && (x.connectionMask & x.connectionType) == 0)
       return stopped(Prediction::Kind::Refused, Loss::ConnectionMask);
-    if (const std::optional<Prediction> early = stumble())
+    if (std::optional<Prediction> early = stumble())
       return *early;
     prediction.result = given.written;
     readIdentity();
@@ -187,7 +187,7 @@ private:
 
   std::optional<Prediction> stumbleOverWires() {
     if (isQuorla())
-      if (const auto early =
+      if (auto early =
               stumbleOver({cable.esn.empty() ? cable.port : cable.esn}))
         return early;
     if (isPlugin()) {
@@ -195,7 +195,7 @@ private:
       if (!cable.moduleArgs.empty())
         for (const std::string &piece : pieces(cable.moduleArgs))
           words.push_back(piece);
-      if (const auto early = stumbleOver(words))
+      if (auto early = stumbleOver(words))
         return early;
     }
     if (endsWithCable() && isQuorla() && cable.esn.empty() &&
@@ -204,7 +204,7 @@ private:
     if (given.written.cpuJtag == 1)
       return refused(Loss::CpuJtagMarker);
     for (const JtagOption &device : given.written.chain)
-      if (const auto early = stumbleOver({device.partname}))
+      if (auto early = stumbleOver({device.partname}))
         return early;
     if (isPpcHardware())
       for (const std::uint32_t region : regions())

@@ -1,5 +1,6 @@
 // Selecting a processor from a command or from its option file: what the
 // readers store and refuse, in the records of a design.
+#include <array>
 #include <cstdarg>
 #include <cstdio>
 #include <memory>
@@ -34,12 +35,13 @@ void ComMsgMgr::sendMsg::eval(int kind, const char *sourcePath, int line,
                               const char *format, ...) {
   std::va_list arguments;
   va_start(arguments, format);
-  char text[4096];
-  std::vsnprintf(text, sizeof text, format, arguments);
+  std::array<char, 4096> text{};
+  std::vsnprintf(text.data(), text.size(), format, arguments);
   va_end(arguments);
   sentMessages.push_back(std::to_string(kind) + "|" + sourcePath + "|" +
                          std::to_string(line) + "|" + tool + "|" +
-                         std::to_string(mask) + "|" + format + "|" + text);
+                         std::to_string(mask) + "|" + format + "|" +
+                         text.data());
 }
 
 namespace {

@@ -36,7 +36,7 @@ public:
     return instance(name, type);
   }
 
-  void getProcessorInstances(Names &names, bool) override {
+  void getProcessorInstances(Names &names, bool /*flag*/) override {
     append(names, processors);
   }
   void getIpInstances(Names &names, HwIpType kind) override {
@@ -61,8 +61,8 @@ public:
   void getPeripherals(Names &names, const std::string &processor) override {
     append(names, peripherals[processor]);
   }
-  std::string getParameterValue(const std::string &,
-                                const std::string &) override {
+  std::string getParameterValue(const std::string & /*instance*/,
+                                const std::string & /*parameter*/) override {
     return "";
   }
 
