@@ -247,12 +247,13 @@ TEST(Parameter, IsReportedTwice) {
   EXPECT_EQ(valueOf(reading, "Q"), "3");
   EXPECT_THAT(
       reading.diagnostics(),
-      ElementsAre("warning t.xml:7: a second parameter with the id 'id_P'; the "
-                  "first is meant",
-                  "warning t.xml:7: a second parameter 'P'; the first is "
-                  "answered",
-                  "warning t.xml:10: a second parameter with the id 'id_P'; the "
-                  "first is meant"));
+      ElementsAre(
+          "warning t.xml:7: a second parameter with the id 'id_P'; the "
+          "first is meant",
+          "warning t.xml:7: a second parameter 'P'; the first is "
+          "answered",
+          "warning t.xml:10: a second parameter with the id 'id_P'; the "
+          "first is meant"));
 }
 
 TEST(Parameter, Of2009IsNoExpression) {
