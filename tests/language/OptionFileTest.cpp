@@ -1,11 +1,13 @@
 // Option files: where they lie, what is written, and what is read back.
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -384,6 +386,46 @@ TEST_F(OptionFile, IsWrittenWhole) {
   EXPECT_EQ(WorkingFolder::contentOf(folder.optionFile("cpu0")),
             "connect lc stub -comm serial -port " +
                 bench.record.stubSerialPort + "  -baud  0 -timeout 20000");
+}
+
+TEST_F(OptionFile, HasNoNameWithANullByte) {
+  WorkingFolder::fill(folder.optionFile("cpu0"), "connect lc hdu");
+  WriteBench bench("cpu0.opt\0"s);
+  EXPECT_EQ(bench.engine.Generate(), 4);
+  EXPECT_EQ(bench.error(), "Error Opening File");
+  EXPECT_EQ(KvoOption_Parser::ReadKvoOptFile("cpu0.opt\0"s, bench.imp), 4);
+  EXPECT_EQ(WorkingFolder::contentOf(folder.optionFile("cpu0")),
+            "connect lc hdu");
+}
+
+TEST_F(OptionFile, StopsWhereTheSystemWritesNoMore) {
+  // A limit on the size of files stands in for a full disk.
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limit = {};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+  const rlimit before = limit;
+  limit.rlim_cur = 7;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+  WriteBench bench("cpu0");
+  bench.record.connectionType = 1;
+  const int result = bench.engine.Generate();
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+  EXPECT_EQ(result, 0); // only a file that can't be opened is reported
+  EXPECT_EQ(bench.error(), kQuiet);
+  EXPECT_EQ(bench.record.connectCommand, "connect lc sim");
+  EXPECT_EQ(WorkingFolder::contentOf(folder.optionFile("cpu0")), "connect");
+}
+
+TEST_F(OptionFile, IsNotWrittenWithoutAWorkingDirectory) {
+  const fs::path gone = folder.folder / "gone";
+  fs::create_directory(gone);
+  fs::current_path(gone);
+  fs::remove(gone);
+  WriteBench bench("cpu0");
+  EXPECT_EQ(bench.engine.Generate(), 4);
+  EXPECT_EQ(bench.error(), "Error Opening File");
+  EXPECT_EQ(KvoOption_Parser::ReadKvoOptFile("cpu0", bench.imp), 4);
+  fs::current_path(folder.folder);
 }
 
 TEST_F(OptionFile, IsNotTouchedWithoutACommand) {
