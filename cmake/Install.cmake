@@ -70,31 +70,25 @@ function(zeldebugdialog_install_design_model)
         "IP-XACT designs for ZelDebugDialog" -lZelDebugDialogDesignModel pugixml -lstdc++)
 endfunction()
 
-# The file `destination`: what the tool prints when it is called with the
-# arguments behind.
-function(zeldebugdialog_install_tool_text destination)
-    string(MAKE_C_IDENTIFIER "zeldebug ${ARGN}" target)
-    cmake_path(GET destination FILENAME name)
-    cmake_path(GET destination PARENT_PATH folder)
-    set(output ${PROJECT_BINARY_DIR}/${target}/${name})
-    add_custom_command(OUTPUT ${output}
-        COMMAND ${CMAKE_COMMAND} -E make_directory ${PROJECT_BINARY_DIR}/${target}
-        COMMAND zeldebug ${ARGN} > ${output})
-    add_custom_target(${target} ALL DEPENDS ${output})
-    install(FILES ${output} DESTINATION ${folder} COMPONENT ZelDebugDialog_Tool)
-endfunction()
-
 function(zeldebugdialog_install_tool)
     file(RELATIVE_PATH libraries_from_here
         ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
     set_target_properties(zeldebug PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_here}")
     install(TARGETS zeldebug RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
         COMPONENT ZelDebugDialog_Tool)
-    zeldebugdialog_install_tool_text(${CMAKE_INSTALL_MANDIR}/man1/zeldebug.1 manual)
-    set(share ${CMAKE_INSTALL_DATADIR})
-    zeldebugdialog_install_tool_text(${share}/bash-completion/completions/zeldebug completion bash)
-    zeldebugdialog_install_tool_text(${share}/zsh/site-functions/_zeldebug completion zsh)
-    zeldebugdialog_install_tool_text(${share}/fish/vendor_completions.d/zeldebug.fish completion fish)
+    get_target_property(tool_folder zeldebug BINARY_DIR)
+    foreach(row
+            "zeldebug.1 ${CMAKE_INSTALL_MANDIR}/man1 zeldebug.1"
+            "completion.bash ${CMAKE_INSTALL_DATADIR}/bash-completion/completions zeldebug"
+            "completion.zsh ${CMAKE_INSTALL_DATADIR}/zsh/site-functions _zeldebug"
+            "completion.fish ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d zeldebug.fish")
+        separate_arguments(row)
+        list(GET row 0 document)
+        list(GET row 1 folder)
+        list(GET row 2 name)
+        install(FILES ${tool_folder}/generated/${document} DESTINATION ${folder} RENAME ${name}
+            COMPONENT ZelDebugDialog_Tool)
+    endforeach()
 endfunction()
 
 function(zeldebugdialog_install_package)
