@@ -1,6 +1,9 @@
 # One test program: its sources, linked with the engine's objects (so that it
 # sees what the library hides) and what LIBRARIES names. Where valgrind is there
-# and nothing else watches the memory, a second test runs the program under it.
+# and nothing else watches the memory, a second test runs the program under it;
+# not for one that STARTS_PROGRAMS, where it would watch the wrong one.
+#
+#   zeldebugdialog_test(name [STARTS_PROGRAMS] SOURCES ... LIBRARIES ...)
 find_program(ZELDEBUGDIALOG_VALGRIND valgrind)
 
 # Who makes the precompiled header that all test programs use.
@@ -10,7 +13,7 @@ target_link_libraries(TestHeaders PRIVATE GTest::gmock)
 target_precompile_headers(TestHeaders PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
 
 function(zeldebugdialog_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 TEST "" "" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 TEST "STARTS_PROGRAMS" "" "SOURCES;LIBRARIES")
     add_executable(${name} ${TEST_SOURCES})
     zeldebugdialog_build_options(${name})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
@@ -18,7 +21,8 @@ function(zeldebugdialog_test name)
     target_precompile_headers(${name} REUSE_FROM TestHeaders)
     add_test(NAME ${name} COMMAND ${name})
 
-    if(ZELDEBUGDIALOG_VALGRIND AND NOT ZELDEBUGDIALOG_SANITIZERS AND NOT ZELDEBUGDIALOG_COVERAGE)
+    if(ZELDEBUGDIALOG_VALGRIND AND NOT TEST_STARTS_PROGRAMS
+       AND NOT ZELDEBUGDIALOG_SANITIZERS AND NOT ZELDEBUGDIALOG_COVERAGE)
         add_test(NAME memory.${name}
             COMMAND ${ZELDEBUGDIALOG_VALGRIND} --quiet --error-exitcode=99
                 --leak-check=full --errors-for-leak-kinds=all
