@@ -35,11 +35,14 @@ PINNED = "glibc.cpu.hwcaps=" + ",".join("-" + name for name in NOT_USED)
 CHOSEN_ROUTINE = re.compile(
     r"\b__(?:mem|str|wcs|wmem)\w+?_(?:avx|evex|ssse3|sse4|\w*erms)\w*")
 
-# Reading grows with the text and with nothing else.
+# Reading ten times the devices takes at most ten times the instructions.
 LONGER = (20, 200)
 LONGER_FACTOR = 10
+# What may be added to each unit of work that grows from one size to the other:
+# to a byte of text, to a processor. The heap takes longer to find room among
+# more records.
 MUCH_LONGER = (200, 20000)
-MUCH_LONGER_FACTOR = 1.05
+GROWTH = {"read": 1.05, "write": 1.05, "discover": 1.10, "look-up": 1.05}
 
 
 class CannotCount(Exception):
@@ -91,15 +94,19 @@ def check(program, figures):
 def linear(program):
     few, many = (count(program, f"read {devices}") for devices in LONGER)
     print(f"read {LONGER[1]} devices: {many / few:.2f} times {LONGER[0]}, "
-          f"at most {LONGER_FACTOR}")
+          f"at most {LONGER_FACTOR}", flush=True)
     held = many <= LONGER_FACTOR * few
+    for work, limit in GROWTH.items():
+        few, many = (count(program, f"{work} {size}") / units(program, work, size)
+                     for size in MUCH_LONGER)
+        print(f"{work} {MUCH_LONGER[1]}, instructions a unit: {many / few:.3f} "
+              f"times those of {MUCH_LONGER[0]}, at most {limit}", flush=True)
+        held = held and many / few <= limit
+    return held
 
-    per_byte = [count(program, f"read {devices}") / text_size(program, devices)
-                for devices in MUCH_LONGER]
-    growth = per_byte[1] / per_byte[0]
-    print(f"instructions a byte at {MUCH_LONGER[1]} devices: {growth:.3f} times "
-          f"those at {MUCH_LONGER[0]}, at most {MUCH_LONGER_FACTOR}")
-    return held and growth <= MUCH_LONGER_FACTOR
+
+def units(program, work, size):
+    return text_size(program, size) if work in ("read", "write") else size
 
 
 def text_size(program, devices):
