@@ -14,6 +14,7 @@ TEST_P(LibraryAnswers, AreThoseOfTheText) {
 
 INSTANTIATE_TEST_SUITE_P(Designs, LibraryAnswers,
                          testing::Values("Didactic.1.1", "SysCtrl_SS.1.0",
+                                         "SysCtrl_SS.1.1", "cpu_example",
                                          "cpu_example.setup"));
 
 } // namespace
