@@ -1,0 +1,118 @@
+// Documents in the file system, and what else stands there.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <sys/stat.h>
+
+#include "DocumentSource.h"
+#include "Reading.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::IsEmpty;
+
+/// A folder of its own, gone afterwards.
+class FileSystem : public testing::Test {
+protected:
+  FileSystem() {
+    std::string pattern =
+        (fs::temp_directory_path() / "design-XXXXXX").string();
+    if (mkdtemp(pattern.data()) != nullptr)
+      folder = pattern;
+  }
+  ~FileSystem() override { fs::remove_all(folder); }
+  FileSystem(const FileSystem &) = delete;
+  FileSystem &operator=(const FileSystem &) = delete;
+
+  std::string write(const std::string &name, const std::string &text) {
+    const fs::path path = folder / name;
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << text;
+    return path.string();
+  }
+
+  bool read(const std::string &file, const Names &places = {}) {
+    DesignSources sources;
+    sources.designFile = file;
+    sources.libraryFolders = places;
+    reading.isRead = ReadDesign(sources, reading.model);
+    return reading.isRead;
+  }
+
+  fs::path folder;
+  Reading reading;
+};
+
+const std::string top = design("d", instance("u", "t"));
+
+TEST_F(FileSystem, IsSearchedBelowTheDesign) {
+  write("a/b/T.XML", component("t", ""));
+  write("a/t.xml.bak", component("t", ""));
+  write("a/xml", component("t", ""));
+  EXPECT_TRUE(read(write("top.xml", top)));
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST_F(FileSystem, MayHoldThingsThatAreNoFiles) {
+  write("t.xml", component("t", ""));
+  const std::string file = write("top.xml", top);
+  fs::create_directory(folder / "folder.xml");
+  fs::create_symlink("nowhere", folder / "lost.xml");
+  fs::create_directory_symlink(folder, folder / "round");
+  ASSERT_EQ(mkfifo((folder / "fifo.xml").c_str(), 0600), 0);
+  EXPECT_TRUE(read(file));
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST_F(FileSystem, HoldsDesignsInRegularFilesOnly) {
+  ASSERT_EQ(mkfifo((folder / "fifo.xml").c_str(), 0600), 0);
+  EXPECT_FALSE(read((folder / "fifo.xml").string()));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(EndsWith("/fifo.xml:0: it is no regular file")));
+  EXPECT_FALSE(read(folder.string()));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(EndsWith(":0: it is no regular file")));
+  EXPECT_FALSE(read((folder / "none.xml").string()));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(EndsWith("/none.xml:0: there is no such file")));
+  EXPECT_FALSE(read(write("empty.xml", "")));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(EndsWith("/empty.xml:1: it is not XML: No document "
+                                   "element found")));
+}
+
+TEST_F(FileSystem, HoldsFilesOfABoundedSize) {
+  const std::string file = write("large.xml", "");
+  fs::resize_file(file, (std::uintmax_t{1} << 30) + 1);
+  EXPECT_FALSE(read(file));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(EndsWith(":0: it is larger than 1024 MiB")));
+}
+
+TEST_F(FileSystem, KnowsAFileByTwoNames) {
+  write("t.xml", component("t", ""));
+  fs::create_symlink("t.xml", folder / "u.xml");
+  EXPECT_TRUE(read(write("top.xml", top),
+                   {folder.string(), (folder / "." / "").string()}));
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+TEST(Paths, AreSeenFromAFolder) {
+  EXPECT_EQ(folderOf("a/b.xml"), "a");
+  EXPECT_EQ(folderOf("b.xml"), ".");
+  EXPECT_EQ(folderOf("/b.xml"), "/");
+  EXPECT_EQ(resolvePath("a/b", "../c.xml"), "a/c.xml");
+  EXPECT_EQ(resolvePath("a", "/c.xml"), "/c.xml");
+  EXPECT_EQ(resolvePath(".", "c.xml"), "c.xml");
+}
+
+} // namespace
+} // namespace ZelDebugDialog
