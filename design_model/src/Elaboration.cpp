@@ -22,9 +22,6 @@ constexpr std::size_t portBytes = 32;
 constexpr std::size_t parameterBytes = 120;
 constexpr std::size_t endBytes = 80;
 
-/// An instance that was refused.
-constexpr DesignModel::InstanceId none = DesignModel::top - 1;
-
 } // namespace
 
 void Elaboration::elaborate(const DesignRecord &design) {
@@ -57,17 +54,17 @@ bool Elaboration::elaborate(const ComponentRecord &component) {
 
 void Elaboration::elaborate(const Level &level) {
   open.push_back(&level.design);
-  std::vector<DesignModel::InstanceId> ids(level.design.instances.size(), none);
-  for (std::size_t index = 0; index < ids.size() && !isFull; ++index)
-    ids[index] = addInstance(level, level.design.instances[index]);
+  std::vector<Placed> placed(level.design.instances.size());
+  for (std::size_t index = 0; index < placed.size() && !isFull; ++index)
+    placed[index] = addInstance(level, level.design.instances[index]);
   for (const ConnectionRecord &connection : level.design.connections)
-    addConnection(level, connection, ids);
+    addConnection(level, connection, placed);
   checkSelections(level);
   open.pop_back();
 }
 
-DesignModel::InstanceId
-Elaboration::addInstance(const Level &level, const InstanceRecord &instance) {
+Elaboration::Placed Elaboration::addInstance(const Level &level,
+                                             const InstanceRecord &instance) {
   const DesignOrigin origin{level.design.file, instance.line};
   const ReferenceRecord &reference = instance.component;
   const Component &component = componentOf(reference.identity);
@@ -76,22 +73,20 @@ Elaboration::addInstance(const Level &level, const InstanceRecord &instance) {
   if (level.instance != DesignModel::top)
     bytes += 2 * model.Instances()[level.instance].name.size();
   if (!spend(bytes, origin))
-    return none;
+    return {};
   if (component.record == nullptr)
     report(Severity::error, origin.file, reference.line,
            "instance " + quote(instance.name) + ": component " +
                quote(toText(reference.identity)) + " is not found");
   const auto id =
       model.AddInstance(instance.name, component.id, level.instance, origin);
-  if (!id)
-    return none;
-  if (component.record == nullptr)
-    return *id;
+  if (!id || component.record == nullptr)
+    return {};
   ParameterScope scope(component.record->parameters, model);
   scope.override(reference, origin.file, level.scope);
   addParameters(*component.record, scope, *id, origin);
   enter(level, instance, component, *id, scope);
-  return *id;
+  return {*id, true};
 }
 
 void Elaboration::addParameters(const ComponentRecord &record,
@@ -146,18 +141,21 @@ bool Elaboration::canEnter(const Level &level, const InstanceRecord &instance,
   return false;
 }
 
-void Elaboration::addConnection(
-    const Level &level, const ConnectionRecord &connection,
-    const std::vector<DesignModel::InstanceId> &ids) {
+/// An end at an instance that was refused, or that has no component, has been
+/// reported.
+void Elaboration::addConnection(const Level &level,
+                                const ConnectionRecord &connection,
+                                const std::vector<Placed> &placed) {
   const DesignOrigin origin{level.design.file, connection.line};
   if (!spend(connection.ends.size() * endBytes, origin))
     return;
   DesignConnection joined{{}, connection.name, origin};
-  for (const EndRecord &end : connection.ends)
-    if (end.isOwn ? hasInterface(level, connection, end)
-                  : isThere(level.design, end, ids))
-      joined.ends.push_back({end.isOwn ? level.instance : ids[end.instance],
-                             end.interface, end.line});
+  for (const EndRecord &end : connection.ends) {
+    if (!end.isOwn && placed[end.instance].hasInterfaces)
+      joined.ends.push_back({placed[end.instance].id, end.interface, end.line});
+    if (end.isOwn && hasInterface(level, connection, end))
+      joined.ends.push_back({level.instance, end.interface, end.line});
+  }
   model.Connect(joined, level.instance);
 }
 
@@ -179,14 +177,6 @@ bool Elaboration::hasInterface(const Level &level,
              quote(toText(level.component->identity)) + " has no interface " +
              quote(end.interface));
   return false;
-}
-
-/// What was refused, or has no component, has been reported.
-bool Elaboration::isThere(const DesignRecord &design, const EndRecord &end,
-                          const std::vector<DesignModel::InstanceId> &ids) {
-  const InstanceRecord &instance = design.instances[end.instance];
-  return ids[end.instance] != none &&
-         componentOf(instance.component.identity).record != nullptr;
 }
 
 /// A configuration may select views for instances that are not there.

@@ -51,9 +51,14 @@ private:
     ParameterScope &scope;
   };
 
+  /// An instance that was added.
+  struct Placed {
+    DesignModel::InstanceId id = 0;
+    bool hasInterfaces = false; ///< It was, and its component is known.
+  };
+
   void elaborate(const Level &level);
-  DesignModel::InstanceId addInstance(const Level &level,
-                                      const InstanceRecord &instance);
+  Placed addInstance(const Level &level, const InstanceRecord &instance);
   void addParameters(const ComponentRecord &record, ParameterScope &scope,
                      DesignModel::InstanceId instance,
                      const DesignOrigin &origin);
@@ -63,11 +68,9 @@ private:
   bool canEnter(const Level &level, const InstanceRecord &instance,
                 const DesignRecord &inner);
   void addConnection(const Level &level, const ConnectionRecord &connection,
-                     const std::vector<DesignModel::InstanceId> &ids);
+                     const std::vector<Placed> &placed);
   bool hasInterface(const Level &level, const ConnectionRecord &connection,
                     const EndRecord &end);
-  bool isThere(const DesignRecord &design, const EndRecord &end,
-               const std::vector<DesignModel::InstanceId> &ids);
   void checkSelections(const Level &level);
   const Component &componentOf(const Identity &identity);
   bool spend(std::size_t bytes, const DesignOrigin &origin);
