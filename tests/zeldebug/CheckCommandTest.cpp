@@ -185,7 +185,7 @@ TEST_F(CheckCommandTest, DrawsEachKindOfFault) {
   for (const auto &row : rows) {
     const Result run = this->run({"check", row.command});
     EXPECT_EQ(run.status, row.status) << row.command;
-    EXPECT_EQ(run.out, row.picture + "1 commands checked, " +
+    EXPECT_EQ(run.out, row.picture + "1 command checked, " +
                            (row.status == 0 ? "0" : "1") + " refused\n");
   }
 }

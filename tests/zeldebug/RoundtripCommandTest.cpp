@@ -43,7 +43,7 @@ TEST_F(RoundtripCommandTest, SucceedsWhenAllAreTheSame) {
   const Result run = this->run({"roundtrip"}, surroundings);
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.out, std::string("same     ") + same +
-                         "\n1 commands: 1 same, 0 changed, 0 refused\n");
+                         "\n1 command: 1 same, 0 changed, 0 refused\n");
   EXPECT_EQ(this->run({"roundtrip", "-"}, surroundings).status, 0);
 }
 

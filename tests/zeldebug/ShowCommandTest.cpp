@@ -133,7 +133,7 @@ TEST_F(ShowCommandTest, TellsWhereValuesComeFrom) {
   EXPECT_EQ(origin["record"]["cpuNr"], "design");
   EXPECT_EQ(origin["record"]["connectionMask"], "design");
   EXPECT_EQ(origin["record"]["connectionType"], "file:13");
-  EXPECT_EQ(origin["record"]["debugDevice"], "file:67");
+  EXPECT_EQ(origin["record"]["debugDevice"], "file:64");
   // The design overrules the command.
   EXPECT_EQ(origin["record"]["fpuType"], "design");
   EXPECT_EQ(document["record"]["fpuType"], 1);
@@ -153,7 +153,7 @@ TEST_F(ShowCommandTest, TellsTheOriginOfAFilesValues) {
   const json origin =
       runJson({"show", "--file", "any.txt", "--origin"})["origin"];
   EXPECT_EQ(origin["cable"]["port"], "file:47");
-  EXPECT_EQ(origin["chain"][0]["partname"], "file:104");
+  EXPECT_EQ(origin["chain"][0]["partname"], "file:105");
   EXPECT_EQ(origin["chain"][0]["idcode"], "default");
   const Result run = this->run({"show", "--file", "any.txt", "--origin"});
   EXPECT_THAT(run.out,

@@ -15,17 +15,25 @@ import sys
 import jsonschema
 
 
-def load_schemas(folder):
-    return {
-        path.name: json.loads(path.read_text())
+SHARED = "common"
+
+
+def local(schema):
+    """The schema with references to the shared one as if to itself."""
+    text = json.dumps(schema).replace(f"{SHARED}.schema.json#/", "#/")
+    return json.loads(text)
+
+
+def load_validators(folder):
+    schemas = {
+        path.name.removesuffix(".schema.json"): local(json.loads(path.read_text()))
         for path in sorted(pathlib.Path(folder).glob("*.schema.json"))
     }
-
-
-def validator_of(schemas, name):
-    schema = schemas[name]
-    resolver = jsonschema.RefResolver(base_uri=name, referrer=schema, store=schemas)
-    return jsonschema.Draft202012Validator(schema, resolver=resolver)
+    definitions = schemas[SHARED]["$defs"]
+    return {
+        name: jsonschema.Draft202012Validator({**schema, "$defs": definitions})
+        for name, schema in schemas.items()
+    }
 
 
 def schema_of(document):
@@ -86,14 +94,14 @@ INNER_DAMAGES = [with_something_more_inside, with_something_less_inside]
 
 
 def main(schema_folder, document_folder):
-    schemas = load_schemas(schema_folder)
+    validators = load_validators(schema_folder)
     faults = []
     fullest = {}
     for path in sorted(pathlib.Path(document_folder).glob("*.json")):
         text = path.read_text()
         document = json.loads(text)
         name = schema_of(document)
-        for error in validator_of(schemas, name + ".schema.json").iter_errors(document):
+        for error in validators[name].iter_errors(document):
             where = "/".join(str(step) for step in error.path)
             faults.append(f"{name}: {where}: {error.message}\n{text}")
         if len(text) > len(fullest.get(name, "")):
@@ -105,7 +113,7 @@ def main(schema_folder, document_folder):
         for damage in damages:
             damaged = copy.deepcopy(json.loads(text))
             damage(damaged)
-            if validator_of(schemas, name + ".schema.json").is_valid(damaged):
+            if validators[name].is_valid(damaged):
                 faults.append(f"{name}: a document {damage.__name__} passes")
     for fault in faults:
         print(fault, file=sys.stderr)

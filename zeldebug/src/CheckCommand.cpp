@@ -104,8 +104,8 @@ ExitStatus run(const CheckOptions &options, Output &output) {
   if (output.json())
     output.document({{"commands", list}});
   else
-    output.printLine(
-        fmt::format("{} commands checked, {} refused", lines.size(), faulty));
+    output.printLine(fmt::format("{} checked, {} refused",
+                                 counted(lines.size(), "command"), faulty));
   return faulty == 0 ? ExitStatus::done : ExitStatus::refused;
 }
 

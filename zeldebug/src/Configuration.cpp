@@ -75,6 +75,7 @@ Configuration defaultsBeside(const Configuration &configuration) {
   defaults.record = configuration.record;
   defaults.record.ProcessorInfoImpInit();
   defaults.cable.CableOptionInit(configuration.cable.cableType);
+  defaults.cable.cableType = ZelDebugDialog::Engine::CABLE_NONE;
   defaults.chain.resize(configuration.chain.size());
   return defaults;
 }

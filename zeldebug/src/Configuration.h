@@ -24,8 +24,9 @@ struct Configuration {
 /// What the engine holds for its current processor.
 Configuration configurationOf(const ZelDebugDialog::EngineImp &state);
 
-/// The same processor, a cable of the same type and a chain of the same length,
-/// with nothing set: `settingsOf` of both stand side by side.
+/// The same processor with nothing set: no cable, but frequency and port that
+/// the cable's type brings along, and a chain of the same length, so that
+/// `settingsOf` of both stand side by side.
 Configuration defaultsBeside(const Configuration &configuration);
 
 /// "record", "cable", "cpuJtag" and "chain".

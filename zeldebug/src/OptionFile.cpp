@@ -19,11 +19,12 @@ CommandFile readCommandFile(const fs::path &file) {
     return found;
   }
   const fs::file_status target = fs::status(file, error);
-  if (error || !fs::is_regular_file(target)) {
-    found.problem = fs::is_directory(target) ? "is a folder, no file"
-                    : error                  ? error.message()
-                    : fs::exists(target)     ? "is no regular file"
-                                             : "is a link to nothing";
+  if (!fs::is_regular_file(target)) {
+    found.problem = target.type() == fs::file_type::not_found
+                        ? "is a link to nothing"
+                    : fs::is_directory(target) ? "is a folder, no file"
+                    : error                    ? error.message()
+                                               : "is no regular file";
     return found;
   }
   std::ifstream stream(file, std::ios::binary);

@@ -128,4 +128,8 @@ std::string printable(std::string_view text) {
   return shown;
 }
 
+std::string counted(std::size_t number, const std::string &thing) {
+  return fmt::format("{} {}{}", number, thing, number == 1 ? "" : "s");
+}
+
 } // namespace zeldebug

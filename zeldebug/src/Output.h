@@ -58,6 +58,9 @@ private:
 /// nor a table is upset by the bytes of a damaged file.
 std::string printable(std::string_view text);
 
+/// "1 command", "2 commands".
+std::string counted(std::size_t number, const std::string &thing);
+
 } // namespace zeldebug
 
 #endif

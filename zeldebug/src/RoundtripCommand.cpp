@@ -93,8 +93,9 @@ ExitStatus run(const std::string &file, Output &output) {
                      {"changed", changed},
                      {"refused", refused}});
   else
-    output.printLine(fmt::format("{} commands: {} same, {} changed, {} refused",
-                                 total, same, changed, refused));
+    output.printLine(fmt::format("{}: {} same, {} changed, {} refused",
+                                 counted(total, "command"), same, changed,
+                                 refused));
   return same == total ? ExitStatus::done : ExitStatus::refused;
 }
 
