@@ -19,6 +19,7 @@ sys.path.insert(0, str(ROOT / "tests" / "performance"))
 import system_calls  # noqa: E402  (from the folder above)
 
 ENGINE = "engine"
+OURS = (ENGINE, "design model")
 PART = re.compile(r"(<!-- figures: ([\w-]+) -->\n).*?(<!-- end -->)", re.DOTALL)
 
 # The groups of benchmarks that a part of the document shows, and what their
@@ -36,7 +37,7 @@ PARTS = {
     "designs": ("load", "instances"),
 }
 
-Result = collections.namedtuple("Result", "nanoseconds bytes")
+Result = collections.namedtuple("Result", "nanoseconds bytes peak")
 
 
 def load(folder):
@@ -53,7 +54,8 @@ def load(folder):
             found = groups[group][who].get(int(size))
             if found is None or run["cpu_time"] < found.nanoseconds:
                 groups[group][who][int(size)] = Result(run["cpu_time"],
-                                                       run["bytes"])
+                                                       run["bytes"],
+                                                       run.get("peak", 0))
     return groups, machine
 
 
@@ -71,23 +73,45 @@ def table(header, rows):
     return "\n".join(lines) + "\n"
 
 
-def times(group, counted):
-    """A row for each way, with its times and their ratios to the engine's."""
+def megabytes(size):
+    return f"{size / 1e6:.3g} MB"
+
+
+def compared(group, counted, value, unit):
+    """A row for each way, with what is compared and its ratio to ours."""
+    ours = next(who for who in group if who in OURS)
     sizes = sorted({size for results in group.values() for size in results})
+    fastest_first = sorted(group.items(), key=lambda item: (
+        item[0] != ours, value(item[1][min(item[1])])))
     rows = []
-    for who, results in group.items():
+    for who, results in fastest_first:
         cells = [who]
         for size in sizes:
             if size not in results:
                 cells.append("")
                 continue
-            cell = duration(results[size].nanoseconds)
-            if who != ENGINE:
-                ratio = results[size].nanoseconds / group[ENGINE][size].nanoseconds
-                cell += f" ({ratio:.2g}×)"
+            cell = unit(value(results[size]))
+            if who != ours:
+                ratio = value(results[size]) / value(group[ours][size])
+                cell += f" ({ratio:,.0f}×)" if ratio >= 10 else f" ({ratio:.2g}×)"
             cells.append(cell)
         rows.append(cells)
     return table(["", *(f"{size:,} {counted}" for size in sizes)], rows)
+
+
+def times(group, counted):
+    return compared(group, counted, lambda result: result.nanoseconds, duration)
+
+
+def memory(group, counted):
+    return compared(group, counted, lambda result: result.peak, megabytes)
+
+
+def bytes_read(group, counted):
+    results = next(iter(group.values()))
+    return table(["", *(f"{size:,} {counted}" for size in sorted(results))],
+                 [["The file", *(megabytes(results[size].bytes)
+                                 for size in sorted(results))]])
 
 
 def counts():
@@ -174,12 +198,12 @@ def plot(group):
     svg.append(f'<text x="18" y="{(TOP + HEIGHT - BOTTOM) / 2}" '
                'text-anchor="middle" transform="rotate(-90 18 '
                f'{(TOP + HEIGHT - BOTTOM) / 2})">nanoseconds a byte</text>')
-    for (who, line), colour in zip(points.items(), COLOURS):
+    for (who, line), colour in zip(sorted(points.items()), COLOURS):
         width = 3.5 if who == ENGINE else 1.5
         places = " ".join(f"{x(size):.1f},{y(value):.1f}" for size, value in line)
         svg.append(f'<polyline points="{places}" fill="none" stroke="{colour}" '
                    f'stroke-width="{width}"/>')
-    legend = sorted(zip(points, COLOURS), key=lambda entry: -points[entry[0]][0][1])
+    legend = sorted(zip(sorted(points), COLOURS), key=lambda entry: -points[entry[0]][0][1])
     for row, (who, colour) in enumerate(legend):
         top = TOP + 14 + row * 20
         svg.append(f'<line x1="{WIDTH - RIGHT + 16}" x2="{WIDTH - RIGHT + 40}" '
@@ -199,6 +223,10 @@ def main():
         if group in groups:
             parts[name] = times(groups[group], counted)
             print(f"\n{group}\n{parts[name]}")
+
+    if "load" in groups:
+        parts["design-sizes"] = bytes_read(groups["load"], "instances")
+        parts["design-memory"] = memory(groups["load"], "instances")
 
     def write_anew(part):
         if part.group(2) not in parts:

@@ -22,10 +22,12 @@ inline void require(bool holds, const std::string &what) {
   std::exit(EXIT_FAILURE);
 }
 
-/// What is timed, and how many bytes it goes through.
+/// What is timed, how many bytes it goes through, and, where that was counted,
+/// how much memory it holds at most.
 struct Prepared {
   std::size_t bytes;
   std::function<void()> work;
+  std::size_t peak = 0;
 };
 
 /// Registers "group/who/size". `prepare` returns what is timed, after it has
@@ -41,6 +43,8 @@ void add(const std::string &group, const std::string &who, std::size_t size,
         for ([[maybe_unused]] auto iteration : state)
           prepared.work();
         state.counters["bytes"] = static_cast<double>(prepared.bytes);
+        if (prepared.peak != 0)
+          state.counters["peak"] = static_cast<double>(prepared.peak);
       });
 }
 
