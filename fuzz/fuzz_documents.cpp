@@ -1,0 +1,108 @@
+// Whole sets of documents for the design model: whatever they hold, reading
+// ends, and what it says holds together.
+//
+// An input is a list of files, each behind a line "==== path"; the design is
+// "top.xml", a kind table "kinds", a view's name the content of "view".
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "DocumentSource.h"
+#include "ReadDesignFrom.h"
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
+
+namespace {
+
+using namespace ZelDebugDialog;
+
+/// Enough for every kind of ending, and little enough to go fast.
+constexpr std::size_t modelBytes = std::size_t{1} << 20;
+
+MemorySource split(const std::string &input) {
+  const std::string mark = "==== ";
+  MemorySource source;
+  std::size_t at = input.compare(0, mark.size(), mark) == 0 ? 0 : input.size();
+  while (at < input.size()) {
+    const std::size_t nameStart = at + mark.size();
+    const std::size_t nameEnd =
+        std::min(input.find('\n', nameStart), input.size());
+    const std::size_t textStart = std::min(nameEnd + 1, input.size());
+    const std::size_t next = input.find("\n" + mark, nameEnd);
+    const std::size_t textEnd =
+        next == std::string::npos ? input.size() : next + 1;
+    source.files[input.substr(nameStart, nameEnd - nameStart)] =
+        textStart < textEnd ? input.substr(textStart, textEnd - textStart) : "";
+    at = textEnd;
+  }
+  return source;
+}
+
+void require(bool holds) {
+  if (!holds)
+    std::abort();
+}
+
+void checkOutcome(bool isRead, const DesignModel &model) {
+  bool hasError = false;
+  for (const DesignDiagnostic &found : model.Diagnostics()) {
+    hasError |= found.severity == DesignDiagnostic::Severity::error;
+    require(found.line >= 0 && !found.message.empty());
+  }
+  require(isRead || (hasError && model.Instances().empty()));
+}
+
+/// Each name once, and each that of an instance.
+void checkNames(const std::vector<std::string> &answered,
+                const std::set<std::string> &instances) {
+  for (const std::string &name : answered)
+    require(instances.count(name) != 0);
+}
+
+void ask(DesignModel &model) {
+  std::set<std::string> instances;
+  for (const DesignInstance &instance : model.Instances()) {
+    instances.insert(instance.name);
+    require(instance.role != DesignRole::byTypeName);
+    require(instance.name.find('/') == std::string::npos);
+    for (const DesignParameter &parameter : instance.parameters)
+      model.getParameterValue(instance.name, parameter.name);
+  }
+  std::vector<std::string> processors;
+  model.getProcessorInstances(processors, false);
+  checkNames(processors, instances);
+  constexpr std::size_t mostAsked = 50;
+  for (std::size_t at = 0; at < processors.size() && at < mostAsked; ++at) {
+    std::vector<std::string> peripherals;
+    model.getPeripherals(peripherals, processors[at]);
+    checkNames(peripherals, instances);
+  }
+  const std::vector<std::string> modules = model.DebugModules();
+  for (std::size_t at = 0; at < modules.size() && at < mostAsked; ++at) {
+    std::vector<std::string> attached;
+    model.getHduConnectedProcessorList(attached, modules[at]);
+    checkNames(attached, instances);
+  }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data,
+                                      std::size_t size) {
+  const std::string input(data, data + size);
+  const MemorySource source = split(input);
+  DesignSources sources;
+  sources.designFile = "top.xml";
+  if (source.files.count("kinds") != 0)
+    sources.kindsFile = "kinds";
+  const auto view = source.files.find("view");
+  if (view != source.files.end())
+    sources.view = view->second;
+  DesignModel model;
+  const bool isRead = readDesignFrom(source, sources, modelBytes, model);
+  checkOutcome(isRead, model);
+  ask(model);
+  return 0;
+}
