@@ -1,9 +1,10 @@
 # One test program: its sources, linked with the engine's objects (so that it
 # sees what the library hides) and what LIBRARIES names. Where valgrind is there
-# and nothing else watches the memory, a second test runs the program under it;
-# not for one that STARTS_PROGRAMS, where it would watch the wrong one.
+# and nothing else watches the memory, a second test runs the program under it,
+# with fewer records; not where it would watch the wrong program, or come between
+# a program and what that counts: WITHOUT_VALGRIND.
 #
-#   zeldebugdialog_test(name [STARTS_PROGRAMS] SOURCES ... LIBRARIES ...)
+#   zeldebugdialog_test(name [WITHOUT_VALGRIND] SOURCES ... LIBRARIES ...)
 find_program(ZELDEBUGDIALOG_VALGRIND valgrind)
 
 # Who makes the precompiled header that all test programs use.
@@ -13,7 +14,7 @@ target_link_libraries(TestHeaders PRIVATE GTest::gmock)
 target_precompile_headers(TestHeaders PRIVATE <gmock/gmock.h> <gtest/gtest.h>)
 
 function(zeldebugdialog_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 TEST "STARTS_PROGRAMS" "" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 TEST "WITHOUT_VALGRIND" "" "SOURCES;LIBRARIES")
     add_executable(${name} ${TEST_SOURCES})
     zeldebugdialog_build_options(${name})
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
@@ -21,13 +22,13 @@ function(zeldebugdialog_test name)
     target_precompile_headers(${name} REUSE_FROM TestHeaders)
     add_test(NAME ${name} COMMAND ${name})
 
-    if(ZELDEBUGDIALOG_VALGRIND AND NOT TEST_STARTS_PROGRAMS
+    if(ZELDEBUGDIALOG_VALGRIND AND NOT TEST_WITHOUT_VALGRIND
        AND NOT ZELDEBUGDIALOG_SANITIZERS AND NOT ZELDEBUGDIALOG_COVERAGE)
         add_test(NAME memory.${name}
             COMMAND ${ZELDEBUGDIALOG_VALGRIND} --quiet --error-exitcode=99
                 --leak-check=full --errors-for-leak-kinds=all
                 $<TARGET_FILE:${name}>)
         set_tests_properties(memory.${name} PROPERTIES LABELS memory
-            ENVIRONMENT ZELDEBUGDIALOG_TEST_RECORDS=500)
+            ENVIRONMENT ZELDEBUGDIALOG_FEWER_RECORDS=1)
     endif()
 endfunction()
