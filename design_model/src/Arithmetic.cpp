@@ -1,5 +1,6 @@
 #include "Arithmetic.h"
 
+#include <array>
 #include <cstdint>
 
 namespace ZelDebugDialog {
@@ -114,16 +115,16 @@ bool less(const Number &left, const Number &right, Number &result) {
   return truth(isLess(left, right), result);
 }
 
-bool lessOrEqual(const Number &left, const Number &right, Number &result) {
-  return truth(!isLess(right, left), result);
+bool greaterOrEqual(const Number &left, const Number &right, Number &result) {
+  return truth(!isLess(left, right), result);
 }
 
 bool greater(const Number &left, const Number &right, Number &result) {
-  return truth(isLess(right, left), result);
+  return truth(left.bits != right.bits && !isLess(left, right), result);
 }
 
-bool greaterOrEqual(const Number &left, const Number &right, Number &result) {
-  return truth(!isLess(left, right), result);
+bool lessOrEqual(const Number &left, const Number &right, Number &result) {
+  return truth(left.bits == right.bits || isLess(left, right), result);
 }
 
 bool equal(const Number &left, const Number &right, Number &result) {
@@ -158,7 +159,7 @@ bool logicalOr(const Number &left, const Number &right, Number &result) {
 }
 
 /// An operator that begins with another stands before it.
-constexpr BinaryOperator operators[] = {
+constexpr std::array<BinaryOperator, 21> operators = {{
     {"**", 11, raise},      {"*", 10, multiply},
     {"/", 10, divide},      {"%", 10, remainder},
     {"+", 9, add},          {"-", 9, subtract},
@@ -170,7 +171,7 @@ constexpr BinaryOperator operators[] = {
     {"&&", 2, logicalAnd},  {"||", 1, logicalOr},
     {"&", 5, bitAnd},       {"^", 4, bitXor},
     {"|", 3, bitOr},
-};
+}};
 
 } // namespace
 

@@ -1,5 +1,7 @@
 #include "BuiltInKinds.h"
 
+#include <array>
+
 namespace ZelDebugDialog {
 namespace {
 
@@ -8,7 +10,7 @@ struct Row {
   DesignRole role;
 };
 
-constexpr Row table[] = {
+constexpr std::array<Row, 8> table = {{
     {"hdu", DesignRole::debugModule},
     {"hdu_cedar", DesignRole::debugModule},
     {"ppc_jtag_link", DesignRole::debugModule},
@@ -17,7 +19,7 @@ constexpr Row table[] = {
     {"ppc440_core", DesignRole::processor},
     {"soc_cortexa9", DesignRole::processor},
     {"soc_cortexr5", DesignRole::processor},
-};
+}};
 
 } // namespace
 

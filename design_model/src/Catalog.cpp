@@ -1,5 +1,6 @@
 #include "Catalog.h"
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 #include <unordered_set>
@@ -18,12 +19,12 @@ struct Section {
 };
 
 /// The sections that a model needs. The order is that of the standard.
-constexpr Section sections[] = {
+constexpr std::array<Section, 4> sections = {{
     {"catalogs", DocumentType::catalog},
     {"components", DocumentType::component},
     {"designs", DocumentType::design},
     {"designConfigurations", DocumentType::designConfiguration},
-};
+}};
 
 class CatalogReader {
 public:

@@ -1,5 +1,6 @@
 #include "ComponentReader.h"
 
+#include <array>
 #include <unordered_map>
 #include <utility>
 
@@ -16,7 +17,7 @@ struct ModeRow {
 };
 
 /// New and old words.
-constexpr ModeRow modes[] = {
+constexpr std::array<ModeRow, 11> modes = {{
     {"initiator", InterfaceMode::initiator},
     {"master", InterfaceMode::initiator},
     {"target", InterfaceMode::target},
@@ -28,7 +29,7 @@ constexpr ModeRow modes[] = {
     {"mirroredSlave", InterfaceMode::mirroredTarget},
     {"mirroredSystem", InterfaceMode::mirroredSystem},
     {"monitor", InterfaceMode::monitor},
-};
+}};
 
 /// A map may be referred to by every interface, so that the bridges are more
 /// than the file is long.
@@ -89,7 +90,7 @@ private:
         interface.bridgedTo.push_back(initiatorOf(bridge));
       });
     const pugi::xml_node reference = findChild(mode, "memoryMapRef");
-    if (!reference)
+    if (reference.empty())
       return;
     std::string name = attributeOf(reference, "memoryMapRef");
     if (name.empty())
@@ -145,14 +146,15 @@ private:
                           std::string_view reference, References &references) {
     forEachIn(body, "instantiations", element, [&](const pugi::xml_node &node) {
       const pugi::xml_node referred = findChild(node, reference);
-      if (referred)
+      if (!referred.empty())
         references.emplace(childText(node, "name"),
                            readReferenceRecord(referred));
     });
   }
 
   void readViews(const pugi::xml_node &body, std::vector<ViewRecord> &views) {
-    References designs, configurations;
+    References designs;
+    References configurations;
     readInstantiations(body, "designInstantiation", "designRef", designs);
     readInstantiations(body, "designConfigurationInstantiation",
                        "designConfigurationRef", configurations);
@@ -163,7 +165,7 @@ private:
       view.configuration =
           follow(node, "designConfigurationInstantiationRef", configurations);
       const pugi::xml_node hierarchy = findChild(node, "hierarchyRef");
-      if (hierarchy)
+      if (!hierarchy.empty())
         view.hierarchy = readReferenceRecord(hierarchy);
       views.push_back(std::move(view));
     });
@@ -182,7 +184,7 @@ private:
                                         std::string_view element,
                                         const References &references) {
     const pugi::xml_node reference = findChild(view, element);
-    if (!reference)
+    if (reference.empty())
       return std::nullopt;
     const auto found = references.find(textOf(reference));
     if (found != references.end())

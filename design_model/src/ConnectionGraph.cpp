@@ -3,8 +3,8 @@
 namespace ZelDebugDialog {
 
 Index ConnectionGraph::addInstance(Index component, Index parent) {
-  const Index instance = static_cast<Index>(instances.size());
-  const Index firstPort = static_cast<Index>(ports.size());
+  const auto instance = static_cast<Index>(instances.size());
+  const auto firstPort = static_cast<Index>(ports.size());
   const std::size_t interfaces = components[component].data.interfaces.size();
   for (Index interface = 0; interface < interfaces; ++interface) {
     GraphPort port;
@@ -28,17 +28,17 @@ Index ConnectionGraph::findPort(Index instance,
 }
 
 void ConnectionGraph::connect(const std::vector<Index> &joined, Index within) {
-  const Index connection = static_cast<Index>(connections.size());
-  const Index first = static_cast<Index>(ends.size());
+  const auto connection = static_cast<Index>(connections.size());
+  const auto first = static_cast<Index>(ends.size());
   for (const Index port : joined) {
     const bool inside = ports[port].instance == within;
     if (inside)
       instances[within].hasInside = true;
-    const Index end = static_cast<Index>(ends.size());
+    const auto end = static_cast<Index>(ends.size());
     ends.push_back({port, connection, inside, noIndex});
-    Index &last = ports[port].lastEnd[inside];
+    Index &last = ports[port].lastEnd.at(inside ? 1 : 0);
     if (last == noIndex)
-      ports[port].firstEnd[inside] = end;
+      ports[port].firstEnd.at(inside ? 1 : 0) = end;
     else
       ends[last].next = end;
     last = end;

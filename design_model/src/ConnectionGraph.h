@@ -8,6 +8,7 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_CONNECTIONGRAPH_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_CONNECTIONGRAPH_H
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <unordered_map>
@@ -49,8 +50,8 @@ struct GraphEnd {
 struct GraphPort {
   Index instance = 0;
   Index interface = 0;
-  Index firstEnd[2] = {noIndex, noIndex}; ///< Outside, inside.
-  Index lastEnd[2] = {noIndex, noIndex};
+  std::array<Index, 2> firstEnd = {noIndex, noIndex}; ///< Outside, inside.
+  std::array<Index, 2> lastEnd = {noIndex, noIndex};
 };
 
 /// The ends [first, last) of a connection.

@@ -64,7 +64,7 @@ std::string DesignContents::describe(const DesignConnection &connection) const {
 Index DesignContents::findEnd(const DesignEnd &end,
                               const DesignConnection &connection,
                               Index within) {
-  const Index instance = static_cast<Index>(end.instance);
+  const auto instance = static_cast<Index>(end.instance);
   if (instance != within && graph.instances[instance].parent != within) {
     report(Severity::error, connection.origin, end.line,
            describe(connection) + ": instance " + quote(localName(instance)) +

@@ -101,7 +101,8 @@ const std::vector<DesignDiagnostic> &DesignModel::Diagnostics() const {
   return contents->diagnostics.all();
 }
 
-void DesignModel::getProcessorInstances(std::vector<std::string> &names, bool) {
+void DesignModel::getProcessorInstances(std::vector<std::string> &names,
+                                        bool /*flag*/) {
   contents->appendNames(contents->processors, names);
 }
 

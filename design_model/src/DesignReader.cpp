@@ -39,7 +39,7 @@ private:
     instance.name = childText(node, "instanceName");
     instance.line = lineOf(node);
     const pugi::xml_node component = findChild(node, "componentRef");
-    if (component)
+    if (!component.empty())
       instance.component = readReferenceRecord(component);
     else
       instance.component.line = instance.line;
@@ -154,7 +154,7 @@ public:
     configuration->identity = readIdentity(root);
     configuration->file = file;
     const pugi::xml_node design = findChild(root, "designRef");
-    if (design)
+    if (!design.empty())
       configuration->design = readReferenceRecord(design);
     forEach(root, "viewConfiguration", [&](const pugi::xml_node &node) {
       readView(node, *configuration);

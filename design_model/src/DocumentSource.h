@@ -14,6 +14,9 @@ public:
   enum class Kind { missing, file, folder };
   static constexpr std::size_t whole = static_cast<std::size_t>(-1);
 
+  DocumentSource() = default;
+  DocumentSource(const DocumentSource &) = default;
+  DocumentSource &operator=(const DocumentSource &) = default;
   virtual ~DocumentSource() = default;
 
   virtual Kind kindOf(const std::string &path) const = 0;

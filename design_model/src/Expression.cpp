@@ -95,7 +95,7 @@ private:
     const Level level(depth);
     if (depth > deepestExpression)
       return giveUp();
-    const Value condition = parseBinary(0);
+    Value condition = parseBinary(0);
     if (!take("?"))
       return condition;
     const Value ifTrue = parseConditional();
@@ -167,7 +167,7 @@ private:
   }
 
   Value parseParenthesized() {
-    const Value value = parseConditional();
+    Value value = parseConditional();
     expect(")");
     return value;
   }

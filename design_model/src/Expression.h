@@ -41,6 +41,9 @@ struct ExpressionResult {
 /// The names that an expression can use.
 class ExpressionNames {
 public:
+  ExpressionNames() = default;
+  ExpressionNames(const ExpressionNames &) = default;
+  ExpressionNames &operator=(const ExpressionNames &) = default;
   virtual ~ExpressionNames() = default;
   virtual bool isKnown(std::string_view name) const = 0;
   /// The value of a known name. `depth` says how deep in expressions it is

@@ -49,7 +49,7 @@ std::string FileSystemSource::read(const std::string &path, std::size_t most,
   text.resize(static_cast<std::size_t>(
       std::min<std::uintmax_t>(size, static_cast<std::uintmax_t>(most))));
   if (!text.empty())
-    file.read(&text[0], static_cast<std::streamsize>(text.size()));
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
   return file ? "" : "it can not be read";
 }
 

@@ -1,5 +1,7 @@
 #include "Identity.h"
 
+#include <array>
+
 #include "XmlNames.h"
 
 namespace ZelDebugDialog {
@@ -10,7 +12,7 @@ struct Row {
   DocumentType type;
 };
 
-constexpr Row table[] = {
+constexpr std::array<Row, 9> table = {{
     {"component", DocumentType::component},
     {"design", DocumentType::design},
     {"designConfiguration", DocumentType::designConfiguration},
@@ -20,7 +22,7 @@ constexpr Row table[] = {
     {"abstractor", DocumentType::other},
     {"generatorChain", DocumentType::other},
     {"typeDefinitions", DocumentType::other},
-};
+}};
 
 } // namespace
 

@@ -11,7 +11,10 @@
 namespace ZelDebugDialog {
 
 struct Identity {
-  std::string vendor, library, name, version;
+  std::string vendor;
+  std::string library;
+  std::string name;
+  std::string version;
 
   bool operator==(const Identity &other) const {
     return vendor == other.vendor && library == other.library &&

@@ -1,5 +1,6 @@
 #include "KindTable.h"
 
+#include <array>
 #include <sstream>
 #include <utility>
 
@@ -18,11 +19,11 @@ struct Word {
   DesignRole role;
 };
 
-constexpr Word kindWords[] = {
+constexpr std::array<Word, 3> kindWords = {{
     {"processor", DesignRole::processor},
     {"debug-module", DesignRole::debugModule},
     {"other", DesignRole::other},
-};
+}};
 
 const Word *findWord(std::string_view text) {
   for (const Word &word : kindWords)

@@ -22,7 +22,7 @@ constexpr std::size_t headSize = std::size_t{16} << 10;
 /// nothing of it has been cut off.
 bool holdsIdentity(const pugi::xml_node &root) {
   return readIdentity(root).isComplete() &&
-         findChild(root, "version").next_sibling();
+         !findChild(root, "version").next_sibling().empty();
 }
 
 /// Parses the beginning of a file if that is enough, else all of it. A fault
@@ -97,7 +97,7 @@ bool Library::openCatalog(const std::string &file) {
       catalogs.push_back(file);
       return true;
     }
-    diagnostic.line = head->root() ? head->lineOf(head->root()) : 1;
+    diagnostic.line = head->root().empty() ? 1 : head->lineOf(head->root());
     diagnostic.message = "it is neither a library folder nor a catalog";
   }
   model.Report(std::move(diagnostic));

@@ -1,5 +1,7 @@
 #include "LoadDocument.h"
 
+#include <algorithm>
+#include <array>
 #include <string_view>
 #include <utility>
 
@@ -13,17 +15,17 @@ namespace {
 using Severity = DesignDiagnostic::Severity;
 
 /// The names of the standard's editions begin so; the rest tells which.
-constexpr std::string_view namespaceStarts[] = {
+constexpr std::array<std::string_view, 3> namespaceStarts = {
     "http://www.spiritconsortium.org/XMLSchema/SPIRIT/",
     "http://www.accellera.org/XMLSchema/SPIRIT/",
     "http://www.accellera.org/XMLSchema/IPXACT/",
 };
 
 bool isKnownNamespace(std::string_view name) {
-  for (const std::string_view start : namespaceStarts)
-    if (name.substr(0, start.size()) == start)
-      return true;
-  return false;
+  return std::any_of(namespaceStarts.begin(), namespaceStarts.end(),
+                     [name](std::string_view start) {
+                       return name.substr(0, start.size()) == start;
+                     });
 }
 
 /// What the element's own prefix stands for; empty when it isn't declared.

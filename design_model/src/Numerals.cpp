@@ -1,5 +1,6 @@
 #include "Numerals.h"
 
+#include <array>
 #include <limits>
 
 namespace ZelDebugDialog {
@@ -12,7 +13,8 @@ struct Base {
   unsigned base;
 };
 
-constexpr Base bases[] = {{'b', 2}, {'o', 8}, {'d', 10}, {'h', 16}};
+constexpr std::array<Base, 4> bases = {
+    {{'b', 2}, {'o', 8}, {'d', 10}, {'h', 16}}};
 
 char toLower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;

@@ -8,7 +8,7 @@ namespace ZelDebugDialog {
 
 void RecordReader::noteCondition(const pugi::xml_node &node) {
   const pugi::xml_node condition = findChild(node, "isPresent");
-  if (condition)
+  if (!condition.empty())
     report(Severity::warning, lineOf(condition),
            "isPresent is not followed: this " + std::string(localNameOf(node)) +
                " is taken to be there");

@@ -25,7 +25,7 @@ private:
   void takeInterfaces() {
     std::vector<DesignInterface> kept;
     for (DesignInterface &interface : resolved.data.interfaces) {
-      const Index index = static_cast<Index>(kept.size());
+      const auto index = static_cast<Index>(kept.size());
       if (resolved.interfaceByName.emplace(interface.name, index).second)
         kept.push_back(std::move(interface));
       else
@@ -65,7 +65,7 @@ private:
   }
 
   void take(std::vector<Index> channel) {
-    const Index index = static_cast<Index>(resolved.channels.size());
+    const auto index = static_cast<Index>(resolved.channels.size());
     for (const Index member : channel)
       resolved.channelsOf[member].push_back(index);
     resolved.channels.push_back(std::move(channel));

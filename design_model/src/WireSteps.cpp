@@ -3,8 +3,8 @@
 namespace ZelDebugDialog {
 
 void WireSteps::from(Index port, bool inside, std::vector<FarEnd> &farEnds) {
-  for (Index end = graph.ports[port].firstEnd[inside]; end != noIndex;
-       end = graph.ends[end].next)
+  for (Index end = graph.ports[port].firstEnd.at(inside ? 1 : 0);
+       end != noIndex; end = graph.ends[end].next)
     across(end, farEnds);
 }
 

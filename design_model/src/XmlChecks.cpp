@@ -53,7 +53,7 @@ private:
   }
 
   static pugi::xml_node firstElement(pugi::xml_node node) {
-    while (node && node.type() != pugi::node_element)
+    while (!node.empty() && node.type() != pugi::node_element)
       node = node.next_sibling();
     return node;
   }

@@ -54,8 +54,8 @@ bool XmlDocument::parse(std::string documentText) {
     return refuse("it holds the null character, which XML does not",
                   nullReference);
   const pugi::xml_parse_result result = document.load_buffer_inplace(
-      text.empty() ? nullptr : &text[0], text.size(),
-      pugi::parse_default | pugi::parse_doctype, pugi::encoding_utf8);
+      text.data(), text.size(), pugi::parse_default | pugi::parse_doctype,
+      pugi::encoding_utf8);
   if (!result)
     return refuse(
         std::string("it is not XML: ") + result.description(),

@@ -16,6 +16,7 @@ public:
   XmlDocument() = default;
   XmlDocument(const XmlDocument &) = delete;
   XmlDocument &operator=(const XmlDocument &) = delete;
+  ~XmlDocument() = default;
 
   /// Parses the text. False: it is not XML in UTF-8; `fault` and `faultLine`
   /// say why. What came before the fault can be looked at all the same.

@@ -12,7 +12,7 @@ std::string_view trim(std::string_view text) {
 }
 
 pugi::xml_node findFrom(pugi::xml_node node, std::string_view name) {
-  while (node &&
+  while (!node.empty() &&
          (node.type() != pugi::node_element || localNameOf(node) != name))
     node = node.next_sibling();
   return node;
