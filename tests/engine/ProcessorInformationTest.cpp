@@ -314,6 +314,14 @@ TEST_F(ProcessorInformation, SendsTheMessageOfTheEngineBehindTheState) {
   EXPECT_EQ(messages[0].formatted, "UNKNOWN Option '-foo'\n");
 }
 
+TEST_F(ProcessorInformation, SendsAnEmptyMessageWithoutAnEngine) {
+  EngineImp alone;
+  EXPECT_EQ(alone.GetProcessorInfo("connect lc hdu -foo"), nullptr);
+  const std::vector<support::LoggedMessage> messages = support::takeMessages();
+  ASSERT_EQ(messages.size(), 1U);
+  EXPECT_EQ(messages[0].formatted, "\n");
+}
+
 TEST_F(ProcessorInformation, IsNothingWithoutADesignJustAsWell) {
   withoutDesign();
   EXPECT_EQ(state.GetProcessorInfo("nonsense"), nullptr);
