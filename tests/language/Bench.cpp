@@ -15,7 +15,6 @@ namespace LanguageTest {
 namespace {
 
 using ZelDebugDialog::CableOption;
-using ZelDebugDialog::Engine;
 using ZelDebugDialog::EngineImp;
 using ZelDebugDialog::JtagOption;
 using ZelDebugDialog::KvoOption_Parser;

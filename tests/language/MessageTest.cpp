@@ -10,7 +10,6 @@ namespace {
 
 using namespace std::string_literals;
 using namespace LanguageTest;
-using ZelDebugDialog::EngineImp;
 using ZelDebugDialog::KvoOption_Parser;
 
 constexpr std::size_t kLongest = 2047;

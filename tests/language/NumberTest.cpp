@@ -11,8 +11,6 @@ namespace {
 
 using namespace std::string_literals;
 using namespace LanguageTest;
-using ZelDebugDialog::Engine;
-using ZelDebugDialog::EngineImp;
 using ZelDebugDialog::KvoOption_Parser;
 
 constexpr std::uint64_t kMostUnsigned = 0xFFFFFFFFFFFFFFFF;

@@ -35,7 +35,8 @@ std::size_t allocationsOfResult(std::size_t devices) {
     std::vector<JtagOption *> chain;
     for (std::size_t index = 0; index < devices; ++index)
       chain.push_back(new JtagOption);
-    const std::string kept(command);
+    std::string kept;
+    kept = command;
     ReleaseChainRecords(chain);
   });
 }
