@@ -86,15 +86,19 @@ int readFrequency(const Argument &argument, CableReading &target) {
 }
 
 int readSvfFile(const Argument &argument, CableReading &target) {
+  const int result = readText<&CableOption::svfFile>(argument, target);
   currentRecord(target.imp).svfFileFlag = true;
-  return readText<&CableOption::svfFile>(argument, target);
+  return result;
 }
 
 int readModuleArgument(const Argument &argument, CableReading &target) {
   std::string &joined = target.cable.moduleArgs;
-  if (!joined.empty())
-    joined += argumentSeparator;
-  joined += argument.value;
+  const std::size_t before = joined.size();
+  const std::size_t separators = before == 0 ? 0 : 1;
+  // Room for both at once: a separator never stands alone.
+  joined.append(separators + argument.value.size(), argumentSeparator);
+  argument.value.copy(joined.data() + before + separators,
+                      argument.value.size());
   return code::done;
 }
 

@@ -74,8 +74,9 @@ inline void storeIpcPort(std::string_view value, std::string &host,
     port = defaultPort.value_or(port);
     return;
   }
-  port = lowBits<std::int32_t>(toSigned(value.substr(colon + 1), 10));
+  const std::int64_t number = toSigned(value.substr(colon + 1), 10);
   host = colon == 0 ? "localhost" : value.substr(0, colon);
+  port = lowBits<std::int32_t>(number);
 }
 
 } // namespace ZelDebugDialog::kvo
