@@ -5,9 +5,7 @@
 // is. QUORLA_TCF is read and checked, but there is no text to write for it.
 #include <algorithm>
 #include <string>
-#include <vector>
-
-#include <boost/algorithm/string/split.hpp>
+#include <string_view>
 
 #include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
@@ -186,12 +184,14 @@ void writePluginCable(std::string &out, const CableOption &cable) {
   writeParameter(out, joined<moduleWord>, cable.moduleName);
   if (cable.moduleArgs.empty())
     return;
-  std::vector<std::string> arguments;
-  boost::algorithm::split(arguments, cable.moduleArgs, [](char character) {
-    return character == argumentSeparator;
-  });
-  for (const std::string &argument : arguments)
-    writeParameter(out, joined<argumentWord>, argument);
+  std::string_view rest = cable.moduleArgs;
+  for (;;) {
+    const std::size_t end = rest.find(argumentSeparator);
+    writeParameter(out, joined<argumentWord>, rest.substr(0, end));
+    if (end == std::string_view::npos)
+      return;
+    rest.remove_prefix(end + 1);
+  }
 }
 
 void describeCable(CommandOption &option) {
