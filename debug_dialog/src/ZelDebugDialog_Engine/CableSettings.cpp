@@ -32,10 +32,11 @@ int getCableSetting(EngineImp &imp, Setting CableOption::*field, Setting &out) {
   return out == Setting() ? 1 : 0;
 }
 
-void writePluginClause(std::string &text, const CableOption &cable) {
-  text = "-cable type ";
+std::string pluginClause(const CableOption &cable) {
+  std::string text = "-cable type ";
   text += findCable(Engine::QUORLA_PLUGIN).keyword;
   kvo::writePluginCable(text, cable);
+  return text;
 }
 
 std::int8_t firstFpga(const std::vector<JtagOption *> &chain) {
@@ -122,10 +123,11 @@ int Engine::GetPluginCableOptions(std::string &text) {
   const CableOption &cable = *imp->cableOption;
   if (cable.cableType != QUORLA_PLUGIN)
     return 2;
-  text.clear();
-  if (cable.moduleName.empty())
+  if (cable.moduleName.empty()) {
+    text.clear();
     return 1;
-  writePluginClause(text, cable);
+  }
+  text = pluginClause(cable);
   return 0;
 }
 
@@ -143,7 +145,7 @@ int Engine::Set3rdPartyCableOptions(CableOption &cable,
 int Engine::Get3rdPartyCableOptions(std::string &text, CableOption cable) {
   if (cable.cableType != QUORLA_PLUGIN)
     return 1;
-  writePluginClause(text, cable);
+  text = pluginClause(cable);
   return 0;
 }
 
@@ -196,7 +198,11 @@ int Engine::GenerateJtagCableCmdString(std::string &out, CableOption cable,
   *scratch.imp.cableOption = std::move(cable);
   scratch.imp.jtagChain = chain;
   scratch.record.debugDevice = static_cast<std::int8_t>(debugDevice);
-  return KvoOption_Parser::WriteJtagCableOptionsString(scratch.imp, out);
+  std::string clauses;
+  const int result =
+      KvoOption_Parser::WriteJtagCableOptionsString(scratch.imp, clauses);
+  out += clauses;
+  return result;
 }
 
 int Engine::ParseJtagCableInfo(std::string text, CableOption &cable,
