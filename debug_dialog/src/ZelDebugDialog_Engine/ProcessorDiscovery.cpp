@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "HHSMHwManager.h"
@@ -116,18 +118,59 @@ void Discovery::appendCortexA9() {
     append(name, familyArm, typeCortexA9, Engine::CONNECT_HW, ++cortexA9s);
 }
 
+/// Takes a discovery back that an exception ends: the design is the former one,
+/// and what was appended is gone, so that it can be asked for anew.
+class Attempt {
+public:
+  Attempt(EngineImp &state, HHSMHwManager *design)
+      : imp(state), before(std::exchange(state.hwManager, design)),
+        listed(state.processorList.size()) {}
+  ~Attempt() {
+    if (isComplete)
+      return;
+    imp.hwManager = before;
+    while (imp.processorList.size() > listed) {
+      delete imp.processorList.back();
+      imp.processorList.pop_back();
+    }
+  }
+  Attempt(const Attempt &) = delete;
+  Attempt &operator=(const Attempt &) = delete;
+
+  void complete() { isComplete = true; }
+
+private:
+  EngineImp &imp;
+  HHSMHwManager *before;
+  std::size_t listed;
+  bool isComplete = false;
+};
+
+void discover(HHSMHwManager &design, EngineImp &imp,
+              std::vector<std::string> &names) {
+  // Not into the caller's list, which a design that fails might spoil.
+  std::vector<std::string> found;
+  design.getProcessorInstances(found, false);
+  Discovery discovery(design, imp);
+  discovery.appendAttached();
+  discovery.appendUnattachedLumacores();
+  discovery.appendCortexA9();
+  if (names.empty()) {
+    names = std::move(found);
+    return;
+  }
+  names.reserve(names.size() + found.size());
+  std::move(found.begin(), found.end(), std::back_inserter(names));
+}
+
 } // namespace
 
 int Engine::GetProcessorList(HHSMHwManager *design,
                              std::vector<std::string> &names) {
-  imp->hwManager = design;
-  if (design == nullptr)
-    return result::done;
-  design->getProcessorInstances(names, false);
-  Discovery discovery(*design, *imp);
-  discovery.appendAttached();
-  discovery.appendUnattachedLumacores();
-  discovery.appendCortexA9();
+  Attempt attempt(*imp, design);
+  if (design != nullptr)
+    discover(*design, *imp, names);
+  attempt.complete();
   return result::done;
 }
 
