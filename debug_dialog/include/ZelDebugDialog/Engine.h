@@ -4,9 +4,15 @@
 //
 // It shows nothing, starts nothing and connects to nothing. It keeps the
 // configuration of the selected processor in plain records (EngineImp.h); the
-// design and the records belong to the caller. One thread at a time, and only
-// one engine of the process may be reading a command at a time: the readers
-// share `KvoOption_Parser::current_option`.
+// design and the records belong to the caller.
+//
+// Threads. An engine is used by one thread at a time, and two engines in two
+// threads are not allowed: all that read a command (`SetProcessor`,
+// `ParseProcessorInfo`, `ParseJtagCableInfo`, `SetPluginCableOptions`,
+// `Set3rdPartyCableOptions`, and what KvoOption_Parser.h, CommandTrace.h and
+// `EngineImp::GetProcessorInfo` offer) share one string of the process,
+// `KvoOption_Parser::current_option`. A program that needs two takes one lock
+// around every call of either.
 //
 //   Engine engine;
 //   std::vector<std::string> names;
@@ -23,7 +29,9 @@
 // it into the error string; nothing empties the error string but a selection.
 // Outputs stay as they were unless the description says otherwise. Exceptions:
 // std::bad_alloc, and std::out_of_range from every operation that reads command
-// text for a word that is a lone "-".
+// text for a word that is a lone "-". What an operation has read until an
+// exception stays stored, as does the command that `Generate` is about to save;
+// everything else, outputs included, is as it was before.
 //
 // A current processor is a precondition of the target settings, of the cable
 // and chain getters, and of `Generate` and `GenerateCmdString`; a debug build

@@ -5,7 +5,8 @@
 // string holds what is left. Writers append unless said otherwise. Both work on
 // the current record (`EngineImp::currentProcessor`, a precondition of all but
 // the tokenizer), the cable and the chain, and put messages into the error
-// string of `EngineImp::engine`. What was stored before a refusal stays stored.
+// string of `EngineImp::engine`. What was stored before a refusal or an
+// exception stays stored; std::bad_alloc may leave part of a clause appended.
 //
 // Two threads must not read commands at the same time, not even with two
 // engines: `current_option` is one for the process. A program that reads in
