@@ -1,11 +1,15 @@
 #include "ConnectionGraph.h"
 
+#include "Room.h"
+
 namespace ZelDebugDialog {
 
 Index ConnectionGraph::addInstance(Index component, Index parent) {
   const auto instance = static_cast<Index>(instances.size());
   const auto firstPort = static_cast<Index>(ports.size());
   const std::size_t interfaces = components[component].data.interfaces.size();
+  makeRoom(ports, interfaces);
+  makeRoom(instances, 1);
   for (Index interface = 0; interface < interfaces; ++interface) {
     GraphPort port;
     port.instance = instance;
@@ -30,6 +34,8 @@ Index ConnectionGraph::findPort(Index instance,
 void ConnectionGraph::connect(const std::vector<Index> &joined, Index within) {
   const auto connection = static_cast<Index>(connections.size());
   const auto first = static_cast<Index>(ends.size());
+  makeRoom(ends, joined.size());
+  makeRoom(connections, 1);
   for (const Index port : joined) {
     const bool inside = ports[port].instance == within;
     if (inside)

@@ -1,6 +1,10 @@
 #include "DesignContents.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "Quote.h"
+#include "Room.h"
 
 namespace ZelDebugDialog {
 
@@ -23,16 +27,96 @@ bool DesignContents::isTaken(const std::string &name,
                               namesakes.count(siblingKey(parent, name)) != 0);
 }
 
-void DesignContents::enterName(const std::string &name,
-                               const std::string &fullName, Index instance,
-                               const DesignOrigin &origin) {
-  if (firstByName.emplace(fullName, instance).second)
-    return;
-  namesakes.insert(siblingKey(graph.instances[instance].parent, name));
-  report(
-      Severity::warning, origin, origin.line,
-      "two instances read " + quote(fullName) +
-          ", as a name in one of them holds a dot; the name means the first");
+/// Takes an instance back that could not be entered everywhere.
+class DesignContents::Entry {
+public:
+  Entry(DesignContents &filled, const std::string &fullName, Index component,
+        Index parent)
+      : contents(filled), key(fullName), around(parent),
+        typeName(filled.graph.components[component].data.typeName),
+        ports(filled.graph.ports.size()),
+        hadInside(parent != noIndex &&
+                  filled.graph.instances[parent].hasInside),
+        instance(filled.graph.addInstance(component, parent)) {}
+  ~Entry() {
+    if (!isComplete)
+      takeBack();
+  }
+  Entry(const Entry &) = delete;
+  Entry &operator=(const Entry &) = delete;
+
+  Index index() const { return instance; }
+  void addNamesake(const std::string &name) {
+    namesake = siblingKey(around, name);
+    contents.namesakes.insert(namesake);
+  }
+  void complete() { isComplete = true; }
+
+private:
+  void takeBack() {
+    ConnectionGraph &graph = contents.graph;
+    graph.instances.resize(instance);
+    graph.ports.resize(ports);
+    if (around != noIndex)
+      graph.instances[around].hasInside = hadInside;
+    contents.instances.resize(instance);
+    const auto named = contents.firstByName.find(key);
+    if (named != contents.firstByName.end() && named->second == instance)
+      contents.firstByName.erase(named);
+    contents.namesakes.erase(namesake);
+    const auto typed = contents.byTypeName.find(typeName);
+    if (typed != contents.byTypeName.end())
+      dropLast(typed->second);
+    dropLast(contents.processors);
+    dropLast(contents.debugModules);
+  }
+  void dropLast(std::vector<Index> &listed) const {
+    if (!listed.empty() && listed.back() == instance)
+      listed.pop_back();
+  }
+
+  DesignContents &contents;
+  const std::string &key;
+  Index around;
+  const std::string &typeName;
+  std::size_t ports;
+  bool hadInside;
+  Index instance;
+  std::string namesake; ///< Empty unless another has the full name.
+  bool isComplete = false;
+};
+
+Index DesignContents::addInstance(const std::string &name,
+                                  const std::string &fullName, Index component,
+                                  Index parent, const DesignOrigin &origin) {
+  Entry entry(*this, fullName, component, parent);
+  const Index instance = entry.index();
+  const DesignComponent &data = graph.components[component].data;
+  instances.push_back({fullName, data.typeName, data.role, {}});
+  byTypeName[data.typeName].push_back(instance);
+  if (data.role == DesignRole::processor)
+    processors.push_back(instance);
+  if (data.role == DesignRole::debugModule)
+    debugModules.push_back(instance);
+  if (!firstByName.emplace(fullName, instance).second) {
+    entry.addNamesake(name);
+    report(Severity::warning, origin, origin.line,
+           "two instances read " + quote(fullName) +
+               ", as a name in one of them holds a dot; the name means the "
+               "first");
+  }
+  entry.complete();
+  return instance;
+}
+
+void DesignContents::appendNames(const std::vector<Index> &listed,
+                                 std::vector<std::string> &names) const {
+  std::vector<std::string> found;
+  found.reserve(listed.size());
+  for (const Index instance : listed)
+    found.push_back(instances[instance].name);
+  makeRoom(names, found.size());
+  std::move(found.begin(), found.end(), std::back_inserter(names));
 }
 
 /// The last part of its full name.

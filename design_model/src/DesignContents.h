@@ -15,6 +15,8 @@
 namespace ZelDebugDialog {
 
 struct DesignContents {
+  class Entry;
+
   ConnectionGraph graph;
   std::vector<DesignInstance> instances; ///< Of the graph, by index.
   DiagnosticList diagnostics;
@@ -35,10 +37,7 @@ struct DesignContents {
   }
 
   void appendNames(const std::vector<Index> &listed,
-                   std::vector<std::string> &names) const {
-    for (const Index instance : listed)
-      names.push_back(instances[instance].name);
-  }
+                   std::vector<std::string> &names) const;
 
   void report(DesignDiagnostic::Severity severity, const DesignOrigin &origin,
               int line, std::string message) {
@@ -48,8 +47,9 @@ struct DesignContents {
   std::string localName(Index instance) const;
   bool isTaken(const std::string &name, const std::string &fullName,
                Index parent) const;
-  void enterName(const std::string &name, const std::string &fullName,
-                 Index instance, const DesignOrigin &origin);
+  /// Adds an instance whose name is not taken.
+  Index addInstance(const std::string &name, const std::string &fullName,
+                    Index component, Index parent, const DesignOrigin &origin);
   Index findEnd(const DesignEnd &end, const DesignConnection &connection,
                 Index within);
   std::string describe(const DesignConnection &connection) const;

@@ -52,17 +52,8 @@ DesignModel::AddInstance(const std::string &name, ComponentId component,
                          " is left out: another has that name");
     return std::nullopt;
   }
-  const Index instance = contents->graph.addInstance(
-      static_cast<Index>(component), toIndex(parent));
-  const DesignComponent &data = contents->graph.componentOf(instance).data;
-  contents->instances.push_back({fullName, data.typeName, data.role, {}});
-  contents->enterName(name, fullName, instance, origin);
-  contents->byTypeName[data.typeName].push_back(instance);
-  if (data.role == DesignRole::processor)
-    contents->processors.push_back(instance);
-  if (data.role == DesignRole::debugModule)
-    contents->debugModules.push_back(instance);
-  return instance;
+  return contents->addInstance(name, fullName, static_cast<Index>(component),
+                               toIndex(parent), origin);
 }
 
 void DesignModel::AddParameter(InstanceId instance, std::string name,

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "Room.h"
+
 namespace ZelDebugDialog {
 namespace {
 
@@ -14,12 +16,14 @@ void DiagnosticList::add(DesignDiagnostic diagnostic) {
     return;
   std::string key = diagnostic.file + ":" + std::to_string(diagnostic.line) +
                     ":" + diagnostic.message;
-  if (!seen.insert(std::move(key)).second)
+  if (seen.count(key) != 0)
     return;
   if (diagnostics.size() == mostDiagnostics)
     diagnostic = {DesignDiagnostic::Severity::note, "", 0,
                   "more than " + std::to_string(mostDiagnostics) +
                       " diagnostics; the rest is left out"};
+  makeRoom(diagnostics, 1);
+  seen.insert(std::move(key));
   diagnostics.push_back(std::move(diagnostic));
 }
 

@@ -151,7 +151,8 @@ public:
   ~DesignModel() override;
 
   // Building. What is refused leaves an error in `Diagnostics`, with the place
-  // that its origin names, and the model as it was.
+  // that its origin names, and the model as it was. So does an exception
+  // (std::bad_alloc), but for remarks that were made before it.
 
   /// Adds a component, of which any number of instances can be made. Names in
   /// `bridgedTo` and `channels` that are none of its interfaces, and a second
@@ -230,7 +231,8 @@ private:
 /// False: the design file, the kinds file or a library folder could not be
 /// read or understood; the reason is the first error among the diagnostics,
 /// with file and line, and the model has no instances. True: the model answers
-/// as well as the files allow, and the diagnostics say what is missing.
+/// as well as the files allow, and the diagnostics say what is missing. An
+/// exception (std::bad_alloc) leaves the model as it was.
 ZELDEBUGDIALOG_DESIGNMODEL_API bool ReadDesign(const DesignSources &sources,
                                                DesignModel &model);
 
