@@ -35,6 +35,7 @@ const Word *findWord(std::string_view text) {
 /// False unless the text has four parts.
 bool splitPattern(const std::string &text, Identity &pattern) {
   std::istringstream parts(text);
+  parts.exceptions(std::ios::badbit); // memory that runs out is not the end
   for (std::string *part : {&pattern.vendor, &pattern.library, &pattern.name})
     if (!std::getline(parts, *part, ':') || parts.eof())
       return false;
@@ -61,6 +62,7 @@ std::string readRow(const std::vector<std::string> &row, Identity &pattern,
 
 std::vector<std::string> splitRow(const std::string &line) {
   std::istringstream text(line.substr(0, line.find('#')));
+  text.exceptions(std::ios::badbit);
   std::vector<std::string> row;
   for (std::string word; text >> word;)
     row.push_back(word);
@@ -85,6 +87,7 @@ bool KindTable::read(const DocumentSource &source, const std::string &file,
     return false;
   }
   std::istringstream lines(text);
+  lines.exceptions(std::ios::badbit);
   bool isGood = true;
   int number = 0;
   for (std::string line; std::getline(lines, line);) {

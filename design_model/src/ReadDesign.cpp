@@ -1,6 +1,7 @@
 #include "ReadDesignFrom.h"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ComponentReader.h"
@@ -60,7 +61,11 @@ bool readDesignFrom(const DocumentSource &documents,
 }
 
 bool ReadDesign(const DesignSources &sources, DesignModel &model) {
-  return readDesignFrom(FileSystemSource(), sources, largestModel, model);
+  DesignModel read;
+  const bool isRead =
+      readDesignFrom(FileSystemSource(), sources, largestModel, read);
+  model = std::move(read);
+  return isRead;
 }
 
 } // namespace ZelDebugDialog

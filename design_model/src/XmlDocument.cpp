@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 #include <utility>
 
 #include "Utf8.h"
@@ -56,6 +57,9 @@ bool XmlDocument::parse(std::string documentText) {
   const pugi::xml_parse_result result = document.load_buffer_inplace(
       text.data(), text.size(), pugi::parse_default | pugi::parse_doctype,
       pugi::encoding_utf8);
+  // No fault of the text.
+  if (result.status == pugi::status_out_of_memory)
+    throw std::bad_alloc();
   if (!result)
     return refuse(
         std::string("it is not XML: ") + result.description(),
