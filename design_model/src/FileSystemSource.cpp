@@ -1,8 +1,14 @@
+#include <dirent.h>
+
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
+#include <memory>
+#include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "DocumentSource.h"
 
@@ -20,6 +26,31 @@ bool endsInXml(const fs::path &path) {
       extension.begin(), extension.end(), extension.begin(),
       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return extension == ".xml";
+}
+
+/// A folder, not a link to one: links could lead round in a circle.
+bool isOwnFolder(const fs::path &path) {
+  std::error_code error;
+  return fs::is_directory(fs::symlink_status(path, error));
+}
+
+/// What is in a folder; nothing, where it may not be read. By the system's own
+/// calls: the standard library's iterator ends the program when memory runs
+/// out.
+std::error_code listFolder(const fs::path &folder,
+                           std::vector<fs::path> &entries) {
+  const std::unique_ptr<DIR, int (*)(DIR *)> open(opendir(folder.c_str()),
+                                                  closedir);
+  if (open == nullptr)
+    return {errno == EACCES ? 0 : errno, std::generic_category()};
+  errno = 0;
+  while (const dirent *const entry = readdir(open.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..")
+      entries.push_back(folder / name);
+    errno = 0;
+  }
+  return {errno, std::generic_category()};
 }
 
 } // namespace
@@ -55,14 +86,19 @@ std::string FileSystemSource::read(const std::string &path, std::size_t most,
 
 std::string FileSystemSource::list(const std::string &folder,
                                    std::vector<std::string> &files) const {
-  std::error_code error;
-  fs::recursive_directory_iterator entry(
-      folder, fs::directory_options::skip_permission_denied, error);
-  for (; !error && entry != fs::recursive_directory_iterator();
-       entry.increment(error))
-    if (endsInXml(entry->path()) && kindOf(entry->path()) == Kind::file)
-      files.push_back(entry->path().lexically_normal().string());
-  return error ? "it can not be searched: " + error.message() : "";
+  std::vector<fs::path> pending{folder};
+  while (!pending.empty()) {
+    std::vector<fs::path> entries;
+    if (const std::error_code error = listFolder(pending.back(), entries))
+      return "it can not be searched: " + error.message();
+    pending.pop_back();
+    for (fs::path &entry : entries)
+      if (endsInXml(entry) && kindOf(entry) == Kind::file)
+        files.push_back(entry.lexically_normal().string());
+      else if (isOwnFolder(entry))
+        pending.push_back(std::move(entry));
+  }
+  return "";
 }
 
 std::string FileSystemSource::identify(const std::string &path) const {
