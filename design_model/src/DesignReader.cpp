@@ -153,6 +153,7 @@ public:
     auto configuration = std::make_unique<ConfigurationRecord>();
     configuration->identity = readIdentity(root);
     configuration->file = file;
+    configuration->line = lineOf(root);
     const pugi::xml_node design = findChild(root, "designRef");
     if (!design.empty())
       configuration->design = readReferenceRecord(design);

@@ -114,6 +114,7 @@ struct ConfigurationRecord {
   std::optional<ReferenceRecord> design;
   /// By the name of the instance.
   std::unordered_map<std::string, ViewSelection> views;
+  int line = 0;
 };
 
 } // namespace ZelDebugDialog

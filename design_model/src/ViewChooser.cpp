@@ -61,8 +61,8 @@ void ViewChooser::followConfiguration(const ComponentRecord &component,
                   "design configuration " + quote(toText(reference.identity)) +
                       " is not found");
   const auto &design = configuration->design;
-  if (inner.reference == nullptr && design)
-    inner.design = findDesign(configuration->file, *design);
+  if (inner.reference == nullptr)
+    inner.design = findDesignOf(*configuration);
   if (inner.reference != nullptr && design &&
       !(design->identity == inner.reference->identity))
     return report(Severity::warning, configuration->file, design->line,
@@ -87,9 +87,17 @@ void ViewChooser::followHierarchy(const ComponentRecord &component,
     return report(Severity::error, fileOf(component), reference.line,
                   "there is neither a design nor a design configuration " +
                       quote(toText(reference.identity)));
-  const auto &design = inner.configuration->design;
-  if (design)
-    inner.design = findDesign(inner.configuration->file, *design);
+  inner.design = findDesignOf(*inner.configuration);
+}
+
+const DesignRecord *
+ViewChooser::findDesignOf(const ConfigurationRecord &configuration) {
+  if (configuration.design)
+    return findDesign(configuration.file, *configuration.design);
+  report(Severity::error, configuration.file, configuration.line,
+         "design configuration " + quote(toText(configuration.identity)) +
+             " names no design");
+  return nullptr;
 }
 
 const DesignRecord *ViewChooser::findDesign(const std::string &file,

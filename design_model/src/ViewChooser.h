@@ -43,6 +43,7 @@ private:
                            InnerDesign &inner);
   void followHierarchy(const ComponentRecord &component,
                        const ReferenceRecord &reference, InnerDesign &inner);
+  const DesignRecord *findDesignOf(const ConfigurationRecord &configuration);
   const DesignRecord *findDesign(const std::string &file,
                                  const ReferenceRecord &reference);
   void report(DesignDiagnostic::Severity severity, const std::string &file,

@@ -161,6 +161,32 @@ TEST(Views, MayBeConfiguredBadly) {
                           "not found"));
 }
 
+TEST(Views, MayBeConfiguredForNoDesign) {
+  const std::string empty = document("designConfiguration", "c", "");
+  const Files top = {{"top.xml", topOf("", "c")}, {"c.xml", empty}};
+  const Reading onTop = readFiles(top);
+  EXPECT_FALSE(onTop.isRead);
+  EXPECT_THAT(onTop.diagnostics(),
+              ElementsAre("error c.xml:1: design configuration 'x:y:c:1' names "
+                          "no design"));
+  const Reading oldForm = readFiles(
+      {{"c.xml", empty},
+       {"top.xml", document("component", "top",
+                            "<model><views><view><name>v</name><hierarchyRef " +
+                                vlnv("c") + "/></view></views></model>")}});
+  EXPECT_FALSE(oldForm.isRead);
+  EXPECT_EQ(oldForm.diagnostics(), onTop.diagnostics());
+  const Reading inside = readFiles(
+      {{"c.xml", empty},
+       {"box.xml", document("component", "box",
+                            "<model><views><view><name>v</name><hierarchyRef " +
+                                vlnv("c") + "/></view></views></model>")},
+       {"top.xml", design("top", instance("a", "box"))}});
+  EXPECT_TRUE(inside.isRead);
+  EXPECT_THAT(inside.instances(), ElementsAre("a"));
+  EXPECT_EQ(inside.diagnostics(), onTop.diagnostics());
+}
+
 TEST(Views, OnTopHaveToLeadToADesign) {
   const Files files = {{"top.xml", box}};
   MemorySource memory;
