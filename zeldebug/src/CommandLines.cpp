@@ -1,10 +1,10 @@
 #include "CommandLines.h"
 
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <system_error>
 
 #include <fmt/format.h>
 
@@ -34,8 +34,9 @@ std::vector<CommandLineOfFile> expectCommandLines(const std::string &file) {
                   fmt::format("{}: is a folder, no file", file));
   std::ifstream stream(file, std::ios::binary);
   if (!stream)
-    throw Failure(ExitStatus::unreadable,
-                  fmt::format("{}: {}", file, std::strerror(errno)));
+    throw Failure(
+        ExitStatus::unreadable,
+        fmt::format("{}: {}", file, std::generic_category().message(errno)));
   return linesOf(stream);
 }
 

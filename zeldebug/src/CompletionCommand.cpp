@@ -85,6 +85,7 @@ ExitStatus run(const std::string &name, Output &output) {
 
 std::vector<std::string> completionShells() {
   std::vector<std::string> names;
+  names.reserve(shells.size());
   for (const Shell &shell : shells)
     names.emplace_back(shell.name);
   return names;

@@ -96,7 +96,7 @@ void printTables(DesignModel &design, Session &session, Output &output) {
   for (const auto &instance : design.Instances()) {
     std::vector<std::string> parameters;
     for (const auto &[name, value] : instance.parameters)
-      parameters.push_back(name + "=" + value);
+      parameters.push_back(fmt::format("{}={}", name, value));
     instances.addRow({instance.name, instance.typeName,
                       session.state->ClassifyMemory(instance.typeName),
                       joined(parameters)});

@@ -99,6 +99,7 @@ std::string whyNotDebuggable(DesignModel &design,
                        "processors of type '{}' need one",
                        type);
   std::vector<std::string> shown;
+  shown.reserve(modules.size());
   for (const std::string &module : modules)
     shown.push_back(
         fmt::format("{} of type '{}'", module, design.getIpName(module)));

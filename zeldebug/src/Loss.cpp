@@ -1,6 +1,7 @@
 #include "Loss.h"
 
 #include <algorithm>
+#include <array>
 
 #include <fmt/format.h>
 
@@ -58,7 +59,7 @@ bool hasQuorlaCable(const Configuration &c) {
          c.cable.cableType == Engine::QUORLA_PODUSB;
 }
 
-bool always(const Configuration &) { return true; }
+bool always(const Configuration & /*any*/) { return true; }
 bool noCableUsed(const Configuration &c) { return !usesCable(c); }
 bool noSerialStub(const Configuration &c) { return !isSerialStub(c); }
 bool noStub(const Configuration &c) { return !isStub(c); }
@@ -141,7 +142,7 @@ constexpr const char *noWriter = "no command can be written that carries it";
 // clang-format off
 
 /// What the language cannot carry; the first rule that holds explains a field.
-constexpr Rule rules[] = {
+constexpr std::array<Rule, 61> rules{{
     {"procFamily", isArm, "an ARM processor is written as the target 'ppc'", ""},
     {"procType", isArm, "an ARM processor is written as the target 'ppc'", ""},
     {"connectionMask", isModule, "the target is written as a processor", ""},
@@ -203,16 +204,16 @@ constexpr Rule rules[] = {
     {"vpConfigMode", noVirtualPlatform, otherKind, "connectionType"},
     {"cycleApproximate", noVirtualPlatform, otherKind, "connectionType"},
     {"cycleApproximate", noConfigMode, "it is written with the configuration mode only", ""},
-};
+}};
 
 /// What is written in a form that the reader refuses.
-constexpr Rule blockers[] = {
+constexpr std::array<Rule, 5> blockers{{
     {"connectionType", kindNotAllowed, "the processor does not allow this kind of connection", ""},
     {"cpuJtag", cpuJtagWritten, "it is written as '-configdevice jtagpin cpujtag', which no reader accepts", ""},
     {"simIpcHost", hasPlatformHost, "host and port are written as one word, '-ipcportHOSTPORT', which no reader accepts", ""},
     {"cable.moduleName", lacksModule, "a plug-in cable needs a module", ""},
     {"cable.frequency", refusedAtTheEnd, "it is none of the cable's frequencies, and the cable clause that ends a command is checked", ""},
-};
+}};
 // clang-format on
 
 bool matches(std::string_view pattern, std::string_view name) {
@@ -249,7 +250,7 @@ std::string wordProblem(const Setting &setting) {
   std::size_t start = 0;
   for (;;) {
     const std::size_t end = text.find(';', start);
-    const std::string problem = whyNoWord(text.substr(start, end - start));
+    std::string problem = whyNoWord(text.substr(start, end - start));
     if (!problem.empty() || end == std::string::npos)
       return problem;
     start = end + 1;

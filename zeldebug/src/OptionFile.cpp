@@ -1,8 +1,8 @@
 #include "OptionFile.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fstream>
+#include <system_error>
 
 namespace zeldebug {
 
@@ -29,7 +29,7 @@ CommandFile readCommandFile(const fs::path &file) {
   }
   std::ifstream stream(file, std::ios::binary);
   if (!stream) {
-    found.problem = std::strerror(errno);
+    found.problem = std::generic_category().message(errno);
     return found;
   }
   int line = 0;

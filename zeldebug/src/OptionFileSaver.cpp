@@ -1,9 +1,9 @@
 #include "OptionFileSaver.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 #include <fcntl.h>
 #include <fmt/format.h>
@@ -66,7 +66,7 @@ OptionFileSaver::OptionFileSaver(Session &session, const fs::path &folder)
            "a limit on the size of files");
   const int problem = flush(written);
   if (problem != 0)
-    refuse(folder, std::strerror(problem));
+    refuse(folder, std::generic_category().message(problem));
 }
 
 ReadBack OptionFileSaver::readBack(HHSMHwManager *design) const {

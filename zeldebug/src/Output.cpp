@@ -2,7 +2,7 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
+#include <system_error>
 
 #include <fmt/format.h>
 #include <unistd.h>
@@ -107,7 +107,8 @@ ExitStatus Output::finish(ExitStatus status) {
   const int problem = writeAll(STDOUT_FILENO, result);
   if (problem == 0 || problem == EPIPE)
     return status;
-  error(fmt::format("standard output: {}", std::strerror(problem)));
+  error(fmt::format("standard output: {}",
+                    std::generic_category().message(problem)));
   return status == ExitStatus::done ? ExitStatus::refused : status;
 }
 
