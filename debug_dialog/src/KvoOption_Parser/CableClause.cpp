@@ -7,6 +7,10 @@
 #include <string>
 #include <string_view>
 
+#include <boost/algorithm/string/find_iterator.hpp>
+#include <boost/algorithm/string/finder.hpp>
+#include <boost/range/iterator_range.hpp>
+
 #include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
@@ -184,14 +188,14 @@ void writePluginCable(std::string &out, const CableOption &cable) {
   writeParameter(out, joined<moduleWord>, cable.moduleName);
   if (cable.moduleArgs.empty())
     return;
-  std::string_view rest = cable.moduleArgs;
-  for (;;) {
-    const std::size_t end = rest.find(argumentSeparator);
-    writeParameter(out, joined<argumentWord>, rest.substr(0, end));
-    if (end == std::string_view::npos)
-      return;
-    rest.remove_prefix(end + 1);
-  }
+  const auto separator = boost::algorithm::token_finder(
+      [](char character) { return character == argumentSeparator; });
+  // One at a time: a list takes 32 bytes for each separator.
+  for (auto argument =
+           boost::algorithm::make_split_iterator(cable.moduleArgs, separator);
+       !argument.eof(); ++argument)
+    writeParameter(out, joined<argumentWord>,
+                   boost::copy_range<std::string>(*argument));
 }
 
 void describeCable(CommandOption &option) {
