@@ -54,11 +54,10 @@ public:
 
 private:
   void takeBack() {
-    ConnectionGraph &graph = contents.graph;
-    graph.instances.resize(instance);
-    graph.ports.resize(ports);
+    contents.graph.instances.resize(instance);
+    contents.graph.ports.resize(ports);
     if (around != noIndex)
-      graph.instances[around].hasInside = hadInside;
+      contents.graph.instances[around].hasInside = hadInside;
     contents.instances.resize(instance);
     const auto named = contents.firstByName.find(key);
     if (named != contents.firstByName.end() && named->second == instance)
