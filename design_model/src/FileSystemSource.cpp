@@ -44,6 +44,7 @@ std::error_code listFolder(const fs::path &folder,
   if (open == nullptr)
     return {errno == EACCES ? 0 : errno, std::generic_category()};
   errno = 0;
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody else reads from this one.
   while (const dirent *const entry = readdir(open.get())) {
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..")
