@@ -60,7 +60,7 @@ private:
 };
 
 TEST(Threads, ShareOneLockAroundTheirEngines) {
-  constexpr int times = 500;
+  constexpr int times = 200;
   const std::vector<std::string> names{
       "first", "second-and-longer-than-a-string-keeps-inside"};
   std::vector<int> succeeded(names.size());
