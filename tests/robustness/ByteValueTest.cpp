@@ -24,6 +24,12 @@ struct Place {
   CommandValue value;
 };
 
+#ifdef LESS_OF_ALL
+constexpr int step = 5; // meets every class of characters
+#else
+constexpr int step = 1;
+#endif
+
 /// What has to stand before the options of a set.
 const std::map<std::string, std::string> leads = {
     {"processor", "connect lc hdu"},
@@ -116,7 +122,7 @@ TEST(ByteValue, StandsInEachValue) {
   const std::vector<Place> all = places();
   EXPECT_GT(all.size(), 60U);
   for (const Place &place : all)
-    for (int byte = 0; byte < 256; ++byte)
+    for (int byte = 0; byte < 256; byte += step)
       expectByte(place, static_cast<char>(byte));
 }
 
@@ -125,7 +131,7 @@ TEST(ByteValue, StandsAlone) {
   for (const Place &place : places()) {
     if (place.value.conversion != ValueConversion::text)
       continue;
-    for (int number = 0; number < 256; ++number) {
+    for (int number = 0; number < 256; number += step) {
       const std::string byte(1, static_cast<char>(number));
       const bool isSpace =
           std::string(" \t\n\v\f\r").find(byte) != std::string::npos &&
