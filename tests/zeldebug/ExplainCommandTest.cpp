@@ -107,5 +107,87 @@ TEST_F(ExplainCommandTest, ChangingAValueChangesItsField) {
   }
 }
 
+/// For each value of a command another one: it changes the setting that the
+/// word is said to change, and nothing else.
+TEST_F(ExplainCommandTest, EveryValueOfACommandIsTheOneOfItsSetting) {
+  const struct {
+    std::string command;
+    std::vector<std::string> others;
+  } rows[] = {
+      {"connect lc hdu -cable type quorla_podusb port USB22 frequency 3000000 "
+       "-configdevice devicenr 1 partname p irlength 6 idcode 0x12 "
+       "-configdevice devicenr 2 partname q irlength 4 idcode 0 -bscan USER1 "
+       "-debugdevice deviceNr 2 cpunr 1 romemStartAdr 0x100 romemSize 16",
+       {"quorla_parallel4", "USB23", "1500000", "3", "P", "7", "0x13", "-2",
+        "qq", "5", "1", "USER2", "3", "2", "0x101", "17"}},
+      {"connect ppc hw -cable type quorla_plugin modulename m modulearg a "
+       "modulearg b -debugdevice cpunr 1 isocmStartAdr 0x1 isocmSize 2 "
+       "isocmDcrStartAdr 0x3 dcacheStartAdr 0x10000 tlbStartAdr 0x20000 "
+       "fpuType sp",
+       {"digilent_plugin", "n", "A", "c", "2", "0x2", "3", "0x4", "0x30000",
+        "0x40000", "dp"}},
+      {"connect lc stub -comm serial -port /dev/ttyS1 -baud 9600 -timeout 5",
+       {"jtag", "/dev/ttyS2", "19200", "6"}},
+      {"connect ppc sim -icf a.cfg", {"b.cfg"}},
+      {"connect lc hdu -sim -configdevice partname p", {"q"}},
+  };
+  for (const auto &row : rows) {
+    const json words = runJson({"explain", row.command})["words"];
+    std::size_t next = 0;
+    for (const json &word : words) {
+      if (word["role"] != "value")
+        continue;
+      ASSERT_LT(next, row.others.size()) << word;
+      std::string changed = row.command;
+      changed.replace(word["offset"].get<std::size_t>(),
+                      word["length"].get<std::size_t>(), row.others[next++]);
+      const json differences =
+          runJson({"diff", row.command, changed})["differences"];
+      ASSERT_EQ(differences.size(), 1U) << changed;
+      EXPECT_EQ(differences[0]["name"], word["field"]) << changed;
+      const bool isJoined = word["field"] == "cable.moduleArgs";
+      EXPECT_TRUE(isJoined || differences[0]["before"] == word["value"])
+          << changed;
+    }
+    EXPECT_EQ(next, row.others.size());
+  }
+}
+
+/// Values that later words overwrite are told, as they were for a while.
+TEST_F(ExplainCommandTest, TellsWhatIsOverwritten) {
+  const json words = runJson(
+      {"explain",
+       "connect lc hdu -cable port A type quorla_plugin type "
+       "quorla_podusb modulearg a modulearg b -debugdevice devicenr "
+       "1 devicenr 200 -configdevice idcode 1 idcode 0x2 "
+       "-configdevice idcode 3 -sim -ipcport h:1 -ipcport g:2"})["words"];
+  const auto changesOf = [&words](const std::string &text) {
+    for (const json &word : words)
+      if (word["text"] == text && word["role"] == "value")
+        return word["changes"];
+    return json();
+  };
+  const auto change = [](const char *name, const json &value) {
+    return json({{"name", name}, {"value", value}});
+  };
+  EXPECT_EQ(changesOf("A"), json::array({change("cable.port", "A")}));
+  EXPECT_EQ(
+      changesOf("quorla_plugin"),
+      json::array({change("cable.cableType", 5), change("cable.port", "A")}));
+  EXPECT_EQ(changesOf("quorla_podusb"),
+            json::array(
+                {change("cable.cableType", 3), change("cable.port", "USB21")}));
+  EXPECT_EQ(changesOf("a"), json::array({change("cable.moduleArgs", "a")}));
+  EXPECT_EQ(changesOf("b"), json::array({change("cable.moduleArgs", "a;b")}));
+  EXPECT_EQ(changesOf("1"), json::array({change("debugDevice", 1)}));
+  EXPECT_EQ(changesOf("200"), json::array({change("debugDevice", -56)}));
+  EXPECT_EQ(changesOf("0x2"), json::array({change("chain[0].idcode", 2)}));
+  EXPECT_EQ(changesOf("3"), json::array({change("chain[1].idcode", 3)}));
+  EXPECT_EQ(changesOf("h:1"), json::array({change("modelSimHost", "h"),
+                                           change("modelSimPort", 1)}));
+  EXPECT_EQ(changesOf("g:2"), json::array({change("modelSimHost", "g"),
+                                           change("modelSimPort", 2)}));
+}
+
 } // namespace
 } // namespace tool

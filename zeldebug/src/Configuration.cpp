@@ -1,6 +1,7 @@
 #include "Configuration.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include <fmt/format.h>
 
@@ -58,6 +59,15 @@ std::vector<Setting> fixedSettingsOf(const Configuration &configuration) {
   return settings;
 }
 
+template <class Record>
+Setting settingIn(const Record &record, const FieldTable<Record> &fields,
+                  std::string_view field, const std::string &name) {
+  for (const Field<Record> &known : fields)
+    if (known.name == field)
+      return {name, known.kind, valueOf(record, known)};
+  return {name, FieldKind::text, Json()};
+}
+
 } // namespace
 
 Configuration configurationOf(const EngineImp &state) {
@@ -97,6 +107,23 @@ std::vector<Setting> settingsOf(const Configuration &configuration) {
     appendSettings(settings, deviceName(i) + ".", configuration.chain[i],
                    chainFields());
   return settings;
+}
+
+Setting settingNamed(const Configuration &configuration,
+                     const std::string &name) {
+  if (name == "cpuJtag")
+    return {name, FieldKind::number, configuration.cpuJtag};
+  const std::size_t dot = name.find('.');
+  if (dot == std::string::npos)
+    return settingIn(configuration.record, processorFields(), name, name);
+  const std::string_view field = std::string_view(name).substr(dot + 1);
+  if (name.compare(0, dot, "cable") == 0)
+    return settingIn(configuration.cable, cableFields(), field, name);
+  const std::size_t position = std::stoul(name.substr(name.find('[') + 1));
+  return position < configuration.chain.size()
+             ? settingIn(configuration.chain[position], chainFields(), field,
+                         name)
+             : Setting{name, FieldKind::text, Json()};
 }
 
 std::vector<Difference> differencesBetween(const Configuration &before,

@@ -43,6 +43,11 @@ struct Setting {
 /// Every setting, in the order of the records; the command text is none.
 std::vector<Setting> settingsOf(const Configuration &configuration);
 
+/// One of them by its name; its value is null for a chain device that is not
+/// there.
+Setting settingNamed(const Configuration &configuration,
+                     const std::string &name);
+
 /// A setting that two configurations do not share. A chain device that only one
 /// of them has stands for itself, with null on the other side.
 struct Difference {

@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
+#include <utility>
+
+#include <ZelDebugDialog/CommandTables.h>
+#include <strings.h>
 
 namespace zeldebug {
 
@@ -37,17 +41,94 @@ Configuration tracedConfiguration(const std::string &text,
   return configurationOf(*session.state);
 }
 
-Setting settingNamed(const Configuration &configuration,
-                     const std::string &name) {
-  for (const Setting &setting : settingsOf(configuration))
-    if (setting.name == name)
-      return setting;
-  return {name, FieldKind::text, Json()};
+/// Whether an option leads to options of another set, up to the end.
+bool opensOptionSet(const std::string &word) {
+  static const std::vector<std::string> keywords = [] {
+    std::vector<std::string> found;
+    for (const auto &set : ZelDebugDialog::GetCommandTables().optionSets)
+      for (const ZelDebugDialog::CommandOption &option : set.options)
+        if (!option.optionSet.empty())
+          found.push_back(option.keyword);
+    return found;
+  }();
+  return std::any_of(keywords.begin(), keywords.end(),
+                     [&word](const std::string &keyword) {
+                       return strcasecmp(keyword.c_str(), word.c_str()) == 0;
+                     });
 }
 
-bool changes(const CommandWord &word, const std::string &field) {
-  return std::find(word.fields.begin(), word.fields.end(), field) !=
-         word.fields.end();
+/// Reads the words of a command again, one after the other, into one state:
+/// each with no more of the command than it takes to know what the word is for,
+/// so that a long command takes no longer than its words.
+class Replay {
+public:
+  Replay() : session(nullptr) { session.startRecord(); }
+
+  /// The settings of a word, with the values that it gives them.
+  std::vector<Setting> take(const CommandWord &word, const std::string &text);
+
+private:
+  std::string pieceWith(const CommandWord &word, const std::string &text);
+  std::vector<Setting> read(const std::string &piece,
+                            const std::vector<std::string> &fields);
+
+  Session session;
+  std::string front;  ///< up to the option set
+  std::string option; ///< of the clause
+  std::string name;   ///< in front of the value
+};
+
+std::vector<Setting> Replay::take(const CommandWord &word,
+                                  const std::string &text) {
+  const std::string piece = pieceWith(word, text);
+  return word.fields.empty() ? std::vector<Setting>()
+                             : read(piece, word.fields);
+}
+
+/// Puts the word in its place, and what is needed of the command around it.
+std::string Replay::pieceWith(const CommandWord &word,
+                              const std::string &text) {
+  switch (word.role) {
+  case WordRole::head:
+  case WordRole::target:
+  case WordRole::connection:
+    front += text + ' ';
+    return front;
+  case WordRole::option:
+    option = text + ' ';
+    name.clear();
+    if (!opensOptionSet(text))
+      return front + option;
+    front += option;
+    option.clear();
+    return front;
+  case WordRole::name:
+    name = text + ' ';
+    break;
+  default:
+    break;
+  }
+  return front + option + name + text;
+}
+
+std::vector<Setting> Replay::read(const std::string &piece,
+                                  const std::vector<std::string> &fields) {
+  // At the end of a command a clause would be finished: not here.
+  static const std::string nextOption = " -next";
+  CommandTrace ignored;
+  traceInto(session, piece + nextOption, AfterFault::goOn, ignored);
+  const Configuration now = configurationOf(*session.state);
+  ReleaseChainRecords(session.state->jtagChain);
+  std::vector<Setting> settings;
+  for (const std::string &field : fields) {
+    // Each device is the first one here.
+    const bool ofChain = field.compare(0, 6, "chain[") == 0;
+    const std::string here =
+        ofChain ? "chain[0]" + field.substr(field.find('.')) : field;
+    settings.push_back(settingNamed(now, here));
+    settings.back().name = field;
+  }
+  return settings;
 }
 
 } // namespace
@@ -67,18 +148,34 @@ TracedCommand::TracedCommand(std::string text, AfterFault afterFault)
   Session plain(nullptr);
   plainReading = plain.readCommand(command);
   final = tracedConfiguration(command, afterFault, read);
+  for (const ZelDebugDialog::CommandFault &fault : read.faults)
+    atFault.insert(fault.word);
+  std::size_t changes = 0;
+  for (std::size_t i = 0; i < read.words.size(); ++i)
+    for (const std::string &field : read.words[i].fields) {
+      lastWords[field] = i;
+      ++changes;
+    }
+  if (changes > lastWords.size())
+    replayOverwritten();
+}
+
+void TracedCommand::replayOverwritten() {
+  Replay replay;
+  for (std::size_t i = 0; i < read.words.size(); ++i) {
+    const CommandWord &word = read.words[i];
+    std::vector<Setting> settings = replay.take(word, wordText(i));
+    const bool isOverwritten = std::any_of(
+        word.fields.begin(), word.fields.end(),
+        [this, i](const std::string &field) { return !isLastFor(field, i); });
+    if (isOverwritten)
+      overwritten[i] = std::move(settings);
+  }
 }
 
 std::string TracedCommand::wordText(std::size_t word) const {
   const CommandWord &found = read.words.at(word);
   return command.substr(found.offset, found.length);
-}
-
-bool TracedCommand::isAtFault(std::size_t word) const {
-  return std::any_of(read.faults.begin(), read.faults.end(),
-                     [word](const ZelDebugDialog::CommandFault &fault) {
-                       return fault.word == word;
-                     });
 }
 
 /// Some values are stored before they are refused, others are not.
@@ -100,29 +197,18 @@ TracedCommand::changesOfRefused(const CommandWord &word) const {
 
 bool TracedCommand::isLastFor(const std::string &field,
                               std::size_t word) const {
-  return std::none_of(
-      read.words.begin() + static_cast<std::ptrdiff_t>(word) + 1,
-      read.words.end(),
-      [&field](const CommandWord &later) { return changes(later, field); });
+  return lastWords.at(field) == word;
 }
 
 std::vector<Setting> TracedCommand::changesOf(std::size_t word) const {
   const CommandWord &found = read.words.at(word);
-  std::vector<Setting> settings;
   if (isAtFault(word))
     return changesOfRefused(found);
-  for (const std::string &field : found.fields) {
-    if (isLastFor(field, word)) {
-      settings.push_back(settingNamed(final, field));
-      continue;
-    }
-    // A later word overwrites it: the command up to here tells what it was.
-    CommandTrace ignored;
-    settings.push_back(settingNamed(
-        tracedConfiguration(command.substr(0, found.offset + found.length),
-                            AfterFault::goOn, ignored),
-        field));
-  }
+  std::vector<Setting> settings;
+  for (std::size_t i = 0; i < found.fields.size(); ++i)
+    settings.push_back(isLastFor(found.fields[i], word)
+                           ? settingNamed(final, found.fields[i])
+                           : overwritten.at(word)[i]);
   return settings;
 }
 

@@ -2,6 +2,8 @@
 #ifndef ZELDEBUG_TRACEDCOMMAND_H
 #define ZELDEBUG_TRACEDCOMMAND_H
 
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -23,20 +25,25 @@ public:
   const Configuration &configuration() const { return final; }
 
   std::string wordText(std::size_t word) const;
+  bool isAtFault(std::size_t word) const { return atFault.count(word) != 0; }
   /// The settings that a word changes, with the values that it gives them; null
   /// for one that was dropped with its clause.
   std::vector<Setting> changesOf(std::size_t word) const;
 
 private:
-  bool isAtFault(std::size_t word) const;
   std::vector<Setting>
   changesOfRefused(const ZelDebugDialog::CommandWord &word) const;
   bool isLastFor(const std::string &field, std::size_t word) const;
+  void replayOverwritten();
 
   std::string command;
   ZelDebugDialog::CommandTrace read;
   Reading plainReading;
   Configuration final;
+  std::set<std::size_t> atFault;
+  std::map<std::string, std::size_t> lastWords; ///< setting → its last word
+  /// What words gave to settings that later words overwrite.
+  std::map<std::size_t, std::vector<Setting>> overwritten;
 };
 
 /// The trace of a command in a session whose processor is selected.
