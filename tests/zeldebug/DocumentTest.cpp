@@ -53,9 +53,13 @@ TEST_F(DocumentTest, EveryExamplePrintsWhatThePageSays) {
   fs::create_directory_symlink(source, "examples");
   const std::vector<Example> examples = examplesOf(ZELDEBUG_DOCUMENT);
   EXPECT_GT(examples.size(), 15U);
-  for (const Example &example : examples)
-    EXPECT_EQ(outputOf(example.command), example.output)
+  for (const Example &example : examples) {
+    const std::string output = outputOf(example.command);
+    EXPECT_EQ(output, example.output)
         << "line " << example.line << ": " << example.command;
+    if (example.command.find(" --json") != std::string::npos)
+      keepDocument(output);
+  }
 }
 
 } // namespace

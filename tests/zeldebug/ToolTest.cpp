@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <memory>
 #include <stdexcept>
 #include <system_error>
 
@@ -17,6 +20,8 @@
 #include <unistd.h>
 
 #include <linux/capability.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
 
 namespace tool {
 
@@ -63,6 +68,19 @@ void drain(int out, std::string &outText, int err, std::string &errText) {
   }
 }
 
+/// The system call kills the process, which gets no chance to clean up.
+void makeFatal(long call) {
+  sock_filter steps[] = {
+      BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+      BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<__u32>(call), 0, 1),
+      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_KILL_PROCESS),
+      BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+  };
+  const sock_fprog filter{static_cast<unsigned short>(std::size(steps)), steps};
+  prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0);
+  prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter);
+}
+
 /// In the child: everything but the program itself.
 void prepare(const Surroundings &surroundings, int in, int out, int err) {
   dup2(in, STDIN_FILENO);
@@ -79,6 +97,8 @@ void prepare(const Surroundings &surroundings, int in, int out, int err) {
   }
   setenv("LC_ALL", "C", 1);
   unsetenv("NO_COLOR");
+  if (surroundings.fatalCall >= 0)
+    makeFatal(surroundings.fatalCall);
 }
 
 [[noreturn]] void execute(const std::vector<std::string> &arguments) {
@@ -138,18 +158,29 @@ SchemaCheck &schemaCheck() {
 // Registered before the tests start.
 [[maybe_unused]] const SchemaCheck &registered = schemaCheck();
 
-} // namespace
+/// A run of the program.
+class Child {
+public:
+  Child(const std::vector<std::string> &arguments,
+        const Surroundings &surroundings);
+  bool isRunning() const;
+  /// Waits for its end.
+  Result finish();
 
-Result ToolTest::run(const std::vector<std::string> &arguments,
-                     const Surroundings &surroundings) {
-  Pipe in;
+private:
   Pipe out;
   Pipe err;
+  pid_t process = -1;
+};
+
+Child::Child(const std::vector<std::string> &arguments,
+             const Surroundings &surroundings) {
+  Pipe in;
   const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
   if (surroundings.readerLeaves)
     Pipe::closeEnd(out.reading);
-  const pid_t child = fork();
-  if (child == 0) {
+  process = fork();
+  if (process == 0) {
     prepare(surroundings, in.reading,
             surroundings.fullOutput ? full : out.writing, err.writing);
     execute(arguments);
@@ -160,14 +191,35 @@ Result ToolTest::run(const std::vector<std::string> &arguments,
   // Inputs of tests are shorter than what a pipe holds.
   const ssize_t given =
       write(in.writing, surroundings.input.data(), surroundings.input.size());
-  Pipe::closeEnd(in.writing);
   EXPECT_EQ(given, static_cast<ssize_t>(surroundings.input.size()));
+}
+
+Result Child::finish() {
   Result run{};
   drain(out.reading, run.out, err.reading, run.err);
   int status = 0;
-  waitpid(child, &status, 0);
+  waitpid(process, &status, 0);
   run.status =
       WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+  return run;
+}
+
+bool Child::isRunning() const {
+  siginfo_t info{};
+  waitid(P_PID, static_cast<id_t>(process), &info, WEXITED | WNOHANG | WNOWAIT);
+  return info.si_pid == 0;
+}
+
+} // namespace
+
+Result ToolTest::run(const std::vector<std::string> &arguments,
+                     const Surroundings &surroundings) {
+  Result run = Child(arguments, surroundings).finish();
+  const bool completes = !arguments.empty() && arguments[0] == "complete";
+  const bool isJson = std::find(arguments.begin(), arguments.end(), "--json") !=
+                      arguments.end();
+  if (isJson && !completes && !run.out.empty())
+    keepDocument(run.out);
   return run;
 }
 
@@ -176,8 +228,28 @@ nlohmann::json ToolTest::runJson(std::vector<std::string> arguments,
   arguments.emplace_back("--json");
   const Result run = this->run(arguments);
   EXPECT_EQ(run.status, status) << run.err;
-  schemaCheck().add(run.out);
   return nlohmann::json::parse(run.out);
+}
+
+std::vector<Result>
+ToolTest::runAtOnce(const std::vector<std::vector<std::string>> &lines,
+                    const std::function<void()> &meanwhile) {
+  std::vector<std::unique_ptr<Child>> children;
+  for (const std::vector<std::string> &line : lines)
+    children.push_back(std::make_unique<Child>(line, Surroundings()));
+  const auto isRunning = [](const std::unique_ptr<Child> &child) {
+    return child->isRunning();
+  };
+  while (std::any_of(children.begin(), children.end(), isRunning))
+    meanwhile();
+  std::vector<Result> results;
+  for (const std::unique_ptr<Child> &child : children)
+    results.push_back(child->finish());
+  return results;
+}
+
+void ToolTest::keepDocument(const std::string &text) {
+  schemaCheck().add(text);
 }
 
 std::vector<std::string> ToolTest::etc() const {

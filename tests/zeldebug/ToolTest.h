@@ -6,6 +6,7 @@
 #ifndef TESTS_ZELDEBUG_TOOLTEST_H
 #define TESTS_ZELDEBUG_TOOLTEST_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,7 @@ struct Surroundings {
   bool obeysPermissions = false; ///< also when the tests run as root
   bool readerLeaves = false;     ///< nobody reads standard output
   bool fullOutput = false;       ///< standard output is a full device
+  long fatalCall = -1;           ///< the system call that kills it; -1 for none
   std::string input;             ///< on standard input
 };
 
@@ -35,8 +37,15 @@ class ToolTest : public testing::Test {
 protected:
   Result run(const std::vector<std::string> &arguments,
              const Surroundings &surroundings = {});
-  /// Adds --json; the document must parse, and is kept for the schemas.
+  /// Adds --json; the document must parse.
   nlohmann::json runJson(std::vector<std::string> arguments, int status = 0);
+  /// Starts all lines before it waits for any; calls `meanwhile` again and
+  /// again until the last one ends.
+  std::vector<Result>
+  runAtOnce(const std::vector<std::vector<std::string>> &lines,
+            const std::function<void()> &meanwhile);
+  /// A document that is to be checked against the schemas.
+  static void keepDocument(const std::string &text);
 
   /// An option file below the folder of the test.
   void save(const std::string &processor, const std::string &text) {

@@ -4,7 +4,9 @@
 usage: validate_documents.py SCHEMA_FOLDER DOCUMENT_FOLDER
 
 Every document must pass the schema of its subcommand, and for each schema that
-was met five damaged copies of its fullest document must not.
+was met damaged copies of its fullest document, five at least, must not. The
+schemas themselves say the type of every member, take no others, and tell which
+ones are optional.
 """
 
 import copy
@@ -34,6 +36,33 @@ def load_validators(folder):
         name: jsonschema.Draft202012Validator({**schema, "$defs": definitions})
         for name, schema in schemas.items()
     }
+
+
+TYPES = {"type", "$ref", "const", "enum", "oneOf"}
+
+
+def looseness(schema, place):
+    """What a schema leaves open, a line each."""
+    if isinstance(schema, list):
+        for item in schema:
+            yield from looseness(item, place)
+        return
+    if not isinstance(schema, dict):
+        return
+    closed = schema.get("additionalProperties", True)
+    if "object" in schema.get("type", []) and closed is True:
+        yield f"{place}: takes members that it does not name"
+    if "array" in schema.get("type", []) and "items" not in schema:
+        yield f"{place}: does not say what the list holds"
+    for name, member in schema.get("properties", {}).items():
+        if not TYPES & set(member):
+            yield f"{place}/{name}: has no type"
+        is_required = name in schema.get("required", [])
+        is_optional = member.get("description", "").startswith("Optional")
+        if is_required == is_optional:
+            yield f"{place}/{name}: neither required nor told to be optional"
+    for name, part in schema.items():
+        yield from looseness(part, f"{place}/{name}")
 
 
 def schema_of(document):
@@ -90,12 +119,28 @@ DAMAGES = [
     with_something_more,
     with_another_type,
 ]
+def places_in(value):
+    """The places of docs/round-trip.md that a document points to."""
+    if isinstance(value, list):
+        for item in value:
+            yield from places_in(item)
+    if isinstance(value, dict):
+        if value.get("anchor") is not None:
+            yield value["anchor"]
+        for item in value.values():
+            yield from places_in(item)
+
+
 INNER_DAMAGES = [with_something_more_inside, with_something_less_inside]
 
 
 def main(schema_folder, document_folder):
     validators = load_validators(schema_folder)
+    page = (pathlib.Path(schema_folder).parent / "round-trip.md").read_text()
     faults = []
+    for name, validator in validators.items():
+        validator.check_schema(validator.schema)
+        faults += looseness(validator.schema, name)
     fullest = {}
     for path in sorted(pathlib.Path(document_folder).glob("*.json")):
         text = path.read_text()
@@ -104,6 +149,9 @@ def main(schema_folder, document_folder):
         for error in validators[name].iter_errors(document):
             where = "/".join(str(step) for step in error.path)
             faults.append(f"{name}: {where}: {error.message}\n{text}")
+        for place in places_in(document):
+            if f'<a id="{place}"></a>' not in page:
+                faults.append(f"{name}: docs/round-trip.md has no '{place}'")
         if len(text) > len(fullest.get(name, "")):
             fullest[name] = text
     for name, text in fullest.items():
