@@ -168,6 +168,10 @@ TEST_F(CheckCommandTest, DrawsEachKindOfFault) {
        "[option-as-value]\n"
        "  connect lc sim -memsize -quiet\n"
        "                          ^^^^^^\n"},
+      {"connect ppc sim -debugdevice devicenr 1 -ipcport", 0,
+       "41: warning: '-ipcport' is lost [option-lost]\n"
+       "  connect ppc sim -debugdevice devicenr 1 -ipcport\n"
+       "                                          ^^^^^^^^\n"},
       {"connect lc sim fast", 0,
        "16: warning: 'fast' is ignored [ignored-word]\n"
        "  connect lc sim fast\n"
@@ -242,6 +246,69 @@ TEST_F(CheckCommandTest, ChecksTheLinesOfAFile) {
             3);
 }
 
+TEST_F(CheckCommandTest, DrawsWhatOnlyALineOfAFileCanHave) {
+  const std::string targets = "  accepted: 'lc', 'ppc', 'arm', 'r5'\n";
+  const std::string headsInFiles = "  accepted: 'connect', 'vpconnect'\n";
+  const std::string longest = "connect lc hdu -cable port ";
+  const std::string port(1023 - longest.size(), 'x');
+  const struct {
+    std::string command;
+    std::string picture;
+  } rows[] = {
+      {"kconnect lc hdu",
+       "1: warning: 'kconnect' is not taken in an option file "
+       "[not-in-option-file]\n"
+       "  kconnect lc hdu\n"
+       "  ^^^^^^^^\n" +
+           headsInFilesInFiles + "  did you mean 'connect'?\n"},
+      {"KVPCONNECT lc",
+       "1: warning: 'KVPCONNECT' is not taken in an option file "
+       "[not-in-option-file]\n"
+       "  KVPCONNECT lc\n"
+       "  ^^^^^^^^^^\n" +
+           headsInFilesInFiles + "  did you mean 'vpconnect'?\n"},
+      {"connect hdu", "9: warning: 'hdu' is not taken in an option file "
+                      "[not-in-option-file]\n"
+                      "  connect hdu\n"
+                      "          ^^^\n" +
+                          targets},
+      {"connect dap hw", "9: warning: 'dap' is not taken in an option file "
+                         "[not-in-option-file]\n"
+                         "  connect dap hw\n"
+                         "          ^^^\n" +
+                             targets},
+      {"connect dcc", "9: warning: 'dcc' is not taken in an option file "
+                      "[not-in-option-file]\n"
+                      "  connect dcc\n"
+                      "          ^^^\n" +
+                          targets},
+      {"connect kmtc", "9: warning: 'kmtc' is not taken in an option file "
+                       "[not-in-option-file]\n"
+                       "  connect kmtc\n"
+                       "          ^^^^\n" +
+                           targets},
+      {longest + port, ""},
+      {longest + port + "yz",
+       "1024: warning: the line is longer than what is read of it: 1025 "
+       "characters, of which 1023 are read [long-line]\n"
+       "  " +
+           longest + port + "yz\n" + std::string(1025, ' ') + "^^\n"},
+      {"vpconnect lc", ""},
+      {"connect r5 hw", ""},
+  };
+  for (const auto &row : rows) {
+    folder.write("commands", row.command);
+    const Result run = this->run({"check", "--file", "commands"});
+    EXPECT_EQ(run.status, 0) << row.command;
+    EXPECT_EQ(run.out,
+              (row.picture.empty() ? "" : "commands:1:" + row.picture) +
+                  "1 command checked, 0 refused\n");
+    // As a command it is as good as any.
+    EXPECT_EQ(this->run({"check", row.command}).out,
+              "1 command checked, 0 refused\n");
+  }
+}
+
 TEST_F(CheckCommandTest, AWordMayHoldBytesThatAreNoText) {
   const Result run = this->run({"check", "connect lc \xff\x01"});
   EXPECT_THAT(run.out, HasSubstr("'\\xff\\x01' is no way to connect"));
@@ -257,7 +324,7 @@ TEST_F(CheckCommandTest, WantsCommandsOrAFile) {
 
 TEST_F(CheckCommandTest, EachExampleOfACodeHasThatCode) {
   const json codes = runJson({"explain-code"})["codes"];
-  EXPECT_EQ(codes.size(), 26U);
+  EXPECT_EQ(codes.size(), 27U);
   std::set<std::string> names;
   for (const json &row : codes) {
     names.insert(row["code"].get<std::string>());

@@ -1,6 +1,8 @@
 // What users and their machines do to a program.
+#include <csignal>
 #include <filesystem>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
 #include <gmock/gmock.h>
 
@@ -137,10 +139,69 @@ TEST_F(FaultsTest, AnOptionFileWithBytesThatAreNoText) {
 }
 
 TEST_F(FaultsTest, AnOptionFileThatIsRefused) {
-  save("lumacore_0", "\nkconnect lc hdu\n");
-  expectUnreadable(":2: the command is refused: the engine gives no reason");
+  save("lumacore_0", "\nconect lc hdu\n");
+  expectUnreadable(
+      ":2: the command is refused: column 1: 'conect' is no head word");
   save("lumacore_0", "connect lc hdu -");
   expectUnreadable(":1: the command is refused: column 16: '-' is a lone '-'");
+}
+
+/// What a dialog reads as a command is not all that it reads from a file.
+TEST_F(FaultsTest, AnOptionFileWithWordsThatFilesDoNotTake) {
+  const std::string targets = "'lc', 'ppc', 'arm', 'r5'";
+  const struct {
+    const char *command;
+    std::string problem;
+  } rows[] = {
+      {"kconnect lc hdu",
+       "column 1: 'kconnect' is not taken in an option file; accepted are "
+       "'connect', 'vpconnect'"},
+      {"KVPconnect lc",
+       "column 1: 'KVPconnect' is not taken in an option file; accepted are "
+       "'connect', 'vpconnect'"},
+      {"connect hdu",
+       "column 9: 'hdu' is not taken in an option file; accepted are " +
+           targets},
+      {"connect dap hw",
+       "column 9: 'dap' is not taken in an option file; accepted are " +
+           targets},
+      {"connect  dcc",
+       "column 10: 'dcc' is not taken in an option file; accepted are " +
+           targets},
+      {"connect kmtc -foo",
+       "column 9: 'kmtc' is not taken in an option file; accepted are " +
+           targets},
+  };
+  for (const auto &row : rows) {
+    save("lumacore_0", row.command);
+    expectUnreadable(":1: the command is refused: " + row.problem);
+  }
+}
+
+TEST_F(FaultsTest, ARunThatIsKilled) {
+  const std::string before = "connect lc hdu -debugdevice cpunr 1";
+#ifdef SYS_rename
+  constexpr long renaming = SYS_rename;
+#else
+  constexpr long renaming = SYS_renameat;
+#endif
+  // Before anything is written, before it is read back, before it takes its
+  // place.
+  for (const long call : {long{SYS_flock}, long{SYS_fsync}, renaming}) {
+    save("lumacore_0", before);
+    Surroundings surroundings;
+    surroundings.fatalCall = call;
+    const Result killed = set({"--debug-device", "1"}, surroundings);
+    EXPECT_EQ(killed.status, 128 + SIGSYS) << call;
+    EXPECT_EQ(saved("lumacore_0"), before);
+    EXPECT_EQ(etc().size(), 2U) << "nothing was left behind to clear away";
+    // What it left behind is in nobody's way, and goes with the next run.
+    EXPECT_EQ(this->run({"show", board, "lumacore_0"}).status, 0);
+    EXPECT_EQ(set({"--debug-device", "2"}).status, 0);
+    EXPECT_EQ(saved("lumacore_0"),
+              "connect lc hdu -debugdevice deviceNr 2 cpunr 1");
+    EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
+  }
 }
 
 TEST_F(FaultsTest, NoSpaceLeft) {

@@ -49,29 +49,16 @@ public:
   void examineWords();
   void examineRepetitions();
   void examineLength();
+  void examineForFiles();
 
 private:
   void add(std::size_t word, const char *code, const std::string &detail);
   void examineNumber(std::size_t word);
   void examineFrequency(std::size_t word, const std::string &text);
-  bool isAtFault(std::size_t word) const;
-  bool hasFaultBefore(std::size_t word) const;
 
   const TracedCommand &command;
   std::vector<Diagnostic> &diagnostics;
 };
-
-bool Examiner::isAtFault(std::size_t word) const {
-  const auto &faults = command.trace().faults;
-  return std::any_of(faults.begin(), faults.end(),
-                     [word](const CommandFault &f) { return f.word == word; });
-}
-
-bool Examiner::hasFaultBefore(std::size_t word) const {
-  const auto &faults = command.trace().faults;
-  return std::any_of(faults.begin(), faults.end(),
-                     [word](const CommandFault &f) { return f.word <= word; });
-}
 
 void Examiner::add(std::size_t word, const char *code,
                    const std::string &detail) {
@@ -165,19 +152,22 @@ void Examiner::examineFrequency(std::size_t word, const std::string &text) {
 void Examiner::examineWords() {
   const std::vector<CommandWord> &words = command.trace().words;
   bool saidIgnored = false;
+  bool hasFault = false; // in front of the word
   for (std::size_t i = 0; i < words.size(); ++i) {
     const CommandWord &word = words[i];
     const std::string text = command.wordText(i);
     const bool isValue = word.role == WordRole::value;
-    if (isAtFault(i))
+    if (command.isAtFault(i)) {
+      hasFault = true;
       continue;
+    }
     if (isValue && looksLikeOption(text)) {
       add(i, "option-as-value", "");
       continue;
     }
     if (word.role == WordRole::lost)
       add(i, "option-lost", "");
-    if (word.role == WordRole::ignored && !saidIgnored && !hasFaultBefore(i)) {
+    if (word.role == WordRole::ignored && !saidIgnored && !hasFault) {
       add(i, "ignored-word", "");
       saidIgnored = true;
     }
@@ -228,6 +218,17 @@ void Examiner::examineLength() {
                          ""});
 }
 
+/// What a command may hold, but an option file may not.
+void Examiner::examineForFiles() {
+  const auto found = findWordNotInFiles(command.text(), command.trace());
+  if (!found)
+    return;
+  add(found->word, "not-in-option-file", "");
+  diagnostics.back().accepted = found->accepted;
+  diagnostics.back().suggestion =
+      nearestMatch(command.wordText(found->word), found->accepted);
+}
+
 } // namespace
 
 bool Diagnosis::hasError() const {
@@ -244,8 +245,10 @@ Diagnosis diagnose(const std::string &command, bool ofFile) {
   examiner.examineFaults();
   examiner.examineWords();
   examiner.examineRepetitions();
-  if (ofFile)
+  if (ofFile) {
+    examiner.examineForFiles();
     examiner.examineLength();
+  }
   std::stable_sort(diagnosis.diagnostics.begin(), diagnosis.diagnostics.end(),
                    [](const Diagnostic &a, const Diagnostic &b) {
                      return a.offset < b.offset;

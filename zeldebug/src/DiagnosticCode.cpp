@@ -152,6 +152,12 @@ const std::vector<DiagnosticCode> &diagnosticCodes() {
        "The later one wins.",
        "connect lc hdu -debugdevice devicenr 1 devicenr 2",
        "Keep one of them."},
+      {"not-in-option-file", Severity::warning,
+       "is not taken in an option file",
+       "Option files know fewer words than commands: the heads 'kconnect' and "
+       "'kvpconnect' and the targets 'hdu', 'dap', 'dcc' and 'kmtc' are "
+       "refused there.",
+       "", "Write one of the words that are accepted there."},
       {"long-line", Severity::warning,
        "the line is longer than what is read of it",
        "Of a line of an option file only 1,023 characters are read.", "",

@@ -5,7 +5,11 @@
 #define ZELDEBUG_OPTIONFILE_H
 
 #include <filesystem>
+#include <optional>
 #include <string>
+#include <vector>
+
+#include <ZelDebugDialog/CommandTrace.h>
 
 namespace zeldebug {
 
@@ -28,6 +32,17 @@ CommandFile readCommandFile(const std::filesystem::path &file);
 /// Below `folder`, as the engine has it below its working directory.
 std::filesystem::path optionFilePath(const std::filesystem::path &folder,
                                      const std::string &processor);
+
+/// A head or target word that may stand in a command, but not in an option
+/// file.
+struct WordNotInFiles {
+  std::size_t word; ///< its place in the trace
+  std::vector<std::string> accepted;
+};
+
+std::optional<WordNotInFiles>
+findWordNotInFiles(const std::string &command,
+                   const ZelDebugDialog::CommandTrace &trace);
 
 } // namespace zeldebug
 

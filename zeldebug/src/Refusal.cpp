@@ -3,7 +3,9 @@
 #include <fmt/format.h>
 
 #include "DiagnosticCode.h"
+#include "OptionFile.h"
 #include "Output.h"
+#include "Suggestion.h"
 #include "TracedCommand.h"
 
 namespace zeldebug {
@@ -27,6 +29,22 @@ CommandTrace traceOf(const std::string &command, HHSMHwManager *design,
   return trace;
 }
 
+/// What the first fault of a trace says; without one, what the engine says.
+std::string refusalIn(const CommandTrace &trace, const Reading &reading,
+                      const std::string &command) {
+  if (trace.faults.empty())
+    return reasonOf(reading);
+  const CommandFault &fault = trace.faults.front();
+  const std::size_t offset = fault.word < trace.words.size()
+                                 ? trace.words[fault.word].offset
+                                 : command.size();
+  const std::string place = fmt::format("column {}: {}", offset + 1,
+                                        shownFault(command, trace, fault));
+  return fault.message.empty()
+             ? place
+             : fmt::format("{} ({})", place, reasonOf({1, fault.message}));
+}
+
 } // namespace
 
 std::string shownFault(const std::string &command, const CommandTrace &trace,
@@ -43,18 +61,20 @@ std::string shownFault(const std::string &command, const CommandTrace &trace,
 
 std::string refusalOf(const Reading &reading, const std::string &command,
                       HHSMHwManager *design, const std::string &processor) {
+  return refusalIn(traceOf(command, design, processor), reading, command);
+}
+
+std::string refusalOfFile(const Reading &reading, const std::string &command,
+                          HHSMHwManager *design, const std::string &processor) {
   const CommandTrace trace = traceOf(command, design, processor);
-  if (trace.faults.empty())
-    return reasonOf(reading);
-  const CommandFault &fault = trace.faults.front();
-  const std::size_t offset = fault.word < trace.words.size()
-                                 ? trace.words[fault.word].offset
-                                 : command.size();
-  const std::string place = fmt::format("column {}: {}", offset + 1,
-                                        shownFault(command, trace, fault));
-  return fault.message.empty()
-             ? place
-             : fmt::format("{} ({})", place, reasonOf({1, fault.message}));
+  const auto unknown = findWordNotInFiles(command, trace);
+  if (!unknown)
+    return refusalIn(trace, reading, command);
+  const ZelDebugDialog::CommandWord &word = trace.words[unknown->word];
+  return fmt::format("column {}: '{}' {}; accepted are {}", word.offset + 1,
+                     command.substr(word.offset, word.length),
+                     findDiagnosticCode("not-in-option-file")->summary,
+                     quotedList(unknown->accepted));
 }
 
 } // namespace zeldebug

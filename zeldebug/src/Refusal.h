@@ -23,6 +23,10 @@ std::string refusalOf(const Reading &reading, const std::string &command,
                       HHSMHwManager *design = nullptr,
                       const std::string &processor = "");
 
+/// The same for the command of an option file, where fewer words are taken.
+std::string refusalOfFile(const Reading &reading, const std::string &command,
+                          HHSMHwManager *design, const std::string &processor);
+
 } // namespace zeldebug
 
 #endif

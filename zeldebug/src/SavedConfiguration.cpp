@@ -29,8 +29,8 @@ SavedConfiguration selectSaved(Session &session, const std::string &processor) {
   saved.file = readCommandFile(saved.path);
   saved.reading = session.selectSaved(processor);
   if (!saved.reading.accepted())
-    saved.refusal = refusalOf(saved.reading, saved.file.text,
-                              session.state->hwManager, processor);
+    saved.refusal = refusalOfFile(saved.reading, saved.file.text,
+                                  session.state->hwManager, processor);
   return saved;
 }
 
