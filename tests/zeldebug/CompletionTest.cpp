@@ -1,4 +1,5 @@
 #include <cstdlib>
+#include <filesystem>
 
 #include <gmock/gmock.h>
 
@@ -8,6 +9,8 @@ namespace tool {
 namespace {
 
 using testing::HasSubstr;
+
+constexpr const char *allKinds = "sim\nhw\nstub-serial\nstub-jtag\nvp\n";
 
 class CompletionTest : public ToolTest {
 protected:
@@ -35,7 +38,13 @@ TEST_F(CompletionTest, KnowsWhatFits) {
       {{"--json", "show", board, "ppc"}, "ppc405_0\nppc440_0\n"},
       {{"set", "nowhere.xml", ""}, ""},
       {{"set", board, "lumacore_0", "--connection", ""},
-       "sim\nhw\nstub-serial\nstub-jtag\nvp\n"},
+       "sim\nhw\nstub-serial\nstub-jtag\n"},
+      {{"set", board, "lumacore_1", "--connection", ""}, "sim\nhw\n"},
+      {{"set", board, "lumacore_1", "--connection", "st"}, ""},
+      {{"command", board, "a9_0", "--json", "--connection", ""}, "hw\n"},
+      {{"set", board, "--all", "--connection", ""}, allKinds},
+      {{"set", board, "r5_0", "--connection", ""}, allKinds},
+      {{"set", "nowhere.xml", "lumacore_1", "--connection", ""}, allKinds},
       {{"set", board, "lumacore_0", "--connection", "=", "st"},
        "stub-serial\nstub-jtag\n"},
       {{"set", board, "lumacore_0", "--cable", "quorla_par"},
@@ -54,15 +63,79 @@ TEST_F(CompletionTest, KnowsWhatFits) {
         << testing::PrintToString(row.words);
 }
 
-TEST_F(CompletionTest, TheBashScriptAsksTheProgram) {
-  folder.write("complete.bash", this->run({"completion", "bash"}).out);
-  const std::string line =
-      "bash -c 'source complete.bash; COMP_WORDS=(\"" ZELDEBUG_PROGRAM
-      "\" set --cab); COMP_CWORD=2; _zeldebug; echo \"${COMPREPLY[*]}\"' > "
-      "answer";
-  ASSERT_EQ(std::system(line.c_str()), 0);
-  EXPECT_EQ(folder.read("answer"), "--cable\n");
+/// Runs a script of a shell, with the completion script beside it and the
+/// program in its path.
+class ShellTest : public CompletionTest {
+protected:
+  std::string answerOf(const std::string &shell, const std::string &name,
+                       const std::string &script) {
+    folder.write("completion", this->run({"completion", name}).out);
+    folder.write("script", script);
+    const auto programs =
+        std::filesystem::path(ZELDEBUG_PROGRAM).parent_path().string();
+    const std::string line = "HOME=\"$PWD\" PATH=\"" + programs + ":$PATH\" " +
+                             shell + " script > answer 2>&1";
+    EXPECT_EQ(std::system(line.c_str()), 0) << shell;
+    return folder.read("answer");
+  }
+};
+
+TEST_F(ShellTest, BashCompletes) {
+  const auto answer = [this](const std::string &words, int word) {
+    return answerOf("bash", "bash",
+                    "source completion\n"
+                    "COMP_WORDS=(" +
+                        words + ")\nCOMP_CWORD=" + std::to_string(word) +
+                        "\n_zeldebug\nprintf '<%s>' \"${COMPREPLY[@]}\"\n"
+                        "complete -p zeldebug\n");
+  };
+  const std::string registered = "complete -F _zeldebug zeldebug\n";
+  EXPECT_EQ(answer("zeldebug set --cab", 2), "<--cable>" + registered);
+  EXPECT_EQ(answer("zeldebug set '" + board + "' lumacore_", 3),
+            "<lumacore_0><lumacore_1><lumacore_2>" + registered);
+  EXPECT_EQ(answer("zeldebug set '" + board + "' a9_0 --connection = ''", 6),
+            "<hw>" + registered);
+  EXPECT_EQ(answer("zeldebug zz", 1), "<>" + registered);
 }
+
+#ifdef ZELDEBUG_ZSH
+/// The shell's own functions for completion need a terminal; what they would be
+/// told is printed.
+TEST_F(ShellTest, ZshCompletes) {
+  const auto answer = [this](const std::string &words, int word) {
+    return answerOf(ZELDEBUG_ZSH " -f", "zsh",
+                    "compdef() { print \"compdef $*\" }\n"
+                    "compadd() { shift; print -n -- \"<${(j:><:)@}>\" }\n"
+                    "_files() { print -n \"files $*\" }\n"
+                    "source ./completion\nwords=(" +
+                        words + ")\nCURRENT=" + std::to_string(word) +
+                        "\n_zeldebug\ntrue\n");
+  };
+  const std::string registered = "compdef _zeldebug zeldebug\n";
+  EXPECT_EQ(answer("zeldebug set --cab", 3), registered + "<--cable>");
+  EXPECT_EQ(answer("zeldebug set '" + board + "' lumacore_", 4),
+            registered + "<lumacore_0><lumacore_1><lumacore_2>");
+  EXPECT_EQ(answer("zeldebug list ''", 3), registered + "files ");
+  EXPECT_EQ(answer("zeldebug list --library ''", 4), registered + "files -/");
+  EXPECT_EQ(answer("zeldebug zz", 2), registered);
+  EXPECT_EQ(answerOf(ZELDEBUG_ZSH " -f -n completion", "zsh", ""), "");
+}
+#endif
+
+#ifdef ZELDEBUG_FISH
+TEST_F(ShellTest, FishCompletes) {
+  const auto answer = [this](const std::string &line) {
+    return answerOf(ZELDEBUG_FISH " --no-config", "fish",
+                    "source completion\ncomplete -C \"" + line + "\"\n");
+  };
+  EXPECT_EQ(answer("zeldebug set --cab"), "--cable\n");
+  EXPECT_EQ(answer("zeldebug set '" + board + "' lumacore_"),
+            "lumacore_0\nlumacore_1\nlumacore_2\n");
+  EXPECT_THAT(answer("zeldebug list compl"), HasSubstr("completion"));
+  EXPECT_EQ(answer("zeldebug zz"), "");
+  EXPECT_EQ(answerOf(ZELDEBUG_FISH " --no-execute completion", "fish", ""), "");
+}
+#endif
 
 TEST_F(CompletionTest, KnowsThreeShells) {
   EXPECT_THAT(this->run({"completion", "zsh"}).out,

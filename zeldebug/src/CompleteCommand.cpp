@@ -105,9 +105,11 @@ TypedLine readLine(const CommandLine &line,
   return read;
 }
 
-std::vector<std::string> processorsOf(const TypedLine &line) {
+/// The design that the line names; an empty one if it cannot be read.
+std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
+  auto design = std::make_unique<DesignModel>();
   if (line.arguments.empty())
-    return {};
+    return design;
   DesignSources sources;
   sources.designFile = line.arguments.front();
   const auto libraries = line.values.find("--library");
@@ -115,10 +117,28 @@ std::vector<std::string> processorsOf(const TypedLine &line) {
     sources.libraryFolders = libraries->second;
   sources.view = line.value("--view");
   sources.kindsFile = line.value("--kinds");
-  DesignModel design;
-  if (!ReadDesign(sources, design))
-    return {};
-  return Session(&design).processorNames();
+  return ReadDesign(sources, *design) ? std::move(design)
+                                      : std::make_unique<DesignModel>();
+}
+
+std::vector<std::string> processorsOf(const TypedLine &line) {
+  const auto design = designOf(line);
+  return Session(design.get()).processorNames();
+}
+
+/// Those that the processor of the line allows; all without a processor.
+std::vector<std::string> connectionsOf(const TypedLine &line) {
+  const auto design = designOf(line);
+  const Session session(design.get());
+  if (line.arguments.size() > 1)
+    for (const ZelDebugDialog::ProcessorInfoImp *record :
+         session.state->processorList)
+      if (record->instanceName == line.arguments[1])
+        return allowedKinds(record->connectionMask);
+  std::vector<std::string> words;
+  for (const ConnectionKind &known : connectionKinds())
+    words.emplace_back(known.word);
+  return words;
 }
 
 std::vector<std::string> frequenciesOf(const TypedLine &line) {
@@ -141,12 +161,8 @@ std::vector<std::string> valuesOf(ValueKind kind, const TypedLine &line) {
     return cableKeywords();
   case ValueKind::frequency:
     return frequenciesOf(line);
-  case ValueKind::connection: {
-    std::vector<std::string> words;
-    for (const ConnectionKind &known : connectionKinds())
-      words.emplace_back(known.word);
-    return words;
-  }
+  case ValueKind::connection:
+    return connectionsOf(line);
   case ValueKind::device:
     return {"devicenr="};
   case ValueKind::processor:

@@ -43,7 +43,7 @@ _zeldebug() {
   case "${answer[1]}" in
   :files) _files ;;
   :folders) _files -/ ;;
-  *) compadd -- "${answer[@]}" ;;
+  ?*) compadd -- "${answer[@]}" ;;
   esac
 }
 if [ "$funcstack[1]" = "_zeldebug" ]; then
@@ -61,7 +61,7 @@ function __zeldebug_complete
       __fish_complete_path (commandline -ct)
     case :folders
       __fish_complete_directories (commandline -ct)
-    case '*'
+    case '?*'
       printf '%s\n' $answer
   end
 end

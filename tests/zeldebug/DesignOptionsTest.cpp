@@ -1,0 +1,158 @@
+// Where a design's components are looked for, which view of a hierarchy is
+// taken, and what plays the part of what: --library, --view and --kinds.
+#include <filesystem>
+
+#include <gmock/gmock.h>
+
+#include "ToolTest.h"
+
+namespace tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+using nlohmann::json;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class DesignOptionsTest : public ToolTest {
+protected:
+  /// Names of the processors that can be debugged.
+  std::vector<std::string> debuggable(std::vector<std::string> line) {
+    line.insert(line.begin(), "list");
+    std::vector<std::string> names;
+    for (const json &processor : runJson(line)["processors"])
+      names.push_back(processor["instanceName"]);
+    return names;
+  }
+
+  const fs::path examples = fs::path(board).parent_path();
+  const std::string components = (examples / "components").string();
+  const std::string buses = (examples / "buses").string();
+};
+
+TEST_F(DesignOptionsTest, LibrariesAreLookedThroughForComponents) {
+  fs::create_directory("alone");
+  fs::copy_file(board, "alone/board.xml");
+  // Without its components nothing is connected to anything: these processors
+  // need no debug module.
+  const std::vector<std::string> alone{"lumacore_0", "lumacore_1", "lumacore_2",
+                                       "a9_0", "a9_1"};
+  EXPECT_EQ(debuggable({"alone/board.xml"}), alone);
+  const json without = runJson({"list", "alone/board.xml"});
+  EXPECT_THAT(without["processors"][0]["connections"], ElementsAre("sim"));
+  const json with = runJson(
+      {"list", "alone/board.xml", "--library", components, "--library", buses});
+  EXPECT_EQ(with, runJson({"list", board}));
+  // A library is looked through instead of the design's own folder.
+  fs::create_directory("empty");
+  EXPECT_EQ(debuggable({board, "--library=empty"}), alone);
+}
+
+TEST_F(DesignOptionsTest, EverySubcommandWithADesignTakesLibraries) {
+  fs::create_directories("alone/etc");
+  fs::copy_file(board, "alone/board.xml");
+  const std::vector<std::string> rest{"--library", components, "--library",
+                                      buses,       "-C",       "alone"};
+  const auto line = [&rest](std::vector<std::string> words) {
+    words.insert(words.end(), rest.begin(), rest.end());
+    return words;
+  };
+  EXPECT_EQ(run(line({"command", "alone/board.xml", "ppc405_0"})).out,
+            "connect ppc hw -debugdevice cpunr 1 fpuType sp\n");
+  EXPECT_EQ(run(line({"set", "alone/board.xml", "ppc405_0"})).status, 0);
+  EXPECT_EQ(runJson(line(
+                {"show", "alone/board.xml", "ppc405_0"}))["record"]["fpuType"],
+            1);
+  EXPECT_EQ(runJson(line({"design", "alone/board.xml"}))["debugModules"].size(),
+            runJson({"design", board})["debugModules"].size());
+  EXPECT_EQ(run({"complete", "--", "set", "alone/board.xml", "--library",
+                 components, "--library", buses, "a9"})
+                .out,
+            "a9_0\na9_1\n");
+}
+
+TEST_F(DesignOptionsTest, ALibraryThatIsNotThere) {
+  const Result run = this->run({"list", board, "--library", "nowhere"});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err,
+            "zeldebug: error: nowhere: there is no such library folder "
+            "or catalog\n");
+}
+
+TEST_F(DesignOptionsTest, AKindTableGivesPartsToPlay) {
+  folder.write("own.kinds", "# the small core plays a Lumacore\n"
+                            "example.org:board:soc_cortexr5:*  processor  "
+                            "lumacore\n");
+  EXPECT_THAT(debuggable({board}), testing::Not(testing::Contains("r5_0")));
+  EXPECT_THAT(debuggable({board, "--kinds", "own.kinds"}),
+              testing::Contains("r5_0"));
+  EXPECT_EQ(run({"command", board, "r5_0", "--kinds", "own.kinds",
+                 "--connection", "sim"})
+                .out,
+            "connect lc sim\n");
+  EXPECT_EQ(
+      run({"complete", "--", "show", board, "--kinds", "own.kinds", "r5"}).out,
+      "r5_0\n");
+}
+
+TEST_F(DesignOptionsTest, AKindTableThatCannotBeUnderstood) {
+  folder.write("own.kinds", "\nexample.org:board:x:*  cpu  lumacore\n");
+  const Result damaged = run({"list", board, "--kinds", "own.kinds"});
+  EXPECT_EQ(damaged.status, 3);
+  EXPECT_EQ(damaged.err,
+            "zeldebug: error: own.kinds:2: 'cpu' is no kind; the kinds are "
+            "processor, debug-module and other\n");
+  const Result missing = run({"list", board, "--kinds", "nowhere"});
+  EXPECT_EQ(missing.status, 3);
+  EXPECT_THAT(missing.err, HasSubstr("nowhere"));
+}
+
+TEST_F(DesignOptionsTest, AViewSaysWhatIsInside) {
+  const auto name = [](const std::string &what) {
+    return "<vendor>x</vendor><library>y</library><name>" + what +
+           "</name><version>1</version>\n";
+  };
+  const auto design = [&](const std::string &what, const std::string &cpu) {
+    folder.write(what + ".xml",
+                 "<design>" + name(what) +
+                     "<componentInstances><componentInstance><instanceName>" +
+                     cpu +
+                     "</instanceName><componentRef vendor='x' library='y' "
+                     "name='lumacore' version='1'/></componentInstance>"
+                     "</componentInstances></design>");
+  };
+  const auto view = [](const std::string &what) {
+    return "<view><name>" + what + "</name><designInstantiationRef>" + what +
+           "</designInstantiationRef></view>";
+  };
+  const auto instantiation = [](const std::string &what) {
+    return "<designInstantiation><name>" + what +
+           "</name><designRef vendor='x' library='y' name='" + what +
+           "' version='1'/></designInstantiation>";
+  };
+  folder.write("lumacore.xml",
+               "<component>" + name("lumacore") + "<cpus/></component>");
+  design("small", "in_small");
+  design("large", "in_large");
+  folder.write("top.xml", "<component>" + name("top") + "<model><views>" +
+                              view("small") + view("large") +
+                              "</views><instantiations>" +
+                              instantiation("small") + instantiation("large") +
+                              "</instantiations></model></component>");
+  EXPECT_THAT(debuggable({"top.xml"}), ElementsAre("in_small"));
+  EXPECT_THAT(debuggable({"top.xml", "--view", "small"}),
+              ElementsAre("in_small"));
+  EXPECT_THAT(debuggable({"top.xml", "--view", "large"}),
+              ElementsAre("in_large"));
+  EXPECT_EQ(
+      run({"complete", "--", "show", "top.xml", "--view", "large", ""}).out,
+      "in_large\n");
+  const Result missing = run({"list", "top.xml", "--view", "middle"});
+  EXPECT_EQ(missing.status, 3);
+  EXPECT_THAT(missing.err, HasSubstr("'middle'"));
+}
+
+} // namespace
+} // namespace tool
