@@ -187,7 +187,7 @@ TEST_F(CommandCommandTest, WarnsOfWhatNoCommandBringsBack) {
   EXPECT_EQ(run.err,
             "zeldebug: warning: does not survive: cpuJtag 1: it is "
             "written as '-configdevice jtagpin cpujtag', which no reader "
-            "accepts\n");
+            "accepts [cpu-jtag-marker]\n");
 }
 
 TEST_F(CommandCommandTest, TellsTheSameInJson) {
@@ -200,7 +200,8 @@ TEST_F(CommandCommandTest, TellsTheSameInJson) {
                    {"value", 3},
                    {"readBack", 0},
                    {"reason", "a command for this kind of connection does not "
-                              "carry it"}}}));
+                              "carry it"},
+                   {"anchor", "other-connections"}}}));
   EXPECT_EQ(document["dropped"], json::array());
 }
 

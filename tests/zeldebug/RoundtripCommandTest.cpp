@@ -20,11 +20,9 @@ TEST_F(RoundtripCommandTest, TellsWhatBecomesOfEachCommand) {
       "same     connect lc hdu -debugdevice cpunr 1\n"
       "changed  connect arm hw\n"
       "         procFamily 2 (comes back as 1): an ARM processor is written as "
-      "the "
-      "target 'ppc'\n"
+      "the target 'ppc' [other-targets]\n"
       "         procType 4 (comes back as 6): an ARM processor is written as "
-      "the "
-      "target 'ppc'\n"
+      "the target 'ppc' [other-targets]\n"
       "refused  connect lc hdu -foo\n"
       "         reading: column 16: '-foo' is no option here (UNKNOWN Option "
       "'-foo')\n"
@@ -33,7 +31,8 @@ TEST_F(RoundtripCommandTest, TellsWhatBecomesOfEachCommand) {
       "(UNKNOWN "
       "virtual platform Option 'lc')\n"
       "         simIpcHost \"h\": host and port are written as one word, "
-      "'-ipcportHOSTPORT', which no reader accepts\n"
+      "'-ipcportHOSTPORT', which no reader accepts "
+      "[virtual-platform-host]\n"
       "4 commands: 1 same, 1 changed, 2 refused\n");
 }
 
@@ -63,6 +62,7 @@ TEST_F(RoundtripCommandTest, TellsTheSameInJson) {
   EXPECT_EQ(document["lines"][1]["fields"],
             json({{{"name", "procFamily"}, {"before", 2}, {"after", 1}},
                   {{"name", "procType"}, {"before", 4}, {"after", 6}}}));
+  EXPECT_EQ(document["lines"][1]["lost"][0]["anchor"], "other-targets");
   EXPECT_EQ(document["lines"][2]["outcome"], "refused");
   EXPECT_EQ(document["lines"][2]["written"], nullptr);
   EXPECT_EQ(document["lines"][3]["message"], "writing: Invalid Cable Type");

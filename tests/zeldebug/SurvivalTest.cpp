@@ -1,6 +1,8 @@
 // What a saved command would not bring back: named, refused, and saved all the
 // same with --force.
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include <gmock/gmock.h>
 
@@ -26,8 +28,10 @@ protected:
 };
 
 constexpr const char *otherKind =
-    ": a command for this kind of connection does not carry it";
-constexpr const char *noWriter = ": no command can be written that carries it";
+    ": a command for this kind of connection does not carry it "
+    "[other-connections]";
+constexpr const char *noWriter =
+    ": no command can be written that carries it [never-written]";
 
 TEST_F(SurvivalTest, NamesEachSettingAndSavesNothing) {
   const struct {
@@ -38,13 +42,13 @@ TEST_F(SurvivalTest, NamesEachSettingAndSavesNothing) {
       {"lumacore_0",
        {"--cpu-jtag"},
        {"cpuJtag 1: it is written as '-configdevice jtagpin cpujtag', which no "
-        "reader accepts"}},
+        "reader accepts [cpu-jtag-marker]"}},
       // A hardware default where only the simulator is allowed.
       {"lumacore_2",
        {},
        {"connectionType 2: the processor does not allow this kind of "
         "connection; "
-        "it allows 'sim'"}},
+        "it allows 'sim' [connection-mask]"}},
       {"lumacore_0",
        {"--connection", "sim", "--cable", "quorla_podusb", "--debug-device",
         "1", "--rom", "0:16"},
@@ -62,28 +66,23 @@ TEST_F(SurvivalTest, NamesEachSettingAndSavesNothing) {
        {"--cable", "quorla_podusb", "--frequency", "3MHz", "--port", "USB22",
         "--esn", "7"},
        {"cable.frequency 3000000 (comes back as 0): the serial number takes "
-        "its "
-        "place",
+        "its place [serial-number]",
         "cable.port \"USB22\" (comes back as \"USB21\"): the serial number "
-        "takes "
-        "its place"}},
+        "takes its place [serial-number]"}},
       {"lumacore_0",
        {"--cable", "digilent_plugin", "--port", "x"},
        {"cable.port \"x\" (comes back as \"\"): a command does not carry it "
-        "for "
-        "this cable"}},
+        "for this cable [other-cables]"}},
       {"lumacore_0",
        {"--icache", "0x10000"},
        {"debugAddressMap 0x10000 (comes back as not set): a command carries it "
-        "for a PowerPC only",
+        "for a PowerPC only [other-processors]",
         "icacheStartAdr 0x10000 (comes back as not set): a command carries it "
-        "for "
-        "a PowerPC only"}},
+        "for a PowerPC only [other-processors]"}},
       {"lumacore_0",
        {"--rom", "0x1000:0"},
        {"romemStartAdr 0x1000 (comes back as not set): a range without start "
-        "or "
-        "size is not written"}},
+        "or size is not written [rom-range]"}},
       {"lumacore_0",
        {"--device",
         "devicenr=1,partname=p,irlength=6,idcode=1,isfpga=1,hardppc=2,nppc=1"},
@@ -94,11 +93,10 @@ TEST_F(SurvivalTest, NamesEachSettingAndSavesNothing) {
        {"--connection", "stub-jtag", "--cable", "quorla_podusb", "--frequency",
         "625000"},
        {"cable.frequency 625000: it is none of the cable's frequencies, and "
-        "the "
-        "cable clause that ends a command is checked"}},
+        "the cable clause that ends a command is checked [frequency]"}},
       {"lumacore_0",
        {"--cable", "quorla_plugin"},
-       {"cable.moduleName \"\": a plug-in cable needs a module"}},
+       {"cable.moduleName \"\": a plug-in cable needs a module [empty-text]"}},
       {"lumacore_0",
        {"--from", "connect lc hdu -sim -ipcport h:5"},
        {std::string("modelSimMode yes (comes back as no)") + noWriter,
@@ -113,21 +111,22 @@ TEST_F(SurvivalTest, NamesEachSettingAndSavesNothing) {
         std::string("hdu_version \"2.0\" (comes back as \"\")") + noWriter,
         std::string("nCpu 2 (comes back as 8)") + noWriter,
         "bscanUserReg 0x23 (comes back as 0x3): only USER1 and USER2 can be "
-        "written"}},
+        "written [never-written]"}},
       {"lumacore_0",
        {"--from", "connect lc sim -memsize 64"},
        {std::string("simMemSize 64 (comes back as 16)") + noWriter}},
       {"ppc405_0",
        {"--from", "connect ppc sim -icf f -ipcport h:3"},
        {"simIpcHost \"h\" (comes back as \"\"): the simulator file takes its "
-        "place",
-        "simIpcPort 3 (comes back as 0): the simulator file takes its place"}},
+        "place [simulator-file]",
+        "simIpcPort 3 (comes back as 0): the simulator file takes its place "
+        "[simulator-file]"}},
       {"ppc440_0",
        {"--from", "connect ppc hw -debugdevice isocmStartAdr 0 isocmSize 16"},
        {"isocmStartAdr 0x0 (comes back as not set): a command carries it for a "
-        "ppc405 only",
+        "ppc405 only [isocm]",
         "isocmSize 16 (comes back as 0): a command carries it for a ppc405 "
-        "only"}},
+        "only [isocm]"}},
       {"lumacore_0",
        {"--from", "connect lc hdu -cable type quorla_podusb url u fname f "
                   "-debugdevice cpunr 1"},
@@ -141,7 +140,8 @@ TEST_F(SurvivalTest, NamesEachSettingAndSavesNothing) {
         ": nothing is saved, because it would not survive:\n";
     for (const std::string &loss : row.losses)
       expected += "  " + loss + "\n";
-    expected += "--force saves it all the same\n";
+    expected += "--force saves it all the same; docs/round-trip.md tells what "
+                "to do\n";
     const Result run = set(row.processor, row.settings);
     EXPECT_EQ(run.status, 1) << testing::PrintToString(row.settings);
     EXPECT_EQ(run.out, "") << testing::PrintToString(row.settings);
@@ -156,7 +156,8 @@ TEST_F(SurvivalTest, SavesALossAllTheSameWithForce) {
   EXPECT_EQ(
       run.err,
       "zeldebug: warning: lumacore_0: does not survive: cpuJtag 1: it is "
-      "written as '-configdevice jtagpin cpujtag', which no reader accepts\n"
+      "written as '-configdevice jtagpin cpujtag', which no reader accepts "
+      "[cpu-jtag-marker]\n"
       "zeldebug: note: lumacore_0: saved in etc/kvo_lumacore_0.opt\n");
   EXPECT_EQ(
       saved("lumacore_0"),
@@ -183,7 +184,8 @@ TEST_F(SurvivalTest, ALineIsNotLongerThanWhatIsReadOfIt) {
       run.err,
       "zeldebug: error: lumacore_0: nothing is saved, because it would not "
       "survive:\n  the command: it has 1024 characters, and only 1023 of a "
-      "line are read\n--force saves it all the same\n");
+      "line are read [long-file]\n--force saves it all the same; "
+      "docs/round-trip.md tells what to do\n");
   EXPECT_EQ(saved("lumacore_0").size(), 1023U);
 }
 
@@ -195,9 +197,10 @@ TEST_F(SurvivalTest, WhatTheLineDisplacesIsNamedAndDropped) {
   EXPECT_EQ(
       run.err,
       "zeldebug: note: lumacore_0: no longer saved: cable.frequency 3000000 "
-      "(comes back as 0): the serial number takes its place\n"
+      "(comes back as 0): the serial number takes its place [serial-number]\n"
       "zeldebug: note: lumacore_0: no longer saved: cable.port \"USB22\" "
-      "(comes back as \"USB21\"): the serial number takes its place\n"
+      "(comes back as \"USB21\"): the serial number takes its place "
+      "[serial-number]\n"
       "zeldebug: note: lumacore_0: saved in etc/kvo_lumacore_0.opt\n");
   run = set("lumacore_0", {"--connection", "sim"});
   EXPECT_EQ(run.status, 0);
@@ -211,6 +214,82 @@ TEST_F(SurvivalTest, WhatNothingDisplacesIsNotDropped) {
   EXPECT_EQ(saved("lumacore_0"), text);
 }
 
+/// Each loss points to the place of docs/round-trip.md that tells what to do.
+TEST_F(SurvivalTest, PointsToPlacesOfThePage) {
+  std::ifstream file(ZELDEBUG_ROUND_TRIP_PAGE);
+  ASSERT_TRUE(file);
+  const std::string page{std::istreambuf_iterator<char>(file), {}};
+  const std::string quorla = "connect lc hdu -cable type quorla_podusb";
+  const std::string plugin = "connect lc hdu -cable type quorla_plugin";
+  const struct {
+    const char *processor;
+    std::vector<std::string> settings;
+    const char *anchor;
+  } rows[] = {
+      {"lumacore_0", {"--cpu-jtag"}, "cpu-jtag-marker"},
+      {"lumacore_2", {}, "connection-mask"},
+      {"lumacore_0", {"--stub-baud", "1"}, "other-connections"},
+      {"lumacore_0",
+       {"--cable", "quorla_podusb", "--port", "p", "--esn", "7"},
+       "serial-number"},
+      {"lumacore_0",
+       {"--cable", "digilent_plugin", "--port", "x"},
+       "other-cables"},
+      {"lumacore_0", {"--icache", "0x10000"}, "other-processors"},
+      {"lumacore_0", {"--rom", "0x1000:0"}, "rom-range"},
+      {"lumacore_0", {"--from", "connect lc sim -memsize 1"}, "never-written"},
+      {"lumacore_0",
+       {"--connection", "stub-jtag", "--cable", "quorla_podusb", "--frequency",
+        "1"},
+       "frequency"},
+      {"lumacore_0", {"--cable", "quorla_plugin"}, "empty-text"},
+      {"lumacore_0",
+       {"--from", plugin + " modulename m modulearg a;;b -quiet"},
+       "empty-text"},
+      {"lumacore_0",
+       {"--from", plugin + " modulename m modulearg a;-b -quiet"},
+       "leading-minus"},
+      {"lumacore_0", {"--from", quorla + " port a\nb"}, "lines-in-file"},
+      {"lumacore_0",
+       {"--cable", "quorla_podusb", "--port", std::string(1000, 'x')},
+       "long-file"},
+      {"ppc405_0",
+       {"--from", "connect ppc sim -icf f -ipcport h:3"},
+       "simulator-file"},
+      {"ppc440_0",
+       {"--from", "connect ppc hw -debugdevice isocmStartAdr 0 isocmSize 1"},
+       "isocm"},
+  };
+  for (const auto &row : rows) {
+    const Result run = set(row.processor, row.settings);
+    EXPECT_EQ(run.status, 1) << row.anchor;
+    const std::string anchor = row.anchor;
+    EXPECT_THAT(run.err, testing::HasSubstr(" [" + anchor + "]\n"));
+    EXPECT_THAT(page, testing::HasSubstr("<a id=\"" + anchor + "\"></a>"));
+  }
+  const struct {
+    const char *command;
+    const char *anchor;
+  } commands[] = {
+      {"connect arm hw", "other-targets"},
+      {"connect dap hw", "other-targets"},
+      {"connect ppc hw -debugdevice proctype ppc405", "processor-kind"},
+      {"vpconnect lc -ipcport h:1", "virtual-platform-host"},
+      {"vpconnect lc -config cycle_approximate -ipcport h:1",
+       "configuration-mode"},
+  };
+  for (const auto &row : commands) {
+    folder.write("commands", row.command);
+    const json losses =
+        runJson({"roundtrip", "commands"}, 1)["lines"][0]["lost"];
+    ASSERT_FALSE(losses.empty()) << row.command;
+    for (const json &loss : losses)
+      EXPECT_EQ(loss["anchor"], row.anchor) << row.command;
+    EXPECT_THAT(page, testing::HasSubstr(std::string("<a id=\"") + row.anchor +
+                                         "\"></a>"));
+  }
+}
+
 TEST_F(SurvivalTest, TellsLossesInJson) {
   const json document =
       runJson({"set", board, "lumacore_0", "--cpu-jtag", "--force"});
@@ -220,7 +299,8 @@ TEST_F(SurvivalTest, TellsLossesInJson) {
              {"value", 1},
              {"readBack", nullptr},
              {"reason", "it is written as '-configdevice jtagpin cpujtag', "
-                        "which no reader accepts"}}}));
+                        "which no reader accepts"},
+             {"anchor", "cpu-jtag-marker"}}}));
   EXPECT_EQ(document["results"][0]["outcome"], "saved");
 }
 

@@ -1,5 +1,7 @@
 #include "CableKeyword.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 #include <strings.h>
 
@@ -62,6 +64,12 @@ std::vector<std::uint32_t> acceptedFrequencies(Engine::CableType type) {
   const CommandCable *cable = findCable(type);
   return cable == nullptr ? std::vector<std::uint32_t>()
                           : cable->acceptedFrequencies;
+}
+
+bool acceptsFrequency(Engine::CableType type, std::uint32_t frequency) {
+  const std::vector<std::uint32_t> accepted = acceptedFrequencies(type);
+  return accepted.empty() || std::find(accepted.begin(), accepted.end(),
+                                       frequency) != accepted.end();
 }
 
 } // namespace zeldebug

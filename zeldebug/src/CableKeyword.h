@@ -27,6 +27,9 @@ std::string shownCable(ZelDebugDialog::Engine::CableType type);
 /// The frequencies that pass the check of a cable clause.
 std::vector<std::uint32_t>
 acceptedFrequencies(ZelDebugDialog::Engine::CableType type);
+/// True as well for a cable whose frequency is not checked.
+bool acceptsFrequency(ZelDebugDialog::Engine::CableType type,
+                      std::uint32_t frequency);
 
 } // namespace zeldebug
 

@@ -2,7 +2,7 @@
 //
 // The language of the debugger has no word for some settings, and words of
 // which only one of two can be written; its readers refuse a few texts that its
-// writers make. All that is known about this stands in one table.
+// writers make. docs/round-trip.md tells what to do about each loss.
 #ifndef ZELDEBUG_LOSS_H
 #define ZELDEBUG_LOSS_H
 
@@ -19,6 +19,8 @@ struct Loss {
   Json value;    ///< what was to be saved
   Json readBack; ///< what comes back; null when nothing can be read at all
   std::string reason;
+  /// Of docs/round-trip.md, which tells what to do; may be empty.
+  std::string anchor;
   /// The setting that takes this one's place; empty if there is none.
   std::string displacedBy;
   bool blocking = false; ///< no setting at all comes back because of it
@@ -37,10 +39,10 @@ std::vector<Loss> lossesOf(const Configuration &wanted,
                            const std::string &command, const ReadBack &readBack,
                            bool lineLimit);
 
-/// "debugDevice 3 (comes back as 0): reason"
+/// "debugDevice 3 (comes back as 0): reason [anchor]"
 std::string shownLoss(const Loss &loss);
 
-/// [{"field", "value", "readBack", "reason"}]
+/// [{"field", "value", "readBack", "reason", "anchor"}]
 Json toJson(const std::vector<Loss> &losses);
 
 } // namespace zeldebug
