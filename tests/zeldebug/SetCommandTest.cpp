@@ -1,4 +1,8 @@
+#include <fcntl.h>
 #include <filesystem>
+#include <set>
+#include <sys/file.h>
+#include <unistd.h>
 
 #include <gmock/gmock.h>
 
@@ -174,14 +178,78 @@ TEST_F(SetCommandTest, TellsTheSameInJson) {
             "--connection sim: 'a9_0' does not allow it; it allows 'hw'");
 }
 
-TEST_F(SetCommandTest, TwoRunsAtOnceLeaveOneWholeFile) {
-  fs::create_directory("etc");
-  // The second starts while the first has its scratch folder: they share
-  // nothing.
+TEST_F(SetCommandTest, RunsAtOnceLeaveTheWholeFileOfOneOfThem) {
+  const std::string before = "connect lc hdu -debugdevice cpunr 1";
+  const std::string one =
+      "connect lc hdu -cable type quorla_podusb port USB21 frequency 6000000 "
+      "-debugdevice deviceNr 1 cpunr 1";
+  const std::string other =
+      "connect lc hdu -cable type quorla_parallel3 port LPT1 frequency 200000 "
+      "-debugdevice deviceNr 2 cpunr 1";
+  save("lumacore_0", before);
+  std::vector<std::vector<std::string>> lines;
+  for (int i = 0; i < 10; ++i) {
+    lines.push_back({"set", board, "lumacore_0", "--cable", "quorla_podusb",
+                     "--debug-device", "1"});
+    lines.push_back({"set", board, "lumacore_0", "--cable", "quorla_parallel3",
+                     "--debug-device", "2"});
+  }
+  std::set<std::string> seen;
+  const std::vector<Result> results =
+      runAtOnce(lines, [&] { seen.insert(saved("lumacore_0")); });
+  for (const Result &result : results)
+    EXPECT_EQ(result.status, 0) << result.err;
+  // Whoever looked in between saw one of the three, and never a part of one.
+  EXPECT_THAT(seen, testing::Each(testing::AnyOf(before, one, other)));
+  EXPECT_THAT(saved("lumacore_0"), testing::AnyOf(one, other));
+  EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
+}
+
+TEST_F(SetCommandTest, LeavesTheFolderOfAnotherRunAlone) {
   fs::create_directories("etc/.zeldebug-abcdef/etc");
+  const int folderOfOther =
+      open("etc/.zeldebug-abcdef", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  ASSERT_EQ(flock(folderOfOther, LOCK_EX), 0);
   EXPECT_EQ(set("lumacore_0", {"--cable", "quorla_podusb"}).status, 0);
   EXPECT_EQ(saved("lumacore_0"), usbCommand);
   EXPECT_TRUE(fs::exists("etc/.zeldebug-abcdef/etc"));
+  // Its owner has ended.
+  close(folderOfOther);
+  EXPECT_EQ(set("lumacore_0", {"--cable", "quorla_parallel3"}).status, 0);
+  EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
+}
+
+TEST_F(SetCommandTest, LeavesOtherHiddenNamesAlone) {
+  fs::create_directories("etc/.zeldebug-abcdefg");
+  fs::create_directories("etc/.zeldebug");
+  folder.write("etc/.zeldebug-abcdef", "a file");
+  EXPECT_EQ(set("lumacore_0", {}).status, 0);
+  EXPECT_THAT(etc(), ElementsAre(".zeldebug", ".zeldebug-abcdef",
+                                 ".zeldebug-abcdefg", "kvo_lumacore_0.opt"));
+}
+
+TEST_F(SetCommandTest, WarnsOfAFrequencyThatTheCableDoesNotHave) {
+  fs::create_directory("etc");
+  const std::string doubt =
+      "cable.frequency 625000: 'quorla_podusb' has only 750000, 1500000, "
+      "3000000, 6000000, 12000000, 24000000, and it is read unseen "
+      "[frequency]\n";
+  const std::vector<std::string> settings{"--cable", "quorla_podusb",
+                                          "--frequency", "625kHz"};
+  const Result run = set("lumacore_0", settings);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "zeldebug: warning: lumacore_0: " + doubt +
+                         "zeldebug: note: lumacore_0: saved in "
+                         "etc/kvo_lumacore_0.opt\n");
+  EXPECT_THAT(saved("lumacore_0"), HasSubstr("frequency 625000"));
+  std::vector<std::string> line{"command", board, "lumacore_0"};
+  line.insert(line.end(), settings.begin(), settings.end());
+  EXPECT_EQ(this->run(line).err, "zeldebug: warning: " + doubt);
+  // It is not said again of what was saved before, nor of a cable that has any.
+  EXPECT_THAT(set("lumacore_0", {"--debug-device", "1"}).err,
+              testing::Not(HasSubstr("warning")));
+  EXPECT_THAT(set("lumacore_0", {"--frequency", "750kHz"}).err,
+              testing::Not(HasSubstr("warning")));
 }
 
 } // namespace

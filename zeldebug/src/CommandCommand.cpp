@@ -42,6 +42,9 @@ ExitStatus run(const CommandOptions &options, const std::string &folder,
   const Verdict verdict =
       judge(configured,
             lossesOf(configured.wanted, configured.command, readBack, false));
+  const std::string doubt = doubtOf(configured);
+  if (!doubt.empty())
+    output.warn(doubt);
   for (const Loss &loss : verdict.lost)
     output.warn("does not survive: " + shownLoss(loss));
   for (const Loss &loss : verdict.dropped)

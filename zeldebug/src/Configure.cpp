@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "CableKeyword.h"
 #include "Failure.h"
 #include "Refusal.h"
 
@@ -89,6 +90,18 @@ Configured configure(Session &session, const std::string &processor,
                   fmt::format("no command can be written: {}",
                               reasonOf({1, session.message()})));
   return configured;
+}
+
+std::string doubtOf(const Configured &configured) {
+  const ZelDebugDialog::CableOption &cable = configured.wanted.cable;
+  const bool isWritten =
+      configured.given.count("cable.frequency") != 0 && cable.esn.empty();
+  if (!isWritten || acceptsFrequency(cable.cableType, cable.frequency))
+    return "";
+  return fmt::format(
+      "cable.frequency {}: '{}' has only {}, and it is read unseen [frequency]",
+      cable.frequency, shownCable(cable.cableType),
+      fmt::join(acceptedFrequencies(cable.cableType), ", "));
 }
 
 Verdict judge(const Configured &configured, const std::vector<Loss> &losses) {

@@ -43,6 +43,10 @@ Configured configure(Session &session, const std::string &processor,
 void applySettings(SettingTarget &target, const SettingOptions &settings,
                    const std::vector<SettingAction> &actions);
 
+/// What comes back as it was saved, but is surely not meant: a frequency of the
+/// line that the cable does not have. Empty for nothing.
+std::string doubtOf(const Configured &configured);
+
 Verdict judge(const Configured &configured, const std::vector<Loss> &losses);
 
 } // namespace zeldebug

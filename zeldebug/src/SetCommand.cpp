@@ -37,6 +37,7 @@ struct Outcome {
   ExitStatus status = ExitStatus::done;
   std::string file;
   std::string command;
+  std::string doubt; ///< about what is saved
   Verdict verdict;
   std::string message; ///< for a refusal
 };
@@ -78,7 +79,8 @@ void save(const SetOptions &options, DesignModel &design, Session &session,
     throw Failure(ExitStatus::refused,
                   "nothing is saved, because it would not survive:" +
                       listOf(outcome.verdict.lost) +
-                      "\n--force saves it all the same");
+                      "\n--force saves it all the same; docs/round-trip.md "
+                      "tells what to do");
   if (options.dryRun)
     return;
   saver.moveTo(target);
@@ -92,6 +94,7 @@ void configureAndSave(const SetOptions &options,
       session, outcome.processor, options.settings, actions, options.force);
   outcome.file = shownPath(configured.saved.path);
   outcome.command = configured.command;
+  outcome.doubt = doubtOf(configured);
   if (!configured.changed()) {
     outcome.word = "unchanged";
     return;
@@ -122,6 +125,8 @@ void report(const Outcome &outcome, const Output &output) {
     output.error(fmt::format("{}: {}", name, outcome.message));
     return;
   }
+  if (!outcome.doubt.empty())
+    output.warn(fmt::format("{}: {}", name, outcome.doubt));
   for (const Loss &loss : outcome.verdict.lost)
     output.warn(fmt::format("{}: does not survive: {}", name, shownLoss(loss)));
   for (const Loss &loss : outcome.verdict.dropped)
