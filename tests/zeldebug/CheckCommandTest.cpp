@@ -260,13 +260,13 @@ TEST_F(CheckCommandTest, DrawsWhatOnlyALineOfAFileCanHave) {
        "[not-in-option-file]\n"
        "  kconnect lc hdu\n"
        "  ^^^^^^^^\n" +
-           headsInFilesInFiles + "  did you mean 'connect'?\n"},
+           headsInFiles + "  did you mean 'connect'?\n"},
       {"KVPCONNECT lc",
        "1: warning: 'KVPCONNECT' is not taken in an option file "
        "[not-in-option-file]\n"
        "  KVPCONNECT lc\n"
        "  ^^^^^^^^^^\n" +
-           headsInFilesInFiles + "  did you mean 'vpconnect'?\n"},
+           headsInFiles + "  did you mean 'vpconnect'?\n"},
       {"connect hdu", "9: warning: 'hdu' is not taken in an option file "
                       "[not-in-option-file]\n"
                       "  connect hdu\n"
