@@ -248,6 +248,91 @@ TEST_F(CommandCommandTest, RefusesNumbersThatDoNotFit) {
   }
 }
 
+/// The largest number of each field is taken as it is, and one more is not.
+TEST_F(CommandCommandTest, TakesNumbersUpToTheirLimits) {
+  const std::string device = "devicenr=1,partname=p,irlength=1,idcode=1";
+  const struct {
+    const char *processor;
+    const char *option;
+    std::string most;
+    std::string oneMore;
+    std::string written;
+  } rows[] = {
+      {"lumacore_0", "--debug-device", "127", "128", "deviceNr 127 "},
+      {"lumacore_0", "--rom", "0xFFFFFFFE:4294967295", "4294967296:1",
+       "romemStartAdr 0xfffffffe romemSize -1"},
+      {"lumacore_0", "--device",
+       "devicenr=127,partname=p,irlength=127,idcode=4294967295,nppc=0",
+       "devicenr=128,partname=p,irlength=127,idcode=1",
+       "devicenr 127 partname p irlength 127 idcode 0xffffffff"},
+      {"lumacore_0", "--device", device, device + ",hardppc=256",
+       "devicenr 1 partname p irlength 1 idcode 0x1"},
+      {"lumacore_0", "--device", device, device + ",isfpga=256",
+       "devicenr 1 partname p irlength 1 idcode 0x1"},
+      {"lumacore_0", "--device", device,
+       "devicenr=1,partname=p,irlength=1,idcode=0x100000000",
+       "devicenr 1 partname p irlength 1 idcode 0x1"},
+      {"ppc440_0", "--icache", "0xFFFF0000", "0x100000000",
+       "icacheStartAdr 0xffff0000"},
+      {"ppc440_0", "--dcache", "0xFFFF0000", "0x100000000",
+       "dcacheStartAdr 0xffff0000"},
+      {"ppc440_0", "--itag", "0xFFFF0000", "0x100000000",
+       "itagStartAdr 0xffff0000"},
+      {"ppc440_0", "--dtag", "0xFFFF0000", "0x100000000",
+       "dtagStartAdr 0xffff0000"},
+      {"ppc440_0", "--tlb", "0xFFFF0000", "0x100000000",
+       "tlbStartAdr 0xffff0000"},
+      {"ppc440_0", "--dcr", "0xFFFF0000", "0x100000000",
+       "dcrStartAdr 0xffff0000"},
+      {"ppc440_0", "--address-map", "0xFFFA0000", "0xFFFA0001",
+       "tlbStartAdr 0xffff0000 dcrStartAdr 0xfffe0000"},
+  };
+  for (const auto &row : rows) {
+    EXPECT_THAT(commandFor(row.processor, {row.option, row.most}),
+                HasSubstr(row.written));
+    EXPECT_EQ(refusalOf(row.processor, {row.option, row.oneMore}).status, 2)
+        << row.option;
+  }
+  EXPECT_THAT(commandFor("lumacore_0", {"--connection", "stub-serial",
+                                        "--stub-baud", "2147483647"}),
+              HasSubstr("-baud  2147483647 "));
+  const Result fastest = run({"command", board, "lumacore_0", "--cable",
+                              "quorla_podusb", "--frequency", "4294967295"});
+  EXPECT_EQ(fastest.status, 0);
+  EXPECT_THAT(fastest.err, HasSubstr("cable.frequency 4294967295: "));
+}
+
+/// A serial number is text: nothing of it is read as a number, cut or changed.
+TEST_F(CommandCommandTest, ASerialNumberIsOpaque) {
+  for (const std::string esn : {"0", "000012", "0x10", "aB:cD", "a:b:", "%s",
+                                "\xC3\xA9", "'q'", "-5"}) {
+    const json document = runJson({"command", board, "lumacore_0", "--cable",
+                                   "quorla_podusb", "--esn", esn});
+    EXPECT_EQ(document["connectCommand"],
+              "connect lc hdu -cable type quorla_podusb esn " + esn +
+                  " -debugdevice cpunr 1");
+    EXPECT_EQ(document["lost"], json::array());
+  }
+}
+
+/// What was never set is not what was set to nothing.
+TEST_F(CommandCommandTest, EmptyIsNotUnset) {
+  for (const char *option :
+       {"--port", "--esn", "--module", "--module-arg", "--stub-port",
+        "--debug-device", "--stub-baud", "--icache", "--rom", "--device",
+        "--cable", "--connection", "--frequency", "--address-map"}) {
+    for (const std::vector<std::string> &line :
+         {std::vector<std::string>{option, ""},
+          std::vector<std::string>{std::string(option) + "="}}) {
+      const Result run = refusalOf("lumacore_0", line);
+      EXPECT_EQ(run.status, 2) << option;
+      EXPECT_THAT(run.err,
+                  HasSubstr(std::string("zeldebug: error: ") + option));
+      EXPECT_THAT(run.err, HasSubstr("''")) << option;
+    }
+  }
+}
+
 TEST_F(CommandCommandTest, RefusesFrequenciesThatAreNoWholeHertz) {
   for (const char *text : {"4294967296", "4295MHz", "1.5MHz", "MHz", "3 MHz",
                            "3mhz", "-3MHz", "", "0x12zzkHz"}) {
