@@ -9,6 +9,7 @@
 
 namespace ComMsgMgr {
 
+/// Where messages go.
 class sendMsg {
 public:
   /// Sends one message, formatted as by printf from `format` and what follows.
@@ -17,6 +18,7 @@ public:
   /// @param line        line number of the sender
   /// @param tool        tag of the sending tool
   /// @param mask        message mask
+  /// @param format      the text, with the conversions of printf
   static void eval(int kind, const char *sourcePath, int line, const char *tool,
                    unsigned mask, const char *format, ...);
 };

@@ -16,10 +16,14 @@ enum HwIpType : int {
   HW_IP_DEBUG = 5, ///< debug modules and JTAG-to-PowerPC controllers
 };
 
+/// What the engine asks of a hardware design. It calls the queries while it
+/// discovers and selects processors; whatever they answer is copied.
 class HHSMHwManager {
 public:
   HHSMHwManager() = default;
+  /// Copies nothing: the class has no data.
   HHSMHwManager(const HHSMHwManager &) = default;
+  /// Copies nothing: the class has no data.
   HHSMHwManager &operator=(const HHSMHwManager &) = default;
   virtual ~HHSMHwManager() = default;
 

@@ -30,9 +30,9 @@ public:
   /// starts with, and empties the five other strings.
   void CableOptionInit(Engine::CableType type);
 
-  Engine::CableType cableType;
-  std::uint32_t frequency; ///< JTAG clock in hertz.
-  std::string port;        ///< Port of the cable, such as "LPT1" or "USB21".
+  Engine::CableType cableType; ///< Which cable. "type".
+  std::uint32_t frequency;     ///< JTAG clock in hertz.
+  std::string port; ///< Port of the cable, such as "LPT1" or "USB21".
   /// Electronic serial number that picks one of several cables. When it is set,
   /// a written command carries it in place of port and frequency.
   std::string esn;
@@ -46,8 +46,8 @@ public:
 /// One device of the JTAG chain.
 class ZELDEBUGDIALOG_API JtagOption {
 public:
-  std::string partname = "UNKNOWN";
-  std::uint32_t idcode = 0; ///< JTAG IDCODE.
+  std::string partname = "UNKNOWN"; ///< Name of the part.
+  std::uint32_t idcode = 0;         ///< JTAG IDCODE.
   std::int8_t irlength = 0; ///< Length of the instruction register in bits.
   std::int8_t devicenr = 0; ///< Position in the chain.
   std::uint8_t isfpga = 0;  ///< 1 for an FPGA.

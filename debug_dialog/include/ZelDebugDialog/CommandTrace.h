@@ -68,19 +68,19 @@ enum class CommandFaultKind : std::uint8_t {
 
 /// One word of the command.
 struct CommandWord {
-  std::size_t offset = 0; ///< In bytes from the begin of the text.
-  std::size_t length = 0; ///< In bytes.
-  WordRole role = WordRole::ignored;
+  std::size_t offset = 0;            ///< In bytes from the begin of the text.
+  std::size_t length = 0;            ///< In bytes.
+  WordRole role = WordRole::ignored; ///< What it is for.
   /// The settings that it changes: fields of `ProcessorInfoImp` by their names,
   /// "cable." and a field of `CableOption`, "chain[0]." and a field of a
   /// `JtagOption`, or "cpuJtag".
   std::vector<std::string> fields;
-  ValueConversion conversion = ValueConversion::none;
+  ValueConversion conversion = ValueConversion::none; ///< How it was read.
 };
 
 /// Something wrong with the command.
 struct CommandFault {
-  CommandFaultKind kind = CommandFaultKind::unknownHead;
+  CommandFaultKind kind = CommandFaultKind::unknownHead; ///< What it is.
   /// Index of the word at fault; the number of words where one is missing at
   /// the end of the text.
   std::size_t word = 0;
@@ -90,8 +90,8 @@ struct CommandFault {
 
 /// What was seen while a command was read.
 struct CommandTrace {
-  std::vector<CommandWord> words; ///< In the order of the text.
-  std::vector<CommandFault> faults;
+  std::vector<CommandWord> words;   ///< In the order of the text.
+  std::vector<CommandFault> faults; ///< In the order of the text.
 };
 
 /// What to do after a fault.

@@ -55,6 +55,7 @@ class EngineImp;
 class JtagOption;
 class ProcessorInfo;
 
+/// One debug-target configuration, and the operations of the dialog on it.
 class ZELDEBUGDIALOG_API Engine {
 public:
   /// JTAG cables. `QUORLA_SVFFILE` can be set but neither read nor written;
@@ -117,6 +118,7 @@ public:
   void GetErrorStr(std::string &text);
   /// Replaces the last message.
   void SetErrorStr(const std::string &text);
+  /// Replaces the last message with a text that ends at its null byte.
   void SetErrorStr(const char *text);
 
   // --- Connection ---------------------------------------------------------
@@ -160,26 +162,50 @@ public:
   int GetPPCSimConfigFile(std::string &file);
 
   // --- PowerPC debug address map -------------------------------------------
-  // Getters: @return 0; 1 while the address is not set; 2 unless a PowerPC on
-  // hardware. Setters: @return 0; 1 with "<region> Start Address should be
-  // aligned at 64k boundry" and the old address kept.
+  // A setter that refuses leaves `<region> Start Address should be aligned at
+  // 64k boundry` in the error string.
 
+  /// Start of the whole map. @return 0; 1 while it is not set; 2 unless a
+  /// PowerPC on hardware.
   int GetDebugAddressMap(unsigned int &address);
+  /// Start of the instruction cache region. @return 0; 1 while it is not set; 2
+  /// unless a PowerPC on hardware.
   int GetIcacheBaseAddr(unsigned int &address);
+  /// Start of the data cache region. @return 0; 1 while it is not set; 2 unless
+  /// a PowerPC on hardware.
   int GetDcacheBaseAddr(unsigned int &address);
+  /// Start of the instruction cache tag region. @return 0; 1 while it is not
+  /// set; 2 unless a PowerPC on hardware.
   int GetITagBaseAddr(unsigned int &address);
+  /// Start of the data cache tag region. @return 0; 1 while it is not set; 2
+  /// unless a PowerPC on hardware.
   int GetDTagBaseAddr(unsigned int &address);
+  /// Start of the translation buffer region. @return 0; 1 while it is not set;
+  /// 2 unless a PowerPC on hardware.
   int GetTlbBaseAddr(unsigned int &address);
+  /// Start of the device control register region. @return 0; 1 while it is not
+  /// set; 2 unless a PowerPC on hardware.
   int GetDcrBaseAddr(unsigned int &address);
   /// @return 0; 1 while it is not set; 2 unless a ppc405 on hardware.
   int GetISOCMBaseAddr(unsigned int &address);
 
-  /// Sets the base of the whole map as well.
+  /// Start of the instruction cache region, a multiple of 0x10000, and of the
+  /// whole map. @return 0; 1 misaligned, nothing changed.
   int SetIcacheBaseAddr(unsigned address);
+  /// Start of the data cache region, a multiple of 0x10000.
+  /// @return 0; 1 misaligned, nothing changed.
   int SetDcacheBaseAddr(unsigned address);
+  /// Start of the instruction cache tag region, a multiple of 0x10000.
+  /// @return 0; 1 misaligned, nothing changed.
   int SetITagBaseAddr(unsigned address);
+  /// Start of the data cache tag region, a multiple of 0x10000.
+  /// @return 0; 1 misaligned, nothing changed.
   int SetDTagBaseAddr(unsigned address);
+  /// Start of the translation buffer region, a multiple of 0x10000.
+  /// @return 0; 1 misaligned, nothing changed.
   int SetTlbBaseAddr(unsigned address);
+  /// Start of the device control register region, a multiple of 0x10000.
+  /// @return 0; 1 misaligned, nothing changed.
   int SetDcrBaseAddr(unsigned address);
   /// Makes the base of the map and the six regions unset. @return 0
   int UnSetDebugAddressMap();
@@ -244,7 +270,9 @@ public:
 
   /// What to offer for a cable; see CableCatalogue.h.
   std::string GetSupportedCableSpeed(CableType type);
+  /// The frequency that a cable starts with, in hertz; 0 without one.
   std::uint32_t GetDefaultCableSpeed(CableType type);
+  /// The port that a cable starts with; empty without one.
   std::string GetDefaultCablePort(CableType type);
   /// A placeholder: always empty.
   std::string GetCableName(CableType type);
@@ -267,6 +295,8 @@ public:
                                  unsigned frequency, std::string port,
                                  std::vector<JtagOption *> &chain,
                                  char debugDevice);
+  /// The same for a cable record, with all that the record says.
+  /// @return 0; 1 for a cable that cannot be written, with " -cable" appended.
   int GenerateJtagCableCmdString(std::string &out, CableOption cable,
                                  std::vector<JtagOption *> &chain,
                                  char debugDevice);
@@ -274,6 +304,10 @@ public:
   /// Reads cable, chain and debug device clauses into the arguments, without
   /// touching this engine. Without a debug device in the text, the first chain
   /// device that is an FPGA lends its number.
+  /// @param text  only "-cable", "-configdevice", "-debugdevice" and "-bscan".
+  /// @param cable  takes what the text says.
+  /// @param cpuJtag  1 if the processor's own JTAG pins are used.
+  /// @param debugDevice  number of the debug device.
   /// @param chain  its contents are replaced; the new records belong to the
   ///   caller (`ReleaseChainRecords`).
   /// @return 0; 3 if the text is refused, all arguments as they were.
@@ -287,6 +321,7 @@ public:
   /// appends a record for each processor that can be debugged to the engine's
   /// list; records of earlier calls stay. The design must live as long as the
   /// engine uses it.
+  /// @param design  asked at once and whenever a processor is selected.
   /// @param names  every processor of the design is appended.
   /// @return 0
   int GetProcessorList(HHSMHwManager *design, std::vector<std::string> &names);
@@ -295,7 +330,9 @@ public:
 
   /// Selects a processor of the list and fills its record from a connect
   /// command, starting from the defaults.
+  /// @param name  its instance name, compared exactly.
   /// @param info  the processor's summary, also after a refused command.
+  /// @param command  the whole connect command.
   /// @return 0; 2 with "Processor Instance ... not Found !!, ..." and nothing
   ///   changed for an unknown name; 3 for a refused command: the processor is
   ///   current with default settings, the reader's message stays.

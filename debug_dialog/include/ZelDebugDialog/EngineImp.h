@@ -29,6 +29,7 @@ namespace ZelDebugDialog {
 
 class Engine;
 
+/// Everything that an engine keeps.
 class ZELDEBUGDIALOG_API EngineImp {
 public:
   /// No design, no processor, cable type 0, an empty chain, no error. `engine`
@@ -97,11 +98,11 @@ public:
   HHSMHwManager *hwManager = nullptr; ///< The design; not owned; may be null.
   std::vector<ProcessorInfoImp *> processorList; ///< In order of discovery.
   ProcessorInfoImp *currentProcessor = nullptr;  ///< The selected record.
-  Engine *engine = nullptr; ///< Where messages go; not owned.
-  std::unique_ptr<CableOption> cableOption;
+  Engine *engine = nullptr;                 ///< Where messages go; not owned.
+  std::unique_ptr<CableOption> cableOption; ///< The cable; never null.
   std::uint32_t cpuJtag = 0; ///< 1: the processor's own JTAG pins are used.
-  std::vector<JtagOption *> jtagChain;
-  std::string errorStr; ///< The last message only.
+  std::vector<JtagOption *> jtagChain; ///< In chain order; not owned.
+  std::string errorStr;                ///< The last message only.
 };
 
 /// Deletes the records of `processorList` and the current record, each once,

@@ -28,6 +28,7 @@
 
 namespace ZelDebugDialog {
 
+/// Readers and writers of the connect command language.
 class ZELDEBUGDIALOG_API KvoOption_Parser {
 public:
   // --- Words ----------------------------------------------------------------
@@ -65,18 +66,30 @@ public:
 
   // --- Targets: what follows the target word. 0 read, 2 refused -------------
 
+  /// What follows "lc": a Lumacore. @return 0; 2.
   static int parse_lcoptions(std::string &command, EngineImp &imp);
+  /// What follows "ppc": a PowerPC. @return 0; 2.
   static int parse_ppcoptions(std::string &command, EngineImp &imp);
+  /// What follows "arm": a Cortex-A9. @return 0; 2.
   static int parse_armoptions(std::string &command, EngineImp &imp);
+  /// What follows "r5": a Cortex-R5. @return 0; 2.
   static int parse_armr5options(std::string &command, EngineImp &imp);
+  /// What follows "dap": the debug access port. @return 0; 2.
   static int parse_dapoptions(std::string &command, EngineImp &imp);
+  /// What follows "hdu": the debug module itself. @return 0; 2.
   static unsigned parse_hduoptions(std::string &command, EngineImp &imp);
+  /// What follows "dcc": the debug communication channel. @return 0; 2.
   static unsigned parse_dccoptions(std::string &command, EngineImp &imp);
+  /// What follows "kmtc". @return 0; 2.
   static unsigned parse_kmtcoptions(std::string &command, EngineImp &imp);
   /// What follows "vpconnect".
   static unsigned parse_vpoptions(std::string &command, EngineImp &imp);
 
+  /// Appends " lc", the connection word and its clauses. @return 0; 2, with
+  /// "Invalid Connect Type for Lumacore Target" or "Invalid Cable Type".
   static int write_lcoptions(std::string &out, EngineImp &imp);
+  /// Appends " ppc", the connection word and its clauses. @return 0; 2, with
+  /// "Invalid Connect Type for PowerPC Target" or "Invalid Cable Type".
   static int write_ppcoptions(std::string &out, EngineImp &imp);
   /// Replaces `out` with "vpconnect lc ...". @return 0; 2 without a message for
   ///   a processor that is no Lumacore, `out` is then "vpconnect".
@@ -90,6 +103,7 @@ public:
   /// "-timeout"). @return 0; 2; or 1 or 3 without a value, nothing stored.
   static int parse_commoptions(std::string &command, std::string &option,
                                EngineImp &imp);
+  /// Appends port, baud rate and time-out of the serial stub. @return 0
   static int write_commoptions(std::string &out, EngineImp &imp);
 
   /// @return 1; 2; 3.
@@ -111,6 +125,7 @@ public:
 
   /// @return 0; 2.
   static unsigned parse_ppcsim_options(std::string &command, EngineImp &imp);
+  /// Appends the options of the PowerPC simulator. @return 0
   static int write_ppcsim_options(std::string &out, EngineImp &imp);
   /// @return 2; 3.
   static unsigned parse_modelsim_options(std::string &command, EngineImp &imp);
@@ -125,7 +140,10 @@ public:
   /// Cable, boundary scan and chain. @return 0; 2 "Invalid Cable Type", with
   ///   " -cable" appended.
   static int write_jtagoptions(std::string &out, EngineImp &imp);
+  /// Appends the serial number of `cable`, or else port and frequency (in
+  /// hertz). @return 0
   static int write_quorla_cableoptions(std::string &out, CableOption cable);
+  /// Appends the module of `cable` and its arguments. @return 0
   static int write_plugin_cableoptions(std::string &out, CableOption cable);
   /// Writes nothing: the cable has no parameters. @return 0
   static int write_digilent_cableoptions(std::string &out, CableOption cable);

@@ -83,9 +83,9 @@ public:
 /// What a selection tells the dialog about the processor.
 class ZELDEBUGDIALOG_API ProcessorInfo {
 public:
-  std::uint32_t procType = 0;
-  std::uint32_t procFamily = 0;
-  std::uint32_t connectionMask = 0;
+  std::uint32_t procType = 0;       ///< As in `ProcessorInfoImp`.
+  std::uint32_t procFamily = 0;     ///< As in `ProcessorInfoImp`.
+  std::uint32_t connectionMask = 0; ///< The connections to offer.
 };
 
 } // namespace ZelDebugDialog

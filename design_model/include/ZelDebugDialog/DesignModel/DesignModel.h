@@ -29,12 +29,13 @@ namespace ZelDebugDialog {
 
 /// One fault of a design, or one remark about it.
 struct DesignDiagnostic {
+  /// How much it matters.
   enum class Severity {
     error,   ///< Something is left out of the model.
     warning, ///< Doubtful, but the model has it.
     note,    ///< A choice that was made for the user.
   };
-  Severity severity = Severity::error;
+  Severity severity = Severity::error; ///< How much this one matters.
   std::string file = {}; ///< As it was opened; empty for a model built in code.
   int line = 0;          ///< From 1; 0 when the fault is not in a line.
   std::string message = {}; ///< One line without a full stop or line end.
@@ -42,8 +43,8 @@ struct DesignDiagnostic {
 
 /// Where something was read, for the diagnostics about it.
 struct DesignOrigin {
-  std::string file = {};
-  int line = 0;
+  std::string file = {}; ///< Empty: nowhere.
+  int line = 0;          ///< From 1; 0: no line of it.
 };
 
 /// What a model is read from.
@@ -83,8 +84,8 @@ enum class InterfaceMode {
 
 /// A bus interface of a component.
 struct DesignInterface {
-  std::string name = {};
-  InterfaceMode mode = InterfaceMode::target;
+  std::string name = {}; ///< One of a kind in its component.
+  InterfaceMode mode = InterfaceMode::target; ///< Its side of the bus.
   /// Interfaces of the same component to which an access that arrives here is
   /// passed on (a bridge).
   std::vector<std::string> bridgedTo = {};
@@ -95,23 +96,24 @@ struct DesignInterface {
 
 /// What the instances of one component have in common.
 struct DesignComponent {
-  std::string typeName = {}; ///< What `getIpName` answers.
-  DesignRole role = DesignRole::byTypeName;
-  std::vector<DesignInterface> interfaces = {};
+  std::string typeName = {};                    ///< What `getIpName` answers.
+  DesignRole role = DesignRole::byTypeName;     ///< What it is to a debugger.
+  std::vector<DesignInterface> interfaces = {}; ///< In their own order.
   /// Each a list of interfaces that are one bus inside the component.
   std::vector<std::vector<std::string>> channels = {};
-  DesignOrigin origin = {};
+  DesignOrigin origin = {}; ///< For diagnostics.
 };
 
+/// A parameter of an instance.
 struct DesignParameter {
-  std::string name = {};
-  std::string value = {};
+  std::string name = {};  ///< What a query asks for.
+  std::string value = {}; ///< What it answers.
 };
 
 /// An instance as a tool lists it.
 struct DesignInstance {
-  std::string name = {}; ///< With the names of those around it: "a.b.c".
-  std::string typeName = {};
+  std::string name = {};     ///< With the names of those around it: "a.b.c".
+  std::string typeName = {}; ///< Of its component.
   /// Never `byTypeName`: the built-in table has been asked.
   DesignRole role = DesignRole::other;
   std::vector<DesignParameter> parameters =
@@ -127,9 +129,9 @@ struct DesignEnd {
 
 /// Interfaces that are wired together.
 struct DesignConnection {
-  std::vector<DesignEnd> ends = {};
-  std::string name = {}; ///< For diagnostics; may be empty.
-  DesignOrigin origin = {};
+  std::vector<DesignEnd> ends = {}; ///< Two or more.
+  std::string name = {};            ///< For diagnostics; may be empty.
+  DesignOrigin origin = {};         ///< For diagnostics.
 };
 
 struct DesignContents;
@@ -138,13 +140,15 @@ struct DesignContents;
 /// only be assigned to or destroyed.
 class ZELDEBUGDIALOG_DESIGNMODEL_API DesignModel : public HHSMHwManager {
 public:
-  using ComponentId = std::size_t;
-  using InstanceId = std::size_t;
+  using ComponentId = std::size_t; ///< A component of this model.
+  using InstanceId = std::size_t;  ///< An instance of this model.
   /// The design itself, in the place of an instance that encloses others.
   static constexpr InstanceId top = static_cast<InstanceId>(-1);
 
   DesignModel();
+  /// Takes everything from `other`.
   DesignModel(DesignModel &&other) noexcept;
+  /// Drops what was there and takes everything from `other`.
   DesignModel &operator=(DesignModel &&other) noexcept;
   DesignModel(const DesignModel &) = delete;
   DesignModel &operator=(const DesignModel &) = delete;
