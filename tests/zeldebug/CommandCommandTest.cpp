@@ -426,6 +426,9 @@ TEST_F(CommandCommandTest, NamesWhatIsAccepted) {
       {{"--cable", "quorla_tcf"},
        1,
        "no command can be written: Invalid Cable Type"},
+      {{"--from", ""},
+       1,
+       "--from: the command is refused: column 1: the command is empty"},
       {{"--from", "connect lc hdu -foo"},
        1,
        "--from: the command is refused: column 16: '-foo' is no option here "

@@ -251,7 +251,15 @@ TEST_F(FaultsTest, OutputThatHasNoRoom) {
 }
 
 TEST_F(FaultsTest, ColourIsForTerminalsOnly) {
-  EXPECT_THAT(this->run({"list", board}).out, testing::Not(HasSubstr("\x1b")));
+  Surroundings surroundings;
+  surroundings.terminal = true;
+  const std::string head = "PROCESSOR   TYPE ";
+  EXPECT_THAT(this->run({"list", board}, surroundings).out,
+              testing::StartsWith("\x1b[1m" + head));
+  surroundings.noColour = true;
+  EXPECT_THAT(this->run({"list", board}, surroundings).out,
+              testing::StartsWith(head));
+  EXPECT_THAT(this->run({"list", board}).out, testing::StartsWith(head));
   EXPECT_THAT(this->run({"lst"}).err, testing::Not(HasSubstr("\x1b")));
 }
 

@@ -14,6 +14,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <pty.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -41,6 +42,13 @@ struct Pipe {
   ~Pipe() {
     closeEnd(reading);
     closeEnd(writing);
+  }
+  /// A terminal in the place of the pipe.
+  void beTerminal() {
+    closeEnd(reading);
+    closeEnd(writing);
+    if (openpty(&reading, &writing, nullptr, nullptr, nullptr) != 0)
+      throw std::system_error(errno, std::generic_category(), "openpty");
   }
   static void closeEnd(int &end) {
     if (end >= 0)
@@ -97,6 +105,8 @@ void prepare(const Surroundings &surroundings, int in, int out, int err) {
   }
   setenv("LC_ALL", "C", 1);
   unsetenv("NO_COLOR");
+  if (surroundings.noColour)
+    setenv("NO_COLOR", "1", 1);
   if (surroundings.fatalCall >= 0)
     makeFatal(surroundings.fatalCall);
 }
@@ -177,6 +187,8 @@ Child::Child(const std::vector<std::string> &arguments,
              const Surroundings &surroundings) {
   Pipe in;
   const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
+  if (surroundings.terminal)
+    out.beTerminal();
   if (surroundings.readerLeaves)
     Pipe::closeEnd(out.reading);
   process = fork();

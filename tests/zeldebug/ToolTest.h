@@ -29,6 +29,8 @@ struct Surroundings {
   bool obeysPermissions = false; ///< also when the tests run as root
   bool readerLeaves = false;     ///< nobody reads standard output
   bool fullOutput = false;       ///< standard output is a full device
+  bool terminal = false;         ///< standard output is a terminal
+  bool noColour = false;         ///< NO_COLOR is set
   long fatalCall = -1;           ///< the system call that kills it; -1 for none
   std::string input;             ///< on standard input
 };

@@ -57,8 +57,8 @@ bool Configured::changed() const {
 
 void applySettings(SettingTarget &target, const SettingOptions &settings,
                    const std::vector<SettingAction> &actions) {
-  if (!settings.from().empty())
-    applyCommand(target, settings.from());
+  if (settings.from() != nullptr)
+    applyCommand(target, *settings.from());
   for (const SettingAction &apply : actions)
     apply(target);
 }

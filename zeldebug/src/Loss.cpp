@@ -25,9 +25,10 @@ void explainBy(const LossRule &rule, Loss &loss) {
 
 /// Texts that are written even when they are empty.
 bool isWrittenEmpty(const std::string &field) {
+  static const std::string part = ".partname";
   const bool isPart =
-      field.compare(0, 6, "chain[") == 0 &&
-      field.compare(field.find('.'), field.npos, ".partname") == 0;
+      field.size() > part.size() &&
+      field.compare(field.size() - part.size(), part.size(), part) == 0;
   return field == "cable.port" || field == "stubSerialPort" || isPart;
 }
 

@@ -1,5 +1,7 @@
 #include "Origin.h"
 
+#include <array>
+
 #include <fmt/format.h>
 
 namespace zeldebug {
@@ -10,7 +12,7 @@ using ZelDebugDialog::CommandTrace;
 using ZelDebugDialog::CommandWord;
 using ZelDebugDialog::ProcessorInfoImp;
 
-constexpr const char *identityFields[] = {
+constexpr std::array<const char *, 5> identityFields{
     "instanceName", "procFamily", "procType", "connectionMask", "cpuNr"};
 
 constexpr std::uint32_t powerPc = 1;

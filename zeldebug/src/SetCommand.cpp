@@ -43,7 +43,7 @@ struct Outcome {
 };
 
 fs::path expectFolder(const fs::path &file, bool makeFolder) {
-  const fs::path folder = file.parent_path();
+  fs::path folder = file.parent_path();
   std::error_code error;
   if (makeFolder)
     fs::create_directory(folder, error);
@@ -174,7 +174,7 @@ void printResults(const SetOptions &options,
 std::vector<std::string> processorsOf(const SetOptions &options,
                                       DesignModel &design) {
   const Session session(&design);
-  const std::vector<std::string> names = session.processorNames();
+  std::vector<std::string> names = session.processorNames();
   if (options.all)
     return names;
   expectDebuggable(design, names, options.processor);

@@ -1,5 +1,6 @@
 #include "SettingOptions.h"
 
+#include <array>
 #include <map>
 
 #include <CLI/CLI.hpp>
@@ -152,7 +153,8 @@ SettingAction readDebugDevice(const std::string &option,
   };
 }
 
-SettingAction readCpuJtag(const std::string &, const std::string &) {
+SettingAction readCpuJtag(const std::string & /*option*/,
+                          const std::string & /*text*/) {
   return [](SettingTarget &target) {
     target.session.engine.SetCpuJtag();
     target.given.insert("cpuJtag");
@@ -163,7 +165,8 @@ void clearChain(SettingTarget &target) {
   ReleaseChainRecords(target.session.state->jtagChain);
 }
 
-SettingAction readDevice(const std::string &, const std::string &text) {
+SettingAction readDevice(const std::string & /*option*/,
+                         const std::string &text) {
   const JtagOption device = expectChainDevice(text);
   return [device](SettingTarget &target) {
     if (target.given.insert("chain").second)
@@ -174,7 +177,8 @@ SettingAction readDevice(const std::string &, const std::string &text) {
   };
 }
 
-SettingAction readClearChain(const std::string &, const std::string &) {
+SettingAction readClearChain(const std::string & /*option*/,
+                             const std::string & /*text*/) {
   return [](SettingTarget &target) {
     target.given.insert("chain");
     clearChain(target);
@@ -196,14 +200,14 @@ SettingAction readAddressMap(const std::string &option,
     AddressSetter set;
     const char *field;
   };
-  static constexpr Region regions[] = {
+  static constexpr std::array<Region, 6> regions{{
       {&Engine::SetIcacheBaseAddr, "icacheStartAdr"},
       {&Engine::SetITagBaseAddr, "itagStartAdr"},
       {&Engine::SetDcacheBaseAddr, "dcacheStartAdr"},
       {&Engine::SetDTagBaseAddr, "dtagStartAdr"},
       {&Engine::SetDcrBaseAddr, "dcrStartAdr"},
       {&Engine::SetTlbBaseAddr, "tlbStartAdr"},
-  };
+  }};
   constexpr std::uint64_t lastStep = 5 * regionStep;
   const std::uint64_t base =
       expectNumber(option, text, {0, any32Bits.most - lastStep - 0xFFFF, true});
@@ -219,7 +223,8 @@ SettingAction readAddressMap(const std::string &option,
   };
 }
 
-SettingAction readUnsetAddressMap(const std::string &, const std::string &) {
+SettingAction readUnsetAddressMap(const std::string & /*option*/,
+                                  const std::string & /*text*/) {
   return [](SettingTarget &target) {
     target.session.engine.UnSetDebugAddressMap();
   };
@@ -241,7 +246,7 @@ SettingAction readRom(const std::string &option, const std::string &text) {
 }
 
 // clang-format off
-const SettingRow settingRows[] = {
+constexpr std::array<SettingRow, 22> settingRows{{
     {"--connection", "KIND", ValueKind::connection,
      "how to connect: sim, hw, stub-serial, stub-jtag or vp; a kind that the processor does not allow is refused",
      readConnection},
@@ -282,7 +287,7 @@ const SettingRow settingRows[] = {
      "all six regions, each 0x10000 after the one before: icache, itag, dcache, dtag, dcr, tlb", readAddressMap},
     {"--unset-address-map", nullptr, ValueKind::text, "no debug address map", readUnsetAddressMap},
     {"--rom", "START:SIZE", ValueKind::text, "range of the read-only memory, in bytes", readRom},
-};
+}};
 // clang-format on
 
 } // namespace
@@ -290,13 +295,14 @@ const SettingRow settingRows[] = {
 void SettingOptions::addTo(CommandLine &line, CLI::App &app) {
   subcommand = &app;
   const std::string group = "Settings, applied in the order given";
-  CLI::Option *fromOption =
+  CLI::Option *whole =
       app.add_option("--from", fromCommand,
                      "start from the settings of a whole connect command, in "
                      "place of what is saved")
           ->type_name("COMMAND")
           ->group(group);
-  line.completeWith(fromOption, ValueKind::text);
+  line.completeWith(whole, ValueKind::text);
+  fromOption = whole;
   for (const SettingRow &row : settingRows) {
     CLI::Option *option =
         row.metavar == nullptr
@@ -309,6 +315,10 @@ void SettingOptions::addTo(CommandLine &line, CLI::App &app) {
     option->group(group);
     line.completeWith(option, row.values);
   }
+}
+
+const std::string *SettingOptions::from() const {
+  return fromOption->count() == 0 ? nullptr : &fromCommand;
 }
 
 std::vector<SettingAction> SettingOptions::actions() const {

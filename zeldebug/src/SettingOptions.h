@@ -37,11 +37,12 @@ public:
 
   /// The settings in their order. @throws Failure (wrong use).
   std::vector<SettingAction> actions() const;
-  /// The command of --from; empty without it.
-  const std::string &from() const { return fromCommand; }
+  /// The command of --from; null without it.
+  const std::string *from() const;
 
 private:
   CLI::App *subcommand = nullptr;
+  const CLI::Option *fromOption = nullptr;
   std::string fromCommand;
 };
 

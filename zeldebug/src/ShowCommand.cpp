@@ -165,7 +165,7 @@ ExitStatus run(const ShowOptions &options, const std::string &folder,
                Output &output) {
   const std::vector<SettingAction> actions = options.settings.actions();
   expectOneSource(options,
-                  !actions.empty() || !options.settings.from().empty());
+                  !actions.empty() || options.settings.from() != nullptr);
   if (!options.file.empty())
     return showFile(options, output);
   return showSaved(options, folder, actions, output);

@@ -16,7 +16,7 @@ namespace zeldebug {
 
 class TracedCommand {
 public:
-  TracedCommand(std::string command, ZelDebugDialog::AfterFault afterFault);
+  TracedCommand(std::string text, ZelDebugDialog::AfterFault afterFault);
 
   const std::string &text() const { return command; }
   const ZelDebugDialog::CommandTrace &trace() const { return read; }
