@@ -65,6 +65,7 @@ void DesignModel::AddParameter(InstanceId instance, std::string name,
 bool DesignModel::Connect(const DesignConnection &connection,
                           InstanceId within) {
   std::vector<Index> joined;
+  joined.reserve(connection.ends.size());
   for (const DesignEnd &end : connection.ends) {
     const Index port = contents->findEnd(end, connection, toIndex(within));
     if (port != noIndex)

@@ -150,6 +150,7 @@ void Elaboration::addConnection(const Level &level,
   if (!spend(connection.ends.size() * endBytes, origin))
     return;
   DesignConnection joined{{}, connection.name, origin};
+  joined.ends.reserve(connection.ends.size());
   for (const EndRecord &end : connection.ends) {
     if (!end.isOwn && placed[end.instance].hasInterfaces)
       joined.ends.push_back({placed[end.instance].id, end.interface, end.line});
@@ -196,8 +197,7 @@ void Elaboration::checkSelections(const Level &level) {
 
 const Elaboration::Component &
 Elaboration::componentOf(const Identity &identity) {
-  const auto [entry, isNew] =
-      components.emplace(keyOf(DocumentType::component, identity), Component());
+  const auto [entry, isNew] = components.try_emplace(identity);
   Component &component = entry->second;
   if (!isNew)
     return component;

@@ -83,7 +83,7 @@ private:
   std::size_t room;
   bool isFull = false;
   DesignModel &model;
-  std::unordered_map<std::string, Component> components;
+  std::unordered_map<Identity, Component, IdentityHash> components;
   /// The designs that are being elaborated, outermost first.
   std::vector<const DesignRecord *> open;
 };

@@ -1,6 +1,8 @@
 #include "Identity.h"
 
 #include <array>
+#include <functional>
+#include <utility>
 
 #include "XmlNames.h"
 
@@ -26,14 +28,23 @@ constexpr std::array<Row, 9> table = {{
 
 } // namespace
 
+std::size_t IdentityHash::operator()(const Identity &identity) const {
+  constexpr std::size_t factor = 31;
+  const std::hash<std::string> hash;
+  // Of few libraries, by few vendors, in few versions.
+  return hash(identity.name) + factor * hash(identity.version);
+}
+
 std::string toText(const Identity &identity) {
   return identity.vendor + ":" + identity.library + ":" + identity.name + ":" +
          identity.version;
 }
 
 Identity readReference(const pugi::xml_node &reference) {
-  return {attributeOf(reference, "vendor"), attributeOf(reference, "library"),
-          attributeOf(reference, "name"), attributeOf(reference, "version")};
+  auto [vendor, library, name, version] =
+      attributesOf<4>(reference, {"vendor", "library", "name", "version"});
+  return {std::move(vendor), std::move(library), std::move(name),
+          std::move(version)};
 }
 
 Identity readIdentity(const pugi::xml_node &root) {

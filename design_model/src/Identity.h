@@ -3,6 +3,7 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_IDENTITY_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_IDENTITY_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,10 @@ struct Identity {
     return !vendor.empty() && !library.empty() && !name.empty() &&
            !version.empty();
   }
+};
+
+struct IdentityHash {
+  std::size_t operator()(const Identity &identity) const;
 };
 
 /// "vendor:library:name:version".

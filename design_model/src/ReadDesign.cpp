@@ -1,5 +1,6 @@
 #include "ReadDesignFrom.h"
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,16 +19,19 @@ namespace {
 
 using Severity = DesignDiagnostic::Severity;
 
-bool loadTop(const DocumentSource &documents, const std::string &file,
-             DesignModel &model, XmlDocument &top) {
-  if (!loadDocument(documents, file, Severity::error, model, top))
-    return false;
-  const DocumentType type = typeOf(top);
+/// Null, with an error: it can't be read, or is neither.
+std::unique_ptr<XmlDocument> loadTop(const DocumentSource &documents,
+                                     const std::string &file,
+                                     DesignModel &model) {
+  auto top = std::make_unique<XmlDocument>();
+  if (!loadDocument(documents, file, Severity::error, model, *top))
+    return nullptr;
+  const DocumentType type = typeOf(*top);
   if (type == DocumentType::design || type == DocumentType::component)
-    return true;
-  model.Report({Severity::error, file, top.lineOf(top.root()),
+    return top;
+  model.Report({Severity::error, file, top->lineOf(top->root()),
                 "it is neither a design nor a component"});
-  return false;
+  return nullptr;
 }
 
 } // namespace
@@ -43,8 +47,8 @@ bool readDesignFrom(const DocumentSource &documents,
       !kinds.read(documents, sources.kindsFile, model))
     return false;
   const std::string &file = sources.designFile;
-  XmlDocument top;
-  if (!loadTop(documents, file, model, top))
+  std::unique_ptr<XmlDocument> top = loadTop(documents, file, model);
+  if (top == nullptr)
     return false;
   std::vector<std::string> places = sources.libraryFolders;
   if (places.empty())
@@ -54,9 +58,15 @@ bool readDesignFrom(const DocumentSource &documents,
     return false;
   DocumentStore store(documents, library, model);
   Elaboration elaboration(store, kinds, sources.view, bytes, model);
-  if (typeOf(top) == DocumentType::component)
-    return elaboration.elaborate(*readComponent(top, file, model));
-  elaboration.elaborate(*readDesignRecord(top, file, model));
+  // What has been made a record of is given back before the model grows.
+  if (typeOf(*top) == DocumentType::component) {
+    const auto component = readComponent(*top, file, model);
+    top.reset();
+    return elaboration.elaborate(*component);
+  }
+  const auto design = readDesignRecord(*top, file, model);
+  top.reset();
+  elaboration.elaborate(*design);
   return true;
 }
 

@@ -1,5 +1,6 @@
 #include "XmlChecks.h"
 
+#include <cstring>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
@@ -61,23 +62,29 @@ private:
   /// A prefix counts from its declaration to the end of the file: what is used
   /// outside its element is no worse to read.
   void checkPrefixes(const pugi::xml_node &node) {
-    for (const pugi::xml_attribute &attribute : node.attributes()) {
-      const std::string_view name = attribute.name();
-      if (prefixOf(name) == "xmlns")
-        known.insert(localNameOf(name));
-    }
+    const pugi::xml_attribute first = node.first_attribute();
+    for (pugi::xml_attribute attribute = first; !attribute.empty();
+         attribute = attribute.next_attribute())
+      if (hasPrefix(attribute.name(), "xmlns"))
+        known.insert(localNameOf(attribute.name()));
     checkPrefix(node, node.name());
-    for (const pugi::xml_attribute &attribute : node.attributes())
+    for (pugi::xml_attribute attribute = first; !attribute.empty();
+         attribute = attribute.next_attribute())
       checkPrefix(node, attribute.name());
   }
 
-  void checkPrefix(const pugi::xml_node &node, std::string_view name) {
-    const std::string_view prefix = prefixOf(name);
-    if (prefix.empty() || prefix == last)
+  static bool hasPrefix(const char *name, std::string_view prefix) {
+    return std::strncmp(name, prefix.data(), prefix.size()) == 0 &&
+           name[prefix.size()] == ':';
+  }
+
+  /// Most names have the prefix of the one before, or none.
+  void checkPrefix(const pugi::xml_node &node, const char *name) {
+    if (hasPrefix(name, last) || std::strchr(name, ':') == nullptr)
       return;
-    last = prefix;
-    if (known.insert(prefix).second)
-      warn(node, "the prefix " + quote(prefix) + " is not declared");
+    last = prefixOf(name);
+    if (!last.empty() && known.insert(last).second)
+      warn(node, "the prefix " + quote(last) + " is not declared");
   }
 
   void warn(const pugi::xml_node &node, std::string message) {
@@ -89,7 +96,7 @@ private:
   const std::string &file;
   DesignModel &model;
   std::unordered_set<std::string_view> known = {"xml", "xmlns"};
-  std::string_view last; ///< Most names have the prefix of the one before.
+  std::string_view last = "xmlns"; ///< Of the last name that had one.
 };
 
 } // namespace

@@ -81,8 +81,20 @@ int XmlDocument::lineOf(const pugi::xml_node &node) const {
 }
 
 int XmlDocument::lineAt(std::size_t offset) const {
-  const auto end = std::lower_bound(lineEnds.begin(), lineEnds.end(), offset);
-  return static_cast<int>(end - lineEnds.begin()) + 1;
+  constexpr int farthestSteps = 16;
+  const auto begin = lineEnds.begin();
+  auto end = begin + static_cast<std::ptrdiff_t>(linesBefore);
+  if (end != begin && end[-1] >= offset)
+    end = begin;
+  for (int step = 0; step < farthestSteps; ++step) {
+    if (end == lineEnds.end() || *end >= offset)
+      break;
+    ++end;
+  }
+  if (end != lineEnds.end() && *end < offset)
+    end = std::lower_bound(end, lineEnds.end(), offset);
+  linesBefore = static_cast<std::size_t>(end - begin);
+  return static_cast<int>(linesBefore) + 1;
 }
 
 } // namespace ZelDebugDialog

@@ -37,6 +37,9 @@ private:
 
   std::string text;
   std::vector<std::uint32_t> lineEnds;
+  /// The line ends before the last place that was asked for. Places are mostly
+  /// asked for in their order: the next one is near.
+  mutable std::size_t linesBefore = 0;
   pugi::xml_document document;
 };
 

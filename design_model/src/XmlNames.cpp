@@ -1,21 +1,21 @@
 #include "XmlNames.h"
 
+#include <cstring>
+
 namespace ZelDebugDialog {
 namespace {
 
-std::string_view trim(std::string_view text) {
-  constexpr const char *whiteSpace = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(whiteSpace);
-  if (first == std::string_view::npos)
-    return {};
-  return text.substr(first, text.find_last_not_of(whiteSpace) - first + 1);
-}
+bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
+/// Only elements have names.
 pugi::xml_node findFrom(pugi::xml_node node, std::string_view name) {
-  while (!node.empty() &&
-         (node.type() != pugi::node_element || localNameOf(node) != name))
+  while (!node.empty() && !hasLocalName(node.name(), name))
     node = node.next_sibling();
   return node;
+}
+
+bool isText(const pugi::xml_node &node) {
+  return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
 }
 
 } // namespace
@@ -29,8 +29,23 @@ std::string_view localNameOf(std::string_view name) {
   return name.substr(name.find(':') + 1);
 }
 
+bool hasLocalName(const char *name, std::string_view local) {
+  const char *const colon = std::strchr(name, ':');
+  const char *const start = colon == nullptr ? name : colon + 1;
+  return std::strncmp(start, local.data(), local.size()) == 0 &&
+         start[local.size()] == '\0';
+}
+
 std::string_view localNameOf(const pugi::xml_node &node) {
   return localNameOf(std::string_view(node.name()));
+}
+
+std::string_view trim(std::string_view text) {
+  while (!text.empty() && isSpace(text.front()))
+    text.remove_prefix(1);
+  while (!text.empty() && isSpace(text.back()))
+    text.remove_suffix(1);
+  return text;
 }
 
 pugi::xml_node findChild(const pugi::xml_node &parent, std::string_view name) {
@@ -41,10 +56,21 @@ pugi::xml_node findNextLike(const pugi::xml_node &node) {
   return findFrom(node.next_sibling(), localNameOf(node));
 }
 
+std::size_t countChildren(const pugi::xml_node &parent) {
+  std::size_t count = 0;
+  for (pugi::xml_node child = parent.first_child(); !child.empty();
+       child = child.next_sibling())
+    ++count;
+  return count;
+}
+
 std::string textOf(const pugi::xml_node &node) {
+  const pugi::xml_node first = node.first_child();
+  if (isText(first) && first.next_sibling().empty())
+    return std::string(trim(first.value()));
   std::string text;
   for (const pugi::xml_node &piece : node.children())
-    if (piece.type() == pugi::node_pcdata || piece.type() == pugi::node_cdata)
+    if (isText(piece))
       text += piece.value();
   return std::string(trim(text));
 }
@@ -54,8 +80,9 @@ std::string childText(const pugi::xml_node &parent, std::string_view name) {
 }
 
 std::string attributeOf(const pugi::xml_node &node, std::string_view name) {
-  for (const pugi::xml_attribute &attribute : node.attributes())
-    if (localNameOf(std::string_view(attribute.name())) == name)
+  for (pugi::xml_attribute attribute = node.first_attribute();
+       !attribute.empty(); attribute = attribute.next_attribute())
+    if (hasLocalName(attribute.name(), name))
       return std::string(trim(attribute.value()));
   return "";
 }

@@ -3,6 +3,9 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_XMLNAMES_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_XMLNAMES_H
 
+#include <algorithm>
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -14,12 +17,20 @@ namespace ZelDebugDialog {
 std::string_view prefixOf(std::string_view name);
 std::string_view localNameOf(std::string_view name);
 std::string_view localNameOf(const pugi::xml_node &node);
+/// The same as comparing `localNameOf(name)`, without measuring it.
+bool hasLocalName(const char *name, std::string_view local);
+
+/// Without the white space around it.
+std::string_view trim(std::string_view text);
 
 /// The first child element of that name, or no node.
 pugi::xml_node findChild(const pugi::xml_node &parent, std::string_view name);
 
 /// The next element after `node` that has its local name, or no node.
 pugi::xml_node findNextLike(const pugi::xml_node &node);
+
+/// How many nodes are directly inside; no list of its elements is longer.
+std::size_t countChildren(const pugi::xml_node &parent);
 
 /// All text of the element itself, comments skipped.
 std::string textOf(const pugi::xml_node &node);
@@ -29,6 +40,26 @@ std::string childText(const pugi::xml_node &parent, std::string_view name);
 
 /// Empty when there is none.
 std::string attributeOf(const pugi::xml_node &node, std::string_view name);
+
+/// Those of several attributes, in the order of `names`.
+template <std::size_t count>
+std::array<std::string, count>
+attributesOf(const pugi::xml_node &node,
+             const std::array<std::string_view, count> &names) {
+  std::array<std::string, count> values;
+  for (pugi::xml_attribute attribute = node.first_attribute();
+       !attribute.empty(); attribute = attribute.next_attribute()) {
+    const std::string_view name = localNameOf(attribute.name());
+    const auto found = std::find(names.begin(), names.end(), name);
+    if (found == names.end())
+      continue;
+    std::string &value =
+        values[static_cast<std::size_t>(found - names.begin())];
+    if (value.empty())
+      value = trim(attribute.value());
+  }
+  return values;
+}
 
 /// Calls `take` for each child element of that name.
 template <typename Take>
