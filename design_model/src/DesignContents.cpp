@@ -30,9 +30,8 @@ bool DesignContents::isTaken(const std::string &name,
 /// Takes an instance back that could not be entered everywhere.
 class DesignContents::Entry {
 public:
-  Entry(DesignContents &filled, const std::string &fullName, Index component,
-        Index parent)
-      : contents(filled), key(fullName), around(parent),
+  Entry(DesignContents &filled, Index component, Index parent)
+      : contents(filled), around(parent),
         typeName(filled.graph.components[component].data.typeName),
         ports(filled.graph.ports.size()),
         hadInside(parent != noIndex &&
@@ -59,9 +58,6 @@ private:
     if (around != noIndex)
       contents.graph.instances[around].hasInside = hadInside;
     contents.instances.resize(instance);
-    const auto named = contents.firstByName.find(key);
-    if (named != contents.firstByName.end() && named->second == instance)
-      contents.firstByName.erase(named);
     contents.namesakes.erase(namesake);
     const auto typed = contents.byTypeName.find(typeName);
     if (typed != contents.byTypeName.end())
@@ -75,7 +71,6 @@ private:
   }
 
   DesignContents &contents;
-  const std::string &key;
   Index around;
   const std::string &typeName;
   std::size_t ports;
@@ -88,7 +83,7 @@ private:
 Index DesignContents::addInstance(const std::string &name,
                                   const std::string &fullName, Index component,
                                   Index parent, const DesignOrigin &origin) {
-  Entry entry(*this, fullName, component, parent);
+  Entry entry(*this, component, parent);
   const Index instance = entry.index();
   const DesignComponent &data = graph.components[component].data;
   instances.push_back({fullName, data.typeName, data.role, {}});
@@ -97,7 +92,8 @@ Index DesignContents::addInstance(const std::string &name,
     processors.push_back(instance);
   if (data.role == DesignRole::debugModule)
     debugModules.push_back(instance);
-  if (!firstByName.emplace(fullName, instance).second) {
+  // A new name is what is entered last, and need not be taken back.
+  if (firstByName.enter(fullName, instance, nameIn(instances)) != instance) {
     entry.addNamesake(name);
     report(Severity::warning, origin, origin.line,
            "two instances read " + quote(fullName) +

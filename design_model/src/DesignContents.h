@@ -10,6 +10,7 @@
 
 #include "ConnectionGraph.h"
 #include "DiagnosticList.h"
+#include "NameIndex.h"
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 
 namespace ZelDebugDialog {
@@ -20,7 +21,7 @@ struct DesignContents {
   ConnectionGraph graph;
   std::vector<DesignInstance> instances; ///< Of the graph, by index.
   DiagnosticList diagnostics;
-  std::unordered_map<std::string, Index> firstByName;
+  NameIndex firstByName;
   /// "parent/name" of the instances whose full name another had before them.
   std::unordered_set<std::string> namesakes;
   std::unordered_map<std::string, std::vector<Index>> byTypeName;
@@ -28,8 +29,7 @@ struct DesignContents {
   std::vector<Index> debugModules;
 
   Index find(const std::string &name) const {
-    const auto found = firstByName.find(name);
-    return found == firstByName.end() ? noIndex : found->second;
+    return firstByName.find(name, nameIn(instances));
   }
 
   bool hasRole(Index instance, DesignRole role) const {

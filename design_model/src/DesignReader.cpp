@@ -1,9 +1,9 @@
 #include "DesignReader.h"
 
-#include <unordered_map>
-#include <unordered_set>
+#include <cstdint>
 #include <utility>
 
+#include "NameIndex.h"
 #include "Quote.h"
 #include "RecordReader.h"
 
@@ -23,17 +23,23 @@ public:
     readParameters(root, "parameters", "parameter", design->parameters);
     design->parameters.ownCount = design->parameters.list.size();
     completeParameters(design->parameters);
-    forEachIn(root, "componentInstances", "componentInstance",
-              [&](const pugi::xml_node &node) {
-                design->instances.push_back(readInstance(node));
-                instanceByName.emplace(design->instances.back().name,
-                                       design->instances.size() - 1);
-              });
+    readInstances(findChild(root, "componentInstances"), *design);
     readConnections(root, *design);
     return design;
   }
 
 private:
+  void readInstances(const pugi::xml_node &list, DesignRecord &design) {
+    design.instances.reserve(countChildren(list));
+    forEach(list, "componentInstance", [&](const pugi::xml_node &node) {
+      design.instances.push_back(readInstance(node));
+      instanceByName.enter(
+          design.instances.back().name,
+          static_cast<std::uint32_t>(design.instances.size() - 1),
+          nameIn(design.instances));
+    });
+  }
+
   InstanceRecord readInstance(const pugi::xml_node &node) {
     InstanceRecord instance;
     instance.name = childText(node, "instanceName");
@@ -50,12 +56,16 @@ private:
 
   /// Ad hoc connections and those of monitors attach nothing.
   void readConnections(const pugi::xml_node &root, DesignRecord &design) {
-    forEachIn(
-        root, "interconnections", "interconnection",
-        [&](const pugi::xml_node &node) { readInterconnection(node, design); });
-    forEachIn(
-        root, "hierConnections", "hierConnection",
-        [&](const pugi::xml_node &node) { readHierConnection(node, design); });
+    const pugi::xml_node between = findChild(root, "interconnections");
+    const pugi::xml_node outwards = findChild(root, "hierConnections");
+    design.connections.reserve(countChildren(between) +
+                               countChildren(outwards));
+    forEach(between, "interconnection", [&](const pugi::xml_node &node) {
+      readInterconnection(node, design);
+    });
+    forEach(outwards, "hierConnection", [&](const pugi::xml_node &node) {
+      readHierConnection(node, design);
+    });
   }
 
   /// Ends as they are written, before it is known whose they are.
@@ -73,7 +83,9 @@ private:
 
   void add(const std::string &name, int line,
            const std::vector<WrittenEnd> &ends, DesignRecord &design) {
-    if (!name.empty() && !names.insert(name).second)
+    const auto index = static_cast<std::uint32_t>(design.connections.size());
+    if (!name.empty() && connectionByName.enter(
+                             name, index, nameIn(design.connections)) != index)
       report(Severity::warning, line, "a second connection " + quote(name));
     if (ends.size() < 2)
       report(Severity::warning, line,
@@ -81,22 +93,23 @@ private:
                  (ends.empty() ? " has no ends"
                                : " has one end only: " + describe(ends[0])));
     ConnectionRecord connection{name, {}, line};
+    connection.ends.reserve(ends.size());
     for (const WrittenEnd &end : ends)
-      resolve(end, name, ends, connection);
+      resolve(end, name, ends, design, connection);
     design.connections.push_back(std::move(connection));
   }
 
   void resolve(const WrittenEnd &end, const std::string &name,
-               const std::vector<WrittenEnd> &ends,
+               const std::vector<WrittenEnd> &ends, const DesignRecord &design,
                ConnectionRecord &connection) {
     if (end.isOwn) {
       connection.ends.push_back({true, 0, end.interface, end.line});
       return;
     }
-    const auto found = instanceByName.find(end.instance);
-    if (found != instanceByName.end()) {
-      connection.ends.push_back(
-          {false, found->second, end.interface, end.line});
+    const std::uint32_t found =
+        instanceByName.find(end.instance, nameIn(design.instances));
+    if (found != NameIndex::none) {
+      connection.ends.push_back({false, found, end.interface, end.line});
       return;
     }
     const WrittenEnd &other =
@@ -109,6 +122,7 @@ private:
 
   void readInterconnection(const pugi::xml_node &node, DesignRecord &design) {
     std::vector<WrittenEnd> ends;
+    ends.reserve(countChildren(node));
     for (const pugi::xml_node &end : node.children()) {
       const std::string_view element = localNameOf(end);
       noteCondition(end);
@@ -132,16 +146,16 @@ private:
   }
 
   WrittenEnd readActive(const pugi::xml_node &end) {
-    std::string instance = attributeOf(end, "componentInstanceRef");
+    auto [instance, oldName, interface] = attributesOf<3>(
+        end, {"componentInstanceRef", "componentRef", "busRef"});
     if (instance.empty())
-      instance = attributeOf(end, "componentRef");
-    return {false, std::move(instance), attributeOf(end, "busRef"),
-            lineOf(end)};
+      instance = std::move(oldName);
+    return {false, std::move(instance), std::move(interface), lineOf(end)};
   }
 
   /// First of each name; the second is refused when it is added to the model.
-  std::unordered_map<std::string, std::size_t> instanceByName;
-  std::unordered_set<std::string> names;
+  NameIndex instanceByName;
+  NameIndex connectionByName;
 };
 
 class ConfigurationReader : public RecordReader {
