@@ -97,6 +97,26 @@ TEST_F(FileSystem, HoldsFilesOfABoundedSize) {
               ElementsAre(EndsWith(":0: it is larger than 1024 MiB")));
 }
 
+/// Nulls take no room on the disk, blanks are most of some real files.
+TEST_F(FileSystem, MayHoldLargeFiles) {
+  const bool fewer = std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") != nullptr;
+  const std::size_t size = std::size_t{fewer ? 1u : 100u} << 20;
+  const std::string nulls = write("nulls.xml", "");
+  fs::resize_file(nulls, size);
+  EXPECT_FALSE(read(nulls));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error " + nulls +
+                          ":1: it holds a null byte, which XML does not"));
+  write("t.xml", component("t", ""));
+  std::string text = top;
+  text.insert(text.find("<ipxact:componentInstances>"), size, ' ');
+  EXPECT_TRUE(read(write("top.xml", text)));
+  EXPECT_THAT(reading.instances(), ElementsAre("u"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("warning " + nulls +
+                          ":1: it holds a null byte, which XML does not"));
+}
+
 TEST_F(FileSystem, KnowsAFileByTwoNames) {
   write("t.xml", component("t", ""));
   fs::create_symlink("t.xml", folder / "u.xml");
