@@ -145,6 +145,33 @@ TEST(Library, KnowsTypesApart) {
   EXPECT_THAT(reading.diagnostics(), IsEmpty());
 }
 
+/// Whether they are there, twice, broken, or named as a component is.
+TEST(Library, NeedsNoDefinitionsOfBuses) {
+  const std::string type =
+      "<ipxact:busType vendor='x' library='y' name='t' version='1'/>"
+      "<ipxact:abstractionTypes><ipxact:abstractionType><ipxact:abstractionRef "
+      "vendor='x' library='y' name='gone' version='1'/>"
+      "</ipxact:abstractionType></ipxact:abstractionTypes>";
+  const std::string definition =
+      "<vendor>x</vendor><library>y</library><name>t</name>"
+      "<version>1</version><isAddressable>true</isAddressable>";
+  const Files files = {
+      {"top.xml", design("d", instance("c", "lumacore") + instance("u", "t"),
+                         connection("wire", {"c.bus", "u.bus"}))},
+      {"c.xml",
+       component("lumacore", interface("bus", type + "<ipxact:master/>"))},
+      {"t.xml", component("t", interface("bus", type + "<ipxact:slave/>"))}};
+  Files more = files;
+  more["a.xml"] = "<busDefinition>" + definition + "</busDefinition>";
+  more["b.xml"] = more["a.xml"];
+  more["d.xml"] = "<abstractionDefinition>" + definition + "<ports>";
+  for (const Files &read : {files, more}) {
+    Reading reading = readFrom(read, {});
+    EXPECT_THAT(reading.peripherals("c"), ElementsAre("u"));
+    EXPECT_THAT(reading.diagnostics(), IsEmpty());
+  }
+}
+
 TEST(Library, SpeaksOfFilesThatLookLikeDocuments) {
   const Reading reading = readFrom(
       {{"top.xml", top},
