@@ -97,7 +97,11 @@ std::string manualOf(const CommandLine &line) {
 void addManualCommand(CommandLine &line) {
   line.addSubcommand("manual", "Print the manual page",
                      "zeldebug manual | man -l -", [&line](Output &output) {
-                       output.print(manualOf(line));
+                       const std::string page = manualOf(line);
+                       if (output.json())
+                         output.document({{"text", page}});
+                       else
+                         output.print(page);
                        return ExitStatus::done;
                      });
 }
