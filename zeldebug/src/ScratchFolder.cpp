@@ -73,8 +73,9 @@ LockedFolder::LockedFolder(const fs::path &parent) {
     folder = makeFolder(parent);
     lock = openFolder(folder);
     // Without a lock, where the file system has none, nobody else gets one.
-    flock(lock, LOCK_EX);
-  } while (lock >= 0 && !isStillThere(lock, folder));
+    if (lock >= 0)
+      flock(lock, LOCK_EX);
+  } while (lock >= 0 ? !isStillThere(lock, folder) : !fs::exists(folder));
 }
 
 LockedFolder::~LockedFolder() {
