@@ -17,11 +17,13 @@ set(same_version "(= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 
 # The tool's libraries are those of this build, which no package provides yet.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_LIBRARY_OUTPUT_DIRECTORY})
 
 set(CPACK_DEBIAN_ZELDEBUGDIALOG_RUNTIME_PACKAGE_NAME ${runtime})
 set(CPACK_DEBIAN_ZELDEBUGDIALOG_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_DEBIAN_ZELDEBUGDIALOG_RUNTIME_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_ZELDEBUGDIALOG_RUNTIME_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 set(CPACK_COMPONENT_ZELDEBUGDIALOG_RUNTIME_DESCRIPTION
     "debug-target configurations for FPGA processors - libraries
  The engine behind a debug-configuration dialog: sets, checks and reads the
@@ -44,7 +46,9 @@ set(CPACK_COMPONENT_ZELDEBUGDIALOG_TOOL_DESCRIPTION
  Lists the processors of an IP-XACT design and reads, checks, changes and saves
  the connect command of each.")
 
-# What Debian asks of every package: a change log and a notice of its licence.
+# What Debian asks of every package: a change log and a notice of its licence;
+# and what lintian need not say, with the reasons. Manual pages are compressed.
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/debian/CompressManuals.cmake)
 string(TIMESTAMP release_date "%a, %d %b %Y %H:%M:%S +0000" UTC)
 set(notes ${PROJECT_BINARY_DIR}/debian)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/changelog.in ${notes}/changelog @ONLY)
@@ -54,6 +58,10 @@ foreach(component Runtime Development Tool)
     string(TOUPPER ZelDebugDialog_${component} key)
     install(FILES ${notes}/changelog.Debian.gz ${PROJECT_SOURCE_DIR}/cmake/debian/copyright
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${key}_PACKAGE_NAME}
+        COMPONENT ZelDebugDialog_${component} EXCLUDE_FROM_ALL)
+    install(FILES ${PROJECT_SOURCE_DIR}/cmake/debian/lintian-overrides
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides
+        RENAME ${CPACK_DEBIAN_${key}_PACKAGE_NAME}
         COMPONENT ZelDebugDialog_${component} EXCLUDE_FROM_ALL)
 endforeach()
 
