@@ -1,4 +1,4 @@
-#include "language/RoundTripCase.h"
+#include "language/RoundTripMaker.h"
 
 #include <limits>
 

@@ -1,35 +1,35 @@
 // What is written and read again: the same, but for the losses that
 // docs/round-trip.md names, each of which is met here.
 #include <algorithm>
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <stdexcept>
 #include <string>
-#include <tuple>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "language/Bench.h"
-#include "language/RoundTripCase.h"
+#include "language/RoundTripMaker.h"
 #include "language/SmallDesign.h"
 #include "language/WorkingFolder.h"
+#include "support/OptionFileText.h"
+#include "support/RoundTripDesk.h"
 
 namespace {
 
 using namespace std::string_literals;
 using namespace LanguageTest;
-using ZelDebugDialog::CableOption;
+using support::kLossIds;
+using support::Loss;
+using support::Losses;
+using support::RoundTripDesk;
 using ZelDebugDialog::Engine;
 using ZelDebugDialog::EngineImp;
-using ZelDebugDialog::JtagOption;
 using ZelDebugDialog::KvoOption_Parser;
 using ZelDebugDialog::ProcessorInfo;
-using ZelDebugDialog::ProcessorInfoImp;
 
 constexpr std::uint64_t kSeed = 20260419;
 // Who runs the tests a thousand times, to try changes of the engine, says so.
@@ -38,105 +38,6 @@ const std::size_t kCases =
 constexpr std::size_t kFileCases = 2000;
 constexpr std::size_t kWholeFiles = 20;
 constexpr int kShownFailures = 10;
-
-auto tied(const ProcessorInfoImp &r) {
-  return std::tie(
-      r.instanceName, r.procFamily, r.procType, r.connectionMask, r.cpuNr,
-      r.connectionType, r.simMemSize, r.ppcSimConfigFile, r.simIpcHost,
-      r.simIpcPort, r.vpConfigMode, r.cycleApproximate, r.stubType,
-      r.stubSerialPort, r.stubBaudRate, r.stubTimeout, r.debugDevice,
-      r.debugAddressMap, r.isocmStartAdr, r.isocmSize, r.isocmDcrStartAdr,
-      r.icacheStartAdr, r.dcacheStartAdr, r.itagStartAdr, r.dtagStartAdr,
-      r.tlbStartAdr, r.dcrStartAdr, r.fpuType, r.cpu_version, r.hdu_version,
-      r.nCpu, r.romemStartAdr, r.romemSize, r.svfFileFlag, r.modelSimMode,
-      r.modelSimHost, r.modelSimPort, r.uartOverHdu, r.bscanUserReg);
-}
-auto tied(const CableOption &c) {
-  return std::tie(c.cableType, c.frequency, c.port, c.esn, c.svfFile,
-                  c.moduleName, c.moduleArgs, c.url);
-}
-auto tied(const JtagOption &d) {
-  return std::tie(d.partname, d.idcode, d.irlength, d.devicenr, d.isfpga,
-                  d.hardppc, d.nppc);
-}
-
-/// One engine for many configurations.
-class Desk {
-public:
-  Desk() : imp(*engine.GetProcessorList(nullptr)) {
-    imp.currentProcessor = &record;
-  }
-  ~Desk() { clear(); }
-  Desk(const Desk &) = delete;
-  Desk &operator=(const Desk &) = delete;
-
-  void clear() {
-    ReleaseChainRecords(imp.jtagChain);
-    record = ProcessorInfoImp();
-    imp.EngineImpInit();
-    imp.hwManager = nullptr;
-  }
-  void load(const Configuration &configuration) {
-    clear();
-    record = configuration.record;
-    *imp.cableOption = configuration.cable;
-    imp.cpuJtag = configuration.cpuJtag;
-    for (const JtagOption &device : configuration.chain)
-      imp.jtagChain.push_back(new JtagOption(device));
-  }
-  /// Ready to read for a processor by itself, or for this one of a design.
-  void prepare(const RoundTripCase &roundTrip) {
-    clear();
-    if (!roundTrip.underDesign)
-      return;
-    const ProcessorInfoImp &same = roundTrip.written.record;
-    record.instanceName = same.instanceName;
-    record.procFamily = same.procFamily;
-    record.procType = same.procType;
-    record.connectionMask = same.connectionMask;
-    record.cpuNr = same.cpuNr;
-    imp.hwManager = silentDesign();
-  }
-  bool holds(const Configuration &configuration) const {
-    return tied(record) == tied(configuration.record) &&
-           tied(*imp.cableOption) == tied(configuration.cable) &&
-           imp.cpuJtag == configuration.cpuJtag &&
-           std::equal(imp.jtagChain.begin(), imp.jtagChain.end(),
-                      configuration.chain.begin(), configuration.chain.end(),
-                      [](const JtagOption *left, const JtagOption &right) {
-                        return tied(*left) == tied(right);
-                      });
-  }
-
-  Engine engine;
-  EngineImp &imp;
-  ProcessorInfoImp record;
-};
-
-int read(const std::string &text, EngineImp &imp) {
-  try {
-    return KvoOption_Parser::ReadKvoCommand(text, imp);
-  } catch (const std::out_of_range &) {
-    return kThrows;
-  }
-}
-
-/// `text` without its ISOCM piece.
-std::string withoutIsocm(const std::string &text,
-                         const ProcessorInfoImp &record) {
-  std::array<char, 200> piece{};
-  std::snprintf(piece.data(), piece.size(),
-                " isocmStartAdr 0x%x isocmSize %d  isocmDcrStartAdr 0x%x",
-                record.isocmStartAdr, static_cast<int>(record.isocmSize),
-                record.isocmDcrStartAdr);
-  std::string rest = text;
-  rest.erase(rest.find(piece.data()), std::string(piece.data()).size());
-  const std::string option = " -debugdevice";
-  if (rest.size() >= option.size() &&
-      rest.compare(rest.size() - option.size(), option.size(), option) == 0)
-    rest.erase(rest.size() - option.size());
-  return rest;
-}
 
 /// Everything is run once; each test looks at a part of what came of it.
 class RoundTrips {
@@ -170,67 +71,18 @@ private:
   }
 
   void goAround(std::size_t number, const RoundTripCase &roundTrip) {
-    const Prediction prediction = predict(roundTrip, losses);
-    desk.load(roundTrip.written);
-    desk.record.connectCommand = "before";
-    std::string text = "before";
-    const int written = KvoOption_Parser::WriteKvoCmdString(desk.imp, text);
-    const std::string where =
-        "case " + std::to_string(number) + " \"" + printable(text) + "\": ";
-    if (prediction.kind == Prediction::Kind::NoCommand) {
-      losses.count(prediction.cause);
-      return expect(written == 1 && text == "before" &&
-                        desk.record.connectCommand == "before",
-                    where + "a command where there is none");
-    }
-    expect(written == 0 && desk.record.connectCommand == text,
-           where + "no command");
-    expect(desk.holds(roundTrip.written), where + "changed by writing");
-
-    desk.prepare(roundTrip);
-    const int code = read(text, desk.imp);
-    expect(desk.record.connectCommand == text, where + "not stored");
-    if (prediction.kind == Prediction::Kind::Refused) {
-      losses.count(prediction.cause);
-      return expect(code == 3,
-                    where + "read, in spite of " + nameOf(prediction.cause));
-    }
-    if (prediction.kind == Prediction::Kind::Unsettled) {
-      if (code != 0 || !desk.holds(roundTrip.written))
-        losses.count(prediction.cause);
-      return;
-    }
-    if (code != 0)
-      return fault(where + "not read");
-    ++same;
-    if (!desk.holds(prediction.result))
-      return fault(where + differences(prediction.result));
-    std::string again;
-    expect(KvoOption_Parser::WriteKvoCmdString(desk.imp, again) == 0,
-           where + "not written again");
-    const std::string stable =
-        prediction.dropsIsocm ? withoutIsocm(text, roundTrip.written.record)
-                              : text;
-    expect(again == stable,
-           where + "written again as \"" + printable(again) + "\"");
-  }
-
-  static std::string nameOf(Loss loss) {
-    return kLossIds[static_cast<std::size_t>(loss)];
-  }
-
-  std::string differences(const Configuration &expected) {
-    Desk other;
-    other.load(expected);
-    return "instead of what was expected: " +
-           changesBetween(settingsOf(other.imp), settingsOf(desk.imp));
+    const support::RoundTripOutcome outcome =
+        support::goAround(desk, roundTrip, losses);
+    same += outcome.isSame ? 1 : 0;
+    for (const std::string &found : outcome.faults)
+      fault("case " + std::to_string(number) + " " + printable(found));
   }
 
   /// A file is read as the command on its line.
   void goThroughFiles() {
     const WorkingFolder folder;
     CaseMaker maker(kSeed + 1);
-    Desk fileDesk;
+    RoundTripDesk fileDesk(*silentDesign());
     for (std::size_t number = 0; number < kFileCases; ++number) {
       RoundTripCase roundTrip = maker.next();
       roundTrip.written.record.instanceName = "cpu";
@@ -239,22 +91,22 @@ private:
       if (desk.engine.GenerateCmdString(text) != 0)
         continue;
       // Files are slow: those that are read whole are not all tried.
-      if (lineOf(text) == text && number % kWholeFiles != 0)
+      if (support::lineOf(text) == text && number % kWholeFiles != 0)
         continue;
       expect(desk.engine.Generate() == 0, "no file");
       const std::string where =
           "file " + std::to_string(number) + " \"" + printable(text) + "\": ";
       expect(WorkingFolder::contentOf(folder.optionFile("cpu")) == text,
              where + "another text in the file");
-      const std::string line = lineOf(text);
+      const std::string line = support::lineOf(text);
       desk.prepare(roundTrip);
-      const int code = read(line, desk.imp);
+      const int code = desk.read(line);
       fileDesk.prepare(roundTrip);
-      int fileCode = kThrows;
+      int fileCode = support::kLoneMinus;
       try {
         fileCode = KvoOption_Parser::ReadKvoOptFile("cpu", fileDesk.imp);
       } catch (const std::out_of_range &) {
-        fileCode = kThrows;
+        fileCode = support::kLoneMinus;
       }
       expect(fileCode == code && fileDesk.record.connectCommand == line,
              where + "read differently");
@@ -263,12 +115,6 @@ private:
       if (line != text)
         losses.count(line.size() == 1023 ? Loss::LongFile : Loss::LinesInFile);
     }
-  }
-
-  /// What a file that holds `text` is read as.
-  static std::string lineOf(const std::string &text) {
-    std::string line = text.substr(0, text.find('\n')).substr(0, 1023);
-    return line.substr(0, line.find('\0'));
   }
 
   void takeFpuFromDesign() {
@@ -308,7 +154,7 @@ private:
          }) {
       desk.clear();
       std::string written;
-      expect(read(row.read, desk.imp) == 0, row.read + ": not read");
+      expect(desk.read(row.read) == 0, row.read + ": not read");
       KvoOption_Parser::WriteKvoCmdString(desk.imp, written);
       expect(written == row.written, row.read + ": written as " + written);
     }
@@ -335,7 +181,7 @@ private:
     ReleaseProcessorRecords(imp);
   }
 
-  Desk desk;
+  RoundTripDesk desk{*silentDesign()};
 };
 
 TEST(RoundTrip, GivesBackAllButTheKnownLosses) {

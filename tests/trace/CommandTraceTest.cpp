@@ -9,8 +9,8 @@
 #include "ZelDebugDialog/CommandTrace.h"
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
+#include "support/StateText.h"
 #include "trace/Corpus.h"
-#include "trace/StateText.h"
 
 namespace ZelDebugDialog::test {
 

@@ -6,8 +6,8 @@
 
 #include "ZelDebugDialog/CommandTrace.h"
 #include "ZelDebugDialog/Engine.h"
+#include "support/StateText.h"
 #include "trace/Corpus.h"
-#include "trace/StateText.h"
 
 namespace ZelDebugDialog::test {
 

@@ -1,4 +1,4 @@
-#include "trace/StateText.h"
+#include "support/StateText.h"
 
 namespace ZelDebugDialog::test {
 
