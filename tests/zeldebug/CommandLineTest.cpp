@@ -91,6 +91,30 @@ TEST_F(CommandLineTest, ASubcommandsNameMayBeAProcessors) {
                          "design; there are 'lumacore_0', "));
 }
 
+TEST_F(CommandLineTest, TextsAreDocumentsInJson) {
+  const struct {
+    std::vector<std::string> line;
+    std::string command;
+  } rows[] = {{{"--help"}, ""},
+              {{"--version"}, ""},
+              {{"set", "--help"}, "set"},
+              {{"manual"}, "manual"},
+              {{"completion", "bash"}, "completion"},
+              {{"complete"}, "complete"}};
+  for (const auto &row : rows) {
+    SCOPED_TRACE(row.line[0]);
+    const json document = runJson(row.line);
+    EXPECT_EQ(document["command"], row.command);
+    EXPECT_EQ(document["text"], this->run(row.line).out);
+  }
+}
+
+TEST_F(CommandLineTest, NoOptionStandsBehindTwoDashes) {
+  const Result run = this->run({"check", "--", "--json"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.out, HasSubstr("unknown-head"));
+}
+
 TEST_F(CommandLineTest, WrongUseIsADocumentInJson) {
   const json document = runJson({"list", "--jsn"}, 2);
   EXPECT_EQ(document["failure"]["status"], 2);

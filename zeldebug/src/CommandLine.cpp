@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include <fmt/format.h>
 
@@ -62,9 +63,12 @@ Failure unknownOption(const CLI::App &app, const std::string &word) {
 }
 
 bool asksForJson(int argc, const char *const *argv) {
-  return std::any_of(argv, argv + argc, [](const char *word) {
-    return word == std::string("--json");
-  });
+  const auto isWord = [](const char *wanted) {
+    return
+        [wanted](const char *word) { return std::strcmp(word, wanted) == 0; };
+  };
+  const char *const *const end = std::find_if(argv, argv + argc, isWord("--"));
+  return std::any_of(argv, end, isWord("--json"));
 }
 
 } // namespace
@@ -178,6 +182,7 @@ ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
   try {
     app.parse(wordsOf(argc, argv));
   } catch (const CLI::CallForHelp &) {
+    nameSubcommand(output);
     const Subcommand *subcommand = chosen();
     output.print(subcommand == nullptr ? app.help()
                                        : subcommand->app->help("zeldebug"));

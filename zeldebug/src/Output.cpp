@@ -80,6 +80,7 @@ void Output::document(const Json &members) {
   // Bytes that are no UTF-8 can stand in an option file; JSON has no place for
   // them.
   result = whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  isDocument = true;
 }
 
 void Output::failureDocument(ExitStatus status, const std::string &text) {
@@ -104,6 +105,8 @@ std::string Output::heading(std::string_view text) const {
 }
 
 ExitStatus Output::finish(ExitStatus status) {
+  if (jsonWanted && !isDocument)
+    document({{"text", result}});
   const int problem = writeAll(STDOUT_FILENO, result);
   if (problem == 0 || problem == EPIPE)
     return status;

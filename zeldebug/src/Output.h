@@ -42,12 +42,13 @@ public:
   /// it.
   std::string heading(std::string_view text) const;
 
-  /// Writes the result out. @return `status`, or `refused` when the result
-  /// could not be written.
+  /// Writes the result out; a text, where JSON is wanted, as a document.
+  /// @return `status`, or `refused` when the result could not be written.
   ExitStatus finish(ExitStatus status);
 
 private:
   bool jsonWanted = false;
+  bool isDocument = false;
   bool colourOut;
   bool colourErr;
   std::string subcommand;
