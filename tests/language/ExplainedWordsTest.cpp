@@ -15,12 +15,14 @@
 #include "ZelDebugDialog/CommandTrace.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "language/Bench.h"
-#include "language/RoundTripCase.h"
-#include "trace/StateText.h"
+#include "language/RoundTripMaker.h"
+#include "support/StateText.h"
 
 namespace {
 
 using namespace LanguageTest;
+using support::Losses;
+using support::Prediction;
 using ZelDebugDialog::AfterFault;
 using ZelDebugDialog::CommandFaultKind;
 using ZelDebugDialog::CommandTrace;

@@ -11,7 +11,7 @@
 #include "ZelDebugDialog/CommandTables.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "common/Session.h"
-#include "trace/StateText.h"
+#include "support/StateText.h"
 
 namespace robustness {
 namespace {
