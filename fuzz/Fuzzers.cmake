@@ -1,0 +1,71 @@
+# Each fuzzer: its sources, and what it is linked with. The fuzzers themselves
+# are made of them (CMakeLists.txt), and so are the tests that replay the inputs
+# that are kept (tests/fuzz).
+find_package(Boost 1.74 REQUIRED COMPONENTS filesystem)
+
+set(fuzz_folder ${PROJECT_SOURCE_DIR}/fuzz)
+set(fuzz_engine_libraries FuzzCommon TestSupport ZelDebugDialogCore Boost::filesystem)
+
+add_library(FuzzCommon STATIC
+    ${fuzz_folder}/common/Bytes.cpp
+    ${fuzz_folder}/common/Reading.cpp
+    ${fuzz_folder}/common/Require.cpp
+    ${fuzz_folder}/common/ScratchFolder.cpp
+    ${fuzz_folder}/common/TracedValues.cpp)
+zeldebugdialog_build_options(FuzzCommon)
+target_include_directories(FuzzCommon
+    PUBLIC ${fuzz_folder}
+    PRIVATE
+        $<TARGET_PROPERTY:ZelDebugDialogCore,INTERFACE_INCLUDE_DIRECTORIES>
+        $<TARGET_PROPERTY:ZelDebugDialogPlatform,INTERFACE_INCLUDE_DIRECTORIES>)
+target_link_libraries(FuzzCommon PUBLIC TestSupport)
+
+set(fuzzers command option_file cable_clauses operations)
+
+set(fuzz_command_sources
+    ${fuzz_folder}/fuzz_command.cpp
+    ${fuzz_folder}/command/KnownWords.cpp
+    ${fuzz_folder}/command/PublicReaders.cpp)
+set(fuzz_command_libraries ${fuzz_engine_libraries})
+
+set(fuzz_option_file_sources ${fuzz_folder}/fuzz_option_file.cpp)
+set(fuzz_option_file_libraries ${fuzz_engine_libraries})
+
+set(fuzz_cable_clauses_sources
+    ${fuzz_folder}/fuzz_cable_clauses.cpp
+    ${fuzz_folder}/command/KnownWords.cpp
+    ${fuzz_folder}/command/PublicReaders.cpp)
+set(fuzz_cable_clauses_libraries ${fuzz_engine_libraries})
+
+set(fuzz_operations_sources
+    ${fuzz_folder}/fuzz_operations.cpp
+    ${fuzz_folder}/operations/AnsweredDesign.cpp
+    ${fuzz_folder}/operations/CableOperations.cpp
+    ${fuzz_folder}/operations/Model.cpp
+    ${fuzz_folder}/operations/SelectionOperations.cpp
+    ${fuzz_folder}/operations/Session.cpp
+    ${fuzz_folder}/operations/TargetOperations.cpp
+    ${PROJECT_SOURCE_DIR}/tests/support/MessageLog.cpp)
+set(fuzz_operations_libraries ${fuzz_engine_libraries})
+
+if(ZELDEBUGDIALOG_DESIGN_MODEL)
+    list(APPEND fuzzers documents)
+    set(fuzz_documents_sources ${fuzz_folder}/fuzz_documents.cpp)
+    set(fuzz_documents_includes ${PROJECT_SOURCE_DIR}/design_model/src)
+    set(fuzz_documents_libraries DesignModelCore)
+endif()
+
+if(ZELDEBUGDIALOG_TOOL)
+    find_package(CLI11 2.1 REQUIRED)
+    find_package(fmt 9 REQUIRED)
+    find_package(nlohmann_json 3.11 REQUIRED)
+    list(APPEND fuzzers arguments)
+    set(fuzz_arguments_sources ${fuzz_folder}/fuzz_arguments.cpp
+        $<FILTER:$<TARGET_OBJECTS:zeldebug>,EXCLUDE,main.cpp>)
+    set(fuzz_arguments_includes ${PROJECT_SOURCE_DIR}/zeldebug/src)
+    set(fuzz_arguments_definitions BOARD_FOLDER="${PROJECT_SOURCE_DIR}/examples/board")
+    set(fuzz_arguments_libraries FuzzCommon
+        ZelDebugDialog::ZelDebugDialog ZelDebugDialog::DesignModel
+        CLI11::CLI11 fmt::fmt nlohmann_json::nlohmann_json
+        -Wl,--wrap=write)
+endif()
