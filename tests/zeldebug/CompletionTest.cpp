@@ -63,14 +63,6 @@ TEST_F(CompletionTest, KnowsWhatFits) {
         << testing::PrintToString(row.words);
 }
 
-TEST_F(CompletionTest, TheScriptsAreDocumentsInJson) {
-  for (const char *shell : {"bash", "zsh", "fish"}) {
-    const nlohmann::json document = runJson({"completion", shell});
-    EXPECT_EQ(document["shell"], shell);
-    EXPECT_EQ(document["text"], this->run({"completion", shell}).out);
-  }
-}
-
 /// Runs a script of a shell, with the completion script beside it and the
 /// program in its path.
 class ShellTest : public CompletionTest {

@@ -72,10 +72,7 @@ complete -c zeldebug -f -a '(__zeldebug_complete)'
 ExitStatus run(const std::string &name, Output &output) {
   for (const Shell &shell : shells)
     if (name == shell.name) {
-      if (output.json())
-        output.document({{"shell", shell.name}, {"text", shell.script}});
-      else
-        output.print(shell.script);
+      output.print(shell.script);
       return ExitStatus::done;
     }
   const std::vector<std::string> names = completionShells();

@@ -97,11 +97,7 @@ std::string manualOf(const CommandLine &line) {
 void addManualCommand(CommandLine &line) {
   line.addSubcommand("manual", "Print the manual page",
                      "zeldebug manual | man -l -", [&line](Output &output) {
-                       const std::string page = manualOf(line);
-                       if (output.json())
-                         output.document({{"text", page}});
-                       else
-                         output.print(page);
+                       output.print(manualOf(line));
                        return ExitStatus::done;
                      });
 }
