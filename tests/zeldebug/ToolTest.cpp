@@ -228,8 +228,8 @@ Result ToolTest::run(const std::vector<std::string> &arguments,
                      const Surroundings &surroundings) {
   Result run = Child(arguments, surroundings).finish();
   const bool completes = !arguments.empty() && arguments[0] == "complete";
-  const bool isJson = std::find(arguments.begin(), arguments.end(), "--json") !=
-                      arguments.end();
+  const auto end = std::find(arguments.begin(), arguments.end(), "--");
+  const bool isJson = std::find(arguments.begin(), end, "--json") != end;
   if (isJson && !completes && !run.out.empty())
     keepDocument(run.out);
   return run;
