@@ -156,7 +156,7 @@ TEST(CommandTables, EveryParameterAndNamedValueIsAcceptedAndNearMissesRefused) {
         ++parameters;
       }
   });
-  // processor: 18 + 2 + 8 + 8, for seven ways to connect of two heads; hdu 34,
+  // processor: 18 + 2 + 8 + 8, for six ways to connect of two heads; hdu 34,
   // dcc 26, kmtc 34
   EXPECT_EQ(parameters, 2 * (6 * 36 + 34 + 26 + 34));
 }
