@@ -316,6 +316,27 @@ TEST_F(CheckCommandTest, AWordMayHoldBytesThatAreNoText) {
                                  "             ^^^^^^^^\n"));
 }
 
+TEST_F(CheckCommandTest, ALongCommandIsShownAroundTheWord) {
+  const auto said = [this](const std::string &command) {
+    const Result run = this->run({"check", command});
+    return run.out.substr(0, run.out.find("  engine:"));
+  };
+  const std::string lead = "connect lc hdu -cable port ";
+  const std::string place = ": error: 'frequenzy' is no parameter of this "
+                            "option [unknown-parameter]\n  ";
+  // 27 + 4,047 + 12 + 10 characters are 4,096, which are shown.
+  const std::string whole =
+      lead + std::string(4047, 'a') + " frequenzy 1" + std::string(10, ' ');
+  EXPECT_EQ(said(whole), "4076" + place + whole + "\n  " +
+                             std::string(4075, ' ') + "^^^^^^^^^\n");
+
+  const std::string longer =
+      lead + std::string(4048, 'a') + " frequenzy 1" + std::string(100, ' ');
+  EXPECT_EQ(said(longer), "4077" + place + "..." + std::string(79, 'a') +
+                              " frequenzy 1" + std::string(78, ' ') +
+                              "...\n  " + std::string(83, ' ') + "^^^^^^^^^\n");
+}
+
 TEST_F(CheckCommandTest, WantsCommandsOrAFile) {
   EXPECT_EQ(this->run({"check"}).err,
             "zeldebug: error: check: give either commands or --file\n");

@@ -26,13 +26,41 @@ std::size_t columnsOf(const std::string &text) {
   return columns;
 }
 
+/// A longer command is shown around the word: thousands of warnings about one
+/// of 100 KB would take gigabytes.
+constexpr std::size_t longestShown = 4096;
+constexpr std::size_t shownAround = 80;
+
+struct Excerpt {
+  std::string before;
+  std::string word;
+  std::string behind;
+};
+
+Excerpt excerptOf(const std::string &text, const Diagnostic &diagnostic) {
+  const std::size_t start = diagnostic.offset;
+  const std::size_t end = start + diagnostic.length;
+  Excerpt shown{text.substr(0, start), text.substr(start, end - start),
+                text.substr(end)};
+  if (text.size() <= longestShown)
+    return shown;
+  if (shown.before.size() > shownAround)
+    shown.before = "..." + shown.before.substr(start - shownAround);
+  if (shown.word.size() > longestShown)
+    shown.word = shown.word.substr(0, longestShown) + "...";
+  if (shown.behind.size() > shownAround)
+    shown.behind = shown.behind.substr(0, shownAround) + "...";
+  return shown;
+}
+
 /// The command, and carets under the word.
 std::string pictureOf(const std::string &text, const Diagnostic &diagnostic) {
-  const std::size_t before = columnsOf(text.substr(0, diagnostic.offset));
-  const std::size_t width =
-      columnsOf(text.substr(diagnostic.offset, diagnostic.length));
-  return "  " + printable(text) + "\n  " + std::string(before, ' ') +
-         std::string(width == 0 ? 1 : width, '^') + "\n";
+  const Excerpt shown = excerptOf(text, diagnostic);
+  const std::size_t before = columnsOf(shown.before);
+  const std::size_t width = columnsOf(shown.word);
+  return "  " + printable(shown.before + shown.word + shown.behind) + "\n  " +
+         std::string(before, ' ') + std::string(width == 0 ? 1 : width, '^') +
+         "\n";
 }
 
 void print(Output &output, const std::string &place, const std::string &text,
