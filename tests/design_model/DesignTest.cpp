@@ -8,7 +8,6 @@ namespace ZelDebugDialog {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 const Files parts = {

@@ -8,11 +8,9 @@
 namespace ZelDebugDialog {
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 const std::string top = design("d", instance("u", "t"));
 

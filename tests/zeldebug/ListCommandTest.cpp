@@ -6,7 +6,6 @@ namespace tool {
 namespace {
 
 using nlohmann::json;
-using testing::ElementsAre;
 using testing::HasSubstr;
 
 using ListCommandTest = ToolTest;
