@@ -25,7 +25,7 @@ make_bare() {
 
 # in_bare: runs the script on standard input inside.
 in_bare() {
-  chroot "$bare" env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 \
+  chroot "$bare" env -i HOME=/home PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 \
     DEBIAN_FRONTEND=noninteractive ${http_proxy:+http_proxy="$http_proxy"} \
     bash -eu -o pipefail
 }
