@@ -1,5 +1,10 @@
 #include "ToolTest.h"
 
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace tool {
 namespace {
 
@@ -75,6 +80,37 @@ TEST_F(RoundtripCommandTest, RefusesAFileThatCannotBeRead) {
   folder.write("folder/file", "");
   EXPECT_EQ(this->run({"roundtrip", "folder"}).err,
             "zeldebug: error: folder: is a folder, no file\n");
+  ASSERT_EQ(mkfifo("pipe", 0600), 0);
+  const Result unwritten = this->run({"roundtrip", "pipe"});
+  EXPECT_EQ(unwritten.status, 3);
+  EXPECT_EQ(unwritten.err,
+            "zeldebug: error: pipe: is a pipe that nobody writes to\n");
+}
+
+TEST_F(RoundtripCommandTest, WaitsForAWriterThatIsThere) {
+  ASSERT_EQ(mkfifo("pipe", 0600), 0);
+  int writer = open("pipe", O_RDWR | O_CLOEXEC);
+  ASSERT_GE(writer, 0);
+  std::vector<std::string> pieces = {"-debugdevice cpunr 1\n",
+                                     "connect lc hdu "};
+  const auto writeWhenRead = [&] {
+    int unread = 0;
+    if (writer < 0 || (ioctl(writer, FIONREAD, &unread) == 0 && unread != 0))
+      return;
+    if (pieces.empty()) {
+      close(writer);
+      writer = -1;
+      return;
+    }
+    ASSERT_EQ(write(writer, pieces.back().data(), pieces.back().size()),
+              static_cast<ssize_t>(pieces.back().size()));
+    pieces.pop_back();
+  };
+  writeWhenRead();
+  const Result run = runAtOnce({{"roundtrip", "pipe"}}, writeWhenRead).front();
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, std::string("same     ") + same +
+                         "\n1 command: 1 same, 0 changed, 0 refused\n");
 }
 
 } // namespace
