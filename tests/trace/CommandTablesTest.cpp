@@ -1,6 +1,7 @@
 // What the tables list is accepted, and what they don't list is refused.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 #include "ZelDebugDialog/CableCatalogue.h"
@@ -183,6 +184,9 @@ TEST(CommandTables, CablesAgreeWithTheCatalogueAndTheReader) {
     EXPECT_EQ(cable.defaultFrequency, setcable_default_frequency(cable.type));
     EXPECT_EQ(cable.defaultPort, setcable_default_port(cable.type));
     std::string offered;
+    EXPECT_EQ(std::count(cable.offeredFrequencies.begin(),
+                         cable.offeredFrequencies.end(), 0U),
+              0);
     for (const std::uint32_t frequency : cable.offeredFrequencies)
       offered += (offered.empty() ? "" : " ") + std::to_string(frequency);
     EXPECT_EQ(offered.empty() ? "0" : offered,
@@ -237,6 +241,161 @@ TEST(CommandTables, NameTheSettingsOfOptionsAndTheSetsBehindThem) {
             std::vector<std::string>{"uartOverHdu"});
   EXPECT_EQ(setNamed(tables, "kmtc").options[2].parameters[2].value.fields,
             std::vector<std::string>{"chain[n].idcode"});
+}
+
+TEST(CommandTables, TellTheSettingsAndTheConversionOfEveryValue) {
+  using Conversion = ValueConversion;
+  struct Row {
+    const char *option;
+    const char *parameter; ///< Empty for the value of the option itself.
+    Conversion conversion;
+    std::vector<std::string> fields;
+    std::vector<std::string> words;
+  };
+  const std::vector<std::string> registers{"USER1", "USER2", "USER3", "USER4"};
+  const std::vector<Row> rows{
+      {"-debugdevice", "devicenr", Conversion::lowByte, {"debugDevice"}, {}},
+      {"-debugdevice", "cpunr", Conversion::lowByte, {"cpuNr"}, {}},
+      {"-debugdevice",
+       "proctype",
+       Conversion::namedValue,
+       {"procType"},
+       {"ppc405", "ppc440"}},
+      {"-debugdevice",
+       "romemStartAdr",
+       Conversion::number,
+       {"romemStartAdr"},
+       {}},
+      {"-debugdevice", "romemSize", Conversion::number, {"romemSize"}, {}},
+      {"-debugdevice",
+       "icacheStartAdr",
+       Conversion::number,
+       {"icacheStartAdr", "debugAddressMap"},
+       {}},
+      {"-debugdevice",
+       "dcacheStartAdr",
+       Conversion::number,
+       {"dcacheStartAdr"},
+       {}},
+      {"-debugdevice",
+       "itagStartAdr",
+       Conversion::number,
+       {"itagStartAdr"},
+       {}},
+      {"-debugdevice",
+       "dtagStartAdr",
+       Conversion::number,
+       {"dtagStartAdr"},
+       {}},
+      {"-debugdevice",
+       "isocmStartAdr",
+       Conversion::number,
+       {"isocmStartAdr"},
+       {}},
+      {"-debugdevice", "isocmSize", Conversion::number, {"isocmSize"}, {}},
+      {"-debugdevice",
+       "isocmDcrStartAdr",
+       Conversion::number,
+       {"isocmDcrStartAdr"},
+       {}},
+      {"-debugdevice", "tlbStartAdr", Conversion::number, {"tlbStartAdr"}, {}},
+      {"-debugdevice", "dcrStartAdr", Conversion::number, {"dcrStartAdr"}, {}},
+      {"-debugdevice", "cpu_version", Conversion::text, {"cpu_version"}, {}},
+      {"-debugdevice", "hdu_version", Conversion::text, {"hdu_version"}, {}},
+      {"-debugdevice", "nCpu", Conversion::signedNumber, {"nCpu"}, {}},
+      {"-debugdevice",
+       "fpuType",
+       Conversion::namedValue,
+       {"fpuType"},
+       {"sp", "dp"}},
+      {"-pfsl", "port", Conversion::none, {}, {}},
+      {"-pfsl", "type", Conversion::namedValue, {}, {"m", "s", "ms"}},
+      {"-cable",
+       "type",
+       Conversion::namedValue,
+       {"cable.cableType", "cable.port"},
+       {"quorla_parallel", "quorla_parallel4", "quorla_podusb",
+        "quorla_parallel3", "quorla_plugin", "digilent_plugin", "quorla_tcf"}},
+      {"-cable", "port", Conversion::text, {"cable.port"}, {}},
+      {"-cable", "esn", Conversion::text, {"cable.esn"}, {}},
+      {"-cable", "url", Conversion::text, {"cable.url"}, {}},
+      {"-cable", "frequency", Conversion::number, {"cable.frequency"}, {}},
+      {"-cable",
+       "fname",
+       Conversion::text,
+       {"cable.svfFile", "svfFileFlag"},
+       {}},
+      {"-cable", "modulename", Conversion::text, {"cable.moduleName"}, {}},
+      {"-cable", "modulearg", Conversion::text, {"cable.moduleArgs"}, {}},
+      {"-comm", "", Conversion::namedValue, {"stubType"}, {"jtag", "serial"}},
+      {"-port", "", Conversion::text, {"stubSerialPort"}, {}},
+      {"-baud", "", Conversion::number, {"stubBaudRate"}, {}},
+      {"-timeout", "", Conversion::number, {"stubTimeout"}, {}},
+      {"-configdevice",
+       "jtagport",
+       Conversion::namedValue,
+       {"cpuJtag"},
+       {"cpu"}},
+      {"-configdevice",
+       "devicenr",
+       Conversion::lowByte,
+       {"chain[n].devicenr"},
+       {}},
+      {"-configdevice", "idcode", Conversion::number, {"chain[n].idcode"}, {}},
+      {"-configdevice",
+       "irlength",
+       Conversion::lowByte,
+       {"chain[n].irlength"},
+       {}},
+      {"-configdevice",
+       "partname",
+       Conversion::text,
+       {"chain[n].partname"},
+       {}},
+      {"-configdevice", "isfpga", Conversion::lowByte, {"chain[n].isfpga"}, {}},
+      {"-configdevice",
+       "hardppc",
+       Conversion::namedValue,
+       {"chain[n].hardppc"},
+       {}},
+      {"-configdevice", "nppc", Conversion::lowByte, {"chain[n].nppc"}, {}},
+      {"-bscan", "", Conversion::namedValue, {"bscanUserReg"}, registers},
+      {"-memsize", "", Conversion::number, {"simMemSize"}, {}},
+      {"-icf", "", Conversion::text, {"ppcSimConfigFile"}, {}},
+      {"-config",
+       "",
+       Conversion::namedValue,
+       {"vpConfigMode", "cycleApproximate"},
+       {"cycle_approximate"}},
+  };
+  const auto expectRow = [&rows](const std::string &option,
+                                 const std::string &parameter,
+                                 const CommandValue &value) {
+    SCOPED_TRACE(option + " " + parameter);
+    const auto row =
+        std::find_if(rows.begin(), rows.end(), [&](const Row &candidate) {
+          return candidate.option == option && candidate.parameter == parameter;
+        });
+    ASSERT_NE(row, rows.end());
+    EXPECT_EQ(value.conversion, row->conversion);
+    EXPECT_EQ(value.fields, row->fields);
+    EXPECT_EQ(value.words, row->words);
+  };
+  for (const CommandOptionSet &set : GetCommandTables().optionSets)
+    for (const CommandOption &option : set.options) {
+      for (const CommandParameter &parameter : option.parameters)
+        expectRow(option.keyword, parameter.keyword, parameter.value);
+      if (option.keyword == "-ipcport") {
+        EXPECT_EQ(option.value.conversion, Conversion::hostAndPort);
+        EXPECT_EQ(
+            option.value.fields,
+            set.name == "ModelSim"
+                ? (std::vector<std::string>{"modelSimHost", "modelSimPort"})
+                : (std::vector<std::string>{"simIpcHost", "simIpcPort"}));
+      } else if (option.takesValue) {
+        expectRow(option.keyword, "", option.value);
+      }
+    }
 }
 
 } // namespace ZelDebugDialog::test

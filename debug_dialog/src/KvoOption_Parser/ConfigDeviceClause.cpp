@@ -42,10 +42,10 @@ struct ChainDevice {
 };
 
 int readJtagPort(const Argument &argument, ChainDevice &target) {
-  const bool isCpu =
-      findRow(jtagPorts, argument.value, argument.characters) != nullptr;
-  target.imp.cpuJtag = isCpu ? 1 : 0;
-  return isCpu ? code::done : code::refused;
+  const auto *const known =
+      findRow(jtagPorts, argument.value, argument.characters);
+  target.imp.cpuJtag = known != nullptr ? known->value : 0;
+  return known != nullptr ? code::done : code::refused;
 }
 
 int readPartName(const Argument &argument, ChainDevice &target) {
