@@ -27,6 +27,7 @@ constexpr std::size_t endBytes = 80;
 void Elaboration::elaborate(const DesignRecord &design) {
   ParameterScope scope(design.parameters, model);
   elaborate(Level{design, nullptr, nullptr, DesignModel::top, scope});
+  views.reportUnused(design.file);
 }
 
 bool Elaboration::elaborate(const ComponentRecord &component) {
@@ -49,6 +50,7 @@ bool Elaboration::elaborate(const ComponentRecord &component) {
     scope.override(*inner.reference, component.interfaces.origin.file, around);
   elaborate(Level{*inner.design, inner.configuration, &component,
                   DesignModel::top, scope});
+  views.reportUnused(component.interfaces.origin.file);
   return true;
 }
 

@@ -18,6 +18,9 @@ const std::string &fileOf(const ComponentRecord &component) {
 const ViewRecord *ViewChooser::choose(const ComponentRecord &component,
                                       const ConfigurationRecord *around,
                                       const std::string &instance) {
+  const auto named = wanted.empty() ? component.viewByName.end()
+                                    : component.viewByName.find(wanted);
+  isWantedKnown = isWantedKnown || named != component.viewByName.end();
   if (around != nullptr) {
     const auto selected = around->views.find(instance);
     if (selected != around->views.end()) {
@@ -31,10 +34,14 @@ const ViewRecord *ViewChooser::choose(const ComponentRecord &component,
                  quote(toText(component.identity)) + " does not have");
     }
   }
-  const auto found = component.viewByName.find(wanted);
-  if (!wanted.empty() && found != component.viewByName.end())
-    return &component.views[found->second];
-  return component.firstViewWithDesign;
+  return named != component.viewByName.end() ? &component.views[named->second]
+                                             : component.firstViewWithDesign;
+}
+
+void ViewChooser::reportUnused(const std::string &file) {
+  if (!wanted.empty() && !isWantedKnown)
+    report(Severity::warning, file, 0,
+           "no component of the design has the view " + quote(wanted));
 }
 
 InnerDesign ViewChooser::follow(const ComponentRecord &component,

@@ -37,6 +37,10 @@ public:
   /// reported.
   InnerDesign follow(const ComponentRecord &component, const ViewRecord &view);
 
+  /// Reports that no component which was asked for a view has the user's
+  /// choice. `file` is that of the whole design.
+  void reportUnused(const std::string &file);
+
 private:
   void followConfiguration(const ComponentRecord &component,
                            const ReferenceRecord &reference,
@@ -51,6 +55,7 @@ private:
 
   DocumentStore &store;
   const std::string &wanted;
+  bool isWantedKnown = false; ///< To some component.
   DesignModel &model;
 };
 

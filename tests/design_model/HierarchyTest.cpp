@@ -116,6 +116,18 @@ TEST(Views, AreThoseOfTheConfigurationFirst) {
               ElementsAre("a", "a.in_two", "b", "c"));
 }
 
+TEST(Views, ThatNoComponentHasAreReported) {
+  const std::string warning =
+      "warning top.xml:0: no component of the design has the view 'Two'";
+  EXPECT_THAT(readBoxes({{"top.xml", twoBoxes}}, "Two").diagnostics(),
+              ElementsAre(warning));
+  const Files files = {{"top.xml", topOf("inner", "c")},
+                       {"inner.xml", design("inner", instance("a", "box"))},
+                       {"c.xml", configuration("c", "inner", {"a=two"})}};
+  EXPECT_THAT(readBoxes(files, "Two").diagnostics(), ElementsAre(warning));
+  EXPECT_THAT(readBoxes(files, "one").diagnostics(), IsEmpty());
+}
+
 TEST(Views, LeadToADesignByAConfigurationAlone) {
   const Reading reading =
       readBoxes({{"top.xml", topOf("", "c")},
