@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 
 #include "ZelDebugDialog/CableCatalogue.h"
 #include "ZelDebugDialog/CommandTables.h"
@@ -243,7 +244,7 @@ TEST(CommandTables, NameTheSettingsOfOptionsAndTheSetsBehindThem) {
             std::vector<std::string>{"chain[n].idcode"});
 }
 
-TEST(CommandTables, TellTheSettingsAndTheConversionOfEveryValue) {
+TEST(CommandTables, TellTheSettingsAndTheConversionOfEveryValueInOrder) {
   using Conversion = ValueConversion;
   struct Row {
     const char *option;
@@ -252,6 +253,11 @@ TEST(CommandTables, TellTheSettingsAndTheConversionOfEveryValue) {
     std::vector<std::string> fields;
     std::vector<std::string> words;
   };
+  const CommandTables tables = GetCommandTables();
+  std::vector<std::string> cableWords;
+  for (const CommandCable &cable : tables.cables)
+    cableWords.insert(cableWords.end(), cable.keywords.begin(),
+                      cable.keywords.end());
   const std::vector<std::string> registers{"USER1", "USER2", "USER3", "USER4"};
   const std::vector<Row> rows{
       {"-debugdevice", "devicenr", Conversion::lowByte, {"debugDevice"}, {}},
@@ -314,8 +320,7 @@ TEST(CommandTables, TellTheSettingsAndTheConversionOfEveryValue) {
        "type",
        Conversion::namedValue,
        {"cable.cableType", "cable.port"},
-       {"quorla_parallel", "quorla_parallel4", "quorla_podusb",
-        "quorla_parallel3", "quorla_plugin", "digilent_plugin", "quorla_tcf"}},
+       cableWords},
       {"-cable", "port", Conversion::text, {"cable.port"}, {}},
       {"-cable", "esn", Conversion::text, {"cable.esn"}, {}},
       {"-cable", "url", Conversion::text, {"cable.url"}, {}},
@@ -368,23 +373,15 @@ TEST(CommandTables, TellTheSettingsAndTheConversionOfEveryValue) {
        {"vpConfigMode", "cycleApproximate"},
        {"cycle_approximate"}},
   };
-  const auto expectRow = [&rows](const std::string &option,
-                                 const std::string &parameter,
-                                 const CommandValue &value) {
-    SCOPED_TRACE(option + " " + parameter);
-    const auto row =
-        std::find_if(rows.begin(), rows.end(), [&](const Row &candidate) {
-          return candidate.option == option && candidate.parameter == parameter;
-        });
-    ASSERT_NE(row, rows.end());
-    EXPECT_EQ(value.conversion, row->conversion);
-    EXPECT_EQ(value.fields, row->fields);
-    EXPECT_EQ(value.words, row->words);
+  const auto expectRow = [](const CommandValue &value, const Row &row) {
+    SCOPED_TRACE(std::string(row.option) + " " + row.parameter);
+    EXPECT_EQ(value.conversion, row.conversion);
+    EXPECT_EQ(value.fields, row.fields);
+    EXPECT_EQ(value.words, row.words);
   };
-  for (const CommandOptionSet &set : GetCommandTables().optionSets)
+  for (const CommandOptionSet &set : tables.optionSets)
     for (const CommandOption &option : set.options) {
-      for (const CommandParameter &parameter : option.parameters)
-        expectRow(option.keyword, parameter.keyword, parameter.value);
+      SCOPED_TRACE(set.name + ": " + option.keyword);
       if (option.keyword == "-ipcport") {
         EXPECT_EQ(option.value.conversion, Conversion::hostAndPort);
         EXPECT_EQ(
@@ -392,8 +389,21 @@ TEST(CommandTables, TellTheSettingsAndTheConversionOfEveryValue) {
             set.name == "ModelSim"
                 ? (std::vector<std::string>{"modelSimHost", "modelSimPort"})
                 : (std::vector<std::string>{"simIpcHost", "simIpcPort"}));
-      } else if (option.takesValue) {
-        expectRow(option.keyword, "", option.value);
+        continue;
+      }
+      std::vector<Row> expected;
+      std::copy_if(
+          rows.begin(), rows.end(), std::back_inserter(expected),
+          [&option](const Row &row) { return option.keyword == row.option; });
+      if (option.takesValue) {
+        ASSERT_EQ(expected.size(), 1U);
+        expectRow(option.value, expected.front());
+        continue;
+      }
+      ASSERT_EQ(option.parameters.size(), expected.size());
+      for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(option.parameters[i].keyword, expected[i].parameter);
+        expectRow(option.parameters[i].value, expected[i]);
       }
     }
 }
