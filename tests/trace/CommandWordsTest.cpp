@@ -123,6 +123,10 @@ TEST(CommandWords, HaveTheirRolesAndSettings) {
       {"connect dcc -uart", "connect=head "
                             "dcc=target(connectionMask,procFamily,procType) "
                             "-uart=option(uartOverHdu)"},
+      {"connect hdu -uart -bscan USER2",
+       "connect=head hdu=target(connectionMask) -uart=option(uartOverHdu) "
+       "-bscan=option USER2=value(bscanUserReg)"},
+      {"kconnect kmtc", "kconnect=head kmtc=target(connectionMask)"},
       {"vpconnect lc -config cycle_approximate",
        "vpconnect=head lc=target(connectionType,connectionMask,procType) "
        "-config=option "
