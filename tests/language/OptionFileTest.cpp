@@ -365,6 +365,34 @@ TEST_F(OptionFile, IsWrittenWithNothingBehindTheCommand) {
     }
 }
 
+TEST_F(OptionFile, IsReadableByAllWhomTheProcessDoesNotExclude) {
+  const fs::path file = folder.optionFile("cpu0");
+  for (const mode_t excluded : {mode_t{0}, mode_t{022}, mode_t{077}}) {
+    fs::remove(file);
+    WriteBench bench("cpu0");
+    const mode_t before = umask(excluded);
+    EXPECT_EQ(bench.engine.Generate(), 0);
+    umask(before);
+    struct stat status = {};
+    ASSERT_EQ(stat(file.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0666U & ~excluded);
+  }
+}
+
+TEST_F(OptionFile, MayHaveTheDescriptorOfAClosedStandardInput) {
+  const int kept = dup(STDIN_FILENO);
+  close(STDIN_FILENO);
+  WriteBench bench("cpu0");
+  const int written = bench.engine.Generate();
+  const int read = KvoOption_Parser::ReadKvoOptFile("cpu0", bench.imp);
+  if (kept >= 0) {
+    dup2(kept, STDIN_FILENO);
+    close(kept);
+  }
+  EXPECT_EQ(written, 0);
+  EXPECT_EQ(read, 0);
+}
+
 TEST_F(OptionFile, IsReplacedWhole) {
   const fs::path file = folder.optionFile("a.b c");
   WorkingFolder::fill(file, std::string(10000, 'x') + "\nconnect lc hdu\n");

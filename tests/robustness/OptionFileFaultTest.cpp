@@ -113,6 +113,31 @@ TEST_F(OptionFileFault, NoRoomIsNotReported) {
   EXPECT_EQ(folder.read(optionFile), "");
 }
 
+TEST_F(OptionFileFault, NothingWrittenIsNoRoom) {
+  save("connect lc hdu\n");
+  const CallFault fault(SystemCall::write, 1, 0);
+  EXPECT_EQ(engine.Generate(), 0);
+  EXPECT_EQ(fault.calls(), 1);
+  EXPECT_EQ(folder.read(optionFile), "");
+}
+
+TEST_F(OptionFileFault, WhatIsWrittenInPartsIsWritten) {
+  rlimit limit = {};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+  rlimit oneByte = limit;
+  oneByte.rlim_cur = 1;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &oneByte), 0);
+  {
+    // The first call can write one byte.
+    const CallEvent event(SystemCall::write, 2, [&limit] {
+      EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    });
+    EXPECT_EQ(engine.Generate(), 0);
+  }
+  EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+  EXPECT_EQ(folder.read(optionFile), command);
+}
+
 // --- Files that change while they are read -----------------------------------
 
 class ChangedOptionFile : public OptionFileFault {

@@ -84,7 +84,8 @@ ssize_t read(int descriptor, void *into, size_t room) {
 ssize_t write(int descriptor, const void *from, size_t size) {
   static auto *const own =
       robustness::systemsOwn<ssize_t(int, const void *, size_t)>("write");
-  return robustness::failsNow(SystemCall::write) ? -1
-                                                 : own(descriptor, from, size);
+  if (!robustness::failsNow(SystemCall::write))
+    return own(descriptor, from, size);
+  return errno == 0 ? 0 : -1;
 }
 }

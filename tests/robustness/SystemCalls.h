@@ -11,7 +11,8 @@ namespace robustness {
 enum class SystemCall { fstat, ftruncate, read, write };
 
 /// While it lives, the call number `first` (from 1) of that kind fails with the
-/// system's error `error`, and with it the `more` behind it.
+/// system's error `error`, and with it the `more` behind it. A `write` with the
+/// error 0 does not fail, but writes nothing.
 class CallFault {
 public:
   CallFault(SystemCall call, int first, int error, int more = 0);

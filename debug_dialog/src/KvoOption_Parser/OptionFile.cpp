@@ -61,13 +61,13 @@ public:
   /// @return how much was read; 0 at the end, or where reading fails.
   std::size_t read(char *into, std::size_t room) {
     const ssize_t count = TEMP_FAILURE_RETRY(::read(descriptor, into, room));
-    return count < 0 ? 0 : static_cast<std::size_t>(count);
+    return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
   }
   void write(std::string_view text) {
     while (!text.empty()) {
       const ssize_t count =
           TEMP_FAILURE_RETRY(::write(descriptor, text.data(), text.size()));
-      if (count < 0)
+      if (count <= 0)
         return;
       text.remove_prefix(static_cast<std::size_t>(count));
     }
