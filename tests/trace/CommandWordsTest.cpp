@@ -131,6 +131,9 @@ TEST(CommandWords, HaveTheirRolesAndSettings) {
        "vpconnect=head lc=target(connectionType,connectionMask,procType) "
        "-config=option "
        "cycle_approximate=value(vpConfigMode,cycleApproximate)"},
+      {"kvpconnect lc -ipcport h:1",
+       "kvpconnect=head lc=target(connectionType,connectionMask,procType) "
+       "-ipcport=option h:1=value(simIpcHost,simIpcPort)"},
       {"", ""},
   };
   for (const Row &row : rows) {

@@ -38,12 +38,13 @@ int readConfig(WordCursor<Observer> &cursor, std::string_view &value,
   if (cursor.nextValue(value) != code::value)
     return code::refused;
   cursor.observer.sets(configForm);
-  if (findRow(configModes, value, cursor.characters) == nullptr) {
+  const auto *const mode = findRow(configModes, value, cursor.characters);
+  if (mode == nullptr) {
     cursor.observer.fault(CommandFaultKind::refusedValue, configModes);
     return code::refused;
   }
   currentRecord(imp).vpConfigMode = 1;
-  currentRecord(imp).cycleApproximate = 1;
+  currentRecord(imp).cycleApproximate = mode->value;
   return code::done;
 }
 
