@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -163,7 +164,8 @@ Loaded loadXml(const DesignFolder &folder) {
   return {};
 }
 
-template <class Load>
+using Load = std::function<Loaded(const DesignFolder &)>;
+
 void measure(benchmark::State &state, std::size_t instances, const Load &load) {
   const DesignFolder folder(instances);
   Loaded loaded;
@@ -181,7 +183,6 @@ void measure(benchmark::State &state, std::size_t instances, const Load &load) {
   state.counters["diagnostics"] = static_cast<double>(loaded.diagnostics);
 }
 
-template <class Load>
 void add(const char *who, std::size_t instances, const Load &load) {
   const std::string name =
       "load/" + std::string(who) + '/' + std::to_string(instances);
