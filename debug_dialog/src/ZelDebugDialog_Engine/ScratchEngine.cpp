@@ -2,10 +2,7 @@
 
 namespace ZelDebugDialog {
 
-ScratchEngine::ScratchEngine() {
-  imp.engine = &engine;
-  imp.currentProcessor = &record;
-}
+ScratchEngine::ScratchEngine() { imp.currentProcessor = &record; }
 
 ScratchReader::~ScratchReader() { ReleaseChainRecords(imp.jtagChain); }
 

@@ -1,9 +1,8 @@
-// An engine apart from the caller's, for the operations that read or write
-// clauses without touching the caller's settings. What it says about errors
-// ends with it.
+// The state of an engine apart from the caller's, for the operations that read
+// or write clauses without touching the caller's settings. Nobody hears what is
+// said about errors.
 #pragma once
 
-#include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/EngineImp.h"
 
 namespace ZelDebugDialog {
@@ -17,9 +16,6 @@ public:
 
   ProcessorInfoImp record;
   EngineImp imp;
-
-private:
-  Engine engine; // takes the messages
 };
 
 /// A scratch engine for a reader: the chain records that nobody took over end
