@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <sstream>
 #include <string>
@@ -139,11 +140,15 @@ int run(const Words &words, const std::string &input) {
   return ended;
 }
 
-/// The lowest descriptor that is free.
-int nextDescriptor() {
-  const int next = dup(0);
-  close(next);
-  return next;
+/// How many files are open.
+std::ptrdiff_t countOpen() {
+  return std::distance(fs::directory_iterator("/proc/self/fd"), {});
+}
+
+/// What is shown of a saved command, or has become of each processor, tells of
+/// its fault.
+bool tellsOfItself(const nlohmann::json &document) {
+  return document.contains("error") || document.contains("results");
 }
 
 void checkDocument(int status) {
@@ -152,6 +157,8 @@ void checkDocument(int status) {
   require(document.is_object() && document.value("version", 0) == 1 &&
               document.contains("command"),
           "--json prints one document: " + captured.out);
+  require(status < 2 || document.contains("failure") || tellsOfItself(document),
+          "wrong use and bad files are told in the document");
   if (document.contains("failure"))
     require(document["failure"]["status"] == status &&
                 document["failure"]["message"] != "",
@@ -212,9 +219,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data,
   if (!staysBelow(words))
     return 0;
   const fuzz::Visit visit(place().folder);
-  const int descriptor = nextDescriptor();
+  const std::ptrdiff_t open = countOpen();
   const int status = run(words, input);
-  require(nextDescriptor() == descriptor, "every file is closed");
+  require(countOpen() == open, "every file is closed");
   checkOutcome(words, status);
   const Files now = place().files();
   checkFiles(place(), words, now);

@@ -2,11 +2,13 @@
 // ends, and what it says holds together.
 //
 // An input is a list of files, each behind a line "==== path"; the design is
-// "top.xml", a kind table "kinds", a view's name the content of "view".
+// "top.xml", a kind table "kinds", a view's name the content of "view", and the
+// libraries are the lines of "places".
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -63,8 +65,15 @@ void checkNames(const std::vector<std::string> &answered,
 
 void ask(DesignModel &model) {
   std::set<std::string> instances;
+  constexpr std::size_t mostAsked = 50;
   for (const DesignInstance &instance : model.Instances()) {
-    instances.insert(instance.name);
+    const bool isFirst = instances.insert(instance.name).second;
+    require(!isFirst || model.getIpName(instance.name) == instance.typeName);
+    if (instances.size() <= mostAsked) {
+      std::vector<std::string> alike;
+      model.getIpInstances(alike, instance.typeName);
+      require(std::count(alike.begin(), alike.end(), instance.name) != 0);
+    }
     require(instance.role != DesignRole::byTypeName);
     require(instance.name.find('/') == std::string::npos);
     for (const DesignParameter &parameter : instance.parameters)
@@ -73,13 +82,15 @@ void ask(DesignModel &model) {
   std::vector<std::string> processors;
   model.getProcessorInstances(processors, false);
   checkNames(processors, instances);
-  constexpr std::size_t mostAsked = 50;
   for (std::size_t at = 0; at < processors.size() && at < mostAsked; ++at) {
     std::vector<std::string> peripherals;
     model.getPeripherals(peripherals, processors[at]);
     checkNames(peripherals, instances);
   }
   const std::vector<std::string> modules = model.DebugModules();
+  std::vector<std::string> debug;
+  model.getIpInstances(debug, HW_IP_DEBUG);
+  require(debug == modules);
   for (std::size_t at = 0; at < modules.size() && at < mostAsked; ++at) {
     std::vector<std::string> attached;
     model.getHduConnectedProcessorList(attached, modules[at]);
@@ -100,6 +111,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data,
   const auto view = source.files.find("view");
   if (view != source.files.end())
     sources.view = view->second;
+  const auto places = source.files.find("places");
+  if (places != source.files.end()) {
+    std::istringstream lines(places->second);
+    for (std::string place; std::getline(lines, place);)
+      sources.libraryFolders.push_back(place);
+  }
   DesignModel model;
   const bool isRead = readDesignFrom(source, sources, modelBytes, model);
   checkOutcome(isRead, model);

@@ -27,7 +27,7 @@ namespace fs = std::filesystem;
 
 /// A corpus that shrinks to less has lost its files on the way.
 constexpr std::size_t fewestInputs = 8;
-constexpr std::size_t mostInputs = 100;
+constexpr std::size_t mostInputs = 200;
 constexpr unsigned seed = 20261121;
 
 std::vector<fs::path> inputs() {
