@@ -19,13 +19,14 @@ struct Traced {
   std::map<std::string, std::string> settings;
 };
 
-Traced trace(const std::string &command) {
+Traced trace(const std::string &command,
+             AfterFault afterFault = AfterFault::stop) {
   Engine engine;
   EngineImp &imp = *engine.GetProcessorList(nullptr);
   ProcessorInfoImp record;
   imp.currentProcessor = &record;
   Traced traced;
-  traced.result = TraceKvoCommand(command, imp, traced.trace, AfterFault::stop);
+  traced.result = TraceKvoCommand(command, imp, traced.trace, afterFault);
   traced.settings = settingsOf(imp);
   ReleaseChainRecords(imp.jtagChain);
   return traced;
@@ -54,9 +55,10 @@ const char *nameOf(WordRole role) {
 }
 
 /// "word=role(fields)" for each word.
-std::string picture(const std::string &command) {
+std::string picture(const std::string &command,
+                    AfterFault afterFault = AfterFault::stop) {
   std::string text;
-  for (const CommandWord &word : trace(command).trace.words) {
+  for (const CommandWord &word : trace(command, afterFault).trace.words) {
     text += text.empty() ? "" : " ";
     text += command.substr(word.offset, word.length);
     text += "=";
@@ -140,6 +142,16 @@ TEST(CommandWords, HaveTheirRolesAndSettings) {
     SCOPED_TRACE(row.command);
     EXPECT_EQ(picture(row.command), row.picture);
   }
+}
+
+TEST(CommandWords, HaveTheirRolesBehindAFault) {
+  const std::string begin = "connect=head lc=target(procFamily,procType) "
+                            "hdu=connection(connectionType,connectionMask) ";
+  const std::string command = "connect lc hdu word more 5 -quiet";
+  EXPECT_EQ(picture(command),
+            begin + "word=value more=ignored 5=ignored -quiet=ignored");
+  EXPECT_EQ(picture(command, AfterFault::goOn),
+            begin + "word=value more=ignored 5=ignored -quiet=option");
 }
 
 TEST(CommandWords, SayHowValuesAreConverted) {

@@ -27,7 +27,7 @@ bool usesCable(EngineImp &imp) {
 template <class Setting>
 int getCableSetting(EngineImp &imp, Setting CableOption::*field, Setting &out) {
   if (!usesCable(imp))
-    return 2;
+    return result::notApplicable;
   out = (*imp.cableOption).*field;
   return out == Setting() ? 1 : 0;
 }
@@ -56,7 +56,7 @@ int Engine::SetCableType(CableType type) {
 
 int Engine::GetCableType(CableType &type) {
   if (!usesCable(*imp))
-    return 2;
+    return result::notApplicable;
   type = imp->cableOption->cableType;
   return 0;
 }
@@ -91,7 +91,7 @@ int Engine::GetCableESN(std::string &esn) {
 int Engine::SetQuorlaCableOptions(CableOption &cable, CableType type,
                                   unsigned frequency, const std::string &port) {
   if (type == QUORLA_PLUGIN)
-    return 1;
+    return result::notSet;
   cable.port = port;
   cable.cableType = type;
   cable.frequency = frequency;
@@ -102,7 +102,7 @@ int Engine::SetDigilentCableOptions(CableOption &cable, CableType type,
                                     unsigned /*frequency*/,
                                     const std::string & /*port*/) {
   if (type != DIGILENT_PLUGIN)
-    return 1;
+    return result::notSet;
   cable.cableType = type;
   return 0;
 }
@@ -111,7 +111,7 @@ int Engine::SetPluginCableOptions(const std::string &text) {
   if (imp->cableOption->cableType != QUORLA_PLUGIN) {
     SetErrorStr("Internal Error: Other Cable Options applies only for "
                 "QUORLA_PLUGIN cable type");
-    return 1;
+    return result::notSet;
   }
   std::string rest = text;
   return result::isSuccess(KvoOption_Parser::ReadJtagCableOptions(rest, *imp))
@@ -122,10 +122,10 @@ int Engine::SetPluginCableOptions(const std::string &text) {
 int Engine::GetPluginCableOptions(std::string &text) {
   const CableOption &cable = *imp->cableOption;
   if (cable.cableType != QUORLA_PLUGIN)
-    return 2;
+    return result::notApplicable;
   if (cable.moduleName.empty()) {
     text.clear();
-    return 1;
+    return result::notSet;
   }
   text = pluginClause(cable);
   return 0;
@@ -137,14 +137,14 @@ int Engine::Set3rdPartyCableOptions(CableOption &cable,
   std::string rest = text;
   if (!result::isSuccess(
           KvoOption_Parser::ReadJtagCableOptions(rest, scratch.imp)))
-    return 1;
+    return result::notSet;
   cable = std::move(*scratch.imp.cableOption);
   return 0;
 }
 
 int Engine::Get3rdPartyCableOptions(std::string &text, CableOption cable) {
   if (cable.cableType != QUORLA_PLUGIN)
-    return 1;
+    return result::notSet;
   text = pluginClause(cable);
   return 0;
 }
@@ -173,9 +173,9 @@ int Engine::SetJtagChainOptions(const std::vector<JtagOption *> &chain) {
 int Engine::GetJtagChainOptions(std::vector<JtagOption *> &chain) {
   const ProcessorInfoImp &record = currentRecord(*imp);
   if (record.connectionType == CONNECT_SIM || record.stubType == STUB_SERIAL)
-    return 2;
+    return result::notApplicable;
   if (imp->jtagChain.empty())
-    return 1;
+    return result::notSet;
   chain = imp->jtagChain;
   return 0;
 }

@@ -4,6 +4,7 @@
 #include "ZelDebugDialog_Engine/AddressRegions.h"
 #include "ZelDebugDialog_Engine/CurrentRecord.h"
 #include "ZelDebugDialog_Engine/Families.h"
+#include "ZelDebugDialog_Engine/Results.h"
 
 namespace ZelDebugDialog {
 
@@ -17,7 +18,7 @@ bool isPowerPcOn(const ProcessorInfoImp &record,
 
 int copyAddress(std::uint32_t stored, unsigned int &address) {
   if (stored == unsetAddress)
-    return 1;
+    return result::notSet;
   address = stored;
   return 0;
 }
@@ -27,14 +28,14 @@ int getMapAddress(EngineImp &imp, std::uint32_t ProcessorInfoImp::*field,
                   unsigned int &address) {
   const ProcessorInfoImp &record = currentRecord(imp);
   if (!isPowerPcOn(record, Engine::CONNECT_HW))
-    return 2;
+    return result::notApplicable;
   return copyAddress(record.*field, address);
 }
 
 int setRegion(EngineImp &imp, const AddressRegion &region, unsigned address) {
   if (!isRegionAligned(address)) {
     imp.errorStr = region.misaligned;
-    return 1;
+    return result::notSet;
   }
   currentRecord(imp).*region.start = address;
   return 0;
@@ -45,7 +46,7 @@ int setRegion(EngineImp &imp, const AddressRegion &region, unsigned address) {
 int Engine::SetConnectionType(ConnectionType type) {
   ProcessorInfoImp &record = currentRecord(*imp);
   if ((record.connectionMask & type) == 0)
-    return 1;
+    return result::notSet;
   record.connectionType = type;
   return 0;
 }
@@ -53,7 +54,7 @@ int Engine::SetConnectionType(ConnectionType type) {
 int Engine::GetConnectionType(ConnectionType &type) {
   const ProcessorInfoImp &record = currentRecord(*imp);
   if (record.connectionType == 0)
-    return 1;
+    return result::notSet;
   type = static_cast<ConnectionType>(record.connectionType);
   return 0;
 }
@@ -62,11 +63,11 @@ int Engine::SetStubType(StubType type) {
   ProcessorInfoImp &record = currentRecord(*imp);
   if (type == STUB_SERIAL && (record.connectionType & stubOverUart) == 0) {
     SetErrorStr("UART device not present in system");
-    return 1;
+    return result::notSet;
   }
   if (type == STUB_JTAG && (record.connectionType & stubOverJtag) == 0) {
     SetErrorStr("JTAG device not present in system");
-    return 1;
+    return result::notSet;
   }
   record.stubType = type;
   return 0;
@@ -75,7 +76,7 @@ int Engine::SetStubType(StubType type) {
 int Engine::GetStubType(StubType &type) {
   const ProcessorInfoImp &record = currentRecord(*imp);
   if ((record.connectionType & CONNECT_STUB) == 0)
-    return 2;
+    return result::notApplicable;
   type = static_cast<StubType>(record.stubType);
   return 0;
 }
@@ -98,7 +99,7 @@ int Engine::SetStubBaudrate(int baudRate) {
 int Engine::GetStubBaudRate(int &baudRate) {
   const ProcessorInfoImp &record = currentRecord(*imp);
   if (record.stubBaudRate == 0)
-    return 1;
+    return result::notSet;
   baudRate = record.stubBaudRate;
   return 0;
 }
@@ -111,9 +112,9 @@ int Engine::SetDebugDevice(int device) {
 int Engine::GetDebugDevice(int &device) {
   const ProcessorInfoImp &record = currentRecord(*imp);
   if (record.connectionType == CONNECT_SIM || record.stubType == STUB_SERIAL)
-    return 2;
+    return result::notApplicable;
   if (record.debugDevice == 0)
-    return 1;
+    return result::notSet;
   device = record.debugDevice;
   return 0;
 }
@@ -128,9 +129,9 @@ int Engine::SetPPCSimConfigFile(const std::string & /*file*/) { return 0; }
 int Engine::GetPPCSimConfigFile(std::string &file) {
   const ProcessorInfoImp &record = currentRecord(*imp);
   if (!isPowerPcOn(record, CONNECT_SIM))
-    return 2;
+    return result::notApplicable;
   if (record.ppcSimConfigFile.empty())
-    return 1;
+    return result::notSet;
   file = record.ppcSimConfigFile;
   return 0;
 }
@@ -166,7 +167,7 @@ int Engine::GetDcrBaseAddr(unsigned int &address) {
 int Engine::GetISOCMBaseAddr(unsigned int &address) {
   const ProcessorInfoImp &record = currentRecord(*imp);
   if (record.procType != typePpc405 || record.connectionType != CONNECT_HW)
-    return 2;
+    return result::notApplicable;
   return copyAddress(record.isocmStartAdr, address);
 }
 
@@ -212,9 +213,9 @@ int Engine::SetROMem(unsigned start, unsigned size) {
 int Engine::GetROMem(unsigned int &start, unsigned int &size) {
   const ProcessorInfoImp &record = currentRecord(*imp);
   if (record.connectionType != CONNECT_HW)
-    return 2;
+    return result::notApplicable;
   if (record.romemStartAdr == unsetAddress)
-    return 1;
+    return result::notSet;
   start = record.romemStartAdr;
   size = record.romemSize;
   return 0;
