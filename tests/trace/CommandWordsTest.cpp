@@ -145,13 +145,62 @@ TEST(CommandWords, HaveTheirRolesAndSettings) {
 }
 
 TEST(CommandWords, HaveTheirRolesBehindAFault) {
-  const std::string begin = "connect=head lc=target(procFamily,procType) "
-                            "hdu=connection(connectionType,connectionMask) ";
   const std::string command = "connect lc hdu word more 5 -quiet";
+  // The connection is made when its options are read.
   EXPECT_EQ(picture(command),
-            begin + "word=value more=ignored 5=ignored -quiet=ignored");
+            "connect=head lc=target hdu=connection word=value more=ignored "
+            "5=ignored -quiet=ignored");
   EXPECT_EQ(picture(command, AfterFault::goOn),
-            begin + "word=value more=ignored 5=ignored -quiet=option");
+            "connect=head lc=target(procFamily,procType) "
+            "hdu=connection(connectionType,connectionMask) word=value "
+            "more=ignored 5=ignored -quiet=option");
+}
+
+TEST(CommandWords, NameNoSettingThatARefusedConnectionDoesNotMake) {
+  struct Row {
+    const char *command;
+    const char *picture;
+  };
+  const std::vector<Row> rows{
+      {"connect lc hw", "connect=head lc=target hw=connection"},
+      {"connect arm hw -foo",
+       "connect=head arm=target hw=connection -foo=option"},
+      {"connect dap hw -foo",
+       "connect=head dap=target hw=connection -foo=option"},
+      // Made before the options are read.
+      {"connect ppc hw -foo",
+       "connect=head ppc=target(procFamily,procType) hw=connection "
+       "-foo=option"},
+      {"connect lc sim -foo",
+       "connect=head lc=target sim=connection(connectionType) -foo=option"},
+      {"vpconnect lc -foo",
+       "vpconnect=head lc=target(connectionType,connectionMask,procType) "
+       "-foo=option"},
+  };
+  for (const Row &row : rows) {
+    SCOPED_TRACE(row.command);
+    EXPECT_EQ(picture(row.command), row.picture);
+  }
+}
+
+TEST(CommandWords, LoseSettingsThatAreReplacedLater) {
+  // By the default frequency of the clause that ends the command.
+  EXPECT_EQ(picture("connect ppc hw -cable type quorla_podusb frequency 1 "
+                    "-cable port p"),
+            "connect=head ppc=target(procFamily,procType) "
+            "hw=connection(connectionType,connectionMask) -cable=option "
+            "type=name quorla_podusb=value(cable.cableType,cable.port) "
+            "frequency=name 1=value -cable=option port=name "
+            "p=value(cable.port)");
+  // By the target, which tells the type once more; that of a PowerPC does not.
+  EXPECT_EQ(picture("connect lc hdu -debugdevice proctype ppc440"),
+            "connect=head lc=target(procFamily,procType) "
+            "hdu=connection(connectionType,connectionMask) "
+            "-debugdevice=option proctype=name ppc440=value");
+  EXPECT_EQ(picture("connect ppc hw -debugdevice proctype ppc440"),
+            "connect=head ppc=target(procFamily,procType) "
+            "hw=connection(connectionType,connectionMask) "
+            "-debugdevice=option proctype=name ppc440=value(procType)");
 }
 
 TEST(CommandWords, SayHowValuesAreConverted) {

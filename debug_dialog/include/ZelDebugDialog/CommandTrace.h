@@ -71,9 +71,10 @@ struct CommandWord {
   std::size_t offset = 0;            ///< In bytes from the begin of the text.
   std::size_t length = 0;            ///< In bytes.
   WordRole role = WordRole::ignored; ///< What it is for.
-  /// The settings that it changes: fields of `ProcessorInfoImp` by their names,
-  /// "cable." and a field of `CableOption`, "chain[0]." and a field of a
-  /// `JtagOption`, or "cpuJtag".
+  /// The settings that it decides (a value may leave one as it was, such as the
+  /// type of a cable that brings no port): fields of `ProcessorInfoImp` by
+  /// their names, "cable." and a field of `CableOption`, "chain[0]." and a
+  /// field of a `JtagOption`, or "cpuJtag".
   std::vector<std::string> fields;
   ValueConversion conversion = ValueConversion::none; ///< How it was read.
 };

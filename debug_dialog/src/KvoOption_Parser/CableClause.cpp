@@ -130,6 +130,8 @@ int finishCable(WordCursor<Observer> &cursor, const CableReading &target) {
   }
   const int result = KvoOption_Parser::setcable_frequency(
       target.imp, target.frequencyGiven ? 0 : 1);
+  if (!target.frequencyGiven)
+    cursor.observer.replaces(frequencyField);
   if (result != code::refused)
     return code::end;
   cursor.observer.faultAt(frequencyField, CommandFaultKind::refusedFrequency,

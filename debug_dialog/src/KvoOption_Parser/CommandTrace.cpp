@@ -33,6 +33,25 @@ void Recorder::sets(const ValueForm &form) const {
   word.fields = splitFields(form.fields, std::to_string(imp->jtagChain.size()));
 }
 
+void Recorder::setsNow(std::size_t word, const ValueForm &form) const {
+  for (const std::string &field : splitFields(form.fields)) {
+    replaces(field);
+    trace->words[word].fields.push_back(field);
+  }
+}
+
+void Recorder::replaces(std::string_view field) const {
+  for (CommandWord &word : trace->words)
+    word.fields.erase(
+        std::remove(word.fields.begin(), word.fields.end(), field),
+        word.fields.end());
+}
+
+void Recorder::accepts(const NamedValues &accepted) const {
+  for (const NamedValue &row : accepted)
+    trace->faults.back().accepted.emplace_back(row.keyword);
+}
+
 void Recorder::faultAt(std::string_view field, CommandFaultKind kind,
                        const Frequencies &accepted) const {
   const auto setsField = [field](const CommandWord &word) {

@@ -45,8 +45,14 @@ ClauseEnd readParameters(WordCursor<Observer> &cursor, const EngineImp &imp,
   std::string_view name;
   std::string_view value;
   for (;;) {
-    if (const int end = cursor.nextPair(name, value); end != code::value)
+    if (const int end = cursor.nextPair(name, value); end != code::value) {
+      if constexpr (Observer::isOn)
+        if (end == code::refused)
+          if (const auto *const row =
+                  findRow(parameters, name, cursor.characters))
+            cursor.observer.accepts(row->form.names);
       return {end, false};
+    }
     const auto *const parameter = findRow(parameters, name, cursor.characters);
     if (parameter == nullptr) {
       const int result = refuse(imp, unknownParameter, {name});

@@ -31,6 +31,9 @@ constexpr std::string_view stubWord = "stub";
 constexpr std::string_view hduWord = "hdu";
 constexpr std::string_view hwWord = "hw";
 
+constexpr ValueForm connectionForm = flag("connectionType");
+constexpr ValueForm maskForm = flag("connectionMask");
+constexpr ValueForm identityForm = flag("procFamily procType");
 constexpr ValueForm memorySizeForm = number("simMemSize");
 
 void describeMemorySize(CommandOption &option) {
@@ -51,6 +54,7 @@ template <class Observer>
 int readLumacoreSimulator(WordCursor<Observer> &cursor, EngineImp &imp) {
   ProcessorInfoImp &record = currentRecord(imp);
   record.connectionType = Engine::CONNECT_SIM;
+  cursor.observer.sets(connectionForm);
   std::string_view word;
   if (cursor.next(word, WordRole::ignored) != code::option)
     return code::done;
@@ -136,27 +140,33 @@ template <class Observer, std::size_t size>
 int readTarget(WordCursor<Observer> &cursor, EngineImp &imp,
                const std::array<Connection<Observer>, size> &connections,
                const Identity &identity) {
-  cursor.observer.sets(flag("procFamily procType"));
+  const std::size_t targetWord = cursor.observer.lastWord();
   const auto *const connection = readConnection(cursor, connections);
   if (connection == nullptr)
     return code::refused;
+  const std::size_t connectionWord = cursor.observer.lastWord();
   ProcessorInfoImp &record = currentRecord(imp);
   const bool hasDesign = imp.hwManager != nullptr;
   if (hasDesign && (record.connectionMask & connection->type) == 0) {
     cursor.observer.fault(CommandFaultKind::connectionNotAllowed);
     return code::refused;
   }
-  cursor.observer.sets(flag("connectionType connectionMask"));
-  if (!hasDesign && identity.comes == IdentityComes::beforeOptions)
+  if (!hasDesign && identity.comes == IdentityComes::beforeOptions) {
     identify(record, identity);
+    cursor.observer.setsNow(targetWord, identityForm);
+  }
   if (connection->read(cursor, imp) == code::refused)
     return code::refused;
   record.connectionType = connection->type;
+  cursor.observer.setsNow(connectionWord, connectionForm);
   if (hasDesign)
     return code::done;
   record.connectionMask |= connection->type;
-  if (identity.comes == IdentityComes::afterOptions)
+  cursor.observer.setsNow(connectionWord, maskForm);
+  if (identity.comes == IdentityComes::afterOptions) {
     identify(record, identity);
+    cursor.observer.setsNow(targetWord, identityForm);
+  }
   return code::done;
 }
 
@@ -210,18 +220,21 @@ int readArmR5(WordCursor<Observer> &cursor, EngineImp &imp) {
 /// Any design or none: the mask is replaced, and allows no ordinary connection.
 template <class Observer>
 int readDap(WordCursor<Observer> &cursor, EngineImp &imp) {
-  cursor.observer.sets(flag("connectionMask procFamily procType"));
+  const std::size_t targetWord = cursor.observer.lastWord();
   const auto *const connection =
       readConnection(cursor, armConnections<Observer>);
   if (connection == nullptr)
     return code::refused;
-  cursor.observer.sets(flag("connectionType"));
+  const std::size_t connectionWord = cursor.observer.lastWord();
   if (connection->read(cursor, imp) == code::refused)
     return code::refused;
   ProcessorInfoImp &record = currentRecord(imp);
   record.connectionType = connection->type;
   record.connectionMask = maskDap;
   identify(record, cortexA9);
+  cursor.observer.setsNow(connectionWord, connectionForm);
+  cursor.observer.setsNow(targetWord, maskForm);
+  cursor.observer.setsNow(targetWord, identityForm);
   return code::done;
 }
 

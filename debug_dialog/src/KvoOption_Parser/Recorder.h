@@ -26,6 +26,9 @@ public:
   }
   void isNow(WordRole role) const { trace->words.back().role = role; }
   void sets(const ValueForm &form) const;
+  std::size_t lastWord() const { return trace->words.size() - 1; }
+  void setsNow(std::size_t word, const ValueForm &form) const;
+  void replaces(std::string_view field) const;
 
   template <class Keywords = NamedValues>
   void fault(CommandFaultKind kind, const Keywords &accepted = {},
@@ -36,6 +39,7 @@ public:
   void missing(CommandFaultKind kind, const Keywords &accepted = {}) const {
     record(kind, trace->words.size(), accepted);
   }
+  void accepts(const NamedValues &accepted) const;
   void faultAt(std::string_view field, CommandFaultKind kind,
                const Frequencies &accepted) const;
 

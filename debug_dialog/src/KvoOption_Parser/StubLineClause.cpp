@@ -47,17 +47,19 @@ constexpr std::array<Parameter<EngineImp>, 4> parameters{{
 template <class Observer>
 int readStubLine(WordCursor<Observer> &cursor, std::string_view option,
                  EngineImp &imp) {
-  std::string_view value;
-  if (const int result = cursor.nextValue(value); result != code::value)
-    return result;
   const auto *const parameter = findRow(parameters, option, cursor.characters);
+  const NamedValues accepted =
+      parameter == nullptr ? NamedValues() : parameter->form.names;
+  std::string_view value;
+  if (const int result = cursor.nextValue(value, accepted);
+      result != code::value)
+    return result;
   if (parameter == nullptr)
     return refuse(imp, unknownParameterOfOption, {option, value});
   cursor.observer.sets(parameter->form);
   const int result = parameter->apply({option, value, cursor.characters}, imp);
   if (result != code::done)
-    cursor.observer.fault(CommandFaultKind::refusedValue,
-                          parameter->form.names);
+    cursor.observer.fault(CommandFaultKind::refusedValue, accepted);
   return result;
 }
 

@@ -35,7 +35,7 @@ void describeIpcPort(CommandOption &option) {
 template <class Observer>
 int readConfig(WordCursor<Observer> &cursor, std::string_view &value,
                EngineImp &imp) {
-  if (cursor.nextValue(value) != code::value)
+  if (cursor.nextValue(value, configModes) != code::value)
     return code::refused;
   cursor.observer.sets(configForm);
   const auto *const mode = findRow(configModes, value, cursor.characters);
@@ -84,9 +84,10 @@ int readVirtualPlatform(WordCursor<Observer> &cursor, EngineImp &imp) {
     cursor.observer.fault(CommandFaultKind::connectionNotAllowed);
     return code::refused;
   }
-  cursor.observer.sets(flag("connectionType connectionMask procType"));
+  cursor.observer.sets(flag("connectionType"));
   record.connectionType = Engine::CONNECT_VP;
   if (!hasDesign) {
+    cursor.observer.sets(flag("connectionType connectionMask procType"));
     record.connectionMask |= Engine::CONNECT_VP;
     record.procType = typeLumacore;
   }

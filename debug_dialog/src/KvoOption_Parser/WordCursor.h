@@ -85,13 +85,14 @@ public:
 
   /// Reads the value of the option or name before it. An option word in its
   /// place is lost.
-  template <class Word> int nextValue(Word &value) {
+  template <class Word, class Keywords = NamedValues>
+  int nextValue(Word &value, const Keywords &accepted = {}) {
     const int result = next(value, WordRole::value);
     if (result == code::end)
-      observer.missing(CommandFaultKind::missingValue);
+      observer.missing(CommandFaultKind::missingValue, accepted);
     if (result == code::option) {
       observer.isNow(WordRole::lost);
-      observer.fault(CommandFaultKind::missingValue);
+      observer.fault(CommandFaultKind::missingValue, accepted);
     }
     return result;
   }
