@@ -42,7 +42,15 @@ TEST_F(CommandLineTest, TellsItsVersion) {
               testing::MatchesRegex("zeldebug [0-9]+\\.[0-9]+\\.[0-9]+\n"));
 }
 
-TEST_F(CommandLineTest, NamesTheNearestMatch) {
+TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
+  const std::string optionsOfSet =
+      "'--help', '--json', '-C', '--library', '--view', '--kinds', '--all', "
+      "'--dry-run', '--force', '--mkdir', '--from', '--connection', '--cable', "
+      "'--frequency', '--port', '--esn', '--module', '--module-arg', "
+      "'--debug-device', '--cpu-jtag', '--device', '--clear-chain', "
+      "'--stub-port', '--stub-baud', '--icache', '--dcache', '--itag', "
+      "'--dtag', '--tlb', '--dcr', '--address-map', '--unset-address-map', "
+      "'--rom'";
   const struct {
     std::vector<std::string> line;
     std::string message;
@@ -56,16 +64,25 @@ TEST_F(CommandLineTest, NamesTheNearestMatch) {
        "'set', 'command', 'check', 'explain', 'explain-code', 'diff', "
        "'roundtrip', 'cables', 'completion', 'manual'"},
       {{"list", "--jsn", "x"},
-       "unknown option '--jsn' of 'list'; did you mean '--json'?"},
+       "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
+       "'--library', '--view', '--kinds'; did you mean '--json'?"},
       {{"set", "x", "y", "--frequncy=3MHz"},
-       "unknown option '--frequncy' of 'set'; did you mean '--frequency'?"},
-      {{"set", "x", "y", "--zzz"}, "unknown option '--zzz' of 'set'"},
+       "unknown option '--frequncy' of 'set'; there are " + optionsOfSet +
+           "; did you mean '--frequency'?"},
+      {{"set", "x", "y", "--zzz"},
+       "unknown option '--zzz' of 'set'; there are " + optionsOfSet},
+      {{"cables", "--foo"},
+       "unknown option '--foo' of 'cables'; there are '--help', '--json', "
+       "'-C'"},
+      {{"--foo"},
+       "unknown option '--foo' of 'zeldebug'; there are '--help', '--version', "
+       "'--json', '-C'"},
       {{"--jsn", "list", "x"},
-       "unknown option '--jsn' of 'list'; did you mean '--json'?"},
+       "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
+       "'--library', '--view', '--kinds'; did you mean '--json'?"},
       {{"check", "connect", "lc", "hdu", "-cable", "type", "x"},
-       "unknown option '-cable' of 'check'; a connect command is one argument: "
-       "put "
-       "it in quotes"},
+       "unknown option '-cable' of 'check'; there are '--help', '--json', "
+       "'-C', '--file'; a connect command is one argument: put it in quotes"},
       {{"list", "x", "y"}, "'list' takes no more arguments, but 'y' is left"},
   };
   for (const auto &row : rows) {
@@ -74,6 +91,37 @@ TEST_F(CommandLineTest, NamesTheNearestMatch) {
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "zeldebug: error: " + row.message + "\n");
   }
+}
+
+TEST_F(CommandLineTest, FlagsTakeNoValue) {
+  const std::vector<std::vector<std::string>> lines{
+      {"set", board, "lumacore_0", "--dry-run=foo"},
+      {"set", board, "lumacore_0", "--cpu-jtag=0"},
+      {"set", board, "lumacore_0", "--clear-chain=1"},
+      {"set", board, "lumacore_0", "--unset-address-map=true"},
+      {"set", board, "--all=false"},
+      {"show", board, "lumacore_0", "--origin="},
+  };
+  for (const std::vector<std::string> &line : lines) {
+    const std::string &word = line.back();
+    const Result run = this->run(line);
+    EXPECT_EQ(run.status, 2) << word;
+    EXPECT_EQ(run.out, "") << word;
+    EXPECT_EQ(run.err, "zeldebug: error: " + word.substr(0, word.find('=')) +
+                           " takes no value: '" + word + "'\n");
+  }
+  for (const char *word : {"--json=true", "--json=1", "--json="}) {
+    const json document = runJson({"list", board, word}, 2);
+    EXPECT_EQ(document["command"], "list");
+    EXPECT_EQ(document["failure"]["message"],
+              std::string("--json takes no value: '") + word + "'");
+  }
+}
+
+TEST_F(CommandLineTest, AnEmptyFolderIsNone) {
+  const Result run = this->run({"show", board, "lumacore_0", "-C", ""});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.err, "zeldebug: error: -C '': No such file or directory\n");
 }
 
 TEST_F(CommandLineTest, NamesWhatIsMissing) {
@@ -119,7 +167,8 @@ TEST_F(CommandLineTest, WrongUseIsADocumentInJson) {
   const json document = runJson({"list", "--jsn"}, 2);
   EXPECT_EQ(document["failure"]["status"], 2);
   EXPECT_EQ(document["failure"]["message"],
-            "unknown option '--jsn' of 'list'; did you mean '--json'?");
+            "unknown option '--jsn' of 'list'; there are '--help', '--json', "
+            "'-C', '--library', '--view', '--kinds'; did you mean '--json'?");
 }
 
 TEST_F(CommandLineTest, TheManualHoldsEveryOption) {

@@ -109,7 +109,7 @@ TEST_F(SetCommandTest, TakesTheWorkingFolderFromTheLine) {
   const Result run = set("lumacore_0", {"-C", "nowhere"});
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.err,
-            "zeldebug: error: -C nowhere: No such file or directory\n");
+            "zeldebug: error: -C 'nowhere': No such file or directory\n");
 }
 
 TEST_F(SetCommandTest, KeepsLinksAndPermissions) {

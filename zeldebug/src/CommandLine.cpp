@@ -1,7 +1,6 @@
 #include "CommandLine.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include <fmt/format.h>
 
@@ -33,12 +32,28 @@ std::vector<std::string> wordsOf(int argc, const char *const *argv) {
   return words;
 }
 
+std::string nameIn(const std::string &word) {
+  return word.substr(0, word.find('='));
+}
+
+/// The long name of each option, or the short one where it is the only one.
 std::vector<std::string> optionNames(const CLI::App &app) {
   std::vector<std::string> names;
   for (const CLI::Option *option : app.get_options())
-    for (const std::string &name : option->get_lnames())
-      names.push_back("--" + name);
+    if (!option->get_lnames().empty())
+      names.push_back("--" + option->get_lnames().front());
+    else if (!option->get_snames().empty())
+      names.push_back("-" + option->get_snames().front());
   return names;
+}
+
+bool hasFlag(const CLI::App &app, const std::string &name) {
+  const std::vector<const CLI::Option *> options = app.get_options();
+  return std::any_of(options.begin(), options.end(),
+                     [&name](const CLI::Option *option) {
+                       return option->get_items_expected_max() == 0 &&
+                              option->check_name(name);
+                     });
 }
 
 bool takesCommands(const CLI::App &app) {
@@ -51,24 +66,30 @@ bool takesCommands(const CLI::App &app) {
 }
 
 Failure unknownOption(const CLI::App &app, const std::string &word) {
-  const std::string name = word.substr(0, word.find('='));
+  const std::string name = nameIn(word);
   const bool singleDash = name.size() > 2 && name[1] != '-';
   const std::string wanted = singleDash ? "-" + name : name;
+  const std::vector<std::string> names = optionNames(app);
   std::string text =
-      fmt::format("unknown option '{}' of '{}'{}", name, app.get_name(),
-                  didYouMean(wanted, optionNames(app)));
+      fmt::format("unknown option '{}' of '{}'; there are {}{}", name,
+                  app.get_name(), quotedList(names), didYouMean(wanted, names));
   if (singleDash && takesCommands(app))
     text += "; a connect command is one argument: put it in quotes";
   return {ExitStatus::wrongUse, text};
 }
 
-bool asksForJson(int argc, const char *const *argv) {
-  const auto isWord = [](const char *wanted) {
-    return
-        [wanted](const char *word) { return std::strcmp(word, wanted) == 0; };
-  };
-  const char *const *const end = std::find_if(argv, argv + argc, isWord("--"));
-  return std::any_of(argv, end, isWord("--json"));
+/// The words of the line up to a "--", behind which nothing is an option.
+std::vector<std::string> optionWordsOf(int argc, const char *const *argv) {
+  std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+  words.erase(std::find(words.begin(), words.end(), "--"), words.end());
+  return words;
+}
+
+/// Also for a flag with a value, which is refused.
+bool asksForJson(const std::vector<std::string> &words) {
+  return std::any_of(words.begin(), words.end(), [](const std::string &word) {
+    return nameIn(word) == "--json";
+  });
 }
 
 } // namespace
@@ -170,6 +191,20 @@ void CommandLine::expectNothingUnknown(int argc,
   }
 }
 
+/// CLI11 takes some values of a flag for its presence, or for how often it is
+/// given.
+void CommandLine::expectFlagsAlone(
+    const std::vector<std::string> &words) const {
+  const Subcommand *subcommand = chosen();
+  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
+  for (const std::string &word : words) {
+    const std::string name = nameIn(word);
+    if (name != word && name.compare(0, 2, "--") == 0 && hasFlag(where, name))
+      throw Failure(ExitStatus::wrongUse,
+                    fmt::format("{} takes no value: '{}'", name, word));
+  }
+}
+
 void CommandLine::nameSubcommand(Output &output) const {
   const Subcommand *subcommand = chosen();
   if (subcommand != nullptr)
@@ -177,7 +212,8 @@ void CommandLine::nameSubcommand(Output &output) const {
 }
 
 ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
-  if (asksForJson(argc, argv))
+  const std::vector<std::string> words = optionWordsOf(argc, argv);
+  if (asksForJson(words))
     output.useJson();
   try {
     app.parse(wordsOf(argc, argv));
@@ -192,10 +228,12 @@ ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
     return ExitStatus::done;
   } catch (const CLI::ParseError &problem) {
     nameSubcommand(output);
+    expectFlagsAlone(words);
     expectNothingUnknown(argc, argv);
     throw Failure(ExitStatus::wrongUse, problem.what());
   }
   nameSubcommand(output);
+  expectFlagsAlone(words);
   expectNothingUnknown(argc, argv);
   return chosen()->run(output);
 }

@@ -69,19 +69,20 @@ public:
   /// Those that are meant for people.
   std::vector<Subcommand> visible() const;
   ValueKind kindOf(const CLI::Option *option) const;
-  /// The folder of -C; empty without it.
+  /// The folder of -C; "." without it.
   const std::string &workingFolder() const { return folder; }
 
 private:
   void addCommonOptions(CLI::App &target);
   const Subcommand *chosen() const;
   void nameSubcommand(Output &output) const;
+  void expectFlagsAlone(const std::vector<std::string> &words) const;
   void expectNothingUnknown(int argc, const char *const *argv) const;
 
   CLI::App app;
   std::vector<Subcommand> subcommands;
   std::map<const CLI::Option *, ValueKind> kinds;
-  std::string folder;
+  std::string folder = ".";
   bool jsonWanted = false;
 };
 

@@ -19,13 +19,11 @@ const std::filesystem::path &startFolder() {
 
 void enterWorkingFolder(const std::string &folder) {
   startFolder();
-  if (folder.empty())
-    return;
   std::error_code error;
   std::filesystem::current_path(folder, error);
   if (error)
     throw Failure(ExitStatus::unreadable,
-                  fmt::format("-C {}: {}", folder, error.message()));
+                  fmt::format("-C '{}': {}", folder, error.message()));
 }
 
 std::string shownPath(const std::filesystem::path &path) {

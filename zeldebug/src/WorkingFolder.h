@@ -7,7 +7,7 @@
 
 namespace zeldebug {
 
-/// Goes to `folder`; stays for an empty one. Call it when the other paths of
+/// Goes to `folder`. Call it when the other paths of
 /// the line are no longer needed: they are meant from where the program was
 /// started.
 /// @throws Failure (unreadable)
