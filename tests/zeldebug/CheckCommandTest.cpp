@@ -94,6 +94,12 @@ TEST_F(CheckCommandTest, DrawsEachKindOfFault) {
        "27: error: a value is missing here [missing-value]\n"
        "  connect lc hdu -cable port\n"
        "                            ^\n"},
+      {"connect lc hdu -cable type", 1,
+       std::string("27: error: a value is missing here [missing-value]\n"
+                   "  connect lc hdu -cable type\n"
+                   "                            ^\n"
+                   "  accepted: ") +
+           cableTypes + "\n"},
       {"connect lc hdu -cable type quorla_usb", 1,
        std::string("28: error: 'quorla_usb' is refused as the value "
                    "[refused-value]\n"
@@ -173,6 +179,54 @@ TEST_F(CheckCommandTest, DrawsEachKindOfFault) {
        "41: warning: '-ipcport' is lost [option-lost]\n"
        "  connect ppc sim -debugdevice devicenr 1 -ipcport\n"
        "                                          ^^^^^^^^\n"},
+      // What the engine reads all the same is no error.
+      {"connect lc stub -comm", 0,
+       "22: warning: a value is missing here [missing-value]\n"
+       "  connect lc stub -comm\n"
+       "                       ^\n"
+       "  accepted: 'jtag', 'serial'\n"},
+      {"connect lc stub -baud -port -timeout 5", 0,
+       "23: warning: a value is missing here, in front of '-port' "
+       "[missing-value]\n"
+       "  connect lc stub -baud -port -timeout 5\n"
+       "                        ^^^^^\n"},
+      {"connect ppc sim -debugdevice fpuType zz -icf x", 0,
+       "38: warning: 'zz' is refused as the value [refused-value]\n"
+       "  connect ppc sim -debugdevice fpuType zz -icf x\n"
+       "                                       ^^\n"
+       "  engine: UNKNOWN Parameter 'zz' for option 'fpuType'\n"
+       "  accepted: 'sp', 'dp'\n"},
+      // The number of a port.
+      {"vpconnect lc -ipcport h:abc", 0,
+       "23: warning: 'h:abc' is no number: it gives 0 [not-a-number]\n"
+       "  vpconnect lc -ipcport h:abc\n"
+       "                        ^^^^^\n"},
+      {"connect lc hdu -sim -ipcport h:", 0,
+       "30: warning: 'h:' is no number: it gives 0 [not-a-number]\n"
+       "  connect lc hdu -sim -ipcport h:\n"
+       "                               ^^\n"},
+      {"connect ppc sim -ipcport h:5x", 0,
+       "26: warning: 'h:5x' is no number: it is read as '5' [not-a-number]\n"
+       "  connect ppc sim -ipcport h:5x\n"
+       "                           ^^^^\n"},
+      {"vpconnect lc -ipcport h:99999999999", 0,
+       "23: warning: 'h:99999999999' does not fit: simIpcPort becomes "
+       "1215752191 [value-cut]\n"
+       "  vpconnect lc -ipcport h:99999999999\n"
+       "                        ^^^^^^^^^^^^^\n"},
+      {"vpconnect lc -ipcport host", 0, ""},
+      {"vpconnect lc -ipcport h:010", 0, ""},
+      // No type of cable has any frequency.
+      {"connect lc hdu -cable frequency 5 -quiet", 0,
+       "33: warning: '5' is no frequency of this cable, and is read all the "
+       "same [frequency-not-checked]\n"
+       "  connect lc hdu -cable frequency 5 -quiet\n"
+       "                                  ^\n"},
+      // The clause that ends the command puts another frequency in its place.
+      {"connect lc hdu -cable type quorla_podusb frequency 5 -cable port X", 0,
+       "54: warning: '-cable' is given twice [option-repeated]\n"
+       "  connect lc hdu -cable type quorla_podusb frequency 5 -cable port X\n"
+       "                                                       ^^^^^^\n"},
       {"connect lc sim fast", 0,
        "16: warning: 'fast' is ignored [ignored-word]\n"
        "  connect lc sim fast\n"
@@ -345,6 +399,7 @@ TEST_F(CheckCommandTest, WantsCommandsOrAFile) {
   EXPECT_EQ(this->run({"check"}).err,
             "zeldebug: error: check: give either commands or --file\n");
   EXPECT_EQ(this->run({"check", "connect lc hdu", "--file", "x"}).status, 2);
+  EXPECT_EQ(this->run({"check", "--file", ""}).status, 3);
 }
 
 TEST_F(CheckCommandTest, EachExampleOfACodeHasThatCode) {
@@ -353,11 +408,17 @@ TEST_F(CheckCommandTest, EachExampleOfACodeHasThatCode) {
   std::set<std::string> names;
   for (const json &row : codes) {
     names.insert(row["code"].get<std::string>());
-    if (row["example"].is_null())
+    const std::string example = row["example"];
+    EXPECT_NE(example, "");
+    const bool ofFile = row["where"] == "in an option file";
+    if (ofFile)
+      folder.write("commands.txt", example + "\n");
+    else if (!row["where"].is_null()) // no command alone has the fault
       continue;
-    const int status = row["severity"] == "error" ? 1 : 0;
-    const json document =
-        runJson({"check", row["example"].get<std::string>()}, status);
+    const std::vector<std::string> line =
+        ofFile ? std::vector<std::string>{"check", "--file", "commands.txt"}
+               : std::vector<std::string>{"check", example};
+    const json document = runJson(line, row["severity"] == "error" ? 1 : 0);
     bool isFound = false;
     for (const json &diagnostic : document["commands"][0]["diagnostics"])
       isFound = isFound || diagnostic["code"] == row["code"];
@@ -373,6 +434,16 @@ TEST_F(CheckCommandTest, ExplainsACode) {
                      "A leading 0 makes a number octal.\n\n"
                      "Example:\n  connect lc hdu -debugdevice devicenr 010\n\n"
                      "What to do: Take the leading 0 off a decimal number.\n");
+  EXPECT_THAT(this->run({"explain-code", "not-in-option-file"}).out,
+              HasSubstr("\nExample, in an option file:\n  kconnect lc hdu\n"));
+  const json elsewhere =
+      runJson({"explain-code", "connection-not-allowed"})["codes"][0];
+  EXPECT_EQ(elsewhere["where"], "for a processor without a debug module");
+  const Result refused = this->run({"command", board, "lumacore_2", "--from",
+                                    elsewhere["example"].get<std::string>()});
+  EXPECT_EQ(refused.status, 1);
+  EXPECT_THAT(refused.err,
+              HasSubstr("is a connection that the processor does not allow"));
   const Result unknown = this->run({"explain-code", "octal-numbr"});
   EXPECT_EQ(unknown.status, 2);
   EXPECT_THAT(unknown.err, HasSubstr("; did you mean 'octal-number'?\n"));

@@ -1,5 +1,6 @@
 // check: every fault of a command, with its place and what would be accepted.
 #include <memory>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -16,7 +17,7 @@ namespace {
 
 struct CheckOptions {
   std::vector<std::string> commands;
-  std::string file;
+  std::optional<std::string> file;
 };
 
 std::size_t columnsOf(const std::string &text) {
@@ -67,7 +68,7 @@ void print(Output &output, const std::string &place, const std::string &text,
            const Diagnostic &diagnostic) {
   output.printLine(fmt::format("{}{}: {}: {} [{}]", place,
                                diagnostic.offset + 1,
-                               shownSeverity(diagnostic.code->severity),
+                               shownSeverity(diagnostic.severity),
                                diagnostic.summary, diagnostic.code->code));
   output.print(pictureOf(text, diagnostic));
   if (!diagnostic.engineMessage.empty())
@@ -84,7 +85,7 @@ Json diagnosticJson(const Diagnostic &diagnostic) {
   const bool isSilent = diagnostic.engineMessage.empty();
   return {{"offset", diagnostic.offset},
           {"length", diagnostic.length},
-          {"severity", shownSeverity(diagnostic.code->severity)},
+          {"severity", shownSeverity(diagnostic.severity)},
           {"code", diagnostic.code->code},
           {"message", isSilent ? diagnostic.summary : diagnostic.engineMessage},
           {"summary", diagnostic.summary},
@@ -106,13 +107,13 @@ Json diagnosisJson(const Diagnosis &diagnosis, int line) {
 }
 
 ExitStatus run(const CheckOptions &options, Output &output) {
-  const bool fromFile = !options.file.empty();
+  const bool fromFile = options.file.has_value();
   if (fromFile == !options.commands.empty())
     throw Failure(ExitStatus::wrongUse,
                   "check: give either commands or --file");
   std::vector<CommandLineOfFile> lines;
   if (fromFile)
-    lines = expectCommandLines(options.file);
+    lines = expectCommandLines(*options.file);
   for (const std::string &command : options.commands)
     lines.push_back({0, command});
   Json list = Json::array();
@@ -125,7 +126,7 @@ ExitStatus run(const CheckOptions &options, Output &output) {
       continue;
     }
     const std::string place =
-        fromFile ? fmt::format("{}:{}:", options.file, line.number) : "";
+        fromFile ? fmt::format("{}:{}:", *options.file, line.number) : "";
     for (const Diagnostic &diagnostic : diagnosis.diagnostics)
       print(output, place, line.text, diagnostic);
   }

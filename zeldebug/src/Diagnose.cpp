@@ -53,7 +53,8 @@ public:
 
 private:
   void add(std::size_t word, const char *code, const std::string &detail);
-  void examineNumber(std::size_t word);
+  void examineNumber(std::size_t word, const std::string &text, int base);
+  void examineNumbers(std::size_t word);
   void examineFrequency(std::size_t word, const std::string &text);
 
   const TracedCommand &command;
@@ -68,11 +69,15 @@ void Examiner::add(std::size_t word, const char *code,
       fmt::format("'{}' {}", printable(command.wordText(word)), row->summary);
   if (!detail.empty())
     summary += ": " + detail;
-  diagnostics.push_back({place.offset, place.length, row, summary, "", {}, ""});
+  diagnostics.push_back(
+      {place.offset, place.length, row, row->severity, summary, "", {}, ""});
 }
 
 void Examiner::examineFaults() {
   const CommandTrace &trace = command.trace();
+  // What the engine reads all the same is worth a warning.
+  const Severity severity =
+      command.reading().accepted() ? Severity::warning : Severity::error;
   std::set<std::size_t> said;
   for (const CommandFault &fault : trace.faults) {
     // What follows from a word that is at fault already is no other fault.
@@ -81,6 +86,7 @@ void Examiner::examineFaults() {
     Diagnostic diagnostic{command.text().size(),
                           0,
                           &codeOf(fault.kind),
+                          severity,
                           shownFault(command.text(), trace, fault),
                           fault.message,
                           fault.accepted,
@@ -96,14 +102,15 @@ void Examiner::examineFaults() {
 }
 
 /// What reading a number leaves unsaid: junk, another base, bits that are cut.
-void Examiner::examineNumber(std::size_t word) {
-  const std::string text = command.wordText(word);
-  const char *end = nullptr;
+/// @param text  the word, or the part of it that is the number
+/// @param base  0 for what the number itself says
+void Examiner::examineNumber(std::size_t word, const std::string &text,
+                             int base) {
   char *stop = nullptr;
   errno = 0;
-  const long long number = std::strtoll(text.c_str(), &stop, 0);
+  const long long number = std::strtoll(text.c_str(), &stop, base);
   const bool isHuge = errno == ERANGE;
-  end = stop;
+  const char *const end = stop;
   if (end == text.c_str()) {
     add(word, "not-a-number", "it gives 0");
     return;
@@ -113,8 +120,8 @@ void Examiner::examineNumber(std::size_t word) {
         fmt::format(
             "it is read as '{}'",
             text.substr(0, static_cast<std::size_t>(end - text.c_str()))));
-  const bool isOctal =
-      text.size() > 1 && text[0] == '0' && text[1] >= '0' && text[1] <= '7';
+  const bool isOctal = base == 0 && text.size() > 1 && text[0] == '0' &&
+                       text[1] >= '0' && text[1] <= '7';
   if (isOctal)
     add(word, "octal-number", fmt::format("its value is {}", number));
   for (const Setting &setting : command.changesOf(word)) {
@@ -129,15 +136,35 @@ void Examiner::examineNumber(std::size_t word) {
   }
 }
 
+/// The numbers in a value, whatever is around them.
+void Examiner::examineNumbers(std::size_t word) {
+  const std::string text = command.wordText(word);
+  const std::size_t colon = text.find(':');
+  switch (command.trace().words[word].conversion) {
+  case ValueConversion::number:
+  case ValueConversion::signedNumber:
+  case ValueConversion::lowByte:
+    examineNumber(word, text, 0);
+    break;
+  case ValueConversion::hostAndPort:
+    if (colon != std::string::npos)
+      examineNumber(word, text.substr(colon + 1), 10);
+    break;
+  default:
+    break;
+  }
+}
+
 /// A frequency that only the end of a command would have refused.
 void Examiner::examineFrequency(std::size_t word, const std::string &text) {
   const auto type = command.configuration().cable.cableType;
   Session session(nullptr);
   session.startRecord();
   CommandTrace alone;
-  traceInto(session,
-            "connect lc hdu -cable type " + shownCable(type) + " frequency " +
-                text,
+  const std::string ofType = type == ZelDebugDialog::Engine::CABLE_NONE
+                                 ? ""
+                                 : " type " + shownCable(type);
+  traceInto(session, "connect lc hdu -cable" + ofType + " frequency " + text,
             AfterFault::stop, alone);
   for (const CommandFault &fault : alone.faults) {
     if (fault.kind != CommandFaultKind::refusedFrequency)
@@ -171,11 +198,8 @@ void Examiner::examineWords() {
       add(i, "ignored-word", "");
       saidIgnored = true;
     }
-    const bool isNumber = word.conversion == ValueConversion::number ||
-                          word.conversion == ValueConversion::signedNumber ||
-                          word.conversion == ValueConversion::lowByte;
-    if (isValue && isNumber)
-      examineNumber(i);
+    if (isValue)
+      examineNumbers(i);
     if (isValue && !word.fields.empty() &&
         word.fields.front() == "cable.frequency")
       examineFrequency(i, text);
@@ -211,6 +235,7 @@ void Examiner::examineLength() {
   diagnostics.push_back({optionLineLimit,
                          length - optionLineLimit,
                          row,
+                         row->severity,
                          fmt::format("{}: {} characters, of which {} are read",
                                      row->summary, length, optionLineLimit),
                          "",
@@ -234,7 +259,7 @@ void Examiner::examineForFiles() {
 bool Diagnosis::hasError() const {
   return std::any_of(diagnostics.begin(), diagnostics.end(),
                      [](const Diagnostic &diagnostic) {
-                       return diagnostic.code->severity == Severity::error;
+                       return diagnostic.severity == Severity::error;
                      });
 }
 

@@ -14,7 +14,8 @@ struct Diagnostic {
   std::size_t offset; ///< in bytes; the end of the text for what is missing
   std::size_t length; ///< 0 for what is missing
   const DiagnosticCode *code;
-  std::string summary;       ///< a sentence about the word
+  Severity severity;   ///< of the code; a warning for what is read all the same
+  std::string summary; ///< a sentence about the word
   std::string engineMessage; ///< as the engine words it; may be empty
   std::vector<std::string> accepted;
   std::string suggestion; ///< the nearest of them; may be empty

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "OptionFile.h"
+
 namespace zeldebug {
 
 namespace {
@@ -34,6 +36,8 @@ constexpr std::array<FaultCode, 16> faultCodes{{
 }};
 // clang-format on
 
+constexpr const char *inOptionFile = "in an option file";
+
 } // namespace
 
 const std::vector<DiagnosticCode> &diagnosticCodes() {
@@ -65,7 +69,9 @@ const std::vector<DiagnosticCode> &diagnosticCodes() {
        "is a connection that the processor does not allow",
        "The design says how a processor can be reached, and this way is not "
        "part of it. Without a design every way is allowed.",
-       "", "Choose a connection that 'zeldebug list' shows for the processor."},
+       "connect lc hdu",
+       "Choose a connection that 'zeldebug list' shows for the processor.",
+       "for a processor without a debug module"},
       {"unknown-option", Severity::error, "is no option here",
        "An option word (it begins with '-') that the option set at this place "
        "does not have.",
@@ -93,8 +99,9 @@ const std::vector<DiagnosticCode> &diagnosticCodes() {
        "Write one of the values that are accepted."},
       {"missing-svf-file", Severity::error,
        "the cable's SVF file is missing here",
-       "An SVF cable needs the parameter 'fname'.", "",
-       "Add 'fname' and the file."},
+       "An SVF cable needs the parameter 'fname'.",
+       "connect lc hdu -cable port USB21", "Add 'fname' and the file.",
+       "where the SVF cable was set before"},
       {"missing-module", Severity::error,
        "the plug-in cable's module is missing here",
        "A plug-in cable at the end of a command needs the parameter "
@@ -140,7 +147,8 @@ const std::vector<DiagnosticCode> &diagnosticCodes() {
       {"option-lost", Severity::warning, "is lost",
        "The clause before it had read this option word and could not give it "
        "back; what it should do is not done.",
-       "", "Put the options into another order."},
+       "connect ppc sim -debugdevice devicenr 1 -icf",
+       "Put the options into another order."},
       {"ignored-word", Severity::warning, "is ignored",
        "Nothing reads the command from here on.", "connect lc sim fast",
        "Take the word out."},
@@ -157,11 +165,15 @@ const std::vector<DiagnosticCode> &diagnosticCodes() {
        "Option files know fewer words than commands: the heads 'kconnect' and "
        "'kvpconnect' and the targets 'hdu', 'dap', 'dcc' and 'kmtc' are "
        "refused there.",
-       "", "Write one of the words that are accepted there."},
+       "kconnect lc hdu", "Write one of the words that are accepted there.",
+       inOptionFile},
       {"long-line", Severity::warning,
        "the line is longer than what is read of it",
-       "Of a line of an option file only 1,023 characters are read.", "",
-       "Make the command shorter: leave out what is at its default."},
+       "Of a line of an option file only 1,023 characters are read.",
+       "connect lc hdu -cable type quorla_podusb port " +
+           std::string(optionLineLimit, '1'),
+       "Make the command shorter: leave out what is at its default.",
+       inOptionFile},
   };
   return codes;
 }

@@ -16,8 +16,10 @@ struct DiagnosticCode {
   Severity severity;
   const char *summary; ///< what it says about the word, behind its quotation
   const char *meaning;
-  const char *example; ///< a command with this fault
+  std::string example; ///< a command with this fault
   const char *advice;
+  /// Where the example has the fault; empty for anywhere.
+  const char *where = "";
 };
 
 const std::vector<DiagnosticCode> &diagnosticCodes();

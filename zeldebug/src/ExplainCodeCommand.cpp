@@ -34,11 +34,12 @@ std::vector<const DiagnosticCode *> expectCodes(const std::string &code) {
 }
 
 Json codeJson(const DiagnosticCode &row) {
-  const bool hasExample = *row.example != '\0';
+  const std::string where = row.where;
   return {{"code", row.code},
           {"severity", shownSeverity(row.severity)},
           {"meaning", row.meaning},
-          {"example", hasExample ? Json(row.example) : Json()},
+          {"example", row.example},
+          {"where", where.empty() ? Json() : Json(where)},
           {"advice", row.advice}};
 }
 
@@ -61,8 +62,9 @@ ExitStatus run(const std::string &code, Output &output) {
   const DiagnosticCode &row = *rows.front();
   output.printLine(fmt::format("{} ({})\n\n{}", row.code,
                                shownSeverity(row.severity), row.meaning));
-  if (*row.example != '\0')
-    output.printLine(fmt::format("\nExample:\n  {}", row.example));
+  const std::string where = row.where;
+  output.printLine(fmt::format(
+      "\nExample{}:\n  {}", where.empty() ? where : ", " + where, row.example));
   output.printLine(fmt::format("\nWhat to do: {}", row.advice));
   return ExitStatus::done;
 }
