@@ -38,6 +38,9 @@ TEST_F(RoundtripCommandTest, TellsWhatBecomesOfEachCommand) {
       "         simIpcHost \"h\": host and port are written as one word, "
       "'-ipcportHOSTPORT', which no reader accepts "
       "[virtual-platform-host]\n"
+      "         simIpcPort 3: host and port are written as one word, "
+      "'-ipcportHOSTPORT', which no reader accepts "
+      "[virtual-platform-host]\n"
       "4 commands: 1 same, 1 changed, 2 refused\n");
 }
 

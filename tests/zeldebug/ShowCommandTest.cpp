@@ -148,6 +148,61 @@ TEST_F(ShowCommandTest, TellsWhereValuesComeFrom) {
   EXPECT_EQ(origin["chain"], json::array());
 }
 
+TEST_F(ShowCommandTest, TellsWhereEachValueComesFromExactly) {
+  const struct {
+    const char *processor;
+    const char *saved;
+    const char *group;
+    const char *field;
+    const char *origin;
+  } rows[] = {
+      // Words that tell which processor it is.
+      {"ppc405_0", "connect ppc hw -debugdevice proctype ppc440", "record",
+       "procType", "file:38"},
+      {"ppc405_0", "connect ppc hw", "record", "procType", "design"},
+      {"lumacore_0", "connect lc hdu -debugdevice cpunr 1", "record", "cpuNr",
+       "design"},
+      // A cable without a port leaves the one before it.
+      {"lumacore_0", "connect lc hdu -cable port X type quorla_tcf -quiet",
+       "cable", "port", "file:28"},
+      {"lumacore_0", "connect lc hdu -cable type quorla_tcf -quiet", "cable",
+       "port", "default"},
+      {"lumacore_0",
+       "connect lc hdu -cable type quorla_podusb frequency 3000000 -cable port "
+       "X",
+       "cable", "frequency", "default"},
+      // Without a colon there is no host.
+      {"ppc405_0", "connect ppc sim -ipcport a:1 -ipcport b", "record",
+       "simIpcHost", "file:26"},
+      {"ppc405_0", "connect ppc sim -ipcport a:1 -ipcport b", "record",
+       "simIpcPort", "file:39"},
+      {"lumacore_0", "connect lc hdu -sim -ipcport nocolon", "record",
+       "modelSimHost", "default"},
+      // Selecting a processor that is no PowerPC resets it.
+      {"lumacore_0", "connect lc hdu -debugdevice fpuType sp", "record",
+       "fpuType", "default"},
+  };
+  for (const auto &row : rows) {
+    SCOPED_TRACE(row.saved);
+    save(row.processor, row.saved);
+    const json origin =
+        runJson({"show", board, row.processor, "--origin"})["origin"];
+    EXPECT_EQ(origin[row.group][row.field], row.origin) << row.field;
+  }
+}
+
+TEST_F(ShowCommandTest, AWholeCommandTakesThePlaceOfWhatIsSaved) {
+  save("ppc405_0", "connect ppc sim -icf a");
+  const json origin = runJson({"show", board, "ppc405_0", "--origin", "--from",
+                               "connect dap hw"})["origin"]["record"];
+  EXPECT_EQ(origin["connectionType"], "option");
+  EXPECT_EQ(origin["connectionMask"], "option");
+  EXPECT_EQ(origin["procFamily"], "option");
+  EXPECT_EQ(origin["ppcSimConfigFile"], "default");
+  EXPECT_EQ(origin["connectCommand"], "option");
+  EXPECT_EQ(origin["instanceName"], "design");
+}
+
 TEST_F(ShowCommandTest, TellsTheOriginOfAFilesValues) {
   folder.write("any.txt", command);
   const json origin =

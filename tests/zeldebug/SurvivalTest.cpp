@@ -112,6 +112,36 @@ TEST_F(SurvivalTest, NamesEachSettingAndSavesNothing) {
         std::string("nCpu 2 (comes back as 8)") + noWriter,
         "bscanUserReg 0x23 (comes back as 0x3): only USER1 and USER2 can be "
         "written [never-written]"}},
+      // Which processor it is, where the command says something else.
+      {"lumacore_0",
+       {"--from", "connect dap hw"},
+       {"procFamily 2 (comes back as 0): the target is written as a processor "
+        "[other-targets]",
+        "procType 4 (comes back as 0): the target is written as a processor "
+        "[other-targets]",
+        "connectionMask 0x200 (comes back as 0x87): the target is written as a "
+        "processor [other-targets]"}},
+      {"lumacore_0",
+       {"--from", "connect hdu"},
+       {"connectionMask 0x10 (comes back as 0x87): the target is written as a "
+        "processor [other-targets]"}},
+      {"lumacore_0",
+       {"--from", "connect kmtc"},
+       {"connectionMask 0x20 (comes back as 0x87): the target is written as a "
+        "processor [other-targets]"}},
+      {"lumacore_0",
+       {"--from", "connect lc hdu -debugdevice proctype ppc440"},
+       {"procType 2 (comes back as 0): the kind of PowerPC is not written; the "
+        "design gives it [processor-kind]"}},
+      {"lumacore_0",
+       {"--from", "connect lc hdu -cable type quorla_plugin modulename m port "
+                  "X frequency 5 esn E -quiet"},
+       {"cable.frequency 5 (comes back as 0): a command does not carry it for "
+        "this cable [other-cables]",
+        "cable.port \"X\" (comes back as \"\"): a command does not carry it "
+        "for this cable [other-cables]",
+        "cable.esn \"E\" (comes back as \"\"): a command does not carry it "
+        "for this cable [other-cables]"}},
       {"lumacore_0",
        {"--from", "connect lc sim -memsize 64"},
        {std::string("simMemSize 64 (comes back as 16)") + noWriter}},
@@ -205,6 +235,51 @@ TEST_F(SurvivalTest, WhatTheLineDisplacesIsNamedAndDropped) {
   run = set("lumacore_0", {"--connection", "sim"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(saved("lumacore_0"), "connect lc sim");
+}
+
+/// Defaults that the saved command had spelled out count as well.
+TEST_F(SurvivalTest, WhatIsDisplacedIsNamedAlsoWhereItIsADefault) {
+  const std::string text = "connect lc hdu -cable type quorla_podusb port "
+                           "USB21 frequency 6000000 -debugdevice cpunr 1";
+  save("lumacore_0", text);
+  Result run = set("lumacore_0", {"--esn", "01", "--dry-run"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.err,
+      "zeldebug: note: lumacore_0: no longer saved: cable.frequency 6000000 "
+      "(comes back as 0): the serial number takes its place [serial-number]\n"
+      "zeldebug: note: lumacore_0: would be saved in "
+      "etc/kvo_lumacore_0.opt\n");
+  run = set("lumacore_0", {"--connection", "sim", "--dry-run"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(
+      run.err,
+      std::string("zeldebug: note: lumacore_0: no longer saved: "
+                  "cable.cableType 3 (comes back as 0)") +
+          otherKind +
+          "\nzeldebug: note: lumacore_0: no longer saved: cable.frequency "
+          "6000000 (comes back as 0)" +
+          otherKind +
+          "\nzeldebug: note: lumacore_0: no longer saved: cable.port "
+          "\"USB21\" (comes back as \"\")" +
+          otherKind +
+          "\nzeldebug: note: lumacore_0: would be saved in "
+          "etc/kvo_lumacore_0.opt\n");
+  // A cable that the command did not carry in full brings nothing that is lost.
+  save("lumacore_0", "connect lc hdu -cable type quorla_podusb esn 5");
+  run = set("lumacore_0", {"--debug-device", "1"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err,
+            "zeldebug: note: lumacore_0: saved in etc/kvo_lumacore_0.opt\n");
+}
+
+TEST_F(SurvivalTest, TheTypeOfASavedCommandIsASetting) {
+  const std::string text = "connect ppc hw -debugdevice proctype ppc440";
+  save("ppc405_0", text);
+  EXPECT_EQ(set("ppc405_0", {"--debug-device", "1"}).status, 1);
+  EXPECT_EQ(saved("ppc405_0"), text);
+  save("ppc440_0", text);
+  EXPECT_EQ(set("ppc440_0", {"--debug-device", "1"}).status, 0);
 }
 
 TEST_F(SurvivalTest, WhatNothingDisplacesIsNotDropped) {

@@ -80,9 +80,10 @@ Configuration configurationOf(const EngineImp &state) {
   return configuration;
 }
 
-Configuration defaultsBeside(const Configuration &configuration) {
+Configuration defaultsBeside(const Configuration &configuration,
+                             const ZelDebugDialog::ProcessorInfoImp &identity) {
   Configuration defaults;
-  defaults.record = configuration.record;
+  defaults.record = identity;
   defaults.record.ProcessorInfoImpInit();
   defaults.cable.CableOptionInit(configuration.cable.cableType);
   defaults.cable.cableType = ZelDebugDialog::Engine::CABLE_NONE;

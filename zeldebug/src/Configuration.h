@@ -24,10 +24,11 @@ struct Configuration {
 /// What the engine holds for its current processor.
 Configuration configurationOf(const ZelDebugDialog::EngineImp &state);
 
-/// The same processor with nothing set: no cable, but frequency and port that
-/// the cable's type brings along, and a chain of the same length, so that
-/// `settingsOf` of both stand side by side.
-Configuration defaultsBeside(const Configuration &configuration);
+/// The processor of `identity` with nothing set: no cable, but frequency and
+/// port that the cable's type brings along, and a chain of the same length, so
+/// that `settingsOf` of both stand side by side.
+Configuration defaultsBeside(const Configuration &configuration,
+                             const ZelDebugDialog::ProcessorInfoImp &identity);
 
 /// "record", "cable", "cpuJtag" and "chain".
 Json toJson(const Configuration &configuration);

@@ -6,6 +6,7 @@
 
 #include "CableKeyword.h"
 #include "Failure.h"
+#include "LossRules.h"
 #include "Refusal.h"
 
 namespace zeldebug {
@@ -15,16 +16,42 @@ namespace {
 /// The settings of --from: those that are not as they would be without it.
 void noteSettingsOfCommand(SettingTarget &target) {
   const Configuration now = configurationOf(*target.session.state);
-  const std::vector<Setting> defaults = settingsOf(defaultsBeside(now));
+  const std::vector<Setting> defaults =
+      settingsOf(defaultsBeside(now, target.designed));
   std::size_t position = 0;
   for (const Setting &setting : settingsOf(now))
     if (setting.value != defaults[position++].value)
       target.given.insert(setting.name);
 }
 
-void applyCommand(SettingTarget &target, const std::string &command) {
-  const std::string processor =
-      target.session.state->currentProcessor->instanceName;
+bool isGiven(const std::set<std::string> &given, const std::string &field) {
+  const bool ofChain = field.compare(0, 5, "chain") == 0;
+  return given.count(field) != 0 || (ofChain && given.count("chain") != 0);
+}
+
+bool isDefault(const Configured &configured, const Loss &loss) {
+  const std::vector<Setting> defaults =
+      settingsOf(defaultsBeside(configured.wanted, configured.designed));
+  const auto found = std::find_if(
+      defaults.begin(), defaults.end(),
+      [&loss](const Setting &setting) { return setting.name == loss.field; });
+  return found != defaults.end() && found->value == loss.value;
+}
+
+/// Whether the command that was saved brought the setting along.
+bool wasCarried(const Configured &configured, const Loss &loss) {
+  return configured.saved.file.exists &&
+         settingNamed(configured.loaded, loss.field).value == loss.value &&
+         findLossRule(loss.field, configured.loaded) == nullptr;
+}
+
+} // namespace
+
+void applyCommand(SettingTarget &target, const SettingOptions &settings) {
+  if (settings.from() == nullptr)
+    return;
+  const std::string &command = *settings.from();
+  const std::string &processor = target.designed.instanceName;
   const Reading reading = target.session.selectFrom(processor, command);
   if (!reading.accepted())
     throw Failure(
@@ -35,38 +62,16 @@ void applyCommand(SettingTarget &target, const std::string &command) {
   noteSettingsOfCommand(target);
 }
 
-bool isGiven(const std::set<std::string> &given, const std::string &field) {
-  const bool ofChain = field.compare(0, 5, "chain") == 0;
-  return given.count(field) != 0 || (ofChain && given.count("chain") != 0);
-}
-
-bool isDefault(const Configuration &wanted, const Loss &loss) {
-  const std::vector<Setting> defaults = settingsOf(defaultsBeside(wanted));
-  const auto found = std::find_if(
-      defaults.begin(), defaults.end(),
-      [&loss](const Setting &setting) { return setting.name == loss.field; });
-  return found != defaults.end() && found->value == loss.value;
-}
-
-} // namespace
-
 bool Configured::changed() const {
   return !saved.file.exists || saved.file.line == 0 || !saved.isWhole() ||
          !differencesBetween(loaded, wanted).empty();
-}
-
-void applySettings(SettingTarget &target, const SettingOptions &settings,
-                   const std::vector<SettingAction> &actions) {
-  if (settings.from() != nullptr)
-    applyCommand(target, *settings.from());
-  for (const SettingAction &apply : actions)
-    apply(target);
 }
 
 Configured configure(Session &session, const std::string &processor,
                      const SettingOptions &settings,
                      const std::vector<SettingAction> &actions, bool force) {
   Configured configured;
+  configured.designed = session.recordOf(processor);
   configured.saved = selectSaved(session, processor);
   if (!configured.saved.isWhole()) {
     if (!force)
@@ -77,8 +82,10 @@ Configured configure(Session &session, const std::string &processor,
     session.startFromDefaults();
   }
   configured.loaded = configurationOf(*session.state);
-  SettingTarget target{session, {}};
-  applySettings(target, settings, actions);
+  SettingTarget target{session, configured.designed, {}};
+  applyCommand(target, settings);
+  for (const SettingAction &apply : actions)
+    apply(target);
   configured.given = target.given;
   configured.wanted = configurationOf(*session.state);
   if (!configured.changed()) {
@@ -108,7 +115,8 @@ Verdict judge(const Configured &configured, const std::vector<Loss> &losses) {
   Verdict verdict;
   for (const Loss &loss : losses) {
     const bool given = isGiven(configured.given, loss.field);
-    if (!loss.blocking && !given && isDefault(configured.wanted, loss))
+    if (!loss.blocking && !given && !wasCarried(configured, loss) &&
+        isDefault(configured, loss))
       continue;
     const bool displaced = !given && !loss.displacedBy.empty() &&
                            configured.given.count(loss.displacedBy) != 0;

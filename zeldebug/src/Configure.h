@@ -15,9 +15,10 @@ namespace zeldebug {
 
 struct Configured {
   SavedConfiguration saved;
-  Configuration loaded; ///< what is saved, or the defaults
-  Configuration wanted; ///< with the settings of the line
-  std::string command;  ///< for what is wanted
+  ZelDebugDialog::ProcessorInfoImp designed; ///< what the design says of it
+  Configuration loaded;                      ///< what is saved, or the defaults
+  Configuration wanted;                      ///< with the settings of the line
+  std::string command;                       ///< for what is wanted
   std::set<std::string> given;
 
   bool changed() const;
@@ -38,10 +39,9 @@ Configured configure(Session &session, const std::string &processor,
                      const SettingOptions &settings,
                      const std::vector<SettingAction> &actions, bool force);
 
-/// Applies --from and the settings to the current processor.
+/// Selects the current processor from the command of --from, if there is one.
 /// @throws Failure (refused)
-void applySettings(SettingTarget &target, const SettingOptions &settings,
-                   const std::vector<SettingAction> &actions);
+void applyCommand(SettingTarget &target, const SettingOptions &settings);
 
 /// What comes back as it was saved, but is surely not meant: a frequency of the
 /// line that the cable does not have. Empty for nothing.

@@ -90,7 +90,8 @@ std::optional<Loss> lossOfRefusal(const Setting &setting, bool isDefault,
 std::vector<Loss> lossesOfRefusal(const Configuration &wanted,
                                   const ReadBack &readBack, bool lineLimit) {
   std::vector<Loss> losses;
-  const std::vector<Setting> defaults = settingsOf(defaultsBeside(wanted));
+  const std::vector<Setting> defaults =
+      settingsOf(defaultsBeside(wanted, wanted.record));
   std::size_t position = 0;
   for (const Setting &setting : settingsOf(wanted)) {
     const bool isDefault = defaults[position++].value == setting.value;

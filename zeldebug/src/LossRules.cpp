@@ -125,12 +125,15 @@ constexpr const char *otherKind =
     "a command for this kind of connection does not carry it";
 constexpr const char *otherCable = "a command does not carry it for this cable";
 constexpr const char *powerPcOnly = "a command carries it for a PowerPC only";
+constexpr const char *oneWord =
+    "host and port are written as one word, '-ipcportHOSTPORT', which no "
+    "reader accepts";
 constexpr const char *noWriter = "no command can be written that carries it";
 
 // clang-format off
 
 /// What the language cannot carry.
-constexpr std::array<LossRule, 61> rules{{
+constexpr std::array<LossRule, 62> rules{{
     {"procFamily", isArm, "an ARM processor is written as the target 'ppc'", "", "other-targets"},
     {"procType", isArm, "an ARM processor is written as the target 'ppc'", "", "other-targets"},
     {"connectionMask", isModule, "the target is written as a processor", "", "other-targets"},
@@ -145,10 +148,10 @@ constexpr std::array<LossRule, 61> rules{{
     {"svfFileFlag", always, noWriter, "", "never-written"},
     {"cable.url", always, noWriter, "", "never-written"},
     {"cable.*", noCableUsed, otherKind, "connectionType", "other-connections"},
-    {"cable.port", hasEsn, "the serial number takes its place", "cable.esn", "serial-number"},
-    {"cable.frequency", hasEsn, "the serial number takes its place", "cable.esn", "serial-number"},
     {"cable.port", otherQuorlaParameter, otherCable, "cable.cableType", "other-cables"},
     {"cable.frequency", otherQuorlaParameter, otherCable, "cable.cableType", "other-cables"},
+    {"cable.port", hasEsn, "the serial number takes its place", "cable.esn", "serial-number"},
+    {"cable.frequency", hasEsn, "the serial number takes its place", "cable.esn", "serial-number"},
     {"cable.esn", otherQuorlaParameter, otherCable, "cable.cableType", "other-cables"},
     {"cable.module*", noPlugin, otherCable, "cable.cableType", "other-cables"},
     {"cpuJtag", noCableUsed, otherKind, "connectionType", "other-connections"},
@@ -162,6 +165,7 @@ constexpr std::array<LossRule, 61> rules{{
     {"isocm*", no405, "a command carries it for a ppc405 only", "", "isocm"},
     {"isocm*", noHardware, otherKind, "connectionType", "other-connections"},
     {"isocm*", isocmUnset, "a region without a start is not written", "", "isocm"},
+    {"fpuType", noPowerPc, powerPcOnly, "", "other-processors"},
     {"icacheStartAdr", noPowerPc, powerPcOnly, "", "other-processors"},
     {"dcacheStartAdr", noPowerPc, powerPcOnly, "", "other-processors"},
     {"itagStartAdr", noPowerPc, powerPcOnly, "", "other-processors"},
@@ -195,10 +199,11 @@ constexpr std::array<LossRule, 61> rules{{
 }};
 
 /// What is written in a form that the reader refuses.
-constexpr std::array<LossRule, 5> blockers{{
+constexpr std::array<LossRule, 6> blockers{{
     {"connectionType", kindNotAllowed, "the processor does not allow this kind of connection", "", "connection-mask"},
     {"cpuJtag", cpuJtagWritten, "it is written as '-configdevice jtagpin cpujtag', which no reader accepts", "", "cpu-jtag-marker"},
-    {"simIpcHost", hasPlatformHost, "host and port are written as one word, '-ipcportHOSTPORT', which no reader accepts", "", "virtual-platform-host"},
+    {"simIpcHost", hasPlatformHost, oneWord, "", "virtual-platform-host"},
+    {"simIpcPort", hasPlatformHost, oneWord, "", "virtual-platform-host"},
     {"cable.moduleName", lacksModule, "a plug-in cable needs a module", "", "empty-text"},
     {"cable.frequency", refusedAtTheEnd, "it is none of the cable's frequencies, and the cable clause that ends a command is checked", "", "frequency"},
 }};

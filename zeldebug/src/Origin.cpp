@@ -15,6 +15,8 @@ using ZelDebugDialog::ProcessorInfoImp;
 constexpr std::array<const char *, 5> identityFields{
     "instanceName", "procFamily", "procType", "connectionMask", "cpuNr"};
 
+constexpr const char *fromDesign = "design";
+constexpr const char *fromOption = "option";
 constexpr std::uint32_t powerPc = 1;
 
 template <class Record>
@@ -30,6 +32,11 @@ Json originsOf(const Origins &origins, const std::string &prefix,
 
 } // namespace
 
+void Origins::noteDesign() {
+  for (const char *field : identityFields)
+    known[field] = fromDesign;
+}
+
 void Origins::noteCommand(const CommandTrace &trace) {
   known["connectCommand"] = "file:1";
   for (const CommandWord &word : trace.words)
@@ -37,25 +44,33 @@ void Origins::noteCommand(const CommandTrace &trace) {
       known[field] = fmt::format("file:{}", word.offset + 1);
 }
 
-void Origins::noteDesign(const ProcessorInfoImp &record) {
-  for (const char *field : identityFields)
-    known[field] = "design";
+void Origins::noteCommandOfLine(const CommandTrace &trace) {
+  known["connectCommand"] = fromOption;
+  for (const CommandWord &word : trace.words)
+    for (const std::string &field : word.fields)
+      known[field] = fromOption;
+}
+
+void Origins::noteSelection(const ProcessorInfoImp &record) {
+  known["cpuNr"] = fromDesign;
   if (record.procFamily == powerPc)
-    known["fpuType"] = "design";
+    known["fpuType"] = fromDesign;
+  else
+    known.erase("fpuType");
 }
 
 void Origins::noteOptions(const Configuration &before,
                           const Configuration &after,
                           const std::set<std::string> &given) {
   for (const std::string &field : given)
-    known[field] = "option";
+    known[field] = fromOption;
   for (const Difference &difference : differencesBetween(before, after))
-    known[difference.name] = "option";
+    known[difference.name] = fromOption;
   if (given.count("chain") == 0)
     return;
   for (const Setting &setting : settingsOf(after))
     if (setting.name.compare(0, 6, "chain[") == 0)
-      known[setting.name] = "option";
+      known[setting.name] = fromOption;
 }
 
 std::string Origins::of(const std::string &setting) const {

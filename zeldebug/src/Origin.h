@@ -14,10 +14,15 @@ namespace zeldebug {
 
 class Origins {
 public:
+  /// The design says which processor it is.
+  void noteDesign();
   /// What the words of a command in a file set, each with its column.
   void noteCommand(const ZelDebugDialog::CommandTrace &trace);
-  /// The design says which processor it is, and which FPU a PowerPC has.
-  void noteDesign(const ZelDebugDialog::ProcessorInfoImp &record);
+  /// A selection takes the number and the FPU of the processor from the design,
+  /// whatever the command said.
+  void noteSelection(const ZelDebugDialog::ProcessorInfoImp &record);
+  /// What the words of --from set, in place of a file.
+  void noteCommandOfLine(const ZelDebugDialog::CommandTrace &trace);
   /// What options of the command line changed, or asked for by name.
   void noteOptions(const Configuration &before, const Configuration &after,
                    const std::set<std::string> &given);

@@ -1,5 +1,6 @@
 #include "Session.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include <ZelDebugDialog/KvoOption_Parser.h>
@@ -50,6 +51,17 @@ std::vector<std::string> Session::processorNames() const {
   for (const ProcessorInfoImp *record : state->processorList)
     names.push_back(record->instanceName);
   return names;
+}
+
+const ProcessorInfoImp &Session::recordOf(const std::string &processor) const {
+  const auto &list = state->processorList;
+  const auto found = std::find_if(list.begin(), list.end(),
+                                  [&processor](const ProcessorInfoImp *record) {
+                                    return record->instanceName == processor;
+                                  });
+  if (found == list.end())
+    throw std::logic_error("no processor that can be debugged: " + processor);
+  return **found;
 }
 
 Reading Session::selectSaved(const std::string &processor) {

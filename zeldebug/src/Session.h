@@ -38,6 +38,10 @@ public:
   std::string message();
   /// Names of the processors that can be debugged.
   std::vector<std::string> processorNames() const;
+  /// The record of one of them as it stands: before it is selected, what the
+  /// design says.
+  const ZelDebugDialog::ProcessorInfoImp &
+  recordOf(const std::string &processor) const;
 
   /// Selects a processor from its option file below the working directory.
   Reading selectSaved(const std::string &processor);

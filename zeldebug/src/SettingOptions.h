@@ -22,6 +22,8 @@ class CommandLine;
 /// The configuration that settings are applied to.
 struct SettingTarget {
   Session &session;
+  /// What the design says of the processor.
+  ZelDebugDialog::ProcessorInfoImp designed;
   /// The settings that were asked for by name, as `settingsOf` names them; a
   /// chain stands for all its devices.
   std::set<std::string> given;

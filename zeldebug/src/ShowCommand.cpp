@@ -22,6 +22,7 @@ namespace {
 
 using ZelDebugDialog::AfterFault;
 using ZelDebugDialog::CommandTrace;
+using ZelDebugDialog::ProcessorInfoImp;
 
 struct ShowOptions {
   DesignOptions design;
@@ -83,18 +84,31 @@ void print(const Shown &shown, bool withOrigin, Output &output) {
   output.document(members);
 }
 
-/// The columns of what was read of an option file, by the engine's reader with
-/// the same design and processor.
-void noteFile(Origins &origins, const SavedConfiguration &saved,
-              const std::string &processor, HHSMHwManager *design) {
-  if (!saved.file.exists || saved.file.line == 0 || !saved.reading.accepted())
-    return;
+/// What the words of a command set, by the engine's reader with the same design
+/// and processor.
+CommandTrace traceOf(const std::string &command, const std::string &processor,
+                     HHSMHwManager *design) {
   Session session(design);
   session.selectFrom(processor, "");
   CommandTrace trace;
-  traceInto(session, saved.file.text.substr(0, optionLineLimit),
-            AfterFault::stop, trace);
-  origins.noteCommand(trace);
+  traceInto(session, command, AfterFault::stop, trace);
+  keepChanges(command, trace);
+  return trace;
+}
+
+/// The origins of what a selection gave.
+void noteSelected(Origins &origins, const ShowOptions &options,
+                  const SavedConfiguration &saved, HHSMHwManager *design,
+                  const ProcessorInfoImp &selected) {
+  origins.noteDesign();
+  const std::string *const from = options.settings.from();
+  if (from != nullptr)
+    origins.noteCommandOfLine(traceOf(*from, options.processor, design));
+  else if (saved.file.exists && saved.file.line != 0 &&
+           saved.reading.accepted())
+    origins.noteCommand(traceOf(saved.file.text.substr(0, optionLineLimit),
+                                options.processor, design));
+  origins.noteSelection(selected);
 }
 
 ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
@@ -104,15 +118,16 @@ ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
   enterWorkingFolder(folder);
   Session session(design.get());
   expectDebuggable(*design, session.processorNames(), options.processor);
+  SettingTarget target{session, session.recordOf(options.processor), {}};
   const SavedConfiguration saved = selectSaved(session, options.processor);
-  const Configuration before = configurationOf(*session.state);
-  SettingTarget target{session, {}};
-  applySettings(target, options.settings, actions);
+  applyCommand(target, options.settings);
+  const Configuration selected = configurationOf(*session.state);
+  for (const SettingAction &apply : actions)
+    apply(target);
 
   Shown shown{configurationOf(*session.state), saved.reading, {}};
-  noteFile(shown.origins, saved, options.processor, design.get());
-  shown.origins.noteDesign(shown.configuration.record);
-  shown.origins.noteOptions(before, shown.configuration, target.given);
+  noteSelected(shown.origins, options, saved, design.get(), selected.record);
+  shown.origins.noteOptions(selected, shown.configuration, target.given);
   print(shown, options.origin, output);
 
   const std::string problem = saved.problem();

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
+#include <string_view>
+#include <type_traits>
 #include <utility>
 
 #include <ZelDebugDialog/CommandTables.h>
@@ -57,6 +59,35 @@ bool opensOptionSet(const std::string &word) {
                      });
 }
 
+/// Gives a field any value but the one that it has.
+template <class Record>
+void makeOther(Record &record, const FieldTable<Record> &fields,
+               std::string_view name) {
+  for (const Field<Record> &field : fields)
+    if (field.name == name)
+      std::visit(
+          [&record](auto member) {
+            auto &value = record.*member;
+            using Value = std::decay_t<decltype(value)>;
+            if constexpr (std::is_same_v<Value, std::string>)
+              value += '?';
+            else
+              value = value == Value() ? static_cast<Value>(1) : Value();
+          },
+          field.member);
+}
+
+/// The same for a setting of the processor or the cable.
+void makeOther(const ZelDebugDialog::EngineImp &state,
+               const std::string &setting) {
+  constexpr std::string_view ofCable = "cable.";
+  if (setting.compare(0, ofCable.size(), ofCable) == 0)
+    makeOther(*state.cableOption, cableFields(),
+              std::string_view(setting).substr(ofCable.size()));
+  else
+    makeOther(*state.currentProcessor, processorFields(), setting);
+}
+
 /// Reads the words of a command again, one after the other, into one state:
 /// each with no more of the command than it takes to know what the word is for,
 /// so that a long command takes no longer than its words.
@@ -66,6 +97,9 @@ public:
 
   /// The settings of a word, with the values that it gives them.
   std::vector<Setting> take(const CommandWord &word, const std::string &text);
+  /// Those of the settings of a word that its value does not leave as they are.
+  std::vector<std::string> changedBy(const CommandWord &word,
+                                     const std::string &text);
 
 private:
   std::string pieceWith(const CommandWord &word, const std::string &text);
@@ -83,6 +117,22 @@ std::vector<Setting> Replay::take(const CommandWord &word,
   const std::string piece = pieceWith(word, text);
   return word.fields.empty() ? std::vector<Setting>()
                              : read(piece, word.fields);
+}
+
+std::vector<std::string> Replay::changedBy(const CommandWord &word,
+                                           const std::string &text) {
+  const std::string piece = pieceWith(word, text);
+  if (word.role != WordRole::value || word.fields.size() < 2)
+    return word.fields;
+  const std::vector<Setting> once = read(piece, word.fields);
+  for (const std::string &field : word.fields)
+    makeOther(*session.state, field);
+  const std::vector<Setting> again = read(piece, word.fields);
+  std::vector<std::string> changed;
+  for (std::size_t i = 0; i < word.fields.size(); ++i)
+    if (once[i].value == again[i].value)
+      changed.push_back(word.fields[i]);
+  return changed;
 }
 
 /// Puts the word in its place, and what is needed of the command around it.
@@ -143,11 +193,19 @@ bool traceInto(Session &session, const std::string &command,
   }
 }
 
+void keepChanges(const std::string &command, CommandTrace &trace) {
+  Replay replay;
+  for (CommandWord &word : trace.words)
+    word.fields =
+        replay.changedBy(word, command.substr(word.offset, word.length));
+}
+
 TracedCommand::TracedCommand(std::string text, AfterFault afterFault)
     : command(std::move(text)) {
   Session plain(nullptr);
   plainReading = plain.readCommand(command);
   final = tracedConfiguration(command, afterFault, read);
+  keepChanges(command, read);
   for (const ZelDebugDialog::CommandFault &fault : read.faults)
     atFault.insert(fault.word);
   std::size_t changes = 0;

@@ -52,6 +52,11 @@ bool traceInto(Session &session, const std::string &command,
                ZelDebugDialog::AfterFault afterFault,
                ZelDebugDialog::CommandTrace &trace);
 
+/// Takes from the words of a trace the settings that their values leave as they
+/// are.
+void keepChanges(const std::string &command,
+                 ZelDebugDialog::CommandTrace &trace);
+
 /// "head", "target", ...
 const char *shownRole(ZelDebugDialog::WordRole role);
 
