@@ -8,6 +8,8 @@
 #include <ZelDebugDialog/CommandTables.h>
 #include <strings.h>
 
+#include "Place.h"
+
 namespace zeldebug {
 
 namespace fs = std::filesystem;
@@ -35,23 +37,11 @@ std::vector<std::string> keywordsInFiles(const Rows &rows) {
 
 CommandFile readCommandFile(const fs::path &file) {
   CommandFile found;
-  std::error_code error;
-  const fs::file_status own = fs::symlink_status(file, error);
-  found.exists = fs::exists(own);
-  if (!found.exists) {
-    if (own.type() != fs::file_type::not_found)
-      found.problem = error.message();
+  Place place = lookAt(file, fs::file_type::regular);
+  found.exists = place.exists;
+  found.problem = std::move(place.problem);
+  if (!found.exists || !found.problem.empty())
     return found;
-  }
-  const fs::file_status target = fs::status(file, error);
-  if (!fs::is_regular_file(target)) {
-    found.problem = target.type() == fs::file_type::not_found
-                        ? "is a link to nothing"
-                    : fs::is_directory(target) ? "is a folder, no file"
-                    : error                    ? error.message()
-                                               : "is no regular file";
-    return found;
-  }
   std::ifstream stream(file, std::ios::binary);
   if (!stream) {
     found.problem = std::generic_category().message(errno);

@@ -1,0 +1,25 @@
+// What stands at a path, told apart before anything is opened or made there.
+#ifndef ZELDEBUG_PLACE_H
+#define ZELDEBUG_PLACE_H
+
+#include <filesystem>
+#include <string>
+
+namespace zeldebug {
+
+struct Place {
+  bool exists = false; ///< a link to nothing is something
+  std::string problem; ///< why it is not what is wanted, or empty
+};
+
+/// @param wanted  `regular` or `directory`, behind links as well
+Place lookAt(const std::filesystem::path &path,
+             std::filesystem::file_type wanted);
+
+/// @throws Failure (refused): "path: problem"
+[[noreturn]] void refuse(const std::filesystem::path &path,
+                         const std::string &problem);
+
+} // namespace zeldebug
+
+#endif
