@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <set>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
@@ -99,6 +100,81 @@ TEST_F(SetCommandTest, NeedsTheFolder) {
   EXPECT_FALSE(fs::exists("etc"));
   EXPECT_EQ(set("lumacore_0", {"--mkdir"}).status, 0);
   EXPECT_EQ(saved("lumacore_0"), "connect lc hdu -debugdevice cpunr 1");
+}
+
+TEST_F(SetCommandTest, SaysWhatStandsInThePlaceOfTheFolder) {
+  const struct {
+    std::function<void()> prepare;
+    std::string problem;
+  } rows[] = {
+      {[&] { folder.write("etc", "a file"); }, "is a file, no folder"},
+      {[&] {
+         folder.write("elsewhere", "a file");
+         fs::create_symlink("elsewhere", "etc");
+       },
+       "is a file, no folder"},
+      {[] { fs::create_symlink("nowhere", "etc"); }, "is a link to nothing"},
+      {[] { ASSERT_EQ(mkfifo("etc", 0600), 0); }, "is no folder"},
+  };
+  for (const auto &row : rows) {
+    row.prepare();
+    for (const std::vector<std::string> &settings :
+         {std::vector<std::string>{}, {"--mkdir"}}) {
+      const Result run = set("lumacore_0", settings);
+      EXPECT_EQ(run.status, 1);
+      EXPECT_EQ(run.out, "");
+      EXPECT_EQ(run.err,
+                "zeldebug: error: lumacore_0: etc: " + row.problem + "\n");
+    }
+    EXPECT_TRUE(fs::exists(fs::symlink_status("etc")));
+    fs::remove("etc");
+  }
+}
+
+TEST_F(SetCommandTest, TakesALinkToAFolderForTheFolder) {
+  fs::create_directory("elsewhere");
+  fs::create_symlink("elsewhere", "etc");
+  EXPECT_EQ(set("lumacore_0", {"--mkdir"}).status, 0);
+  EXPECT_TRUE(fs::is_symlink("etc"));
+  EXPECT_EQ(folder.read("elsewhere/kvo_lumacore_0.opt"),
+            "connect lc hdu -debugdevice cpunr 1");
+}
+
+TEST_F(SetCommandTest, LeavesNoFolderThatNothingIsSavedIn) {
+  const auto expectNoFolder = [this](const Surroundings &surroundings,
+                                     const std::string &problem,
+                                     std::vector<std::string> settings) {
+    settings.emplace_back("--mkdir");
+    const Result run = set("lumacore_0", settings, surroundings);
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, HasSubstr(problem));
+    EXPECT_FALSE(fs::exists("etc")) << problem;
+  };
+  expectNoFolder({}, "nothing is saved, because it would not survive",
+                 {"--cpu-jtag"});
+  Surroundings full;
+  full.fileSizeLimit = 10;
+  expectNoFolder(full, "the option file could not be written whole", {});
+  Surroundings locked;
+  locked.obeysPermissions = true;
+  const mode_t before = umask(0777);
+  expectNoFolder(locked, "etc: cannot write there: Permission denied", {});
+  umask(before);
+  // One that was there stays.
+  fs::create_directory("etc");
+  EXPECT_EQ(set("lumacore_0", {"--cpu-jtag", "--mkdir"}).status, 1);
+  EXPECT_TRUE(fs::is_directory("etc"));
+}
+
+TEST_F(SetCommandTest, LeavesAFolderThatOneOfAllIsSavedIn) {
+  EXPECT_EQ(this->run({"set", board, "--all", "--mkdir", "--cpu-jtag"}).status,
+            1);
+  EXPECT_FALSE(fs::exists("etc"));
+  EXPECT_EQ(
+      this->run({"set", board, "--all", "--mkdir", "--connection", "stub-jtag"})
+          .status,
+      1);
+  EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
 }
 
 TEST_F(SetCommandTest, TakesTheWorkingFolderFromTheLine) {

@@ -11,8 +11,8 @@
 
 #include "Failure.h"
 #include "OptionFile.h"
+#include "Place.h"
 #include "Refusal.h"
-#include "WorkingFolder.h"
 
 namespace zeldebug {
 
@@ -35,11 +35,6 @@ int flush(const fs::path &file) {
   const int problem = fsync(descriptor) == 0 ? 0 : errno;
   close(descriptor);
   return problem;
-}
-
-[[noreturn]] void refuse(const fs::path &file, const std::string &problem) {
-  throw Failure(ExitStatus::refused,
-                fmt::format("{}: {}", shownPath(file), problem));
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "Configure.h"
 #include "DesignOptions.h"
 #include "OptionFileSaver.h"
+#include "OptionFolder.h"
 #include "Subcommands.h"
 #include "Table.h"
 #include "WorkingFolder.h"
@@ -42,21 +43,6 @@ struct Outcome {
   std::string message; ///< for a refusal
 };
 
-fs::path expectFolder(const fs::path &file, bool makeFolder) {
-  fs::path folder = file.parent_path();
-  std::error_code error;
-  if (makeFolder)
-    fs::create_directory(folder, error);
-  if (error)
-    throw Failure(ExitStatus::refused,
-                  fmt::format("{}: {}", shownPath(folder), error.message()));
-  if (!fs::is_directory(folder, error))
-    throw Failure(ExitStatus::refused,
-                  fmt::format("{}: there is no such folder (--mkdir makes it)",
-                              shownPath(folder)));
-  return folder;
-}
-
 std::string listOf(const std::vector<Loss> &losses) {
   std::string text;
   for (const Loss &loss : losses)
@@ -68,10 +54,12 @@ std::string listOf(const std::vector<Loss> &losses) {
 void save(const SetOptions &options, DesignModel &design, Session &session,
           const Configured &configured, Outcome &outcome) {
   const fs::path target = behindLinks(configured.saved.path);
-  const fs::path folder = options.dryRun
-                              ? fs::temp_directory_path()
-                              : expectFolder(target, options.makeFolder);
-  const OptionFileSaver saver(session, folder);
+  const fs::path place = target.parent_path();
+  std::optional<OptionFolder> folder;
+  if (!options.dryRun)
+    folder.emplace(place, options.makeFolder);
+  const OptionFileSaver saver(
+      session, options.dryRun ? fs::temp_directory_path() : place);
   outcome.verdict =
       judge(configured, lossesOf(configured.wanted, saver.command(),
                                  saver.readBack(&design), true));
