@@ -88,6 +88,49 @@ TEST_F(SetCommandTest, ADryRunSavesNothing) {
   EXPECT_EQ(run.err, "zeldebug: note: lumacore_0: would be saved in "
                      "etc/kvo_lumacore_0.opt\n");
   EXPECT_TRUE(etc().empty());
+  fs::remove("etc");
+  EXPECT_EQ(set("lumacore_0", {"--dry-run", "--mkdir"}).err,
+            "zeldebug: note: lumacore_0: would be saved in "
+            "etc/kvo_lumacore_0.opt\n");
+  EXPECT_FALSE(fs::exists("etc"));
+}
+
+TEST_F(SetCommandTest, ADryRunIsRefusedWhereTheRunWouldBe) {
+  Surroundings surroundings;
+  surroundings.obeysPermissions = true;
+  const auto lock = [](const char *path) {
+    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_exec);
+  };
+  const struct {
+    std::function<void()> prepare;
+    std::vector<std::string> settings;
+    std::string problem;
+  } rows[] = {
+      {[] {}, {}, "etc: there is no such folder (--mkdir makes it)"},
+      {[&] { lock("."); }, {"--mkdir"}, "etc: Permission denied"},
+      {[&] {
+         fs::create_directory("etc");
+         lock("etc");
+       },
+       {},
+       "etc: cannot write there: Permission denied"},
+      {[] { fs::create_directories("etc/kvo_lumacore_0.opt"); },
+       {"--force"},
+       "etc/kvo_lumacore_0.opt: Is a directory"},
+  };
+  for (const auto &row : rows) {
+    row.prepare();
+    std::vector<std::string> dry = row.settings;
+    dry.emplace_back("--dry-run");
+    for (const auto &settings : {dry, row.settings}) {
+      const Result run = set("lumacore_0", settings, surroundings);
+      EXPECT_EQ(run.status, 1) << row.problem;
+      EXPECT_EQ(run.out, "");
+      EXPECT_EQ(run.err, "zeldebug: error: lumacore_0: " + row.problem + "\n");
+    }
+    fs::permissions(".", fs::perms::owner_all);
+    fs::remove_all("etc");
+  }
 }
 
 TEST_F(SetCommandTest, NeedsTheFolder) {
@@ -119,7 +162,7 @@ TEST_F(SetCommandTest, SaysWhatStandsInThePlaceOfTheFolder) {
   for (const auto &row : rows) {
     row.prepare();
     for (const std::vector<std::string> &settings :
-         {std::vector<std::string>{}, {"--mkdir"}}) {
+         {std::vector<std::string>{}, {"--mkdir"}, {"--mkdir", "--dry-run"}}) {
       const Result run = set("lumacore_0", settings);
       EXPECT_EQ(run.status, 1);
       EXPECT_EQ(run.out, "");

@@ -11,6 +11,7 @@
 
 #include "Failure.h"
 #include "OptionFile.h"
+#include "OptionFolder.h"
 #include "Place.h"
 #include "Refusal.h"
 
@@ -44,8 +45,7 @@ OptionFileSaver::OptionFileSaver(Session &session, const fs::path &folder)
   try {
     scratch = std::make_unique<ScratchFolder>(folder);
   } catch (const fs::filesystem_error &problem) {
-    refuse(folder,
-           fmt::format("cannot write there: {}", problem.code().message()));
+    refuseToWriteIn(folder, problem.code());
   }
   written = optionFilePath(scratch->path(), processor);
   const int result = session.engine.Generate();
@@ -81,6 +81,12 @@ void OptionFileSaver::moveTo(const fs::path &target) const {
   fs::rename(written, target, error);
   if (error)
     refuse(target, error.message());
+}
+
+void expectReplaceable(const fs::path &target) {
+  std::error_code ignored;
+  if (fs::is_directory(target, ignored))
+    refuse(target, std::make_error_code(std::errc::is_a_directory).message());
 }
 
 fs::path behindLinks(const fs::path &path) {

@@ -40,6 +40,9 @@ private:
   std::filesystem::path written;
 };
 
+/// @throws Failure (refused) for what no file can take the place of.
+void expectReplaceable(const std::filesystem::path &target);
+
 /// The file that a path leads to, behind links; the path itself for what is not
 /// there.
 std::filesystem::path behindLinks(const std::filesystem::path &path);

@@ -1,7 +1,11 @@
 #include "OptionFolder.h"
 
-#include <system_error>
+#include <cerrno>
 #include <utility>
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <unistd.h>
 
 #include "Place.h"
 
@@ -21,6 +25,12 @@ bool isMissing(const fs::path &path, bool mayMake) {
   return !place.exists;
 }
 
+std::error_code findWriteError(const fs::path &folder) {
+  const bool mayWrite =
+      faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+  return {mayWrite ? 0 : errno, std::generic_category()};
+}
+
 } // namespace
 
 OptionFolder::OptionFolder(fs::path path, bool mayMake)
@@ -37,6 +47,20 @@ OptionFolder::~OptionFolder() {
   std::error_code ignored;
   if (isMade)
     fs::remove(folder, ignored);
+}
+
+void expectWritableOptionFolder(const fs::path &path, bool mayMake) {
+  const bool isToBeMade = isMissing(path, mayMake);
+  const std::error_code error =
+      findWriteError(isToBeMade ? path.parent_path() : path);
+  if (error && isToBeMade)
+    refuse(path, error.message());
+  if (error)
+    refuseToWriteIn(path, error);
+}
+
+void refuseToWriteIn(const fs::path &folder, const std::error_code &error) {
+  refuse(folder, fmt::format("cannot write there: {}", error.message()));
 }
 
 } // namespace zeldebug

@@ -4,6 +4,7 @@
 #define ZELDEBUG_OPTIONFOLDER_H
 
 #include <filesystem>
+#include <system_error>
 
 namespace zeldebug {
 
@@ -22,6 +23,15 @@ private:
   std::filesystem::path folder;
   bool isMade = false;
 };
+
+/// Refuses what making an OptionFolder and writing in it would, and touches
+/// nothing. @throws Failure (refused)
+void expectWritableOptionFolder(const std::filesystem::path &path,
+                                bool mayMake);
+
+/// @throws Failure (refused)
+[[noreturn]] void refuseToWriteIn(const std::filesystem::path &folder,
+                                  const std::error_code &error);
 
 } // namespace zeldebug
 

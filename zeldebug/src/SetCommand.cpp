@@ -56,8 +56,11 @@ void save(const SetOptions &options, DesignModel &design, Session &session,
   const fs::path target = behindLinks(configured.saved.path);
   const fs::path place = target.parent_path();
   std::optional<OptionFolder> folder;
-  if (!options.dryRun)
+  if (options.dryRun)
+    expectWritableOptionFolder(place, options.makeFolder);
+  else
     folder.emplace(place, options.makeFolder);
+  expectReplaceable(target);
   const OptionFileSaver saver(
       session, options.dryRun ? fs::temp_directory_path() : place);
   outcome.verdict =
