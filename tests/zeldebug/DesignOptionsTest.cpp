@@ -82,6 +82,30 @@ TEST_F(DesignOptionsTest, ALibraryThatIsNotThere) {
             "or catalog\n");
 }
 
+TEST_F(DesignOptionsTest, DiagnosticsAreToldByTheirSeverity) {
+  folder.write("holes.xml",
+               "<design><vendor>x</vendor><library>y</library>"
+               "<name>holes</name><version>1</version>\n"
+               "<componentInstances><componentInstance>\n"
+               "<instanceName>cpu</instanceName>\n"
+               "<componentRef vendor='x' library='y' name='absent' "
+               "version='1'/>\n"
+               "</componentInstance></componentInstances></design>");
+  const std::vector<std::string> rest{"holes.xml", "--view", "middle"};
+  for (const char *subcommand : {"list", "design"}) {
+    std::vector<std::string> line{subcommand};
+    line.insert(line.end(), rest.begin(), rest.end());
+    const Result run = this->run(line);
+    EXPECT_EQ(run.status, 0) << subcommand;
+    EXPECT_EQ(run.err,
+              "zeldebug: error: holes.xml:4: instance 'cpu': component "
+              "'x:y:absent:1' is not found\n"
+              "zeldebug: warning: holes.xml: no component of the design has "
+              "the view 'middle'\n")
+        << subcommand;
+  }
+}
+
 TEST_F(DesignOptionsTest, AKindTableGivesPartsToPlay) {
   folder.write("own.kinds", "# the small core plays a Lumacore\n"
                             "example.org:board:soc_cortexr5:*  processor  "

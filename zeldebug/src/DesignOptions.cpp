@@ -31,6 +31,18 @@ std::vector<std::string> modulesOf(DesignModel &design,
   return found;
 }
 
+void say(const DesignDiagnostic &diagnostic, const Output &output) {
+  const std::string text = shownDiagnostic(diagnostic);
+  switch (diagnostic.severity) {
+  case Severity::error:
+    return output.error(text);
+  case Severity::warning:
+    return output.warn(text);
+  case Severity::note:
+    return output.note(text);
+  }
+}
+
 } // namespace
 
 void DesignOptions::addTo(CommandLine &line, CLI::App &app,
@@ -76,10 +88,7 @@ std::unique_ptr<DesignModel> DesignOptions::readSilently() const {
 std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
   std::unique_ptr<DesignModel> design = readSilently();
   for (const DesignDiagnostic &diagnostic : design->Diagnostics())
-    if (diagnostic.severity == Severity::note)
-      output.note(shownDiagnostic(diagnostic));
-    else
-      output.warn(shownDiagnostic(diagnostic));
+    say(diagnostic, output);
   return design;
 }
 

@@ -19,10 +19,10 @@ public:
 
   bool named() const { return !sources.designFile.empty(); }
 
-  /// Reads the design. Warnings go to `output`.
+  /// Reads the design. What its diagnostics say goes to `output`.
   /// @throws Failure (unreadable) with every error, one a line.
   std::unique_ptr<ZelDebugDialog::DesignModel> read(const Output &output) const;
-  /// The same without a word on warnings, for callers that show them
+  /// The same without a word on diagnostics, for callers that show them
   /// themselves.
   std::unique_ptr<ZelDebugDialog::DesignModel> readSilently() const;
 
