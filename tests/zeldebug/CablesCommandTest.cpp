@@ -12,27 +12,27 @@ TEST_F(CablesCommandTest, ShowsTheCatalogue) {
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(
       run.out,
-      "TYPE  KEYWORD READ                      TEXT WRITTEN      DEFAULT HZ  "
-      "DEFAULT PORT  FREQUENCIES IN HZ\n"
-      "0     -                                 -                 0           "
-      "-             -\n"
-      "1     -                                 -                 0           "
-      "-             -\n"
-      "2     quorla_parallel quorla_parallel4  quorla_parallel   5000000     "
-      "LPT1          200000 625000 2500000 5000000\n"
-      "3     quorla_podusb                     quorla_podusb     6000000     "
-      "USB21         750000 1500000 3000000 6000000 12000000 24000000\n"
-      "4     quorla_parallel3                  quorla_parallel3  200000      "
-      "LPT1          200000\n"
-      "5     quorla_plugin                     quorla_plugin     0           "
-      "-             -\n"
-      "6     digilent_plugin                   digilent_plugin   0           "
-      "-             -\n"
-      "7     quorla_tcf                        -                 0           "
-      "-             125000 250000 500000 750000 1000000 1500000 2000000 "
-      "3000000 "
-      "4000000 5000000 6000000 7500000 10000000 12000000 15000000 24000000 "
-      "30000000\n");
+      "TYPE  KEYWORD READ                      TEXT WRITTEN      WRITABLE  "
+      "DEFAULT HZ  DEFAULT PORT  FREQUENCIES IN HZ\n"
+      "0     -                                 -                 no        "
+      "0           -             -\n"
+      "1     -                                 -                 no        "
+      "0           -             -\n"
+      "2     quorla_parallel quorla_parallel4  quorla_parallel   yes       "
+      "5000000     LPT1          200000 625000 2500000 5000000\n"
+      "3     quorla_podusb                     quorla_podusb     yes       "
+      "6000000     USB21         750000 1500000 3000000 6000000 12000000 "
+      "24000000\n"
+      "4     quorla_parallel3                  quorla_parallel3  yes       "
+      "200000      LPT1          200000\n"
+      "5     quorla_plugin                     quorla_plugin     yes       "
+      "0           -             -\n"
+      "6     digilent_plugin                   digilent_plugin   yes       "
+      "0           -             -\n"
+      "7     quorla_tcf                        -                 no        "
+      "0           -             125000 250000 500000 750000 1000000 "
+      "1500000 2000000 3000000 4000000 5000000 6000000 7500000 10000000 "
+      "12000000 15000000 24000000 30000000\n");
 }
 
 TEST_F(CablesCommandTest, TellsWhatCanBeWritten) {

@@ -20,12 +20,13 @@ template <class List> std::string joined(const List &list) {
   return dashIfEmpty(fmt::format("{}", fmt::join(list, " ")));
 }
 
+bool isWritable(const CommandCable &cable) { return !cable.written.empty(); }
+
 Json cableJson(const CommandCable &cable) {
-  const bool isWritable = !cable.written.empty();
   return {{"type", static_cast<std::uint32_t>(cable.type)},
           {"keywords", cable.keywords},
-          {"written", isWritable ? Json(cable.written) : Json()},
-          {"writable", isWritable},
+          {"written", isWritable(cable) ? Json(cable.written) : Json()},
+          {"writable", isWritable(cable)},
           {"frequencies", cable.acceptedFrequencies},
           {"offeredFrequencies", cable.offeredFrequencies},
           {"defaultFrequency", cable.defaultFrequency},
@@ -40,11 +41,12 @@ ExitStatus run(Output &output) {
     output.document({{"cables", list}});
     return ExitStatus::done;
   }
-  Table table({"TYPE", "KEYWORD READ", "TEXT WRITTEN", "DEFAULT HZ",
+  Table table({"TYPE", "KEYWORD READ", "TEXT WRITTEN", "WRITABLE", "DEFAULT HZ",
                "DEFAULT PORT", "FREQUENCIES IN HZ"});
   for (const CommandCable &cable : cables())
     table.addRow({fmt::format("{}", static_cast<std::uint32_t>(cable.type)),
                   joined(cable.keywords), dashIfEmpty(cable.written),
+                  isWritable(cable) ? "yes" : "no",
                   fmt::format("{}", cable.defaultFrequency),
                   dashIfEmpty(cable.defaultPort),
                   joined(cable.acceptedFrequencies)});
