@@ -53,5 +53,26 @@ TEST_F(DiffCommandTest, RefusesACommandThatCannotBeRead) {
                      "connection word is missing here\n");
 }
 
+TEST_F(DiffCommandTest, NamesEachCommandThatCannotBeRead) {
+  const std::string foo = "'foo' is refused: column 1: 'foo' is no head word";
+  const std::string bar = "'bar' is refused: column 1: 'bar' is no head word";
+  const struct {
+    const char *first;
+    const char *second;
+    std::string message;
+  } rows[] = {{"foo", "bar", foo + "\n" + bar},
+              {"bar", "foo", bar + "\n" + foo},
+              {"foo", "connect lc hdu", foo},
+              {"connect lc hdu", "bar", bar}};
+  for (const auto &row : rows) {
+    const Result run = this->run({"diff", row.first, row.second});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.err, "zeldebug: error: " + row.message + "\n");
+    EXPECT_EQ(runJson({"diff", row.first, row.second}, 1)["failure"]["message"],
+              row.message);
+  }
+}
+
 } // namespace
 } // namespace tool

@@ -16,19 +16,25 @@ namespace {
 
 using Commands = std::array<std::string, 2>;
 
-Configuration expectConfiguration(const std::string &command) {
+/// What a command is refused for goes to `refusals`, a line each.
+Configuration readConfiguration(const std::string &command,
+                                std::string &refusals) {
   Session session(nullptr);
   const Reading reading = session.readCommand(command);
   if (!reading.accepted())
-    throw Failure(ExitStatus::refused,
-                  fmt::format("'{}' is refused: {}", printable(command),
-                              refusalOf(reading, command)));
+    refusals +=
+        fmt::format("{}'{}' is refused: {}", refusals.empty() ? "" : "\n",
+                    printable(command), refusalOf(reading, command));
   return configurationOf(*session.state);
 }
 
 ExitStatus run(const Commands &commands, Output &output) {
-  const std::vector<Difference> differences = differencesBetween(
-      expectConfiguration(commands[0]), expectConfiguration(commands[1]));
+  std::string refusals;
+  const Configuration first = readConfiguration(commands[0], refusals);
+  const Configuration second = readConfiguration(commands[1], refusals);
+  if (!refusals.empty())
+    throw Failure(ExitStatus::refused, refusals);
+  const std::vector<Difference> differences = differencesBetween(first, second);
   if (output.json()) {
     output.document(
         {{"equal", differences.empty()}, {"differences", toJson(differences)}});
