@@ -57,6 +57,54 @@ TEST_F(FaultsTest, AProcessorThatIsNotInTheDesign) {
   }
 }
 
+TEST_F(FaultsTest, AnEmptyArgumentIsNotAMissingOne) {
+  const std::string processors =
+      "'' is no processor of the design; there are 'lumacore_0', 'lumacore_1', "
+      "'lumacore_2', 'ppc405_0', 'ppc440_0', 'a9_0', 'a9_1', 'r5_0'";
+  const std::string noFile = "'': there is no such file";
+  const struct {
+    std::vector<std::string> line;
+    int status;
+    std::string problem;
+  } rows[] = {
+      {{"set", board, ""}, 2, processors},
+      {{"show", board, ""}, 2, processors},
+      {{"command", board, ""}, 2, processors},
+      {{"set", board, "", "--all"}, 2, "set: give either a PROCESSOR or --all"},
+      {{"roundtrip", ""}, 3, "'': No such file or directory"},
+      {{"show", "--file", ""}, 3, noFile},
+      {{"show", "--file="}, 3, noFile},
+      {{"show", board, "lumacore_0", "--file", ""},
+       2,
+       "show: --file goes without a design and without settings"},
+      {{"list", ""}, 3, noFile},
+      {{"show", "", "lumacore_0"}, 3, noFile},
+      {{"list", board, "--kinds", ""}, 3, noFile},
+      {{"list", board, "--view", ""}, 2, "--view: '' is no name of a view"},
+      {{"list", board, "--library", ""},
+       3,
+       "'': there is no such library folder or catalog"},
+  };
+  Surroundings surroundings;
+  surroundings.input = "connect lc hdu\n";
+  for (const auto &row : rows) {
+    const Result run = this->run(row.line, surroundings);
+    const std::string line = testing::PrintToString(row.line);
+    EXPECT_EQ(run.status, row.status) << line;
+    EXPECT_EQ(run.out, "") << line;
+    EXPECT_EQ(run.err, "zeldebug: error: " + row.problem + "\n") << line;
+    EXPECT_EQ(runJson(row.line, row.status)["failure"]["message"], row.problem)
+        << line;
+  }
+  // All codes are listed; the first ones will do here.
+  const Result code = this->run({"explain-code", ""});
+  EXPECT_EQ(code.status, 2);
+  EXPECT_EQ(code.out, "");
+  EXPECT_THAT(code.err, testing::StartsWith(
+                            "zeldebug: error: explain-code: '' is unknown; "
+                            "there are 'missing-head', 'unknown-head', "));
+}
+
 TEST_F(FaultsTest, AProcessorThatCannotBeDebugged) {
   for (const char *subcommand : {"show", "set", "command"}) {
     const Result run = this->run({subcommand, board, "r5_0"});

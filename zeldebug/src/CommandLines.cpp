@@ -13,6 +13,7 @@
 #include <fmt/format.h>
 
 #include "Failure.h"
+#include "Place.h"
 
 namespace zeldebug {
 
@@ -73,7 +74,8 @@ private:
   }
 
   Failure failure(const std::string &reason) const {
-    return {ExitStatus::unreadable, fmt::format("{}: {}", name, reason)};
+    return {ExitStatus::unreadable,
+            fmt::format("{}: {}", shownName(name), reason)};
   }
   Failure systemFailure() const {
     return failure(std::generic_category().message(errno));

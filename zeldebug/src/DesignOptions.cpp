@@ -4,7 +4,9 @@
 
 #include <fmt/format.h>
 
+#include "Place.h"
 #include "Suggestion.h"
+#include "TextOption.h"
 
 namespace zeldebug {
 
@@ -12,6 +14,7 @@ namespace {
 
 using ZelDebugDialog::DesignDiagnostic;
 using ZelDebugDialog::DesignModel;
+using ZelDebugDialog::DesignSources;
 
 using Severity = DesignDiagnostic::Severity;
 
@@ -43,19 +46,28 @@ void say(const DesignDiagnostic &diagnostic, const Output &output) {
   }
 }
 
+/// One a line.
+std::string errorsOf(const DesignModel &design) {
+  std::string text;
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
+    if (diagnostic.severity == Severity::error)
+      text += (text.empty() ? "" : "\n") + shownDiagnostic(diagnostic);
+  return text;
+}
+
 } // namespace
 
 void DesignOptions::addTo(CommandLine &line, CLI::App &app,
                           bool designRequired) {
   const std::string group = "The design";
   CLI::Option *design =
-      app.add_option("DESIGN", sources.designFile,
-                     "IP-XACT design file, or the component file on top of a "
-                     "hierarchy")
+      addTextOption(app, "DESIGN", designFile,
+                    "IP-XACT design file, or the component file on top of a "
+                    "hierarchy")
           ->type_name("")
           ->required(designRequired);
   line.completeWith(design, ValueKind::file);
-  line.completeWith(app.add_option("--library", sources.libraryFolders,
+  line.completeWith(app.add_option("--library", libraryFolders,
                                    "folder to look for components in, once for "
                                    "each (default: below the folder of DESIGN)")
                         ->type_name("DIR")
@@ -63,40 +75,42 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
                         ->group(group),
                     ValueKind::folder);
   line.completeWith(
-      app.add_option("--view", sources.view, "view of a hierarchical component")
+      addTextOption(app, "--view", view, "view of a hierarchical component")
           ->type_name("NAME")
           ->group(group),
       ValueKind::text);
-  line.completeWith(app.add_option("--kinds", sources.kindsFile,
-                                   "one more table of component kinds")
+  line.completeWith(addTextOption(app, "--kinds", kindsFile,
+                                  "one more table of component kinds")
                         ->type_name("FILE")
                         ->group(group),
                     ValueKind::file);
 }
 
-std::unique_ptr<DesignModel> DesignOptions::readSilently() const {
-  auto design = std::make_unique<DesignModel>();
-  if (ReadDesign(sources, *design))
-    return design;
-  std::string text;
-  for (const DesignDiagnostic &diagnostic : design->Diagnostics())
-    if (diagnostic.severity == Severity::error)
-      text += (text.empty() ? "" : "\n") + shownDiagnostic(diagnostic);
-  throw Failure(ExitStatus::unreadable, text);
+/// What is empty here means to the model that nothing was given.
+DesignSources DesignOptions::expectSources() const {
+  if (view && view->empty())
+    throw Failure(ExitStatus::wrongUse, "--view: '' is no name of a view");
+  if (kindsFile && kindsFile->empty())
+    throw Failure(ExitStatus::unreadable,
+                  fmt::format("{}: {}", shownName(*kindsFile), noSuchFile));
+  return {designFile.value_or(""), libraryFolders, view.value_or(""),
+          kindsFile.value_or("")};
 }
 
 std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
-  std::unique_ptr<DesignModel> design = readSilently();
+  auto design = std::make_unique<DesignModel>();
+  if (!ReadDesign(expectSources(), *design))
+    throw Failure(ExitStatus::unreadable, errorsOf(*design));
   for (const DesignDiagnostic &diagnostic : design->Diagnostics())
     say(diagnostic, output);
   return design;
 }
 
 std::string shownDiagnostic(const DesignDiagnostic &diagnostic) {
-  return diagnostic.line > 0
-             ? fmt::format("{}:{}: {}", diagnostic.file, diagnostic.line,
-                           diagnostic.message)
-             : fmt::format("{}: {}", diagnostic.file, diagnostic.message);
+  const std::string file = shownName(diagnostic.file);
+  return diagnostic.line > 0 ? fmt::format("{}:{}: {}", file, diagnostic.line,
+                                           diagnostic.message)
+                             : fmt::format("{}: {}", file, diagnostic.message);
 }
 
 std::string whyNotDebuggable(DesignModel &design,

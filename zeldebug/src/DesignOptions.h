@@ -3,6 +3,7 @@
 #define ZELDEBUG_DESIGNOPTIONS_H
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,17 +18,20 @@ public:
   /// Adds DESIGN, --library, --view and --kinds to a subcommand.
   void addTo(CommandLine &line, CLI::App &app, bool designRequired = true);
 
-  bool named() const { return !sources.designFile.empty(); }
+  bool named() const { return designFile.has_value(); }
 
   /// Reads the design. What its diagnostics say goes to `output`.
-  /// @throws Failure (unreadable) with every error, one a line.
+  /// @throws Failure: (unreadable) with every error, one a line; (wrong use)
+  ///   for a view without a name.
   std::unique_ptr<ZelDebugDialog::DesignModel> read(const Output &output) const;
-  /// The same without a word on diagnostics, for callers that show them
-  /// themselves.
-  std::unique_ptr<ZelDebugDialog::DesignModel> readSilently() const;
 
 private:
-  ZelDebugDialog::DesignSources sources;
+  ZelDebugDialog::DesignSources expectSources() const;
+
+  std::optional<std::string> designFile;
+  std::vector<std::string> libraryFolders;
+  std::optional<std::string> view;
+  std::optional<std::string> kindsFile;
 };
 
 /// "file:line: message"

@@ -1,5 +1,6 @@
 // explain-code: what the codes of `check` mean.
 #include <memory>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -8,6 +9,7 @@
 #include "Subcommands.h"
 #include "Suggestion.h"
 #include "Table.h"
+#include "TextOption.h"
 
 namespace zeldebug {
 
@@ -20,16 +22,17 @@ std::vector<std::string> knownCodes() {
   return codes;
 }
 
-std::vector<const DiagnosticCode *> expectCodes(const std::string &code) {
+std::vector<const DiagnosticCode *>
+expectCodes(const std::optional<std::string> &code) {
   std::vector<const DiagnosticCode *> rows;
   for (const DiagnosticCode &row : diagnosticCodes())
-    if (code.empty() || code == row.code)
+    if (!code || *code == row.code)
       rows.push_back(&row);
   if (rows.empty())
     throw Failure(ExitStatus::wrongUse,
                   fmt::format("explain-code: '{}' is unknown; there are {}{}",
-                              code, quotedList(knownCodes()),
-                              didYouMean(code, knownCodes())));
+                              *code, quotedList(knownCodes()),
+                              didYouMean(*code, knownCodes())));
   return rows;
 }
 
@@ -43,7 +46,7 @@ Json codeJson(const DiagnosticCode &row) {
           {"advice", row.advice}};
 }
 
-ExitStatus run(const std::string &code, Output &output) {
+ExitStatus run(const std::optional<std::string> &code, Output &output) {
   const std::vector<const DiagnosticCode *> rows = expectCodes(code);
   if (output.json()) {
     Json list = Json::array();
@@ -52,7 +55,7 @@ ExitStatus run(const std::string &code, Output &output) {
     output.document({{"codes", list}});
     return ExitStatus::done;
   }
-  if (code.empty()) {
+  if (!code) {
     Table table({"CODE", "SEVERITY", "MEANING"});
     for (const DiagnosticCode *row : rows)
       table.addRow({row->code, shownSeverity(row->severity), row->meaning});
@@ -72,13 +75,13 @@ ExitStatus run(const std::string &code, Output &output) {
 } // namespace
 
 void addExplainCodeCommand(CommandLine &line) {
-  const auto code = std::make_shared<std::string>();
+  const auto code = std::make_shared<std::optional<std::string>>();
   CLI::App &app = line.addSubcommand(
       "explain-code", "Explain a code of 'check', or list them all",
       "zeldebug explain-code refused-value",
       [code](Output &output) { return run(*code, output); });
   line.completeWith(
-      app.add_option("CODE", *code, "a code, as 'check' prints it")
+      addTextOption(app, "CODE", *code, "a code, as 'check' prints it")
           ->type_name(""),
       ValueKind::diagnosticCode);
 }

@@ -1,5 +1,6 @@
 // roundtrip: what becomes of commands that are read, written and read again.
 #include <memory>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -10,6 +11,7 @@
 #include "Session.h"
 #include "Subcommands.h"
 #include "Table.h"
+#include "TextOption.h"
 
 namespace zeldebug {
 
@@ -69,13 +71,12 @@ Json tripJson(const Trip &trip) {
           {"lost", toJson(trip.losses)}};
 }
 
-ExitStatus run(const std::string &file, Output &output) {
+ExitStatus run(const std::optional<std::string> &file, Output &output) {
   std::size_t same = 0;
   std::size_t changed = 0;
   std::size_t total = 0;
   Json list = Json::array();
-  for (const CommandLineOfFile &line :
-       expectCommandLines(file.empty() ? "-" : file)) {
+  for (const CommandLineOfFile &line : expectCommandLines(file.value_or("-"))) {
     const Trip trip = travel(line.text);
     ++total;
     same += trip.outcome == "same" ? 1 : 0;
@@ -102,14 +103,14 @@ ExitStatus run(const std::string &file, Output &output) {
 } // namespace
 
 void addRoundtripCommand(CommandLine &line) {
-  const auto file = std::make_shared<std::string>();
+  const auto file = std::make_shared<std::optional<std::string>>();
   CLI::App &app = line.addSubcommand(
       "roundtrip", "Read, write and read again each command of a file",
       "zeldebug roundtrip commands.txt",
       [file](Output &output) { return run(*file, output); });
-  line.completeWith(app.add_option("FILE", *file,
-                                   "a connect command a line; standard input "
-                                   "without it, or for '-'")
+  line.completeWith(addTextOption(app, "FILE", *file,
+                                  "a connect command a line; standard input "
+                                  "without it, or for '-'")
                         ->type_name(""),
                     ValueKind::file);
 }

@@ -10,6 +10,7 @@
 #include "OptionFolder.h"
 #include "Subcommands.h"
 #include "Table.h"
+#include "TextOption.h"
 #include "WorkingFolder.h"
 
 namespace zeldebug {
@@ -22,7 +23,7 @@ using ZelDebugDialog::DesignModel;
 
 struct SetOptions {
   DesignOptions design;
-  std::string processor;
+  std::optional<std::string> processor;
   SettingOptions settings;
   bool all = false;
   bool dryRun = false;
@@ -168,13 +169,13 @@ std::vector<std::string> processorsOf(const SetOptions &options,
   std::vector<std::string> names = session.processorNames();
   if (options.all)
     return names;
-  expectDebuggable(design, names, options.processor);
-  return {options.processor};
+  expectDebuggable(design, names, *options.processor);
+  return {*options.processor};
 }
 
 ExitStatus run(const SetOptions &options, const std::string &folder,
                Output &output) {
-  if (options.all == !options.processor.empty())
+  if (options.all == options.processor.has_value())
     throw Failure(ExitStatus::wrongUse,
                   "set: give either a PROCESSOR or --all");
   const std::vector<SettingAction> actions = options.settings.actions();
@@ -203,8 +204,8 @@ void addSetCommand(CommandLine &line) {
         return run(*options, line.workingFolder(), output);
       });
   options->design.addTo(line, app);
-  line.completeWith(app.add_option("PROCESSOR", options->processor,
-                                   "instance name of a processor")
+  line.completeWith(addTextOption(app, "PROCESSOR", options->processor,
+                                  "instance name of a processor")
                         ->type_name(""),
                     ValueKind::processor);
   app.add_flag("--all", options->all,

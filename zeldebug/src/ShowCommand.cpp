@@ -1,5 +1,6 @@
 // show: a saved configuration, of a processor or from any file with a command.
 #include <memory>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -8,11 +9,13 @@
 #include "ConnectionKind.h"
 #include "DesignOptions.h"
 #include "Origin.h"
+#include "Place.h"
 #include "Refusal.h"
 #include "SavedConfiguration.h"
 #include "Session.h"
 #include "Subcommands.h"
 #include "Table.h"
+#include "TextOption.h"
 #include "TracedCommand.h"
 #include "WorkingFolder.h"
 
@@ -27,17 +30,17 @@ using ZelDebugDialog::ProcessorInfoImp;
 struct ShowOptions {
   DesignOptions design;
   SettingOptions settings;
-  std::string processor;
-  std::string file;
+  std::optional<std::string> processor;
+  std::optional<std::string> file;
   bool origin = false;
 };
 
 void expectOneSource(const ShowOptions &options, bool withSettings) {
-  const bool fromFile = !options.file.empty();
+  const bool fromFile = options.file.has_value();
   if (fromFile && (options.design.named() || withSettings))
     throw Failure(ExitStatus::wrongUse,
                   "show: --file goes without a design and without settings");
-  if (!fromFile && (!options.design.named() || options.processor.empty()))
+  if (!fromFile && (!options.design.named() || !options.processor))
     throw Failure(ExitStatus::wrongUse,
                   "show: DESIGN and PROCESSOR are required without --file");
 }
@@ -103,11 +106,11 @@ void noteSelected(Origins &origins, const ShowOptions &options,
   origins.noteDesign();
   const std::string *const from = options.settings.from();
   if (from != nullptr)
-    origins.noteCommandOfLine(traceOf(*from, options.processor, design));
+    origins.noteCommandOfLine(traceOf(*from, *options.processor, design));
   else if (saved.file.exists && saved.file.line != 0 &&
            saved.reading.accepted())
     origins.noteCommand(traceOf(saved.file.text.substr(0, optionLineLimit),
-                                options.processor, design));
+                                *options.processor, design));
   origins.noteSelection(selected);
 }
 
@@ -117,9 +120,10 @@ ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
   const auto design = options.design.read(output);
   enterWorkingFolder(folder);
   Session session(design.get());
-  expectDebuggable(*design, session.processorNames(), options.processor);
-  SettingTarget target{session, session.recordOf(options.processor), {}};
-  const SavedConfiguration saved = selectSaved(session, options.processor);
+  const std::string &processor = *options.processor;
+  expectDebuggable(*design, session.processorNames(), processor);
+  SettingTarget target{session, session.recordOf(processor), {}};
+  const SavedConfiguration saved = selectSaved(session, processor);
   applyCommand(target, options.settings);
   const Configuration selected = configurationOf(*session.state);
   for (const SettingAction &apply : actions)
@@ -147,22 +151,23 @@ ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
 
 CommandFile expectCommandFile(const std::string &name) {
   CommandFile file = readCommandFile(name);
-  const std::string problem = !file.exists            ? "there is no such file"
+  const std::string problem = !file.exists            ? noSuchFile
                               : !file.problem.empty() ? file.problem
                               : file.line == 0 ? "there is no command in it"
                                                : "";
   if (!problem.empty())
-    throw Failure(ExitStatus::unreadable, fmt::format("{}: {}", name, problem));
+    throw Failure(ExitStatus::unreadable,
+                  fmt::format("{}: {}", shownName(name), problem));
   return file;
 }
 
 ExitStatus showFile(const ShowOptions &options, Output &output) {
-  const CommandFile file = expectCommandFile(options.file);
+  const CommandFile file = expectCommandFile(*options.file);
   const TracedCommand command(file.text, AfterFault::stop);
   Shown shown{command.configuration(), command.reading(), {}};
   shown.origins.noteCommand(command.trace());
   print(shown, options.origin, output);
-  const std::string place = fmt::format("{}:{}", options.file, file.line);
+  const std::string place = fmt::format("{}:{}", *options.file, file.line);
   if (!command.reading().accepted()) {
     output.error(fmt::format("{}: the command is refused: {}", place,
                              refusalOf(command.reading(), file.text)));
@@ -181,7 +186,7 @@ ExitStatus run(const ShowOptions &options, const std::string &folder,
   const std::vector<SettingAction> actions = options.settings.actions();
   expectOneSource(options,
                   !actions.empty() || options.settings.from() != nullptr);
-  if (!options.file.empty())
+  if (options.file)
     return showFile(options, output);
   return showSaved(options, folder, actions, output);
 }
@@ -197,13 +202,13 @@ void addShowCommand(CommandLine &line) {
         return run(*options, line.workingFolder(), output);
       });
   options->design.addTo(line, app, false);
-  line.completeWith(app.add_option("PROCESSOR", options->processor,
-                                   "instance name of a processor")
+  line.completeWith(addTextOption(app, "PROCESSOR", options->processor,
+                                  "instance name of a processor")
                         ->type_name(""),
                     ValueKind::processor);
-  line.completeWith(app.add_option("--file", options->file,
-                                   "show the command in this file, without a "
-                                   "design")
+  line.completeWith(addTextOption(app, "--file", options->file,
+                                  "show the command in this file, without a "
+                                  "design")
                         ->type_name("FILE"),
                     ValueKind::file);
   app.add_flag(
