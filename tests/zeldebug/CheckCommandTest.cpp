@@ -399,7 +399,9 @@ TEST_F(CheckCommandTest, WantsCommandsOrAFile) {
   EXPECT_EQ(this->run({"check"}).err,
             "zeldebug: error: check: give either commands or --file\n");
   EXPECT_EQ(this->run({"check", "connect lc hdu", "--file", "x"}).status, 2);
-  EXPECT_EQ(this->run({"check", "--file", ""}).status, 3);
+  const Result unnamed = this->run({"check", "--file", ""});
+  EXPECT_EQ(unnamed.status, 3);
+  EXPECT_EQ(unnamed.err, "zeldebug: error: '': No such file or directory\n");
 }
 
 TEST_F(CheckCommandTest, EachExampleOfACodeHasThatCode) {

@@ -10,6 +10,7 @@
 #include "Output.h"
 #include "Subcommands.h"
 #include "Suggestion.h"
+#include "TextOption.h"
 
 namespace zeldebug {
 
@@ -151,9 +152,8 @@ void addCheckCommand(CommandLine &line) {
                         ->type_name(""),
                     ValueKind::text);
   line.completeWith(
-      app.add_option("--file", options->file,
-                     "check each line of this file; '-' for standard "
-                     "input")
+      addTextOption(app, "--file", options->file,
+                    "check each line of this file; '-' for standard input")
           ->type_name("FILE"),
       ValueKind::file);
 }
