@@ -411,23 +411,24 @@ TEST(CommandTrace, ReadsLaterOptionsAfterAFault) {
   EXPECT_EQ(dialog.record.debugDevice, 7);
 }
 
+class EmptyDesign : public HHSMHwManager {
+public:
+  void getProcessorInstances(std::vector<std::string> &, bool) override {}
+  void getIpInstances(std::vector<std::string> &, HwIpType) override {}
+  void getIpInstances(std::vector<std::string> &,
+                      const std::string &) override {}
+  std::string getIpName(const std::string &) override { return {}; }
+  void getHduConnectedProcessorList(std::vector<std::string> &,
+                                    const std::string &) override {}
+  void getPeripherals(std::vector<std::string> &,
+                      const std::string &) override {}
+  std::string getParameterValue(const std::string &,
+                                const std::string &) override {
+    return {};
+  }
+};
+
 TEST(CommandTrace, SaysWhenTheDesignForbidsTheConnection) {
-  class EmptyDesign : public HHSMHwManager {
-  public:
-    void getProcessorInstances(std::vector<std::string> &, bool) override {}
-    void getIpInstances(std::vector<std::string> &, HwIpType) override {}
-    void getIpInstances(std::vector<std::string> &,
-                        const std::string &) override {}
-    std::string getIpName(const std::string &) override { return {}; }
-    void getHduConnectedProcessorList(std::vector<std::string> &,
-                                      const std::string &) override {}
-    void getPeripherals(std::vector<std::string> &,
-                        const std::string &) override {}
-    std::string getParameterValue(const std::string &,
-                                  const std::string &) override {
-      return {};
-    }
-  };
   EmptyDesign design;
   Dialog dialog;
   dialog.imp.hwManager = &design;
@@ -440,6 +441,24 @@ TEST(CommandTrace, SaysWhenTheDesignForbidsTheConnection) {
     ASSERT_EQ(trace.faults.size(), 1U);
     EXPECT_EQ(trace.faults[0].kind, CommandFaultKind::connectionNotAllowed);
     EXPECT_EQ(trace.faults[0].word, trace.words.size() - 1);
+  }
+}
+
+/// What a processor is, the design has said.
+TEST(CommandTrace, NamesOnlyTheConnectionWhereThereIsADesign) {
+  EmptyDesign design;
+  Dialog dialog;
+  dialog.imp.hwManager = &design;
+  dialog.record.connectionMask = 0xF;
+  using Fields = std::vector<std::string>;
+  for (const char *const command :
+       {"connect lc hdu", "connect ppc hw", "vpconnect lc"}) {
+    SCOPED_TRACE(command);
+    CommandTrace trace;
+    EXPECT_EQ(TraceKvoCommand(command, dialog.imp, trace, AfterFault::stop), 0);
+    EXPECT_EQ(trace.words.back().fields, Fields{"connectionType"});
+    const std::size_t before = trace.words.size() - 2;
+    EXPECT_EQ(trace.words[before].fields, Fields());
   }
 }
 
