@@ -16,12 +16,10 @@ namespace fs = std::filesystem;
 namespace {
 
 /// Whether it has to be made.
-bool isMissing(const fs::path &path, bool mayMake) {
+bool isMissing(const fs::path &path) {
   const Place place = lookAt(path, fs::file_type::directory);
   if (!place.problem.empty())
     refuse(path, place.problem);
-  if (!place.exists && !mayMake)
-    refuse(path, "there is no such folder (--mkdir makes it)");
   return !place.exists;
 }
 
@@ -35,8 +33,10 @@ std::error_code findWriteError(const fs::path &folder) {
 
 OptionFolder::OptionFolder(fs::path path, bool mayMake)
     : folder(std::move(path)) {
-  if (!isMissing(folder, mayMake))
+  if (!isMissing(folder))
     return;
+  if (!mayMake)
+    refuse(folder, missingFolder);
   std::error_code error;
   isMade = fs::create_directory(folder, error);
   if (error)
@@ -49,14 +49,15 @@ OptionFolder::~OptionFolder() {
     fs::remove(folder, ignored);
 }
 
-void expectWritableOptionFolder(const fs::path &path, bool mayMake) {
-  const bool isToBeMade = isMissing(path, mayMake);
+bool isWritableOptionFolder(const fs::path &path) {
+  const bool isToBeMade = isMissing(path);
   const std::error_code error =
       findWriteError(isToBeMade ? path.parent_path() : path);
   if (error && isToBeMade)
     refuse(path, error.message());
   if (error)
     refuseToWriteIn(path, error);
+  return !isToBeMade;
 }
 
 void refuseToWriteIn(const fs::path &folder, const std::error_code &error) {

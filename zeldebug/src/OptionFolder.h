@@ -25,9 +25,12 @@ private:
 };
 
 /// Refuses what making an OptionFolder and writing in it would, and touches
-/// nothing. @throws Failure (refused)
-void expectWritableOptionFolder(const std::filesystem::path &path,
-                                bool mayMake);
+/// nothing. @return false for a folder that is yet to be made.
+/// @throws Failure (refused)
+bool isWritableOptionFolder(const std::filesystem::path &path);
+
+constexpr const char *missingFolder =
+    "there is no such folder (--mkdir makes it)";
 
 /// @throws Failure (refused)
 [[noreturn]] void refuseToWriteIn(const std::filesystem::path &folder,

@@ -39,7 +39,8 @@ struct Outcome {
   ExitStatus status = ExitStatus::done;
   std::string file;
   std::string command;
-  std::string doubt; ///< about what is saved
+  std::string doubt;        ///< about what is saved
+  bool lacksFolder = false; ///< that a dry run would be saved in
   Verdict verdict;
   std::string message; ///< for a refusal
 };
@@ -58,7 +59,7 @@ void save(const SetOptions &options, DesignModel &design, Session &session,
   const fs::path place = target.parent_path();
   std::optional<OptionFolder> folder;
   if (options.dryRun)
-    expectWritableOptionFolder(place, options.makeFolder);
+    outcome.lacksFolder = !isWritableOptionFolder(place) && !options.makeFolder;
   else
     folder.emplace(place, options.makeFolder);
   expectReplaceable(target);
@@ -126,7 +127,9 @@ void report(const Outcome &outcome, const Output &output) {
   const std::string what = outcome.word == "saved"     ? "saved in"
                            : outcome.word == "dry-run" ? "would be saved in"
                                                        : "already saved in";
-  output.note(fmt::format("{}: {} {}", name, what, outcome.file));
+  output.note(fmt::format(
+      "{}: {} {}{}", name, what, outcome.file,
+      outcome.lacksFolder ? fmt::format(", but {}", missingFolder) : ""));
 }
 
 Json outcomeJson(const Outcome &outcome) {
