@@ -99,25 +99,50 @@ TEST_F(ShellTest, BashCompletes) {
 }
 
 #ifdef ZELDEBUG_ZSH
-/// The shell's own functions for completion need a terminal; what they would be
-/// told is printed.
+/// The shell completes only in a terminal: it gets one, puts everything that
+/// fits into each line, and shows the lines.
 TEST_F(ShellTest, ZshCompletes) {
-  const auto answer = [this](const std::string &words, int word) {
-    return answerOf(ZELDEBUG_ZSH " -f", "zsh",
-                    "compdef() { print \"compdef $*\" }\n"
-                    "compadd() { shift; print -n -- \"<${(j:><:)@}>\" }\n"
-                    "_files() { print -n \"files $*\" }\n"
-                    "source ./completion\nwords=(" +
-                        words + ")\nCURRENT=" + std::to_string(word) +
-                        "\n_zeldebug\ntrue\n");
+  folder.write("folder/file", "");
+  folder.write(".zshrc", "TMOUT=60\n"
+                         "autoload -Uz compinit && compinit -u -D\n"
+                         "source ./completion\n"
+                         "every() { compstate[insert]=all }\n"
+                         "zle-line-init() {\n"
+                         "  local line\n"
+                         "  while read -r line; do\n"
+                         "    BUFFER=$line CURSOR=${#line}\n"
+                         "    comppostfuncs=(every)\n"
+                         "    zle complete-word\n"
+                         "    print -r -- \"$BUFFER\"\n"
+                         "  done <lines >finished\n"
+                         "  exit\n"
+                         "}\n"
+                         "zle -N zle-line-init\n");
+  const struct {
+    std::string typed;
+    std::string completed;
+  } rows[] = {
+      {"set --cab", "set --cable "},
+      {"set " + board + " lumacore_",
+       "set " + board + " lumacore_0 lumacore_1 lumacore_2 "},
+      {"list compl", "list completion "},
+      {"list --library f", "list --library folder/"},
+      {"zz", "zz"},
   };
-  const std::string registered = "compdef _zeldebug zeldebug\n";
-  EXPECT_EQ(answer("zeldebug set --cab", 3), registered + "<--cable>");
-  EXPECT_EQ(answer("zeldebug set '" + board + "' lumacore_", 4),
-            registered + "<lumacore_0><lumacore_1><lumacore_2>");
-  EXPECT_EQ(answer("zeldebug list ''", 3), registered + "files ");
-  EXPECT_EQ(answer("zeldebug list --library ''", 4), registered + "files -/");
-  EXPECT_EQ(answer("zeldebug zz", 2), registered);
+  std::string typed;
+  std::string completed;
+  for (const auto &row : rows) {
+    typed += "zeldebug " + row.typed + "\n";
+    completed += "zeldebug " + row.completed + "\n";
+  }
+  folder.write("lines", typed);
+  EXPECT_EQ(answerOf(ZELDEBUG_ZSH " -f", "zsh",
+                     "export ZDOTDIR=$PWD TERM=dumb\n"
+                     "zmodload zsh/zpty\n"
+                     "zpty shell " ZELDEBUG_ZSH " -d -i\n"
+                     "while zpty -r shell; do :; done >shown\n"
+                     "cat finished\n"),
+            completed);
   EXPECT_EQ(answerOf(ZELDEBUG_ZSH " -f -n completion", "zsh", ""), "");
 }
 #endif
