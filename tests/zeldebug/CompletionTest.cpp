@@ -47,6 +47,18 @@ TEST_F(CompletionTest, KnowsWhatFits) {
       {{"set", "nowhere.xml", "lumacore_1", "--connection", ""}, allKinds},
       {{"set", board, "lumacore_0", "--connection", "=", "st"},
        "stub-serial\nstub-jtag\n"},
+      {{"set", board, "lumacore_0", "--connection=st"},
+       "stub-serial\nstub-jtag\n"},
+      {{"set", board, "lumacore_1", "--connection="}, "sim\nhw\n"},
+      {{"set", "--cable=none", board, "a9"}, "a9_0\na9_1\n"},
+      {{"set", board, "--view", "--cable=q"}, ""},
+      {{"set", board, "--connectio=s"}, ""},
+      {{"set", board, "--jso=s"}, ""},
+      {{"set", board, "--json=s"}, ""},
+      {{"set", "--file=b"}, ""},
+      {{"show", "--file=b"}, ":files\n"},
+      {{"set", board, "--library=b"}, ":folders\n"},
+      {{"set", board, "=s"}, ""},
       {{"set", board, "lumacore_0", "--cable", "quorla_par"},
        "quorla_parallel\nquorla_parallel4\nquorla_parallel3\n"},
       {{"set", board, "lumacore_0", "--cable", "quorla_parallel3",
@@ -81,21 +93,32 @@ protected:
 };
 
 TEST_F(ShellTest, BashCompletes) {
-  const auto answer = [this](const std::string &words, int word) {
-    return answerOf("bash", "bash",
-                    "source completion\n"
-                    "COMP_WORDS=(" +
-                        words + ")\nCOMP_CWORD=" + std::to_string(word) +
-                        "\n_zeldebug\nprintf '<%s>' \"${COMPREPLY[@]}\"\n"
-                        "complete -p zeldebug\n");
+  const struct {
+    std::vector<std::string> words;
+    std::string answer;
+  } rows[] = {
+      {{"set", "--cab"}, "<--cable>"},
+      {{"set", board, "lumacore_"}, "<lumacore_0><lumacore_1><lumacore_2>"},
+      {{"set", board, "a9_0", "--connection", "=", ""}, "<hw>"},
+      {{"set", board, "a9_0", "--connection=h"}, "<--connection=hw>"},
+      {{"set", "--cable", "=", "digi"}, "<digilent_plugin>"},
+      {{"set", "--cable=digi"}, "<--cable=digilent_plugin>"},
+      {{"zz"}, "<>"},
   };
-  const std::string registered = "complete -F _zeldebug zeldebug\n";
-  EXPECT_EQ(answer("zeldebug set --cab", 2), "<--cable>" + registered);
-  EXPECT_EQ(answer("zeldebug set '" + board + "' lumacore_", 3),
-            "<lumacore_0><lumacore_1><lumacore_2>" + registered);
-  EXPECT_EQ(answer("zeldebug set '" + board + "' a9_0 --connection = ''", 6),
-            "<hw>" + registered);
-  EXPECT_EQ(answer("zeldebug zz", 1), "<>" + registered);
+  for (const auto &row : rows) {
+    std::string words = "zeldebug\n";
+    for (const std::string &word : row.words)
+      words += word + "\n";
+    folder.write("words", words);
+    EXPECT_EQ(answerOf("bash", "bash",
+                       "source completion\n"
+                       "mapfile -t COMP_WORDS <words\n"
+                       "COMP_CWORD=$((${#COMP_WORDS[@]} - 1))\n"
+                       "_zeldebug\nprintf '<%s>' \"${COMPREPLY[@]}\"\n"
+                       "complete -p zeldebug\n"),
+              row.answer + "complete -F _zeldebug zeldebug\n")
+        << words;
+  }
 }
 
 #ifdef ZELDEBUG_ZSH
@@ -125,8 +148,15 @@ TEST_F(ShellTest, ZshCompletes) {
       {"set --cab", "set --cable "},
       {"set " + board + " lumacore_",
        "set " + board + " lumacore_0 lumacore_1 lumacore_2 "},
+      {"set " + board + " a9_0 --connection=",
+       "set " + board + " a9_0 --connection=hw "},
+      {"set " + board + " --connection=st",
+       "set " + board + " --connection=stub-jtag --connection=stub-serial "},
+      {"set --cable=digi", "set --cable=digilent_plugin "},
       {"list compl", "list completion "},
       {"list --library f", "list --library folder/"},
+      {"list --library=f", "list --library=folder/"},
+      {"show --file=compl", "show --file=completion "},
       {"zz", "zz"},
   };
   std::string typed;
@@ -149,15 +179,30 @@ TEST_F(ShellTest, ZshCompletes) {
 
 #ifdef ZELDEBUG_FISH
 TEST_F(ShellTest, FishCompletes) {
-  const auto answer = [this](const std::string &line) {
-    return answerOf(ZELDEBUG_FISH " --no-config", "fish",
-                    "source completion\ncomplete -C \"" + line + "\"\n");
+  folder.write("folder/file", "");
+  const struct {
+    std::string typed;
+    std::string answer;
+  } rows[] = {
+      {"set --cab", "--cable\n"},
+      {"set " + board + " lumacore_", "lumacore_0\nlumacore_1\nlumacore_2\n"},
+      {"set " + board + " a9_0 --connection=", "--connection=hw\n"},
+      {"set " + board + " --connection=st",
+       "--connection=stub-jtag\n--connection=stub-serial\n"},
+      {"set --cable=digi", "--cable=digilent_plugin\n"},
+      {"list compl", "completion\n"},
+      {"show --file=compl", "--file=completion\n"},
+      {"list --library f", "folder/\tDirectory\n"},
+      {"list --library=f", "--library=folder/\tDirectory\n"},
+      {"zz", ""},
   };
-  EXPECT_EQ(answer("zeldebug set --cab"), "--cable\n");
-  EXPECT_EQ(answer("zeldebug set '" + board + "' lumacore_"),
-            "lumacore_0\nlumacore_1\nlumacore_2\n");
-  EXPECT_THAT(answer("zeldebug list compl"), HasSubstr("completion"));
-  EXPECT_EQ(answer("zeldebug zz"), "");
+  for (const auto &row : rows) {
+    folder.write("line", "zeldebug " + row.typed);
+    EXPECT_EQ(answerOf(ZELDEBUG_FISH " --no-config", "fish",
+                       "source completion\ncomplete -C (cat line)\n"),
+              row.answer)
+        << row.typed;
+  }
   EXPECT_EQ(answerOf(ZELDEBUG_FISH " --no-execute completion", "fish", ""), "");
 }
 #endif

@@ -52,6 +52,13 @@ const CLI::Option *findOption(const CLI::App &app, const std::string &name) {
   return nullptr;
 }
 
+/// The option of "--name" or "--name=value", if it takes a value.
+const CLI::Option *findValueOption(const CLI::App &app,
+                                   const std::string &word) {
+  const CLI::Option *option = findOption(app, word.substr(0, word.find('=')));
+  return option != nullptr && takesValue(*option) ? option : nullptr;
+}
+
 /// bash hands over "--name=value" as three words.
 std::vector<std::string>
 withoutEqualSigns(const std::vector<std::string> &words) {
@@ -67,6 +74,17 @@ withoutEqualSigns(const std::vector<std::string> &words) {
   return kept;
 }
 
+/// In "--name=va" the value is what is being typed.
+void readLast(TypedLine &read, const std::string &word) {
+  read.last = word;
+  const std::size_t equals = word.find('=');
+  if (read.valueOf != nullptr || equals == std::string::npos || word[0] != '-')
+    return;
+  read.valueOf = findValueOption(*read.app, word);
+  if (read.valueOf != nullptr)
+    read.last.erase(0, equals + 1);
+}
+
 TypedLine readLine(const CommandLine &line,
                    const std::vector<std::string> &typed) {
   TypedLine read;
@@ -75,7 +93,7 @@ TypedLine readLine(const CommandLine &line,
   for (std::size_t i = 0; i < words.size(); ++i) {
     const std::string &word = words[i];
     if (i + 1 == words.size()) {
-      read.last = word;
+      readLast(read, word);
       break;
     }
     if (read.valueOf != nullptr) {
@@ -85,8 +103,8 @@ TypedLine readLine(const CommandLine &line,
     }
     if (word.size() > 1 && word[0] == '-') {
       const std::size_t equals = word.find('=');
-      const CLI::Option *option = findOption(*read.app, word.substr(0, equals));
-      if (option == nullptr || !takesValue(*option))
+      const CLI::Option *option = findValueOption(*read.app, word);
+      if (option == nullptr)
         continue;
       if (equals == std::string::npos)
         read.valueOf = option;

@@ -24,13 +24,18 @@ constexpr std::array<Shell, 3> shells{{
     {"bash", R"(# zeldebug completion for bash
 _zeldebug() {
   local -a answer
+  local word=${COMP_WORDS[COMP_CWORD]} option=''
   mapfile -t answer < <("${COMP_WORDS[0]}" complete -- \
     "${COMP_WORDS[@]:1:COMP_CWORD}" 2>/dev/null)
+  # Without = in COMP_WORDBREAKS, the option is part of the word.
+  if [[ $word == --*=* ]]; then
+    option=${word%%=*}=
+  fi
   COMPREPLY=()
   case "${answer[0]}" in
   :files) compopt -o default ;;
   :folders) compopt -o dirnames ;;
-  *) COMPREPLY=("${answer[@]}") ;;
+  *) COMPREPLY=("${answer[@]/#/"$option"}") ;;
   esac
 }
 complete -F _zeldebug zeldebug
@@ -40,6 +45,9 @@ complete -F _zeldebug zeldebug
 _zeldebug() {
   local -a answer
   answer=("${(@f)$("${words[1]}" complete -- "${(@)words[2,CURRENT]}" 2>/dev/null)}")
+  if [[ "$PREFIX" == --*=* ]]; then
+    compset -P 1 '*='
+  fi
   case "${answer[1]}" in
   :files) _files ;;
   :folders) _files -/ ;;
@@ -55,14 +63,16 @@ fi
     {"fish", R"(# zeldebug completion for fish
 function __zeldebug_complete
   set -l words (commandline -opc)
-  set -l answer (command $words[1] complete -- $words[2..-1] (commandline -ct) 2>/dev/null)
+  set -l last (commandline -ct)
+  set -l answer (command $words[1] complete -- $words[2..-1] $last 2>/dev/null)
+  set -l option (string match -r -- '^--[^=]+=' $last)
   switch "$answer[1]"
     case :files
-      __fish_complete_path (commandline -ct)
+      complete -C "'' $last"
     case :folders
-      __fish_complete_directories (commandline -ct)
+      __fish_complete_directories $last
     case '?*'
-      printf '%s\n' $answer
+      printf '%s\n' "$option"$answer
   end
 end
 complete -c zeldebug -f -a '(__zeldebug_complete)'
