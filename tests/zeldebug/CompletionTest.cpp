@@ -75,10 +75,16 @@ TEST_F(CompletionTest, KnowsWhatFits) {
         << testing::PrintToString(row.words);
 }
 
-/// Runs a script of a shell, with the completion script beside it and the
-/// program in its path.
+/// Runs a script of a shell, with the completion script and the example board
+/// beside it, the program in its path and the folder as the home folder.
 class ShellTest : public CompletionTest {
 protected:
+  ShellTest() {
+    std::filesystem::create_directory_symlink(
+        std::filesystem::path(board).parent_path(), "sp ace");
+    std::filesystem::create_symlink(board, "q'\"$`\\\\e.xml");
+  }
+
   std::string answerOf(const std::string &shell, const std::string &name,
                        const std::string &script) {
     folder.write("completion", this->run({"completion", name}).out);
@@ -93,17 +99,37 @@ protected:
 };
 
 TEST_F(ShellTest, BashCompletes) {
+  const std::string design = "sp\\ ace/board.xml";
+  const std::string processors = "<lumacore_0><lumacore_1><lumacore_2>";
   const struct {
     std::vector<std::string> words;
     std::string answer;
   } rows[] = {
       {{"set", "--cab"}, "<--cable>"},
-      {{"set", board, "lumacore_"}, "<lumacore_0><lumacore_1><lumacore_2>"},
-      {{"set", board, "a9_0", "--connection", "=", ""}, "<hw>"},
-      {{"set", board, "a9_0", "--connection=h"}, "<--connection=hw>"},
+      {{"set", design, "lumacore_"}, processors},
+      {{"set", design, "a9_0", "--connection", "=", ""}, "<hw>"},
+      {{"set", design, "a9_0", "--connection", "=", "'h"}, "<hw>"},
+      {{"set", design, "a9_0", "--connection=h"}, "<--connection=hw>"},
       {{"set", "--cable", "=", "digi"}, "<digilent_plugin>"},
       {{"set", "--cable=digi"}, "<--cable=digilent_plugin>"},
       {{"zz"}, "<>"},
+      {{"set", "~/sp\\ ace/board.xml", "lumacore_"}, processors},
+      {{"set", "~/'sp ace'/board.xml", "lumacore_"}, processors},
+      {{"set", "'sp ace/board.xml'", "lumacore_"}, processors},
+      {{"set", "sp\" \"ac\\e/'board'.xml", "lumacore_"}, processors},
+      {{"set", design, "'lumacore_"}, processors},
+      {{"set", design, "\"lumacore_"}, processors},
+      {{"set", "\"q'\\\"\\$\\`\\\\\\e.xml\"", "lumacore_"}, processors},
+      {{"set", "q\\'\\\"'$`\\\\e'.xml", "lumacore_"}, processors},
+      {{"set", "sp", "ace/board.xml", "lumacore_"}, "<>"},
+      {{"set", "'sp\\ ace/board.xml'", "lumacore_"}, "<>"},
+      {{"set", "\"sp\\ ace/board.xml\"", "lumacore_"}, "<>"},
+      {{"set", "'~/sp ace/board.xml'", "lumacore_"}, "<>"},
+      {{"set", "\\~/sp\\ ace/board.xml", "lumacore_"}, "<>"},
+      {{"set", "~sp\\ ace/board.xml", "lumacore_"}, "<>"},
+      {{"set", "$HOME/sp\\ ace/board.xml", "lumacore_"}, "<>"},
+      {{"set", "$(touch touched)", "\"$(touch touched)"}, "<>"},
+      {{"set", "`touch touched`", "\"`touch touched`"}, "<>"},
   };
   for (const auto &row : rows) {
     std::string words = "zeldebug\n";
@@ -119,13 +145,13 @@ TEST_F(ShellTest, BashCompletes) {
               row.answer + "complete -F _zeldebug zeldebug\n")
         << words;
   }
+  EXPECT_FALSE(folder.exists("touched"));
 }
 
 #ifdef ZELDEBUG_ZSH
 /// The shell completes only in a terminal: it gets one, puts everything that
 /// fits into each line, and shows the lines.
 TEST_F(ShellTest, ZshCompletes) {
-  folder.write("folder/file", "");
   folder.write(".zshrc", "TMOUT=60\n"
                          "autoload -Uz compinit && compinit -u -D\n"
                          "source ./completion\n"
@@ -146,18 +172,35 @@ TEST_F(ShellTest, ZshCompletes) {
     std::string completed;
   } rows[] = {
       {"set --cab", "set --cable "},
-      {"set " + board + " lumacore_",
-       "set " + board + " lumacore_0 lumacore_1 lumacore_2 "},
-      {"set " + board + " a9_0 --connection=",
-       "set " + board + " a9_0 --connection=hw "},
-      {"set " + board + " --connection=st",
-       "set " + board + " --connection=stub-jtag --connection=stub-serial "},
+      {"set sp\\ ace/board.xml lumacore_",
+       "set sp\\ ace/board.xml lumacore_0 lumacore_1 lumacore_2 "},
+      {"set ~/sp\\ ace/board.xml a9", "set ~/sp\\ ace/board.xml a9_0 a9_1 "},
+      {"set ~/'sp ace'/board.xml a9", "set ~/'sp ace'/board.xml a9_0 a9_1 "},
+      {"set 'sp ace/board.xml' a9", "set 'sp ace/board.xml' a9_0 a9_1 "},
+      {"set sp\" \"ac\\e/'board'.xml a9",
+       "set sp\" \"ac\\e/'board'.xml a9_0 a9_1 "},
+      {"set sp\\ ace/board.xml 'lumacore_0",
+       "set sp\\ ace/board.xml 'lumacore_0' "},
+      {"set sp\\ ace/board.xml a9_0 --connection=",
+       "set sp\\ ace/board.xml a9_0 --connection=hw "},
+      {"set sp\\ ace/board.xml --connection=st",
+       "set sp\\ ace/board.xml --connection=stub-jtag "
+       "--connection=stub-serial "},
       {"set --cable=digi", "set --cable=digilent_plugin "},
       {"list compl", "list completion "},
-      {"list --library f", "list --library folder/"},
-      {"list --library=f", "list --library=folder/"},
+      {"list --library s", "list --library sp\\ ace/"},
+      {"list --library=s", "list --library=sp\\ ace/"},
       {"show --file=compl", "show --file=completion "},
+      {"show --file=~/compl", "show --file=~/completion "},
       {"zz", "zz"},
+      {"set 'sp\\ ace/board.xml' a9", "set 'sp\\ ace/board.xml' a9"},
+      {"set '~/sp ace/board.xml' a9", "set '~/sp ace/board.xml' a9"},
+      {"set ~sp\\ ace/board.xml a9", "set ~sp\\ ace/board.xml a9"},
+      {"set $HOME/sp\\ ace/board.xml a9", "set $HOME/sp\\ ace/board.xml a9"},
+      {"set $(touch touched) \"$(touch touched)\"/a",
+       "set $(touch touched) \"$(touch touched)\"/a"},
+      {"set `touch touched` a", "set `touch touched` a"},
+      {"set sp*(e:'touch touched':) a", "set sp*(e:'touch touched':) a"},
   };
   std::string typed;
   std::string completed;
@@ -173,28 +216,46 @@ TEST_F(ShellTest, ZshCompletes) {
                      "while zpty -r shell; do :; done >shown\n"
                      "cat finished\n"),
             completed);
+  EXPECT_FALSE(folder.exists("touched"));
   EXPECT_EQ(answerOf(ZELDEBUG_ZSH " -f -n completion", "zsh", ""), "");
 }
 #endif
 
 #ifdef ZELDEBUG_FISH
 TEST_F(ShellTest, FishCompletes) {
-  folder.write("folder/file", "");
+  const std::string processors = "lumacore_0\nlumacore_1\nlumacore_2\n";
   const struct {
     std::string typed;
     std::string answer;
   } rows[] = {
       {"set --cab", "--cable\n"},
-      {"set " + board + " lumacore_", "lumacore_0\nlumacore_1\nlumacore_2\n"},
-      {"set " + board + " a9_0 --connection=", "--connection=hw\n"},
-      {"set " + board + " --connection=st",
+      {"set sp\\ ace/board.xml lumacore_", processors},
+      {"set ~/sp\\ ace/board.xml lumacore_", processors},
+      {"set ~/'sp ace'/board.xml lumacore_", processors},
+      {"set 'sp ace/board.xml' lumacore_", processors},
+      {"set sp\" \"ac'e'/board\\.xml lumacore_", processors},
+      {"set sp\\ ace/board.xml 'lumacore_", processors},
+      {"set sp\\ ace/board.xml \"lumacore_", processors},
+      {"set sp\\ ace/board.xml a9_0 --connection=", "--connection=hw\n"},
+      {"set sp\\ ace/board.xml a9_0 --connection='h", "--connection=hw\n"},
+      {"set sp\\ ace/board.xml --connection=st",
        "--connection=stub-jtag\n--connection=stub-serial\n"},
       {"set --cable=digi", "--cable=digilent_plugin\n"},
       {"list compl", "completion\n"},
+      {"list ~/compl", "~/completion\n"},
+      {"list 'compl", "completion\n"},
       {"show --file=compl", "--file=completion\n"},
-      {"list --library f", "folder/\tDirectory\n"},
-      {"list --library=f", "--library=folder/\tDirectory\n"},
+      {"show --file=~/compl", "--file=~/completion\n"},
+      {"list --library s", "sp ace/\tDirectory\n"},
+      {"list --library=s", "--library=sp ace/\tDirectory\n"},
       {"zz", ""},
+      {"set 'sp\\ ace/board.xml' lumacore_", ""},
+      {"set ~sp\\ ace/board.xml lumacore_", ""},
+      {"set $HOME/sp\\ ace/board.xml lumacore_", ""},
+      {"set (touch touched) lumacore_", ""},
+      {"set \"$(touch touched)\" \"$(touch touched)", ""},
+      {"list (touch touched", ""},
+      {"list --library='(touch touched)", ""},
   };
   for (const auto &row : rows) {
     folder.write("line", "zeldebug " + row.typed);
@@ -203,6 +264,7 @@ TEST_F(ShellTest, FishCompletes) {
               row.answer)
         << row.typed;
   }
+  EXPECT_FALSE(folder.exists("touched"));
   EXPECT_EQ(answerOf(ZELDEBUG_FISH " --no-execute completion", "fish", ""), "");
 }
 #endif

@@ -20,13 +20,39 @@ struct Shell {
   const char *script;
 };
 
+// What was typed stands on the line as it was typed: the scripts take off the
+// quotes and put in the home folder, but evaluate nothing of it.
 constexpr std::array<Shell, 3> shells{{
     {"bash", R"(# zeldebug completion for bash
+_zeldebug_unquote() {
+  local rest=$1 quote='' char
+  unquoted=''
+  if [[ $rest == '~' || $rest == '~/'* ]]; then
+    unquoted=$HOME rest=${rest:1}
+  fi
+  while [[ -n $rest ]]; do
+    char=${rest:0:1} rest=${rest:1}
+    case $quote$char in
+    \' | \") quote=$char ;;
+    \'\' | \"\") quote='' ;;
+    \\ | \"\\)
+      if [[ -z $quote || $rest == [\$\`\"\\]* ]]; then
+        char=${rest:0:1} rest=${rest:1}
+      fi
+      unquoted+=$char
+      ;;
+    *) unquoted+=$char ;;
+    esac
+  done
+}
 _zeldebug() {
-  local -a answer
-  local word=${COMP_WORDS[COMP_CWORD]} option=''
-  mapfile -t answer < <("${COMP_WORDS[0]}" complete -- \
-    "${COMP_WORDS[@]:1:COMP_CWORD}" 2>/dev/null)
+  local -a typed answer
+  local word unquoted option=''
+  for word in "${COMP_WORDS[@]:0:COMP_CWORD+1}"; do
+    _zeldebug_unquote "$word"
+    typed+=("$unquoted")
+  done
+  mapfile -t answer < <("${typed[0]}" complete -- "${typed[@]:1}" 2>/dev/null)
   # Without = in COMP_WORDBREAKS, the option is part of the word.
   if [[ $word == --*=* ]]; then
     option=${word%%=*}=
@@ -43,8 +69,15 @@ complete -F _zeldebug zeldebug
     {"zsh", R"(#compdef zeldebug
 # zeldebug completion for zsh
 _zeldebug() {
-  local -a answer
-  answer=("${(@f)$("${words[1]}" complete -- "${(@)words[2,CURRENT]}" 2>/dev/null)}")
+  local -a typed answer
+  local word
+  for word in "${(@)words[1,CURRENT-1]}" "$PREFIX"; do
+    case "$word" in
+    '~' | '~/'*) typed+=("$HOME${(Q)word#\~}") ;;
+    *) typed+=("${(Q)word}") ;;
+    esac
+  done
+  answer=("${(@f)$("${typed[1]}" complete -- "${(@)typed[2,-1]}" 2>/dev/null)}")
   if [[ "$PREFIX" == --*=* ]]; then
     compset -P 1 '*='
   fi
@@ -62,15 +95,22 @@ fi
 )"},
     {"fish", R"(# zeldebug completion for fish
 function __zeldebug_complete
-  set -l words (commandline -opc)
-  set -l last (commandline -ct)
-  set -l answer (command $words[1] complete -- $words[2..-1] $last 2>/dev/null)
+  set -l raw (commandline -ct)
+  set -l last (string unescape -- $raw; or string unescape -- $raw\'; or string unescape -- $raw\")
+  set -l words
+  for word in (commandline -opc) "$last"
+    if string match -qr '^~(/|$)' -- $word
+      set word $HOME(string sub -s 2 -- $word)
+    end
+    set -a words $word
+  end
+  set -l answer (command $words[1] complete -- $words[2..-1] 2>/dev/null)
   set -l option (string match -r -- '^--[^=]+=' $last)
   switch "$answer[1]"
     case :files
-      complete -C "'' $last"
+      complete -C "'' $raw"
     case :folders
-      __fish_complete_directories $last
+      __fish_complete_directories $raw
     case '?*'
       printf '%s\n' "$option"$answer
   end
