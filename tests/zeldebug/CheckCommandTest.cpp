@@ -198,22 +198,26 @@ TEST_F(CheckCommandTest, DrawsEachKindOfFault) {
        "  accepted: 'sp', 'dp'\n"},
       // The number of a port.
       {"vpconnect lc -ipcport h:abc", 0,
-       "23: warning: 'h:abc' is no number: it gives 0 [not-a-number]\n"
+       "25: warning: 'abc' is no number: it gives 0 [not-a-number]\n"
        "  vpconnect lc -ipcport h:abc\n"
-       "                        ^^^^^\n"},
+       "                          ^^^\n"},
       {"connect lc hdu -sim -ipcport h:", 0,
-       "30: warning: 'h:' is no number: it gives 0 [not-a-number]\n"
+       "32: warning: '' is no number: it gives 0 [not-a-number]\n"
        "  connect lc hdu -sim -ipcport h:\n"
-       "                               ^^\n"},
+       "                                 ^\n"},
+      {"connect ppc sim -ipcport a:b:5", 0,
+       "28: warning: 'b:5' is no number: it gives 0 [not-a-number]\n"
+       "  connect ppc sim -ipcport a:b:5\n"
+       "                             ^^^\n"},
       {"connect ppc sim -ipcport h:5x", 0,
-       "26: warning: 'h:5x' is no number: it is read as '5' [not-a-number]\n"
+       "28: warning: '5x' is no number: it is read as '5' [not-a-number]\n"
        "  connect ppc sim -ipcport h:5x\n"
-       "                           ^^^^\n"},
+       "                             ^^\n"},
       {"vpconnect lc -ipcport h:99999999999", 0,
-       "23: warning: 'h:99999999999' does not fit: simIpcPort becomes "
+       "25: warning: '99999999999' does not fit: simIpcPort becomes "
        "1215752191 [value-cut]\n"
        "  vpconnect lc -ipcport h:99999999999\n"
-       "                        ^^^^^^^^^^^^^\n"},
+       "                          ^^^^^^^^^^^\n"},
       {"vpconnect lc -ipcport host", 0, ""},
       {"vpconnect lc -ipcport h:010", 0, ""},
       // No type of cable has any frequency.

@@ -149,9 +149,49 @@ TEST_F(ShellTest, BashCompletes) {
 }
 
 #ifdef ZELDEBUG_ZSH
+/// The shell's own functions for completion need a terminal; what they would be
+/// told is printed.
+TEST_F(ShellTest, ZshIsToldWhatFits) {
+  const std::string design = "sp\\ ace/board.xml";
+  const struct {
+    std::vector<std::string> words; ///< the last one is being typed
+    std::string answer;
+  } rows[] = {
+      {{"set", "--cab"}, "<--cable>"},
+      {{"set", design, "lumacore_"}, "<lumacore_0><lumacore_1><lumacore_2>"},
+      {{"set", "~/sp\\ ace/board.xml", "a9"}, "<a9_0><a9_1>"},
+      {{"set", "'sp ace/board.xml'", "a9"}, "<a9_0><a9_1>"},
+      {{"set", design, "a9_0", "--connection=h"}, "cut -P 1 *=;<hw>"},
+      {{"list", "c"}, "files"},
+      {{"list", "--library", "s"}, "files -/"},
+      {{"set", "$(touch touched)", "\"$(touch touched)\"/a"}, ""},
+      {{"zz"}, ""},
+  };
+  for (const auto &row : rows) {
+    std::string words = "zeldebug\n";
+    for (const std::string &word : row.words)
+      words += word + "\n";
+    folder.write("words", words);
+    EXPECT_EQ(answerOf(ZELDEBUG_ZSH " -f", "zsh",
+                       "compdef() { print \"compdef $*\" }\n"
+                       "compset() { print -n \"cut $*;\" }\n"
+                       "compadd() { shift; print -n -- \"<${(j:><:)@}>\" }\n"
+                       "_files() { print -n -- files $* }\n"
+                       "source ./completion\n"
+                       "words=(\"${(@f)$(<words)}\")\n"
+                       "CURRENT=$#words PREFIX=$words[-1]\n"
+                       "_zeldebug\ntrue\n"),
+              "compdef _zeldebug zeldebug\n" + row.answer)
+        << words;
+  }
+  EXPECT_FALSE(folder.exists("touched"));
+}
+
 /// The shell completes only in a terminal: it gets one, puts everything that
 /// fits into each line, and shows the lines.
 TEST_F(ShellTest, ZshCompletes) {
+  if (!hasTerminals())
+    GTEST_SKIP() << "there are no pseudo-terminals here";
   folder.write(".zshrc", "TMOUT=60\n"
                          "autoload -Uz compinit && compinit -u -D\n"
                          "source ./completion\n"

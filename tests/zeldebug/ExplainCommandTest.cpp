@@ -178,6 +178,19 @@ TEST_F(ExplainCommandTest, NamesOnlyWhatAValueChanges) {
     const json words = this->runJson({"explain", row.command})["words"];
     EXPECT_EQ(words.back()["changes"], row.changes);
   }
+  const json refused =
+      this->runJson({"explain", "connect ppc sim -debugdevice fputype dp "
+                                "fputype x"})["words"];
+  EXPECT_EQ(refused[5]["changes"],
+            json::array({{{"name", "fpuType"}, {"value", 2}}}));
+  EXPECT_EQ(refused[7]["text"], "x");
+  EXPECT_EQ(refused[7]["changes"], json::array());
+  // The target's type is told before the option's.
+  const json target = this->runJson(
+      {"explain", "connect ppc hw -debugdevice proctype ppc440"})["words"][1];
+  EXPECT_EQ(target["changes"],
+            json::array({{{"name", "procFamily"}, {"value", 1}},
+                         {{"name", "procType"}, {"value", 6}}}));
   const json words =
       this->runJson({"explain", "connect lc stub -bogus"}, 1)["words"];
   for (const json &word : words)

@@ -309,10 +309,8 @@ TEST_F(FaultsTest, ColourIsNotForPipes) {
 }
 
 TEST_F(FaultsTest, ColourIsForTerminalsThatWantIt) {
-  const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
-  if (terminal < 0)
+  if (!hasTerminals())
     GTEST_SKIP() << "there are no pseudo-terminals here";
-  close(terminal);
   Surroundings surroundings;
   surroundings.terminal = true;
   EXPECT_THAT(this->run({"list", board}, surroundings).out,

@@ -178,6 +178,11 @@ TEST_F(ShowCommandTest, TellsWhereEachValueComesFromExactly) {
        "simIpcPort", "file:39"},
       {"lumacore_0", "connect lc hdu -sim -ipcport nocolon", "record",
        "modelSimHost", "default"},
+      // Refused values that are stored all the same.
+      {"ppc405_0", "connect ppc sim -debugdevice proctype x", "record",
+       "procType", "file:39"},
+      {"lumacore_0", "connect lc hdu -sim -configdevice jtagport x", "cpuJtag",
+       "", "file:44"},
       // Selecting a processor that is no PowerPC resets it.
       {"lumacore_0", "connect lc hdu -debugdevice fpuType sp", "record",
        "fpuType", "default"},
@@ -187,8 +192,21 @@ TEST_F(ShowCommandTest, TellsWhereEachValueComesFromExactly) {
     save(row.processor, row.saved);
     const json origin =
         runJson({"show", board, row.processor, "--origin"})["origin"];
-    EXPECT_EQ(origin[row.group][row.field], row.origin) << row.field;
+    const json &group = origin[row.group];
+    EXPECT_EQ(group.is_object() ? group[row.field] : group, row.origin)
+        << row.field;
   }
+}
+
+TEST_F(ShowCommandTest, ARefusedValueThatIsNotStoredIsNoOrigin) {
+  folder.write("any.txt", "connect ppc sim -debugdevice fputype dp fputype x");
+  const auto origin = [this] {
+    return runJson({"show", "--file", "any.txt",
+                    "--origin"})["origin"]["record"]["fpuType"];
+  };
+  EXPECT_EQ(origin(), "file:38");
+  folder.write("any.txt", "connect ppc sim -debugdevice fputype x");
+  EXPECT_EQ(origin(), "default");
 }
 
 TEST_F(ShowCommandTest, AWholeCommandTakesThePlaceOfWhatIsSaved) {

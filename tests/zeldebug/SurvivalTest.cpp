@@ -265,7 +265,14 @@ TEST_F(SurvivalTest, WhatIsDisplacedIsNamedAlsoWhereItIsADefault) {
           otherKind +
           "\nzeldebug: note: lumacore_0: would be saved in "
           "etc/kvo_lumacore_0.opt\n");
-  // A cable that the command did not carry in full brings nothing that is lost.
+  // What the type of the cable brings was never saved.
+  save("lumacore_0", "connect lc hdu -cable type quorla_podusb");
+  run = set("lumacore_0", {"--connection", "sim", "--dry-run"});
+  EXPECT_EQ(run.err, std::string("zeldebug: note: lumacore_0: no longer saved: "
+                                 "cable.cableType 3 (comes back as 0)") +
+                         otherKind +
+                         "\nzeldebug: note: lumacore_0: would be saved in "
+                         "etc/kvo_lumacore_0.opt\n");
   save("lumacore_0", "connect lc hdu -cable type quorla_podusb esn 5");
   run = set("lumacore_0", {"--debug-device", "1"});
   EXPECT_EQ(run.status, 0);

@@ -273,4 +273,11 @@ std::vector<std::string> ToolTest::etc() const {
   return names;
 }
 
+bool ToolTest::hasTerminals() {
+  const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+  if (terminal >= 0)
+    close(terminal);
+  return terminal >= 0;
+}
+
 } // namespace tool

@@ -58,6 +58,8 @@ protected:
   }
   /// Names of everything in etc/.
   std::vector<std::string> etc() const;
+  /// Whether this machine has pseudo-terminals; some containers have none.
+  static bool hasTerminals();
 
   support::TemporaryDirectory folder;
   /// The example board.

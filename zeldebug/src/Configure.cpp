@@ -8,6 +8,7 @@
 #include "Failure.h"
 #include "LossRules.h"
 #include "Refusal.h"
+#include "TracedCommand.h"
 
 namespace zeldebug {
 
@@ -38,11 +39,21 @@ bool isDefault(const Configured &configured, const Loss &loss) {
   return found != defaults.end() && found->value == loss.value;
 }
 
-/// Whether the command that was saved brought the setting along.
-bool wasCarried(const Configured &configured, const Loss &loss) {
-  return configured.saved.file.exists &&
+/// Whether the command that was saved spells the setting out.
+bool isSpelledOut(const Configured &configured, const Loss &loss) {
+  return configured.spelled.count(loss.field) != 0 &&
          settingNamed(configured.loaded, loss.field).value == loss.value &&
          findLossRule(loss.field, configured.loaded) == nullptr;
+}
+
+/// The settings that a command has a value for.
+std::set<std::string>
+settingsSpelledOut(const ZelDebugDialog::CommandTrace &trace) {
+  std::set<std::string> settings;
+  for (const ZelDebugDialog::CommandWord &word : trace.words)
+    if (word.role == ZelDebugDialog::WordRole::value && !word.fields.empty())
+      settings.insert(word.fields.front());
+  return settings;
 }
 
 } // namespace
@@ -82,6 +93,9 @@ Configured configure(Session &session, const std::string &processor,
     session.startFromDefaults();
   }
   configured.loaded = configurationOf(*session.state);
+  if (configured.saved.isWhole())
+    configured.spelled = settingsSpelledOut(traceOf(
+        configured.saved.file.text, processor, session.state->hwManager));
   SettingTarget target{session, configured.designed, {}};
   applyCommand(target, settings);
   for (const SettingAction &apply : actions)
@@ -115,7 +129,7 @@ Verdict judge(const Configured &configured, const std::vector<Loss> &losses) {
   Verdict verdict;
   for (const Loss &loss : losses) {
     const bool given = isGiven(configured.given, loss.field);
-    if (!loss.blocking && !given && !wasCarried(configured, loss) &&
+    if (!loss.blocking && !given && !isSpelledOut(configured, loss) &&
         isDefault(configured, loss))
       continue;
     const bool displaced = !given && !loss.displacedBy.empty() &&

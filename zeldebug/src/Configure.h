@@ -17,8 +17,9 @@ struct Configured {
   SavedConfiguration saved;
   ZelDebugDialog::ProcessorInfoImp designed; ///< what the design says of it
   Configuration loaded;                      ///< what is saved, or the defaults
-  Configuration wanted;                      ///< with the settings of the line
-  std::string command;                       ///< for what is wanted
+  std::set<std::string> spelled; ///< settings that what is saved has words for
+  Configuration wanted;          ///< with the settings of the line
+  std::string command;           ///< for what is wanted
   std::set<std::string> given;
 
   bool changed() const;

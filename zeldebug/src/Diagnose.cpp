@@ -52,8 +52,9 @@ public:
   void examineForFiles();
 
 private:
-  void add(std::size_t word, const char *code, const std::string &detail);
-  void examineNumber(std::size_t word, const std::string &text, int base);
+  void add(std::size_t word, const char *code, const std::string &detail,
+           std::size_t start = 0);
+  void examineNumber(std::size_t word, std::size_t start, int base);
   void examineNumbers(std::size_t word);
   void examineFrequency(std::size_t word, const std::string &text);
 
@@ -61,16 +62,23 @@ private:
   std::vector<Diagnostic> &diagnostics;
 };
 
+/// @param start  where in the word it begins
 void Examiner::add(std::size_t word, const char *code,
-                   const std::string &detail) {
+                   const std::string &detail, std::size_t start) {
   const CommandWord &place = command.trace().words[word];
   const DiagnosticCode *row = findDiagnosticCode(code);
-  std::string summary =
-      fmt::format("'{}' {}", printable(command.wordText(word)), row->summary);
+  std::string summary = fmt::format(
+      "'{}' {}", printable(command.wordText(word).substr(start)), row->summary);
   if (!detail.empty())
     summary += ": " + detail;
-  diagnostics.push_back(
-      {place.offset, place.length, row, row->severity, summary, "", {}, ""});
+  diagnostics.push_back({place.offset + start,
+                         place.length - start,
+                         row,
+                         row->severity,
+                         summary,
+                         "",
+                         {},
+                         ""});
 }
 
 void Examiner::examineFaults() {
@@ -102,35 +110,37 @@ void Examiner::examineFaults() {
 }
 
 /// What reading a number leaves unsaid: junk, another base, bits that are cut.
-/// @param text  the word, or the part of it that is the number
-/// @param base  0 for what the number itself says
-void Examiner::examineNumber(std::size_t word, const std::string &text,
-                             int base) {
+/// @param start  where in the word it begins
+/// @param base   0 for what the number itself says
+void Examiner::examineNumber(std::size_t word, std::size_t start, int base) {
+  const std::string text = command.wordText(word).substr(start);
   char *stop = nullptr;
   errno = 0;
   const long long number = std::strtoll(text.c_str(), &stop, base);
   const bool isHuge = errno == ERANGE;
   const char *const end = stop;
   if (end == text.c_str()) {
-    add(word, "not-a-number", "it gives 0");
+    add(word, "not-a-number", "it gives 0", start);
     return;
   }
   if (end != text.c_str() + text.size())
     add(word, "not-a-number",
         fmt::format(
             "it is read as '{}'",
-            text.substr(0, static_cast<std::size_t>(end - text.c_str()))));
+            text.substr(0, static_cast<std::size_t>(end - text.c_str()))),
+        start);
   const bool isOctal = base == 0 && text.size() > 1 && text[0] == '0' &&
                        text[1] >= '0' && text[1] <= '7';
   if (isOctal)
-    add(word, "octal-number", fmt::format("its value is {}", number));
+    add(word, "octal-number", fmt::format("its value is {}", number), start);
   for (const Setting &setting : command.changesOf(word)) {
     const bool isStored =
         setting.value.is_number() && !isHuge && setting.value == Json(number);
     if (!isStored && setting.value.is_number()) {
       add(word, "value-cut",
           fmt::format("{} becomes {}", setting.name,
-                      shownValue(setting.value, setting.kind)));
+                      shownValue(setting.value, setting.kind)),
+          start);
       return;
     }
   }
@@ -138,17 +148,16 @@ void Examiner::examineNumber(std::size_t word, const std::string &text,
 
 /// The numbers in a value, whatever is around them.
 void Examiner::examineNumbers(std::size_t word) {
-  const std::string text = command.wordText(word);
-  const std::size_t colon = text.find(':');
+  const std::size_t colon = command.wordText(word).find(':');
   switch (command.trace().words[word].conversion) {
   case ValueConversion::number:
   case ValueConversion::signedNumber:
   case ValueConversion::lowByte:
-    examineNumber(word, text, 0);
+    examineNumber(word, 0, 0);
     break;
   case ValueConversion::hostAndPort:
     if (colon != std::string::npos)
-      examineNumber(word, text.substr(colon + 1), 10);
+      examineNumber(word, colon + 1, 10);
     break;
   default:
     break;

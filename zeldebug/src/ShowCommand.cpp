@@ -24,7 +24,6 @@ namespace zeldebug {
 namespace {
 
 using ZelDebugDialog::AfterFault;
-using ZelDebugDialog::CommandTrace;
 using ZelDebugDialog::ProcessorInfoImp;
 
 struct ShowOptions {
@@ -85,18 +84,6 @@ void print(const Shown &shown, bool withOrigin, Output &output) {
   if (withOrigin)
     members["origin"] = shown.origins.toJson(shown.configuration);
   output.document(members);
-}
-
-/// What the words of a command set, by the engine's reader with the same design
-/// and processor.
-CommandTrace traceOf(const std::string &command, const std::string &processor,
-                     HHSMHwManager *design) {
-  Session session(design);
-  session.selectFrom(processor, "");
-  CommandTrace trace;
-  traceInto(session, command, AfterFault::stop, trace);
-  keepChanges(command, trace);
-  return trace;
 }
 
 /// The origins of what a selection gave.

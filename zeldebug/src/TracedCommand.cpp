@@ -77,11 +77,12 @@ void makeOther(Record &record, const FieldTable<Record> &fields,
           field.member);
 }
 
-/// The same for a setting of the processor or the cable.
-void makeOther(const ZelDebugDialog::EngineImp &state,
-               const std::string &setting) {
+/// The same for a setting of the processor or the cable, or the mark.
+void makeOther(ZelDebugDialog::EngineImp &state, const std::string &setting) {
   constexpr std::string_view ofCable = "cable.";
-  if (setting.compare(0, ofCable.size(), ofCable) == 0)
+  if (setting == "cpuJtag")
+    state.cpuJtag = state.cpuJtag == 0 ? 1 : 0;
+  else if (setting.compare(0, ofCable.size(), ofCable) == 0)
     makeOther(*state.cableOption, cableFields(),
               std::string_view(setting).substr(ofCable.size()));
   else
@@ -96,10 +97,12 @@ public:
   Replay() : session(nullptr) { session.startRecord(); }
 
   /// The settings of a word, with the values that it gives them.
-  std::vector<Setting> take(const CommandWord &word, const std::string &text);
+  /// @param behind  the word behind it
+  std::vector<Setting> take(const CommandWord &word, const std::string &text,
+                            const std::string &behind);
   /// Those of the settings of a word that its value does not leave as they are.
   std::vector<std::string> changedBy(const CommandWord &word,
-                                     const std::string &text);
+                                     const std::string &text, bool isAtFault);
 
 private:
   std::string pieceWith(const CommandWord &word, const std::string &text);
@@ -107,22 +110,29 @@ private:
                             const std::vector<std::string> &fields);
 
   Session session;
-  std::string front;  ///< up to the option set
-  std::string option; ///< of the clause
-  std::string name;   ///< in front of the value
+  std::string front;      ///< up to the option set
+  bool isSetOpen = false; ///< the last one, which goes on to the end
+  std::string option;     ///< of the clause
+  std::string name;       ///< in front of the value
 };
 
 std::vector<Setting> Replay::take(const CommandWord &word,
-                                  const std::string &text) {
-  const std::string piece = pieceWith(word, text);
+                                  const std::string &text,
+                                  const std::string &behind) {
+  std::string piece = pieceWith(word, text);
+  // A target is not taken without a connection.
+  if (word.role == WordRole::target)
+    piece += behind;
   return word.fields.empty() ? std::vector<Setting>()
                              : read(piece, word.fields);
 }
 
 std::vector<std::string> Replay::changedBy(const CommandWord &word,
-                                           const std::string &text) {
+                                           const std::string &text,
+                                           bool isAtFault) {
   const std::string piece = pieceWith(word, text);
-  if (word.role != WordRole::value || word.fields.size() < 2)
+  const bool mayLeave = word.fields.size() > 1 || isAtFault;
+  if (word.role != WordRole::value || word.fields.empty() || !mayLeave)
     return word.fields;
   const std::vector<Setting> once = read(piece, word.fields);
   for (const std::string &field : word.fields)
@@ -147,8 +157,9 @@ std::string Replay::pieceWith(const CommandWord &word,
   case WordRole::option:
     option = text + ' ';
     name.clear();
-    if (!opensOptionSet(text))
+    if (isSetOpen || !opensOptionSet(text))
       return front + option;
+    isSetOpen = true;
     front += option;
     option.clear();
     return front;
@@ -181,6 +192,13 @@ std::vector<Setting> Replay::read(const std::string &piece,
   return settings;
 }
 
+std::set<std::size_t> wordsAtFault(const CommandTrace &trace) {
+  std::set<std::size_t> words;
+  for (const ZelDebugDialog::CommandFault &fault : trace.faults)
+    words.insert(fault.word);
+  return words;
+}
+
 } // namespace
 
 bool traceInto(Session &session, const std::string &command,
@@ -194,10 +212,23 @@ bool traceInto(Session &session, const std::string &command,
 }
 
 void keepChanges(const std::string &command, CommandTrace &trace) {
+  const std::set<std::size_t> atFault = wordsAtFault(trace);
   Replay replay;
-  for (CommandWord &word : trace.words)
-    word.fields =
-        replay.changedBy(word, command.substr(word.offset, word.length));
+  for (std::size_t i = 0; i < trace.words.size(); ++i) {
+    CommandWord &word = trace.words[i];
+    word.fields = replay.changedBy(
+        word, command.substr(word.offset, word.length), atFault.count(i) != 0);
+  }
+}
+
+CommandTrace traceOf(const std::string &command, const std::string &processor,
+                     HHSMHwManager *design) {
+  Session session(design);
+  session.selectFrom(processor, "");
+  CommandTrace trace;
+  traceInto(session, command, AfterFault::stop, trace);
+  keepChanges(command, trace);
+  return trace;
 }
 
 TracedCommand::TracedCommand(std::string text, AfterFault afterFault)
@@ -206,8 +237,7 @@ TracedCommand::TracedCommand(std::string text, AfterFault afterFault)
   plainReading = plain.readCommand(command);
   final = tracedConfiguration(command, afterFault, read);
   keepChanges(command, read);
-  for (const ZelDebugDialog::CommandFault &fault : read.faults)
-    atFault.insert(fault.word);
+  atFault = wordsAtFault(read);
   std::size_t changes = 0;
   for (std::size_t i = 0; i < read.words.size(); ++i)
     for (const std::string &field : read.words[i].fields) {
@@ -222,7 +252,9 @@ void TracedCommand::replayOverwritten() {
   Replay replay;
   for (std::size_t i = 0; i < read.words.size(); ++i) {
     const CommandWord &word = read.words[i];
-    std::vector<Setting> settings = replay.take(word, wordText(i));
+    const bool isLast = i + 1 == read.words.size();
+    std::vector<Setting> settings =
+        replay.take(word, wordText(i), isLast ? "" : wordText(i + 1));
     const bool isOverwritten = std::any_of(
         word.fields.begin(), word.fields.end(),
         [this, i](const std::string &field) { return !isLastFor(field, i); });
@@ -236,23 +268,6 @@ std::string TracedCommand::wordText(std::size_t word) const {
   return command.substr(found.offset, found.length);
 }
 
-/// Some values are stored before they are refused, others are not.
-std::vector<Setting>
-TracedCommand::changesOfRefused(const CommandWord &word) const {
-  CommandTrace ignored;
-  const Configuration before = tracedConfiguration(
-      command.substr(0, word.offset), AfterFault::goOn, ignored);
-  const Configuration after = tracedConfiguration(
-      command.substr(0, word.offset + word.length), AfterFault::goOn, ignored);
-  std::vector<Setting> settings;
-  for (const std::string &field : word.fields) {
-    const Setting setting = settingNamed(after, field);
-    if (setting.value != settingNamed(before, field).value)
-      settings.push_back(setting);
-  }
-  return settings;
-}
-
 bool TracedCommand::isLastFor(const std::string &field,
                               std::size_t word) const {
   return lastWords.at(field) == word;
@@ -260,8 +275,6 @@ bool TracedCommand::isLastFor(const std::string &field,
 
 std::vector<Setting> TracedCommand::changesOf(std::size_t word) const {
   const CommandWord &found = read.words.at(word);
-  if (isAtFault(word))
-    return changesOfRefused(found);
   std::vector<Setting> settings;
   for (std::size_t i = 0; i < found.fields.size(); ++i)
     settings.push_back(isLastFor(found.fields[i], word)

@@ -31,8 +31,6 @@ public:
   std::vector<Setting> changesOf(std::size_t word) const;
 
 private:
-  std::vector<Setting>
-  changesOfRefused(const ZelDebugDialog::CommandWord &word) const;
   bool isLastFor(const std::string &field, std::size_t word) const;
   void replayOverwritten();
 
@@ -56,6 +54,11 @@ bool traceInto(Session &session, const std::string &command,
 /// are.
 void keepChanges(const std::string &command,
                  ZelDebugDialog::CommandTrace &trace);
+
+/// What the words of a command set where a processor of a design is selected.
+ZelDebugDialog::CommandTrace traceOf(const std::string &command,
+                                     const std::string &processor,
+                                     HHSMHwManager *design);
 
 /// "head", "target", ...
 const char *shownRole(ZelDebugDialog::WordRole role);
