@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "DocumentSource.h"
-#include "ReadDesignFrom.h"
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "elaboration/ReadDesignFrom.h"
+#include "xml/DocumentSource.h"
 
 namespace {
 

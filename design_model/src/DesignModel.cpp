@@ -2,13 +2,13 @@
 
 #include <utility>
 
-#include "AttachedProcessors.h"
-#include "BuiltInKinds.h"
-#include "DesignContents.h"
-#include "InstanceNames.h"
-#include "PeripheralWalk.h"
-#include "Quote.h"
-#include "ResolveComponent.h"
+#include "graph/AttachedProcessors.h"
+#include "graph/DesignContents.h"
+#include "graph/PeripheralWalk.h"
+#include "graph/ResolveComponent.h"
+#include "kinds/BuiltInKinds.h"
+#include "messages/Quote.h"
+#include "names/InstanceNames.h"
 
 namespace ZelDebugDialog {
 

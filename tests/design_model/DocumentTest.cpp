@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Reading.h"
-#include "Utf8.h"
+#include "names/Utf8.h"
 
 namespace ZelDebugDialog {
 namespace {

@@ -1,4 +1,4 @@
-#include "Expression.h"
+#include "expressions/Expression.h"
 
 #include <gtest/gtest.h>
 

@@ -8,8 +8,8 @@
 
 #include <sys/stat.h>
 
-#include "DocumentSource.h"
 #include "Reading.h"
+#include "xml/DocumentSource.h"
 
 namespace ZelDebugDialog {
 namespace {

@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ReadDesignFrom.h"
 #include "Reading.h"
+#include "elaboration/ReadDesignFrom.h"
 
 namespace ZelDebugDialog {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Reading.h"
-#include "WildcardMatch.h"
+#include "names/WildcardMatch.h"
 
 namespace ZelDebugDialog {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "NameIndex.h"
+#include "names/NameIndex.h"
 
 namespace ZelDebugDialog {
 namespace {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Numerals.h"
+#include "expressions/Numerals.h"
 
 namespace ZelDebugDialog {
 namespace {

@@ -1,6 +1,6 @@
 #include "Reading.h"
 
-#include "ReadDesignFrom.h"
+#include "elaboration/ReadDesignFrom.h"
 
 namespace ZelDebugDialog {
 namespace {

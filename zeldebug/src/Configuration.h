@@ -10,7 +10,7 @@
 #include <ZelDebugDialog/EngineImp.h>
 
 #include "Fields.h"
-#include "Json.h"
+#include "output/Json.h"
 
 namespace zeldebug {
 

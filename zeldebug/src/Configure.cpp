@@ -5,10 +5,10 @@
 #include <fmt/format.h>
 
 #include "CableKeyword.h"
-#include "Failure.h"
 #include "LossRules.h"
 #include "Refusal.h"
 #include "TracedCommand.h"
+#include "output/Failure.h"
 
 namespace zeldebug {
 

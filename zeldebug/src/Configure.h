@@ -9,7 +9,7 @@
 
 #include "Loss.h"
 #include "SavedConfiguration.h"
-#include "SettingOptions.h"
+#include "line/SettingOptions.h"
 
 namespace zeldebug {
 

@@ -10,10 +10,10 @@
 
 #include "CableKeyword.h"
 #include "OptionFile.h"
-#include "Output.h"
 #include "Refusal.h"
-#include "Suggestion.h"
 #include "TracedCommand.h"
+#include "output/Output.h"
+#include "output/Suggestion.h"
 
 namespace zeldebug {
 

@@ -11,7 +11,7 @@
 #include <ZelDebugDialog/CableOption.h>
 #include <ZelDebugDialog/ProcessorInfo.h>
 
-#include "Json.h"
+#include "output/Json.h"
 
 namespace zeldebug {
 

@@ -8,8 +8,8 @@
 
 #include "LossRules.h"
 #include "OptionFile.h"
-#include "Output.h"
-#include "SettingText.h"
+#include "output/Output.h"
+#include "output/SettingText.h"
 
 namespace zeldebug {
 

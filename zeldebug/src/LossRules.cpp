@@ -7,7 +7,7 @@
 
 #include "CableKeyword.h"
 #include "ConnectionKind.h"
-#include "Suggestion.h"
+#include "output/Suggestion.h"
 
 namespace zeldebug {
 

@@ -8,7 +8,7 @@
 #include <ZelDebugDialog/CommandTables.h>
 #include <strings.h>
 
-#include "Place.h"
+#include "output/Place.h"
 
 namespace zeldebug {
 

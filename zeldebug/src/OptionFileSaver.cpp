@@ -9,11 +9,11 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include "Failure.h"
 #include "OptionFile.h"
 #include "OptionFolder.h"
-#include "Place.h"
 #include "Refusal.h"
+#include "output/Failure.h"
+#include "output/Place.h"
 
 namespace zeldebug {
 

@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
-#include "Place.h"
+#include "output/Place.h"
 
 namespace zeldebug {
 

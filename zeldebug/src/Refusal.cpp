@@ -4,9 +4,9 @@
 
 #include "DiagnosticCode.h"
 #include "OptionFile.h"
-#include "Output.h"
-#include "Suggestion.h"
 #include "TracedCommand.h"
+#include "output/Output.h"
+#include "output/Suggestion.h"
 
 namespace zeldebug {
 

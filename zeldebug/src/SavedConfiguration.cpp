@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include "Refusal.h"
-#include "WorkingFolder.h"
+#include "line/WorkingFolder.h"
 
 namespace zeldebug {
 

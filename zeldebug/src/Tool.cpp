@@ -2,9 +2,9 @@
 
 #include <exception>
 
-#include "CommandLine.h"
-#include "Failure.h"
-#include "Subcommands.h"
+#include "line/CommandLine.h"
+#include "output/Failure.h"
+#include "subcommands/Subcommands.h"
 
 namespace zeldebug {
 

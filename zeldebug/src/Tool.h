@@ -2,7 +2,7 @@
 #ifndef ZELDEBUG_TOOL_H
 #define ZELDEBUG_TOOL_H
 
-#include "Output.h"
+#include "output/Output.h"
 
 namespace zeldebug {
 

@@ -1,0 +1,247 @@
+#include "elaboration/Elaboration.h"
+
+#include <algorithm>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+#include "kinds/BuiltInKinds.h"
+#include "messages/Quote.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+using Severity = DesignDiagnostic::Severity;
+
+/// No design made by people comes near.
+constexpr std::size_t deepestHierarchy = 100;
+
+// What parts of a model take in memory, roughly.
+constexpr std::size_t instanceBytes = 400;
+constexpr std::size_t portBytes = 32;
+constexpr std::size_t parameterBytes = 120;
+constexpr std::size_t endBytes = 80;
+
+} // namespace
+
+void Elaboration::elaborate(const DesignRecord &design) {
+  ParameterScope scope(design.parameters, model);
+  elaborate(Level{design, nullptr, nullptr, DesignModel::top, scope});
+  views.reportUnused(design.file);
+}
+
+bool Elaboration::elaborate(const ComponentRecord &component) {
+  const ViewRecord *const view = views.choose(component, nullptr, "");
+  if (view == nullptr || !view->leadsToDesign()) {
+    report(Severity::error, component.interfaces.origin.file,
+           component.interfaces.origin.line,
+           "component " + quote(toText(component.identity)) +
+               (view == nullptr ? " has no view that leads to a design"
+                                : ": its view " + quote(view->name) +
+                                      " does not lead to a design"));
+    return false;
+  }
+  const InnerDesign inner = views.follow(component, *view);
+  if (inner.design == nullptr)
+    return false;
+  ParameterScope around(component.parameters, model);
+  ParameterScope scope(inner.design->parameters, model);
+  if (inner.reference != nullptr)
+    scope.override(*inner.reference, component.interfaces.origin.file, around);
+  elaborate(Level{*inner.design, inner.configuration, &component,
+                  DesignModel::top, scope});
+  views.reportUnused(component.interfaces.origin.file);
+  return true;
+}
+
+void Elaboration::elaborate(const Level &level) {
+  open.push_back(&level.design);
+  std::vector<Placed> placed(level.design.instances.size());
+  for (std::size_t index = 0; index < placed.size() && !isFull; ++index)
+    placed[index] = addInstance(level, level.design.instances[index]);
+  for (const ConnectionRecord &connection : level.design.connections)
+    addConnection(level, connection, placed);
+  checkSelections(level);
+  open.pop_back();
+}
+
+Elaboration::Placed Elaboration::addInstance(const Level &level,
+                                             const InstanceRecord &instance) {
+  const DesignOrigin origin{level.design.file, instance.line};
+  const ReferenceRecord &reference = instance.component;
+  const Component &component = componentOf(reference.identity);
+  std::size_t bytes = component.bytes + 2 * instance.name.size() +
+                      reference.overrides.size() * parameterBytes;
+  if (level.instance != DesignModel::top)
+    bytes += 2 * model.Instances()[level.instance].name.size();
+  if (!spend(bytes, origin))
+    return {};
+  if (component.record == nullptr)
+    report(Severity::error, origin.file, reference.line,
+           "instance " + quote(instance.name) + ": component " +
+               quote(toText(reference.identity)) + " is not found");
+  const auto id =
+      model.AddInstance(instance.name, component.id, level.instance, origin);
+  if (!id || component.record == nullptr)
+    return {};
+  ParameterScope scope(component.record->parameters, model);
+  scope.override(reference, origin.file, level.scope);
+  addParameters(*component.record, scope, *id, origin);
+  enter(level, instance, component, *id, scope);
+  return {*id, true};
+}
+
+void Elaboration::addParameters(const ComponentRecord &record,
+                                ParameterScope &scope,
+                                DesignModel::InstanceId instance,
+                                const DesignOrigin &origin) {
+  for (std::size_t at = 0; at < record.parameters.ownCount; ++at) {
+    std::string value = toText(scope.valueAt(at));
+    if (!spend(value.size(), origin))
+      return;
+    model.AddParameter(instance, record.parameters.list[at].name,
+                       std::move(value));
+  }
+}
+
+void Elaboration::enter(const Level &level, const InstanceRecord &instance,
+                        const Component &component, DesignModel::InstanceId id,
+                        ParameterScope &scope) {
+  const ComponentRecord &record = *component.record;
+  const ViewRecord *const view =
+      views.choose(record, level.configuration, instance.name);
+  if (view == nullptr || !view->leadsToDesign())
+    return;
+  if (component.role == DesignRole::processor)
+    return report(Severity::note, level.design.file, instance.line,
+                  "instance " + quote(instance.name) +
+                      " is a processor: the design inside it is not entered");
+  const InnerDesign inner = views.follow(record, *view);
+  if (inner.design == nullptr || !canEnter(level, instance, *inner.design))
+    return;
+  const DesignOrigin origin{level.design.file, instance.line};
+  if (!spend(inner.design->parameters.list.size() * parameterBytes, origin))
+    return;
+  ParameterScope innerScope(inner.design->parameters, model);
+  if (inner.reference != nullptr)
+    innerScope.override(*inner.reference, record.interfaces.origin.file, scope);
+  elaborate(Level{*inner.design, inner.configuration, &record, id, innerScope});
+}
+
+bool Elaboration::canEnter(const Level &level, const InstanceRecord &instance,
+                           const DesignRecord &inner) {
+  const bool isOpen = std::find(open.begin(), open.end(), &inner) != open.end();
+  if (!isOpen && open.size() < deepestHierarchy)
+    return true;
+  report(Severity::error, level.design.file, instance.line,
+         "instance " + quote(instance.name) +
+             (isOpen ? " leads back to the design " +
+                           quote(toText(inner.identity)) +
+                           " that it is in; it is not entered again"
+                     : " is inside " + std::to_string(deepestHierarchy) +
+                           " others; it is not entered"));
+  return false;
+}
+
+/// An end at an instance that was refused, or that has no component, has been
+/// reported.
+void Elaboration::addConnection(const Level &level,
+                                const ConnectionRecord &connection,
+                                const std::vector<Placed> &placed) {
+  const DesignOrigin origin{level.design.file, connection.line};
+  if (!spend(connection.ends.size() * endBytes, origin))
+    return;
+  DesignConnection joined{{}, connection.name, origin};
+  joined.ends.reserve(connection.ends.size());
+  for (const EndRecord &end : connection.ends) {
+    if (!end.isOwn && placed[end.instance].hasInterfaces)
+      joined.ends.push_back({placed[end.instance].id, end.interface, end.line});
+    if (end.isOwn && hasInterface(level, connection, end))
+      joined.ends.push_back({level.instance, end.interface, end.line});
+  }
+  model.Connect(joined, level.instance);
+}
+
+/// An interface of the design itself is one of the component around it; on top
+/// it leads nowhere.
+bool Elaboration::hasInterface(const Level &level,
+                               const ConnectionRecord &connection,
+                               const EndRecord &end) {
+  if (level.instance != DesignModel::top)
+    return true;
+  if (level.component == nullptr)
+    return false;
+  for (const DesignInterface &interface :
+       level.component->interfaces.interfaces)
+    if (interface.name == end.interface)
+      return false;
+  report(Severity::error, level.design.file, end.line,
+         "connection " + quote(connection.name) + ": component " +
+             quote(toText(level.component->identity)) + " has no interface " +
+             quote(end.interface));
+  return false;
+}
+
+/// A configuration may select views for instances that are not there.
+void Elaboration::checkSelections(const Level &level) {
+  if (level.configuration == nullptr)
+    return;
+  std::unordered_set<std::string_view> names;
+  for (const InstanceRecord &instance : level.design.instances)
+    names.insert(instance.name);
+  for (const auto &[instance, selection] : level.configuration->views)
+    if (names.count(instance) == 0)
+      report(Severity::warning, level.configuration->file, selection.line,
+             "a view is selected for instance " + quote(instance) +
+                 ", which design " + quote(toText(level.design.identity)) +
+                 " does not have");
+}
+
+const Elaboration::Component &
+Elaboration::componentOf(const Identity &identity) {
+  const auto [entry, isNew] = components.try_emplace(identity);
+  Component &component = entry->second;
+  if (!isNew)
+    return component;
+  component.record = store.findComponent(identity);
+  DesignComponent data;
+  data.typeName = identity.name;
+  if (component.record != nullptr) {
+    data = component.record->interfaces;
+    if (component.record->hasCpus)
+      data.role = DesignRole::processor;
+  }
+  if (const Kind *const kind = kinds.find(identity)) {
+    data.role = kind->role;
+    data.typeName = kind->typeName;
+  }
+  component.bytes = instanceBytes + 2 * data.typeName.size() +
+                    data.interfaces.size() * portBytes;
+  if (component.record != nullptr)
+    component.bytes +=
+        component.record->parameters.list.size() * parameterBytes;
+  component.role = data.role == DesignRole::byTypeName
+                       ? findBuiltInRole(data.typeName)
+                       : data.role;
+  component.id = model.AddComponent(std::move(data));
+  return component;
+}
+
+bool Elaboration::spend(std::size_t bytes, const DesignOrigin &origin) {
+  if (!isFull && bytes <= room) {
+    room -= bytes;
+    return true;
+  }
+  if (!isFull)
+    report(Severity::error, origin.file, origin.line,
+           "the design is too large: the rest of it is left out");
+  isFull = true;
+  return false;
+}
+
+void Elaboration::report(Severity severity, const std::string &file, int line,
+                         std::string message) {
+  model.Report({severity, file, line, std::move(message)});
+}
+
+} // namespace ZelDebugDialog

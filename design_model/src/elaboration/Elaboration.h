@@ -1,0 +1,93 @@
+// From records to a model: the instances of a design, and of the designs inside
+// them.
+#ifndef ZELDEBUGDIALOG_DESIGNMODEL_ELABORATION_H
+#define ZELDEBUGDIALOG_DESIGNMODEL_ELABORATION_H
+
+#include <cstddef>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "elaboration/DocumentStore.h"
+#include "elaboration/ParameterScope.h"
+#include "elaboration/ViewChooser.h"
+#include "kinds/KindTable.h"
+#include "records/Records.h"
+
+namespace ZelDebugDialog {
+
+class Elaboration {
+public:
+  /// `bytes` bounds what the model may take: a few small files can describe a
+  /// hierarchy without end.
+  Elaboration(DocumentStore &documents, const KindTable &table,
+              const std::string &view, std::size_t bytes, DesignModel &target)
+      : store(documents), kinds(table), views(documents, view, target),
+        room(bytes), model(target) {}
+
+  /// A design on its own: its interfaces lead nowhere.
+  void elaborate(const DesignRecord &design);
+
+  /// The component on top of a hierarchy. False: no view of it leads to a
+  /// design that can be read; an error says so.
+  bool elaborate(const ComponentRecord &component);
+
+private:
+  /// What is known of a component that instances refer to.
+  struct Component {
+    const ComponentRecord *record = nullptr; ///< Null when it is missing.
+    DesignModel::ComponentId id = 0;
+    DesignRole role = DesignRole::other;
+    std::size_t bytes = 0; ///< What an instance of it takes, roughly.
+  };
+
+  /// A design that is being elaborated, inside those before it.
+  struct Level {
+    const DesignRecord &design;
+    const ConfigurationRecord *configuration;
+    const ComponentRecord *component; ///< Around it; null for a lone design.
+    DesignModel::InstanceId instance;
+    ParameterScope &scope;
+  };
+
+  /// An instance that was added.
+  struct Placed {
+    DesignModel::InstanceId id = 0;
+    bool hasInterfaces = false; ///< It was, and its component is known.
+  };
+
+  void elaborate(const Level &level);
+  Placed addInstance(const Level &level, const InstanceRecord &instance);
+  void addParameters(const ComponentRecord &record, ParameterScope &scope,
+                     DesignModel::InstanceId instance,
+                     const DesignOrigin &origin);
+  void enter(const Level &level, const InstanceRecord &instance,
+             const Component &component, DesignModel::InstanceId id,
+             ParameterScope &scope);
+  bool canEnter(const Level &level, const InstanceRecord &instance,
+                const DesignRecord &inner);
+  void addConnection(const Level &level, const ConnectionRecord &connection,
+                     const std::vector<Placed> &placed);
+  bool hasInterface(const Level &level, const ConnectionRecord &connection,
+                    const EndRecord &end);
+  void checkSelections(const Level &level);
+  const Component &componentOf(const Identity &identity);
+  bool spend(std::size_t bytes, const DesignOrigin &origin);
+  void report(DesignDiagnostic::Severity severity, const std::string &file,
+              int line, std::string message);
+
+  DocumentStore &store;
+  const KindTable &kinds;
+  ViewChooser views;
+  std::size_t room;
+  bool isFull = false;
+  DesignModel &model;
+  std::unordered_map<Identity, Component, IdentityHash> components;
+  /// The designs that are being elaborated, outermost first.
+  std::vector<const DesignRecord *> open;
+};
+
+} // namespace ZelDebugDialog
+
+#endif

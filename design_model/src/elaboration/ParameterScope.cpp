@@ -1,0 +1,125 @@
+#include "elaboration/ParameterScope.h"
+
+#include <utility>
+
+#include "messages/Quote.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+using Severity = DesignDiagnostic::Severity;
+
+/// A number on its own, which every edition of the standard has.
+bool isNumeral(std::string_view text, Number &number) {
+  const bool isNegative = !text.empty() && text.front() == '-';
+  if (isNegative)
+    text.remove_prefix(1);
+  if (takeNumeral(text, number) != NumeralFault::none || !text.empty())
+    return false;
+  if (isNegative)
+    number.bits = 0 - number.bits;
+  return true;
+}
+
+} // namespace
+
+std::string toText(const ParameterValue &value) {
+  return value.text == nullptr ? toText(value.number) : *value.text;
+}
+
+ParameterScope::ParameterScope(const ParameterRecords &parameters,
+                               DesignModel &target)
+    : records(parameters), model(target), slots(parameters.list.size()) {}
+
+void ParameterScope::override(const ReferenceRecord &reference,
+                              const std::string &file, ParameterScope &around) {
+  for (const OverrideRecord &given : reference.overrides) {
+    const auto found = records.byId.find(given.id);
+    if (found == records.byId.end()) {
+      model.Report({Severity::warning, file, given.line,
+                    "a value is given to " + quote(given.id) +
+                        ", which is no parameter of " +
+                        quote(toText(reference.identity))});
+      continue;
+    }
+    const ParameterRecord &record = records.list[found->second];
+    Outcome outcome = around.evaluate(given.value, record.isText, 0);
+    remark(outcome, record, file, given.line);
+    slots[found->second] = {outcome.failed ? State::failed : State::done,
+                            std::move(outcome.value)};
+  }
+}
+
+const ParameterValue &ParameterScope::valueAt(std::size_t index) {
+  workOut(index, 0);
+  return slots[index].value;
+}
+
+void ParameterScope::workOut(std::size_t index, int depth) {
+  Slot &slot = slots[index];
+  if (slot.state != State::open)
+    return;
+  const ParameterRecord &record = records.list[index];
+  slot.state = State::busy;
+  Outcome outcome = evaluate(record.value, record.isText, depth);
+  remark(outcome, record, records.file, record.line);
+  slot = {outcome.failed ? State::failed : State::done,
+          std::move(outcome.value)};
+}
+
+ParameterScope::Outcome ParameterScope::evaluate(const std::string &text,
+                                                 bool isText, int depth) {
+  Outcome outcome;
+  if (isNumeral(text, outcome.value.number) && !isText)
+    return outcome;
+  ExpressionResult result;
+  if (!records.areLiteral && (!isText || isKnown(text)))
+    result = evaluateExpression(text, *this, depth);
+  outcome.failed = result.kind == ExpressionResult::Kind::fault;
+  outcome.remark = std::move(result.fault);
+  if (result.kind == ExpressionResult::Kind::number)
+    outcome.value.number = result.number;
+  else
+    outcome.value.text = result.text != nullptr
+                             ? std::move(result.text)
+                             : std::make_shared<const std::string>(text);
+  return outcome;
+}
+
+void ParameterScope::remark(const Outcome &outcome,
+                            const ParameterRecord &record,
+                            const std::string &file, int line) {
+  if (!outcome.remark.empty())
+    model.Report({outcome.failed ? Severity::warning : Severity::note, file,
+                  line,
+                  "the value of parameter " + quote(record.name) +
+                      " stays text: " + outcome.remark});
+}
+
+bool ParameterScope::isKnown(std::string_view name) const {
+  return records.byId.count(name) != 0;
+}
+
+ExpressionResult ParameterScope::find(std::string_view name, int depth) {
+  const std::size_t index = records.byId.find(name)->second;
+  const std::string described = "parameter " + quote(records.list[index].name);
+  ExpressionResult result;
+  result.kind = ExpressionResult::Kind::fault;
+  if (slots[index].state == State::busy) {
+    result.fault = described + " depends on itself";
+    return result;
+  }
+  workOut(index, depth + 1);
+  const Slot &slot = slots[index];
+  if (slot.state == State::failed) {
+    result.fault = described + " has no value";
+    return result;
+  }
+  result.number = slot.value.number;
+  result.text = slot.value.text;
+  result.kind = slot.value.text == nullptr ? ExpressionResult::Kind::number
+                                           : ExpressionResult::Kind::text;
+  return result;
+}
+
+} // namespace ZelDebugDialog

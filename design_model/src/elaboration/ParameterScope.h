@@ -1,0 +1,69 @@
+// The parameters of one instance or design, with the values that they have
+// there.
+#ifndef ZELDEBUGDIALOG_DESIGNMODEL_PARAMETERSCOPE_H
+#define ZELDEBUGDIALOG_DESIGNMODEL_PARAMETERSCOPE_H
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "expressions/Expression.h"
+#include "records/Records.h"
+
+namespace ZelDebugDialog {
+
+/// A number, or text.
+struct ParameterValue {
+  Number number;
+  std::shared_ptr<const std::string> text; ///< Null for a number.
+};
+
+/// As text, which C's conversions read if it is a number.
+std::string toText(const ParameterValue &value);
+
+/// Refers to the records, which must outlive it. Values are worked out when
+/// they are asked for, once each; one that can't be stays the text that it is
+/// written as, with a diagnostic.
+class ParameterScope : private ExpressionNames {
+public:
+  ParameterScope(const ParameterRecords &parameters, DesignModel &target);
+
+  /// Gives parameters the values of a reference to their document, which
+  /// stands in `file`, worked out in the scope that is around it.
+  void override(const ReferenceRecord &reference, const std::string &file,
+                ParameterScope &around);
+
+  /// The value of the parameter at an index of the records.
+  const ParameterValue &valueAt(std::size_t index);
+
+private:
+  enum class State { open, busy, done, failed };
+  struct Slot {
+    State state = State::open;
+    ParameterValue value;
+  };
+  /// A value, and what is to be said about it.
+  struct Outcome {
+    ParameterValue value;
+    bool failed = false;
+    std::string remark;
+  };
+
+  bool isKnown(std::string_view name) const override;
+  ExpressionResult find(std::string_view name, int depth) override;
+
+  Outcome evaluate(const std::string &text, bool isText, int depth);
+  void workOut(std::size_t index, int depth);
+  void remark(const Outcome &outcome, const ParameterRecord &record,
+              const std::string &file, int line);
+
+  const ParameterRecords &records;
+  DesignModel &model;
+  std::vector<Slot> slots;
+};
+
+} // namespace ZelDebugDialog
+
+#endif

@@ -1,0 +1,60 @@
+// What a design model holds.
+#ifndef ZELDEBUGDIALOG_DESIGNMODEL_DESIGNCONTENTS_H
+#define ZELDEBUGDIALOG_DESIGNMODEL_DESIGNCONTENTS_H
+
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "graph/ConnectionGraph.h"
+#include "messages/DiagnosticList.h"
+#include "names/NameIndex.h"
+
+namespace ZelDebugDialog {
+
+struct DesignContents {
+  class Entry;
+
+  ConnectionGraph graph;
+  std::vector<DesignInstance> instances; ///< Of the graph, by index.
+  DiagnosticList diagnostics;
+  NameIndex firstByName;
+  /// "parent/name" of the instances whose full name another had before them.
+  std::unordered_set<std::string> namesakes;
+  std::unordered_map<std::string, std::vector<Index>> byTypeName;
+  std::vector<Index> processors;
+  std::vector<Index> debugModules;
+
+  Index find(const std::string &name) const {
+    return firstByName.find(name, nameIn(instances));
+  }
+
+  bool hasRole(Index instance, DesignRole role) const {
+    return instance != noIndex && graph.roleOf(instance) == role;
+  }
+
+  void appendNames(const std::vector<Index> &listed,
+                   std::vector<std::string> &names) const;
+
+  void report(DesignDiagnostic::Severity severity, const DesignOrigin &origin,
+              int line, std::string message) {
+    diagnostics.add({severity, origin.file, line, std::move(message)});
+  }
+
+  std::string localName(Index instance) const;
+  bool isTaken(const std::string &name, const std::string &fullName,
+               Index parent) const;
+  /// Adds an instance whose name is not taken.
+  Index addInstance(const std::string &name, const std::string &fullName,
+                    Index component, Index parent, const DesignOrigin &origin);
+  Index findEnd(const DesignEnd &end, const DesignConnection &connection,
+                Index within);
+  std::string describe(const DesignConnection &connection) const;
+};
+
+} // namespace ZelDebugDialog
+
+#endif

@@ -1,0 +1,126 @@
+#include "kinds/KindTable.h"
+
+#include <array>
+#include <sstream>
+#include <utility>
+
+#include "kinds/BuiltInKinds.h"
+#include "messages/Quote.h"
+#include "names/Utf8.h"
+#include "names/WildcardMatch.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+using Severity = DesignDiagnostic::Severity;
+
+struct Word {
+  std::string_view text;
+  DesignRole role;
+};
+
+constexpr std::array<Word, 3> kindWords = {{
+    {"processor", DesignRole::processor},
+    {"debug-module", DesignRole::debugModule},
+    {"other", DesignRole::other},
+}};
+
+const Word *findWord(std::string_view text) {
+  for (const Word &word : kindWords)
+    if (word.text == text)
+      return &word;
+  return nullptr;
+}
+
+/// False unless the text has four parts.
+bool splitPattern(const std::string &text, Identity &pattern) {
+  std::istringstream parts(text);
+  parts.exceptions(std::ios::badbit); // memory that runs out is not the end
+  for (std::string *part : {&pattern.vendor, &pattern.library, &pattern.name})
+    if (!std::getline(parts, *part, ':') || parts.eof())
+      return false;
+  std::getline(parts, pattern.version);
+  return pattern.isComplete() && pattern.version.find(':') == std::string::npos;
+}
+
+/// Why the words are no row; empty when they are one.
+std::string readRow(const std::vector<std::string> &row, Identity &pattern,
+                    Kind &kind) {
+  if (row.size() != 3)
+    return "a row has three words: vendor:library:name:version, kind and type "
+           "name; this one has " +
+           std::to_string(row.size());
+  if (!splitPattern(row[0], pattern))
+    return quote(row[0]) + " is no vendor:library:name:version";
+  const Word *const word = findWord(row[1]);
+  if (word == nullptr)
+    return quote(row[1]) +
+           " is no kind; the kinds are processor, debug-module and other";
+  kind = {word->role, row[2]};
+  return "";
+}
+
+std::vector<std::string> splitRow(const std::string &line) {
+  std::istringstream text(line.substr(0, line.find('#')));
+  text.exceptions(std::ios::badbit);
+  std::vector<std::string> row;
+  for (std::string word; text >> word;)
+    row.push_back(word);
+  return row;
+}
+
+/// The engine goes by the type name of a debug module: one that it doesn't know
+/// helps nobody.
+bool isUseful(const Kind &kind) {
+  return kind.role != DesignRole::debugModule ||
+         findBuiltInRole(kind.typeName) == DesignRole::debugModule;
+}
+
+} // namespace
+
+bool KindTable::read(const DocumentSource &source, const std::string &file,
+                     DesignModel &model) {
+  std::string text;
+  const std::string fault = source.read(file, DocumentSource::whole, text);
+  if (!fault.empty()) {
+    model.Report({Severity::error, file, 0, fault});
+    return false;
+  }
+  std::istringstream lines(text);
+  lines.exceptions(std::ios::badbit);
+  bool isGood = true;
+  int number = 0;
+  for (std::string line; std::getline(lines, line);) {
+    ++number;
+    const std::vector<std::string> words = splitRow(line);
+    if (words.empty())
+      continue;
+    Row row;
+    std::string rowFault = readRow(words, row.pattern, row.kind);
+    if (rowFault.empty() && findNonUtf8(line) != std::string::npos)
+      rowFault = "it is not text in UTF-8";
+    if (!rowFault.empty()) {
+      model.Report({Severity::error, file, number, std::move(rowFault)});
+      isGood = false;
+      continue;
+    }
+    if (!isUseful(row.kind))
+      model.Report({Severity::warning, file, number,
+                    "the debugger knows no debug module of type " +
+                        quote(row.kind.typeName)});
+    rows.push_back(std::move(row));
+  }
+  return isGood;
+}
+
+const Kind *KindTable::find(const Identity &identity) const {
+  for (const Row &row : rows)
+    if (matchesWildcard(row.pattern.vendor, identity.vendor) &&
+        matchesWildcard(row.pattern.library, identity.library) &&
+        matchesWildcard(row.pattern.name, identity.name) &&
+        matchesWildcard(row.pattern.version, identity.version))
+      return &row.kind;
+  return nullptr;
+}
+
+} // namespace ZelDebugDialog

@@ -1,0 +1,49 @@
+// Kind tables: files that let components play the part of known ones.
+//
+// A row a line, with three words: a pattern of vendor:library:name:version, a
+// kind, and the type name by which the debugger knows it. "*" stands for any
+// text and "?" for any character of a part. The first row that fits counts.
+// "#" begins a comment.
+//
+//   example.org:cpu:tiny_riscv:*   processor      lumacore
+//   example.org:debug:jtag_*:1.0   debug-module   hdu
+//   example.org:io:serial:*        other          uart_mini_cedar
+#ifndef ZELDEBUGDIALOG_DESIGNMODEL_KINDTABLE_H
+#define ZELDEBUGDIALOG_DESIGNMODEL_KINDTABLE_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "xml/DocumentSource.h"
+#include "xml/Identity.h"
+
+namespace ZelDebugDialog {
+
+struct Kind {
+  DesignRole role = DesignRole::other;
+  std::string typeName;
+};
+
+class KindTable {
+public:
+  /// False: the file can't be read, or a row is none; errors say which.
+  bool read(const DocumentSource &source, const std::string &file,
+            DesignModel &model);
+
+  /// Null when no row fits.
+  const Kind *find(const Identity &identity) const;
+
+private:
+  struct Row {
+    Identity pattern;
+    Kind kind;
+  };
+
+  std::vector<Row> rows;
+};
+
+} // namespace ZelDebugDialog
+
+#endif

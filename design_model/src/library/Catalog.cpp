@@ -1,0 +1,105 @@
+#include "library/Catalog.h"
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
+
+#include "messages/Quote.h"
+#include "xml/LoadDocument.h"
+#include "xml/XmlNames.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+struct Section {
+  std::string_view name;
+  DocumentType type;
+};
+
+/// The sections that a model needs. The order is that of the standard.
+constexpr std::array<Section, 4> sections = {{
+    {"catalogs", DocumentType::catalog},
+    {"components", DocumentType::component},
+    {"designs", DocumentType::design},
+    {"designConfigurations", DocumentType::designConfiguration},
+}};
+
+class CatalogReader {
+public:
+  CatalogReader(const DocumentSource &documents, DesignModel &target,
+                std::vector<CatalogEntry> &read)
+      : source(documents), model(target), entries(read) {}
+
+  void run(std::vector<std::string> pending) {
+    for (std::size_t next = 0; next < pending.size(); ++next) {
+      const std::string file = pending[next];
+      if (seen.insert(source.identify(file)).second)
+        readCatalog(file, pending);
+    }
+  }
+
+private:
+  void readCatalog(const std::string &file, std::vector<std::string> &pending) {
+    XmlDocument document;
+    if (!loadDocument(source, file, DesignDiagnostic::Severity::warning, model,
+                      document))
+      return;
+    const pugi::xml_node root = document.root();
+    if (typeOf(document) != DocumentType::catalog)
+      return warn({file, document.lineOf(root)}, "it is no catalog");
+    for (const Section &section : sections)
+      forEachChild(findChild(root, section.name), "ipxactFile",
+                   [&](const pugi::xml_node &entry) {
+                     readEntry(document, file, section.type, entry, pending);
+                   });
+  }
+
+  void readEntry(const XmlDocument &document, const std::string &catalog,
+                 DocumentType type, const pugi::xml_node &node,
+                 std::vector<std::string> &pending) {
+    CatalogEntry entry;
+    entry.type = type;
+    entry.identity = readReference(findChild(node, "vlnv"));
+    entry.origin = {catalog, document.lineOf(node)};
+    const std::string name = childText(node, "name");
+    entry.file = resolvePath(folderOf(catalog), pathOf(name));
+    if (name.empty() || source.kindOf(entry.file) != DocumentSource::Kind::file)
+      return warn(entry.origin, "there is no file " + quote(name) + " for " +
+                                    std::string(toText(type)) + " " +
+                                    quote(toText(entry.identity)));
+    if (type == DocumentType::catalog)
+      pending.push_back(entry.file);
+    else
+      entries.push_back(std::move(entry));
+  }
+
+  /// Names are URIs: a path, with or without its scheme.
+  static std::string pathOf(const std::string &name) {
+    constexpr std::string_view scheme = "file://";
+    return name.compare(0, scheme.size(), scheme) == 0
+               ? name.substr(scheme.size())
+               : name;
+  }
+
+  void warn(const DesignOrigin &origin, std::string message) {
+    model.Report({DesignDiagnostic::Severity::warning, origin.file, origin.line,
+                  std::move(message)});
+  }
+
+  const DocumentSource &source;
+  DesignModel &model;
+  std::vector<CatalogEntry> &entries;
+  std::unordered_set<std::string> seen;
+};
+
+} // namespace
+
+void readCatalogs(const DocumentSource &source,
+                  const std::vector<std::string> &catalogs, DesignModel &model,
+                  std::vector<CatalogEntry> &entries) {
+  CatalogReader(source, model, entries).run(catalogs);
+}
+
+} // namespace ZelDebugDialog

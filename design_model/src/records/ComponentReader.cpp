@@ -1,0 +1,210 @@
+#include "records/ComponentReader.h"
+
+#include <array>
+#include <unordered_map>
+#include <utility>
+
+#include "messages/Quote.h"
+#include "records/MemoryMaps.h"
+#include "records/RecordReader.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+struct ModeRow {
+  std::string_view element;
+  InterfaceMode mode;
+};
+
+/// New and old words.
+constexpr std::array<ModeRow, 11> modes = {{
+    {"initiator", InterfaceMode::initiator},
+    {"master", InterfaceMode::initiator},
+    {"target", InterfaceMode::target},
+    {"slave", InterfaceMode::target},
+    {"system", InterfaceMode::system},
+    {"mirroredInitiator", InterfaceMode::mirroredInitiator},
+    {"mirroredMaster", InterfaceMode::mirroredInitiator},
+    {"mirroredTarget", InterfaceMode::mirroredTarget},
+    {"mirroredSlave", InterfaceMode::mirroredTarget},
+    {"mirroredSystem", InterfaceMode::mirroredSystem},
+    {"monitor", InterfaceMode::monitor},
+}};
+
+/// A map may be referred to by every interface, so that the bridges are more
+/// than the file is long.
+constexpr std::size_t mostBridgesByMap = 1000000;
+
+class ComponentReader : public RecordReader {
+public:
+  using RecordReader::RecordReader;
+
+  std::unique_ptr<ComponentRecord> run() {
+    const pugi::xml_node root = document.root();
+    auto component = std::make_unique<ComponentRecord>();
+    component->identity = readIdentity(root);
+    component->interfaces.typeName = component->identity.name;
+    component->interfaces.origin = {file, lineOf(root)};
+    component->hasCpus = static_cast<bool>(findChild(root, "cpus"));
+    readInterfaces(root, component->interfaces);
+    readChannels(root, component->interfaces);
+    readAllParameters(root, component->parameters);
+    readViews(findChild(root, "model"), component->views);
+    indexViews(*component);
+    return component;
+  }
+
+private:
+  void readInterfaces(const pugi::xml_node &root, DesignComponent &component) {
+    const MemoryMaps maps(root);
+    forEachIn(root, "busInterfaces", "busInterface",
+              [&](const pugi::xml_node &node) {
+                component.interfaces.push_back(readInterface(node, maps));
+              });
+  }
+
+  DesignInterface readInterface(const pugi::xml_node &node,
+                                const MemoryMaps &maps) {
+    DesignInterface interface;
+    interface.name = childText(node, "name");
+    interface.line = lineOf(node);
+    for (const pugi::xml_node &child : node.children())
+      for (const ModeRow &row : modes)
+        if (row.element == localNameOf(child)) {
+          interface.mode = row.mode;
+          readBridges(child, maps, interface);
+          return interface;
+        }
+    report(Severity::warning, interface.line,
+           "interface " + quote(interface.name) +
+               " is neither initiator nor target, nor anything else that is "
+               "known; nothing is attached to it");
+    interface.mode = InterfaceMode::monitor;
+    return interface;
+  }
+
+  void readBridges(const pugi::xml_node &mode, const MemoryMaps &maps,
+                   DesignInterface &interface) {
+    for (const std::string_view form : {"transparentBridge", "bridge"})
+      forEach(mode, form, [&](const pugi::xml_node &bridge) {
+        interface.bridgedTo.push_back(initiatorOf(bridge));
+      });
+    const pugi::xml_node reference = findChild(mode, "memoryMapRef");
+    if (reference.empty())
+      return;
+    std::string name = attributeOf(reference, "memoryMapRef");
+    if (name.empty())
+      name = textOf(reference);
+    const MemoryMap *const map = maps.find(name);
+    if (map == nullptr)
+      return report(Severity::warning, lineOf(reference),
+                    "interface " + quote(interface.name) +
+                        " refers to a memory map " + quote(name) +
+                        ", which the component does not have");
+    interface.answers = map->hasBlocks;
+    bridgesByMap += map->initiators.size();
+    if (bridgesByMap > mostBridgesByMap)
+      return report(Severity::error, lineOf(reference),
+                    "more than " + std::to_string(mostBridgesByMap) +
+                        " bridges by memory maps; the rest is left out");
+    interface.bridgedTo.insert(interface.bridgedTo.end(),
+                               map->initiators.begin(), map->initiators.end());
+  }
+
+  void readChannels(const pugi::xml_node &root, DesignComponent &component) {
+    forEachIn(root, "channels", "channel", [&](const pugi::xml_node &node) {
+      std::vector<std::string> members;
+      forEach(node, "busInterfaceRef", [&](const pugi::xml_node &member) {
+        // The form of 2009 has the name as the element's own text.
+        const std::string name = childText(member, "localName");
+        members.push_back(name.empty() ? textOf(member) : name);
+      });
+      component.channels.push_back(std::move(members));
+    });
+  }
+
+  /// The component's own, which the model answers; then those of its models,
+  /// which overrides and expressions may name. In the form of 2009 those of the
+  /// model are what configures the component.
+  void readAllParameters(const pugi::xml_node &root,
+                         ParameterRecords &parameters) {
+    const pugi::xml_node body = findChild(root, "model");
+    readParameters(root, "parameters", "parameter", parameters);
+    readParameters(body, "modelParameters", "modelParameter", parameters);
+    parameters.ownCount = parameters.list.size();
+    forEachIn(body, "instantiations", "componentInstantiation",
+              [&](const pugi::xml_node &node) {
+                readParameters(node, "moduleParameters", "moduleParameter",
+                               parameters);
+              });
+    completeParameters(parameters);
+  }
+
+  using References = std::unordered_map<std::string, ReferenceRecord>;
+
+  void readInstantiations(const pugi::xml_node &body, std::string_view element,
+                          std::string_view reference, References &references) {
+    forEachIn(body, "instantiations", element, [&](const pugi::xml_node &node) {
+      const pugi::xml_node referred = findChild(node, reference);
+      if (!referred.empty())
+        references.emplace(childText(node, "name"),
+                           readReferenceRecord(referred));
+    });
+  }
+
+  void readViews(const pugi::xml_node &body, std::vector<ViewRecord> &views) {
+    References designs;
+    References configurations;
+    readInstantiations(body, "designInstantiation", "designRef", designs);
+    readInstantiations(body, "designConfigurationInstantiation",
+                       "designConfigurationRef", configurations);
+    forEachIn(body, "views", "view", [&](const pugi::xml_node &node) {
+      ViewRecord view;
+      view.name = childText(node, "name");
+      view.design = follow(node, "designInstantiationRef", designs);
+      view.configuration =
+          follow(node, "designConfigurationInstantiationRef", configurations);
+      const pugi::xml_node hierarchy = findChild(node, "hierarchyRef");
+      if (!hierarchy.empty())
+        view.hierarchy = readReferenceRecord(hierarchy);
+      views.push_back(std::move(view));
+    });
+  }
+
+  void indexViews(ComponentRecord &component) {
+    for (std::size_t at = 0; at < component.views.size(); ++at) {
+      const ViewRecord &view = component.views[at];
+      component.viewByName.emplace(view.name, at);
+      if (component.firstViewWithDesign == nullptr && view.leadsToDesign())
+        component.firstViewWithDesign = &view;
+    }
+  }
+
+  std::optional<ReferenceRecord> follow(const pugi::xml_node &view,
+                                        std::string_view element,
+                                        const References &references) {
+    const pugi::xml_node reference = findChild(view, element);
+    if (reference.empty())
+      return std::nullopt;
+    const auto found = references.find(textOf(reference));
+    if (found != references.end())
+      return found->second;
+    report(Severity::warning, lineOf(reference),
+           "view " + quote(childText(view, "name")) +
+               " refers to an instantiation " + quote(textOf(reference)) +
+               ", which the component does not have");
+    return std::nullopt;
+  }
+
+  std::size_t bridgesByMap = 0;
+};
+
+} // namespace
+
+std::unique_ptr<ComponentRecord> readComponent(const XmlDocument &document,
+                                               const std::string &file,
+                                               DesignModel &model) {
+  return ComponentReader(document, file, model).run();
+}
+
+} // namespace ZelDebugDialog

@@ -1,0 +1,211 @@
+#include "records/DesignReader.h"
+
+#include <cstdint>
+#include <utility>
+
+#include "messages/Quote.h"
+#include "names/NameIndex.h"
+#include "records/RecordReader.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+class DesignReader : public RecordReader {
+public:
+  using RecordReader::RecordReader;
+
+  std::unique_ptr<DesignRecord> run() {
+    const pugi::xml_node root = document.root();
+    auto design = std::make_unique<DesignRecord>();
+    design->identity = readIdentity(root);
+    design->file = file;
+    design->line = lineOf(root);
+    readParameters(root, "parameters", "parameter", design->parameters);
+    design->parameters.ownCount = design->parameters.list.size();
+    completeParameters(design->parameters);
+    readInstances(findChild(root, "componentInstances"), *design);
+    readConnections(root, *design);
+    return design;
+  }
+
+private:
+  void readInstances(const pugi::xml_node &list, DesignRecord &design) {
+    design.instances.reserve(countChildren(list));
+    forEach(list, "componentInstance", [&](const pugi::xml_node &node) {
+      design.instances.push_back(readInstance(node));
+      instanceByName.enter(
+          design.instances.back().name,
+          static_cast<std::uint32_t>(design.instances.size() - 1),
+          nameIn(design.instances));
+    });
+  }
+
+  InstanceRecord readInstance(const pugi::xml_node &node) {
+    InstanceRecord instance;
+    instance.name = childText(node, "instanceName");
+    instance.line = lineOf(node);
+    const pugi::xml_node component = findChild(node, "componentRef");
+    if (!component.empty())
+      instance.component = readReferenceRecord(component);
+    else
+      instance.component.line = instance.line;
+    // The form of 2009 has the values beside the reference.
+    readOverrides(node, instance.component.overrides);
+    return instance;
+  }
+
+  /// Ad hoc connections and those of monitors attach nothing.
+  void readConnections(const pugi::xml_node &root, DesignRecord &design) {
+    const pugi::xml_node between = findChild(root, "interconnections");
+    const pugi::xml_node outwards = findChild(root, "hierConnections");
+    design.connections.reserve(countChildren(between) +
+                               countChildren(outwards));
+    forEach(between, "interconnection", [&](const pugi::xml_node &node) {
+      readInterconnection(node, design);
+    });
+    forEach(outwards, "hierConnection", [&](const pugi::xml_node &node) {
+      readHierConnection(node, design);
+    });
+  }
+
+  /// Ends as they are written, before it is known whose they are.
+  struct WrittenEnd {
+    bool isOwn = false;
+    std::string instance;
+    std::string interface;
+    int line = 0;
+  };
+
+  static std::string describe(const WrittenEnd &end) {
+    return quote(
+        end.isOwn ? end.interface : end.instance + "." + end.interface);
+  }
+
+  void add(const std::string &name, int line,
+           const std::vector<WrittenEnd> &ends, DesignRecord &design) {
+    const auto index = static_cast<std::uint32_t>(design.connections.size());
+    if (!name.empty() && connectionByName.enter(
+                             name, index, nameIn(design.connections)) != index)
+      report(Severity::warning, line, "a second connection " + quote(name));
+    if (ends.size() < 2)
+      report(Severity::warning, line,
+             "connection " + quote(name) +
+                 (ends.empty() ? " has no ends"
+                               : " has one end only: " + describe(ends[0])));
+    ConnectionRecord connection{name, {}, line};
+    connection.ends.reserve(ends.size());
+    for (const WrittenEnd &end : ends)
+      resolve(end, name, ends, design, connection);
+    design.connections.push_back(std::move(connection));
+  }
+
+  void resolve(const WrittenEnd &end, const std::string &name,
+               const std::vector<WrittenEnd> &ends, const DesignRecord &design,
+               ConnectionRecord &connection) {
+    if (end.isOwn) {
+      connection.ends.push_back({true, 0, end.interface, end.line});
+      return;
+    }
+    const std::uint32_t found =
+        instanceByName.find(end.instance, nameIn(design.instances));
+    if (found != NameIndex::none) {
+      connection.ends.push_back({false, found, end.interface, end.line});
+      return;
+    }
+    const WrittenEnd &other =
+        &end == &ends.front() ? ends.back() : ends.front();
+    report(Severity::error, end.line,
+           "connection " + quote(name) + " of " + describe(end) + " and " +
+               describe(other) + ": the design has no instance " +
+               quote(end.instance));
+  }
+
+  void readInterconnection(const pugi::xml_node &node, DesignRecord &design) {
+    std::vector<WrittenEnd> ends;
+    ends.reserve(countChildren(node));
+    for (const pugi::xml_node &end : node.children()) {
+      const std::string_view element = localNameOf(end);
+      noteCondition(end);
+      if (element == "activeInterface")
+        ends.push_back(readActive(end));
+      if (element == "hierInterface")
+        ends.push_back({true, "", attributeOf(end, "busRef"), lineOf(end)});
+    }
+    add(childText(node, "name"), lineOf(node), ends, design);
+  }
+
+  /// The form of 2009: one active interface and the design's own.
+  void readHierConnection(const pugi::xml_node &node, DesignRecord &design) {
+    const std::string own = attributeOf(node, "interfaceRef");
+    std::vector<WrittenEnd> ends;
+    forEach(node, "activeInterface", [&](const pugi::xml_node &end) {
+      ends.push_back(readActive(end));
+    });
+    ends.push_back({true, "", own, lineOf(node)});
+    add("", lineOf(node), ends, design);
+  }
+
+  WrittenEnd readActive(const pugi::xml_node &end) {
+    auto [instance, oldName, interface] = attributesOf<3>(
+        end, {"componentInstanceRef", "componentRef", "busRef"});
+    if (instance.empty())
+      instance = std::move(oldName);
+    return {false, std::move(instance), std::move(interface), lineOf(end)};
+  }
+
+  /// First of each name; the second is refused when it is added to the model.
+  NameIndex instanceByName;
+  NameIndex connectionByName;
+};
+
+class ConfigurationReader : public RecordReader {
+public:
+  using RecordReader::RecordReader;
+
+  std::unique_ptr<ConfigurationRecord> run() {
+    const pugi::xml_node root = document.root();
+    auto configuration = std::make_unique<ConfigurationRecord>();
+    configuration->identity = readIdentity(root);
+    configuration->file = file;
+    configuration->line = lineOf(root);
+    const pugi::xml_node design = findChild(root, "designRef");
+    if (!design.empty())
+      configuration->design = readReferenceRecord(design);
+    forEach(root, "viewConfiguration", [&](const pugi::xml_node &node) {
+      readView(node, *configuration);
+    });
+    return configuration;
+  }
+
+private:
+  void readView(const pugi::xml_node &node,
+                ConfigurationRecord &configuration) {
+    const std::string instance = childText(node, "instanceName");
+    ViewSelection choice;
+    choice.view = attributeOf(findChild(node, "view"), "viewRef");
+    choice.line = lineOf(node);
+    // The form of 2009.
+    if (choice.view.empty())
+      choice.view = childText(node, "viewName");
+    if (!configuration.views.emplace(instance, choice).second)
+      report(Severity::warning, choice.line,
+             "a second view for instance " + quote(instance) +
+                 "; the first is taken");
+  }
+};
+
+} // namespace
+
+std::unique_ptr<DesignRecord> readDesignRecord(const XmlDocument &document,
+                                               const std::string &file,
+                                               DesignModel &model) {
+  return DesignReader(document, file, model).run();
+}
+
+std::unique_ptr<ConfigurationRecord>
+readConfiguration(const XmlDocument &document, const std::string &file,
+                  DesignModel &model) {
+  return ConfigurationReader(document, file, model).run();
+}
+
+} // namespace ZelDebugDialog

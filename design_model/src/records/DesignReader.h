@@ -1,0 +1,24 @@
+// Designs and their configurations.
+#ifndef ZELDEBUGDIALOG_DESIGNMODEL_DESIGNREADER_H
+#define ZELDEBUGDIALOG_DESIGNMODEL_DESIGNREADER_H
+
+#include <memory>
+#include <string>
+
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "records/Records.h"
+#include "xml/XmlDocument.h"
+
+namespace ZelDebugDialog {
+
+std::unique_ptr<DesignRecord> readDesignRecord(const XmlDocument &document,
+                                               const std::string &file,
+                                               DesignModel &model);
+
+std::unique_ptr<ConfigurationRecord>
+readConfiguration(const XmlDocument &document, const std::string &file,
+                  DesignModel &model);
+
+} // namespace ZelDebugDialog
+
+#endif

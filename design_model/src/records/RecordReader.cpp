@@ -1,0 +1,78 @@
+#include "records/RecordReader.h"
+
+#include <unordered_set>
+
+#include "messages/Quote.h"
+
+namespace ZelDebugDialog {
+
+void RecordReader::noteCondition(const pugi::xml_node &node) {
+  const pugi::xml_node condition = findChild(node, "isPresent");
+  if (!condition.empty())
+    report(Severity::warning, lineOf(condition),
+           "isPresent is not followed: this " + std::string(localNameOf(node)) +
+               " is taken to be there");
+}
+
+ReferenceRecord
+RecordReader::readReferenceRecord(const pugi::xml_node &reference) {
+  ReferenceRecord record;
+  record.identity = readReference(reference);
+  record.line = lineOf(reference);
+  readOverrides(reference, record.overrides);
+  return record;
+}
+
+void RecordReader::readOverrides(const pugi::xml_node &parent,
+                                 std::vector<OverrideRecord> &overrides) {
+  forEachIn(parent, "configurableElementValues", "configurableElementValue",
+            [&](const pugi::xml_node &node) {
+              overrides.push_back({attributeOf(node, "referenceId"),
+                                   textOf(node), lineOf(node)});
+            });
+}
+
+void RecordReader::readParameters(const pugi::xml_node &parent,
+                                  std::string_view list, std::string_view name,
+                                  ParameterRecords &parameters) {
+  forEachIn(parent, list, name, [&](const pugi::xml_node &node) {
+    const pugi::xml_node value = findChild(node, "value");
+    ParameterRecord record;
+    record.name = childText(node, "name");
+    record.id = attributeOf(node, "parameterId");
+    record.value = textOf(value);
+    record.line = lineOf(node);
+    record.isText = attributeOf(node, "type") == "string";
+    // The form of 2009 has the id at the value.
+    if (record.id.empty())
+      record.id = attributeOf(value, "id");
+    if (!attributeOf(value, "dependency").empty())
+      report(Severity::warning, lineOf(value),
+             "the dependency of parameter " + quote(record.name) +
+                 " is not followed; its value stays as it is written");
+    parameters.list.push_back(std::move(record));
+  });
+}
+
+void RecordReader::completeParameters(ParameterRecords &parameters) {
+  constexpr std::string_view formOf2009 = "/SPIRIT/";
+  parameters.file = file;
+  for (const pugi::xml_attribute &attribute : document.root().attributes())
+    if (std::string_view(attribute.value()).find(formOf2009) !=
+        std::string_view::npos)
+      parameters.areLiteral = true;
+  std::unordered_set<std::string_view> names;
+  for (std::size_t at = 0; at < parameters.list.size(); ++at) {
+    const ParameterRecord &record = parameters.list[at];
+    if (!record.id.empty() && !parameters.byId.emplace(record.id, at).second)
+      report(Severity::warning, record.line,
+             "a second parameter with the id " + quote(record.id) +
+                 "; the first is meant");
+    if (at < parameters.ownCount && !names.insert(record.name).second)
+      report(Severity::warning, record.line,
+             "a second parameter " + quote(record.name) +
+                 "; the first is answered");
+  }
+}
+
+} // namespace ZelDebugDialog

@@ -1,0 +1,120 @@
+#include <dirent.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "xml/DocumentSource.h"
+
+namespace ZelDebugDialog {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A library may hold anything; this much of one file is a mistake.
+constexpr std::uintmax_t largestFile = std::uintmax_t{1} << 30;
+
+bool endsInXml(const fs::path &path) {
+  std::string extension = path.extension().string();
+  std::transform(
+      extension.begin(), extension.end(), extension.begin(),
+      [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return extension == ".xml";
+}
+
+/// A folder, not a link to one: links could lead round in a circle.
+bool isOwnFolder(const fs::path &path) {
+  std::error_code error;
+  return fs::is_directory(fs::symlink_status(path, error));
+}
+
+/// What is in a folder; nothing, where it may not be read. By the system's own
+/// calls: the standard library's iterator ends the program when memory runs
+/// out.
+std::error_code listFolder(const fs::path &folder,
+                           std::vector<fs::path> &entries) {
+  const std::unique_ptr<DIR, int (*)(DIR *)> open(opendir(folder.c_str()),
+                                                  closedir);
+  if (open == nullptr)
+    return {errno == EACCES ? 0 : errno, std::generic_category()};
+  errno = 0;
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody else reads from this one.
+  while (const dirent *const entry = readdir(open.get())) {
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..")
+      entries.push_back(folder / name);
+    errno = 0;
+  }
+  return {errno, std::generic_category()};
+}
+
+} // namespace
+
+DocumentSource::Kind FileSystemSource::kindOf(const std::string &path) const {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (fs::is_directory(status))
+    return Kind::folder;
+  return fs::is_regular_file(status) ? Kind::file : Kind::missing;
+}
+
+std::string FileSystemSource::read(const std::string &path, std::size_t most,
+                                   std::string &text) const {
+  std::error_code error;
+  const fs::file_status status = fs::status(path, error);
+  if (!fs::exists(status))
+    return "there is no such file";
+  if (!fs::is_regular_file(status))
+    return "it is no regular file";
+  const std::uintmax_t size = fs::file_size(path, error);
+  if (error)
+    return "it can not be read: " + error.message();
+  if (size > largestFile)
+    return "it is larger than " + std::to_string(largestFile >> 20) + " MiB";
+  std::ifstream file(path, std::ios::binary);
+  text.resize(static_cast<std::size_t>(
+      std::min<std::uintmax_t>(size, static_cast<std::uintmax_t>(most))));
+  if (!text.empty())
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  return file ? "" : "it can not be read";
+}
+
+std::string FileSystemSource::list(const std::string &folder,
+                                   std::vector<std::string> &files) const {
+  std::vector<fs::path> pending{folder};
+  while (!pending.empty()) {
+    std::vector<fs::path> entries;
+    if (const std::error_code error = listFolder(pending.back(), entries))
+      return "it can not be searched: " + error.message();
+    pending.pop_back();
+    for (fs::path &entry : entries)
+      if (endsInXml(entry) && kindOf(entry) == Kind::file)
+        files.push_back(entry.lexically_normal().string());
+      else if (isOwnFolder(entry))
+        pending.push_back(std::move(entry));
+  }
+  return "";
+}
+
+std::string FileSystemSource::identify(const std::string &path) const {
+  std::error_code error;
+  const fs::path canonical = fs::weakly_canonical(path, error);
+  return error ? path : canonical.string();
+}
+
+std::string folderOf(const std::string &path) {
+  const std::string folder = fs::path(path).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+std::string resolvePath(const std::string &folder, const std::string &path) {
+  return (fs::path(folder) / path).lexically_normal().string();
+}
+
+} // namespace ZelDebugDialog

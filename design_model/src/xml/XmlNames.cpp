@@ -1,0 +1,90 @@
+#include "xml/XmlNames.h"
+
+#include <cstring>
+
+namespace ZelDebugDialog {
+namespace {
+
+bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+/// Only elements have names.
+pugi::xml_node findFrom(pugi::xml_node node, std::string_view name) {
+  while (!node.empty() && !hasLocalName(node.name(), name))
+    node = node.next_sibling();
+  return node;
+}
+
+bool isText(const pugi::xml_node &node) {
+  return node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata;
+}
+
+} // namespace
+
+std::string_view prefixOf(std::string_view name) {
+  const std::size_t colon = name.find(':');
+  return colon == std::string_view::npos ? "" : name.substr(0, colon);
+}
+
+std::string_view localNameOf(std::string_view name) {
+  return name.substr(name.find(':') + 1);
+}
+
+bool hasLocalName(const char *name, std::string_view local) {
+  const char *const colon = std::strchr(name, ':');
+  const char *const start = colon == nullptr ? name : colon + 1;
+  return std::strncmp(start, local.data(), local.size()) == 0 &&
+         start[local.size()] == '\0';
+}
+
+std::string_view localNameOf(const pugi::xml_node &node) {
+  return localNameOf(std::string_view(node.name()));
+}
+
+std::string_view trim(std::string_view text) {
+  while (!text.empty() && isSpace(text.front()))
+    text.remove_prefix(1);
+  while (!text.empty() && isSpace(text.back()))
+    text.remove_suffix(1);
+  return text;
+}
+
+pugi::xml_node findChild(const pugi::xml_node &parent, std::string_view name) {
+  return findFrom(parent.first_child(), name);
+}
+
+pugi::xml_node findNextLike(const pugi::xml_node &node) {
+  return findFrom(node.next_sibling(), localNameOf(node));
+}
+
+std::size_t countChildren(const pugi::xml_node &parent) {
+  std::size_t count = 0;
+  for (pugi::xml_node child = parent.first_child(); !child.empty();
+       child = child.next_sibling())
+    ++count;
+  return count;
+}
+
+std::string textOf(const pugi::xml_node &node) {
+  const pugi::xml_node first = node.first_child();
+  if (isText(first) && first.next_sibling().empty())
+    return std::string(trim(first.value()));
+  std::string text;
+  for (const pugi::xml_node &piece : node.children())
+    if (isText(piece))
+      text += piece.value();
+  return std::string(trim(text));
+}
+
+std::string childText(const pugi::xml_node &parent, std::string_view name) {
+  return textOf(findChild(parent, name));
+}
+
+std::string attributeOf(const pugi::xml_node &node, std::string_view name) {
+  for (pugi::xml_attribute attribute = node.first_attribute();
+       !attribute.empty(); attribute = attribute.next_attribute())
+    if (hasLocalName(attribute.name(), name))
+      return std::string(trim(attribute.value()));
+  return "";
+}
+
+} // namespace ZelDebugDialog

@@ -1,0 +1,241 @@
+#include "line/CommandLine.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "Version.h"
+#include "output/Suggestion.h"
+
+namespace zeldebug {
+
+namespace {
+
+constexpr std::size_t optionColumn = 34;
+
+/// The words of the line, last one first, as CLI11 takes them. "--name="
+/// becomes two words: CLI11 would take the word behind it for the missing
+/// value.
+std::vector<std::string> wordsOf(int argc, const char *const *argv) {
+  std::vector<std::string> words;
+  for (int i = 1; i < argc; ++i) {
+    std::string word = argv[i];
+    const bool emptyValue = word.size() > 3 && word.compare(0, 2, "--") == 0 &&
+                            word.find('=') == word.size() - 1;
+    if (emptyValue)
+      word.pop_back();
+    words.push_back(std::move(word));
+    if (emptyValue)
+      words.emplace_back();
+  }
+  std::reverse(words.begin(), words.end());
+  return words;
+}
+
+std::string nameIn(const std::string &word) {
+  return word.substr(0, word.find('='));
+}
+
+/// The long name of each option, or the short one where it is the only one.
+std::vector<std::string> optionNames(const CLI::App &app) {
+  std::vector<std::string> names;
+  for (const CLI::Option *option : app.get_options())
+    if (!option->get_lnames().empty())
+      names.push_back("--" + option->get_lnames().front());
+    else if (!option->get_snames().empty())
+      names.push_back("-" + option->get_snames().front());
+  return names;
+}
+
+bool hasFlag(const CLI::App &app, const std::string &name) {
+  const std::vector<const CLI::Option *> options = app.get_options();
+  return std::any_of(options.begin(), options.end(),
+                     [&name](const CLI::Option *option) {
+                       return option->get_items_expected_max() == 0 &&
+                              option->check_name(name);
+                     });
+}
+
+bool takesCommands(const CLI::App &app) {
+  const std::vector<const CLI::Option *> options = app.get_options();
+  return std::any_of(options.begin(), options.end(),
+                     [](const CLI::Option *option) {
+                       return option->get_positional() &&
+                              option->get_name().find("COMMAND") == 0;
+                     });
+}
+
+Failure unknownOption(const CLI::App &app, const std::string &word) {
+  const std::string name = nameIn(word);
+  const bool singleDash = name.size() > 2 && name[1] != '-';
+  const std::string wanted = singleDash ? "-" + name : name;
+  const std::vector<std::string> names = optionNames(app);
+  std::string text =
+      fmt::format("unknown option '{}' of '{}'; there are {}{}", name,
+                  app.get_name(), quotedList(names), didYouMean(wanted, names));
+  if (singleDash && takesCommands(app))
+    text += "; a connect command is one argument: put it in quotes";
+  return {ExitStatus::wrongUse, text};
+}
+
+/// The words of the line up to a "--", behind which nothing is an option.
+std::vector<std::string> optionWordsOf(int argc, const char *const *argv) {
+  std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+  words.erase(std::find(words.begin(), words.end(), "--"), words.end());
+  return words;
+}
+
+/// Also for a flag with a value, which is refused.
+bool asksForJson(const std::vector<std::string> &words) {
+  return std::any_of(words.begin(), words.end(), [](const std::string &word) {
+    return nameIn(word) == "--json";
+  });
+}
+
+} // namespace
+
+CommandLine::CommandLine()
+    : app("Debug configurations for the processors of an FPGA design: list the "
+          "processors, make and save connect commands, read and check them.",
+          "zeldebug") {
+  app.require_subcommand(1);
+  app.allow_extras();
+  app.set_help_flag("-h,--help", "print this help");
+  app.set_version_flag("--version", fmt::format("zeldebug {}", version),
+                       "print the version");
+  app.get_formatter()->column_width(optionColumn);
+  std::string ending = "Example:\n  zeldebug list board.xml\n\n"
+                       "'zeldebug SUBCOMMAND --help' tells more, each with an "
+                       "example.\n\nExit status:\n";
+  for (const ExitText &text : exitTexts)
+    ending +=
+        fmt::format("  {}  {}\n", static_cast<int>(text.status), text.text);
+  app.footer(ending);
+  addCommonOptions(app);
+}
+
+void CommandLine::addCommonOptions(CLI::App &target) {
+  target.add_flag(
+      "--json", jsonWanted,
+      "print one JSON document; everything else goes to standard error");
+  completeWith(target
+                   .add_option("-C", folder,
+                               "working directory, whose folder etc/ holds the "
+                               "option files (default: the current one)")
+                   ->type_name("DIR"),
+               ValueKind::folder);
+}
+
+CLI::App &CommandLine::addSubcommand(const std::string &name,
+                                     const std::string &summary,
+                                     const std::string &example, Runner run) {
+  CLI::App *subcommand = app.add_subcommand(name, summary);
+  subcommand->footer("Example:\n  " + example);
+  addCommonOptions(*subcommand);
+  subcommands.push_back({subcommand, std::move(run), example});
+  return *subcommand;
+}
+
+void CommandLine::completeWith(const CLI::Option *option, ValueKind kind) {
+  kinds[option] = kind;
+}
+
+ValueKind CommandLine::kindOf(const CLI::Option *option) const {
+  const auto found = kinds.find(option);
+  return found == kinds.end() ? ValueKind::text : found->second;
+}
+
+std::vector<CommandLine::Subcommand> CommandLine::visible() const {
+  std::vector<Subcommand> found;
+  for (const Subcommand &subcommand : subcommands)
+    if (!subcommand.app->get_group().empty())
+      found.push_back(subcommand);
+  return found;
+}
+
+const CommandLine::Subcommand *CommandLine::chosen() const {
+  for (const Subcommand &subcommand : subcommands)
+    if (subcommand.app->parsed())
+      return &subcommand;
+  return nullptr;
+}
+
+void CommandLine::expectNothingUnknown(int argc,
+                                       const char *const *argv) const {
+  const Subcommand *subcommand = chosen();
+  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
+  std::vector<std::string> unknown = app.remaining(false);
+  const std::vector<std::string> more = where.remaining(false);
+  if (subcommand != nullptr)
+    unknown.insert(unknown.end(), more.begin(), more.end());
+  // CLI11 keeps options and arguments apart; the user's first slip counts.
+  for (int i = 1; i < argc; ++i) {
+    const std::string word = argv[i];
+    const bool endsOptions = word == "--";
+    if (endsOptions ||
+        std::find(unknown.begin(), unknown.end(), word) == unknown.end())
+      continue;
+    if (word.size() > 1 && word[0] == '-')
+      throw unknownOption(where, word);
+    if (subcommand != nullptr)
+      throw Failure(
+          ExitStatus::wrongUse,
+          fmt::format("'{}' takes no more arguments, but '{}' is left",
+                      where.get_name(), word));
+    std::vector<std::string> names;
+    for (const Subcommand &known : visible())
+      names.push_back(known.app->get_name());
+    throw Failure(ExitStatus::wrongUse,
+                  fmt::format("unknown subcommand '{}'; there are {}{}", word,
+                              quotedList(names), didYouMean(word, names)));
+  }
+}
+
+/// CLI11 takes some values of a flag for its presence, or for how often it is
+/// given.
+void CommandLine::expectFlagsAlone(
+    const std::vector<std::string> &words) const {
+  const Subcommand *subcommand = chosen();
+  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
+  for (const std::string &word : words) {
+    const std::string name = nameIn(word);
+    if (name != word && name.compare(0, 2, "--") == 0 && hasFlag(where, name))
+      throw Failure(ExitStatus::wrongUse,
+                    fmt::format("{} takes no value: '{}'", name, word));
+  }
+}
+
+void CommandLine::nameSubcommand(Output &output) const {
+  const Subcommand *subcommand = chosen();
+  if (subcommand != nullptr)
+    output.setSubcommand(subcommand->app->get_name());
+}
+
+ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
+  const std::vector<std::string> words = optionWordsOf(argc, argv);
+  if (asksForJson(words))
+    output.useJson();
+  try {
+    app.parse(wordsOf(argc, argv));
+  } catch (const CLI::CallForHelp &) {
+    nameSubcommand(output);
+    const Subcommand *subcommand = chosen();
+    output.print(subcommand == nullptr ? app.help()
+                                       : subcommand->app->help("zeldebug"));
+    return ExitStatus::done;
+  } catch (const CLI::CallForVersion &) {
+    output.printLine(app.version());
+    return ExitStatus::done;
+  } catch (const CLI::ParseError &problem) {
+    nameSubcommand(output);
+    expectFlagsAlone(words);
+    expectNothingUnknown(argc, argv);
+    throw Failure(ExitStatus::wrongUse, problem.what());
+  }
+  nameSubcommand(output);
+  expectFlagsAlone(words);
+  expectNothingUnknown(argc, argv);
+  return chosen()->run(output);
+}
+
+} // namespace zeldebug

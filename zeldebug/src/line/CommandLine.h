@@ -1,0 +1,91 @@
+// The command line: subcommands with their options, help, wrong use. Help, the
+// manual page and completion are all made from what is registered here.
+#ifndef ZELDEBUG_COMMANDLINE_H
+#define ZELDEBUG_COMMANDLINE_H
+
+#include <array>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include <CLI/CLI.hpp>
+
+#include "output/Output.h"
+
+namespace zeldebug {
+
+/// What completion offers for a value.
+enum class ValueKind {
+  text, ///< nothing
+  file,
+  folder,
+  cable,
+  frequency,
+  connection,
+  device,
+  processor,
+  diagnosticCode,
+  shell,
+};
+
+struct ExitText {
+  ExitStatus status;
+  const char *text;
+};
+
+constexpr std::array<ExitText, 4> exitTexts{{
+    {ExitStatus::done, "done"},
+    {ExitStatus::refused, "refused, or a check failed"},
+    {ExitStatus::wrongUse,
+     "wrong use: an unknown option, a value that is not accepted"},
+    {ExitStatus::unreadable, "a file could not be read or understood"},
+}};
+
+class CommandLine {
+public:
+  using Runner = std::function<ExitStatus(Output &)>;
+
+  struct Subcommand {
+    CLI::App *app;
+    Runner run;
+    std::string example;
+  };
+
+  CommandLine();
+
+  /// Adds a subcommand with its help text. The runner is called when it is
+  /// chosen and the whole line has been read.
+  CLI::App &addSubcommand(const std::string &name, const std::string &summary,
+                          const std::string &example, Runner run);
+  /// Says what stands for values of `option`.
+  void completeWith(const CLI::Option *option, ValueKind kind);
+
+  /// Reads the line and runs what it asks for. @throws Failure.
+  ExitStatus run(int argc, const char *const *argv, Output &output);
+
+  const CLI::App &application() const { return app; }
+  const std::vector<Subcommand> &all() const { return subcommands; }
+  /// Those that are meant for people.
+  std::vector<Subcommand> visible() const;
+  ValueKind kindOf(const CLI::Option *option) const;
+  /// The folder of -C; "." without it.
+  const std::string &workingFolder() const { return folder; }
+
+private:
+  void addCommonOptions(CLI::App &target);
+  const Subcommand *chosen() const;
+  void nameSubcommand(Output &output) const;
+  void expectFlagsAlone(const std::vector<std::string> &words) const;
+  void expectNothingUnknown(int argc, const char *const *argv) const;
+
+  CLI::App app;
+  std::vector<Subcommand> subcommands;
+  std::map<const CLI::Option *, ValueKind> kinds;
+  std::string folder = ".";
+  bool jsonWanted = false;
+};
+
+} // namespace zeldebug
+
+#endif

@@ -1,0 +1,30 @@
+// Rows of text in aligned columns.
+#ifndef ZELDEBUG_TABLE_H
+#define ZELDEBUG_TABLE_H
+
+#include <string>
+#include <vector>
+
+#include "output/Output.h"
+
+namespace zeldebug {
+
+class Table {
+public:
+  explicit Table(std::vector<std::string> headings)
+      : head(std::move(headings)) {}
+
+  void addRow(std::vector<std::string> row) { rows.push_back(std::move(row)); }
+  bool empty() const { return rows.empty(); }
+  /// Two blanks between columns, nothing behind the last; bytes that are no
+  /// text are shown as \xNN.
+  void print(Output &output) const;
+
+private:
+  std::vector<std::string> head;
+  std::vector<std::vector<std::string>> rows;
+};
+
+} // namespace zeldebug
+
+#endif
