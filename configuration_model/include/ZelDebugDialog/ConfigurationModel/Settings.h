@@ -1,0 +1,87 @@
+// The table of settings: everything that a dialog, a tool or a document needs
+// to know of a setting before there is a configuration.
+//
+// One row a setting, in the order in which dialogs show them. The table is made
+// once and never changes; usable from any thread.
+//
+//   for (const SettingInfo &setting : GetSettings())
+//     if (setting.settable)
+//       addToForm(setting.group, setting.label, setting.help);
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_H
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ZelDebugDialog/ConfigurationModel/Export.h"
+#include "ZelDebugDialog/ConfigurationModel/Value.h"
+
+namespace ZelDebugDialog {
+
+/// What a setting is to the person who sets it.
+enum class SettingKind : std::uint8_t {
+  flag,      ///< on or off
+  number,    ///< a whole number
+  address,   ///< 32 bits, hexadecimal; 0xFFFFFFFF is "not set"
+  frequency, ///< in hertz; a text may end with "Hz", "kHz" or "MHz"
+  text,      ///< one word of a command
+  file,      ///< a text that names a file or a device
+  word,      ///< one of a few
+  chain,     ///< the devices of the JTAG chain, changed as a whole
+};
+
+/// "flag", "number", ...
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const char *ShowKind(SettingKind kind);
+
+/// One of the values of a setting that has few.
+struct Choice {
+  Value value;       ///< What the setting is then.
+  std::string text;  ///< The word that a person types, such as "quorla_podusb".
+  std::string label; ///< For a list of choices.
+};
+
+/// One setting.
+struct SettingInfo {
+  /// Its name everywhere: "debugDevice", "cable.frequency",
+  /// "chain[].partname".
+  std::string id;
+  std::string group; ///< What it belongs to, as a heading: "Cable".
+  std::string label; ///< Its name for people: "Frequency".
+  std::string help;  ///< One sentence.
+  SettingKind kind = SettingKind::text;
+  std::string unit; ///< "Hz", "bytes", "bit/s", "ms", "bits"; may be empty.
+  /// Of numbers, addresses and frequencies: what a change takes.
+  std::optional<std::int64_t> minimum;
+  std::optional<std::int64_t> maximum;
+  /// Whether a change takes it. What says which processor it is, and what
+  /// follows from other settings, is only shown.
+  bool settable = true;
+  /// The settings that its writer looks at as well: whether it is applicable is
+  /// a question to all of them.
+  std::vector<std::string> together;
+  std::vector<Choice> choices; ///< Of words; empty for the others.
+  /// The option of `zeldebug set` that sets it; empty: `--settings` does.
+  std::string option;
+};
+
+/// All settings. The fields of a chain's devices have rows of their own
+/// ("chain[].idcode"), which describe them; a change sets the whole "chain".
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const std::vector<SettingInfo> &
+GetSettings();
+
+/// @param id  a name of the table; "chain[2].idcode" stands for
+///   "chain[].idcode"
+/// @return null for a name that is none
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const SettingInfo *
+FindSetting(std::string_view id);
+
+/// A value for people: "quorla_podusb", "3 MHz", "0x40000000", "not set".
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
+ShowValue(const SettingInfo &setting, const Value &value);
+
+} // namespace ZelDebugDialog
+
+#endif
