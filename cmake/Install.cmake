@@ -70,6 +70,16 @@ function(zeldebugdialog_install_design_model)
         "IP-XACT designs for ZelDebugDialog" -lZelDebugDialogDesignModel pugixml -lstdc++)
 endfunction()
 
+function(zeldebugdialog_install_configuration_model)
+    zeldebugdialog_install_library(ZelDebugDialogConfigurationModel ConfigurationModel
+        ZelDebugDialogConfigurationModelTargets)
+    zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/configuration_model/include)
+    zeldebugdialog_install_targets(ZelDebugDialogConfigurationModelTargets)
+    zeldebugdialog_install_pkg_config(zeldebugdialog-configuration-model
+        "What stands between ZelDebugDialog's engine and people"
+        -lZelDebugDialogConfigurationModel "zeldebugdialog fmt" -lstdc++)
+endfunction()
+
 function(zeldebugdialog_install_tool)
     file(RELATIVE_PATH libraries_from_here
         ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
@@ -95,6 +105,9 @@ function(zeldebugdialog_install_package)
     zeldebugdialog_install_engine()
     if(ZELDEBUGDIALOG_DESIGN_MODEL)
         zeldebugdialog_install_design_model()
+    endif()
+    if(ZELDEBUGDIALOG_CONFIGURATION_MODEL)
+        zeldebugdialog_install_configuration_model()
     endif()
     if(ZELDEBUGDIALOG_TOOL)
         zeldebugdialog_install_tool()

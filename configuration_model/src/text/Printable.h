@@ -1,0 +1,14 @@
+// Texts of files and command lines, made fit to be shown.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ZelDebugDialog::model {
+
+/// `text` with every control character (those of C1 included) and every byte
+/// that belongs to no UTF-8 written as \xNN: neither a terminal nor a table is
+/// upset by the bytes of a damaged file.
+std::string printable(std::string_view text);
+
+} // namespace ZelDebugDialog::model

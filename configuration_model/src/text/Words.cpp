@@ -1,0 +1,65 @@
+#include "text/Words.h"
+
+#include <cstddef>
+
+namespace ZelDebugDialog::model {
+
+namespace {
+
+constexpr std::string_view blanks = " \t";
+constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+
+bool hasAny(std::string_view text, std::string_view characters) {
+  return text.find_first_of(characters) != std::string_view::npos;
+}
+
+/// A minus sign with a digit behind it leads a number.
+bool looksLikeOption(std::string_view text) {
+  const bool leadsWithDigit =
+      text.size() > 1 && text[1] >= '0' && text[1] <= '9';
+  return text[0] == '-' && !leadsWithDigit;
+}
+
+} // namespace
+
+std::optional<NoWord> whyNoOpaqueWord(std::string_view text, WordPlace place) {
+  if (text.empty())
+    return NoWord{"it is empty, and a command cannot carry an empty value",
+                  "empty-text"};
+  const bool isOfFile = place == WordPlace::optionFile && !hasAny(text, blanks);
+  if (isOfFile && hasAny(text, "\n"))
+    return NoWord{"it holds a line break, and the line of an option file ends "
+                  "there",
+                  "lines-in-file"};
+  if (isOfFile && hasAny(text, std::string_view("\0", 1)))
+    return NoWord{"it holds a null byte, and the line of an option file ends "
+                  "there",
+                  "lines-in-file"};
+  if (hasAny(text, whiteSpace))
+    return NoWord{"it holds white space, and a command ends its words there",
+                  "white-space"};
+  return std::nullopt;
+}
+
+std::optional<NoWord> whyNoWord(std::string_view text, WordPlace place) {
+  if (const auto problem = whyNoOpaqueWord(text, place))
+    return problem;
+  if (looksLikeOption(text))
+    return NoWord{
+        "it begins with '-', and a command takes it for an option word",
+        "leading-minus"};
+  return std::nullopt;
+}
+
+std::optional<NoWord> whyNoWords(std::string_view text, WordPlace place) {
+  std::size_t start = 0;
+  for (;;) {
+    const std::size_t end = text.find(';', start);
+    const auto problem = whyNoWord(text.substr(start, end - start), place);
+    if (problem || end == std::string_view::npos)
+      return problem;
+    start = end + 1;
+  }
+}
+
+} // namespace ZelDebugDialog::model

@@ -1,0 +1,36 @@
+// Texts that become one value word of a connect command.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace ZelDebugDialog::model {
+
+/// Where the command is written to.
+enum class WordPlace : std::uint8_t {
+  command,    ///< anywhere
+  optionFile, ///< a line of a file, which ends at a line break or a null byte
+};
+
+/// Why a text cannot be one value word.
+struct NoWord {
+  const char *reason; ///< "it is empty, ...": a clause
+  const char *code;   ///< known to `FindCode`, an anchor of docs/round-trip.md
+};
+
+/// @return nothing for what can.
+std::optional<NoWord> whyNoWord(std::string_view text,
+                                WordPlace place = WordPlace::command);
+
+/// The same for words with ';' between them, each of which becomes one.
+std::optional<NoWord> whyNoWords(std::string_view text,
+                                 WordPlace place = WordPlace::command);
+
+/// The same for a text that readers take whatever it begins with: a simulator
+/// file, a host.
+std::optional<NoWord> whyNoOpaqueWord(std::string_view text,
+                                      WordPlace place = WordPlace::command);
+
+} // namespace ZelDebugDialog::model

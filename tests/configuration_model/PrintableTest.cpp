@@ -1,0 +1,73 @@
+// Texts made fit to be shown.
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "text/Printable.h"
+
+namespace {
+
+using ZelDebugDialog::model::printable;
+
+struct Row {
+  std::string text;
+  const char *shown;
+};
+
+TEST(Printable, LeavesWhatCanBeShown) {
+  const Row rows[] = {
+      {"", ""},
+      {" ~", " ~"},
+      {"a\\x00", "a\\x00"},
+      {"\xC2\xA0", "\xC2\xA0"},
+      {"\xC3\xBC", "\xC3\xBC"},
+      {"\xE0\xA0\x80", "\xE0\xA0\x80"},
+      {"\xED\x9F\xBF\xEE\x80\x80", "\xED\x9F\xBF\xEE\x80\x80"},
+      {"\xF0\x90\x80\x80", "\xF0\x90\x80\x80"},
+      {"\xF4\x8F\xBF\xBF", "\xF4\x8F\xBF\xBF"},
+  };
+  for (const Row &row : rows)
+    EXPECT_EQ(printable(row.text), row.shown);
+}
+
+TEST(Printable, EscapesControlCharacters) {
+  const Row rows[] = {
+      {std::string("\0", 1), "\\x00"},
+      {"\t\n", "\\x09\\x0a"},
+      {"\x1b[31m", "\\x1b[31m"},
+      {"\x1f ", "\\x1f "},
+      {"~\x7f", "~\\x7f"},
+      {"\xC2\x80\xC2\x9F", "\\xc2\\x80\\xc2\\x9f"},
+  };
+  for (const Row &row : rows)
+    EXPECT_EQ(printable(row.text), row.shown);
+}
+
+TEST(Printable, EscapesBytesThatAreNoUtf8) {
+  const Row rows[] = {
+      {"\x80", "\\x80"},
+      {"\xBF", "\\xbf"},
+      // Longer than it need be.
+      {"\xC0\x80", "\\xc0\\x80"},
+      {"\xC1\xBF", "\\xc1\\xbf"},
+      {"\xE0\x9F\xBF", "\\xe0\\x9f\\xbf"},
+      {"\xF0\x8F\xBF\xBF", "\\xf0\\x8f\\xbf\\xbf"},
+      // Surrogates, and what lies beyond the last character.
+      {"\xED\xA0\x80", "\\xed\\xa0\\x80"},
+      {"\xED\xBF\xBF", "\\xed\\xbf\\xbf"},
+      {"\xF4\x90\x80\x80", "\\xf4\\x90\\x80\\x80"},
+      {"\xF5\x80\x80\x80", "\\xf5\\x80\\x80\\x80"},
+      {"\xFF", "\\xff"},
+      // Cut short, and going on in a way that it should not.
+      {"a\xC3", "a\\xc3"},
+      {"\xC3z", "\\xc3z"},
+      {"\xE2\x82", "\\xe2\\x82"},
+      {"\xE2\x82z", "\\xe2\\x82z"},
+      {"\xF0\x9F\x98", "\\xf0\\x9f\\x98"},
+      {"\xF0\x9F\x98\xC3\xBC", "\\xf0\\x9f\\x98\xC3\xBC"},
+  };
+  for (const Row &row : rows)
+    EXPECT_EQ(printable(row.text), row.shown);
+}
+
+} // namespace
