@@ -48,8 +48,8 @@ Refusal::Refusal(RefusalKind refusalKind, const std::string &subject,
     : std::runtime_error(subject.empty() ? problemText
                                          : subject + ": " + problemText),
       kind(refusalKind), problem(std::move(problemText)) {}
-Refusal::Refusal(const Refusal &other) = default;
-Refusal &Refusal::operator=(const Refusal &other) = default;
+Refusal::Refusal(const Refusal &copied) = default;
+Refusal &Refusal::operator=(const Refusal &copied) = default;
 Refusal::~Refusal() = default;
 
 } // namespace ZelDebugDialog

@@ -184,20 +184,15 @@ Value expectWordValue(const SettingRow &row, const Value &asked) {
 
 std::optional<NoWord> problemOfText(const SettingRow &row,
                                     const std::string &text) {
-  if (row.textRule != TextRule::words) {
-    const auto problem = whyNoWord(text);
-    const bool isTaken = row.textRule == TextRule::anyWord && problem &&
-                         problem->code == std::string_view("leading-minus");
-    return isTaken ? std::nullopt : problem;
+  switch (row.textRule) {
+  case TextRule::words:
+    return whyNoWords(text);
+  case TextRule::anyWord:
+    return whyNoOpaqueWord(text);
+  case TextRule::word:
+    break;
   }
-  std::size_t start = 0;
-  for (;;) {
-    const std::size_t end = text.find(';', start);
-    const auto problem = whyNoWord(text.substr(start, end - start));
-    if (problem || end == std::string::npos)
-      return problem;
-    start = end + 1;
-  }
+  return whyNoWord(text);
 }
 
 Value expectTextValue(const SettingRow &row, const Value &asked) {

@@ -54,8 +54,8 @@ public:
   /// @param subject  what it is about, in front of the problem; may be empty
   Refusal(RefusalKind refusalKind, const std::string &subject,
           std::string problem);
-  Refusal(const Refusal &other);
-  Refusal &operator=(const Refusal &other);
+  Refusal(const Refusal &copied);
+  Refusal &operator=(const Refusal &copied);
   ~Refusal() override;
 
   RefusalKind kind; ///< What kind of thing was wrong.
