@@ -8,8 +8,8 @@
 //
 // Threads. An engine is used by one thread at a time, and two engines in two
 // threads are not allowed: all that read a command (`SetProcessor`,
-// `ParseProcessorInfo`, `ParseJtagCableInfo`, `SetPluginCableOptions`,
-// `Set3rdPartyCableOptions`, and what KvoOption_Parser.h, CommandTrace.h and
+// `SetProcessorFrom`, `ParseProcessorInfo`, `ParseJtagCableInfo`,
+// `SetPluginCableOptions`, `Set3rdPartyCableOptions`, and what KvoOption_Parser.h, CommandTrace.h and
 // `EngineImp::GetProcessorInfo` offer) share one string of the process,
 // `KvoOption_Parser::current_option`. A program that needs two takes one lock
 // around every call of either.
@@ -346,6 +346,13 @@ public:
   ///   current with default settings; 2 with "Processor Instance ... cannot be
   ///   Debugged !!, ..."; 3 as above.
   int SetProcessor(std::string name, ProcessorInfo &info);
+  /// The same from the option file at `path`, wherever the process works.
+  /// @param name  its instance name; the file may be named otherwise.
+  /// @param info  as above.
+  /// @param path  a regular file.
+  /// @return as above.
+  int SetProcessorFrom(std::string name, ProcessorInfo &info,
+                       const std::string &path);
   /// @return the number of a processor of the list (-128 to 127); -1 with
   ///   "Processor Instance ... cannot be debugged!!" for an unknown name.
   int GetProcessorNr(std::string name);

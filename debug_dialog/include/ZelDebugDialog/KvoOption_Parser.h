@@ -63,6 +63,14 @@ public:
   static int ReadKvoOptFile(std::string processorName, EngineImp &imp);
   /// See `Engine::Generate`.
   static int WriteKvoOptFile(EngineImp &imp);
+  /// As `ReadKvoOptFile`, from the file at `path`: the working directory counts
+  /// only where `path` is relative.
+  /// @return 0; 3 refused; 4 no such regular file, or nothing in it.
+  static int ReadKvoOptFileFrom(const std::string &path, EngineImp &imp);
+  /// As `WriteKvoOptFile`, into the file at `path`. Its folder is not made.
+  /// @return 0; 1 no command, the file is untouched; 4 "Error Opening File",
+  ///   the command is stored in the record.
+  static int WriteKvoOptFileTo(const std::string &path, EngineImp &imp);
 
   // --- Targets: what follows the target word. 0 read, 2 refused -------------
 

@@ -113,40 +113,64 @@ std::string readFirstLine(RegularFile &file) {
   return line;
 }
 
+int readOptionFile(const std::string &path, EngineImp &imp) {
+  std::string line;
+  {
+    RegularFile file(path, O_RDONLY);
+    if (!file.isOpen())
+      return result::noOptionFile;
+    line = readFirstLine(file);
+  }
+  if (line.empty())
+    return result::noOptionFile;
+  currentRecord(imp).connectCommand = line;
+  WordCursor<NoObserver> cursor(line);
+  return readCommand(cursor, imp, CommandSource::optionFile);
+}
+
+/// `pathOf` is asked for the file's place once there is a command.
+template <class PathOf>
+int writeOptionFile(EngineImp &imp, const PathOf &pathOf) {
+  std::string command;
+  if (!composeCommand(command, imp))
+    return result::notSet;
+  ProcessorInfoImp &record = currentRecord(imp);
+  record.connectCommand = command;
+  RegularFile file(pathOf(record), O_WRONLY | O_CREAT);
+  if (!file.isOpen() || !file.empty()) {
+    setMessage(imp, cannotOpen);
+    return result::noOptionFile;
+  }
+  file.write(command);
+  return result::done;
+}
+
 } // namespace
 
 } // namespace kvo
 
 int KvoOption_Parser::ReadKvoOptFile(std::string processorName,
                                      EngineImp &imp) {
-  std::string line;
-  {
-    kvo::RegularFile file(kvo::optionFilePath(processorName), O_RDONLY);
-    if (!file.isOpen())
-      return result::noOptionFile;
-    line = kvo::readFirstLine(file);
-  }
-  if (line.empty())
-    return result::noOptionFile;
-  currentRecord(imp).connectCommand = line;
-  kvo::WordCursor<kvo::NoObserver> cursor(line);
-  return kvo::readCommand(cursor, imp, kvo::CommandSource::optionFile);
+  return kvo::readOptionFile(kvo::optionFilePath(processorName), imp);
+}
+
+int KvoOption_Parser::ReadKvoOptFileFrom(const std::string &path,
+                                         EngineImp &imp) {
+  return kvo::readOptionFile(path, imp);
 }
 
 int KvoOption_Parser::WriteKvoOptFile(EngineImp &imp) {
-  std::string command;
-  if (!kvo::composeCommand(command, imp))
-    return result::notSet;
-  ProcessorInfoImp &record = currentRecord(imp);
-  record.connectCommand = command;
-  kvo::RegularFile file(kvo::optionFilePath(record.instanceName),
-                        O_WRONLY | O_CREAT);
-  if (!file.isOpen() || !file.empty()) {
-    kvo::setMessage(imp, kvo::cannotOpen);
-    return result::noOptionFile;
-  }
-  file.write(command);
-  return result::done;
+  return kvo::writeOptionFile(imp, [](const ProcessorInfoImp &record) {
+    return kvo::optionFilePath(record.instanceName);
+  });
+}
+
+int KvoOption_Parser::WriteKvoOptFileTo(const std::string &path,
+                                        EngineImp &imp) {
+  return kvo::writeOptionFile(
+      imp, [&path](const ProcessorInfoImp & /*record*/) -> const std::string & {
+        return path;
+      });
 }
 
 } // namespace ZelDebugDialog

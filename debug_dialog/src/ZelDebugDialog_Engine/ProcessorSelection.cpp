@@ -206,6 +206,13 @@ int Engine::SetProcessor(std::string name, ProcessorInfo &info) {
                 [&] { return KvoOption_Parser::ReadKvoOptFile(name, *imp); });
 }
 
+int Engine::SetProcessorFrom(std::string name, ProcessorInfo &info,
+                             const std::string &path) {
+  return select(*imp, name, notDebuggable, info, [&] {
+    return KvoOption_Parser::ReadKvoOptFileFrom(path, *imp);
+  });
+}
+
 int Engine::GetProcessorNr(std::string name) {
   const ProcessorInfoImp *const record = findByName(*imp, name);
   if (record == nullptr) {
