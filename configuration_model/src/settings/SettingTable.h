@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -21,29 +22,36 @@ enum class TextRule : std::uint8_t {
 };
 
 struct SettingRow {
-  using Member = std::variant<
-      std::monostate, ///< made of others: `get` and `set`
-      std::string ProcessorInfoImp::*, bool ProcessorInfoImp::*,
-      std::uint32_t ProcessorInfoImp::*, std::int32_t ProcessorInfoImp::*,
-      std::int8_t ProcessorInfoImp::*, std::string CableOption::*,
-      std::uint32_t CableOption::*, Engine::CableType CableOption::*,
-      std::string JtagOption::*, std::uint32_t JtagOption::*,
-      std::int8_t JtagOption::*, std::uint8_t JtagOption::*,
-      std::uint32_t Snapshot::*>;
+  using Member =
+      std::variant<std::monostate, ///< made of others: `get` and `set`
+                   std::string ProcessorInfoImp::*, bool ProcessorInfoImp::*,
+                   std::uint32_t ProcessorInfoImp::*,
+                   std::int32_t ProcessorInfoImp::*,
+                   std::int8_t ProcessorInfoImp::*, std::string CableOption::*,
+                   std::uint32_t CableOption::*,
+                   Engine::CableType CableOption::*, std::string JtagOption::*,
+                   std::uint32_t JtagOption::*, std::int8_t JtagOption::*,
+                   std::uint8_t JtagOption::*, std::uint32_t Snapshot::*>;
 
   SettingInfo info;
   Member member;
   TextRule textRule = TextRule::word;
+  std::vector<Choice> synonyms; ///< other words that are taken for a choice
   /// Says which processor it is; a default does not apply to it.
   bool isIdentity = false;
   /// The code of what a reader refuses of the words that carry it, for what is
   /// no affair of the text alone; empty: it refuses nothing.
   std::string refusedCode;
+  std::int64_t step = 1;      ///< what a number is a multiple of, unless unset
+  bool isHexadecimal = false; ///< how a number is shown
+  /// Why a change of it changes others; empty: it changes no others.
+  std::string effect;
   Value (*get)(const Snapshot &) = nullptr;
   void (*set)(Snapshot &, const Value &) = nullptr;
 
-  bool isOfDevice() const; ///< a field of the chain's devices
-  bool isOfCable() const;  ///< starts anew with another cable
+  bool isOfDevice() const;         ///< a field of the chain's devices
+  std::string deviceField() const; ///< of such a row, its name in the device
+  bool isOfCable() const;          ///< starts anew with another cable
 };
 
 /// In the order of `GetSettings`.

@@ -51,12 +51,16 @@ ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const char *ShowKind(RefusalKind kind);
 class ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Refusal
     : public std::runtime_error {
 public:
-  Refusal(RefusalKind refusalKind, const std::string &message);
-  Refusal(const Refusal &other);
-  Refusal &operator=(const Refusal &other);
+  /// @param subject  what it is about, in front of the problem; may be empty
+  Refusal(RefusalKind refusalKind, const std::string &subject,
+          std::string problem);
+  Refusal(const Refusal &copied);
+  Refusal &operator=(const Refusal &copied);
   ~Refusal() override;
 
-  RefusalKind kind;                  ///< What kind of thing was wrong.
+  RefusalKind kind; ///< What kind of thing was wrong.
+  /// What is wrong, without its subject: "'200' is no number from 0 to 127".
+  std::string problem;
   std::string setting;               ///< The setting at fault.
   std::string other;                 ///< The one that it excludes.
   std::string value;                 ///< What was given, as a text.

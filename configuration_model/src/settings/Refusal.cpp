@@ -1,0 +1,55 @@
+#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+
+#include <array>
+#include <utility>
+
+namespace ZelDebugDialog {
+
+namespace {
+
+struct KindWord {
+  RefusalKind kind;
+  const char *word;
+};
+
+constexpr std::array<KindWord, 19> kindWords{{
+    {RefusalKind::unknownProcessor, "unknown-processor"},
+    {RefusalKind::notDebuggable, "not-debuggable"},
+    {RefusalKind::unknownSetting, "unknown-setting"},
+    {RefusalKind::notSettable, "not-settable"},
+    {RefusalKind::badValue, "bad-value"},
+    {RefusalKind::notAllowed, "not-allowed"},
+    {RefusalKind::excluded, "excluded"},
+    {RefusalKind::badCommand, "bad-command"},
+    {RefusalKind::nothingToUndo, "nothing-to-undo"},
+    {RefusalKind::nothingToRedo, "nothing-to-redo"},
+    {RefusalKind::unreadable, "unreadable"},
+    {RefusalKind::wouldBeLost, "would-be-lost"},
+    {RefusalKind::changedOnDisk, "changed-on-disk"},
+    {RefusalKind::readOnly, "read-only"},
+    {RefusalKind::draft, "draft"},
+    {RefusalKind::noCommand, "no-command"},
+    {RefusalKind::noRegularFile, "no-regular-file"},
+    {RefusalKind::noFolder, "no-folder"},
+    {RefusalKind::fileSystem, "file-system"},
+}};
+
+} // namespace
+
+const char *ShowKind(RefusalKind kind) {
+  for (const KindWord &row : kindWords)
+    if (row.kind == kind)
+      return row.word;
+  return "";
+}
+
+Refusal::Refusal(RefusalKind refusalKind, const std::string &subject,
+                 std::string problemText)
+    : std::runtime_error(subject.empty() ? problemText
+                                         : subject + ": " + problemText),
+      kind(refusalKind), problem(std::move(problemText)) {}
+Refusal::Refusal(const Refusal &copied) = default;
+Refusal &Refusal::operator=(const Refusal &copied) = default;
+Refusal::~Refusal() = default;
+
+} // namespace ZelDebugDialog

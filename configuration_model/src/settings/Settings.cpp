@@ -1,0 +1,117 @@
+#include "ZelDebugDialog/ConfigurationModel/Settings.h"
+
+#include <array>
+
+#include <fmt/format.h>
+
+#include "settings/SettingTable.h"
+#include "text/Printable.h"
+
+namespace ZelDebugDialog {
+
+namespace {
+
+constexpr std::int64_t unsetAddress = 0xFFFFFFFF;
+
+struct KindWord {
+  SettingKind kind;
+  const char *word;
+};
+
+constexpr std::array<KindWord, 8> kindWords{{
+    {SettingKind::flag, "flag"},
+    {SettingKind::number, "number"},
+    {SettingKind::address, "address"},
+    {SettingKind::frequency, "frequency"},
+    {SettingKind::text, "text"},
+    {SettingKind::file, "file"},
+    {SettingKind::word, "word"},
+    {SettingKind::chain, "chain"},
+}};
+
+struct FrequencyUnit {
+  const char *name;
+  std::int64_t hertz;
+  int digits;
+};
+
+constexpr std::array<FrequencyUnit, 2> frequencyUnits{
+    {{"MHz", 1000000, 6}, {"kHz", 1000, 3}}};
+
+/// In the largest unit that it fills, to the last hertz.
+std::string shownFrequency(std::int64_t hertz) {
+  for (const FrequencyUnit &unit : frequencyUnits) {
+    if (hertz < unit.hertz)
+      continue;
+    std::string text = fmt::format("{}.{:0{}}", hertz / unit.hertz,
+                                   hertz % unit.hertz, unit.digits);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.')
+      text.pop_back();
+    return text + " " + unit.name;
+  }
+  return fmt::format("{} Hz", hertz);
+}
+
+std::string shownDevices(const Value::Chain &chain) {
+  if (chain.empty())
+    return "no devices";
+  std::string text;
+  for (const ChainDevice &device : chain)
+    text += (text.empty() ? "" : ", ") +
+            (device.empty() || !device.front().second.IsText()
+                 ? std::string("a device")
+                 : model::printable(device.front().second.Text()));
+  return text;
+}
+
+std::string shownNumber(const SettingInfo &setting, std::int64_t number) {
+  for (const Choice &choice : setting.choices)
+    if (choice.value == Value(number))
+      return choice.text;
+  if (setting.kind == SettingKind::address && number == unsetAddress)
+    return "not set";
+  if (setting.kind == SettingKind::frequency)
+    return shownFrequency(number);
+  const model::SettingRow *const row = model::findRow(setting.id);
+  const bool isHexadecimal = setting.kind == SettingKind::address ||
+                             (row != nullptr && row->isHexadecimal);
+  return isHexadecimal ? fmt::format("{:#x}", number)
+                       : fmt::format("{}", number);
+}
+
+} // namespace
+
+const char *ShowKind(SettingKind kind) {
+  for (const KindWord &row : kindWords)
+    if (row.kind == kind)
+      return row.word;
+  return "";
+}
+
+const std::vector<SettingInfo> &GetSettings() {
+  static const std::vector<SettingInfo> settings = [] {
+    std::vector<SettingInfo> all;
+    for (const model::SettingRow &row : model::settingRows())
+      all.push_back(row.info);
+    return all;
+  }();
+  return settings;
+}
+
+const SettingInfo *FindSetting(std::string_view id) {
+  const model::SettingRow *const row = model::findRow(id);
+  return row == nullptr ? nullptr : &row->info;
+}
+
+std::string ShowValue(const SettingInfo &setting, const Value &value) {
+  if (value.IsText())
+    return value.Text();
+  if (value.IsFlag())
+    return value.Flag() ? "yes" : "no";
+  if (value.IsNumber())
+    return shownNumber(setting, value.Number());
+  return value.IsChain() ? shownDevices(value.Devices()) : "nothing";
+}
+
+} // namespace ZelDebugDialog

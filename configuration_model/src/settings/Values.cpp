@@ -1,0 +1,369 @@
+#include "settings/Values.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include <fmt/format.h>
+
+#include "settings/Cables.h"
+#include "settings/ConnectionKinds.h"
+#include "text/NearestMatch.h"
+#include "text/Numbers.h"
+#include "text/Printable.h"
+#include "text/Words.h"
+
+namespace ZelDebugDialog::model {
+
+namespace {
+
+constexpr std::int64_t unsetAddress = 0xFFFFFFFF;
+
+struct FlagWord {
+  const char *word;
+  bool value;
+};
+
+constexpr std::array<FlagWord, 6> flagWords{{{"yes", true},
+                                             {"no", false},
+                                             {"on", true},
+                                             {"off", false},
+                                             {"true", true},
+                                             {"false", false}}};
+constexpr std::array<const char *, 2> unsetWords{"not set", "unset"};
+
+std::string lower(std::string_view text) {
+  std::string result(text);
+  for (char &c : result)
+    if (c >= 'A' && c <= 'Z')
+      c = static_cast<char>(c - 'A' + 'a');
+  return result;
+}
+
+std::string shownNumber(const SettingRow &row, std::int64_t number) {
+  const bool isHexadecimal =
+      row.isHexadecimal || row.info.kind == SettingKind::address;
+  return isHexadecimal ? fmt::format("{:#x}", number)
+                       : fmt::format("{}", number);
+}
+
+std::string shownAsked(const Value &asked) {
+  if (asked.IsText())
+    return printable(asked.Text());
+  if (asked.IsNumber())
+    return fmt::format("{}", asked.Number());
+  if (asked.IsFlag())
+    return asked.Flag() ? "true" : "false";
+  return asked.IsChain() ? "a chain" : "nothing";
+}
+
+[[noreturn]] void refuse(const std::string &setting, const Value &asked,
+                         const std::string &what,
+                         std::vector<std::string> accepted = {}) {
+  const std::string value = shownAsked(asked);
+  const std::string suggestion =
+      asked.IsText() ? nearestMatch(asked.Text(), accepted) : std::string();
+  Refusal refusal(
+      RefusalKind::badValue, setting,
+      fmt::format("'{}' {}{}", value, what,
+                  suggestion.empty()
+                      ? ""
+                      : fmt::format("; did you mean '{}'?", suggestion)));
+  refusal.setting = setting;
+  refusal.value = value;
+  refusal.accepted = std::move(accepted);
+  refusal.suggestion = suggestion;
+  throw refusal;
+}
+
+std::string shownRange(const SettingRow &row) {
+  std::string text =
+      fmt::format("is no number from {} to {}",
+                  shownNumber(row, row.info.minimum.value_or(0)),
+                  shownNumber(row, row.info.maximum.value_or(0)));
+  if (row.step != 1)
+    text += fmt::format(" that is a multiple of {:#x}", row.step);
+  return text + " (decimal or 0x)";
+}
+
+bool isInRange(const SettingRow &row, std::int64_t number) {
+  if (row.info.kind == SettingKind::address && number == unsetAddress)
+    return true;
+  return number >= row.info.minimum.value_or(0) &&
+         number <= row.info.maximum.value_or(0) && number % row.step == 0;
+}
+
+// --- Texts as people type them -----------------------------------------------
+
+std::optional<std::int64_t> readNumberText(const SettingRow &row,
+                                           const std::string &text) {
+  if (row.info.kind == SettingKind::frequency) {
+    const auto frequency = readFrequency(text);
+    return frequency ? std::optional<std::int64_t>(*frequency) : std::nullopt;
+  }
+  if (row.info.kind == SettingKind::address)
+    for (const char *word : unsetWords)
+      if (lower(text) == word)
+        return unsetAddress;
+  const auto number = readNumber(text);
+  if (!number || *number > static_cast<std::uint64_t>(INT64_MAX))
+    return std::nullopt;
+  return static_cast<std::int64_t>(*number);
+}
+
+std::optional<Value> readChoice(const std::vector<Choice> &choices,
+                                const std::string &text) {
+  for (const Choice &choice : choices)
+    if (lower(choice.text) == lower(text))
+      return choice.value;
+  return std::nullopt;
+}
+
+std::vector<std::string> wordsOf(const SettingRow &row) {
+  std::vector<std::string> words;
+  for (const Choice &choice : row.info.choices)
+    words.push_back(choice.text);
+  for (const Choice &choice : row.synonyms)
+    if (std::find(words.begin(), words.end(), choice.text) == words.end())
+      words.push_back(choice.text);
+  return words;
+}
+
+// --- A value of each kind ----------------------------------------------------
+
+Value expectFlag(const SettingRow &row, const Value &asked,
+                 const Value &current) {
+  std::optional<bool> flag;
+  if (asked.IsFlag())
+    flag = asked.Flag();
+  else if (asked.IsNumber() && (asked.Number() == 0 || asked.Number() == 1))
+    flag = asked.Number() == 1;
+  else if (asked.IsText())
+    for (const FlagWord &word : flagWords)
+      if (lower(asked.Text()) == word.word)
+        flag = word.value;
+  if (!flag && asked.IsText() && (asked.Text() == "0" || asked.Text() == "1"))
+    flag = asked.Text() == "1";
+  if (!flag)
+    refuse(row.info.id, asked, "is neither yes nor no", {"yes", "no"});
+  if (current.IsFlag())
+    return *flag;
+  return *flag ? 1 : 0;
+}
+
+Value expectNumberValue(const SettingRow &row, const Value &asked) {
+  std::optional<std::int64_t> number;
+  if (asked.IsNumber())
+    number = asked.Number();
+  else if (asked.IsText())
+    number = readNumberText(row, asked.Text());
+  if (number && isInRange(row, *number))
+    return *number;
+  if (row.info.kind == SettingKind::frequency)
+    refuse(row.info.id, asked,
+           fmt::format("is no whole number of hertz (decimal or 0x, with Hz, "
+                       "kHz, MHz or nothing behind it), up to {} Hz",
+                       row.info.maximum.value_or(0)));
+  refuse(row.info.id, asked, shownRange(row));
+}
+
+Value expectWordValue(const SettingRow &row, const Value &asked) {
+  if (asked.IsText()) {
+    for (const auto *choices : {&row.info.choices, &row.synonyms})
+      if (auto value = readChoice(*choices, asked.Text()))
+        return *value;
+  } else {
+    for (const Choice &choice : row.info.choices)
+      if (choice.value == asked)
+        return asked;
+  }
+  const std::vector<std::string> words = wordsOf(row);
+  refuse(row.info.id, asked,
+         fmt::format("is unknown; accepted are {}", quotedList(words)), words);
+}
+
+std::optional<NoWord> problemOfText(const SettingRow &row,
+                                    const std::string &text) {
+  switch (row.textRule) {
+  case TextRule::words:
+    return whyNoWords(text);
+  case TextRule::anyWord:
+    return whyNoOpaqueWord(text);
+  case TextRule::word:
+    break;
+  }
+  return whyNoWord(text);
+}
+
+Value expectTextValue(const SettingRow &row, const Value &asked) {
+  if (!asked.IsText())
+    refuse(row.info.id, asked, "is no text");
+  if (const auto problem = problemOfText(row, asked.Text()))
+    refuse(row.info.id, asked, fmt::format("is refused: {}", problem->reason));
+  return asked;
+}
+
+ChainDevice expectDevice(const ChainDevice &asked, std::size_t position) {
+  const ChainDevice fresh = deviceValue(JtagOption());
+  ChainDevice device = fresh;
+  std::vector<std::string> names;
+  for (const auto &[name, value] : fresh)
+    names.push_back(name);
+  std::vector<bool> seen(fresh.size(), false);
+  for (const auto &[name, value] : asked) {
+    const std::string setting = deviceName(position) + "." + name;
+    const auto found = std::find(names.begin(), names.end(), name);
+    if (found == names.end())
+      refuse(deviceName(position), name,
+             fmt::format("is unknown; accepted are {}", quotedList(names)),
+             names);
+    const auto field = static_cast<std::size_t>(found - names.begin());
+    if (seen[field])
+      refuse(setting, value, "is given twice");
+    seen[field] = true;
+    SettingRow row = *findRow(setting);
+    row.info.id = setting;
+    device[field].second =
+        expectValue(row, value, Snapshot(), fresh[field].second);
+  }
+  return device;
+}
+
+/// Devices that the chain has already are taken as they are.
+Value expectChain(const SettingRow &row, const Value &asked,
+                  const Snapshot &current) {
+  if (!asked.IsChain())
+    refuse(row.info.id, asked, "is no list of devices");
+  const Value present = valueIn(current, row);
+  Value::Chain chain;
+  for (const ChainDevice &device : asked.Devices()) {
+    const auto &there = present.Devices();
+    const bool isThere =
+        std::find(there.begin(), there.end(), device) != there.end();
+    chain.push_back(isThere ? device : expectDevice(device, chain.size()));
+  }
+  return chain;
+}
+
+} // namespace
+
+const SettingRow &expectRow(std::string_view id) {
+  const SettingRow *const row = findRow(id);
+  if (row != nullptr)
+    return *row;
+  std::vector<std::string> names;
+  for (const SettingRow &known : settingRows())
+    names.push_back(known.info.id);
+  const std::string name = printable(id);
+  Refusal refusal(
+      RefusalKind::unknownSetting, "",
+      fmt::format("'{}' is no setting{}", name, didYouMean(id, names)));
+  refusal.setting = name;
+  refusal.suggestion = nearestMatch(id, names);
+  refusal.accepted = std::move(names);
+  throw refusal;
+}
+
+const SettingRow &expectSettable(std::string_view id) {
+  const SettingRow &row = expectRow(id);
+  if (row.info.settable && !row.isOfDevice())
+    return row;
+  Refusal refusal(
+      RefusalKind::notSettable, std::string(id),
+      row.isOfDevice() ? "the chain is changed as a whole, by 'chain'"
+      : row.isIdentity ? "it says which processor it is, and cannot be set"
+                       : "it follows from other settings, and cannot be set");
+  refusal.setting = id;
+  if (row.isOfDevice())
+    refusal.suggestion = "chain";
+  throw refusal;
+}
+
+Value expectValue(const SettingRow &row, const Value &asked,
+                  const Snapshot &current, const Value &defaultValue) {
+  const Value present = valueIn(current, row);
+  if (asked == defaultValue || (asked == present && !asked.IsNothing()))
+    return asked;
+  switch (row.info.kind) {
+  case SettingKind::flag:
+    return expectFlag(row, asked, defaultValue);
+  case SettingKind::number:
+  case SettingKind::address:
+  case SettingKind::frequency:
+    return expectNumberValue(row, asked);
+  case SettingKind::text:
+  case SettingKind::file:
+    return expectTextValue(row, asked);
+  case SettingKind::chain:
+    return expectChain(row, asked, current);
+  case SettingKind::word:
+    break;
+  }
+  Value value = expectWordValue(row, asked);
+  for (const Choice &choice : row.info.choices) {
+    if (choice.value != value)
+      continue;
+    const std::string problem = whyNotAllowed(row, choice, current);
+    if (problem.empty() || value == present)
+      continue;
+    Refusal refusal(RefusalKind::notAllowed, row.info.id,
+                    fmt::format("'{}': {}", choice.text, problem));
+    refusal.setting = row.info.id;
+    refusal.value = choice.text;
+    for (const Choice &other : row.info.choices)
+      if (whyNotAllowed(row, other, current).empty())
+        refusal.accepted.push_back(other.text);
+    throw refusal;
+  }
+  return value;
+}
+
+std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
+                          const Snapshot &current) {
+  if (row.set == nullptr || !choice.value.IsText())
+    return "";
+  const ConnectionKind *const kind = findConnectionKind(choice.value.Text());
+  const std::uint32_t mask = current.record.connectionMask;
+  if (kind == nullptr || (kind->type & mask) != 0)
+    return "";
+  const std::vector<std::string> allowed = allowedKinds(mask);
+  return fmt::format("{} does not allow it; it allows {}",
+                     current.record.instanceName.empty()
+                         ? "the processor"
+                         : "'" + current.record.instanceName + "'",
+                     allowed.empty() ? "none" : quotedList(allowed));
+}
+
+std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
+                                const Value &defaultValue) {
+  std::vector<Value> samples{defaultValue, valueIn(current, row)};
+  switch (row.info.kind) {
+  case SettingKind::flag:
+    for (const bool flag : {false, true})
+      samples.push_back(expectFlag(row, flag, defaultValue));
+    break;
+  case SettingKind::number:
+  case SettingKind::frequency:
+    samples.insert(samples.end(), {0, 1, 2});
+    break;
+  case SettingKind::address:
+    samples.insert(samples.end(), {0, row.step * 1, unsetAddress});
+    break;
+  case SettingKind::word:
+    for (const Choice &choice : row.info.choices)
+      if (whyNotAllowed(row, choice, current).empty())
+        samples.push_back(choice.value);
+    break;
+  case SettingKind::text:
+  case SettingKind::file:
+    samples.insert(samples.end(), {"a", "b"});
+    break;
+  case SettingKind::chain:
+    samples.push_back(Value::Chain{});
+    samples.push_back(Value::Chain{deviceValue(JtagOption())});
+    break;
+  }
+  return samples;
+}
+
+} // namespace ZelDebugDialog::model

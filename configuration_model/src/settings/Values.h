@@ -1,0 +1,35 @@
+// From what is asked for to a value of a setting: its type, its range, and what
+// this processor allows.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+#include "settings/SettingTable.h"
+
+namespace ZelDebugDialog::model {
+
+/// @throws Refusal (unknownSetting) with the nearest name
+const SettingRow &expectRow(std::string_view id);
+/// @throws Refusal (unknownSetting, notSettable)
+const SettingRow &expectSettable(std::string_view id);
+
+/// The value that a change to `asked` gives a setting. What the setting has
+/// already, or has by default, is taken whatever it is.
+/// @param asked  of the setting's type, or a text as a person types it
+/// @throws Refusal (badValue, notAllowed)
+Value expectValue(const SettingRow &row, const Value &asked,
+                  const Snapshot &current, const Value &defaultValue);
+
+/// Why this processor cannot have a choice; empty if it can.
+std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
+                          const Snapshot &current);
+
+/// The values that a change takes, as many as it takes to tell apart whatever a
+/// writer may look at: all choices, both ends of a range, unset and set, empty
+/// and not.
+std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
+                                const Value &defaultValue);
+
+} // namespace ZelDebugDialog::model
