@@ -1,8 +1,8 @@
 #include "settings/SettingTable.h"
 
 #include <limits>
-#include <type_traits>
 #include <utility>
+#include <variant>
 
 #include "settings/Cables.h"
 #include "settings/ConnectionKinds.h"
@@ -11,7 +11,6 @@ namespace ZelDebugDialog::model {
 
 namespace {
 
-using Processor = ProcessorInfoImp;
 using Choices = std::vector<Choice>;
 
 constexpr std::int64_t most32 = std::numeric_limits<std::uint32_t>::max();
@@ -25,13 +24,13 @@ struct Draft {
   SettingRow row;
 
   Draft(const char *id, const char *group, const char *label, SettingKind kind,
-        SettingRow::Member member, const char *help) {
+        const char *help) {
     row.info.id = id;
     row.info.group = group;
     row.info.label = label;
     row.info.help = help;
     row.info.kind = kind;
-    row.member = member;
+    row.field = FindField(id);
   }
   Draft range(std::int64_t least, std::int64_t most, const char *unit = "") {
     row.info.minimum = least;
@@ -75,10 +74,6 @@ struct Draft {
     row.step = step;
     return *this;
   }
-  Draft refused(const char *code) {
-    row.refusedCode = code;
-    return *this;
-  }
   Draft starts(const char *why) {
     row.effect = why;
     return *this;
@@ -94,25 +89,19 @@ struct Draft {
 constexpr std::int64_t unsetAddress = most32;
 constexpr std::int64_t regionStep = 0x10000;
 
-Draft identity(const char *id, const char *label, SettingRow::Member member,
-               const char *help) {
-  return Draft(id, "Processor", label, SettingKind::number, member, help)
-      .identity();
+Draft identity(const char *id, const char *label, const char *help) {
+  return Draft(id, "Processor", label, SettingKind::number, help).identity();
 }
-Draft address(const char *id, const char *label, SettingRow::Member member,
-              const char *help) {
-  return Draft(id, "Address map", label, SettingKind::address, member, help)
+Draft address(const char *id, const char *label, const char *help) {
+  return Draft(id, "Address map", label, SettingKind::address, help)
       .range(0, unsetAddress);
 }
-Draft region(const char *id, const char *label, SettingRow::Member member,
-             const char *help) {
-  return address(id, label, member, help)
-      .multipleOf(regionStep)
-      .refused("misaligned-region");
+Draft region(const char *id, const char *label, const char *help) {
+  return address(id, label, help).multipleOf(regionStep);
 }
 Draft text(const char *id, const char *group, const char *label,
-           SettingRow::Member member, const char *help) {
-  return {id, group, label, SettingKind::text, member, help};
+           const char *help) {
+  return {id, group, label, SettingKind::text, help};
 }
 
 // --- Choices ----------------------------------------------------------------
@@ -211,68 +200,68 @@ constexpr const char *jtagChain = "JTAG chain";
 // clang-format off
 std::vector<Draft> drafts() {
   return {
-    Draft("instanceName", "Processor", "Name", SettingKind::text, &Processor::instanceName, "Instance name in the design.").identity(),
-    identity("procFamily", "Family", &Processor::procFamily, "Family of the processor: 0 Lumacore, 1 PowerPC, 2 ARM."),
-    identity("procType", "Type", &Processor::procType, "Type of the processor: 0 Lumacore, 1 ppc405, 2 ppc440, 4 Cortex-A9, 5 Cortex-R5, 6 a PowerPC whose model is not known."),
-    identity("connectionMask", "Allowed connections", &Processor::connectionMask, "The kinds of connection that the design allows, a bit each.").hexadecimal(),
-    identity("cpuNr", "Number", &Processor::cpuNr, "Number of the processor on its debug module."),
-    Draft("connection", connection, "Connect by", SettingKind::word, {}, "How the debugger reaches the processor.")
-        .oneOf(connectionChoices()).through(readConnection, storeConnection).option("--connection").refused("connection-mask").starts("the kind of connection decides it"),
-    Draft("connectionType", connection, "Connection type", SettingKind::number, &Processor::connectionType, "Number of the kind of connection: 1 simulator, 2 hardware, 4 stub, 8 virtual platform.").shown(),
-    Draft("simMemSize", simulator, "Memory", SettingKind::number, &Processor::simMemSize, "Memory size of the soft processor's simulator.").range(0, most32),
-    Draft("ppcSimConfigFile", simulator, "Configuration file", SettingKind::file, &Processor::ppcSimConfigFile, "File that configures the PowerPC simulator; it takes the place of host and port.").text(TextRule::anyWord),
-    text("simIpcHost", simulator, "Host", &Processor::simIpcHost, "Host on which the PowerPC simulator or the virtual platform runs.").text(TextRule::anyWord).with({"simIpcPort"}).refused("virtual-platform-host"),
-    Draft("simIpcPort", simulator, "Port", SettingKind::number, &Processor::simIpcPort, "Port of the PowerPC simulator or the virtual platform.").range(0, mostInt).with({"simIpcHost"}).refused("virtual-platform-host"),
-    Draft("vpConfigMode", platform, "Configuration mode", SettingKind::flag, &Processor::vpConfigMode, "Starts the virtual platform in its configuration mode.").range(0, 1).oneOf(flagChoices()).with({"cycleApproximate"}),
-    Draft("cycleApproximate", platform, "Cycle-approximate", SettingKind::flag, &Processor::cycleApproximate, "Counts cycles approximately; a part of the configuration mode.").range(0, 1).oneOf(flagChoices()).with({"vpConfigMode"}),
-    Draft("stubType", connection, "Stub type", SettingKind::number, &Processor::stubType, "How the stub is reached: 0 over JTAG, 1 over a serial line.").shown(),
-    Draft("stubSerialPort", stub, "Serial device", SettingKind::file, &Processor::stubSerialPort, "Serial device that leads to the stub.").option("--stub-port"),
-    Draft("stubBaudRate", stub, "Baud rate", SettingKind::number, &Processor::stubBaudRate, "Bits per second of the stub's line.").range(0, mostInt, "bit/s").option("--stub-baud"),
-    Draft("stubTimeout", stub, "Time-out", SettingKind::number, &Processor::stubTimeout, "How long to wait for the stub's answers.").range(0, mostInt, "ms"),
-    Draft("debugDevice", debugDevice, "Debug device", SettingKind::number, &Processor::debugDevice, "Number of the debug device in the JTAG chain, 0 for none.").range(0, most7Bits).option("--debug-device"),
-    region("debugAddressMap", "Base", &Processor::debugAddressMap, "Base of the debug address map; it follows the instruction cache's region."),
-    address("isocmStartAdr", "ISOCM start", &Processor::isocmStartAdr, "Start of the instruction-side on-chip memory.").with({"isocmSize", "isocmDcrStartAdr"}),
-    Draft("isocmSize", "Address map", "ISOCM size", SettingKind::number, &Processor::isocmSize, "Size of the instruction-side on-chip memory.").range(0, most32, "bytes").with({"isocmStartAdr", "isocmDcrStartAdr"}),
-    address("isocmDcrStartAdr", "ISOCM DCR start", &Processor::isocmDcrStartAdr, "Start of the DCR registers of the instruction-side on-chip memory.").with({"isocmStartAdr", "isocmSize"}),
-    region("icacheStartAdr", "Instruction cache", &Processor::icacheStartAdr, "Start of the instruction cache region, and base of the map.").through(nullptr, storeIcache).option("--icache").starts("the instruction cache's region is the base of the map"),
-    region("dcacheStartAdr", "Data cache", &Processor::dcacheStartAdr, "Start of the data cache region.").option("--dcache"),
-    region("itagStartAdr", "Instruction tags", &Processor::itagStartAdr, "Start of the instruction tag region.").option("--itag"),
-    region("dtagStartAdr", "Data tags", &Processor::dtagStartAdr, "Start of the data tag region.").option("--dtag"),
-    region("tlbStartAdr", "TLB", &Processor::tlbStartAdr, "Start of the TLB region.").option("--tlb"),
-    region("dcrStartAdr", "DCR", &Processor::dcrStartAdr, "Start of the DCR region.").option("--dcr"),
-    identity("fpuType", "FPU", &Processor::fpuType, "Floating-point unit: 0 none, 1 single precision, 2 double precision."),
-    text("cpu_version", debugDevice, "Processor version", &Processor::cpu_version, "Version of the processor, as free text."),
-    text("hdu_version", debugDevice, "Debug module version", &Processor::hdu_version, "Version of the debug module, as free text."),
-    Draft("nCpu", debugDevice, "Processors", SettingKind::number, &Processor::nCpu, "Number of processors on the debug module.").range(0, mostInt),
-    address("romemStartAdr", "ROM start", &Processor::romemStartAdr, "Start of the read-only memory.").with({"romemSize"}).option("--rom"),
-    Draft("romemSize", "Address map", "ROM size", SettingKind::number, &Processor::romemSize, "Size of the read-only memory.").range(0, most32, "bytes").with({"romemStartAdr"}).option("--rom"),
-    Draft("svfFileFlag", cable, "SVF file named", SettingKind::flag, &Processor::svfFileFlag, "A cable clause has named an SVF file."),
-    Draft("modelSimMode", simulator, "ModelSim", SettingKind::flag, &Processor::modelSimMode, "Simulates together with ModelSim."),
-    text("modelSimHost", simulator, "ModelSim host", &Processor::modelSimHost, "Host on which ModelSim runs.").text(TextRule::anyWord),
-    Draft("modelSimPort", simulator, "ModelSim port", SettingKind::number, &Processor::modelSimPort, "Port of ModelSim.").range(0, mostInt),
-    Draft("uartOverHdu", debugDevice, "UART over the debug module", SettingKind::flag, &Processor::uartOverHdu, "Passes the processor's serial output through the debug module."),
-    Draft("bscanUserReg", jtagChain, "Boundary-scan register", SettingKind::word, &Processor::bscanUserReg, "User register through which the debug module is reached.").oneOf(registerChoices()).hexadecimal(),
-    Draft("connectCommand", connection, "Command", SettingKind::text, &Processor::connectCommand, "The connect command that was read or written last.").shown(),
+    Draft("instanceName", "Processor", "Name", SettingKind::text, "Instance name in the design.").identity(),
+    identity("procFamily", "Family", "Family of the processor: 0 Lumacore, 1 PowerPC, 2 ARM."),
+    identity("procType", "Type", "Type of the processor: 0 Lumacore, 1 ppc405, 2 ppc440, 4 Cortex-A9, 5 Cortex-R5, 6 a PowerPC whose model is not known."),
+    identity("connectionMask", "Allowed connections", "The kinds of connection that the design allows, a bit each.").hexadecimal(),
+    identity("cpuNr", "Number", "Number of the processor on its debug module."),
+    Draft("connection", connection, "Connect by", SettingKind::word, "How the debugger reaches the processor.")
+        .oneOf(connectionChoices()).through(readConnection, storeConnection).option("--connection").starts("the kind of connection decides it"),
+    Draft("connectionType", connection, "Connection type", SettingKind::number, "Number of the kind of connection: 1 simulator, 2 hardware, 4 stub, 8 virtual platform.").shown(),
+    Draft("simMemSize", simulator, "Memory", SettingKind::number, "Memory size of the soft processor's simulator.").range(0, most32),
+    Draft("ppcSimConfigFile", simulator, "Configuration file", SettingKind::file, "File that configures the PowerPC simulator; it takes the place of host and port.").text(TextRule::anyWord),
+    text("simIpcHost", simulator, "Host", "Host on which the PowerPC simulator or the virtual platform runs.").text(TextRule::anyWord).with({"simIpcPort"}),
+    Draft("simIpcPort", simulator, "Port", SettingKind::number, "Port of the PowerPC simulator or the virtual platform.").range(0, mostInt).with({"simIpcHost"}),
+    Draft("vpConfigMode", platform, "Configuration mode", SettingKind::flag, "Starts the virtual platform in its configuration mode.").range(0, 1).oneOf(flagChoices()).with({"cycleApproximate"}),
+    Draft("cycleApproximate", platform, "Cycle-approximate", SettingKind::flag, "Counts cycles approximately; a part of the configuration mode.").range(0, 1).oneOf(flagChoices()).with({"vpConfigMode"}),
+    Draft("stubType", connection, "Stub type", SettingKind::number, "How the stub is reached: 0 over JTAG, 1 over a serial line.").shown(),
+    Draft("stubSerialPort", stub, "Serial device", SettingKind::file, "Serial device that leads to the stub.").option("--stub-port"),
+    Draft("stubBaudRate", stub, "Baud rate", SettingKind::number, "Bits per second of the stub's line.").range(0, mostInt, "bit/s").option("--stub-baud"),
+    Draft("stubTimeout", stub, "Time-out", SettingKind::number, "How long to wait for the stub's answers.").range(0, mostInt, "ms"),
+    Draft("debugDevice", debugDevice, "Debug device", SettingKind::number, "Number of the debug device in the JTAG chain, 0 for none.").range(0, most7Bits).option("--debug-device"),
+    region("debugAddressMap", "Base", "Base of the debug address map; it follows the instruction cache's region."),
+    address("isocmStartAdr", "ISOCM start", "Start of the instruction-side on-chip memory.").with({"isocmSize", "isocmDcrStartAdr"}),
+    Draft("isocmSize", "Address map", "ISOCM size", SettingKind::number, "Size of the instruction-side on-chip memory.").range(0, most32, "bytes").with({"isocmStartAdr", "isocmDcrStartAdr"}),
+    address("isocmDcrStartAdr", "ISOCM DCR start", "Start of the DCR registers of the instruction-side on-chip memory.").with({"isocmStartAdr", "isocmSize"}),
+    region("icacheStartAdr", "Instruction cache", "Start of the instruction cache region, and base of the map.").through(nullptr, storeIcache).option("--icache").starts("the instruction cache's region is the base of the map"),
+    region("dcacheStartAdr", "Data cache", "Start of the data cache region.").option("--dcache"),
+    region("itagStartAdr", "Instruction tags", "Start of the instruction tag region.").option("--itag"),
+    region("dtagStartAdr", "Data tags", "Start of the data tag region.").option("--dtag"),
+    region("tlbStartAdr", "TLB", "Start of the TLB region.").option("--tlb"),
+    region("dcrStartAdr", "DCR", "Start of the DCR region.").option("--dcr"),
+    identity("fpuType", "FPU", "Floating-point unit: 0 none, 1 single precision, 2 double precision."),
+    text("cpu_version", debugDevice, "Processor version", "Version of the processor, as free text."),
+    text("hdu_version", debugDevice, "Debug module version", "Version of the debug module, as free text."),
+    Draft("nCpu", debugDevice, "Processors", SettingKind::number, "Number of processors on the debug module.").range(0, mostInt),
+    address("romemStartAdr", "ROM start", "Start of the read-only memory.").with({"romemSize"}).option("--rom"),
+    Draft("romemSize", "Address map", "ROM size", SettingKind::number, "Size of the read-only memory.").range(0, most32, "bytes").with({"romemStartAdr"}).option("--rom"),
+    Draft("svfFileFlag", cable, "SVF file named", SettingKind::flag, "A cable clause has named an SVF file."),
+    Draft("modelSimMode", simulator, "ModelSim", SettingKind::flag, "Simulates together with ModelSim."),
+    text("modelSimHost", simulator, "ModelSim host", "Host on which ModelSim runs.").text(TextRule::anyWord),
+    Draft("modelSimPort", simulator, "ModelSim port", SettingKind::number, "Port of ModelSim.").range(0, mostInt),
+    Draft("uartOverHdu", debugDevice, "UART over the debug module", SettingKind::flag, "Passes the processor's serial output through the debug module."),
+    Draft("bscanUserReg", jtagChain, "Boundary-scan register", SettingKind::word, "User register through which the debug module is reached.").oneOf(registerChoices()).hexadecimal(),
+    Draft("connectCommand", connection, "Command", SettingKind::text, "The connect command that was read or written last.").shown(),
 
-    Draft("cable.cableType", cable, "Cable", SettingKind::word, &CableOption::cableType, "Cable between the debugger and the board; choosing another one starts it anew.")
+    Draft("cable.cableType", cable, "Cable", SettingKind::word, "Cable between the debugger and the board; choosing another one starts it anew.")
         .oneOf(cableChoices()).alsoBy(otherCableWords()).through(nullptr, storeCable).option("--cable").starts("choosing a cable brings its port and frequency"),
-    Draft("cable.frequency", cable, "Frequency", SettingKind::frequency, &CableOption::frequency, "Clock of the JTAG chain.").range(0, most32, "Hz").option("--frequency").refused("frequency"),
-    text("cable.port", cable, "Port", &CableOption::port, "Port that the cable is plugged into.").option("--port"),
-    text("cable.esn", cable, "Serial number", &CableOption::esn, "Electronic serial number that picks one of several cables; it takes the place of port and frequency.").option("--esn"),
-    Draft("cable.svfFile", cable, "SVF file", SettingKind::file, &CableOption::svfFile, "File that an SVF cable writes."),
-    text("cable.moduleName", cable, "Module", &CableOption::moduleName, "Module of a plug-in cable.").option("--module").refused("empty-text"),
-    text("cable.moduleArgs", cable, "Module arguments", &CableOption::moduleArgs, "Arguments of the plug-in's module, with ';' between them.").text(TextRule::words).option("--module-arg"),
-    text("cable.url", cable, "URL", &CableOption::url, "Address of the cable."),
+    Draft("cable.frequency", cable, "Frequency", SettingKind::frequency, "Clock of the JTAG chain.").range(0, most32, "Hz").option("--frequency"),
+    text("cable.port", cable, "Port", "Port that the cable is plugged into.").option("--port"),
+    text("cable.esn", cable, "Serial number", "Electronic serial number that picks one of several cables; it takes the place of port and frequency.").option("--esn"),
+    Draft("cable.svfFile", cable, "SVF file", SettingKind::file, "File that an SVF cable writes."),
+    text("cable.moduleName", cable, "Module", "Module of a plug-in cable.").option("--module"),
+    text("cable.moduleArgs", cable, "Module arguments", "Arguments of the plug-in's module, with ';' between them.").text(TextRule::words).option("--module-arg"),
+    text("cable.url", cable, "URL", "Address of the cable."),
 
-    Draft("cpuJtag", jtagChain, "Processor's own JTAG pins", SettingKind::flag, &Snapshot::cpuJtag, "The processor's own JTAG pins are the debug path; no command with this mark can be read back.").range(0, 1).oneOf(flagChoices()).option("--cpu-jtag").refused("cpu-jtag-marker"),
-    Draft("chain", jtagChain, "Devices", SettingKind::chain, {}, "The devices of the JTAG chain, in their order.").through(readChain, storeChain).option("--device"),
-    text("chain[].partname", jtagChain, "Part", &JtagOption::partname, "Name of the part."),
-    Draft("chain[].idcode", jtagChain, "IDCODE", SettingKind::number, &JtagOption::idcode, "JTAG IDCODE of the device.").range(0, most32).hexadecimal(),
-    Draft("chain[].irlength", jtagChain, "Instruction register", SettingKind::number, &JtagOption::irlength, "Length of the instruction register.").range(0, most7Bits, "bits"),
-    Draft("chain[].devicenr", jtagChain, "Number", SettingKind::number, &JtagOption::devicenr, "Position of the device in the chain.").range(0, most7Bits),
-    Draft("chain[].isfpga", jtagChain, "FPGA", SettingKind::flag, &JtagOption::isfpga, "The device is an FPGA.").range(0, 1).oneOf(flagChoices()),
-    Draft("chain[].hardppc", jtagChain, "PowerPC hard core", SettingKind::number, &JtagOption::hardppc, "Hard core inside the device: 0 none, 1 ppc405, 2 another PowerPC.").range(0, 2),
-    Draft("chain[].nppc", jtagChain, "PowerPC hard cores", SettingKind::number, &JtagOption::nppc, "Number of PowerPC hard cores inside the device.").range(0, 255),
+    Draft("cpuJtag", jtagChain, "Processor's own JTAG pins", SettingKind::flag, "The processor's own JTAG pins are the debug path; no command with this mark can be read back.").range(0, 1).oneOf(flagChoices()).option("--cpu-jtag"),
+    Draft("chain", jtagChain, "Devices", SettingKind::chain, "The devices of the JTAG chain, in their order.").through(readChain, storeChain).option("--device"),
+    text("chain[].partname", jtagChain, "Part", "Name of the part."),
+    Draft("chain[].idcode", jtagChain, "IDCODE", SettingKind::number, "JTAG IDCODE of the device.").range(0, most32).hexadecimal(),
+    Draft("chain[].irlength", jtagChain, "Instruction register", SettingKind::number, "Length of the instruction register.").range(0, most7Bits, "bits"),
+    Draft("chain[].devicenr", jtagChain, "Number", SettingKind::number, "Position of the device in the chain.").range(0, most7Bits),
+    Draft("chain[].isfpga", jtagChain, "FPGA", SettingKind::flag, "The device is an FPGA.").range(0, 1).oneOf(flagChoices()),
+    Draft("chain[].hardppc", jtagChain, "PowerPC hard core", SettingKind::number, "Hard core inside the device: 0 none, 1 ppc405, 2 another PowerPC.").range(0, 2),
+    Draft("chain[].nppc", jtagChain, "PowerPC hard cores", SettingKind::number, "Number of PowerPC hard cores inside the device.").range(0, 255),
   };
 }
 // clang-format on
@@ -280,74 +269,20 @@ std::vector<Draft> drafts() {
 // --- Fields of the records
 // ----------------------------------------------------
 
-template <typename Owner> struct Access {
-  template <typename Field>
-  static Value read(const Owner &owner, Field Owner::*member) {
-    if constexpr (std::is_enum_v<Field>)
-      return static_cast<std::uint32_t>(owner.*member);
-    else
-      return owner.*member;
-  }
-  template <typename Field>
-  static void store(Owner &owner, Field Owner::*member, const Value &value) {
-    if constexpr (std::is_same_v<Field, std::string>)
-      owner.*member = value.Text();
-    else if constexpr (std::is_same_v<Field, bool>)
-      owner.*member = value.Flag();
-    else
-      owner.*member = static_cast<Field>(value.Number());
-  }
-};
-
-template <typename Field>
-Value readMember(const Snapshot &snapshot, Field ProcessorInfoImp::*member,
-                 std::size_t /*device*/) {
-  return Access<ProcessorInfoImp>::read(snapshot.record, member);
-}
-template <typename Field>
-Value readMember(const Snapshot &snapshot, Field CableOption::*member,
-                 std::size_t /*device*/) {
-  return Access<CableOption>::read(snapshot.cable, member);
-}
-template <typename Field>
-Value readMember(const Snapshot &snapshot, Field JtagOption::*member,
-                 std::size_t device) {
-  return device < snapshot.chain.size()
-             ? Access<JtagOption>::read(snapshot.chain[device], member)
-             : Value();
-}
-template <typename Field>
-Value readMember(const Snapshot &snapshot, Field Snapshot::*member,
-                 std::size_t /*device*/) {
-  return Access<Snapshot>::read(snapshot, member);
-}
-Value readMember(const Snapshot & /*snapshot*/, std::monostate /*none*/,
-                 std::size_t /*device*/) {
-  return {};
+/// A flag of the records is one here as well.
+Value valueOf(const FieldValue &value, const FieldDescription &field) {
+  if (const auto *const text = std::get_if<std::string>(&value))
+    return *text;
+  const std::int64_t number = std::get<std::int64_t>(value);
+  const bool isFlag = field.maximum == 1;
+  return isFlag ? Value(number != 0) : Value(number);
 }
 
-template <typename Field>
-void storeMember(Snapshot &snapshot, Field ProcessorInfoImp::*member,
-                 const Value &value, std::size_t /*device*/) {
-  Access<ProcessorInfoImp>::store(snapshot.record, member, value);
+FieldValue fieldValueOf(const Value &value) {
+  if (value.IsText())
+    return value.Text();
+  return value.IsFlag() ? std::int64_t{value.Flag()} : value.Number();
 }
-template <typename Field>
-void storeMember(Snapshot &snapshot, Field CableOption::*member,
-                 const Value &value, std::size_t /*device*/) {
-  Access<CableOption>::store(snapshot.cable, member, value);
-}
-template <typename Field>
-void storeMember(Snapshot &snapshot, Field JtagOption::*member,
-                 const Value &value, std::size_t device) {
-  Access<JtagOption>::store(snapshot.chain.at(device), member, value);
-}
-template <typename Field>
-void storeMember(Snapshot &snapshot, Field Snapshot::*member,
-                 const Value &value, std::size_t /*device*/) {
-  Access<Snapshot>::store(snapshot, member, value);
-}
-void storeMember(Snapshot & /*snapshot*/, std::monostate /*none*/,
-                 const Value & /*value*/, std::size_t /*device*/) {}
 
 bool startsWith(std::string_view text, std::string_view front) {
   return text.substr(0, front.size()) == front;
@@ -388,17 +323,37 @@ Value valueIn(const Snapshot &snapshot, const SettingRow &row,
               std::size_t device) {
   if (row.get != nullptr)
     return row.get(snapshot);
-  return std::visit(
-      [&](auto member) { return readMember(snapshot, member, device); },
-      row.member);
+  const FieldDescription &field = GetSettingFields()[row.field];
+  switch (field.owner) {
+  case FieldOwner::processor:
+    return valueOf(GetField(snapshot.record, row.field), field);
+  case FieldOwner::cable:
+    return valueOf(GetField(snapshot.cable, row.field), field);
+  case FieldOwner::device:
+    if (device >= snapshot.chain.size())
+      return {};
+    return valueOf(GetField(snapshot.chain[device], row.field), field);
+  case FieldOwner::state:
+    break;
+  }
+  return snapshot.cpuJtag;
 }
 
 void storeIn(Snapshot &snapshot, const SettingRow &row, const Value &value,
              std::size_t device) {
   if (row.set != nullptr)
     return row.set(snapshot, value);
-  std::visit([&](auto member) { storeMember(snapshot, member, value, device); },
-             row.member);
+  switch (GetSettingFields()[row.field].owner) {
+  case FieldOwner::processor:
+    return SetField(snapshot.record, row.field, fieldValueOf(value));
+  case FieldOwner::cable:
+    return SetField(snapshot.cable, row.field, fieldValueOf(value));
+  case FieldOwner::device:
+    return SetField(snapshot.chain.at(device), row.field, fieldValueOf(value));
+  case FieldOwner::state:
+    break;
+  }
+  snapshot.cpuJtag = static_cast<std::uint32_t>(value.Number());
 }
 
 ChainDevice deviceValue(const JtagOption &device) {

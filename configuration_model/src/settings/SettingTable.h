@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <variant>
 #include <vector>
 
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
+#include "ZelDebugDialog/SettingFields.h"
 #include "settings/Snapshot.h"
 
 namespace ZelDebugDialog::model {
@@ -22,26 +22,14 @@ enum class TextRule : std::uint8_t {
 };
 
 struct SettingRow {
-  using Member =
-      std::variant<std::monostate, ///< made of others: `get` and `set`
-                   std::string ProcessorInfoImp::*, bool ProcessorInfoImp::*,
-                   std::uint32_t ProcessorInfoImp::*,
-                   std::int32_t ProcessorInfoImp::*,
-                   std::int8_t ProcessorInfoImp::*, std::string CableOption::*,
-                   std::uint32_t CableOption::*,
-                   Engine::CableType CableOption::*, std::string JtagOption::*,
-                   std::uint32_t JtagOption::*, std::int8_t JtagOption::*,
-                   std::uint8_t JtagOption::*, std::uint32_t Snapshot::*>;
-
   SettingInfo info;
-  Member member;
+  /// Its place in the table of the records' fields; behind the last for what is
+  /// made of others, by `get` and `set`.
+  std::size_t field = 0;
   TextRule textRule = TextRule::word;
   std::vector<Choice> synonyms; ///< other words that are taken for a choice
   /// Says which processor it is; a default does not apply to it.
   bool isIdentity = false;
-  /// The code of what a reader refuses of the words that carry it, for what is
-  /// no affair of the text alone; empty: it refuses nothing.
-  std::string refusedCode;
   std::int64_t step = 1;      ///< what a number is a multiple of, unless unset
   bool isHexadecimal = false; ///< how a number is shown
   /// Why a change of it changes others; empty: it changes no others.
