@@ -22,18 +22,27 @@ enum class CodeSeverity : std::uint8_t {
   loss,    ///< The reason for which a setting does not survive.
 };
 
+/// The stable word for it: "error", "warning", "loss".
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const char *
+ShowSeverity(CodeSeverity severity);
+
 /// What a code stands for.
 struct Code {
   std::string code;
   CodeSeverity severity = CodeSeverity::error;
-  std::string summary; ///< What it says of a word, behind its quotation.
+  /// What it says of a word, behind its quotation; of a setting, behind its
+  /// value.
+  std::string summary;
   std::string meaning; ///< Sentences.
-  std::string example; ///< A command that has it.
-  std::string where;   ///< Where the example has it; empty for anywhere.
+  /// A command that has it; of a loss, one that has it when it is read, written
+  /// and read again. Empty where a command alone cannot show it.
+  std::string example;
+  std::string where; ///< Where the example has it; empty for anywhere.
   std::string advice;  ///< What to do.
 };
 
-/// All of them, diagnostics first.
+/// All of them, diagnostics first. The codes of losses are the anchors of
+/// docs/round-trip.md.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const std::vector<Code> &GetCodes();
 
 /// @return null for an unknown code.

@@ -1,0 +1,22 @@
+// The rows of the table of codes, and the code of each fault of the engine's
+// reader.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "ZelDebugDialog/CommandTrace.h"
+#include "ZelDebugDialog/ConfigurationModel/Codes.h"
+
+namespace ZelDebugDialog::model {
+
+std::vector<Code> makeDiagnosticCodes();
+std::vector<Code> makeLossCodes();
+
+/// @throws std::logic_error for a code that is in no row.
+const Code &expectCode(std::string_view code);
+
+/// What is said of a fault.
+const Code &codeOf(CommandFaultKind kind);
+
+} // namespace ZelDebugDialog::model

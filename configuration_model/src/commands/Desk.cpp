@@ -1,0 +1,115 @@
+#include "commands/Desk.h"
+
+#include <stdexcept>
+
+#include "ZelDebugDialog/KvoOption_Parser.h"
+#include "commands/EngineLock.h"
+
+namespace ZelDebugDialog::model {
+
+namespace {
+
+constexpr int refused = 3;
+
+/// The engine lets the exception for a lone "-" through; here it is a refusal
+/// like the others.
+template <typename Read> Reading readingOf(Engine &engine, const Read &read) {
+  try {
+    Reading reading{read(), ""};
+    if (!reading.accepted())
+      engine.GetErrorStr(reading.message);
+    return reading;
+  } catch (const std::out_of_range &) {
+    return {refused, "a word is a lone '-'"};
+  }
+}
+
+} // namespace
+
+Desk::Desk() : Desk(nullptr, ProcessorInfoImp()) {}
+
+Desk::Desk(HHSMHwManager *design, const ProcessorInfoImp &identity)
+    : processor(identity), imp(engine.GetProcessorList(nullptr)) {
+  imp->hwManager = design;
+  imp->processorList.push_back(&record);
+  begin();
+}
+
+Desk::~Desk() {
+  ReleaseChainRecords(imp->jtagChain);
+  imp->currentProcessor = nullptr;
+  imp->processorList.clear();
+}
+
+void Desk::begin() {
+  ReleaseChainRecords(imp->jtagChain);
+  record = processor;
+  imp->currentProcessor = &record;
+  imp->EngineImpInit();
+}
+
+Reading Desk::selectFrom(const std::string &command) {
+  const auto lock = lockEngine();
+  begin();
+  ProcessorInfo info;
+  return readingOf(engine, [&] {
+    return engine.ParseProcessorInfo(record.instanceName, info, command);
+  });
+}
+
+Reading Desk::selectFile(const std::string &path) {
+  const auto lock = lockEngine();
+  begin();
+  ProcessorInfo info;
+  return readingOf(engine, [&] {
+    return engine.SetProcessorFrom(record.instanceName, info, path);
+  });
+}
+
+void Desk::startFromDefaults() {
+  const auto lock = lockEngine();
+  begin();
+  imp->GetFPUType();
+}
+
+Reading Desk::readCommand(const std::string &command) {
+  const auto lock = lockEngine();
+  begin();
+  return readingOf(
+      engine, [&] { return KvoOption_Parser::ReadKvoCommand(command, *imp); });
+}
+
+bool Desk::traceCommand(const std::string &command, AfterFault afterFault,
+                        CommandTrace &trace) {
+  const auto lock = lockEngine();
+  begin();
+  try {
+    TraceKvoCommand(command, *imp, trace, afterFault);
+    return true;
+  } catch (const std::out_of_range &) {
+    return false;
+  }
+}
+
+Reading Desk::writeCommand(std::string &command) {
+  const auto lock = lockEngine();
+  // Of several reasons some have no message; an earlier one would be shown.
+  engine.SetErrorStr("");
+  return readingOf(engine, [&] { return engine.GenerateCmdString(command); });
+}
+
+std::string reasonOf(const Reading &reading) {
+  std::string text;
+  for (const char c : reading.message) {
+    const bool blank = c == ' ' || c == '\n' || c == '\t';
+    if (!blank)
+      text += c;
+    else if (!text.empty() && text.back() != ' ')
+      text += ' ';
+  }
+  if (!text.empty() && text.back() == ' ')
+    text.pop_back();
+  return text.empty() ? "the engine gives no reason" : text;
+}
+
+} // namespace ZelDebugDialog::model

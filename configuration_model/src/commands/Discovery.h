@@ -1,0 +1,21 @@
+// Which processors of a design can be debugged: asked once a board.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ZelDebugDialog/ProcessorInfo.h"
+
+class HHSMHwManager;
+
+namespace ZelDebugDialog::model {
+
+struct DiscoveredProcessors {
+  std::vector<std::string> names; ///< every processor, in design order
+  std::vector<ProcessorInfoImp> debuggable; ///< in the order of discovery
+};
+
+/// Asks the design, under the lock of the library.
+DiscoveredProcessors discoverProcessors(HHSMHwManager &design);
+
+} // namespace ZelDebugDialog::model

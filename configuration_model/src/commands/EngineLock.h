@@ -1,0 +1,17 @@
+// The one lock of the library, around everything that uses an engine or asks a
+// design.
+//
+// Engines read with one string of the process, so that not even two of them may
+// be used at once; and designs answer one question at a time. Whoever holds the
+// lock calls nothing that takes it: outside of this room only whole operations
+// take it, such as those of `Desk`, and none of them calls another.
+#pragma once
+
+#include <mutex>
+
+namespace ZelDebugDialog::model {
+
+/// Waits for the lock, which the result holds.
+[[nodiscard]] std::unique_lock<std::mutex> lockEngine();
+
+} // namespace ZelDebugDialog::model
