@@ -33,6 +33,19 @@ struct CommandDiagnostic {
   std::string suggestion;            ///< The nearest of them; may be empty.
 };
 
+/// How a command is to be looked at.
+struct CheckOptions {
+  bool ofFile = false; ///< it stands in a line of an option file
+};
+
+/// A command with what is wrong with it.
+struct CheckedCommand {
+  std::vector<CommandDiagnostic> diagnostics; ///< in the order of the text
+};
+
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API CheckedCommand
+CheckCommand(const std::string &text, const CheckOptions &options = {});
+
 } // namespace ZelDebugDialog
 
 #endif
