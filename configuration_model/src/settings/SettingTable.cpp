@@ -1,5 +1,6 @@
 #include "settings/SettingTable.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 #include <variant>
@@ -74,7 +75,8 @@ struct Draft {
     row.step = step;
     return *this;
   }
-  Draft starts(const char *why) {
+  Draft brings(std::vector<std::string> others, const char *why) {
+    row.brought = std::move(others);
     row.effect = why;
     return *this;
   }
@@ -206,7 +208,7 @@ std::vector<Draft> drafts() {
     identity("connectionMask", "Allowed connections", "The kinds of connection that the design allows, a bit each.").hexadecimal(),
     identity("cpuNr", "Number", "Number of the processor on its debug module."),
     Draft("connection", connection, "Connect by", SettingKind::word, "How the debugger reaches the processor.")
-        .oneOf(connectionChoices()).through(readConnection, storeConnection).option("--connection").starts("the kind of connection decides it"),
+        .oneOf(connectionChoices()).through(readConnection, storeConnection).option("--connection").brings({"connectionType", "stubType"}, "the kind of connection decides it"),
     Draft("connectionType", connection, "Connection type", SettingKind::number, "Number of the kind of connection: 1 simulator, 2 hardware, 4 stub, 8 virtual platform.").shown(),
     Draft("simMemSize", simulator, "Memory", SettingKind::number, "Memory size of the soft processor's simulator.").range(0, most32),
     Draft("ppcSimConfigFile", simulator, "Configuration file", SettingKind::file, "File that configures the PowerPC simulator; it takes the place of host and port.").text(TextRule::anyWord),
@@ -223,7 +225,7 @@ std::vector<Draft> drafts() {
     address("isocmStartAdr", "ISOCM start", "Start of the instruction-side on-chip memory.").with({"isocmSize", "isocmDcrStartAdr"}),
     Draft("isocmSize", "Address map", "ISOCM size", SettingKind::number, "Size of the instruction-side on-chip memory.").range(0, most32, "bytes").with({"isocmStartAdr", "isocmDcrStartAdr"}),
     address("isocmDcrStartAdr", "ISOCM DCR start", "Start of the DCR registers of the instruction-side on-chip memory.").with({"isocmStartAdr", "isocmSize"}),
-    region("icacheStartAdr", "Instruction cache", "Start of the instruction cache region, and base of the map.").through(nullptr, storeIcache).option("--icache").starts("the instruction cache's region is the base of the map"),
+    region("icacheStartAdr", "Instruction cache", "Start of the instruction cache region, and base of the map.").through(nullptr, storeIcache).option("--icache").brings({"debugAddressMap"}, "the instruction cache's region is the base of the map"),
     region("dcacheStartAdr", "Data cache", "Start of the data cache region.").option("--dcache"),
     region("itagStartAdr", "Instruction tags", "Start of the instruction tag region.").option("--itag"),
     region("dtagStartAdr", "Data tags", "Start of the data tag region.").option("--dtag"),
@@ -244,7 +246,7 @@ std::vector<Draft> drafts() {
     Draft("connectCommand", connection, "Command", SettingKind::text, "The connect command that was read or written last.").shown(),
 
     Draft("cable.cableType", cable, "Cable", SettingKind::word, "Cable between the debugger and the board; choosing another one starts it anew.")
-        .oneOf(cableChoices()).alsoBy(otherCableWords()).through(nullptr, storeCable).option("--cable").starts("choosing a cable brings its port and frequency"),
+        .oneOf(cableChoices()).alsoBy(otherCableWords()).through(nullptr, storeCable).option("--cable").brings({"cable.frequency", "cable.port", "cable.esn", "cable.svfFile", "cable.moduleName", "cable.moduleArgs", "cable.url"}, "choosing a cable brings its port and frequency"),
     Draft("cable.frequency", cable, "Frequency", SettingKind::frequency, "Clock of the JTAG chain.").range(0, most32, "Hz").option("--frequency"),
     text("cable.port", cable, "Port", "Port that the cable is plugged into.").option("--port"),
     text("cable.esn", cable, "Serial number", "Electronic serial number that picks one of several cables; it takes the place of port and frequency.").option("--esn"),
@@ -293,6 +295,11 @@ constexpr std::string_view deviceFront = "chain[";
 } // namespace
 
 bool SettingRow::isOfDevice() const { return startsWith(info.id, deviceFront); }
+
+bool SettingRow::brings(const SettingRow &other) const {
+  return std::find(brought.begin(), brought.end(), other.info.id) !=
+         brought.end();
+}
 
 bool SettingRow::isOfCable() const { return startsWith(info.id, "cable."); }
 

@@ -34,12 +34,14 @@ struct SettingRow {
   bool isHexadecimal = false; ///< how a number is shown
   /// Why a change of it changes others; empty: it changes no others.
   std::string effect;
+  std::vector<std::string> brought; ///< those others
   Value (*get)(const Snapshot &) = nullptr;
   void (*set)(Snapshot &, const Value &) = nullptr;
 
   bool isOfDevice() const;         ///< a field of the chain's devices
   std::string deviceField() const; ///< of such a row, its name in the device
-  bool isOfCable() const;          ///< starts anew with another cable
+  bool brings(const SettingRow &other) const; ///< along, when it is changed
+  bool isOfCable() const; ///< starts anew with another cable
 };
 
 /// In the order of `GetSettings`.

@@ -83,7 +83,6 @@ Snapshot defaultsBeside(const Snapshot &snapshot,
   defaults.record.fpuType = fpu;
   defaults.cable.CableOptionInit(snapshot.cable.cableType);
   defaults.cable.cableType = Engine::CABLE_NONE;
-  defaults.chain.resize(snapshot.chain.size());
   return defaults;
 }
 

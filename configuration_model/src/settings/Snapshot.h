@@ -27,8 +27,8 @@ Snapshot snapshotOf(const EngineImp &state);
 /// the chain that the engine had are released; those it gets are new.
 void restore(EngineImp &state, const Snapshot &snapshot);
 
-/// The processor of `identity` with nothing set: the defaults of `snapshot`'s
-/// cable, and a chain of the same length, so that both stand side by side.
+/// The processor of `identity` with nothing set: no cable and no chain, but
+/// what the cable of `snapshot` brings along.
 Snapshot defaultsBeside(const Snapshot &snapshot,
                         const ProcessorInfoImp &identity);
 

@@ -223,8 +223,9 @@ ChainDevice expectDevice(const ChainDevice &asked, std::size_t position) {
     seen[field] = true;
     SettingRow row = *findRow(setting);
     row.info.id = setting;
-    device[field].second =
-        expectValue(row, value, Snapshot(), fresh[field].second);
+    Snapshot one;
+    one.chain.emplace_back();
+    device[field].second = expectValue(row, value, one, one);
   }
   return device;
 }
@@ -280,9 +281,12 @@ const SettingRow &expectSettable(std::string_view id) {
 }
 
 Value expectValue(const SettingRow &row, const Value &asked,
-                  const Snapshot &current, const Value &defaultValue) {
+                  const Snapshot &current, const Snapshot &defaults) {
+  const Value defaultValue = valueIn(defaults, row);
   const Value present = valueIn(current, row);
-  if (asked == defaultValue || (asked == present && !asked.IsNothing()))
+  const bool isThere = asked == present && !asked.IsNothing();
+  const bool isOpenToAll = row.info.kind != SettingKind::word;
+  if (isThere || (isOpenToAll && asked == defaultValue))
     return asked;
   switch (row.info.kind) {
   case SettingKind::flag:
@@ -303,7 +307,7 @@ Value expectValue(const SettingRow &row, const Value &asked,
   for (const Choice &choice : row.info.choices) {
     if (choice.value != value)
       continue;
-    const std::string problem = whyNotAllowed(row, choice, current);
+    const std::string problem = whyNotAllowed(row, choice, defaults.record);
     if (problem.empty() || value == present)
       continue;
     Refusal refusal(RefusalKind::notAllowed, row.info.id,
@@ -311,7 +315,7 @@ Value expectValue(const SettingRow &row, const Value &asked,
     refusal.setting = row.info.id;
     refusal.value = choice.text;
     for (const Choice &other : row.info.choices)
-      if (whyNotAllowed(row, other, current).empty())
+      if (whyNotAllowed(row, other, defaults.record).empty())
         refusal.accepted.push_back(other.text);
     throw refusal;
   }
@@ -319,23 +323,24 @@ Value expectValue(const SettingRow &row, const Value &asked,
 }
 
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
-                          const Snapshot &current) {
+                          const ProcessorInfoImp &processor) {
   if (row.set == nullptr || !choice.value.IsText())
     return "";
   const ConnectionKind *const kind = findConnectionKind(choice.value.Text());
-  const std::uint32_t mask = current.record.connectionMask;
+  const std::uint32_t mask = processor.connectionMask;
   if (kind == nullptr || (kind->type & mask) != 0)
     return "";
   const std::vector<std::string> allowed = allowedKinds(mask);
   return fmt::format("{} does not allow it; it allows {}",
-                     current.record.instanceName.empty()
+                     processor.instanceName.empty()
                          ? "the processor"
-                         : "'" + current.record.instanceName + "'",
+                         : "'" + processor.instanceName + "'",
                      allowed.empty() ? "none" : quotedList(allowed));
 }
 
 std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
-                                const Value &defaultValue) {
+                                const Snapshot &defaults) {
+  const Value defaultValue = valueIn(defaults, row);
   std::vector<Value> samples{defaultValue, valueIn(current, row)};
   switch (row.info.kind) {
   case SettingKind::flag:
@@ -351,7 +356,7 @@ std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
     break;
   case SettingKind::word:
     for (const Choice &choice : row.info.choices)
-      if (whyNotAllowed(row, choice, current).empty())
+      if (whyNotAllowed(row, choice, defaults.record).empty())
         samples.push_back(choice.value);
     break;
   case SettingKind::text:

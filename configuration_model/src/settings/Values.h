@@ -17,19 +17,20 @@ const SettingRow &expectSettable(std::string_view id);
 
 /// The value that a change to `asked` gives a setting. What the setting has
 /// already, or has by default, is taken whatever it is.
-/// @param asked  of the setting's type, or a text as a person types it
+/// @param asked     of the setting's type, or a text as a person types it
+/// @param defaults  of the processor as discovery found it
 /// @throws Refusal (badValue, notAllowed)
 Value expectValue(const SettingRow &row, const Value &asked,
-                  const Snapshot &current, const Value &defaultValue);
+                  const Snapshot &current, const Snapshot &defaults);
 
-/// Why this processor cannot have a choice; empty if it can.
+/// Why the processor cannot have a choice; empty if it can.
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
-                          const Snapshot &current);
+                          const ProcessorInfoImp &processor);
 
 /// The values that a change takes, as many as it takes to tell apart whatever a
 /// writer may look at: all choices, both ends of a range, unset and set, empty
 /// and not.
 std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
-                                const Value &defaultValue);
+                                const Snapshot &defaults);
 
 } // namespace ZelDebugDialog::model

@@ -9,10 +9,10 @@
 // Threads. An engine is used by one thread at a time, and two engines in two
 // threads are not allowed: all that read a command (`SetProcessor`,
 // `SetProcessorFrom`, `ParseProcessorInfo`, `ParseJtagCableInfo`,
-// `SetPluginCableOptions`, `Set3rdPartyCableOptions`, and what KvoOption_Parser.h, CommandTrace.h and
-// `EngineImp::GetProcessorInfo` offer) share one string of the process,
-// `KvoOption_Parser::current_option`. A program that needs two takes one lock
-// around every call of either.
+// `SetPluginCableOptions`, `Set3rdPartyCableOptions`, and what
+// KvoOption_Parser.h, CommandTrace.h and `EngineImp::GetProcessorInfo` offer)
+// share one string of the process, `KvoOption_Parser::current_option`. A
+// program that needs two takes one lock around every call of either.
 //
 //   Engine engine;
 //   std::vector<std::string> names;

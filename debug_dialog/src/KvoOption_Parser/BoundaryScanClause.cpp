@@ -14,8 +14,11 @@ namespace kvo {
 namespace {
 
 constexpr NamedValue user1{"USER1", 2};
+constexpr NamedValue user2{"USER2", 3};
 constexpr std::array<NamedValue, 4> registers{
-    {user1, {"USER2", 3}, {"USER3", 0x22}, {"USER4", 0x23}}};
+    {user1, user2, {"USER3", 0x22}, {"USER4", 0x23}}};
+
+constexpr const Fields &registerField = fields<&ProcessorInfoImp::bscanUserReg>;
 
 constexpr ValueForm registerForm = oneOf(registers, "bscanUserReg");
 
@@ -41,11 +44,27 @@ int readBoundaryScan(WordCursor<Observer> &cursor, EngineImp &imp) {
 template int readBoundaryScan(WordCursor<NoObserver> &, EngineImp &);
 template int readBoundaryScan(WordCursor<Recorder> &, EngineImp &);
 
-void writeBoundaryScan(std::string &out, EngineImp &imp) {
-  if (currentRecord(imp).bscanUserReg != user1.value)
-    return;
-  appendWord(out, bscanOption);
-  appendWord(out, user1.keyword);
+void writeBoundaryScan(CommandText out, const EngineImp &imp) {
+  const std::uint32_t used = currentRecord(imp).bscanUserReg;
+  if (used == user1.value) {
+    out.addWord(bscanOption, WordRole::option);
+    out.addWord(user1.keyword, WordRole::value, registerField);
+  } else if (out.recorder != nullptr) {
+    if (used == user2.value)
+      out.recorder->implies(registerField);
+    else
+      out.recorder->leavesOut(registerField,
+                              OmissionReason::registerWithoutWord);
+  }
+}
+
+void leaveOutBoundaryScan(WriteRecorder &recorder, const EngineImp &imp) {
+  const std::uint32_t used = currentRecord(imp).bscanUserReg;
+  if (used == user1.value || used == user2.value)
+    recorder.leavesOut(registerField, OmissionReason::otherConnection,
+                       connectionField);
+  else
+    recorder.leavesOut(registerField, OmissionReason::registerWithoutWord);
 }
 
 void describeBoundaryScan(CommandOption &option) {

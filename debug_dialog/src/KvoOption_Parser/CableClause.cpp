@@ -52,6 +52,11 @@ struct CableReading {
   bool frequencyGiven;
 };
 
+bool accepts(const Cable &cable, std::uint32_t frequency) {
+  return std::find(cable.accepted.begin(), cable.accepted.end(), frequency) !=
+         cable.accepted.end();
+}
+
 const Cable *findByKeyword(std::string_view word, Characters &characters) {
   for (const Cable &cable : cables())
     if (characters.sameWord(word, cable.keyword) ||
@@ -139,38 +144,28 @@ int finishCable(WordCursor<Observer> &cursor, const CableReading &target) {
   return code::refused;
 }
 
-/// `words` are those in front of the value, with their blanks.
-void writeParameter(std::string &out, std::string_view words,
-                    std::string_view value) {
-  out += words;
-  out += value;
-}
+constexpr const Fields &typeField = fields<&CableOption::cableType>;
+constexpr const Fields &esnField = fields<&CableOption::esn>;
+constexpr const Fields &lineFields =
+    fields<&CableOption::port, &CableOption::frequency>;
+constexpr const Fields &moduleFields =
+    fields<&CableOption::moduleName, &CableOption::moduleArgs>;
+constexpr const Fields &unwrittenFields =
+    fields<&CableOption::svfFile, &ProcessorInfoImp::svfFileFlag,
+           &CableOption::url>;
 
-/// Port and frequency; or the serial number alone, which identifies the cable.
-void writeLineCable(std::string &out, const CableOption &cable) {
-  if (!cable.esn.empty()) {
-    writeParameter(out, joined<esnWord>, cable.esn);
-    return;
+/// What the clause of another cable would carry.
+void leaveOutOtherCables(WriteRecorder &recorder, CableClauseForm form) {
+  const auto leaveOut = [&recorder](const Fields &left) {
+    recorder.leavesOut(left, OmissionReason::otherCable, typeField);
+  };
+  if (form != CableClauseForm::line) {
+    leaveOut(lineFields);
+    leaveOut(esnField);
   }
-  writeParameter(out, joined<portWord>, cable.port);
-  out += joined<frequencyWord>;
-  appendDecimal(out, lowBits<std::int32_t>(cable.frequency));
-}
-
-int writeCable(std::string &out, const EngineImp &imp) {
-  const CableOption &option = *imp.cableOption;
-  if (option.cableType == Engine::CABLE_NONE)
-    return code::done;
-  appendWord(out, cableOption);
-  const Cable &cable = findCable(option.cableType);
-  if (cable.form == CableClauseForm::unwritable)
-    return refuse(imp, cannotBeWritten);
-  writeParameter(out, joined<typeWord>, cable.keyword);
-  if (cable.form == CableClauseForm::line)
-    writeLineCable(out, option);
-  if (cable.form == CableClauseForm::module)
-    writePluginCable(out, option);
-  return code::done;
+  if (form != CableClauseForm::module)
+    leaveOut(moduleFields);
+  recorder.leavesOut(unwrittenFields, OmissionReason::noWriter);
 }
 
 } // namespace
@@ -186,18 +181,90 @@ int readCable(WordCursor<Observer> &cursor, EngineImp &imp) {
 template int readCable(WordCursor<NoObserver> &, EngineImp &);
 template int readCable(WordCursor<Recorder> &, EngineImp &);
 
-void writePluginCable(std::string &out, const CableOption &cable) {
-  writeParameter(out, joined<moduleWord>, cable.moduleName);
-  if (cable.moduleArgs.empty())
+int writeCable(CommandText out, const EngineImp &imp) {
+  const CableOption &option = *imp.cableOption;
+  if (option.cableType == Engine::CABLE_NONE) {
+    if (out.recorder != nullptr) {
+      out.recorder->implies(typeField);
+      leaveOutOtherCables(*out.recorder, CableClauseForm::bare);
+    }
+    return code::done;
+  }
+  out.addWord(cableOption, WordRole::option);
+  const Cable &cable = findCable(option.cableType);
+  if (cable.form == CableClauseForm::unwritable) {
+    if (out.recorder != nullptr)
+      out.recorder->gaveUp(typeField, OmissionReason::cableWithoutCommand);
+    return refuse(imp, cannotBeWritten);
+  }
+  out.addName(joined<typeWord>, cable.keyword, typeField);
+  if (cable.form == CableClauseForm::line)
+    writeLineCable(out, option);
+  if (cable.form == CableClauseForm::module)
+    writePluginCable(out, option);
+  if (out.recorder != nullptr)
+    leaveOutOtherCables(*out.recorder, cable.form);
+  return code::done;
+}
+
+void writeLineCable(CommandText out, const CableOption &cable) {
+  if (!cable.esn.empty()) {
+    out.addText(joined<esnWord>, cable.esn, esnField);
+    if (out.recorder != nullptr)
+      out.recorder->leavesOut(lineFields, OmissionReason::serialNumber,
+                              esnField);
     return;
+  }
+  out.addText(joined<portWord>, cable.port, fields<&CableOption::port>);
+  out.addDecimal(joined<frequencyWord>, lowBits<std::int32_t>(cable.frequency),
+                 fields<&CableOption::frequency>);
+  if (out.recorder != nullptr)
+    out.recorder->implies(esnField);
+}
+
+void writePluginCable(CommandText out, const CableOption &cable) {
+  if (out.recorder != nullptr && cable.moduleName.empty())
+    out.recorder->cannotBeRead(fields<&CableOption::moduleName>,
+                               OmissionReason::moduleMissing);
+  out.addText(joined<moduleWord>, cable.moduleName,
+              fields<&CableOption::moduleName>);
+  if (cable.moduleArgs.empty()) {
+    if (out.recorder != nullptr)
+      out.recorder->implies(fields<&CableOption::moduleArgs>);
+    return;
+  }
   const auto separator = boost::algorithm::token_finder(
       [](char character) { return character == argumentSeparator; });
   // One at a time: a list takes 32 bytes for each separator.
   for (auto argument =
            boost::algorithm::make_split_iterator(cable.moduleArgs, separator);
        !argument.eof(); ++argument)
-    writeParameter(out, joined<argumentWord>,
-                   boost::copy_range<std::string>(*argument));
+    out.addText(joined<argumentWord>, boost::copy_range<std::string>(*argument),
+                fields<&CableOption::moduleArgs>);
+}
+
+bool isRefusedAtTheEnd(const CableOption &cable) {
+  const Cable &row = findCable(cable.cableType);
+  return row.form == CableClauseForm::line && cable.esn.empty() &&
+         !accepts(row, cable.frequency);
+}
+
+int writeJtagOptions(CommandText out, const EngineImp &imp) {
+  if (const int result = writeCable(out, imp); result != code::done)
+    return result;
+  writeBoundaryScan(out, imp);
+  writeChain(out, imp);
+  return code::done;
+}
+
+void leaveOutJtagOptions(WriteRecorder &recorder, const EngineImp &imp) {
+  for (const Fields *const unused :
+       {&typeField, &lineFields, &esnField, &moduleFields})
+    recorder.leavesOut(*unused, OmissionReason::otherConnection,
+                       connectionField);
+  recorder.leavesOut(unwrittenFields, OmissionReason::noWriter);
+  leaveOutBoundaryScan(recorder, imp);
+  leaveOutChain(recorder, imp);
 }
 
 void describeCable(CommandOption &option) {
@@ -219,8 +286,7 @@ int KvoOption_Parser::setcable_frequency(EngineImp &imp, int useDefault) {
   }
   if (cable.refusal.empty())
     return kvo::code::refused;
-  if (std::find(cable.accepted.begin(), cable.accepted.end(),
-                option.frequency) != cable.accepted.end())
+  if (kvo::accepts(cable, option.frequency))
     return kvo::code::done;
   std::string number;
   kvo::appendDecimal(number, kvo::lowBits<std::int32_t>(option.frequency));
@@ -228,22 +294,18 @@ int KvoOption_Parser::setcable_frequency(EngineImp &imp, int useDefault) {
 }
 
 int KvoOption_Parser::write_jtagoptions(std::string &out, EngineImp &imp) {
-  if (const int result = kvo::writeCable(out, imp); result != kvo::code::done)
-    return result;
-  kvo::writeBoundaryScan(out, imp);
-  kvo::writeChain(out, imp);
-  return kvo::code::done;
+  return kvo::writeJtagOptions(kvo::CommandText(out), imp);
 }
 
 int KvoOption_Parser::write_quorla_cableoptions(std::string &out,
                                                 CableOption cable) {
-  kvo::writeLineCable(out, cable);
+  kvo::writeLineCable(kvo::CommandText(out), cable);
   return kvo::code::done;
 }
 
 int KvoOption_Parser::write_plugin_cableoptions(std::string &out,
                                                 CableOption cable) {
-  kvo::writePluginCable(out, cable);
+  kvo::writePluginCable(kvo::CommandText(out), cable);
   return kvo::code::done;
 }
 

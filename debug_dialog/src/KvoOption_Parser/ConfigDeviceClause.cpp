@@ -79,15 +79,35 @@ constexpr std::array<Parameter<ChainDevice>, 8> parameters{{
     {"nppc", readNumber<&JtagOption::nppc>, lowByte("chain.nppc")},
 }};
 
-void writeDevice(std::string &out, const JtagOption &device) {
-  out += joined<configDeviceOption, numberWord>;
-  appendDecimal(out, device.devicenr);
-  out += joined<partNameWord>;
-  out += device.partname;
-  out += joined<irLengthWord>;
-  appendDecimal(out, device.irlength);
-  out += joined<idCodeWord>;
-  appendHexadecimal(out, device.idcode);
+constexpr std::string_view markerWords = " -configdevice jtagpin ";
+constexpr std::string_view markerValue = "cpujtag";
+constexpr std::uint32_t marked = 1;
+
+void writeDevice(CommandText out, const JtagOption &device) {
+  out.addDecimal(joined<configDeviceOption, numberWord>, device.devicenr,
+                 fields<&JtagOption::devicenr>);
+  out.addText(joined<partNameWord>, device.partname,
+              fields<&JtagOption::partname>);
+  out.addDecimal(joined<irLengthWord>, device.irlength,
+                 fields<&JtagOption::irlength>);
+  out.addHexadecimal(joined<idCodeWord>, device.idcode,
+                     fields<&JtagOption::idcode>);
+}
+
+constexpr const Fields &markerField = fields<&EngineImp::cpuJtag>;
+constexpr const Fields &writtenFields =
+    fields<&JtagOption::devicenr, &JtagOption::partname, &JtagOption::irlength,
+           &JtagOption::idcode>;
+constexpr const Fields &unwrittenFields =
+    fields<&JtagOption::isfpga, &JtagOption::hardppc, &JtagOption::nppc>;
+
+void tellMarker(WriteRecorder &recorder, std::uint32_t mark) {
+  if (mark == marked)
+    recorder.cannotBeRead(markerField, OmissionReason::cpuJtagMarker);
+  else if (mark == 0)
+    recorder.implies(markerField);
+  else
+    recorder.leavesOut(markerField, OmissionReason::betweenNamedValues);
 }
 
 } // namespace
@@ -110,14 +130,31 @@ int readConfigDevice(WordCursor<Observer> &cursor, EngineImp &imp) {
 template int readConfigDevice(WordCursor<NoObserver> &, EngineImp &);
 template int readConfigDevice(WordCursor<Recorder> &, EngineImp &);
 
-void writeChain(std::string &out, const EngineImp &imp) {
-  if (imp.cpuJtag == 1) {
-    appendWord(out, configDeviceOption);
-    out += " jtagpin cpujtag";
-  }
+void writeChain(CommandText out, const EngineImp &imp) {
+  if (imp.cpuJtag == marked)
+    out.addName(markerWords, markerValue, markerField);
+  if (out.recorder != nullptr)
+    tellMarker(*out.recorder, imp.cpuJtag);
+  std::size_t position = 0;
   for (const JtagOption *const device : imp.jtagChain) {
     assert(device != nullptr && "a chain has no null records");
+    if (out.recorder != nullptr) {
+      out.recorder->beginsDevice(position++);
+      out.recorder->leavesOut(unwrittenFields, OmissionReason::noWriter);
+    }
     writeDevice(out, *device);
+  }
+}
+
+void leaveOutChain(WriteRecorder &recorder, const EngineImp &imp) {
+  const auto leaveOut = [&recorder](const Fields &left) {
+    recorder.leavesOut(left, OmissionReason::otherConnection, connectionField);
+  };
+  leaveOut(markerField);
+  for (std::size_t device = 0; device < imp.jtagChain.size(); ++device) {
+    recorder.beginsDevice(device);
+    leaveOut(writtenFields);
+    leaveOut(unwrittenFields);
   }
 }
 

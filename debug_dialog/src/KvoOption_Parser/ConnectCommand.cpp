@@ -55,6 +55,12 @@ constexpr std::array<Target<Observer>, 8> targets{{
 constexpr std::size_t bytesBesideChain = 256;
 constexpr std::size_t bytesOfDevice = 80;
 
+/// What no clause writes.
+constexpr const Fields &neverWritten =
+    fields<&ProcessorInfoImp::simMemSize, &ProcessorInfoImp::modelSimMode,
+           &ProcessorInfoImp::modelSimHost, &ProcessorInfoImp::modelSimPort,
+           &ProcessorInfoImp::uartOverHdu>;
+
 /// What is said of a word that is no row of a table.
 struct RowFaults {
   WordRole role;
@@ -114,22 +120,36 @@ int readCommand(WordCursor<Observer> &cursor, EngineImp &imp,
 template int readCommand(WordCursor<NoObserver> &, EngineImp &, CommandSource);
 template int readCommand(WordCursor<Recorder> &, EngineImp &, CommandSource);
 
-bool composeCommand(std::string &command, EngineImp &imp) {
+bool composeCommand(std::string &command, const EngineImp &imp,
+                    WriteRecorder *recorder) {
   const ProcessorInfoImp &record = currentRecord(imp);
   std::string text;
   text.reserve(bytesBesideChain + bytesOfDevice * imp.jtagChain.size());
-  text = connectHead;
+  const CommandText out(text, recorder);
+  out.begin(connectHead);
   int result = code::done;
   if (record.connectionType == Engine::CONNECT_VP)
-    result = KvoOption_Parser::write_vpoptions(text, imp);
+    result = writeVirtualPlatform(out, imp);
   else if (record.procFamily == familyLumacore)
-    result = KvoOption_Parser::write_lcoptions(text, imp);
+    result = writeLumacore(out, imp);
   else
-    result = KvoOption_Parser::write_ppcoptions(text, imp);
+    result = writePpc(out, imp);
   if (result == code::refused)
     return false;
+  if (recorder != nullptr)
+    recorder->leavesOut(neverWritten, OmissionReason::noWriter);
   command = std::move(text);
   return true;
+}
+
+int writeCommandString(EngineImp &imp, std::string &out,
+                       WriteRecorder *recorder) {
+  std::string command;
+  if (!composeCommand(command, imp, recorder))
+    return result::notSet;
+  currentRecord(imp).connectCommand = command;
+  out = std::move(command);
+  return result::done;
 }
 
 std::vector<CommandHead> describeHeads() {
@@ -157,12 +177,7 @@ int KvoOption_Parser::ReadKvoCommand(std::string command, EngineImp &imp) {
 }
 
 int KvoOption_Parser::WriteKvoCmdString(EngineImp &imp, std::string &out) {
-  std::string command;
-  if (!kvo::composeCommand(command, imp))
-    return result::notSet;
-  currentRecord(imp).connectCommand = command;
-  out = std::move(command);
-  return result::done;
+  return kvo::writeCommandString(imp, out);
 }
 
 } // namespace ZelDebugDialog

@@ -2,6 +2,8 @@
 //
 // The writer leaves out what the connection has no use for; the reader takes
 // everything from everyone. Names and values may come in any order.
+#include <utility>
+
 #include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
@@ -32,6 +34,7 @@ constexpr std::string_view romSizeWord = "romemSize";
 constexpr std::string_view isocmStartWord = "isocmStartAdr";
 constexpr std::string_view isocmSizeWord = "isocmSize";
 constexpr std::string_view isocmDcrWord = "isocmDcrStartAdr";
+constexpr std::string_view isocmDcrWords = "  isocmDcrStartAdr "; // two blanks
 constexpr std::string_view fpuWord = "fpuType";
 constexpr std::string_view singleWord = "sp";
 constexpr std::string_view doubleWord = "dp";
@@ -127,68 +130,162 @@ constexpr std::array<Parameter<EngineImp>, 18> parameters{{
     {fpuWord, readFpuType, oneOf(fpuTypes, "fpuType")},
 }};
 
-// Each takes the words in front of its number with their blanks.
-void writeDecimal(std::string &out, std::string_view words,
-                  std::int64_t number) {
-  out += words;
-  appendDecimal(out, number);
+constexpr const Fields &deviceField = fields<&Record::debugDevice>;
+constexpr const Fields &cpuNumberField = fields<&Record::cpuNr>;
+constexpr const Fields &romStartField = fields<&Record::romemStartAdr>;
+constexpr const Fields &romSizeField = fields<&Record::romemSize>;
+constexpr const Fields &isocmStartField = fields<&Record::isocmStartAdr>;
+constexpr const Fields &isocmSizeField = fields<&Record::isocmSize>;
+constexpr const Fields &isocmDcrField = fields<&Record::isocmDcrStartAdr>;
+constexpr const Fields &mapField = fields<&Record::debugAddressMap>;
+constexpr const Fields &fpuField = fields<&Record::fpuType>;
+constexpr const Fields &regionFields =
+    fields<icacheRegion.start, dcacheRegion.start, itagRegion.start,
+           dtagRegion.start, tlbRegion.start, dcrRegion.start>;
+constexpr const Fields &unwrittenFields =
+    fields<&Record::cpu_version, &Record::hdu_version, &Record::nCpu>;
+
+/// Leaving a field out says its value if it is that one.
+void leaveOutUnless(WriteRecorder &recorder, bool isImplied, const Fields &left,
+                    OmissionReason reason) {
+  if (isImplied)
+    recorder.implies(left);
+  else
+    recorder.leavesOut(left, reason);
 }
 
-void writeAddress(std::string &out, std::string_view words,
-                  std::uint32_t address) {
-  out += words;
-  appendHexadecimal(out, address);
+void leaveOutOfConnection(WriteRecorder &recorder, const Fields &left) {
+  recorder.leavesOut(left, OmissionReason::otherConnection, connectionField);
 }
 
-void writeSize(std::string &out, std::string_view words, std::uint32_t size) {
-  writeDecimal(out, words, lowBits<std::int32_t>(size));
+void tellRomLeftOut(WriteRecorder &recorder, const Record &record) {
+  if (record.connectionType != Engine::CONNECT_HW) {
+    leaveOutOfConnection(recorder, romStartField);
+    leaveOutOfConnection(recorder, romSizeField);
+    return;
+  }
+  leaveOutUnless(recorder, record.romemStartAdr == unsetAddress, romStartField,
+                 OmissionReason::incompleteRange);
+  leaveOutUnless(recorder, record.romemSize == 0, romSizeField,
+                 OmissionReason::incompleteRange);
 }
 
-void writeRom(std::string &out, const Record &record) {
+void writeRom(CommandText out, const Record &record) {
   if (record.connectionType != Engine::CONNECT_HW ||
-      record.romemStartAdr == unsetAddress || record.romemSize == 0)
+      record.romemStartAdr == unsetAddress || record.romemSize == 0) {
+    if (out.recorder != nullptr)
+      tellRomLeftOut(*out.recorder, record);
     return;
-  writeAddress(out, joined<romStartWord>, record.romemStartAdr);
-  writeSize(out, joined<romSizeWord>, record.romemSize);
+  }
+  out.addHexadecimal(joined<romStartWord>, record.romemStartAdr, romStartField);
+  out.addDecimal(joined<romSizeWord>, lowBits<std::int32_t>(record.romemSize),
+                 romSizeField);
 }
 
-void writeIsocm(std::string &out, const Record &record) {
-  if (record.procType != typePpc405 || record.isocmStartAdr == unsetAddress)
+constexpr bool hasIsocm(const Record &record) {
+  return record.procType == typePpc405;
+}
+
+void tellIsocmLeftOut(WriteRecorder &recorder, const Record &record) {
+  if (!hasIsocm(record)) {
+    for (const Fields *const field :
+         {&isocmStartField, &isocmSizeField, &isocmDcrField})
+      recorder.leavesOut(*field, OmissionReason::ppc405Only);
     return;
-  writeAddress(out, joined<isocmStartWord>, record.isocmStartAdr);
-  writeSize(out, joined<isocmSizeWord>, record.isocmSize);
-  out += ' '; // two blanks stand before the next word
-  writeAddress(out, joined<isocmDcrWord>, record.isocmDcrStartAdr);
+  }
+  recorder.implies(isocmStartField); // it is unset
+  leaveOutUnless(recorder, record.isocmSize == 0, isocmSizeField,
+                 OmissionReason::regionWithoutStart);
+  leaveOutUnless(recorder, record.isocmDcrStartAdr == unsetAddress,
+                 isocmDcrField, OmissionReason::regionWithoutStart);
 }
 
-void writeAddressMap(std::string &out, const Record &record) {
-  for (const AddressRegion *const region : addressRegions)
-    if (record.*region->start != unsetAddress) {
-      appendWord(out, region->keyword);
-      out += ' ';
-      appendHexadecimal(out, record.*region->start);
-    }
+void writeIsocm(CommandText out, const Record &record) {
+  if (!hasIsocm(record) || record.isocmStartAdr == unsetAddress) {
+    if (out.recorder != nullptr)
+      tellIsocmLeftOut(*out.recorder, record);
+    return;
+  }
+  out.addHexadecimal(joined<isocmStartWord>, record.isocmStartAdr,
+                     isocmStartField);
+  out.addDecimal(joined<isocmSizeWord>, lowBits<std::int32_t>(record.isocmSize),
+                 isocmSizeField);
+  out.addHexadecimal(isocmDcrWords, record.isocmDcrStartAdr, isocmDcrField);
 }
 
-void writeFpu(std::string &out, const Record &record) {
+void tellAddressMap(WriteRecorder &recorder, const Record &record) {
+  for (const std::uint8_t field : regionFields) {
+    const auto start =
+        std::get<std::uint32_t Record::*>(fieldRows[field].member);
+    if (record.*start == unsetAddress)
+      recorder.implies(Fields(field));
+    else if (!isRegionAligned(record.*start))
+      recorder.cannotBeRead(Fields(field), OmissionReason::misalignedRegion);
+  }
+  leaveOutUnless(recorder, record.debugAddressMap == record.icacheStartAdr,
+                 mapField, OmissionReason::followsIcache);
+}
+
+template <const AddressRegion &region>
+constexpr std::string_view regionWord = region.keyword;
+
+template <const AddressRegion &region>
+void writeRegion(CommandText out, const Record &record) {
+  if (record.*region.start != unsetAddress)
+    out.addHexadecimal(joined<regionWord<region>>, record.*region.start,
+                       fields<region.start>);
+}
+
+template <std::size_t... region>
+void writeRegions(CommandText out, const Record &record,
+                  std::index_sequence<region...> /*all*/) {
+  (writeRegion<*addressRegions[region]>(out, record), ...);
+}
+
+void writeAddressMap(CommandText out, const Record &record) {
+  writeRegions(out, record,
+               std::make_index_sequence<addressRegions.size()>());
+  if (out.recorder != nullptr)
+    tellAddressMap(*out.recorder, record);
+}
+
+void writeFpu(CommandText out, const Record &record) {
+  const bool isNamed = record.fpuType <= fpuDouble;
+  if (record.fpuType != fpuNone)
+    out.addName(joined<fpuWord>,
+                record.fpuType == fpuSingle ? singleWord : doubleWord,
+                isNamed ? fpuField : Fields());
+  if (out.recorder == nullptr)
+    return;
   if (record.fpuType == fpuNone)
-    return;
-  appendWord(out, fpuWord);
-  appendWord(out, record.fpuType == fpuSingle ? singleWord : doubleWord);
+    out.recorder->implies(fpuField);
+  if (!isNamed)
+    out.recorder->leavesOut(fpuField, OmissionReason::betweenNamedValues);
 }
 
-void writeBody(std::string &out, const Record &record) {
+void leaveOutPowerPc(WriteRecorder &recorder) {
+  for (const Fields *const unused : {&regionFields, &mapField, &fpuField})
+    recorder.leavesOut(*unused, OmissionReason::powerPcOnly);
+}
+
+void writeBody(CommandText out, const Record &record) {
   if (record.debugDevice != 0)
     writeDebugDeviceNumber(out, record.debugDevice);
+  else if (out.recorder != nullptr)
+    out.recorder->implies(deviceField);
   if (record.connectionType != Engine::CONNECT_SIM &&
       record.connectionType != Engine::CONNECT_STUB)
-    writeDecimal(out, joined<cpuNumberWord>, record.cpuNr);
+    out.addDecimal(joined<cpuNumberWord>, record.cpuNr, cpuNumberField);
+  else if (out.recorder != nullptr)
+    leaveOutOfConnection(*out.recorder, cpuNumberField);
   writeRom(out, record);
   writeIsocm(out, record);
-  if (record.procFamily != familyPowerPc)
-    return;
-  writeAddressMap(out, record);
-  writeFpu(out, record);
+  if (record.procFamily == familyPowerPc) {
+    writeAddressMap(out, record);
+    writeFpu(out, record);
+  } else if (out.recorder != nullptr) {
+    leaveOutPowerPc(*out.recorder);
+  }
 }
 
 } // namespace
@@ -201,8 +298,43 @@ int readDebugDevice(WordCursor<Observer> &cursor, EngineImp &imp) {
 template int readDebugDevice(WordCursor<NoObserver> &, EngineImp &);
 template int readDebugDevice(WordCursor<Recorder> &, EngineImp &);
 
-void writeDebugDeviceNumber(std::string &out, int number) {
-  writeDecimal(out, joined<writtenNumberWord>, number);
+void writeDebugDeviceNumber(CommandText out, int number) {
+  out.addDecimal(joined<writtenNumberWord>, number, deviceField);
+}
+
+void writeDebugDevice(CommandText out, const EngineImp &imp) {
+  std::string &text = out.text;
+  const std::size_t before = text.size();
+  out.addWord(debugDeviceOption, WordRole::option);
+  const std::size_t bare = text.size();
+  writeBody(out, currentRecord(imp));
+  if (out.recorder != nullptr)
+    out.recorder->leavesOut(unwrittenFields, OmissionReason::noWriter);
+  if (text.size() != bare)
+    return;
+  text.resize(before); // nothing to say, not even that
+  if (out.recorder != nullptr)
+    out.recorder->takesBack(text);
+}
+
+void leaveOutDebugDevice(WriteRecorder &recorder, const EngineImp &imp) {
+  const Record &record = currentRecord(imp);
+  leaveOutOfConnection(recorder, deviceField);
+  leaveOutOfConnection(recorder, cpuNumberField);
+  leaveOutOfConnection(recorder, romStartField);
+  leaveOutOfConnection(recorder, romSizeField);
+  recorder.leavesOut(unwrittenFields, OmissionReason::noWriter);
+  if (!hasIsocm(record))
+    tellIsocmLeftOut(recorder, record);
+  else
+    for (const Fields *const field :
+         {&isocmStartField, &isocmSizeField, &isocmDcrField})
+      leaveOutOfConnection(recorder, *field);
+  if (record.procFamily != familyPowerPc)
+    leaveOutPowerPc(recorder);
+  else
+    for (const Fields *const unused : {&regionFields, &mapField, &fpuField})
+      leaveOutOfConnection(recorder, *unused);
 }
 
 void describeDebugDevice(CommandOption &option) {
@@ -219,12 +351,7 @@ unsigned KvoOption_Parser::parse_debugdevice(std::string &command,
 
 int KvoOption_Parser::write_debugdeviceoptions(std::string &out,
                                                EngineImp &imp) {
-  const std::size_t before = out.size();
-  kvo::appendWord(out, kvo::debugDeviceOption);
-  const std::size_t bare = out.size();
-  kvo::writeBody(out, currentRecord(imp));
-  if (out.size() == bare)
-    out.resize(before); // nothing to say, not even that
+  kvo::writeDebugDevice(kvo::CommandText(out), imp);
   return kvo::code::done;
 }
 

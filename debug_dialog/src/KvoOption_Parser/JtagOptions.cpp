@@ -62,12 +62,13 @@ int KvoOption_Parser::ReadJtagCableOptions(std::string &text, EngineImp &imp) {
 
 int KvoOption_Parser::WriteJtagCableOptionsString(EngineImp &imp,
                                                   std::string &out) {
-  if (write_jtagoptions(out, imp) == kvo::code::refused)
+  const kvo::CommandText text(out);
+  if (kvo::writeJtagOptions(text, imp) == kvo::code::refused)
     return result::notSet;
   const int device = currentRecord(imp).debugDevice;
   if (device != 0) {
-    kvo::appendWord(out, kvo::debugDeviceOption);
-    kvo::writeDebugDeviceNumber(out, device);
+    text.addWord(kvo::debugDeviceOption, WordRole::option);
+    kvo::writeDebugDeviceNumber(text, device);
   }
   return result::done;
 }

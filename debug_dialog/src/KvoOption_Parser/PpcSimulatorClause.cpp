@@ -2,6 +2,7 @@
 //
 // The reader takes both, the writer writes the file alone if there is one.
 #include "KvoOption_Parser/SimulatorOptions.h"
+#include "KvoOption_Parser/Writers.h"
 
 namespace ZelDebugDialog {
 
@@ -60,6 +61,23 @@ constexpr std::array<SimulatorOption<Observer>, 3> options{{
     {debugDeviceOption, readDevice, describeDebugDevice},
 }};
 
+constexpr const Fields &fileField = fields<&ProcessorInfoImp::ppcSimConfigFile>;
+
+void tellFile(WriteRecorder &recorder, std::string_view file) {
+  recorder.leavesOut(simulatorHostFields, OmissionReason::simulatorFile,
+                     fileField);
+  recorder.expectAnyWord(file, fileField);
+}
+
+void tellHost(WriteRecorder &recorder, const std::string &text,
+              std::string_view host) {
+  recorder.expectAnyWord(
+      recorder.wroteRest(text, WordRole::value, simulatorHostFields),
+      simulatorHostFields);
+  if (host.find(':') != std::string_view::npos)
+    recorder.cannotBeRead(simulatorHostFields, OmissionReason::colonInHost);
+}
+
 } // namespace
 
 template <class Observer>
@@ -70,6 +88,46 @@ int readPpcSimulator(WordCursor<Observer> &cursor, EngineImp &imp) {
 
 template int readPpcSimulator(WordCursor<NoObserver> &, EngineImp &);
 template int readPpcSimulator(WordCursor<Recorder> &, EngineImp &);
+
+void writePpcSimulator(CommandText out, const EngineImp &imp) {
+  const ProcessorInfoImp &record = currentRecord(imp);
+  if (!record.ppcSimConfigFile.empty()) {
+    out.addWord(fileOption, WordRole::option);
+    out.addWord(record.ppcSimConfigFile, WordRole::value, fileField);
+    if (out.recorder != nullptr)
+      tellFile(*out.recorder, record.ppcSimConfigFile);
+    return;
+  }
+  if (out.recorder != nullptr)
+    out.recorder->implies(fileField);
+  if (record.simIpcHost.empty()) {
+    if (out.recorder != nullptr)
+      leaveOutEmptyHost(*out.recorder);
+    return;
+  }
+  out.addWord(ipcPortOption, WordRole::option);
+  appendWord(out.text, record.simIpcHost);
+  out.text += ':';
+  appendDecimal(out.text, record.simIpcPort);
+  if (out.recorder != nullptr)
+    tellHost(*out.recorder, out.text, record.simIpcHost);
+}
+
+void leaveOutEmptyHost(WriteRecorder &recorder) {
+  recorder.implies(fields<&ProcessorInfoImp::simIpcHost>);
+  recorder.leavesOut(fields<&ProcessorInfoImp::simIpcPort>,
+                     OmissionReason::portWithoutHost);
+}
+
+void leaveOutSimulatorFile(WriteRecorder &recorder) {
+  recorder.leavesOut(fileField, OmissionReason::otherConnection,
+                     connectionField);
+}
+
+void leaveOutSimulatorHost(WriteRecorder &recorder) {
+  recorder.leavesOut(simulatorHostFields, OmissionReason::otherConnection,
+                     connectionField);
+}
 
 CommandOptionSet describePpcSimulatorOptions() {
   return describeOptions(ppcSimulatorOptions, options<NoObserver>);
@@ -84,18 +142,7 @@ unsigned KvoOption_Parser::parse_ppcsim_options(std::string &command,
 }
 
 int KvoOption_Parser::write_ppcsim_options(std::string &out, EngineImp &imp) {
-  const ProcessorInfoImp &record = currentRecord(imp);
-  if (!record.ppcSimConfigFile.empty()) {
-    kvo::appendWord(out, kvo::fileOption);
-    kvo::appendWord(out, record.ppcSimConfigFile);
-    return kvo::code::done;
-  }
-  if (record.simIpcHost.empty())
-    return kvo::code::done;
-  kvo::appendWord(out, kvo::ipcPortOption);
-  kvo::appendWord(out, record.simIpcHost);
-  out += ':';
-  kvo::appendDecimal(out, record.simIpcPort);
+  kvo::writePpcSimulator(kvo::CommandText(out), imp);
   return kvo::code::done;
 }
 

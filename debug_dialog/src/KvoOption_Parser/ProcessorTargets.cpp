@@ -10,6 +10,7 @@
 #include "KvoOption_Parser/Numbers.h"
 #include "KvoOption_Parser/Readers.h"
 #include "KvoOption_Parser/Words.h"
+#include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "ZelDebugDialog_Engine/CurrentRecord.h"
@@ -177,22 +178,84 @@ void describeConnections(CommandTarget &target, const Rows &connections) {
         {std::string(row.keyword), row.type, row.optionSet});
 }
 
-/// Cable and chain, then the debug device.
-int writeHardware(std::string &out, EngineImp &imp) {
-  if (const int result = KvoOption_Parser::write_jtagoptions(out, imp);
-      result != code::done)
-    return result;
-  return KvoOption_Parser::write_debugdeviceoptions(out, imp);
+constexpr const Fields &identityFields =
+    fields<&ProcessorInfoImp::procFamily, &ProcessorInfoImp::procType>;
+constexpr const Fields &familyField = fields<&ProcessorInfoImp::procFamily>;
+constexpr const Fields &kindField = fields<&ProcessorInfoImp::procType>;
+constexpr const Fields &stubTypeField = fields<&ProcessorInfoImp::stubType>;
+
+/// What the words of a connection leave unsaid of which processor it is.
+void tellIdentity(WriteRecorder &recorder, const ProcessorInfoImp &record,
+                  const Identity &read) {
+  const bool isModule = isModuleMask(record.connectionMask);
+  recorder.leavesOut(fields<&ProcessorInfoImp::instanceName>,
+                     OmissionReason::identity);
+  recorder.leavesOut(fields<&ProcessorInfoImp::connectionMask>,
+                     isModule ? OmissionReason::writtenAsProcessor
+                              : OmissionReason::identity);
+  const OmissionReason asPpc = isModule ? OmissionReason::writtenAsProcessor
+                                        : OmissionReason::writtenAsPpc;
+  if (record.procFamily != read.family)
+    recorder.leavesOut(familyField, asPpc);
+  if (record.procType == read.type)
+    return;
+  const bool isOther = isModule || record.procFamily != read.family;
+  recorder.leavesOut(kindField,
+                     isOther ? asPpc : OmissionReason::processorKind);
 }
 
-int writeStub(std::string &out, EngineImp &imp) {
-  appendWord(out, commOption);
-  if (currentRecord(imp).stubType == Engine::STUB_JTAG) {
-    appendWord(out, jtagLine);
+/// Cable and chain, then the debug device.
+int writeHardware(CommandText out, const EngineImp &imp) {
+  const std::size_t before = out.text.size();
+  if (const int result = writeCable(out, imp); result != code::done)
+    return result;
+  const std::size_t behindCable = out.text.size();
+  writeBoundaryScan(out, imp);
+  writeChain(out, imp);
+  writeDebugDevice(out, imp);
+  const bool endsWithCable =
+      before != behindCable && behindCable == out.text.size();
+  if (out.recorder != nullptr && endsWithCable &&
+      isRefusedAtTheEnd(*imp.cableOption))
+    out.recorder->cannotBeRead(fields<&CableOption::frequency>,
+                               OmissionReason::frequencyChecked);
+  return code::done;
+}
+
+int writeStub(CommandText out, const EngineImp &imp) {
+  const std::uint32_t kind = currentRecord(imp).stubType;
+  out.addWord(commOption, WordRole::option);
+  if (kind == Engine::STUB_JTAG) {
+    out.addWord(jtagLine, WordRole::value, stubTypeField);
+    if (out.recorder != nullptr)
+      leaveOutStubLine(*out.recorder);
     return writeHardware(out, imp);
   }
-  appendWord(out, serialLine);
-  return KvoOption_Parser::write_commoptions(out, imp);
+  const bool isNamed = kind == Engine::STUB_SERIAL;
+  out.addWord(serialLine, WordRole::value, isNamed ? stubTypeField : Fields());
+  writeStubLine(out, imp);
+  if (out.recorder != nullptr) {
+    if (!isNamed)
+      out.recorder->leavesOut(stubTypeField,
+                              OmissionReason::betweenNamedValues);
+    leaveOutWires(*out.recorder, imp);
+  }
+  return code::done;
+}
+
+/// What commands of other connections carry.
+void leaveOutSimulators(WriteRecorder &recorder) {
+  leaveOutSimulatorFile(recorder);
+  leaveOutSimulatorHost(recorder);
+  leaveOutVirtualPlatform(recorder);
+}
+
+int refuseConnection(CommandText out, const EngineImp &imp,
+                     std::string_view message) {
+  if (out.recorder != nullptr)
+    out.recorder->gaveUp(connectionField,
+                         OmissionReason::connectionWithoutCommand);
+  return refuse(imp, message);
 }
 
 } // namespace
@@ -249,6 +312,92 @@ template int readArmR5(WordCursor<Recorder> &, EngineImp &);
 template int readDap(WordCursor<NoObserver> &, EngineImp &);
 template int readDap(WordCursor<Recorder> &, EngineImp &);
 
+void writeTarget(CommandText out, std::string_view target,
+                 const ProcessorInfoImp &record) {
+  appendWord(out.text, target);
+  if (out.recorder == nullptr)
+    return;
+  const Identity &read = target == lumacoreTarget ? lumacore : ppc;
+  const bool tellsFamily = record.procFamily == read.family;
+  const bool tellsKind = record.procType == read.type;
+  out.recorder->wroteWord(out.text, target, WordRole::target,
+                          tellsFamily && tellsKind ? identityFields
+                          : tellsFamily            ? familyField
+                          : tellsKind              ? kindField
+                                                   : Fields());
+  tellIdentity(*out.recorder, record, read);
+  if ((record.connectionMask & record.connectionType) == 0)
+    out.recorder->cannotBeRead(connectionField,
+                               OmissionReason::connectionNotAllowed);
+}
+
+void leaveOutWires(WriteRecorder &recorder, const EngineImp &imp) {
+  leaveOutJtagOptions(recorder, imp);
+  leaveOutDebugDevice(recorder, imp);
+}
+
+void leaveOutStub(WriteRecorder &recorder) {
+  recorder.leavesOut(stubTypeField, OmissionReason::otherConnection,
+                     connectionField);
+  leaveOutStubLine(recorder);
+}
+
+int writeLumacore(CommandText out, const EngineImp &imp) {
+  const ProcessorInfoImp &record = currentRecord(imp);
+  writeTarget(out, lumacoreTarget, record);
+  int result = code::done;
+  switch (record.connectionType) {
+  case Engine::CONNECT_SIM:
+    out.addWord(simWord, WordRole::connection, connectionField);
+    if (out.recorder != nullptr)
+      leaveOutWires(*out.recorder, imp);
+    break;
+  case Engine::CONNECT_HW:
+    out.addWord(hduWord, WordRole::connection, connectionField);
+    result = writeHardware(out, imp);
+    break;
+  case Engine::CONNECT_STUB:
+    out.addWord(stubWord, WordRole::connection, connectionField);
+    result = writeStub(out, imp);
+    break;
+  default:
+    return refuseConnection(out, imp, invalidLumacoreConnection);
+  }
+  if (out.recorder != nullptr && result == code::done) {
+    if (record.connectionType != Engine::CONNECT_STUB)
+      leaveOutStub(*out.recorder);
+    leaveOutSimulators(*out.recorder);
+  }
+  return result;
+}
+
+int writePpc(CommandText out, const EngineImp &imp) {
+  const ProcessorInfoImp &record = currentRecord(imp);
+  writeTarget(out, ppcTarget, record);
+  switch (record.connectionType) {
+  case Engine::CONNECT_SIM:
+    out.addWord(simWord, WordRole::connection, connectionField);
+    writePpcSimulator(out, imp);
+    if (out.recorder != nullptr) {
+      leaveOutWires(*out.recorder, imp);
+      leaveOutVirtualPlatform(*out.recorder);
+    }
+    break;
+  case Engine::CONNECT_HW:
+    out.addWord(hwWord, WordRole::connection, connectionField);
+    if (const int result = writeHardware(out, imp); result != code::done)
+      return result;
+    if (out.recorder != nullptr)
+      leaveOutSimulators(*out.recorder);
+    break;
+  default:
+    return refuseConnection(out, imp, invalidPpcConnection);
+  }
+  if (out.recorder != nullptr)
+    leaveOutStub(*out.recorder);
+  return code::done;
+}
+
 void describeLumacore(CommandTarget &target) {
   describeConnections(target, lumacoreConnections<NoObserver>);
 }
@@ -288,37 +437,11 @@ int KvoOption_Parser::parse_dapoptions(std::string &command, EngineImp &imp) {
 }
 
 int KvoOption_Parser::write_lcoptions(std::string &out, EngineImp &imp) {
-  kvo::appendWord(out, kvo::lumacoreTarget);
-  switch (currentRecord(imp).connectionType) {
-  case Engine::CONNECT_SIM:
-    kvo::appendWord(out, kvo::simWord);
-    return kvo::code::done;
-  case Engine::CONNECT_HW:
-    kvo::appendWord(out, kvo::hduWord);
-    if (const int result = kvo::writeHardware(out, imp);
-        result != kvo::code::done)
-      return result;
-    return write_lcfsloptions(out, imp);
-  case Engine::CONNECT_STUB:
-    kvo::appendWord(out, kvo::stubWord);
-    return kvo::writeStub(out, imp);
-  default:
-    return kvo::refuse(imp, kvo::invalidLumacoreConnection);
-  }
+  return kvo::writeLumacore(kvo::CommandText(out), imp);
 }
 
 int KvoOption_Parser::write_ppcoptions(std::string &out, EngineImp &imp) {
-  kvo::appendWord(out, kvo::ppcTarget);
-  switch (currentRecord(imp).connectionType) {
-  case Engine::CONNECT_SIM:
-    kvo::appendWord(out, kvo::simWord);
-    return write_ppcsim_options(out, imp);
-  case Engine::CONNECT_HW:
-    kvo::appendWord(out, kvo::hwWord);
-    return kvo::writeHardware(out, imp);
-  default:
-    return kvo::refuse(imp, kvo::invalidPpcConnection);
-  }
+  return kvo::writePpc(kvo::CommandText(out), imp);
 }
 
 } // namespace ZelDebugDialog

@@ -2,6 +2,7 @@
 #include "KvoOption_Parser/Descriptions.h"
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
+#include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 
@@ -42,6 +43,12 @@ constexpr std::array<Parameter<EngineImp>, 4> parameters{{
      number("stubTimeout")},
 }};
 
+constexpr std::string_view baudWords = "  -baud  "; // twice two blanks
+
+constexpr const Fields &portField = fields<&ProcessorInfoImp::stubSerialPort>;
+constexpr const Fields &baudField = fields<&ProcessorInfoImp::stubBaudRate>;
+constexpr const Fields &timeoutField = fields<&ProcessorInfoImp::stubTimeout>;
+
 } // namespace
 
 template <class Observer>
@@ -68,6 +75,19 @@ template int readStubLine(WordCursor<NoObserver> &, std::string_view,
 template int readStubLine(WordCursor<Recorder> &, std::string_view,
                           EngineImp &);
 
+void writeStubLine(CommandText out, const EngineImp &imp) {
+  const ProcessorInfoImp &record = currentRecord(imp);
+  out.addText(joined<portOption>, record.stubSerialPort, portField);
+  out.addDecimal(baudWords, record.stubBaudRate, baudField);
+  out.addDecimal(joined<timeoutOption>, record.stubTimeout, timeoutField);
+}
+
+void leaveOutStubLine(WriteRecorder &recorder) {
+  for (const Fields *const unused : {&portField, &baudField, &timeoutField})
+    recorder.leavesOut(*unused, OmissionReason::otherConnection,
+                       connectionField);
+}
+
 void describeStubLine(CommandOption &option) {
   for (const auto &parameter : parameters)
     if (option.keyword == parameter.keyword)
@@ -83,16 +103,7 @@ int KvoOption_Parser::parse_commoptions(std::string &command,
 }
 
 int KvoOption_Parser::write_commoptions(std::string &out, EngineImp &imp) {
-  const ProcessorInfoImp &record = currentRecord(imp);
-  kvo::appendWord(out, kvo::portOption);
-  kvo::appendWord(out, record.stubSerialPort);
-  out += ' '; // two blanks stand before "-baud" and two behind it
-  kvo::appendWord(out, kvo::baudOption);
-  out += "  ";
-  kvo::appendDecimal(out, record.stubBaudRate);
-  kvo::appendWord(out, kvo::timeoutOption);
-  out += ' ';
-  kvo::appendDecimal(out, record.stubTimeout);
+  kvo::writeStubLine(kvo::CommandText(out), imp);
   return kvo::code::done;
 }
 

@@ -3,6 +3,7 @@
 // Host and port are written as one word that is no "-ipcport" option to the
 // reader, and not at all in configuration mode.
 #include "KvoOption_Parser/SimulatorOptions.h"
+#include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog_Engine/Families.h"
 
@@ -65,6 +66,50 @@ constexpr std::array<SimulatorOption<Observer>, 2> options{{
     {ipcPortOption, readIpcPort, describeIpcPort},
 }};
 
+constexpr const Fields &modeField = fields<&ProcessorInfoImp::vpConfigMode>;
+constexpr const Fields &approximateField =
+    fields<&ProcessorInfoImp::cycleApproximate>;
+
+/// Both flags are read as 1, and the mode only with a value behind it.
+void tellConfigurationMode(WriteRecorder &recorder,
+                           const ProcessorInfoImp &record) {
+  recorder.leavesOut(simulatorHostFields, OmissionReason::configurationMode,
+                     modeField);
+  if (record.vpConfigMode != 1)
+    recorder.leavesOut(modeField, OmissionReason::betweenNamedValues);
+  if (record.cycleApproximate == 0) {
+    recorder.implies(approximateField);
+    recorder.cannotBeRead(modeField, OmissionReason::configurationModeAlone);
+  } else if (record.cycleApproximate != 1) {
+    recorder.leavesOut(approximateField, OmissionReason::betweenNamedValues);
+  }
+}
+
+void writeConfigurationMode(CommandText out, const ProcessorInfoImp &record) {
+  out.addWord(configOption, WordRole::option,
+              record.vpConfigMode == 1 ? modeField : Fields());
+  if (record.cycleApproximate != 0)
+    out.addWord(cycleApproximateWord, WordRole::value,
+                record.cycleApproximate == 1 ? approximateField : Fields());
+  if (out.recorder != nullptr)
+    tellConfigurationMode(*out.recorder, record);
+}
+
+void writeHost(CommandText out, const ProcessorInfoImp &record) {
+  if (record.simIpcHost.empty()) {
+    if (out.recorder != nullptr)
+      leaveOutEmptyHost(*out.recorder);
+    return;
+  }
+  appendWord(out.text, ipcPortOption);
+  out.text += record.simIpcHost;
+  appendDecimal(out.text, record.simIpcPort);
+  if (out.recorder == nullptr)
+    return;
+  out.recorder->wroteRest(out.text, WordRole::option, simulatorHostFields);
+  out.recorder->cannotBeRead(simulatorHostFields, OmissionReason::oneWord);
+}
+
 } // namespace
 
 template <class Observer>
@@ -98,6 +143,40 @@ int readVirtualPlatform(WordCursor<Observer> &cursor, EngineImp &imp) {
 template int readVirtualPlatform(WordCursor<NoObserver> &, EngineImp &);
 template int readVirtualPlatform(WordCursor<Recorder> &, EngineImp &);
 
+int writeVirtualPlatform(CommandText out, const EngineImp &imp) {
+  const ProcessorInfoImp &record = currentRecord(imp);
+  out.begin(vpConnectHead, connectionField);
+  if (record.procFamily != familyLumacore) {
+    if (out.recorder != nullptr)
+      out.recorder->gaveUp(connectionField,
+                           OmissionReason::connectionWithoutCommand);
+    return code::refused;
+  }
+  writeTarget(out, lumacoreTarget, record);
+  if (record.vpConfigMode != 0) {
+    writeConfigurationMode(out, record);
+  } else {
+    if (out.recorder != nullptr) {
+      out.recorder->implies(modeField);
+      out.recorder->leavesOut(approximateField,
+                              OmissionReason::withConfigurationMode);
+    }
+    writeHost(out, record);
+  }
+  if (out.recorder != nullptr) {
+    leaveOutWires(*out.recorder, imp);
+    leaveOutStub(*out.recorder);
+    leaveOutSimulatorFile(*out.recorder);
+  }
+  return code::done;
+}
+
+void leaveOutVirtualPlatform(WriteRecorder &recorder) {
+  for (const Fields *const unused : {&modeField, &approximateField})
+    recorder.leavesOut(*unused, OmissionReason::otherConnection,
+                       connectionField);
+}
+
 CommandOptionSet describeVirtualPlatformOptions() {
   return describeOptions(virtualPlatformOptions, options<NoObserver>);
 }
@@ -111,23 +190,7 @@ unsigned KvoOption_Parser::parse_vpoptions(std::string &command,
 }
 
 int KvoOption_Parser::write_vpoptions(std::string &out, EngineImp &imp) {
-  const ProcessorInfoImp &record = currentRecord(imp);
-  out = kvo::vpConnectHead;
-  if (record.procFamily != familyLumacore)
-    return kvo::code::refused;
-  kvo::appendWord(out, kvo::lumacoreTarget);
-  if (record.vpConfigMode != 0) {
-    kvo::appendWord(out, kvo::configOption);
-    if (record.cycleApproximate != 0)
-      kvo::appendWord(out, kvo::cycleApproximateWord);
-    return kvo::code::done;
-  }
-  if (record.simIpcHost.empty())
-    return kvo::code::done;
-  kvo::appendWord(out, kvo::ipcPortOption);
-  out += record.simIpcHost;
-  kvo::appendDecimal(out, record.simIpcPort);
-  return kvo::code::done;
+  return kvo::writeVirtualPlatform(kvo::CommandText(out), imp);
 }
 
 } // namespace ZelDebugDialog

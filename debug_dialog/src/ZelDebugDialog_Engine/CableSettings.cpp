@@ -35,7 +35,7 @@ int getCableSetting(EngineImp &imp, Setting CableOption::*field, Setting &out) {
 std::string pluginClause(const CableOption &cable) {
   std::string text = "-cable type ";
   text += findCable(Engine::QUORLA_PLUGIN).keyword;
-  kvo::writePluginCable(text, cable);
+  kvo::writePluginCable(kvo::CommandText(text), cable);
   return text;
 }
 

@@ -7,7 +7,7 @@
 
 namespace ZelDebugDialog {
 
-inline ProcessorInfoImp &currentRecord(EngineImp &imp) {
+inline ProcessorInfoImp &currentRecord(const EngineImp &imp) {
   assert(imp.currentProcessor != nullptr && "no processor is selected");
   return *imp.currentProcessor;
 }

@@ -27,6 +27,11 @@ inline constexpr std::uint32_t maskKmtc = 32;
 inline constexpr std::uint32_t maskDcc = 256;
 inline constexpr std::uint32_t maskDap = 512;
 
+/// Whether a mask is one of those, or has their bits among others.
+constexpr bool isModuleMask(std::uint32_t mask) {
+  return (mask & (maskHdu | maskKmtc | maskDcc | maskDap)) != 0;
+}
+
 inline constexpr std::uint32_t fpuNone = 0;
 inline constexpr std::uint32_t fpuSingle = 1;
 inline constexpr std::uint32_t fpuDouble = 2;

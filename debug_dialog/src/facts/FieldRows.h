@@ -115,7 +115,7 @@ public:
   constexpr bool empty() const { return count == 0; }
 
 private:
-  std::array<std::uint8_t, 3> rows{};
+  std::array<std::uint8_t, 7> rows{};
   std::uint8_t count = 0;
 };
 

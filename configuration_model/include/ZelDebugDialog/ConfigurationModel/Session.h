@@ -145,7 +145,18 @@ struct SaveOutcome {
   std::vector<Loss> losses; ///< What does not come back.
 };
 
+/// How to save.
+struct SaveOptions {
+  /// Saves what would be lost, and over a file that cannot be read, has changed
+  /// or is read-only.
+  bool force = false;
+  bool makeFolder = false; ///< Makes the folder if it is missing.
+  bool dryRun = false;     ///< Tells what would become of it; writes nothing.
+};
+
+namespace model {
 class SessionImp;
+}
 
 /// A configuration. A moved-from session may only be assigned to or destroyed.
 class ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Session {
@@ -224,24 +235,24 @@ public:
   bool ChangedOnDisk() const;
 
   /// Saves this one.
-  /// @param force  saves what would be lost, and over a file that cannot be
-  ///   read, has changed or is read-only
   /// @throws Refusal (wouldBeLost, unreadable, changedOnDisk, readOnly: not
   /// with
   ///   `force`; draft, noCommand, noRegularFile, noFolder, fileSystem)
-  SaveOutcome Save(bool force = false);
+  SaveOutcome Save(const SaveOptions &options = {});
 
 private:
   friend ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::vector<SaveOutcome>
-  SaveSessions(const std::vector<Session *> &sessions, bool force);
+  SaveSessions(const std::vector<Session *> &sessions,
+               const SaveOptions &options);
 
-  std::unique_ptr<SessionImp> imp;
+  std::unique_ptr<model::SessionImp> imp;
 };
 
 /// Saves several at once: each whole or not at all, with one flush for all that
 /// are written. Refusals stand in the outcomes, in the order of the sessions.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::vector<SaveOutcome>
-SaveSessions(const std::vector<Session *> &sessions, bool force = false);
+SaveSessions(const std::vector<Session *> &sessions,
+             const SaveOptions &options = {});
 
 } // namespace ZelDebugDialog
 

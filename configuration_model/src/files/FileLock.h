@@ -1,0 +1,33 @@
+// Who saves a file has it alone, across processes.
+#pragma once
+
+#include <filesystem>
+
+namespace ZelDebugDialog::model {
+
+/// Held from its making to its end. The lock is a file of its own beside the
+/// option file, which is gone again afterwards; one that a killed program left
+/// behind is in nobody's way.
+class FileLock {
+public:
+  /// Waits for whoever has it, some seconds at most.
+  /// @throws Refusal (noFolder, fileSystem)
+  explicit FileLock(const std::filesystem::path &file);
+  ~FileLock();
+  FileLock(const FileLock &) = delete;
+  FileLock &operator=(const FileLock &) = delete;
+
+private:
+  std::filesystem::path path;
+  int descriptor = -1;
+};
+
+/// The name of a file beside another one, short enough for the file system.
+std::filesystem::path besideFile(const std::filesystem::path &file,
+                                 const char *ending);
+
+/// @throws Refusal for what the file system said of a file.
+[[noreturn]] void refuseFile(const std::filesystem::path &file,
+                             const std::string &problem);
+
+} // namespace ZelDebugDialog::model

@@ -1,0 +1,119 @@
+#include "files/FileSaver.h"
+
+#include <cerrno>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fmt/format.h>
+
+#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+#include "files/FileLock.h"
+#include "files/Place.h"
+#include "text/Printable.h"
+
+namespace ZelDebugDialog::model {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+[[noreturn]] void refuseKind(RefusalKind kind, const fs::path &file,
+                             const std::string &problem) {
+  Refusal refusal(kind, printable(file.string()), problem);
+  refusal.file = file.string();
+  throw refusal;
+}
+
+/// Without writing anything: a user who may write everything is told all the
+/// same that the file is not meant to be written.
+bool isReadOnly(const fs::path &file) {
+  constexpr fs::perms write =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  std::error_code error;
+  const fs::perms permissions = fs::status(file, error).permissions();
+  return (permissions & write) == fs::perms::none ||
+         faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) != 0;
+}
+
+} // namespace
+
+ScratchFile::ScratchFile(fs::path target)
+    : place(std::move(target)), scratch(besideFile(place, ".new")) {
+  unlink(scratch.c_str());
+  // Made here, so that the engine cannot be led elsewhere by a link.
+  const int made =
+      open(scratch.c_str(),
+           O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+  if (made < 0)
+    refuseFile(place.parent_path(),
+               fmt::format("cannot write there: {}",
+                           std::generic_category().message(errno)));
+  close(made);
+}
+
+ScratchFile::~ScratchFile() {
+  if (!isMoved)
+    unlink(scratch.c_str());
+}
+
+ScratchFile::ScratchFile(ScratchFile &&other) noexcept
+    : place(std::move(other.place)), scratch(std::move(other.scratch)),
+      isMoved(std::exchange(other.isMoved, true)) {}
+
+void ScratchFile::expectContent(const std::string &text) const {
+  std::ifstream stream(scratch, std::ios::binary);
+  const std::string content{std::istreambuf_iterator<char>(stream),
+                            std::istreambuf_iterator<char>()};
+  if (content != text)
+    refuseFile(place.parent_path(),
+               "the option file could not be written whole: no space left, or "
+               "a limit on the size of files");
+}
+
+void ScratchFile::moveIntoPlace() {
+  std::error_code error;
+  const fs::file_status there = fs::status(place, error);
+  if (fs::is_regular_file(there))
+    fs::permissions(scratch, there.permissions(), error);
+  fs::rename(scratch, place, error);
+  if (error)
+    refuseFile(place, error.message());
+  isMoved = true;
+}
+
+void expectReplaceable(const fs::path &target, bool force) {
+  const fs::path folder = target.parent_path();
+  const Place around = lookAt(folder, fs::file_type::directory);
+  if (!around.problem.empty())
+    refuseKind(RefusalKind::noFolder, folder, around.problem);
+  if (!around.exists)
+    refuseKind(RefusalKind::noFolder, folder, "there is no such folder");
+  const Place place = lookAt(target, fs::file_type::regular);
+  if (!place.problem.empty())
+    refuseKind(RefusalKind::noRegularFile, target, place.problem);
+  if (place.exists && !force && isReadOnly(target))
+    refuseKind(RefusalKind::readOnly, target, "it may not be written");
+}
+
+void flushFiles(const std::vector<const ScratchFile *> &files) {
+  if (files.empty())
+    return;
+  const fs::path &one = files.front()->path();
+  const int descriptor = open(one.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0)
+    refuseFile(one, std::generic_category().message(errno));
+  // Several files lie in one file system: one call for all of them.
+  const int result = files.size() == 1 ? fsync(descriptor) : syncfs(descriptor);
+  const int problem = result == 0 ? 0 : errno;
+  close(descriptor);
+  if (problem != 0)
+    refuseFile(one, std::generic_category().message(problem));
+}
+
+} // namespace ZelDebugDialog::model

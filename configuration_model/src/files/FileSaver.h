@@ -1,0 +1,49 @@
+// Replacing an option file so that the one that is there is either wholly
+// replaced or untouched.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace ZelDebugDialog::model {
+
+/// A file beside the one that it is to replace. It is gone again unless it was
+/// moved into place.
+class ScratchFile {
+public:
+  /// Nothing is there yet but the name; what an ended program left behind under
+  /// it is removed. The lock of `target` is held.
+  explicit ScratchFile(std::filesystem::path target);
+  ~ScratchFile();
+  ScratchFile(ScratchFile &&other) noexcept;
+  ScratchFile &operator=(ScratchFile &&) = delete;
+  ScratchFile(const ScratchFile &) = delete;
+  ScratchFile &operator=(const ScratchFile &) = delete;
+
+  const std::filesystem::path &path() const { return scratch; }
+
+  /// @throws Refusal (fileSystem) unless the file holds exactly `text`: the
+  ///   engine does not report a disk that is full
+  void expectContent(const std::string &text) const;
+
+  /// Puts it in the place of the target, with the permissions of the file that
+  /// is there. @throws Refusal (fileSystem)
+  void moveIntoPlace();
+
+private:
+  std::filesystem::path place;
+  std::filesystem::path scratch;
+  bool isMoved = false;
+};
+
+/// @throws Refusal (noFolder, noRegularFile, readOnly unless `force`) for what
+/// no
+///   file can take the place of, or may not
+void expectReplaceable(const std::filesystem::path &target, bool force);
+
+/// Asks the file system to keep what was written before names are moved: once
+/// for all files. @throws Refusal (fileSystem)
+void flushFiles(const std::vector<const ScratchFile *> &files);
+
+} // namespace ZelDebugDialog::model

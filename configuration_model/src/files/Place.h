@@ -1,0 +1,23 @@
+// What stands at a path.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace ZelDebugDialog::model {
+
+struct Place {
+  bool exists = false;
+  std::string problem; ///< why it is not what was wanted, or empty
+};
+
+/// Looks behind links. Nothing is opened: a fifo would make the caller wait.
+/// @param wanted  `regular` or `directory`
+Place lookAt(const std::filesystem::path &path,
+             std::filesystem::file_type wanted);
+
+/// The file that a path leads to, behind links; the path itself for what is not
+/// there.
+std::filesystem::path behindLinks(const std::filesystem::path &path);
+
+} // namespace ZelDebugDialog::model

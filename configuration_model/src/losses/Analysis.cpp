@@ -1,0 +1,225 @@
+#include "losses/Analysis.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "commands/OptionLine.h"
+#include "losses/Reasons.h"
+#include "settings/ConnectionKinds.h"
+#include "text/NearestMatch.h"
+#include "text/Words.h"
+
+namespace ZelDebugDialog::model {
+
+namespace {
+
+constexpr const char *wholeCommand = "connectCommand";
+constexpr const char *connection = "connection";
+constexpr const char *chain = "chain";
+
+bool isOneOf(const std::string &field, const char *const *first,
+             const char *const *last) {
+  return std::find(first, last, field) != last;
+}
+
+/// Whether a field of the records belongs to what a setting stands for.
+bool belongsTo(const std::string &field, const SettingRow &row) {
+  constexpr const char *parts[] = {"connectionType", "stubType"};
+  if (row.info.id == connection)
+    return isOneOf(field, std::begin(parts), std::end(parts));
+  if (row.info.id == chain)
+    return field.compare(0, 5, chain) == 0;
+  return field == row.info.id;
+}
+
+const Omission *findFor(const std::vector<Omission> &omissions,
+                        const SettingRow &row) {
+  for (const Omission &omission : omissions)
+    if (belongsTo(omission.field, row))
+      return &omission;
+  return nullptr;
+}
+
+/// Of the chain, only a device's field that is not as it was is worth naming.
+const Omission *findFor(const std::vector<Omission> &omissions,
+                        const SettingRow &row, const Snapshot &wanted,
+                        const Snapshot &readBack) {
+  if (row.info.id != chain)
+    return findFor(omissions, row);
+  for (const Omission &omission : omissions)
+    if (belongsTo(omission.field, row) &&
+        fieldNamed(wanted, omission.field) !=
+            fieldNamed(readBack, omission.field))
+      return &omission;
+  return nullptr;
+}
+
+std::string shownReason(const Omission &omission, const Snapshot &wanted) {
+  const Reason &row = reasonRow(omission.reason);
+  std::string text = row.text;
+  if (omission.reason == OmissionReason::connectionNotAllowed)
+    text += fmt::format("; it allows {}",
+                        quotedList(allowedKinds(wanted.record.connectionMask)));
+  const std::size_t dot = omission.field.find("].");
+  return dot == std::string::npos
+             ? text
+             : fmt::format("{}: {}", omission.field.substr(dot + 2), text);
+}
+
+void explain(RawLoss &loss, const Omission &omission, const Snapshot &wanted) {
+  loss.reason = shownReason(omission, wanted);
+  loss.code = reasonRow(omission.reason).code;
+  const SettingRow *const displacing = findRow(omission.displacedBy);
+  loss.displacedBy = displacing == nullptr ? "" : omission.displacedBy;
+  if (loss.displacedBy == "connectionType" || loss.displacedBy == "stubType")
+    loss.displacedBy = connection;
+}
+
+/// A text that an option file's line ends in.
+std::optional<NoWord> problemInFile(const Value &value) {
+  if (!value.IsText() || value.Text().empty())
+    return std::nullopt;
+  const auto problem = whyNoOpaqueWord(value.Text(), WordPlace::optionFile);
+  const bool isOfFile =
+      problem && !whyNoOpaqueWord(value.Text(), WordPlace::command);
+  return isOfFile ? problem : std::nullopt;
+}
+
+RawLoss cutLoss(const std::string &command) {
+  return {wholeCommand,
+          command,
+          {},
+          fmt::format("it has {} characters, and only {} of a line are read",
+                      command.size(), optionLineLimit),
+          "long-file",
+          "",
+          true};
+}
+
+/// The one setting because of which the reader refuses.
+RawLoss refusalLoss(const Snapshot &wanted, const std::string &command,
+                    const CommandWriting &writing, const std::string &refusal) {
+  for (const Omission &omission : writing.unreadable) {
+    const bool isOfChain = omission.field.compare(0, 5, chain) == 0;
+    const bool isOfConnection = omission.field == "connectionType";
+    const SettingRow *const row = findRow(isOfChain        ? chain
+                                          : isOfConnection ? connection
+                                                           : omission.field);
+    if (row == nullptr)
+      continue;
+    RawLoss loss{row->info.id, valueIn(wanted, *row), {}, "", "", "", true};
+    explain(loss, omission, wanted);
+    return loss;
+  }
+  return {wholeCommand,
+          command,
+          {},
+          fmt::format("the command that is written is refused: {}", refusal),
+          "refused-again",
+          "",
+          true};
+}
+
+bool isPartOfConnection(const SettingRow &row) {
+  return row.info.id == "connectionType" || row.info.id == "stubType";
+}
+
+/// What a refused command does not even carry, beside the defaults.
+void appendOmitted(std::vector<RawLoss> &losses, const Snapshot &wanted,
+                   const CommandWriting &writing) {
+  const Snapshot defaults = defaultsBeside(wanted, wanted.record);
+  for (const SettingRow &row : settingRows()) {
+    if (!row.info.settable || row.isOfDevice() || row.isIdentity ||
+        row.info.id == losses.front().setting)
+      continue;
+    const Omission *const omission = findFor(writing.omissions, row);
+    const Value value = valueIn(wanted, row);
+    if (omission == nullptr || value == valueIn(defaults, row))
+      continue;
+    RawLoss loss{row.info.id, value, {}, "", "", "", false};
+    explain(loss, *omission, wanted);
+    losses.push_back(std::move(loss));
+  }
+}
+
+} // namespace
+
+std::vector<RawLoss> lossesOf(const Snapshot &wanted,
+                              const std::string &command,
+                              const CommandWriting &writing,
+                              const Snapshot *readBack,
+                              const std::string &refusal) {
+  std::vector<RawLoss> losses;
+  const bool isCut = command.size() > optionLineLimit;
+  if (isCut)
+    losses.push_back(cutLoss(command));
+  if (readBack == nullptr) {
+    if (isCut)
+      return losses;
+    losses.push_back(refusalLoss(wanted, command, writing, refusal));
+    appendOmitted(losses, wanted, writing);
+    return losses;
+  }
+  bool connectionDiffers = false;
+  for (const FieldDifference &difference :
+       settingsThatDiffer(wanted, *readBack)) {
+    const SettingRow &row = *findRow(difference.name);
+    connectionDiffers = connectionDiffers || difference.name == connection;
+    if (connectionDiffers && isPartOfConnection(row))
+      continue;
+    RawLoss loss{difference.name,
+                 difference.before,
+                 difference.after,
+                 "",
+                 "",
+                 "",
+                 false};
+    const Omission *omission =
+        findFor(writing.omissions, row, wanted, *readBack);
+    if (omission == nullptr)
+      omission = findFor(writing.unreadable, row, wanted, *readBack);
+    const auto inFile = problemInFile(difference.before);
+    if (omission != nullptr) {
+      explain(loss, *omission, wanted);
+    } else if (inFile) {
+      loss.reason = inFile->reason;
+      loss.code = inFile->code;
+    } else {
+      loss.reason = isCut ? "it stands behind what is read of the line"
+                          : "it is read back differently";
+      loss.code = isCut ? "long-file" : "read-differently";
+    }
+    losses.push_back(std::move(loss));
+  }
+  return losses;
+}
+
+const RawLoss *Analysis::findLoss(const std::string &setting) const {
+  for (const RawLoss &loss : losses)
+    if (loss.setting == setting)
+      return &loss;
+  return nullptr;
+}
+
+const Omission *Analysis::findOmission(const SettingRow &row) const {
+  return findFor(writing.omissions, row);
+}
+
+Analysis analyse(Desk &desk, const Snapshot &wanted) {
+  Analysis analysis;
+  Written written = writeSnapshot(desk, wanted);
+  analysis.writing = std::move(written.writing);
+  if (!written.command) {
+    analysis.error = written.error;
+    return analysis;
+  }
+  analysis.command = std::move(written.command);
+  const ReadBack back = readBack(desk, *analysis.command);
+  analysis.losses =
+      lossesOf(wanted, *analysis.command, analysis.writing,
+               back.snapshot ? &*back.snapshot : nullptr, back.refusal);
+  return analysis;
+}
+
+} // namespace ZelDebugDialog::model

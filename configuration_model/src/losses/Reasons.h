@@ -1,0 +1,17 @@
+// Why a setting does not come back, in words: a row for each reason that the
+// engine's writers know.
+#pragma once
+
+#include "ZelDebugDialog/CommandWriting.h"
+
+namespace ZelDebugDialog::model {
+
+struct Reason {
+  OmissionReason reason;
+  const char *text; ///< A clause without a full stop.
+  const char *code; ///< Known to `FindCode`; an anchor of docs/round-trip.md.
+};
+
+const Reason &reasonRow(OmissionReason reason);
+
+} // namespace ZelDebugDialog::model

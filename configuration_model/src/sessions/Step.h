@@ -1,0 +1,57 @@
+// One state of a session: what undoing brings back.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "ZelDebugDialog/ConfigurationModel/Session.h"
+#include "losses/Analysis.h"
+#include "settings/Snapshot.h"
+
+namespace ZelDebugDialog::model {
+
+/// A text that is no value.
+struct DraftText {
+  std::string text;
+  std::string error;
+
+  bool operator==(const DraftText &other) const {
+    return text == other.text && error == other.error;
+  }
+};
+
+/// Never changes once it is part of a history.
+struct Step {
+  Snapshot now;
+  /// Where settings come from, but for the defaults.
+  std::map<std::string, std::string> origins;
+  std::map<std::string, DraftText> drafts; ///< by the setting
+  std::optional<std::string> commandDraft;
+  /// A command that was accepted, until the next change.
+  std::optional<std::string> editedCommand;
+  /// The settings that the change which led here asked for.
+  std::set<std::string> asked;
+  /// Settings that no longer come back since a change that did not ask for
+  /// them.
+  std::set<std::string> displaced;
+  Analysis analysis; ///< of `now`
+
+  /// Whether anything that a person sees differs.
+  bool differsFrom(const Step &other) const;
+};
+
+using StepPointer = std::shared_ptr<const Step>;
+
+/// The losses of a step as users are told of them.
+/// @param defaults  those of the step
+std::vector<Loss> lossesOf(const Step &step, const Snapshot &defaults);
+
+/// Finds out what the change from `before` has displaced. The analysis of both
+/// is there.
+void noteDisplaced(const Step &before, Step &after);
+
+} // namespace ZelDebugDialog::model
