@@ -156,7 +156,7 @@ std::vector<Code> makeDiagnosticCodes() {
        "has it.",
        "connect ppc hw -debugdevice proctype ppc440", "for a ppc405",
        "Leave 'proctype' out: the design knows the kind."},
-      {"number-differs", CodeSeverity::warning,
+      {"number-differs", CodeSeverity::error,
        "is the number of another processor",
        "Each processor of a family has its own number, and the command names "
        "another one than the design gives to this processor.",

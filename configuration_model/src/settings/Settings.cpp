@@ -65,19 +65,23 @@ std::string shownDevices(const Value::Chain &chain) {
   return text;
 }
 
-std::string shownNumber(const SettingInfo &setting, std::int64_t number) {
-  for (const Choice &choice : setting.choices)
-    if (choice.value == Value(number))
-      return choice.text;
+std::string shownPlainNumber(const SettingInfo &setting, std::int64_t number) {
   if (setting.kind == SettingKind::address && number == unsetAddress)
     return "not set";
-  if (setting.kind == SettingKind::frequency)
-    return shownFrequency(number);
   const model::SettingRow *const row = model::findRow(setting.id);
   const bool isHexadecimal = setting.kind == SettingKind::address ||
                              (row != nullptr && row->isHexadecimal);
   return isHexadecimal ? fmt::format("{:#x}", number)
                        : fmt::format("{}", number);
+}
+
+std::string shownNumber(const SettingInfo &setting, std::int64_t number) {
+  for (const Choice &choice : setting.choices)
+    if (choice.value == Value(number))
+      return choice.text;
+  return setting.kind == SettingKind::frequency
+             ? shownFrequency(number)
+             : shownPlainNumber(setting, number);
 }
 
 } // namespace
@@ -112,6 +116,16 @@ std::string ShowValue(const SettingInfo &setting, const Value &value) {
   if (value.IsNumber())
     return shownNumber(setting, value.Number());
   return value.IsChain() ? shownDevices(value.Devices()) : "nothing";
+}
+
+std::string ShowStored(const SettingInfo &setting, const Value &value) {
+  if (value.IsText())
+    return fmt::format("\"{}\"", value.Text());
+  if (value.IsNumber())
+    return shownPlainNumber(setting, value.Number());
+  if (value.IsChain() && value.Devices().size() == 1)
+    return "a device";
+  return ShowValue(setting, value);
 }
 
 } // namespace ZelDebugDialog

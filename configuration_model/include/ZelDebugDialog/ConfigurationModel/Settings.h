@@ -82,6 +82,11 @@ FindSetting(std::string_view id);
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
 ShowValue(const SettingInfo &setting, const Value &value);
 
+/// A value as the records hold it: "3", "3000000", "0x40000000", "not set", a
+/// text in quotes.
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
+ShowStored(const SettingInfo &setting, const Value &value);
+
 } // namespace ZelDebugDialog
 
 #endif
