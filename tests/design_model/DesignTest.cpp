@@ -120,6 +120,54 @@ TEST(DesignReader, TakesEndsInEveryForm) {
   }
 }
 
+/// A design "box" of an edition that has hierarchical connections; `end` is
+/// what stands in the one of "port".
+std::string boxOf(const std::string &edition, const std::string &end) {
+  return "<s:design xmlns:s=\"http://www.spiritconsortium.org/XMLSchema/"
+         "SPIRIT/" +
+         edition +
+         "\"><s:vendor>x</s:vendor><s:library>y</s:library><s:name>inner"
+         "</s:name><s:version>1</s:version><s:componentInstances>"
+         "<s:componentInstance><s:instanceName>ram</s:instanceName>"
+         "<s:componentRef s:vendor='x' s:library='y' s:name='ram' "
+         "s:version='1'/></s:componentInstance></s:componentInstances>"
+         "<s:hierConnections>\n<s:hierConnection s:interfaceRef='port'>" +
+         end + "</s:hierConnection></s:hierConnections></s:design>";
+}
+
+Reading readInBox(const std::string &inner) {
+  Files files = parts;
+  files["inner.xml"] = inner;
+  files["box.xml"] =
+      component("box", interface("port", "<ipxact:slave/>"), viewOf("inner"));
+  return readBeside(
+      files, design("d", instance("cpu", "lumacore") + instance("box", "box"),
+                    connection("in", {"cpu.bus", "box.port"})));
+}
+
+TEST(DesignReader, TakesHierarchicalConnections) {
+  for (const char *const edition : {"1.5", "1685-2009"}) {
+    Reading reading = readInBox(
+        boxOf(edition, "<s:interface s:componentRef='ram' s:busRef='bus'/>"));
+    EXPECT_THAT(reading.diagnostics(), IsEmpty()) << edition;
+    EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("box.ram")) << edition;
+  }
+}
+
+TEST(DesignReader, TakesNoOtherFormOfHierarchicalConnections) {
+  for (const std::string element :
+       {"activeInterface", "hierInterface", "Interface", "interfaces"}) {
+    Reading reading = readInBox(
+        boxOf("1685-2009",
+              "<s:" + element + " s:componentRef='ram' s:busRef='bus'/>"));
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("warning inner.xml:2: connection '' has one end "
+                            "only: 'port'"))
+        << element;
+    EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("box")) << element;
+  }
+}
+
 TEST(DesignReader, AttachesNothingByMonitorsAndPorts) {
   Reading reading = readBeside(
       parts,

@@ -63,7 +63,7 @@ private:
     forEach(between, "interconnection", [&](const pugi::xml_node &node) {
       readInterconnection(node, design);
     });
-    forEach(outwards, "hierConnection", [&](const pugi::xml_node &node) {
+    forEachChild(outwards, "hierConnection", [&](const pugi::xml_node &node) {
       readHierConnection(node, design);
     });
   }
@@ -134,11 +134,11 @@ private:
     add(childText(node, "name"), lineOf(node), ends, design);
   }
 
-  /// The form of 2009: one active interface and the design's own.
+  /// The form up to 2009: an interface of an instance and the design's own.
   void readHierConnection(const pugi::xml_node &node, DesignRecord &design) {
     const std::string own = attributeOf(node, "interfaceRef");
     std::vector<WrittenEnd> ends;
-    forEach(node, "activeInterface", [&](const pugi::xml_node &end) {
+    forEachChild(node, "interface", [&](const pugi::xml_node &end) {
       ends.push_back(readActive(end));
     });
     ends.push_back({true, "", own, lineOf(node)});
