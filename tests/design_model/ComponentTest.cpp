@@ -124,7 +124,7 @@ TEST(ComponentReader, KnowsEveryKindOfBridge) {
        {"x"}},
       {"subspace", byMap, map(subspace), {"ram"}},
       {"subspace of 2022",
-       slave("<ipxact:memoryMapRef>m</ipxact:memoryMapRef>"),
+       byMap,
        map("<ipxact:subspaceMap initiatorRef='out'/>"),
        {"ram"}},
       {"subspace in banks",
@@ -177,6 +177,19 @@ TEST(ComponentReader, ReportsBridgesToNowhere) {
                   "'none', which the component does not have",
                   "error x.xml:3: component 'x': interface 'in' is bridged to "
                   "'nowhere', which it does not have"));
+  EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("x"));
+}
+
+/// The name of the map is an attribute in every edition.
+TEST(ComponentReader, TakesNoMapByTheTextOfTheElement) {
+  Reading reading = readBetween(component(
+      "x",
+      interface("in", slave("<ipxact:memoryMapRef>m</ipxact:memoryMapRef>")) +
+          interface("out", master),
+      map("<ipxact:subspaceMap masterRef='out'/>")));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("warning x.xml:4: interface 'in' refers to a memory "
+                          "map '', which the component does not have"));
   EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("x"));
 }
 
@@ -263,6 +276,63 @@ TEST(ComponentReader, FollowsNoConditions) {
                           "warning x.xml:5: isPresent is not followed: this "
                           "transparentBridge is taken to be there"));
   EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram"));
+}
+
+TEST(ComponentReader, FollowsNoConditionsOfMaps) {
+  const std::string present = "<ipxact:isPresent>0</ipxact:isPresent>";
+  Reading reading = readBetween(
+      component("x",
+                interface("in", slave("<ipxact:memoryMapRef "
+                                      "memoryMapRef='m'/>")) +
+                    interface("out", master),
+                map(present + "\n<ipxact:addressBlock>" + present +
+                    "</ipxact:addressBlock>\n<ipxact:bank>" + present +
+                    "\n<ipxact:subspaceMap masterRef='out'>" + present +
+                    "</ipxact:subspaceMap></ipxact:bank>\n"
+                    "<ipxact:memoryRemap>" +
+                    present + "</ipxact:memoryRemap>") +
+                    "\n<ipxact:cpus><ipxact:cpu>" + present +
+                    "</ipxact:cpu></ipxact:cpus>"));
+  Names parts;
+  for (const DesignDiagnostic &found : reading.model.Diagnostics())
+    if (found.file == "x.xml")
+      parts.push_back(std::to_string(found.line) + " " + found.message);
+  EXPECT_THAT(
+      parts,
+      testing::UnorderedElementsAre(
+          "13 isPresent is not followed: this cpu is taken to be there",
+          "8 isPresent is not followed: this memoryMap is taken to be there",
+          "9 isPresent is not followed: this addressBlock is taken to be "
+          "there",
+          "10 isPresent is not followed: this bank is taken to be there",
+          "11 isPresent is not followed: this subspaceMap is taken to be there",
+          "12 isPresent is not followed: this memoryRemap is taken to be "
+          "there"));
+}
+
+TEST(ComponentReader, FollowsNoDefinitionsOfMaps) {
+  const std::string toDefinition = "Ref typeDefinitions='t'>d</ipxact:";
+  const std::string subspace = "<ipxact:subspaceMap initiatorRef='out'/>";
+  const std::string maps[] = {
+      "<ipxact:memoryMapDefinition" + toDefinition + "memoryMapDefinitionRef>",
+      subspace + "<ipxact:memoryRemap><ipxact:remapDefinition" + toDefinition +
+          "remapDefinitionRef></ipxact:memoryRemap>",
+      subspace + "<ipxact:bank><ipxact:bank><ipxact:bankDefinition" +
+          toDefinition + "bankDefinitionRef></ipxact:bank></ipxact:bank>",
+  };
+  for (const std::string &content : maps) {
+    Reading reading = readBetween(
+        component("x",
+                  interface("in", "<ipxact:target>\n<ipxact:memoryMapRef "
+                                  "memoryMapRef='m'/></ipxact:target>") +
+                      interface("out", master),
+                  map(content)));
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("warning x.xml:5: the definition that memory map "
+                            "'m' refers to is not followed; it is taken to "
+                            "have registers"));
+    EXPECT_EQ(reading.peripherals("cpu").front(), "x") << content;
+  }
 }
 
 } // namespace

@@ -256,6 +256,54 @@ TEST(Parameter, IsReportedTwice) {
           "first is meant"));
 }
 
+/// A component "t" of 2009 with one parameter "P", whose value has these
+/// attributes.
+Reading readOf2009(const std::string &attributes, const std::string &value) {
+  return readFiles(
+      {{"t.xml",
+        "<s:component xmlns:s=\"http://www.spiritconsortium.org/XMLSchema/"
+        "SPIRIT/1685-2009\"><s:vendor>x</s:vendor><s:library>y</s:library>"
+        "<s:name>t</s:name><s:version>1</s:version><s:parameters>"
+        "<s:parameter><s:name>P</s:name><s:value " +
+            attributes + ">" + value +
+            "</s:value></s:parameter></s:parameters></s:component>"},
+       {"top.xml", design("d", instance("u", "t"))}});
+}
+
+TEST(Parameter, Of2009IsTextWhenItsFormatIsSo) {
+  Reading text = readOf2009("s:format='string'", "0x10");
+  EXPECT_EQ(valueOf(text, "P"), "0x10");
+  for (const std::string other :
+       {"", "s:format='long'", "s:format='bitString' s:bitStringLength='8'",
+        "s:format='String'", "s:prompt='string'"}) {
+    Reading number = readOf2009(other, "0x10");
+    EXPECT_EQ(valueOf(number, "P"), "16") << other;
+  }
+}
+
+/// What makes values literal is the namespace of the document, nothing beside
+/// it.
+TEST(Parameter, IsAnExpressionWhateverElseIsDeclared) {
+  std::string text = component("t", "", parameters(parameter("P", "1 + 1")));
+  text.insert(text.find(' '),
+              " xmlns:s='http://www.spiritconsortium.org/XMLSchema/SPIRIT/"
+              "1685-2009'");
+  Reading reading = readFiles(
+      {{"t.xml", text}, {"top.xml", design("d", instance("u", "t"))}});
+  EXPECT_EQ(valueOf(reading, "P"), "2");
+}
+
+/// An "xml:id" names the element, not the parameter.
+TEST(Parameter, HasNoIdOfXml) {
+  const std::string list =
+      "<ipxact:parameter><ipxact:name>P</ipxact:name>"
+      "<ipxact:value xml:id='i'>1</ipxact:value></ipxact:parameter>";
+  Reading reading = readWith(list, given("i", "2"));
+  EXPECT_EQ(valueOf(reading, "P"), "1");
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(HasSubstr("'i', which is no parameter")));
+}
+
 TEST(Parameter, Of2009IsNoExpression) {
   const std::string space =
       " xmlns:s=\"http://www.spiritconsortium.org/XMLSchema/SPIRIT/1685-2009\"";

@@ -124,12 +124,13 @@ private:
     std::vector<WrittenEnd> ends;
     ends.reserve(countChildren(node));
     for (const pugi::xml_node &end : node.children()) {
-      const std::string_view element = localNameOf(end);
+      const bool isActive = isNamed(end, "activeInterface");
+      if (!isActive && !isNamed(end, "hierInterface"))
+        continue;
       noteCondition(end);
-      if (element == "activeInterface")
-        ends.push_back(readActive(end));
-      if (element == "hierInterface")
-        ends.push_back({true, "", attributeOf(end, "busRef"), lineOf(end)});
+      ends.push_back(isActive ? readActive(end)
+                              : WrittenEnd{true, "", attributeOf(end, "busRef"),
+                                           lineOf(end)});
     }
     add(childText(node, "name"), lineOf(node), ends, design);
   }
@@ -170,7 +171,7 @@ public:
     configuration->line = lineOf(root);
     const pugi::xml_node design = findChild(root, "designRef");
     if (!design.empty())
-      configuration->design = readReferenceRecord(design);
+      configuration->design = readPlainReference(design);
     forEach(root, "viewConfiguration", [&](const pugi::xml_node &node) {
       readView(node, *configuration);
     });

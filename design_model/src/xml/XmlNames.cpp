@@ -40,6 +40,23 @@ std::string_view localNameOf(const pugi::xml_node &node) {
   return localNameOf(std::string_view(node.name()));
 }
 
+bool isNamed(const pugi::xml_node &node, std::string_view name) {
+  return hasLocalName(node.name(), name);
+}
+
+std::string_view namespaceOf(const pugi::xml_node &node) {
+  const std::string_view prefix = prefixOf(node.name());
+  const std::string attribute =
+      prefix.empty() ? "xmlns" : "xmlns:" + std::string(prefix);
+  return node.attribute(attribute.c_str()).value();
+}
+
+bool isOfSpirit(std::string_view space) {
+  constexpr std::string_view start =
+      "http://www.spiritconsortium.org/XMLSchema/SPIRIT/";
+  return space.substr(0, start.size()) == start;
+}
+
 std::string_view trim(std::string_view text) {
   while (!text.empty() && isSpace(text.front()))
     text.remove_prefix(1);
@@ -82,7 +99,8 @@ std::string childText(const pugi::xml_node &parent, std::string_view name) {
 std::string attributeOf(const pugi::xml_node &node, std::string_view name) {
   for (pugi::xml_attribute attribute = node.first_attribute();
        !attribute.empty(); attribute = attribute.next_attribute())
-    if (hasLocalName(attribute.name(), name))
+    if (hasLocalName(attribute.name(), name) &&
+        prefixOf(attribute.name()) != "xml")
       return std::string(trim(attribute.value()));
   return "";
 }

@@ -20,6 +20,15 @@ std::string_view localNameOf(const pugi::xml_node &node);
 /// The same as comparing `localNameOf(name)`, without measuring it.
 bool hasLocalName(const char *name, std::string_view local);
 
+/// Whether it is an element of that name.
+bool isNamed(const pugi::xml_node &node, std::string_view name);
+
+/// The namespace of an element that its own prefix stands for; empty when the
+/// element doesn't declare it.
+std::string_view namespaceOf(const pugi::xml_node &node);
+/// Whether the namespace is of an edition up to 2009.
+bool isOfSpirit(std::string_view space);
+
 /// Without the white space around it.
 std::string_view trim(std::string_view text);
 
@@ -38,7 +47,8 @@ std::string textOf(const pugi::xml_node &node);
 /// The text of the first child of that name, empty without one.
 std::string childText(const pugi::xml_node &parent, std::string_view name);
 
-/// Empty when there is none.
+/// Empty when there is none. The attributes of XML itself ("xml:id") are none
+/// of the standard's.
 std::string attributeOf(const pugi::xml_node &node, std::string_view name);
 
 /// Those of several attributes, in the order of `names`.
