@@ -74,7 +74,8 @@ private:
       for (const ModeRow &row : modes)
         if (isNamed(child, row.element)) {
           interface.mode = row.mode;
-          readBridges(child, maps, interface);
+          if (row.mode == InterfaceMode::target)
+            readBridges(child, maps, interface);
           return interface;
         }
     report(Severity::warning, interface.line,
@@ -87,11 +88,13 @@ private:
 
   void readBridges(const pugi::xml_node &mode, const MemoryMaps &maps,
                    DesignInterface &interface) {
-    const auto take = [&](const pugi::xml_node &bridge) {
+    forEach(mode, "transparentBridge", [&](const pugi::xml_node &bridge) {
       interface.bridgedTo.push_back(initiatorOf(bridge));
-    };
-    forEach(mode, "transparentBridge", take);
-    forEachChild(mode, "bridge", take);
+    });
+    // The form up to 2009.
+    forEachChild(mode, "bridge", [&](const pugi::xml_node &bridge) {
+      interface.bridgedTo.push_back(attributeOf(bridge, "masterRef"));
+    });
     const pugi::xml_node reference = findChild(mode, "memoryMapRef");
     if (reference.empty())
       return;

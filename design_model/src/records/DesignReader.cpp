@@ -140,7 +140,10 @@ private:
     const std::string own = attributeOf(node, "interfaceRef");
     std::vector<WrittenEnd> ends;
     forEachChild(node, "interface", [&](const pugi::xml_node &end) {
-      ends.push_back(readActive(end));
+      auto [instance, interface] =
+          attributesOf<2>(end, {"componentRef", "busRef"});
+      ends.push_back(
+          {false, std::move(instance), std::move(interface), lineOf(end)});
     });
     ends.push_back({true, "", own, lineOf(node)});
     add("", lineOf(node), ends, design);
