@@ -1,5 +1,6 @@
 #include "xml/XmlNames.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace ZelDebugDialog {
@@ -103,6 +104,20 @@ std::string attributeOf(const pugi::xml_node &node, std::string_view name) {
         prefixOf(attribute.name()) != "xml")
       return std::string(trim(attribute.value()));
   return "";
+}
+
+void readAttributes(const pugi::xml_node &node, const std::string_view *names,
+                    std::string *values, std::size_t count) {
+  for (pugi::xml_attribute attribute = node.first_attribute();
+       !attribute.empty(); attribute = attribute.next_attribute()) {
+    const std::string_view *const found =
+        std::find(names, names + count, localNameOf(attribute.name()));
+    if (found == names + count)
+      continue;
+    std::string &value = values[found - names];
+    if (value.empty())
+      value = trim(attribute.value());
+  }
 }
 
 } // namespace ZelDebugDialog

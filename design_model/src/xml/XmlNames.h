@@ -3,7 +3,6 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_XMLNAMES_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_XMLNAMES_H
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -51,23 +50,17 @@ std::string childText(const pugi::xml_node &parent, std::string_view name);
 /// of the standard's.
 std::string attributeOf(const pugi::xml_node &node, std::string_view name);
 
+/// Sets the values of several attributes, as far as they are there.
+void readAttributes(const pugi::xml_node &node, const std::string_view *names,
+                    std::string *values, std::size_t count);
+
 /// Those of several attributes, in the order of `names`.
 template <std::size_t count>
 std::array<std::string, count>
 attributesOf(const pugi::xml_node &node,
              const std::array<std::string_view, count> &names) {
   std::array<std::string, count> values;
-  for (pugi::xml_attribute attribute = node.first_attribute();
-       !attribute.empty(); attribute = attribute.next_attribute()) {
-    const std::string_view name = localNameOf(attribute.name());
-    const auto found = std::find(names.begin(), names.end(), name);
-    if (found == names.end())
-      continue;
-    std::string &value =
-        values[static_cast<std::size_t>(found - names.begin())];
-    if (value.empty())
-      value = trim(attribute.value());
-  }
+  readAttributes(node, names.data(), values.data(), count);
   return values;
 }
 
