@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "MemorySource.h"
 #include "Reading.h"
 #include "elaboration/ReadDesignFrom.h"
 

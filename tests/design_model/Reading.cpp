@@ -1,5 +1,6 @@
 #include "Reading.h"
 
+#include "MemorySource.h"
 #include "elaboration/ReadDesignFrom.h"
 
 namespace ZelDebugDialog {
