@@ -105,18 +105,30 @@ TEST(DesignReader, ReportsConnectionsThatLeadNowhere) {
           "instance 'ram' of type 'ram' has no interface 'bas'"));
 }
 
+struct EndRow {
+  const char *edition, *instance, *interface;
+};
+
 TEST(DesignReader, TakesEndsInEveryForm) {
-  for (const char *const attribute :
-       {"componentRef", "componentInstanceRef", "ipxact:componentRef"}) {
-    Reading reading = readBeside(
-        parts,
+  const EndRow rows[] = {
+      {"1685-2014", "componentRef", "busRef"},
+      {"1685-2022", "componentInstanceRef", "busRef"},
+      {"1685-2014", "ipxact:componentRef", "ipxact:busRef"},
+  };
+  for (const EndRow &row : rows) {
+    const auto end = [&row](const char *instance) {
+      return std::string("<ipxact:activeInterface ") + row.instance + "='" +
+             instance + "' " + row.interface + "='bus'/>";
+    };
+    std::string text =
         design("d", instance("cpu", "lumacore") + instance("ram", "ram"),
-               "<ipxact:interconnection><ipxact:activeInterface " +
-                   std::string(attribute) +
-                   "='cpu' busRef='bus'/><ipxact:activeInterface " + attribute +
-                   "='ram' ipxact:busRef='bus'/></ipxact:interconnection>"));
+               "<ipxact:interconnection><ipxact:name>c</ipxact:name>" +
+                   end("cpu") + end("ram") + "</ipxact:interconnection>");
+    const std::string edition = "1685-2014";
+    text.replace(text.find(edition), edition.size(), row.edition);
+    Reading reading = readBeside(parts, text);
     EXPECT_THAT(reading.diagnostics(), IsEmpty());
-    EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram")) << attribute;
+    EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram")) << row.instance;
   }
 }
 
@@ -200,12 +212,13 @@ TEST(DesignReader, FollowsNoConditions) {
       parts,
       design("d",
              instance("cpu", "lumacore") +
-                 "<ipxact:componentInstance>\n<ipxact:isPresent>0"
-                 "</ipxact:isPresent><ipxact:instanceName>ram"
-                 "</ipxact:instanceName><ipxact:componentRef vendor='x' "
+                 "<ipxact:componentInstance>\n<ipxact:instanceName>ram"
+                 "</ipxact:instanceName><ipxact:isPresent>0"
+                 "</ipxact:isPresent><ipxact:componentRef vendor='x' "
                  "library='y' name='ram' version='1'/>"
                  "</ipxact:componentInstance>\n",
-             "<ipxact:interconnection>\n<ipxact:isPresent>0</ipxact:isPresent>"
+             "<ipxact:interconnection>\n<ipxact:name>c</ipxact:name>"
+             "<ipxact:isPresent>0</ipxact:isPresent>"
              "<ipxact:activeInterface componentRef='cpu' busRef='bus'/>"
              "<ipxact:activeInterface componentRef='ram' busRef='bus'>\n"
              "<ipxact:isPresent>0</ipxact:isPresent></ipxact:activeInterface>"
