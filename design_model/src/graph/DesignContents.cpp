@@ -114,6 +114,17 @@ void DesignContents::appendNames(const std::vector<Index> &listed,
   std::move(found.begin(), found.end(), std::back_inserter(names));
 }
 
+bool DesignContents::state(Index processor, Index module) {
+  const std::uint64_t pair = std::uint64_t{processor} << 32 | module;
+  if (statedPairs.count(pair) != 0)
+    return false;
+  std::vector<Index> &onModule = stated[module];
+  makeRoom(onModule, 1);
+  statedPairs.insert(pair);
+  onModule.push_back(processor);
+  return true;
+}
+
 /// The last part of its full name.
 std::string DesignContents::localName(Index instance) const {
   const Index parent = graph.instances[instance].parent;

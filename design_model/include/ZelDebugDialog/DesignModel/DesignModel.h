@@ -185,6 +185,12 @@ public:
   /// connected.
   bool Connect(const DesignConnection &connection, InstanceId within = top);
 
+  /// States that a processor is on a debug module, whatever the wires say; in
+  /// the order of the calls, behind those that are only wired to it.
+  /// False, with a diagnostic: one of them is none, or it is stated already.
+  bool Attach(InstanceId processor, InstanceId debugModule,
+              const DesignOrigin &origin = {});
+
   /// Adds a remark to `Diagnostics`, unless the same is there already. After
   /// 10,000 one more says that the rest is left out.
   void Report(DesignDiagnostic diagnostic);
@@ -212,7 +218,9 @@ public:
   /// The processors that an initiator or mirrored interface of the instance is
   /// connected to at a target or mirrored-initiator interface, through the
   /// hierarchy but over no bridge or channel; in the order of the module's
-  /// interfaces, then of their connections. Empty unless it is a debug module.
+  /// interfaces, then of their connections; then those that `Attach` has put on
+  /// it, in that order, also where they are wired. Each once. Empty unless it
+  /// is a debug module.
   void getHduConnectedProcessorList(std::vector<std::string> &names,
                                     const std::string &instance) override;
   /// Everything that answers to the initiator interfaces of the processor, over
