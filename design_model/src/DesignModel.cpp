@@ -75,6 +75,10 @@ bool DesignModel::Connect(const DesignConnection &connection,
   return joined.size() == connection.ends.size();
 }
 
+void DesignModel::SetView(InstanceId instance, std::string view) {
+  contents->instances[instance].view = std::move(view);
+}
+
 bool DesignModel::Attach(InstanceId processor, InstanceId debugModule,
                          const DesignOrigin &origin) {
   const auto nameOf = [&](InstanceId instance) {
@@ -109,6 +113,31 @@ void DesignModel::Report(DesignDiagnostic diagnostic) {
 
 const std::vector<DesignInstance> &DesignModel::Instances() const {
   return contents->instances;
+}
+
+const DesignComponent &DesignModel::Component(ComponentId component) const {
+  return contents->graph.components[component].data;
+}
+
+std::vector<DesignWire> DesignModel::Connections() const {
+  const ConnectionGraph &graph = contents->graph;
+  std::vector<DesignWire> wires;
+  wires.reserve(graph.connections.size());
+  for (const GraphConnection &connection : graph.connections) {
+    DesignWire wire;
+    wire.ends.reserve(connection.last - connection.first);
+    for (Index at = connection.first; at < connection.last; ++at) {
+      const GraphEnd &end = graph.ends[at];
+      const GraphPort &port = graph.ports[end.port];
+      const Index around =
+          end.inside ? port.instance : graph.instances[port.instance].parent;
+      wire.within = around == noIndex ? top : around;
+      wire.ends.push_back({port.instance, port.interface});
+    }
+    if (!wire.ends.empty())
+      wires.push_back(std::move(wire));
+  }
+  return wires;
 }
 
 std::vector<std::string> DesignModel::DebugModules() const {

@@ -230,6 +230,10 @@ TEST(DesignAllocation, OfBuilding) {
                              {longText("file"), 8}});
       },
       Remarks::mayGrow);
+  expectAllOrNothing("DesignModel::SetView", [](DesignScene &scene) {
+    std::string view = longText("view");
+    scene.model.SetView(scene.core, std::move(view));
+  });
   expectAllOrNothing("DesignModel::Attach", [](DesignScene &scene) {
     scene.model.Attach(scene.core, scene.debug);
   });
@@ -275,6 +279,12 @@ TEST(DesignAllocation, OfQueries) {
   });
   expectAllOrNothing("DesignModel::Diagnostics", [](DesignScene &scene) {
     EXPECT_EQ(scene.model.Diagnostics().size(), 1U);
+  });
+  expectAllOrNothing("DesignModel::Component", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.Component(scene.component).interfaces.size(), 2U);
+  });
+  expectAllOrNothing("DesignModel::Connections", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.Connections().size(), 1U);
   });
   expectAllOrNothing("DesignModel::DebugModules", [](DesignScene &scene) {
     std::string name = scene.model.DebugModules().front();

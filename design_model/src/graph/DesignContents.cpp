@@ -86,7 +86,13 @@ Index DesignContents::addInstance(const std::string &name,
   Entry entry(*this, component, parent);
   const Index instance = entry.index();
   const DesignComponent &data = graph.components[component].data;
-  instances.push_back({fullName, data.typeName, data.role, {}});
+  instances.push_back({fullName,
+                       data.typeName,
+                       data.role,
+                       {},
+                       component,
+                       parent == noIndex ? DesignModel::top : parent,
+                       {}});
   byTypeName[data.typeName].push_back(instance);
   if (data.role == DesignRole::processor)
     processors.push_back(instance);

@@ -5,6 +5,11 @@
 namespace ZelDebugDialog {
 namespace {
 
+/// Also of a bank as a whole.
+bool isSaidToBeMemory(const pugi::xml_node &block) {
+  return childText(block, "usage") == "memory";
+}
+
 bool mayHoldBlocks(std::string_view element) {
   return element == "bank" || element == "memoryRemap";
 }
@@ -20,6 +25,8 @@ MemoryMap readMap(const pugi::xml_node &node) {
       const std::string_view element = localNameOf(child);
       if (element == "addressBlock")
         map.hasBlocks = true;
+      if (element == "addressBlock" || element == "bank")
+        map.isMemory = map.isMemory || isSaidToBeMemory(child);
       if (element == "subspaceMap")
         map.initiators.push_back(initiatorOf(child));
       if (mayHoldBlocks(element))

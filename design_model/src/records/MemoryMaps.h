@@ -13,6 +13,7 @@ namespace ZelDebugDialog {
 
 struct MemoryMap {
   bool hasBlocks = false; ///< Registers or memory of the component's own.
+  bool isMemory = false;  ///< Some of them are said to be memory.
   /// Interfaces that parts of the map are passed on to.
   std::vector<std::string> initiators;
 };
