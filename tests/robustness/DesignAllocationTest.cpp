@@ -14,6 +14,7 @@
 #include "FailEach.h"
 #include "Reading.h"
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "ZelDebugDialog/DesignModel/Kinds.h"
 #include "support/TemporaryDirectory.h"
 
 namespace robustness {
@@ -286,6 +287,9 @@ TEST(DesignAllocation, OfQueries) {
   expectAllOrNothing("DesignModel::Connections", [](DesignScene &scene) {
     EXPECT_EQ(scene.model.Connections().size(), 1U);
   });
+  expectAllOrNothing("DesignModel::WiredTo", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.WiredTo({scene.debug, 0}).size(), 1U);
+  });
   expectAllOrNothing("DesignModel::DebugModules", [](DesignScene &scene) {
     std::string name = scene.model.DebugModules().front();
     scene.text.swap(name);
@@ -419,6 +423,55 @@ TEST(DesignAllocation, OfReading) {
   expectReadOrNot({"inside.xml", {"."}, "", ""}, true);
   expectReadOrNot({"top.xml", {"library"}, "", "bad-kinds"}, false);
   expectReadOrNot({"none.xml", {"library"}, "", ""}, false);
+}
+
+void expectProposedOrNot(const DesignSources &sources, bool isRead) {
+  covered().insert("ProposeKinds");
+  /// With a proposal from before.
+  class Asking : public DesignScene {
+  public:
+    Asking() { proposal.table = longText("before"); }
+    std::string all() {
+      return answers() + remarks() + proposal.table +
+             std::to_string(proposal.candidates.size());
+    }
+    KindProposal proposal;
+  };
+  std::string before;
+  std::string after;
+  {
+    Asking scene;
+    before = scene.all();
+    EXPECT_EQ(ProposeKinds(sources, scene.proposal, scene.model), isRead);
+    after = scene.all();
+  }
+  const SameHeap heap;
+  failEach<Asking>(
+      "ProposeKinds",
+      [&sources](Asking &scene) {
+        ProposeKinds(sources, scene.proposal, scene.model);
+      },
+      [&](Asking &scene) {
+        EXPECT_EQ(scene.all(), before);
+        ProposeKinds(sources, scene.proposal, scene.model);
+        EXPECT_EQ(scene.all(), after);
+      });
+}
+
+TEST(DesignAllocation, OfProposing) {
+  const support::TemporaryDirectory folder;
+  const std::string initiator = "<ipxact:master/>";
+  const std::string target = "<ipxact:slave/>";
+  folder.write("core.xml",
+               component("core", interface("dbg", target), "<ipxact:cpus/>"));
+  folder.write("dm.xml", component("jtag_dm", interface("dbg", initiator)));
+  folder.write("top.xml",
+               design("top",
+                      instance("core", "core") + instance("dm", "jtag_dm"),
+                      connection("a", {"dm.dbg", "core.dbg"})));
+  folder.write("kinds", "x:y:core:1 processor lumacore");
+  expectProposedOrNot({"top.xml", {}, "", "kinds"}, true);
+  expectProposedOrNot({"none.xml", {}, "", ""}, false);
 }
 
 // --- Nothing is left out -----------------------------------------------------

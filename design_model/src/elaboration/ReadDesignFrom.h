@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "ZelDebugDialog/DesignModel/Kinds.h"
 #include "xml/DocumentSource.h"
 
 namespace ZelDebugDialog {
@@ -16,6 +17,11 @@ constexpr std::size_t largestModel = std::size_t{1} << 30;
 bool readDesignFrom(const DocumentSource &documents,
                     const DesignSources &sources, std::size_t bytes,
                     DesignModel &model);
+
+/// `ProposeKinds` for the same.
+bool proposeKindsFrom(const DocumentSource &documents,
+                      const DesignSources &sources, std::size_t bytes,
+                      KindProposal &proposal, DesignModel &model);
 
 } // namespace ZelDebugDialog
 

@@ -55,6 +55,13 @@ std::string errorsOf(const DesignModel &design) {
   return text;
 }
 
+void expectRead(bool isRead, const DesignModel &design, const Output &output) {
+  if (!isRead)
+    throw Failure(ExitStatus::unreadable, errorsOf(design));
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
+    say(diagnostic, output);
+}
+
 } // namespace
 
 void DesignOptions::addTo(CommandLine &line, CLI::App &app,
@@ -99,10 +106,17 @@ DesignSources DesignOptions::expectSources() const {
 
 std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
   auto design = std::make_unique<DesignModel>();
-  if (!ReadDesign(expectSources(), *design))
-    throw Failure(ExitStatus::unreadable, errorsOf(*design));
-  for (const DesignDiagnostic &diagnostic : design->Diagnostics())
-    say(diagnostic, output);
+  const bool isRead = ReadDesign(expectSources(), *design);
+  expectRead(isRead, *design, output);
+  return design;
+}
+
+std::unique_ptr<DesignModel>
+DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
+                            const Output &output) const {
+  auto design = std::make_unique<DesignModel>();
+  const bool isRead = ProposeKinds(expectSources(), proposal, *design);
+  expectRead(isRead, *design, output);
   return design;
 }
 

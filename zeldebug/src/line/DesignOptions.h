@@ -8,6 +8,7 @@
 #include <vector>
 
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
+#include <ZelDebugDialog/DesignModel/Kinds.h>
 
 #include "line/CommandLine.h"
 
@@ -24,6 +25,10 @@ public:
   /// @throws Failure: (unreadable) with every error, one a line; (wrong use)
   ///   for a view without a name.
   std::unique_ptr<ZelDebugDialog::DesignModel> read(const Output &output) const;
+  /// The same, and proposes a kind table; the model is the design with it.
+  std::unique_ptr<ZelDebugDialog::DesignModel>
+  proposeKinds(ZelDebugDialog::KindProposal &proposal,
+               const Output &output) const;
 
 private:
   ZelDebugDialog::DesignSources expectSources() const;

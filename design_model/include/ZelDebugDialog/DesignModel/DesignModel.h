@@ -239,6 +239,11 @@ public:
   /// inside an instance before what is around it, where the model was read from
   /// files.
   std::vector<DesignWire> Connections() const;
+  /// The interfaces that one is wired to, up and down the hierarchy but over no
+  /// bridge or channel: those of leaves, and of hierarchies inside which
+  /// nothing is wired to them. At most `most` of them.
+  std::vector<DesignPort> WiredTo(const DesignPort &port,
+                                  std::size_t most = 100) const;
   /// Names of the instances whose role is `debugModule`.
   std::vector<std::string> DebugModules() const;
   /// In the order in which they were found.
