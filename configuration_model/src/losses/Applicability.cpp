@@ -65,8 +65,11 @@ std::string whyNot(const SettingRow &row, const Analysis &analysis) {
     return "it follows from other settings";
   if (!analysis.command)
     return fmt::format("no command can be written: {}", analysis.error);
-  if (const Omission *const omission = analysis.findOmission(row))
-    return reasonRow(omission->reason).text;
+  if (const Omission *const omission = analysis.findOmission(row)) {
+    const Reason &reason = reasonRow(omission->reason);
+    return reason.whyNotApplicable == nullptr ? reason.text
+                                              : reason.whyNotApplicable;
+  }
   return row.info.choices.empty() ? "what is written does not depend on it"
                                   : "the processor leaves no other choice";
 }

@@ -11,7 +11,7 @@ constexpr std::array<Reason, 32> reasons{{
     {OmissionReason::noWriter, "no command can be written that carries it", "never-written"},
     {OmissionReason::otherConnection, "a command for this kind of connection does not carry it", "other-connections"},
     {OmissionReason::otherCable, "a command does not carry it for this cable", "other-cables"},
-    {OmissionReason::serialNumber, "the serial number takes the place of port and frequency", "serial-number"},
+    {OmissionReason::serialNumber, "the serial number takes its place", "serial-number", "the serial number takes the place of port and frequency"},
     {OmissionReason::simulatorFile, "the simulator file takes its place", "simulator-file"},
     {OmissionReason::configurationMode, "the configuration mode takes its place", "configuration-mode"},
     {OmissionReason::withConfigurationMode, "it is written with the configuration mode only", "configuration-mode"},

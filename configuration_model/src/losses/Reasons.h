@@ -10,6 +10,8 @@ struct Reason {
   OmissionReason reason;
   const char *text; ///< A clause without a full stop.
   const char *code; ///< Known to `FindCode`; an anchor of docs/round-trip.md.
+  /// The same of a setting that has no say; null: no other words are needed.
+  const char *whyNotApplicable = nullptr;
 };
 
 const Reason &reasonRow(OmissionReason reason);

@@ -37,8 +37,8 @@ struct Code {
   /// A command that has it; of a loss, one that has it when it is read, written
   /// and read again. Empty where a command alone cannot show it.
   std::string example;
-  std::string where; ///< Where the example has it; empty for anywhere.
-  std::string advice;  ///< What to do.
+  std::string where;  ///< Where the example has it; empty for anywhere.
+  std::string advice; ///< What to do.
 };
 
 /// All of them, diagnostics first. The codes of losses are the anchors of

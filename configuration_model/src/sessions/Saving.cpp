@@ -1,0 +1,250 @@
+#include "sessions/Saving.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "files/FileSaver.h"
+#include "files/Place.h"
+#include "losses/Writing.h"
+#include "text/Printable.h"
+
+namespace ZelDebugDialog::model {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Makes the folder where it may, and takes it away again if nothing came into
+/// it.
+class SaveFolder {
+public:
+  SaveFolder(fs::path path, bool mayMake) : folder(std::move(path)) {
+    if (!mayMake || lookAt(folder, fs::file_type::directory).exists)
+      return;
+    std::error_code error;
+    isMade = fs::create_directory(folder, error);
+    if (error)
+      refuseFile(folder, error.message());
+  }
+  ~SaveFolder() {
+    std::error_code ignored;
+    if (isMade)
+      fs::remove(folder, ignored);
+  }
+  SaveFolder(const SaveFolder &) = delete;
+  SaveFolder &operator=(const SaveFolder &) = delete;
+
+private:
+  fs::path folder;
+  bool isMade = false;
+};
+
+/// One session on its way into its file.
+class Save {
+public:
+  Save(SessionImp &saved, const SaveOptions &how, SaveOutcome &result)
+      : session(saved), options(how), outcome(result) {}
+
+  /// Everything that can be refused, up to a file beside the one that it is to
+  /// replace.
+  void prepare(std::set<fs::path> &taken);
+  /// @return null where there is nothing to write
+  const ScratchFile *written() const { return scratch ? &*scratch : nullptr; }
+  void finish();
+  void refuse(const Refusal &refusal) {
+    outcome.refusal = refusal;
+    scratch.reset();
+    release();
+  }
+
+private:
+  [[noreturn]] void refuseFor(RefusalKind kind, const std::string &problem) {
+    Refusal refusal(kind, printable(session.shownFile), problem);
+    refusal.file = session.shownFile;
+    throw refusal;
+  }
+  void expectNoDraft();
+  void expectNoLoss();
+  void expectSameOnDisk();
+  bool isSavedAlready() const;
+  void writeAndReadBack(const fs::path &target);
+  void release() {
+    lock.reset();
+    session.lock.reset();
+    folder.reset();
+  }
+
+  SessionImp &session;
+  const SaveOptions &options;
+  SaveOutcome &outcome;
+  std::unique_ptr<SaveFolder> folder;
+  std::unique_ptr<FileLock> lock;
+  std::optional<ScratchFile> scratch;
+};
+
+void Save::expectNoDraft() {
+  const Step &step = *session.current;
+  if (step.drafts.empty() && !step.commandDraft)
+    return;
+  const std::string setting =
+      step.drafts.empty() ? "command" : step.drafts.begin()->first;
+  Refusal refusal(RefusalKind::draft, setting,
+                  "a text that is no value stands there");
+  refusal.setting = setting;
+  refusal.value = step.drafts.empty() ? *step.commandDraft
+                                      : step.drafts.begin()->second.text;
+  throw refusal;
+}
+
+void Save::expectNoLoss() {
+  outcome.losses = lossesOf(*session.current, session.defaults());
+  const bool isBlocked =
+      std::any_of(outcome.losses.begin(), outcome.losses.end(),
+                  [](const Loss &loss) { return loss.blocking; });
+  if (!isBlocked || options.force)
+    return;
+  std::string list;
+  for (const Loss &loss : outcome.losses)
+    if (loss.blocking)
+      list += (list.empty() ? "" : ", ") + loss.field;
+  refuseFor(
+      RefusalKind::wouldBeLost,
+      fmt::format("nothing is saved, because it would not survive: {}", list));
+}
+
+void Save::expectSameOnDisk() {
+  const OptionFile onDisk = readOptionFile(session.file);
+  if (options.force || onDisk.isSameAs(session.loaded))
+    return;
+  refuseFor(RefusalKind::changedOnDisk,
+            "it has changed on disk since it was loaded");
+}
+
+/// A file that reads as what is wanted stays as it is, however it is worded.
+bool Save::isSavedAlready() const {
+  const OptionFile &file = session.loaded;
+  return session.problem.empty() && file.exists && file.line != 0 &&
+         (session.differences().empty() ||
+          file.text == session.current->analysis.command);
+}
+
+void Save::prepare(std::set<fs::path> &taken) {
+  const Step &step = *session.current;
+  outcome.file = session.shownFile;
+  outcome.command = isSavedAlready() ? session.loaded.text
+                                     : step.analysis.command.value_or("");
+  expectNoDraft();
+  if (isSavedAlready() && !session.isChangedOnDisk())
+    return;
+  if (!step.analysis.command) {
+    Refusal refusal(
+        RefusalKind::noCommand, "",
+        fmt::format("no command can be written: {}", step.analysis.error));
+    throw refusal;
+  }
+  if (!session.problem.empty() && !options.force)
+    refuseFor(RefusalKind::unreadable,
+              fmt::format("{}; it stays as it is", session.problem));
+  const fs::path target = behindLinks(session.file);
+  if (!options.dryRun)
+    folder =
+        std::make_unique<SaveFolder>(target.parent_path(), options.makeFolder);
+  const bool mayLack = options.dryRun;
+  if (!mayLack || lookAt(target.parent_path(), fs::file_type::directory).exists)
+    expectReplaceable(target, options.force);
+  expectNoLoss();
+  if (!taken.insert(target).second)
+    refuseFor(RefusalKind::changedOnDisk,
+              "another of the sessions that are saved has it, too");
+  if (options.dryRun) {
+    expectSameOnDisk();
+    return;
+  }
+  if (session.lock == nullptr)
+    lock = std::make_unique<FileLock>(session.file);
+  expectSameOnDisk();
+  writeAndReadBack(target);
+}
+
+/// What is not as the analysis has foretold is refused like any other loss.
+void Save::writeAndReadBack(const fs::path &target) {
+  const Step &step = *session.current;
+  scratch.emplace(target);
+  const Reading writing =
+      writeSnapshotTo(session.desk, step.now, scratch->path().string());
+  if (writing.result != 0)
+    refuseFile(target, reasonOf(writing));
+  scratch->expectContent(*step.analysis.command);
+  Desk second(session.board->design, session.identity);
+  const ReadBack back =
+      readBackFile(second, scratch->path().string(), *step.analysis.command);
+  const std::vector<RawLoss> losses =
+      lossesOf(step.now, *step.analysis.command, step.analysis.writing,
+               back.snapshot ? &*back.snapshot : nullptr, back.refusal);
+  const bool isForetold =
+      std::all_of(losses.begin(), losses.end(), [&step](const RawLoss &loss) {
+        return step.analysis.findLoss(loss.setting) != nullptr;
+      });
+  if (!isForetold && !options.force)
+    refuseFor(RefusalKind::wouldBeLost,
+              "nothing is saved, because the file is read back differently");
+}
+
+void Save::finish() {
+  if (scratch) {
+    scratch->moveIntoPlace();
+    outcome.written = true;
+    scratch.reset();
+    session.load();
+  }
+  release();
+}
+
+} // namespace
+
+std::vector<SaveOutcome> saveAll(const std::vector<SessionImp *> &sessions,
+                                 const SaveOptions &options) {
+  std::vector<SaveOutcome> outcomes(sessions.size());
+  std::vector<Save> saves;
+  saves.reserve(sessions.size());
+  // Two programs that save the same files take their locks in one order.
+  std::vector<std::size_t> order;
+  for (std::size_t i = 0; i < sessions.size(); ++i) {
+    saves.emplace_back(*sessions[i], options, outcomes[i]);
+    order.push_back(i);
+  }
+  std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
+    return sessions[a]->file < sessions[b]->file;
+  });
+  std::set<fs::path> taken;
+  std::vector<const ScratchFile *> written;
+  const auto attempt = [&](std::size_t i, const auto &step) {
+    if (outcomes[i].refusal)
+      return;
+    try {
+      step(saves[i]);
+    } catch (const Refusal &refusal) {
+      saves[i].refuse(refusal);
+    }
+  };
+  for (const std::size_t i : order)
+    attempt(i, [&](Save &save) { save.prepare(taken); });
+  for (const Save &save : saves)
+    if (save.written() != nullptr)
+      written.push_back(save.written());
+  try {
+    flushFiles(written);
+  } catch (const Refusal &refusal) {
+    for (const std::size_t i : order)
+      if (saves[i].written() != nullptr)
+        saves[i].refuse(refusal);
+  }
+  for (const std::size_t i : order)
+    attempt(i, [](Save &save) { save.finish(); });
+  return outcomes;
+}
+
+} // namespace ZelDebugDialog::model

@@ -1,0 +1,15 @@
+// Saving sessions: each whole or not at all, all with one flush.
+#pragma once
+
+#include <vector>
+
+#include "sessions/SessionImp.h"
+
+namespace ZelDebugDialog::model {
+
+/// The caller holds the mutex of each session; none stands there twice.
+/// @return in the order of the sessions
+std::vector<SaveOutcome> saveAll(const std::vector<SessionImp *> &sessions,
+                                 const SaveOptions &options);
+
+} // namespace ZelDebugDialog::model

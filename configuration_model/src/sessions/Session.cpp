@@ -1,0 +1,165 @@
+#include "ZelDebugDialog/ConfigurationModel/Session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "sessions/Saving.h"
+#include "sessions/SessionImp.h"
+#include "settings/Values.h"
+
+namespace ZelDebugDialog {
+
+namespace {
+
+/// What another session has now. Its mutex is not held while ours is.
+model::StepPointer currentOf(const std::unique_ptr<model::SessionImp> &imp) {
+  const std::lock_guard<std::mutex> turn(imp->mutex);
+  return imp->current;
+}
+
+} // namespace
+
+using Turn = std::lock_guard<std::mutex>;
+
+Session::Session(const Board &board, const std::string &processor, Hold hold)
+    : imp(std::make_unique<model::SessionImp>(board.state, processor, hold)) {}
+Session::Session(Session &&other) noexcept = default;
+Session &Session::operator=(Session &&other) noexcept = default;
+Session::~Session() = default;
+
+std::vector<Effect> Session::Change(const SettingValues &values) {
+  const Turn turn(imp->mutex);
+  ChangeRequest request;
+  request.values = values;
+  return imp->change(request, nullptr);
+}
+
+std::vector<Effect> Session::Change(const ChangeRequest &request) {
+  model::StepPointer copied;
+  if (request.copyFrom != nullptr)
+    copied = currentOf(request.copyFrom->imp);
+  const Turn turn(imp->mutex);
+  return imp->change(request, copied.get());
+}
+
+std::vector<Effect> Session::Draft(const std::string &setting,
+                                   const std::string &text) {
+  const Turn turn(imp->mutex);
+  return imp->draft(setting, text);
+}
+
+std::vector<Effect> Session::DropDraft(const std::string &setting) {
+  const Turn turn(imp->mutex);
+  return imp->dropDraft(setting);
+}
+
+std::vector<Effect> Session::Edit(const std::string &command) {
+  const Turn turn(imp->mutex);
+  return imp->edit(command);
+}
+
+std::vector<Effect> Session::Undo() {
+  const Turn turn(imp->mutex);
+  return imp->undo();
+}
+
+std::vector<Effect> Session::Redo() {
+  const Turn turn(imp->mutex);
+  return imp->redo();
+}
+
+std::vector<Effect> Session::Revert() {
+  const Turn turn(imp->mutex);
+  return imp->revert();
+}
+
+std::vector<Effect> Session::Reset(const std::vector<std::string> &settings) {
+  const Turn turn(imp->mutex);
+  return imp->reset(settings);
+}
+
+std::vector<Effect> Session::CopyFrom(const Session &other) {
+  const model::StepPointer copied = currentOf(other.imp);
+  const Turn turn(imp->mutex);
+  return imp->copyFrom(*copied);
+}
+
+const std::string &Session::Processor() const {
+  return imp->identity.instanceName;
+}
+
+std::string Session::File() const { return imp->shownFile; }
+
+std::string Session::Problem() const {
+  const Turn turn(imp->mutex);
+  return imp->problem;
+}
+
+SessionState Session::State() const {
+  const Turn turn(imp->mutex);
+  return imp->state();
+}
+
+Value Session::Get(const std::string &setting) const {
+  const model::SettingRow &row = model::expectRow(setting);
+  const Turn turn(imp->mutex);
+  return row.isOfDevice() ? model::fieldNamed(imp->current->now, setting)
+                          : model::valueIn(imp->current->now, row);
+}
+
+std::string Session::Command() const {
+  const Turn turn(imp->mutex);
+  const model::Analysis &analysis = imp->current->analysis;
+  if (!analysis.command)
+    throw Refusal(RefusalKind::noCommand, "",
+                  "no command can be written: " + analysis.error);
+  return *analysis.command;
+}
+
+std::vector<Loss> Session::Losses() const {
+  const Turn turn(imp->mutex);
+  return model::lossesOf(*imp->current, imp->defaults());
+}
+
+std::vector<Difference> Session::Differences() const {
+  const Turn turn(imp->mutex);
+  return imp->differences();
+}
+
+bool Session::ChangedOnDisk() const {
+  const Turn turn(imp->mutex);
+  return imp->isChangedOnDisk();
+}
+
+SaveOutcome Session::Save(const SaveOptions &options) {
+  const Turn turn(imp->mutex);
+  SaveOutcome outcome = model::saveAll({imp.get()}, options).front();
+  if (outcome.refusal)
+    throw Refusal(*outcome.refusal);
+  return outcome;
+}
+
+std::vector<SaveOutcome> SaveSessions(const std::vector<Session *> &sessions,
+                                      const SaveOptions &options) {
+  // Each once, and locked in one order whoever else saves some of them.
+  std::vector<model::SessionImp *> each;
+  for (const Session *session : sessions)
+    each.push_back(session->imp.get());
+  std::sort(each.begin(), each.end());
+  each.erase(std::unique(each.begin(), each.end()), each.end());
+  std::vector<std::unique_lock<std::mutex>> turns;
+  turns.reserve(each.size());
+  for (model::SessionImp *imp : each)
+    turns.emplace_back(imp->mutex);
+  const std::vector<SaveOutcome> outcomes = model::saveAll(each, options);
+  std::vector<SaveOutcome> inOrder;
+  inOrder.reserve(sessions.size());
+  for (const Session *session : sessions) {
+    const auto found =
+        std::lower_bound(each.begin(), each.end(), session->imp.get());
+    inOrder.push_back(outcomes[static_cast<std::size_t>(found - each.begin())]);
+  }
+  return inOrder;
+}
+
+} // namespace ZelDebugDialog
