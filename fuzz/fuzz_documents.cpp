@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "design_model/MemorySource.h"
 #include "elaboration/ReadDesignFrom.h"
-#include "xml/DocumentSource.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "MemorySource.h"
 #include "Reading.h"
 #include "elaboration/ReadDesignFrom.h"
 
@@ -201,8 +202,6 @@ TEST(Views, MayBeConfiguredForNoDesign) {
 
 TEST(Views, OnTopHaveToLeadToADesign) {
   const Files files = {{"top.xml", box}};
-  MemorySource memory;
-  memory.files = files;
   const Reading missing = readFiles(files);
   EXPECT_FALSE(missing.isRead);
   EXPECT_THAT(missing.diagnostics(),
@@ -320,11 +319,11 @@ TEST(Inside, OfTheComponentOnTopHasItsInterfaces) {
 }
 
 TEST(Inside, OfAProcessorIsNotEntered) {
-  Reading reading = readFiles(
-      {{"leaf.xml", leaf},
-       {"cpu.xml", component("cpu", "", "<ipxact:cpus/>" + viewOf("inner"))},
-       {"inner.xml", design("inner", instance("in", "leaf"))},
-       {"top.xml", design("top", instance("cpu", "cpu"))}});
+  Reading reading =
+      readFiles({{"leaf.xml", leaf},
+                 {"cpu.xml", processor("cpu", "", viewOf("inner"))},
+                 {"inner.xml", design("inner", instance("in", "leaf"))},
+                 {"top.xml", design("top", instance("cpu", "cpu"))}});
   EXPECT_THAT(reading.instances(), ElementsAre("cpu"));
   EXPECT_THAT(reading.processors(), ElementsAre("cpu"));
   EXPECT_THAT(reading.diagnostics(),

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "commands/OptionLine.h"
+#include "commands/WhyRefused.h"
 #include "losses/Writing.h"
 #include "sessions/Changes.h"
 #include "settings/Values.h"
@@ -77,7 +78,9 @@ void SessionImp::load() {
                          loaded.text.size(), optionLineLimit);
     return reading.accepted()
                ? ""
-               : fmt::format("the command is refused: {}", reasonOf(reading));
+               : fmt::format("the command is refused: {}",
+                             whyRefused(desk, reading, loaded.text,
+                                        WordPlace::optionFile));
   };
   const bool hasCommand = loaded.exists && loaded.line != 0;
   Reading reading{};
@@ -168,7 +171,8 @@ std::vector<Effect> SessionImp::change(const ChangeRequest &request,
   if (request.command) {
     if (!takeCommand(next, *request.command))
       refuseCommand(*request.command,
-                    reasonOf(desk.selectFrom(*request.command)));
+                    whyRefused(desk, desk.selectFrom(*request.command),
+                               *request.command));
     next.editedCommand.reset();
   }
   const Snapshot before = next.now;

@@ -13,7 +13,8 @@ namespace kvo {
 
 namespace {
 
-constexpr NamedValue user1{"USER1", 2};
+constexpr std::string_view user1Word = "USER1";
+constexpr NamedValue user1{user1Word, 2};
 constexpr NamedValue user2{"USER2", 3};
 constexpr std::array<NamedValue, 4> registers{
     {user1, user2, {"USER3", 0x22}, {"USER4", 0x23}}};
@@ -47,8 +48,8 @@ template int readBoundaryScan(WordCursor<Recorder> &, EngineImp &);
 void writeBoundaryScan(CommandText out, const EngineImp &imp) {
   const std::uint32_t used = currentRecord(imp).bscanUserReg;
   if (used == user1.value) {
-    out.addWord(bscanOption, WordRole::option);
-    out.addWord(user1.keyword, WordRole::value, registerField);
+    out.addKeyword<bscanOption>(WordRole::option);
+    out.addKeyword<user1Word>(WordRole::value, registerField);
   } else if (out.recorder != nullptr) {
     if (used == user2.value)
       out.recorder->implies(registerField);

@@ -190,14 +190,14 @@ int writeCable(CommandText out, const EngineImp &imp) {
     }
     return code::done;
   }
-  out.addWord(cableOption, WordRole::option);
   const Cable &cable = findCable(option.cableType);
   if (cable.form == CableClauseForm::unwritable) {
+    out.text += behindBlank<cableOption>;
     if (out.recorder != nullptr)
       out.recorder->gaveUp(typeField, OmissionReason::cableWithoutCommand);
     return refuse(imp, cannotBeWritten);
   }
-  out.addName(joined<typeWord>, cable.keyword, typeField);
+  out.addName(joined<cableOption, typeWord>, cable.keyword, typeField);
   if (cable.form == CableClauseForm::line)
     writeLineCable(out, option);
   if (cable.form == CableClauseForm::module)

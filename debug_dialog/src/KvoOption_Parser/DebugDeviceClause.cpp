@@ -243,8 +243,7 @@ void writeRegions(CommandText out, const Record &record,
 }
 
 void writeAddressMap(CommandText out, const Record &record) {
-  writeRegions(out, record,
-               std::make_index_sequence<addressRegions.size()>());
+  writeRegions(out, record, std::make_index_sequence<addressRegions.size()>());
   if (out.recorder != nullptr)
     tellAddressMap(*out.recorder, record);
 }
@@ -305,7 +304,7 @@ void writeDebugDeviceNumber(CommandText out, int number) {
 void writeDebugDevice(CommandText out, const EngineImp &imp) {
   std::string &text = out.text;
   const std::size_t before = text.size();
-  out.addWord(debugDeviceOption, WordRole::option);
+  out.addKeyword<debugDeviceOption>(WordRole::option);
   const std::size_t bare = text.size();
   writeBody(out, currentRecord(imp));
   if (out.recorder != nullptr)

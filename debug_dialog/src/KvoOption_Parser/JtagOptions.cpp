@@ -67,7 +67,7 @@ int KvoOption_Parser::WriteJtagCableOptionsString(EngineImp &imp,
     return result::notSet;
   const int device = currentRecord(imp).debugDevice;
   if (device != 0) {
-    text.addWord(kvo::debugDeviceOption, WordRole::option);
+    text.addKeyword<kvo::debugDeviceOption>(WordRole::option);
     kvo::writeDebugDeviceNumber(text, device);
   }
   return result::done;

@@ -92,7 +92,7 @@ template int readPpcSimulator(WordCursor<Recorder> &, EngineImp &);
 void writePpcSimulator(CommandText out, const EngineImp &imp) {
   const ProcessorInfoImp &record = currentRecord(imp);
   if (!record.ppcSimConfigFile.empty()) {
-    out.addWord(fileOption, WordRole::option);
+    out.addKeyword<fileOption>(WordRole::option);
     out.addWord(record.ppcSimConfigFile, WordRole::value, fileField);
     if (out.recorder != nullptr)
       tellFile(*out.recorder, record.ppcSimConfigFile);
@@ -105,7 +105,7 @@ void writePpcSimulator(CommandText out, const EngineImp &imp) {
       leaveOutEmptyHost(*out.recorder);
     return;
   }
-  out.addWord(ipcPortOption, WordRole::option);
+  out.addKeyword<ipcPortOption>(WordRole::option);
   appendWord(out.text, record.simIpcHost);
   out.text += ':';
   appendDecimal(out.text, record.simIpcPort);

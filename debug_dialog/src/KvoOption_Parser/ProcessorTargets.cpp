@@ -224,15 +224,16 @@ int writeHardware(CommandText out, const EngineImp &imp) {
 
 int writeStub(CommandText out, const EngineImp &imp) {
   const std::uint32_t kind = currentRecord(imp).stubType;
-  out.addWord(commOption, WordRole::option);
+  out.addKeyword<commOption>(WordRole::option);
   if (kind == Engine::STUB_JTAG) {
-    out.addWord(jtagLine, WordRole::value, stubTypeField);
+    out.addKeyword<jtagLine>(WordRole::value, stubTypeField);
     if (out.recorder != nullptr)
       leaveOutStubLine(*out.recorder);
     return writeHardware(out, imp);
   }
   const bool isNamed = kind == Engine::STUB_SERIAL;
-  out.addWord(serialLine, WordRole::value, isNamed ? stubTypeField : Fields());
+  out.addKeyword<serialLine>(WordRole::value,
+                             isNamed ? stubTypeField : Fields());
   writeStubLine(out, imp);
   if (out.recorder != nullptr) {
     if (!isNamed)
@@ -312,11 +313,8 @@ template int readArmR5(WordCursor<Recorder> &, EngineImp &);
 template int readDap(WordCursor<NoObserver> &, EngineImp &);
 template int readDap(WordCursor<Recorder> &, EngineImp &);
 
-void writeTarget(CommandText out, std::string_view target,
-                 const ProcessorInfoImp &record) {
-  appendWord(out.text, target);
-  if (out.recorder == nullptr)
-    return;
+void tellTarget(CommandText out, std::string_view target,
+                const ProcessorInfoImp &record) {
   const Identity &read = target == lumacoreTarget ? lumacore : ppc;
   const bool tellsFamily = record.procFamily == read.family;
   const bool tellsKind = record.procType == read.type;
@@ -344,20 +342,20 @@ void leaveOutStub(WriteRecorder &recorder) {
 
 int writeLumacore(CommandText out, const EngineImp &imp) {
   const ProcessorInfoImp &record = currentRecord(imp);
-  writeTarget(out, lumacoreTarget, record);
+  writeTarget<lumacoreTarget>(out, record);
   int result = code::done;
   switch (record.connectionType) {
   case Engine::CONNECT_SIM:
-    out.addWord(simWord, WordRole::connection, connectionField);
+    out.addKeyword<simWord>(WordRole::connection, connectionField);
     if (out.recorder != nullptr)
       leaveOutWires(*out.recorder, imp);
     break;
   case Engine::CONNECT_HW:
-    out.addWord(hduWord, WordRole::connection, connectionField);
+    out.addKeyword<hduWord>(WordRole::connection, connectionField);
     result = writeHardware(out, imp);
     break;
   case Engine::CONNECT_STUB:
-    out.addWord(stubWord, WordRole::connection, connectionField);
+    out.addKeyword<stubWord>(WordRole::connection, connectionField);
     result = writeStub(out, imp);
     break;
   default:
@@ -373,10 +371,10 @@ int writeLumacore(CommandText out, const EngineImp &imp) {
 
 int writePpc(CommandText out, const EngineImp &imp) {
   const ProcessorInfoImp &record = currentRecord(imp);
-  writeTarget(out, ppcTarget, record);
+  writeTarget<ppcTarget>(out, record);
   switch (record.connectionType) {
   case Engine::CONNECT_SIM:
-    out.addWord(simWord, WordRole::connection, connectionField);
+    out.addKeyword<simWord>(WordRole::connection, connectionField);
     writePpcSimulator(out, imp);
     if (out.recorder != nullptr) {
       leaveOutWires(*out.recorder, imp);
@@ -384,7 +382,7 @@ int writePpc(CommandText out, const EngineImp &imp) {
     }
     break;
   case Engine::CONNECT_HW:
-    out.addWord(hwWord, WordRole::connection, connectionField);
+    out.addKeyword<hwWord>(WordRole::connection, connectionField);
     if (const int result = writeHardware(out, imp); result != code::done)
       return result;
     if (out.recorder != nullptr)

@@ -86,11 +86,12 @@ void tellConfigurationMode(WriteRecorder &recorder,
 }
 
 void writeConfigurationMode(CommandText out, const ProcessorInfoImp &record) {
-  out.addWord(configOption, WordRole::option,
-              record.vpConfigMode == 1 ? modeField : Fields());
+  out.addKeyword<configOption>(WordRole::option,
+                               record.vpConfigMode == 1 ? modeField : Fields());
   if (record.cycleApproximate != 0)
-    out.addWord(cycleApproximateWord, WordRole::value,
-                record.cycleApproximate == 1 ? approximateField : Fields());
+    out.addKeyword<cycleApproximateWord>(
+        WordRole::value,
+        record.cycleApproximate == 1 ? approximateField : Fields());
   if (out.recorder != nullptr)
     tellConfigurationMode(*out.recorder, record);
 }
@@ -152,7 +153,7 @@ int writeVirtualPlatform(CommandText out, const EngineImp &imp) {
                            OmissionReason::connectionWithoutCommand);
     return code::refused;
   }
-  writeTarget(out, lumacoreTarget, record);
+  writeTarget<lumacoreTarget>(out, record);
   if (record.vpConfigMode != 0) {
     writeConfigurationMode(out, record);
   } else {

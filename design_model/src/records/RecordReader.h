@@ -26,7 +26,8 @@ protected:
   /// Reports a condition on the element: it is not followed.
   void noteCondition(const pugi::xml_node &node);
 
-  /// Calls `take` for each child element of that name, and notes conditions.
+  /// Calls `take` for each child element of that name, and notes conditions:
+  /// for elements that can have one, which are some of those of 2014.
   template <typename Take>
   void forEach(const pugi::xml_node &parent, std::string_view name, Take take) {
     forEachChild(parent, name, [&](const pugi::xml_node &child) {
@@ -42,6 +43,8 @@ protected:
     forEach(findChild(parent, list), name, take);
   }
 
+  /// A reference that gives no values.
+  ReferenceRecord readPlainReference(const pugi::xml_node &reference);
   ReferenceRecord readReferenceRecord(const pugi::xml_node &reference);
   void readOverrides(const pugi::xml_node &parent,
                      std::vector<OverrideRecord> &overrides);
@@ -49,6 +52,7 @@ protected:
   /// Appends the parameters `name` in the child `list` of `parent`.
   void readParameters(const pugi::xml_node &parent, std::string_view list,
                       std::string_view name, ParameterRecords &parameters);
+  void readParameter(const pugi::xml_node &node, ParameterRecords &parameters);
   /// To be called when all are there.
   void completeParameters(ParameterRecords &parameters);
 
