@@ -39,7 +39,7 @@ std::unique_ptr<XmlDocument> loadTop(const DocumentSource &documents,
 /// What can end the reading comes before what can only leave something out, so
 /// that the first error is the reason.
 bool readDesignFrom(const DocumentSource &documents,
-                    const DesignSources &sources, std::size_t bytes,
+                    const DesignSources &sources, const ModelLimits &limits,
                     DesignModel &model) {
   model = DesignModel();
   KindTable kinds;
@@ -57,7 +57,7 @@ bool readDesignFrom(const DocumentSource &documents,
   if (!library.open(places))
     return false;
   DocumentStore store(documents, library, model);
-  Elaboration elaboration(store, kinds, sources.view, bytes, model);
+  Elaboration elaboration(store, kinds, sources.view, limits, model);
   // What has been made a record of is given back before the model grows.
   if (typeOf(*top) == DocumentType::component) {
     const auto component = readComponent(*top, file, model);
@@ -72,8 +72,8 @@ bool readDesignFrom(const DocumentSource &documents,
 
 bool ReadDesign(const DesignSources &sources, DesignModel &model) {
   DesignModel read;
-  const bool isRead =
-      readDesignFrom(FileSystemSource(), sources, largestModel, read);
+  const bool isRead = readDesignFrom(FileSystemSource(), sources,
+                                     limitsOf(sources.maxInstances), read);
   model = std::move(read);
   return isRead;
 }
