@@ -25,7 +25,7 @@ constexpr std::size_t endBytes = 80;
 } // namespace
 
 void Elaboration::elaborate(const DesignRecord &design) {
-  ParameterScope scope(design.parameters, model);
+  ParameterScope scope(design.parameters, diagnostics);
   elaborate(Level{design, nullptr, nullptr, DesignModel::top, scope});
   views.reportUnused(design.file);
 }
@@ -44,8 +44,8 @@ bool Elaboration::elaborate(const ComponentRecord &component) {
   const InnerDesign inner = views.follow(component, *view);
   if (inner.design == nullptr)
     return false;
-  ParameterScope around(component.parameters, model);
-  ParameterScope scope(inner.design->parameters, model);
+  ParameterScope around(component.parameters, diagnostics);
+  ParameterScope scope(inner.design->parameters, diagnostics);
   if (inner.reference != nullptr)
     scope.override(*inner.reference, component.interfaces.origin.file, around);
   elaborate(Level{*inner.design, inner.configuration, &component,
@@ -85,7 +85,7 @@ Elaboration::Placed Elaboration::addInstance(const Level &level,
       model.AddInstance(instance.name, component.id, level.instance, origin);
   if (!id || component.record == nullptr)
     return {};
-  ParameterScope scope(component.record->parameters, model);
+  ParameterScope scope(component.record->parameters, diagnostics);
   scope.override(reference, origin.file, level.scope);
   addParameters(*component.record, scope, *id, item);
   enter(level, instance, component, *id, scope);
@@ -123,7 +123,7 @@ void Elaboration::enter(const Level &level, const InstanceRecord &instance,
   if (!spend(inner.design->parameters.list.size() * parameterBytes,
              {level, "instance", instance.name, instance.line}))
     return;
-  ParameterScope innerScope(inner.design->parameters, model);
+  ParameterScope innerScope(inner.design->parameters, diagnostics);
   if (inner.reference != nullptr)
     innerScope.override(*inner.reference, record.interfaces.origin.file, scope);
   elaborate(Level{*inner.design, inner.configuration, &record, id, innerScope});
@@ -265,7 +265,7 @@ void Elaboration::close(const Item &item, const std::string &reason) {
 
 void Elaboration::report(Severity severity, const std::string &file, int line,
                          std::string message) {
-  model.Report({severity, file, line, std::move(message)});
+  diagnostics.add({severity, file, line, std::move(message)});
 }
 
 } // namespace ZelDebugDialog

@@ -13,6 +13,7 @@
 #include "elaboration/ModelLimits.h"
 #include "elaboration/ParameterScope.h"
 #include "elaboration/ViewChooser.h"
+#include "graph/DesignContents.h"
 #include "kinds/KindTable.h"
 #include "records/Records.h"
 
@@ -23,8 +24,10 @@ public:
   Elaboration(DocumentStore &documents, const KindTable &table,
               const std::string &view, const ModelLimits &limits,
               DesignModel &target)
-      : store(documents), kinds(table), views(documents, view, target),
-        most(limits), room(limits), model(target) {}
+      : store(documents), kinds(table),
+        views(documents, view, DesignContents::of(target).diagnostics),
+        most(limits), room(limits), model(target),
+        diagnostics(DesignContents::of(target).diagnostics) {}
 
   /// A design on its own: its interfaces lead nowhere.
   void elaborate(const DesignRecord &design);
@@ -93,6 +96,7 @@ private:
   ModelLimits room;    ///< What is left of them.
   bool isFull = false; ///< Something didn't go in: no instance comes after it.
   DesignModel &model;
+  DiagnosticList &diagnostics; ///< The model's own.
   std::unordered_map<Identity, Component, IdentityHash> components;
   /// The designs that are being elaborated, outermost first.
   std::vector<const DesignRecord *> open;

@@ -79,11 +79,11 @@ bool isUseful(const Kind &kind) {
 } // namespace
 
 bool KindTable::read(const DocumentSource &source, const std::string &file,
-                     DesignModel &model) {
+                     DiagnosticList &diagnostics) {
   std::string text;
   const std::string fault = source.read(file, DocumentSource::whole, text);
   if (!fault.empty()) {
-    model.Report({Severity::error, file, 0, fault});
+    diagnostics.add({Severity::error, file, 0, fault});
     return false;
   }
   std::istringstream lines(text);
@@ -100,14 +100,14 @@ bool KindTable::read(const DocumentSource &source, const std::string &file,
     if (rowFault.empty() && findNonUtf8(line) != std::string::npos)
       rowFault = "it is not text in UTF-8";
     if (!rowFault.empty()) {
-      model.Report({Severity::error, file, number, std::move(rowFault)});
+      diagnostics.add({Severity::error, file, number, std::move(rowFault)});
       isGood = false;
       continue;
     }
     if (!isUseful(row.kind))
-      model.Report({Severity::warning, file, number,
-                    "the debugger knows no debug module of type " +
-                        quote(row.kind.typeName)});
+      diagnostics.add({Severity::warning, file, number,
+                       "the debugger knows no debug module of type " +
+                           quote(row.kind.typeName)});
     rows.push_back(std::move(row));
   }
   return isGood;

@@ -236,6 +236,7 @@ public:
                                 const std::string &parameter) override;
 
 private:
+  friend struct DesignContents;
   std::unique_ptr<DesignContents> contents;
 };
 
