@@ -8,6 +8,7 @@
 #include "elaboration/DocumentStore.h"
 #include "elaboration/Elaboration.h"
 #include "graph/DesignContents.h"
+#include "kinds/ConnectRows.h"
 #include "kinds/KindTable.h"
 #include "library/Library.h"
 #include "records/ComponentReader.h"
@@ -64,11 +65,14 @@ bool readDesignFrom(const DocumentSource &documents,
   if (typeOf(*top) == DocumentType::component) {
     const auto component = readComponent(*top, file, diagnostics);
     top.reset();
-    return elaboration.elaborate(*component);
+    if (!elaboration.elaborate(*component))
+      return false;
+  } else {
+    const auto design = readDesignRecord(*top, file, diagnostics);
+    top.reset();
+    elaboration.elaborate(*design);
   }
-  const auto design = readDesignRecord(*top, file, diagnostics);
-  top.reset();
-  elaboration.elaborate(*design);
+  applyConnectRows(kinds.connectRows(), sources.kindsFile, model);
   return true;
 }
 
