@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "line/Number.h"
 #include "line/TextOption.h"
 #include "output/Place.h"
 #include "output/Suggestion.h"
@@ -17,6 +18,8 @@ using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignSources;
 
 using Severity = DesignDiagnostic::Severity;
+
+constexpr Range instanceCount{1, 100000000, false};
 
 /// The debug modules and controllers that a processor is connected to.
 std::vector<std::string> modulesOf(DesignModel &design,
@@ -91,6 +94,12 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
                         ->type_name("FILE")
                         ->group(group),
                     ValueKind::file);
+  line.completeWith(addTextOption(app, "--max-instances", maxInstances,
+                                  "leave out what comes after so many instances"
+                                  " (default: 1000000)")
+                        ->type_name("N")
+                        ->group(group),
+                    ValueKind::text);
 }
 
 /// What is empty here means to the model that nothing was given.
@@ -100,8 +109,12 @@ DesignSources DesignOptions::expectSources() const {
   if (kindsFile && kindsFile->empty())
     throw Failure(ExitStatus::unreadable,
                   fmt::format("{}: {}", shownName(*kindsFile), noSuchFile));
-  return {designFile.value_or(""), libraryFolders, view.value_or(""),
-          kindsFile.value_or("")};
+  DesignSources sources{designFile.value_or(""), libraryFolders,
+                        view.value_or(""), kindsFile.value_or("")};
+  if (maxInstances)
+    sources.maxInstances =
+        expectNumber("--max-instances", *maxInstances, instanceCount);
+  return sources;
 }
 
 std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
