@@ -6,6 +6,7 @@
 
 #include "line/Number.h"
 #include "line/TextOption.h"
+#include "output/Output.h"
 #include "output/Place.h"
 #include "output/Suggestion.h"
 
@@ -147,12 +148,12 @@ std::string whyNotDebuggable(DesignModel &design,
   if (modules.empty())
     return fmt::format("no debug module or controller is connected to it, and "
                        "processors of type '{}' need one",
-                       type);
+                       printable(type));
   std::vector<std::string> shown;
   shown.reserve(modules.size());
   for (const std::string &module : modules)
-    shown.push_back(
-        fmt::format("{} of type '{}'", module, design.getIpName(module)));
+    shown.push_back(fmt::format("{} of type '{}'", printable(module),
+                                printable(design.getIpName(module))));
   return fmt::format(
       "it is connected to {}, and only modules of type 'hdu' or "
       "'hdu_cedar' and controllers of type 'ppc_jtag_link' lead to "
@@ -172,12 +173,14 @@ void expectDebuggable(DesignModel &design,
   design.getProcessorInstances(names, false);
   if (holds(names))
     throw Failure(ExitStatus::refused,
-                  fmt::format("'{}' cannot be debugged: {}", processor,
+                  fmt::format("'{}' cannot be debugged: {}",
+                              printable(processor),
                               whyNotDebuggable(design, processor)));
   throw Failure(
       ExitStatus::wrongUse,
       fmt::format("'{}' is no processor of the design; there are {}{}",
-                  processor, quotedList(names), didYouMean(processor, names)));
+                  printable(processor), quotedList(names),
+                  didYouMean(processor, names)));
 }
 
 } // namespace zeldebug
