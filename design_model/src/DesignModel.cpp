@@ -10,6 +10,7 @@
 #include "kinds/BuiltInKinds.h"
 #include "messages/Quote.h"
 #include "names/InstanceNames.h"
+#include "names/Room.h"
 
 namespace ZelDebugDialog {
 
@@ -106,6 +107,18 @@ bool DesignModel::Attach(InstanceId processor, InstanceId debugModule,
                        quote(contents->instances[module].name) +
                        "; the first counts");
   return false;
+}
+
+void DesignModel::AddMissing(const MissingDocument &document) {
+  makeRoom(contents->missing, 1);
+  MissingDocument added = document;
+  if (contents->missingKeys.insert(document.type + ":" + document.identity)
+          .second)
+    contents->missing.push_back(std::move(added));
+}
+
+const std::vector<MissingDocument> &DesignModel::Missing() const {
+  return contents->missing;
 }
 
 void DesignModel::Report(DesignDiagnostic diagnostic) {

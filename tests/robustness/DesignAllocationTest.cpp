@@ -15,6 +15,7 @@
 #include "Reading.h"
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "ZelDebugDialog/DesignModel/Kinds.h"
+#include "ZelDebugDialog/DesignModel/Libraries.h"
 #include "support/TemporaryDirectory.h"
 
 namespace robustness {
@@ -242,6 +243,9 @@ TEST(DesignAllocation, OfBuilding) {
   expectAllOrNothing("DesignModel::Attach", [](DesignScene &scene) {
     scene.model.Attach(scene.uart, scene.debug, {longText("file"), 8});
   });
+  expectAllOrNothing("DesignModel::AddMissing", [](DesignScene &scene) {
+    scene.model.AddMissing({longText("component"), longText("identity")});
+  });
   expectAllOrNothing("DesignModel::Report", [](DesignScene &scene) {
     scene.model.Report({DesignDiagnostic::Severity::note, longText("file"), 9,
                         longText("another")});
@@ -289,6 +293,9 @@ TEST(DesignAllocation, OfQueries) {
   });
   expectAllOrNothing("DesignModel::WiredTo", [](DesignScene &scene) {
     EXPECT_EQ(scene.model.WiredTo({scene.debug, 0}).size(), 1U);
+  });
+  expectAllOrNothing("DesignModel::Missing", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.Missing().size(), 0U);
   });
   expectAllOrNothing("DesignModel::DebugModules", [](DesignScene &scene) {
     std::string name = scene.model.DebugModules().front();
@@ -472,6 +479,24 @@ TEST(DesignAllocation, OfProposing) {
   folder.write("kinds", "x:y:core:1 processor lumacore");
   expectProposedOrNot({"top.xml", {}, "", "kinds"}, true);
   expectProposedOrNot({"none.xml", {}, "", ""}, false);
+}
+
+TEST(DesignAllocation, OfFindingLibraries) {
+  const support::TemporaryDirectory folder;
+  folder.write("ip/core.xml", component("core", ""));
+  folder.write("soc/top.xml", design("top", instance("core", "core")));
+  const DesignSources sources{"soc/top.xml", {}, "", ""};
+  covered().insert("FindLibraries");
+  DesignModel model;
+  ASSERT_TRUE(ReadDesign(sources, model));
+  const SameHeap heap;
+  failEach<DesignScene>(
+      "FindLibraries",
+      [&](DesignScene &) {
+        const LibrarySearch found = FindLibraries(sources, model, {1, 99, 99});
+        EXPECT_EQ(found.folders.size(), 2U);
+      },
+      [](DesignScene &) {});
 }
 
 // --- Nothing is left out -----------------------------------------------------

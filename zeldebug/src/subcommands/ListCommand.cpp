@@ -3,6 +3,7 @@
 
 #include "Session.h"
 #include "line/DesignOptions.h"
+#include "subcommands/ListAdvice.h"
 #include "subcommands/ProcessorList.h"
 #include "subcommands/Subcommands.h"
 
@@ -16,10 +17,15 @@ ExitStatus run(const DesignOptions &options, Output &output) {
   const std::unique_ptr<DesignModel> design = options.read(output);
   Session session(design.get());
   const ProcessorList list(*design, session);
-  if (output.json())
-    output.document(list.json());
-  else
-    list.print(output);
+  const std::vector<Advice> advice = adviceFor(options, *design, list);
+  if (output.json()) {
+    Json members = list.json();
+    members.update(adviceJson(*design, advice));
+    output.document(members);
+    return ExitStatus::done;
+  }
+  list.print(output);
+  printAdvice(advice, output);
   return ExitStatus::done;
 }
 

@@ -18,6 +18,8 @@ struct Undebuggable {
   std::string name;
   std::string type;
   std::string reason;
+  /// "interface: instance.interface", a few.
+  std::vector<std::string> wiredTo;
 };
 
 class ProcessorList {
@@ -28,6 +30,8 @@ public:
   /// Every processor of the design.
   const std::vector<std::string> &names() const { return allNames; }
   const std::vector<Undebuggable> &undebuggable() const { return others; }
+  /// None can be debugged.
+  bool isEmpty() const { return session.state->processorList.empty(); }
 
   /// `names`, `processors` and `undebuggable`.
   Json json() const;
