@@ -4,14 +4,13 @@
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "settings/SettingTable.h"
 #include "text/Printable.h"
 
 namespace ZelDebugDialog {
 
 namespace {
-
-constexpr std::int64_t unsetAddress = 0xFFFFFFFF;
 
 struct KindWord {
   SettingKind kind;
