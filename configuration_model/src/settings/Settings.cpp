@@ -109,7 +109,7 @@ const SettingInfo *FindSetting(std::string_view id) {
 
 std::string ShowValue(const SettingInfo &setting, const Value &value) {
   if (value.IsText())
-    return value.Text();
+    return model::wellFormed(value.Text());
   if (value.IsFlag())
     return value.Flag() ? "yes" : "no";
   if (value.IsNumber())
