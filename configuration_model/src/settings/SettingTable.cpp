@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 #include <unordered_map>
 #include <utility>
 #include <variant>
@@ -116,18 +117,21 @@ Choices connectionChoices() {
   return choices;
 }
 
-std::string cableLabel(const std::string &keyword) {
-  return keyword.empty() ? "No cable" : keyword;
+/// A cable that no command names goes by its number.
+Choice cableChoice(const CommandCable &cable) {
+  const auto type = static_cast<std::uint32_t>(cable.type);
+  if (cable.type == Engine::CABLE_NONE)
+    return {type, "none", "No cable"};
+  if (!cable.keywords.empty())
+    return {type, cable.keywords.front(), cable.keywords.front()};
+  const std::string number = std::to_string(type);
+  return {type, number, "Cable " + number + ", which no command names"};
 }
 
 Choices cableChoices() {
   Choices choices;
-  for (const CommandCable &cable : cableCatalogue()) {
-    const std::string word =
-        cable.keywords.empty() ? std::string() : cable.keywords.front();
-    choices.push_back({static_cast<std::uint32_t>(cable.type),
-                       word.empty() ? "none" : word, cableLabel(word)});
-  }
+  for (const CommandCable &cable : cableCatalogue())
+    choices.push_back(cableChoice(cable));
   return choices;
 }
 
