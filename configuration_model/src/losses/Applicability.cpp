@@ -1,5 +1,6 @@
 #include "losses/Applicability.h"
 
+#include <algorithm>
 #include <vector>
 
 #include <fmt/format.h>
@@ -58,20 +59,35 @@ private:
   const SettingRow &row;
 };
 
-std::string whyNot(const SettingRow &row, const Analysis &analysis) {
+/// Whether the processor allows nothing but what is chosen.
+bool hasNoOtherChoice(const SettingRow &row, const Snapshot &snapshot,
+                      const Snapshot &defaults) {
+  const Value present = valueIn(snapshot, row);
+  return !row.info.choices.empty() &&
+         std::all_of(
+             row.info.choices.begin(), row.info.choices.end(),
+             [&](const Choice &choice) {
+               return choice.value == present ||
+                      !whyNotAllowed(row, choice, defaults.record).empty();
+             });
+}
+
+std::string whyNot(const SettingRow &row, const Snapshot &snapshot,
+                   const Snapshot &defaults, const Analysis &analysis) {
   if (row.isIdentity)
     return "it says which processor this is";
   if (!row.info.settable)
     return "it follows from other settings";
   if (!analysis.command)
     return fmt::format("no command can be written: {}", analysis.error);
+  if (hasNoOtherChoice(row, snapshot, defaults))
+    return "the processor leaves no other choice";
   if (const Omission *const omission = analysis.findOmission(row)) {
     const Reason &reason = reasonRow(omission->reason);
     return reason.whyNotApplicable == nullptr ? reason.text
                                               : reason.whyNotApplicable;
   }
-  return row.info.choices.empty() ? "what is written does not depend on it"
-                                  : "the processor leaves no other choice";
+  return "what is written does not depend on it";
 }
 
 } // namespace
@@ -82,7 +98,8 @@ Applicability findApplicability(Desk &desk, const Snapshot &snapshot,
   const bool isApplicable =
       row.info.settable && !row.isOfDevice() &&
       Trial(desk, defaults, row).makesDifference(snapshot);
-  return {isApplicable, isApplicable ? "" : whyNot(row, analysis)};
+  return {isApplicable,
+          isApplicable ? "" : whyNot(row, snapshot, defaults, analysis)};
 }
 
 } // namespace ZelDebugDialog::model

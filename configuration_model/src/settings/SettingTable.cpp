@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 #include <unordered_map>
 #include <utility>
 #include <variant>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "settings/Cables.h"
 #include "settings/ConnectionKinds.h"
 
@@ -89,9 +91,6 @@ struct Draft {
   }
 };
 
-constexpr std::int64_t unsetAddress = most32;
-constexpr std::int64_t regionStep = 0x10000;
-
 Draft identity(const char *id, const char *label, const char *help) {
   return Draft(id, "Processor", label, SettingKind::number, help).identity();
 }
@@ -111,23 +110,28 @@ Draft text(const char *id, const char *group, const char *label,
 
 Choices connectionChoices() {
   Choices choices;
-  for (const ConnectionKind &kind : connectionKinds())
-    choices.push_back({kind.word, kind.word, kind.label});
+  for (const ConnectionKind &kind : connectionKinds) {
+    const std::string word(kind.name);
+    choices.push_back({word, word, labelOf(kind)});
+  }
   return choices;
 }
 
-std::string cableLabel(const std::string &keyword) {
-  return keyword.empty() ? "No cable" : keyword;
+/// A cable that no command names goes by its number.
+Choice cableChoice(const CommandCable &cable) {
+  const auto type = static_cast<std::uint32_t>(cable.type);
+  if (cable.type == Engine::CABLE_NONE)
+    return {type, "none", "No cable"};
+  if (!cable.keywords.empty())
+    return {type, cable.keywords.front(), cable.keywords.front()};
+  const std::string number = std::to_string(type);
+  return {type, number, "Cable " + number + ", which no command names"};
 }
 
 Choices cableChoices() {
   Choices choices;
-  for (const CommandCable &cable : cableCatalogue()) {
-    const std::string word =
-        cable.keywords.empty() ? std::string() : cable.keywords.front();
-    choices.push_back({static_cast<std::uint32_t>(cable.type),
-                       word.empty() ? "none" : word, cableLabel(word)});
-  }
+  for (const CommandCable &cable : cableCatalogue())
+    choices.push_back(cableChoice(cable));
   return choices;
 }
 
@@ -141,10 +145,12 @@ Choices otherCableWords() {
 }
 
 Choices registerChoices() {
-  return {{2, "USER1", "USER1"},
-          {3, "USER2", "USER2"},
-          {0x22, "USER3", "USER3"},
-          {0x23, "USER4", "USER4"}};
+  Choices choices;
+  for (const auto &row : boundaryScanRegisters) {
+    const std::string word(row.keyword);
+    choices.push_back({row.value, word, word});
+  }
+  return choices;
 }
 
 Choices flagChoices() { return {{0, "no", "No"}, {1, "yes", "Yes"}}; }
@@ -153,12 +159,12 @@ Choices flagChoices() { return {{0, "no", "No"}, {1, "yes", "Yes"}}; }
 
 Value readConnection(const Snapshot &snapshot) {
   const ConnectionKind *const kind = kindOf(snapshot.record);
-  return kind == nullptr ? Value() : Value(kind->word);
+  return kind == nullptr ? Value() : Value(std::string(kind->name));
 }
 
 void storeConnection(Snapshot &snapshot, const Value &value) {
   const ConnectionKind *const kind = findConnectionKind(value.Text());
-  snapshot.record.connectionType = kind->type;
+  snapshot.record.connectionType = kind->connectionType;
   snapshot.record.stubType = kind->stubType;
 }
 

@@ -120,7 +120,7 @@ int readOptionFile(const std::string &path, EngineImp &imp) {
   if (line.empty())
     return result::noOptionFile;
   currentRecord(imp).connectCommand = line;
-  WordCursor<NoObserver> cursor(line);
+  WordCursor cursor(line);
   return readCommand(cursor, imp, CommandSource::optionFile);
 }
 
