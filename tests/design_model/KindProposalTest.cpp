@@ -7,8 +7,8 @@
 #include "MemorySource.h"
 #include "Reading.h"
 #include "elaboration/ReadDesignFrom.h"
-#include "kinds/KindTableText.h"
-#include "kinds/Words.h"
+#include "proposals/KindTableText.h"
+#include "proposals/Words.h"
 
 namespace ZelDebugDialog {
 namespace {

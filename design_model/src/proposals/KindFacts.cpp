@@ -1,7 +1,7 @@
-#include "kinds/KindFacts.h"
+#include "proposals/KindFacts.h"
 
-#include "kinds/Words.h"
 #include "messages/Quote.h"
+#include "proposals/Words.h"
 
 namespace ZelDebugDialog {
 namespace {

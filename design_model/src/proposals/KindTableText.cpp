@@ -1,4 +1,4 @@
-#include "kinds/KindTableText.h"
+#include "proposals/KindTableText.h"
 
 #include <string_view>
 

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "kinds/BuiltInKinds.h"
-#include "kinds/KindCandidates.h"
-#include "kinds/Words.h"
+#include "proposals/KindCandidates.h"
+#include "proposals/Words.h"
 
 namespace ZelDebugDialog {
 namespace {

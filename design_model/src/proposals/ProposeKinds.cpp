@@ -1,8 +1,8 @@
 #include <utility>
 
 #include "elaboration/ReadDesignFrom.h"
-#include "kinds/KindCandidates.h"
-#include "kinds/KindTableText.h"
+#include "proposals/KindCandidates.h"
+#include "proposals/KindTableText.h"
 
 namespace ZelDebugDialog {
 namespace {

@@ -1,4 +1,4 @@
-#include "kinds/Words.h"
+#include "proposals/Words.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ZelDebugDialog/DesignModel/Kinds.h"
-#include "kinds/KindFacts.h"
+#include "proposals/KindFacts.h"
 
 namespace ZelDebugDialog {
 
