@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "MemorySource.h"
 #include "Reading.h"
 #include "elaboration/ReadDesignFrom.h"
 #include "kinds/KindTableText.h"
@@ -49,8 +50,8 @@ public:
       memory.files[name == "given" || name == "top.xml" ? name : "ip/" + name] =
           text;
     sources.libraryFolders = {"ip"};
-    isRead =
-        proposeKindsFrom(memory, sources, largestModel, proposal, result.model);
+    isRead = proposeKindsFrom(memory, sources, limitsOf(sources.maxInstances),
+                              proposal, result.model);
   }
 
   /// "part verdict name types" each.

@@ -127,7 +127,7 @@ const DesignRecord *ViewChooser::findDesign(const std::string &file,
 
 void ViewChooser::report(Severity severity, const std::string &file, int line,
                          std::string message) {
-  model.Report({severity, file, line, std::move(message)});
+  diagnostics.add({severity, file, line, std::move(message)});
 }
 
 } // namespace ZelDebugDialog

@@ -19,6 +19,9 @@ namespace ZelDebugDialog {
 struct DesignContents {
   class Entry;
 
+  /// For what reads a design into a model.
+  static DesignContents &of(DesignModel &model) { return *model.contents; }
+
   ConnectionGraph graph;
   std::vector<DesignInstance> instances; ///< Of the graph, by index.
   DiagnosticList diagnostics;

@@ -51,11 +51,12 @@ std::string givenTable(const DocumentSource &documents,
 }
 
 bool readWith(const DocumentSource &documents, const DesignSources &sources,
-              std::size_t bytes, const std::string &table, DesignModel &model) {
+              const ModelLimits &limits, const std::string &table,
+              DesignModel &model) {
   DesignSources all = sources;
   if (all.kindsFile.empty())
     all.kindsFile = proposedName;
-  return readDesignFrom(WithTable(documents, all.kindsFile, table), all, bytes,
+  return readDesignFrom(WithTable(documents, all.kindsFile, table), all, limits,
                         model);
 }
 
@@ -65,15 +66,15 @@ bool readWith(const DocumentSource &documents, const DesignSources &sources,
 /// one and what answers to it. And a third time, for the answers with the whole
 /// table.
 bool proposeKindsFrom(const DocumentSource &documents,
-                      const DesignSources &sources, std::size_t bytes,
+                      const DesignSources &sources, const ModelLimits &limits,
                       KindProposal &proposal, DesignModel &model) {
   proposal = KindProposal();
-  if (!readDesignFrom(documents, sources, bytes, model))
+  if (!readDesignFrom(documents, sources, limits, model))
     return false;
   const std::string given = givenTable(documents, sources);
   proposal.candidates = findProcessorCandidates(KindFacts(model));
   const std::string processors = given + kindTableText(proposal, sources);
-  if (!readWith(documents, sources, bytes, processors, model))
+  if (!readWith(documents, sources, limits, processors, model))
     return false;
   {
     const KindFacts facts(model);
@@ -82,15 +83,15 @@ bool proposeKindsFrom(const DocumentSource &documents,
       proposal.candidates.push_back(std::move(candidate));
   }
   proposal.table = given + kindTableText(proposal, sources);
-  return readWith(documents, sources, bytes, proposal.table, model);
+  return readWith(documents, sources, limits, proposal.table, model);
 }
 
 bool ProposeKinds(const DesignSources &sources, KindProposal &proposal,
                   DesignModel &model) {
   KindProposal found;
   DesignModel read;
-  const bool isRead =
-      proposeKindsFrom(FileSystemSource(), sources, largestModel, found, read);
+  const bool isRead = proposeKindsFrom(
+      FileSystemSource(), sources, limitsOf(sources.maxInstances), found, read);
   if (!isRead)
     found = KindProposal();
   proposal = std::move(found);

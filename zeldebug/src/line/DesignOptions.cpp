@@ -4,7 +4,9 @@
 
 #include <fmt/format.h>
 
+#include "line/Number.h"
 #include "line/TextOption.h"
+#include "output/Output.h"
 #include "output/Place.h"
 #include "output/Suggestion.h"
 
@@ -19,6 +21,8 @@ using ZelDebugDialog::LibrarySearch;
 using ZelDebugDialog::MissingDocument;
 
 using Severity = DesignDiagnostic::Severity;
+
+constexpr Range instanceCount{1, 100000000, false};
 
 /// The debug modules and controllers that a processor is connected to.
 std::vector<std::string> modulesOf(DesignModel &design,
@@ -116,6 +120,12 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
                         ->type_name("FILE")
                         ->group(group),
                     ValueKind::file);
+  line.completeWith(addTextOption(app, "--max-instances", maxInstances,
+                                  "leave out what comes after so many instances"
+                                  " (default: 1000000)")
+                        ->type_name("N")
+                        ->group(group),
+                    ValueKind::text);
 }
 
 /// What is empty here means to the model that nothing was given.
@@ -125,8 +135,12 @@ DesignSources DesignOptions::expectSources() const {
   if (kindsFile && kindsFile->empty())
     throw Failure(ExitStatus::unreadable,
                   fmt::format("{}: {}", shownName(*kindsFile), noSuchFile));
-  return {designFile.value_or(""), libraryFolders, view.value_or(""),
-          kindsFile.value_or("")};
+  DesignSources sources{designFile.value_or(""), libraryFolders,
+                        view.value_or(""), kindsFile.value_or("")};
+  if (maxInstances)
+    sources.maxInstances =
+        expectNumber("--max-instances", *maxInstances, instanceCount);
+  return sources;
 }
 
 std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
@@ -233,12 +247,12 @@ std::string whyNotDebuggable(DesignModel &design,
   if (modules.empty())
     return fmt::format("no debug module or controller is connected to it, and "
                        "processors of type '{}' need one",
-                       type);
+                       printable(type));
   std::vector<std::string> shown;
   shown.reserve(modules.size());
   for (const std::string &module : modules)
-    shown.push_back(
-        fmt::format("{} of type '{}'", module, design.getIpName(module)));
+    shown.push_back(fmt::format("{} of type '{}'", printable(module),
+                                printable(design.getIpName(module))));
   return fmt::format(
       "it is connected to {}, and only modules of type 'hdu' or "
       "'hdu_cedar' and controllers of type 'ppc_jtag_link' lead to "
@@ -258,12 +272,14 @@ void expectDebuggable(DesignModel &design,
   design.getProcessorInstances(names, false);
   if (holds(names))
     throw Failure(ExitStatus::refused,
-                  fmt::format("'{}' cannot be debugged: {}", processor,
+                  fmt::format("'{}' cannot be debugged: {}",
+                              printable(processor),
                               whyNotDebuggable(design, processor)));
   throw Failure(
       ExitStatus::wrongUse,
       fmt::format("'{}' is no processor of the design; there are {}{}",
-                  processor, quotedList(names), didYouMean(processor, names)));
+                  printable(processor), quotedList(names),
+                  didYouMean(processor, names)));
 }
 
 } // namespace zeldebug

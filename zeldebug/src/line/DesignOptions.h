@@ -25,14 +25,15 @@ struct MissingAdvice {
 
 class DesignOptions {
 public:
-  /// Adds DESIGN, --library, --view and --kinds to a subcommand.
+  /// Adds DESIGN, --library, --view, --kinds and --max-instances to a
+  /// subcommand.
   void addTo(CommandLine &line, CLI::App &app, bool designRequired = true);
 
   bool named() const { return designFile.has_value(); }
 
   /// Reads the design. What its diagnostics say goes to `output`.
   /// @throws Failure: (unreadable) with every error, one a line; (wrong use)
-  ///   for a view without a name.
+  ///   for a view without a name, and a number of instances that is none.
   std::unique_ptr<ZelDebugDialog::DesignModel> read(const Output &output) const;
   /// The same, and proposes a kind table; the model is the design with it.
   std::unique_ptr<ZelDebugDialog::DesignModel>
@@ -54,6 +55,7 @@ private:
   std::vector<std::string> libraryFolders;
   std::optional<std::string> view;
   std::optional<std::string> kindsFile;
+  std::optional<std::string> maxInstances;
 };
 
 /// Words as a shell takes them.

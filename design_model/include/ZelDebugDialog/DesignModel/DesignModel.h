@@ -69,6 +69,14 @@ struct DesignSources {
   /// A table that lets components play the part of known ones; docs/
   /// design-files.md has its format. Empty: none.
   std::string kindsFile = {};
+  /// No more instances than these, since a few small files can describe a
+  /// hierarchy without end; at most 100 million, whatever is asked for. Each
+  /// takes less than 400 bytes, beside its full name, its parameters, and 50
+  /// bytes for each of its interfaces and ends of connections. All in all a
+  /// model takes no more than about 1 KB for each of these, or 1 GB if that is
+  /// more. What is past either is left out, with an error that names the first
+  /// of it; what is there is connected and answers.
+  std::size_t maxInstances = 1000000;
 };
 
 /// What a component is to a debugger.
@@ -294,6 +302,7 @@ public:
                                 const std::string &parameter) override;
 
 private:
+  friend struct DesignContents;
   std::unique_ptr<DesignContents> contents;
 };
 

@@ -1,4 +1,4 @@
-#include "xml/DocumentSource.h"
+#include "MemorySource.h"
 
 namespace ZelDebugDialog {
 
