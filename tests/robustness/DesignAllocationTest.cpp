@@ -55,13 +55,12 @@ public:
     component = model.AddComponent(componentOf("uart", DesignRole::other));
     around = *model.AddInstance(longText("around"), component);
     core = *model.AddInstance(longText("core"), processor);
-    const auto debugModule = *model.AddInstance(longText("debug"), module);
+    debug = *model.AddInstance(longText("debug"), module);
     uart = *model.AddInstance(longText("uart"), component, around);
     model.AddParameter(core, longText("parameter"), longText("value"));
-    model.Connect(
-        {{{debugModule, longText("out"), 1}, {core, longText("in"), 2}},
-         longText("wire"),
-         {longText("file"), 3}});
+    model.Connect({{{debug, longText("out"), 1}, {core, longText("in"), 2}},
+                   longText("wire"),
+                   {longText("file"), 3}});
     model.Report({DesignDiagnostic::Severity::note, longText("file"), 4,
                   longText("remark")});
     names = {longText("earlier")};
@@ -111,6 +110,7 @@ public:
   DesignModel::ComponentId component = 0;
   DesignModel::InstanceId around = 0;
   DesignModel::InstanceId core = 0;
+  DesignModel::InstanceId debug = 0;
   DesignModel::InstanceId uart = 0;
 
   Names names;
@@ -230,6 +230,17 @@ TEST(DesignAllocation, OfBuilding) {
                              {longText("file"), 8}});
       },
       Remarks::mayGrow);
+  expectAllOrNothing("DesignModel::SetView", [](DesignScene &scene) {
+    std::string view = longText("view");
+    scene.model.SetView(scene.core, std::move(view));
+  });
+  expectAllOrNothing("DesignModel::Attach", [](DesignScene &scene) {
+    scene.model.Attach(scene.core, scene.debug);
+  });
+  // Refused, with a remark.
+  expectAllOrNothing("DesignModel::Attach", [](DesignScene &scene) {
+    scene.model.Attach(scene.uart, scene.debug, {longText("file"), 8});
+  });
   expectAllOrNothing("DesignModel::Report", [](DesignScene &scene) {
     scene.model.Report({DesignDiagnostic::Severity::note, longText("file"), 9,
                         longText("another")});
@@ -268,6 +279,12 @@ TEST(DesignAllocation, OfQueries) {
   });
   expectAllOrNothing("DesignModel::Diagnostics", [](DesignScene &scene) {
     EXPECT_EQ(scene.model.Diagnostics().size(), 1U);
+  });
+  expectAllOrNothing("DesignModel::Component", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.Component(scene.component).interfaces.size(), 2U);
+  });
+  expectAllOrNothing("DesignModel::Connections", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.Connections().size(), 1U);
   });
   expectAllOrNothing("DesignModel::DebugModules", [](DesignScene &scene) {
     std::string name = scene.model.DebugModules().front();
@@ -393,7 +410,9 @@ TEST(DesignAllocation, OfReading) {
                       connection("wire", {"cpu.out", "uart.in"})));
   folder.write("inside.xml",
                component("around", interface("in", target), viewOf("top")));
-  folder.write("kinds", "x:y:uart_*:* other " + longText("type") + "\n");
+  folder.write("kinds", "x:y:uart_*:* other " + longText("type") +
+                            "\nx:y:nothing:1 debug-module hdu\n"
+                            "connect c?u missing\nconnect none missing\n");
   folder.write("bad-kinds", "x:y:uart_* other\n");
   expectReadOrNot({"top.xml", {"library"}, "", ""}, true);
   expectReadOrNot({"top.xml", {"library"}, "", "kinds"}, true);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <unordered_map>
 #include <utility>
 #include <variant>
 
@@ -314,16 +315,24 @@ const std::vector<SettingRow> &settingRows() {
 }
 
 const SettingRow *findRow(std::string_view id) {
+  static const std::unordered_map<std::string_view, const SettingRow *> byName =
+      [] {
+        std::unordered_map<std::string_view, const SettingRow *> made;
+        for (const SettingRow &row : settingRows())
+          made.emplace(row.info.id, &row);
+        return made;
+      }();
   std::string general;
-  const std::size_t end = id.find(']');
-  if (startsWith(id, deviceFront) && end != std::string_view::npos) {
+  if (startsWith(id, deviceFront)) {
+    const std::size_t end =
+        id.find_first_not_of("0123456789", deviceFront.size());
+    if (end == std::string_view::npos)
+      return nullptr;
     general = std::string(deviceFront) + std::string(id.substr(end));
     id = general;
   }
-  for (const SettingRow &row : settingRows())
-    if (row.info.id == id)
-      return &row;
-  return nullptr;
+  const auto found = byName.find(id);
+  return found == byName.end() ? nullptr : found->second;
 }
 
 Value valueIn(const Snapshot &snapshot, const SettingRow &row,

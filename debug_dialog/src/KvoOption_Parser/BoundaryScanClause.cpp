@@ -13,15 +13,13 @@ namespace kvo {
 
 namespace {
 
-constexpr std::string_view user1Word = "USER1";
-constexpr NamedValue user1{user1Word, 2};
-constexpr NamedValue user2{"USER2", 3};
-constexpr std::array<NamedValue, 4> registers{
-    {user1, user2, {"USER3", 0x22}, {"USER4", 0x23}}};
+constexpr const NamedValue &user1 = boundaryScanRegisters[0];
+constexpr const NamedValue &user2 = boundaryScanRegisters[1];
+constexpr std::string_view user1Word = user1.keyword;
 
 constexpr const Fields &registerField = fields<&ProcessorInfoImp::bscanUserReg>;
 
-constexpr ValueForm registerForm = oneOf(registers, "bscanUserReg");
+constexpr ValueForm registerForm = oneOf(boundaryScanRegisters, "bscanUserReg");
 
 } // namespace
 
@@ -29,13 +27,16 @@ template <class Observer>
 int readBoundaryScan(WordCursor<Observer> &cursor, EngineImp &imp) {
   std::string_view word;
   if (cursor.next(word, WordRole::value) == code::end) {
-    cursor.observer.missing(CommandFaultKind::missingValue, registers);
+    cursor.observer.missing(CommandFaultKind::missingValue,
+                            boundaryScanRegisters);
     return code::refused;
   }
   cursor.observer.sets(registerForm);
-  const auto *const found = findRow(registers, word, cursor.characters);
+  const auto *const found =
+      findRow(boundaryScanRegisters, word, cursor.characters);
   if (found == nullptr) {
-    cursor.observer.fault(CommandFaultKind::refusedValue, registers);
+    cursor.observer.fault(CommandFaultKind::refusedValue,
+                          boundaryScanRegisters);
     return code::refused;
   }
   currentRecord(imp).bscanUserReg = found->value;

@@ -5,7 +5,7 @@
 #include <boost/algorithm/string/split.hpp>
 
 #include "KvoOption_Parser/Descriptions.h"
-#include "KvoOption_Parser/Numbers.h"
+#include "ZelDebugDialog/CableCatalogue.h"
 #include "ZelDebugDialog_Engine/CableCatalogue.h"
 
 namespace ZelDebugDialog {
@@ -20,15 +20,6 @@ std::vector<std::string> split(std::string_view text) {
     boost::algorithm::split(pieces, text,
                             [](char character) { return character == ' '; });
   return pieces;
-}
-
-/// The offered frequencies; a cable without any offers a 0.
-std::vector<std::uint32_t> offeredFrequencies(const Cable &cable) {
-  std::vector<std::uint32_t> frequencies;
-  for (const std::string &text : split(cable.offered))
-    if (const std::uint64_t frequency = toUnsigned(text); frequency != 0)
-      frequencies.push_back(lowBits<std::uint32_t>(frequency));
-  return frequencies;
 }
 
 std::vector<std::string> keywordsOf(Engine::CableType type) {
@@ -47,9 +38,8 @@ CommandCable describe(const Cable &cable) {
     described.written = cable.keyword;
   described.defaultFrequency = cable.defaultFrequency;
   described.defaultPort = cable.defaultPort;
-  described.offeredFrequencies = offeredFrequencies(cable);
-  described.acceptedFrequencies.assign(cable.accepted.begin(),
-                                       cable.accepted.end());
+  described.offeredFrequencies = GetOfferedFrequencies(cable.type);
+  described.acceptedFrequencies = GetAcceptedFrequencies(cable.type);
   return described;
 }
 

@@ -10,8 +10,8 @@
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/Families.h"
 
 namespace ZelDebugDialog {
 

@@ -8,9 +8,9 @@
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Families.h"
 #include "ZelDebugDialog_Engine/Results.h"
 
 namespace ZelDebugDialog {

@@ -9,9 +9,9 @@
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "ZelDebugDialog_Engine/AddressRegions.h"
-#include "ZelDebugDialog_Engine/Families.h"
 
 namespace ZelDebugDialog {
 
@@ -36,13 +36,9 @@ constexpr std::string_view isocmSizeWord = "isocmSize";
 constexpr std::string_view isocmDcrWord = "isocmDcrStartAdr";
 constexpr std::string_view isocmDcrWords = "  isocmDcrStartAdr "; // two blanks
 constexpr std::string_view fpuWord = "fpuType";
-constexpr std::string_view singleWord = "sp";
-constexpr std::string_view doubleWord = "dp";
 
-constexpr std::array<NamedValue, 2> processorTypes{
+constexpr std::array<NamedValue, 2> ppcTypes{
     {{"ppc405", typePpc405}, {"ppc440", typePpc440}}};
-constexpr std::array<NamedValue, 2> fpuTypes{
-    {{singleWord, fpuSingle}, {doubleWord, fpuDouble}}};
 
 /// With a design the number is the design's, and the command has to agree: all
 /// 32 bits of it, so that 128 to 255 never do.
@@ -60,7 +56,7 @@ int readCpuNumber(const Argument &argument, EngineImp &imp) {
 /// A type that is not known is remembered as such, and refused.
 int readProcessorType(const Argument &argument, EngineImp &imp) {
   const auto *const type =
-      findRow(processorTypes, argument.value, argument.characters);
+      findRow(ppcTypes, argument.value, argument.characters);
   currentRecord(imp).procType = type == nullptr ? typePpcUnknown : type->value;
   return type == nullptr ? code::refused : code::done;
 }
@@ -80,7 +76,7 @@ template <const AddressRegion &region>
 int readRegion(const Argument &argument, EngineImp &imp) {
   std::uint32_t &start = currentRecord(imp).*region.start;
   start = lowBits<std::uint32_t>(toUnsigned(argument.value));
-  return isRegionAligned(start) ? code::done : refuse(imp, region.misaligned);
+  return IsRegionAligned(start) ? code::done : refuse(imp, region.misaligned);
 }
 
 /// The instruction cache is where the address map begins.
@@ -109,7 +105,7 @@ int readCpuCount(const Argument &argument, EngineImp &imp) {
 constexpr std::array<Parameter<EngineImp>, 18> parameters{{
     {"devicenr", readNumber<&Record::debugDevice>, lowByte("debugDevice")},
     {cpuNumberWord, readCpuNumber, lowByte("cpuNr")},
-    {"proctype", readProcessorType, oneOf(processorTypes, "procType")},
+    {"proctype", readProcessorType, oneOf(ppcTypes, "procType")},
     {romStartWord, readNumber<&Record::romemStartAdr>, number("romemStartAdr")},
     {romSizeWord, readNumber<&Record::romemSize>, number("romemSize")},
     {icacheRegion.keyword, readIcacheRegion,
@@ -219,7 +215,7 @@ void tellAddressMap(WriteRecorder &recorder, const Record &record) {
         std::get<std::uint32_t Record::*>(fieldRows[field].member);
     if (record.*start == unsetAddress)
       recorder.implies(Fields(field));
-    else if (!isRegionAligned(record.*start))
+    else if (!IsRegionAligned(record.*start))
       recorder.cannotBeRead(Fields(field), OmissionReason::misalignedRegion);
   }
   leaveOutUnless(recorder, record.debugAddressMap == record.icacheStartAdr,
@@ -252,7 +248,7 @@ void writeFpu(CommandText out, const Record &record) {
   const bool isNamed = record.fpuType <= fpuDouble;
   if (record.fpuType != fpuNone)
     out.addName(joined<fpuWord>,
-                record.fpuType == fpuSingle ? singleWord : doubleWord,
+                fpuTypes[record.fpuType == fpuSingle ? 0 : 1].keyword,
                 isNamed ? fpuField : Fields());
   if (out.recorder == nullptr)
     return;

@@ -6,9 +6,9 @@
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Readers.h"
 #include "KvoOption_Parser/Words.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Families.h"
 
 namespace ZelDebugDialog {
 

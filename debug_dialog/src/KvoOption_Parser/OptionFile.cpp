@@ -31,10 +31,6 @@ namespace {
 
 constexpr std::string_view cannotOpen = "Error Opening File";
 
-/// What the line buffer of a reader holds; the rest of a longer line is cut
-/// off.
-constexpr std::size_t longestLine = 1023;
-
 constexpr mode_t readableByAll = 0666; // less the process's own mask
 
 /// An open regular file, or none.
@@ -100,7 +96,7 @@ std::string readFirstLine(RegularFile &file) {
   while (const std::size_t count = file.read(buffer.data(), buffer.size())) {
     for (const char character : std::string_view(buffer.data(), count)) {
       if (character != '\n') {
-        if (line.size() < longestLine)
+        if (line.size() < longestOptionLine)
           line += character;
         continue;
       }

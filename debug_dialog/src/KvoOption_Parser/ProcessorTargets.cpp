@@ -12,9 +12,9 @@
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Families.h"
 
 namespace ZelDebugDialog {
 
@@ -187,7 +187,7 @@ constexpr const Fields &stubTypeField = fields<&ProcessorInfoImp::stubType>;
 /// What the words of a connection leave unsaid of which processor it is.
 void tellIdentity(WriteRecorder &recorder, const ProcessorInfoImp &record,
                   const Identity &read) {
-  const bool isModule = isModuleMask(record.connectionMask);
+  const bool isModule = IsModuleMask(record.connectionMask);
   recorder.leavesOut(fields<&ProcessorInfoImp::instanceName>,
                      OmissionReason::identity);
   recorder.leavesOut(fields<&ProcessorInfoImp::connectionMask>,

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "KvoOption_Parser/WordCursor.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 
 namespace ZelDebugDialog {
@@ -14,8 +15,6 @@ namespace {
 bool isSeparator(char character) {
   return character == ' ' || character == '\t';
 }
-
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
 } // namespace
 
@@ -52,11 +51,11 @@ int Words::accept(std::string_view word) {
   // Under a locale to which a blank is no white space a word may be empty.
   if (word.empty() || word.front() != '-')
     return code::value;
-  // The second character is fetched with a bounds check: a lone "-" raises the
+  // A lone "-": fetching the character behind it with a bounds check raises the
   // standard out-of-range error, for the caller of the public operation to see.
   if (word.size() == 1)
     return std::string(word).at(1);
-  if (isDigit(word[1]))
+  if (!IsOptionWord(word))
     return code::value;
   KvoOption_Parser::current_option = word;
   return code::option;

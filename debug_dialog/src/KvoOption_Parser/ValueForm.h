@@ -6,14 +6,9 @@
 #include <string_view>
 
 #include "ZelDebugDialog/CommandTrace.h"
+#include "ZelDebugDialog/EngineFacts.h"
 
 namespace ZelDebugDialog::kvo {
-
-/// A word that stands for a number of its field.
-struct NamedValue {
-  std::string_view keyword;
-  std::uint32_t value;
-};
 
 struct NamedValues {
   const NamedValue *first = nullptr;

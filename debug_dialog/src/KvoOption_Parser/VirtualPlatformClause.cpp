@@ -5,7 +5,7 @@
 #include "KvoOption_Parser/SimulatorOptions.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
-#include "ZelDebugDialog_Engine/Families.h"
+#include "ZelDebugDialog/EngineFacts.h"
 
 namespace ZelDebugDialog {
 

@@ -17,7 +17,7 @@ using Severity = DesignDiagnostic::Severity;
 constexpr std::size_t deepestHierarchy = 100;
 
 // What parts of a model take in memory, roughly.
-constexpr std::size_t instanceBytes = 400;
+constexpr std::size_t instanceBytes = 450;
 constexpr std::size_t portBytes = 32;
 constexpr std::size_t parameterBytes = 120;
 constexpr std::size_t endBytes = 80;
@@ -110,6 +110,8 @@ void Elaboration::enter(const Level &level, const InstanceRecord &instance,
   const ComponentRecord &record = *component.record;
   const ViewRecord *const view =
       views.choose(record, level.configuration, instance.name);
+  if (view != nullptr)
+    model.SetView(id, view->name);
   if (view == nullptr || !view->leadsToDesign())
     return;
   if (component.role == DesignRole::processor)
@@ -208,9 +210,10 @@ Elaboration::componentOf(const Identity &identity) {
   data.typeName = identity.name;
   if (component.record != nullptr) {
     data = component.record->interfaces;
-    if (component.record->hasCpus)
+    if (data.hasCpus)
       data.role = DesignRole::processor;
   }
+  data.identity = toText(identity);
   if (const Kind *const kind = kinds.find(identity)) {
     data.role = kind->role;
     data.typeName = kind->typeName;

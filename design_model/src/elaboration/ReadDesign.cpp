@@ -7,6 +7,7 @@
 
 #include "elaboration/DocumentStore.h"
 #include "elaboration/Elaboration.h"
+#include "kinds/ConnectRows.h"
 #include "kinds/KindTable.h"
 #include "library/Library.h"
 #include "records/ComponentReader.h"
@@ -62,11 +63,14 @@ bool readDesignFrom(const DocumentSource &documents,
   if (typeOf(*top) == DocumentType::component) {
     const auto component = readComponent(*top, file, model);
     top.reset();
-    return elaboration.elaborate(*component);
+    if (!elaboration.elaborate(*component))
+      return false;
+  } else {
+    const auto design = readDesignRecord(*top, file, model);
+    top.reset();
+    elaboration.elaborate(*design);
   }
-  const auto design = readDesignRecord(*top, file, model);
-  top.reset();
-  elaboration.elaborate(*design);
+  applyConnectRows(kinds.connectRows(), sources.kindsFile, model);
   return true;
 }
 

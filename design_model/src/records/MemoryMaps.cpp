@@ -5,6 +5,11 @@
 namespace ZelDebugDialog {
 namespace {
 
+/// Also of a bank as a whole.
+bool isSaidToBeMemory(const pugi::xml_node &block) {
+  return childText(block, "usage") == "memory";
+}
+
 bool mayHoldBlocks(const pugi::xml_node &node) {
   return isNamed(node, "bank") || isNamed(node, "memoryRemap");
 }
@@ -33,6 +38,8 @@ MemoryMap readMap(const pugi::xml_node &node,
         map.hasBlocks = true;
         note(child);
       }
+      if (isNamed(child, "addressBlock") || isNamed(child, "bank"))
+        map.isMemory = map.isMemory || isSaidToBeMemory(child);
       if (isNamed(child, "subspaceMap")) {
         map.initiators.push_back(initiatorOf(child));
         note(child);

@@ -144,6 +144,14 @@ std::vector<std::string> processorsOf(const TypedLine &line) {
   return Session(design.get()).processorNames();
 }
 
+std::vector<std::string> instancesOf(const TypedLine &line) {
+  const auto design = designOf(line);
+  std::vector<std::string> names;
+  for (const ZelDebugDialog::DesignInstance &instance : design->Instances())
+    names.push_back(instance.name);
+  return names;
+}
+
 /// Those that the processor of the line allows; all without a processor.
 std::vector<std::string> connectionsOf(const TypedLine &line) {
   const auto design = designOf(line);
@@ -185,6 +193,8 @@ std::vector<std::string> valuesOf(ValueKind kind, const TypedLine &line) {
     return {"devicenr="};
   case ValueKind::processor:
     return processorsOf(line);
+  case ValueKind::instance:
+    return instancesOf(line);
   case ValueKind::diagnosticCode: {
     std::vector<std::string> words;
     for (const DiagnosticCode &row : diagnosticCodes())
