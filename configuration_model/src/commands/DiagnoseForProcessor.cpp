@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/ConfigurationModel/Language.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/Keywords.h"
 #include "text/NearestMatch.h"
 
@@ -13,10 +14,6 @@ namespace ZelDebugDialog::model {
 
 namespace {
 
-constexpr std::uint32_t familyArm = 2;
-// What the readers give a debug module, the kmtc target, or an ARM port or
-// channel in place of a mask.
-constexpr std::uint32_t moduleMasks = 0x10 | 0x20 | 0x100 | 0x200;
 constexpr std::size_t headWord = 0;
 constexpr std::size_t targetWord = 1;
 constexpr std::size_t connectionWord = 2;
@@ -49,7 +46,7 @@ public:
   }
   /// The readers give a debug module a mask of its own.
   bool isModule() const {
-    return (command.snapshot().record.connectionMask & moduleMasks) != 0;
+    return IsModuleMask(command.snapshot().record.connectionMask);
   }
   bool isWhole() const { return target != nullptr; }
 

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "commands/OptionLine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "losses/Reasons.h"
 #include "settings/ConnectionKinds.h"
 #include "text/NearestMatch.h"
@@ -91,7 +91,7 @@ RawLoss cutLoss(const std::string &command) {
           command,
           {},
           fmt::format("it has {} characters, and only {} of a line are read",
-                      command.size(), optionLineLimit),
+                      command.size(), longestOptionLine),
           "long-file",
           "",
           true};
@@ -151,7 +151,7 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
                               const Snapshot *readBack,
                               const std::string &refusal) {
   std::vector<RawLoss> losses;
-  const bool isCut = command.size() > optionLineLimit;
+  const bool isCut = command.size() > longestOptionLine;
   if (isCut)
     losses.push_back(cutLoss(command));
   if (readBack == nullptr) {

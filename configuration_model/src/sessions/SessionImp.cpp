@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "commands/OptionLine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/WhyRefused.h"
 #include "losses/Writing.h"
 #include "sessions/Changes.h"
@@ -91,7 +91,7 @@ void SessionImp::load() {
     if (loaded.isCut())
       return fmt::format("the command has {} characters, but only {} of a line "
                          "are read",
-                         loaded.text.size(), optionLineLimit);
+                         loaded.text.size(), longestOptionLine);
     return reading.accepted()
                ? ""
                : fmt::format("the command is refused: {}",

@@ -6,6 +6,7 @@
 #include <utility>
 #include <variant>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "settings/Cables.h"
 #include "settings/ConnectionKinds.h"
 
@@ -89,9 +90,6 @@ struct Draft {
   }
 };
 
-constexpr std::int64_t unsetAddress = most32;
-constexpr std::int64_t regionStep = 0x10000;
-
 Draft identity(const char *id, const char *label, const char *help) {
   return Draft(id, "Processor", label, SettingKind::number, help).identity();
 }
@@ -111,8 +109,10 @@ Draft text(const char *id, const char *group, const char *label,
 
 Choices connectionChoices() {
   Choices choices;
-  for (const ConnectionKind &kind : connectionKinds())
-    choices.push_back({kind.word, kind.word, kind.label});
+  for (const ConnectionKind &kind : connectionKinds) {
+    const std::string word(kind.name);
+    choices.push_back({word, word, labelOf(kind)});
+  }
   return choices;
 }
 
@@ -141,10 +141,12 @@ Choices otherCableWords() {
 }
 
 Choices registerChoices() {
-  return {{2, "USER1", "USER1"},
-          {3, "USER2", "USER2"},
-          {0x22, "USER3", "USER3"},
-          {0x23, "USER4", "USER4"}};
+  Choices choices;
+  for (const auto &row : boundaryScanRegisters) {
+    const std::string word(row.keyword);
+    choices.push_back({row.value, word, word});
+  }
+  return choices;
 }
 
 Choices flagChoices() { return {{0, "no", "No"}, {1, "yes", "Yes"}}; }
@@ -153,12 +155,12 @@ Choices flagChoices() { return {{0, "no", "No"}, {1, "yes", "Yes"}}; }
 
 Value readConnection(const Snapshot &snapshot) {
   const ConnectionKind *const kind = kindOf(snapshot.record);
-  return kind == nullptr ? Value() : Value(kind->word);
+  return kind == nullptr ? Value() : Value(std::string(kind->name));
 }
 
 void storeConnection(Snapshot &snapshot, const Value &value) {
   const ConnectionKind *const kind = findConnectionKind(value.Text());
-  snapshot.record.connectionType = kind->type;
+  snapshot.record.connectionType = kind->connectionType;
   snapshot.record.stubType = kind->stubType;
 }
 
