@@ -9,6 +9,7 @@
 #include "ZelDebugDialog/CommandTrace.h"
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
+#include "support/Cables.h"
 #include "support/StateText.h"
 #include "trace/Corpus.h"
 
@@ -208,12 +209,10 @@ TEST(CommandTrace, HasAFaultForEachRefusedCommandAndSaysWhichWord) {
        "speed",
        "UNKNOWN Parameter 'speed' for  option '-pfsl'",
        {"port", "type"}},
-      {"connect lc hdu -cable type quorla_svffile",
-       Kind::refusedValue,
+      {"connect lc hdu -cable type quorla_svffile", Kind::refusedValue,
        "quorla_svffile",
        "Cable Type quorla_svffile is not supported in this release\n",
-       {"quorla_parallel", "quorla_parallel4", "quorla_podusb",
-        "quorla_parallel3", "quorla_plugin", "digilent_plugin", "quorla_tcf"}},
+       support::cableWords()},
       {"connect lc hdu -cable kind 1", Kind::unknownParameter, "kind",
        "UNKNOWN Parameter 'kind' for  option '-cable'", cableParameters},
       {"connect lc hdu -cable port", Kind::missingValue, "<end>", "", {}},

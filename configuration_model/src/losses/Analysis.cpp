@@ -90,7 +90,7 @@ std::optional<NoWord> problemInFile(const Value &value) {
 
 /// What else is lost where a line ends too early.
 NoWord whyReadDifferently(const std::string &command) {
-  if (command.size() > optionLineLimit)
+  if (command.size() > longestOptionLine)
     return {"it stands behind what is read of the line", "long-file"};
   if (lineOfFile(command).size() < command.size())
     return {"it stands behind a line break or a null byte, and the line of an "

@@ -17,7 +17,7 @@
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/CableCatalogue.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CableCatalogue.h"
+#include "facts/CableCatalogue.h"
 
 namespace ZelDebugDialog {
 

@@ -4,7 +4,7 @@
 
 #include "KvoOption_Parser/Descriptions.h"
 #include "ZelDebugDialog/CableCatalogue.h"
-#include "ZelDebugDialog_Engine/CableCatalogue.h"
+#include "facts/CableCatalogue.h"
 
 namespace ZelDebugDialog {
 

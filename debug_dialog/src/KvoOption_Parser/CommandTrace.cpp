@@ -7,8 +7,8 @@
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Recorder.h"
 #include "ZelDebugDialog/Engine.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 

@@ -10,8 +10,8 @@
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 

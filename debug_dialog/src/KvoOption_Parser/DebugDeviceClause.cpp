@@ -11,7 +11,7 @@
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/AddressRegions.h"
+#include "facts/AddressRegions.h"
 
 namespace ZelDebugDialog {
 

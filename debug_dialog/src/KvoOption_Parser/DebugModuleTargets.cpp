@@ -8,7 +8,7 @@
 #include "KvoOption_Parser/Words.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
+#include "facts/CurrentRecord.h"
 
 namespace ZelDebugDialog {
 

@@ -7,8 +7,8 @@
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 

@@ -11,7 +11,7 @@
 #include "KvoOption_Parser/Numbers.h"
 #include "KvoOption_Parser/Readers.h"
 #include "KvoOption_Parser/WordCursor.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
+#include "facts/CurrentRecord.h"
 
 namespace ZelDebugDialog::kvo {
 

@@ -14,7 +14,7 @@
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
+#include "facts/CurrentRecord.h"
 
 namespace ZelDebugDialog {
 

@@ -14,7 +14,7 @@
 #include "KvoOption_Parser/Readers.h"
 #include "KvoOption_Parser/Words.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
+#include "facts/CurrentRecord.h"
 
 namespace ZelDebugDialog::kvo {
 
