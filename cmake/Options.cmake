@@ -36,3 +36,5 @@ option(ZELDEBUGDIALOG_COVERAGE "Instrument for line and branch coverage" OFF)
 set(ZELDEBUGDIALOG_SANITIZERS "" CACHE STRING "Sanitizers to build with, comma-separated")
 set(ZELDEBUGDIALOG_IPXACT_LIBRARIES "" CACHE PATH
     "Folder of IP-XACT libraries by others that the tests read; empty: none")
+set(ZELDEBUGDIALOG_IPXACT_SCHEMAS "" CACHE PATH
+    "Folder of the IP-XACT standard's schemas, an edition a folder, that the tests check documents against; empty: none")

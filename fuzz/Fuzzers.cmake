@@ -50,8 +50,11 @@ set(fuzz_operations_libraries ${fuzz_engine_libraries})
 
 if(ZELDEBUGDIALOG_DESIGN_MODEL)
     list(APPEND fuzzers documents)
-    set(fuzz_documents_sources ${fuzz_folder}/fuzz_documents.cpp)
-    set(fuzz_documents_includes ${PROJECT_SOURCE_DIR}/design_model/src)
+    set(fuzz_documents_sources
+        ${fuzz_folder}/fuzz_documents.cpp
+        ${PROJECT_SOURCE_DIR}/tests/design_model/MemorySource.cpp)
+    set(fuzz_documents_includes
+        ${PROJECT_SOURCE_DIR}/design_model/src ${PROJECT_SOURCE_DIR}/tests)
     set(fuzz_documents_libraries DesignModelCore)
 endif()
 

@@ -28,14 +28,16 @@ struct ExpectedAnswers {
   Names answers;
 };
 
-/// From a file in the folder of expected answers.
-ExpectedAnswers readExpectedAnswers(const std::string &file);
+/// From a file in the folder of expected answers. "EDITION" in it stands for
+/// the edition.
+ExpectedAnswers readExpectedAnswers(const std::string &file,
+                                    const std::string &edition = "");
 
 Names answersOf(DesignModel &model);
 
 /// Reads the design that the file names, by search and by catalog, and
 /// compares.
-void checkAnswers(const std::string &file);
+void checkAnswers(const std::string &file, const std::string &edition = "");
 
 } // namespace ZelDebugDialog
 

@@ -11,8 +11,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-const std::string cpu =
-    component("cpu", interface("bus", "<ipxact:master/>"), "<ipxact:cpus/>");
+const std::string cpu = processor("cpu", interface("bus", "<ipxact:master/>"));
 const std::string ram = component("ram", interface("bus", "<ipxact:slave/>"));
 
 /// cpu -> x.in, x.out -> ram, with x as given.
@@ -29,37 +28,42 @@ Reading readBetween(const std::string &between) {
 }
 
 struct ModeRow {
-  const char *mode;
+  const char *edition, *mode;
   bool answers;
 };
 
 TEST(ComponentReader, KnowsTheModesInOldAndNewWords) {
   const ModeRow rows[] = {
-      {"<i:target/>", true},
-      {"<i:slave/>", true},
-      {"<target/>", true},
-      {"<i:mirroredTarget/>", true},
-      {"<i:mirroredSlave/>", true},
-      {"<i:mirroredInitiator/>", true},
-      {"<i:mirroredMaster/>", true},
-      {"<i:initiator/>", false},
-      {"<i:master/>", false},
-      {"<i:system><i:group>g</i:group></i:system>", false},
-      {"<i:mirroredSystem/>", false},
-      {"<i:monitor interfaceMode='target'/>", false},
+      {"2022", "<i:target/>", true},
+      {"2014", "<i:slave/>", true},
+      {"2022", "<target/>", true},
+      {"2022", "<i:mirroredTarget/>", true},
+      {"2014", "<i:mirroredSlave/>", true},
+      {"2022", "<i:mirroredInitiator/>", true},
+      {"2014", "<i:mirroredMaster/>", true},
+      {"2022", "<i:initiator/>", false},
+      {"2014", "<i:master/>", false},
+      {"2022", "<i:system><i:group>g</i:group></i:system>", false},
+      {"2022", "<i:mirroredSystem><i:group>g</i:group></i:mirroredSystem>",
+       false},
+      {"2022", "<i:monitor interfaceMode='target'/>", false},
+      {"2014", "<i:monitor interfaceMode='slave'/>", false},
   };
   for (const ModeRow &row : rows) {
-    Reading reading =
-        readBetween("<i:component xmlns:i=\"http://www.accellera.org/XMLSchema/"
-                    "IPXACT/1685-2022\">"
-                    "<i:vendor>x</i:vendor><i:library>y</i:library>"
-                    "<i:name>x</i:name><i:version>1</i:version>"
-                    "<i:busInterfaces><i:busInterface><i:name>in</i:name>"
-                    "<i:busType/>" +
-                    std::string(row.mode) +
-                    "</i:busInterface><i:busInterface><i:name>out</i:name>"
-                    "<i:initiator/></i:busInterface></i:busInterfaces>"
-                    "</i:component>");
+    const std::string edition = row.edition;
+    const std::string type =
+        "<i:busType vendor='x' library='y' name='bus' version='1'/>";
+    Reading reading = readBetween(
+        "<i:component xmlns:i=\"http://www.accellera.org/XMLSchema/"
+        "IPXACT/1685-" +
+        edition +
+        "\"><i:vendor>x</i:vendor><i:library>y</i:library><i:name>x</i:name>"
+        "<i:version>1</i:version><i:busInterfaces><i:busInterface>"
+        "<i:name>in</i:name>" +
+        type + row.mode +
+        "</i:busInterface><i:busInterface><i:name>out</i:name>" + type +
+        (edition == "2022" ? "<i:initiator/>" : "<i:master/>") +
+        "</i:busInterface></i:busInterfaces></i:component>");
     EXPECT_THAT(reading.diagnostics(), IsEmpty()) << row.mode;
     EXPECT_EQ(reading.peripherals("cpu").size(), row.answers ? 1u : 0u)
         << row.mode;
@@ -78,11 +82,28 @@ TEST(ComponentReader, ReportsAnInterfaceWithoutAMode) {
   }
 }
 
+/// As it stands, with the words of 2022, or in no namespace: words of 2009, or
+/// of no edition.
+enum class Words { of2014, of2022, ofNone };
+
+std::string inWords(Words words, const std::string &text) {
+  switch (words) {
+  case Words::of2014:
+    return text;
+  case Words::of2022:
+    return in2022(text);
+  case Words::ofNone:
+    return ofNoEdition(text);
+  }
+  return "";
+}
+
 struct PassRow {
   const char *what;
   std::string in;     ///< The mode of "in".
   std::string others; ///< Of the component.
   Names peripherals;
+  Words words = Words::of2014;
 };
 
 const std::string master = "<ipxact:master/>";
@@ -91,72 +112,99 @@ std::string slave(const std::string &content) {
   return "<ipxact:slave>" + content + "</ipxact:slave>";
 }
 
-std::string map(const std::string &content, const std::string &name = "m") {
-  return "<ipxact:memoryMaps><ipxact:memoryMap><ipxact:name>" + name +
-         "</ipxact:name>" + content + "</ipxact:memoryMap></ipxact:memoryMaps>";
+std::string map(const std::string &content, const std::string &others = "") {
+  return others +
+         "<ipxact:memoryMaps><ipxact:memoryMap><ipxact:name>m"
+         "</ipxact:name>" +
+         content + "</ipxact:memoryMap></ipxact:memoryMaps>";
 }
 
+const std::string base = "<ipxact:baseAddress>0</ipxact:baseAddress>";
+const std::string size =
+    "<ipxact:range>1</ipxact:range><ipxact:width>32</ipxact:width>";
+
+std::string nameOf(const std::string &part) {
+  return "<ipxact:name>" + part + "</ipxact:name>";
+}
+
+/// A part of a map that is passed on to "out".
+std::string subspace(const std::string &name, const std::string &content) {
+  return "<ipxact:subspaceMap masterRef='out'>" + nameOf(name) + content +
+         "</ipxact:subspaceMap>";
+}
+
+std::string bank(const std::string &name, const std::string &content) {
+  return "<ipxact:bank bankAlignment='serial'>" + nameOf(name) + content +
+         "</ipxact:bank>";
+}
+
+const std::string remapState =
+    "<ipxact:remapStates><ipxact:remapState><ipxact:name>late</ipxact:name>"
+    "</ipxact:remapState></ipxact:remapStates>";
+
 TEST(ComponentReader, KnowsEveryKindOfBridge) {
-  const std::string block = "<ipxact:addressBlock/>";
-  const std::string subspace = "<ipxact:subspaceMap masterRef='out'/>";
+  const std::string block = "<ipxact:addressBlock>" + nameOf("b") + base +
+                            size + "</ipxact:addressBlock>";
+  const std::string inBank =
+      "<ipxact:addressBlock>" + nameOf("b") + size + "</ipxact:addressBlock>";
+  const std::string part = subspace("s", base);
   const std::string byMap = slave("<ipxact:memoryMapRef memoryMapRef='m'/>");
+  const std::string bridge = "<ipxact:transparentBridge masterRef='out'/>";
   const PassRow rows[] = {
       {"nothing", slave(""), "", {"x"}},
-      {"2022",
-       slave("<ipxact:transparentBridge initiatorRef='out'/>"),
-       "",
-       {"ram"}},
-      {"2014",
-       slave("<ipxact:transparentBridge masterRef='out'/>"),
-       "",
-       {"ram"}},
+      {"2022", slave(bridge), "", {"ram"}, Words::of2022},
+      {"2014", slave(bridge), "", {"ram"}},
       {"2009",
-       slave("<ipxact:bridge ipxact:masterRef='out' opaque='true'/>"),
+       slave("<ipxact:bridge masterRef='out' opaque='true'/>"),
        "",
-       {"ram"}},
+       {"ram"},
+       Words::ofNone},
       {"two",
        slave("<ipxact:bridge masterRef='in'/><ipxact:bridge masterRef='out'/>"),
        "",
-       {"ram"}},
+       {"ram"},
+       Words::ofNone},
       {"other element",
        slave("<ipxact:transparentbridge masterRef='out'/>"),
        "",
-       {"x"}},
-      {"subspace", byMap, map(subspace), {"ram"}},
-      {"subspace of 2022",
-       slave("<ipxact:memoryMapRef>m</ipxact:memoryMapRef>"),
-       map("<ipxact:subspaceMap initiatorRef='out'/>"),
-       {"ram"}},
+       {"x"},
+       Words::ofNone},
+      {"subspace", byMap, map(part), {"ram"}},
+      {"subspace of 2022", byMap, map(part), {"ram"}, Words::of2022},
       {"subspace in banks",
        byMap,
-       map("<ipxact:bank><ipxact:bank>" + subspace +
-           "</ipxact:bank></ipxact:bank>"),
+       map(bank("outer", base + bank("inner", subspace("s", "")))),
        {"ram"}},
       {"subspace in a remap",
        byMap,
-       map("<ipxact:memoryRemap>" + subspace + "</ipxact:memoryRemap>"),
+       map("<ipxact:memoryRemap state='late'>" + nameOf("r") + part +
+               "</ipxact:memoryRemap>",
+           remapState),
        {"ram"}},
       {"subspace elsewhere",
        byMap,
-       map("<ipxact:parameters>" + subspace + "</ipxact:parameters>"),
-       {"x"}},
+       map("<ipxact:parameters>" + part + "</ipxact:parameters>"),
+       {"x"},
+       Words::ofNone},
       {"registers", byMap, map(block), {"x"}},
-      {"both", byMap, map(block + subspace), {"x", "ram"}},
+      {"both", byMap, map(block + part), {"x", "ram"}},
       {"blocks in a bank",
        byMap,
-       map("<ipxact:bank>" + block + "</ipxact:bank>" + subspace),
+       map(bank("outer", base + inBank) + part),
        {"x", "ram"}},
       {"a bridge with registers",
-       slave("<ipxact:transparentBridge masterRef='out'/>"
-             "<ipxact:memoryMapRef memoryMapRef='m'/>"),
+       slave("<ipxact:memoryMapRef memoryMapRef='m'/>" + bridge),
        map(block),
-       {"x", "ram"}},
-      {"a map that nothing refers to", slave(""), map(subspace), {"x"}},
+       {"x", "ram"},
+       Words::ofNone},
+      {"a map that nothing refers to", slave(""), map(part), {"x"}},
   };
   for (const PassRow &row : rows) {
     SCOPED_TRACE(row.what);
-    Reading reading = readBetween(component(
-        "x", interface("in", row.in) + interface("out", master), row.others));
+    Reading reading = readBetween(inWords(
+        row.words,
+        component("x", interface("in", row.in) + interface("out", master),
+                  row.others)));
     EXPECT_THAT(reading.diagnostics(), IsEmpty());
     EXPECT_EQ(reading.peripherals("cpu"), row.peripherals);
   }
@@ -165,10 +213,10 @@ TEST(ComponentReader, KnowsEveryKindOfBridge) {
 TEST(ComponentReader, ReportsBridgesToNowhere) {
   Reading reading =
       readBetween(component("x",
-                            interface("in", slave("<ipxact:transparentBridge "
-                                                  "masterRef='nowhere'/>"
-                                                  "<ipxact:memoryMapRef "
-                                                  "memoryMapRef='none'/>")) +
+                            interface("in", slave("<ipxact:memoryMapRef "
+                                                  "memoryMapRef='none'/>"
+                                                  "<ipxact:transparentBridge "
+                                                  "masterRef='nowhere'/>")) +
                                 interface("out", master),
                             map("")));
   EXPECT_THAT(
@@ -180,13 +228,26 @@ TEST(ComponentReader, ReportsBridgesToNowhere) {
   EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("x"));
 }
 
+/// The name of the map is an attribute in every edition.
+TEST(ComponentReader, TakesNoMapByTheTextOfTheElement) {
+  Reading reading = readBetween(component(
+      "x",
+      interface("in", slave("<ipxact:memoryMapRef>m</ipxact:memoryMapRef>")) +
+          interface("out", master),
+      map(subspace("s", base))));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("warning x.xml:4: interface 'in' refers to a memory "
+                          "map '', which the component does not have"));
+  EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("x"));
+}
+
 TEST(ComponentReader, BoundsTheBridgesOfSharedMaps) {
   std::string interfaces;
   std::string parts;
   for (int i = 0; i < 1100; ++i) {
     interfaces += interface("in" + std::to_string(i),
                             slave("<ipxact:memoryMapRef memoryMapRef='m'/>"));
-    parts += "<ipxact:subspaceMap masterRef='out'/>";
+    parts += subspace("s" + std::to_string(i), base);
   }
   const Reading reading = readBetween(component(
       "x", interfaces + interface("in", slave("")) + interface("out", master),
@@ -196,37 +257,45 @@ TEST(ComponentReader, BoundsTheBridgesOfSharedMaps) {
                         "left out"));
 }
 
+std::string channel(const Names &members) {
+  std::string text = "<ipxact:channel><ipxact:name>c</ipxact:name>";
+  for (const std::string &member : members)
+    text += "<ipxact:busInterfaceRef>" + member + "</ipxact:busInterfaceRef>";
+  return text + "</ipxact:channel>";
+}
+
+std::string channels(const std::string &list) {
+  return "<ipxact:channels>" + list + "</ipxact:channels>";
+}
+
 TEST(ComponentReader, KnowsChannels) {
+  const auto local = [](const std::string &member) {
+    return "<ipxact:localName>" + member + "</ipxact:localName>";
+  };
+  const std::string mirrored = "<ipxact:mirroredMaster/>";
   const PassRow rows[] = {
       {"2014",
-       "<ipxact:mirroredMaster/>",
-       "<ipxact:channels><ipxact:channel><ipxact:name>c</ipxact:name>"
-       "<ipxact:busInterfaceRef><ipxact:localName>in</ipxact:localName>"
-       "</ipxact:busInterfaceRef><ipxact:busInterfaceRef><ipxact:localName>out"
-       "</ipxact:localName></ipxact:busInterfaceRef></ipxact:channel>"
-       "</ipxact:channels>",
+       mirrored,
+       channels(channel({local("in"), local("out")})),
        {"ram"}},
       {"2009",
-       "<ipxact:mirroredMaster/>",
-       "<ipxact:channels><ipxact:channel>"
-       "<ipxact:busInterfaceRef>in</ipxact:busInterfaceRef>"
-       "<ipxact:busInterfaceRef> out </ipxact:busInterfaceRef>"
-       "</ipxact:channel></ipxact:channels>",
-       {"ram"}},
+       mirrored,
+       channels(channel({"in", " out "})),
+       {"ram"},
+       Words::ofNone},
       {"apart",
-       "<ipxact:mirroredMaster/>",
-       "<ipxact:channels><ipxact:channel>"
-       "<ipxact:busInterfaceRef>in</ipxact:busInterfaceRef></ipxact:channel>"
-       "<ipxact:channel><ipxact:busInterfaceRef>out</ipxact:busInterfaceRef>"
-       "</ipxact:channel></ipxact:channels>",
-       {"x"}},
-      {"none", "<ipxact:mirroredMaster/>", "", {"x"}},
+       mirrored,
+       channels(channel({"in"}) + channel({"out"})),
+       {"x"},
+       Words::ofNone},
+      {"none", mirrored, "", {"x"}},
   };
   for (const PassRow &row : rows) {
-    Reading reading = readBetween(component(
-        "x",
-        interface("in", row.in) + interface("out", "<ipxact:mirroredSlave/>"),
-        row.others));
+    Reading reading = readBetween(inWords(
+        row.words, component("x",
+                             interface("in", row.in) +
+                                 interface("out", "<ipxact:mirroredSlave/>"),
+                             row.others)));
     EXPECT_THAT(reading.diagnostics(), IsEmpty()) << row.what;
     EXPECT_EQ(reading.peripherals("cpu"), row.peripherals) << row.what;
   }
@@ -234,13 +303,13 @@ TEST(ComponentReader, KnowsChannels) {
 
 TEST(ComponentReader, TellsProcessorsByTheirCpus) {
   Reading reading = readFiles(
-      {{"a.xml", component("a", "", "<ipxact:cpus/>")},
-       {"b.xml", component("b", "", "<ipxact:cpu/>")},
+      {{"a.xml", processor("a", "")},
+       {"b.xml", ofNoEdition(component("b", "", "<ipxact:cpu/>"))},
        {"c.xml", component("c", "",
                            "<ipxact:vendorExtensions><ipxact:cpus/>"
                            "</ipxact:vendorExtensions>")},
        {"lumacore.xml", component("lumacore", "")},
-       {"hdu.xml", component("hdu", "", "<ipxact:cpus/>")},
+       {"hdu.xml", processor("hdu", "")},
        {"top.xml",
         design("d", instance("a", "a") + instance("b", "b") +
                         instance("c", "c") + instance("l", "lumacore") +
@@ -249,13 +318,17 @@ TEST(ComponentReader, TellsProcessorsByTheirCpus) {
   EXPECT_THAT(reading.debugModules(), IsEmpty());
 }
 
+const std::string present = "<ipxact:isPresent>0</ipxact:isPresent>";
+const std::string busType =
+    "<ipxact:busType vendor='x' library='y' name='bus' version='1'/>";
+
 TEST(ComponentReader, FollowsNoConditions) {
   Reading reading = readBetween(component(
-      "x", interface("in", "<ipxact:isPresent>0</ipxact:isPresent>\n" +
-                               slave("<ipxact:transparentBridge "
-                                     "masterRef='out'><ipxact:isPresent>0"
-                                     "</ipxact:isPresent>"
-                                     "</ipxact:transparentBridge>")) +
+      "x", interface("in",
+                     "\n" + slave("<ipxact:transparentBridge "
+                                  "masterRef='out'>" +
+                                  present + "</ipxact:transparentBridge>"),
+                     present + busType) +
                interface("out", master)));
   EXPECT_THAT(reading.diagnostics(),
               ElementsAre("warning x.xml:4: isPresent is not followed: this "
@@ -263,6 +336,76 @@ TEST(ComponentReader, FollowsNoConditions) {
                           "warning x.xml:5: isPresent is not followed: this "
                           "transparentBridge is taken to be there"));
   EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram"));
+}
+
+TEST(ComponentReader, FollowsNoConditionsOfMaps) {
+  std::string text = processor(
+      "x",
+      interface("in", slave("<ipxact:memoryMapRef memoryMapRef='m'/>")) +
+          interface("out", master),
+      map("\n" + present + "\n<ipxact:addressBlock>" + nameOf("b") + present +
+          base + size + "</ipxact:addressBlock>\n" +
+          bank("outer", base + present + "\n" + subspace("s", present)) +
+          "\n<ipxact:memoryRemap state='late'>" + nameOf("r") + present +
+          "</ipxact:memoryRemap>"));
+  text.insert(text.find("<ipxact:addressSpaces>"), remapState);
+  const std::string core = nameOf("core");
+  text.insert(text.find(core) + core.size(), "\n" + present);
+  Reading reading = readBetween(text);
+  Names conditions;
+  for (const DesignDiagnostic &found : reading.model.Diagnostics())
+    if (found.file == "x.xml")
+      conditions.push_back(std::to_string(found.line) + " " + found.message);
+  EXPECT_THAT(
+      conditions,
+      testing::UnorderedElementsAre(
+          "9 isPresent is not followed: this memoryMap is taken to be there",
+          "10 isPresent is not followed: this addressBlock is taken to be "
+          "there",
+          "11 isPresent is not followed: this bank is taken to be there",
+          "12 isPresent is not followed: this subspaceMap is taken to be there",
+          "13 isPresent is not followed: this memoryRemap is taken to be "
+          "there",
+          "14 isPresent is not followed: this cpu is taken to be there"));
+}
+
+/// A map of 2022 consists of a definition as a whole, in a bank or in a remap.
+TEST(ComponentReader, FollowsNoDefinitionsOfMaps) {
+  const auto definition = [](const std::string &what) {
+    return "<ipxact:" + what +
+           "DefinitionRef typeDefinitions='t'>d</ipxact:" + what +
+           "DefinitionRef>";
+  };
+  const std::string maps[] = {
+      definition("memoryMap"),
+      subspace("s", base) + "<ipxact:memoryRemap>" + nameOf("r") +
+          "<ipxact:modeRef priority='0'>late</ipxact:modeRef>" +
+          definition("remap") + "</ipxact:memoryRemap>",
+      subspace("s", base) +
+          bank("outer", base + bank("inner", definition("bank"))),
+  };
+  for (const std::string &content : maps) {
+    std::string text =
+        component("x",
+                  interface("in", "\n" + slave("<ipxact:memoryMapRef "
+                                               "memoryMapRef='m'/>")) +
+                      interface("out", master),
+                  "<ipxact:modes><ipxact:mode>" + nameOf("late") +
+                      "</ipxact:mode></ipxact:modes>" + map(content));
+    text.insert(text.find("<ipxact:busInterfaces>"),
+                "<ipxact:typeDefinitions><ipxact:externalTypeDefinitions>" +
+                    nameOf("t") +
+                    "<ipxact:typeDefinitionsRef vendor='x' library='y' "
+                    "name='types' version='1'/>"
+                    "</ipxact:externalTypeDefinitions>"
+                    "</ipxact:typeDefinitions>");
+    Reading reading = readBetween(in2022(text));
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("warning x.xml:5: the definition that memory map "
+                            "'m' refers to is not followed; it is taken to "
+                            "have registers"));
+    EXPECT_EQ(reading.peripherals("cpu").front(), "x") << content;
+  }
 }
 
 } // namespace

@@ -105,18 +105,78 @@ TEST(DesignReader, ReportsConnectionsThatLeadNowhere) {
           "instance 'ram' of type 'ram' has no interface 'bas'"));
 }
 
+struct EndRow {
+  const char *edition, *instance, *interface;
+};
+
 TEST(DesignReader, TakesEndsInEveryForm) {
-  for (const char *const attribute :
-       {"componentRef", "componentInstanceRef", "ipxact:componentRef"}) {
-    Reading reading = readBeside(
-        parts,
+  const EndRow rows[] = {
+      {"1685-2014", "componentRef", "busRef"},
+      {"1685-2022", "componentInstanceRef", "busRef"},
+      {"1685-2014", "ipxact:componentRef", "ipxact:busRef"},
+  };
+  for (const EndRow &row : rows) {
+    const auto end = [&row](const char *instance) {
+      return std::string("<ipxact:activeInterface ") + row.instance + "='" +
+             instance + "' " + row.interface + "='bus'/>";
+    };
+    std::string text =
         design("d", instance("cpu", "lumacore") + instance("ram", "ram"),
-               "<ipxact:interconnection><ipxact:activeInterface " +
-                   std::string(attribute) +
-                   "='cpu' busRef='bus'/><ipxact:activeInterface " + attribute +
-                   "='ram' ipxact:busRef='bus'/></ipxact:interconnection>"));
+               "<ipxact:interconnection><ipxact:name>c</ipxact:name>" +
+                   end("cpu") + end("ram") + "</ipxact:interconnection>");
+    const std::string edition = "1685-2014";
+    text.replace(text.find(edition), edition.size(), row.edition);
+    Reading reading = readBeside(parts, text);
     EXPECT_THAT(reading.diagnostics(), IsEmpty());
-    EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram")) << attribute;
+    EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("ram")) << row.instance;
+  }
+}
+
+/// A design "box" of an edition that has hierarchical connections; `end` is
+/// what stands in the one of "port".
+std::string boxOf(const std::string &edition, const std::string &end) {
+  return "<s:design xmlns:s=\"http://www.spiritconsortium.org/XMLSchema/"
+         "SPIRIT/" +
+         edition +
+         "\"><s:vendor>x</s:vendor><s:library>y</s:library><s:name>inner"
+         "</s:name><s:version>1</s:version><s:componentInstances>"
+         "<s:componentInstance><s:instanceName>ram</s:instanceName>"
+         "<s:componentRef s:vendor='x' s:library='y' s:name='ram' "
+         "s:version='1'/></s:componentInstance></s:componentInstances>"
+         "<s:hierConnections>\n<s:hierConnection s:interfaceRef='port'>" +
+         end + "</s:hierConnection></s:hierConnections></s:design>";
+}
+
+Reading readInBox(const std::string &inner) {
+  Files files = parts;
+  files["inner.xml"] = inner;
+  files["box.xml"] =
+      component("box", interface("port", "<ipxact:slave/>"), viewOf("inner"));
+  return readBeside(
+      files, design("d", instance("cpu", "lumacore") + instance("box", "box"),
+                    connection("in", {"cpu.bus", "box.port"})));
+}
+
+TEST(DesignReader, TakesHierarchicalConnections) {
+  for (const char *const edition : {"1.5", "1685-2009"}) {
+    Reading reading = readInBox(
+        boxOf(edition, "<s:interface s:componentRef='ram' s:busRef='bus'/>"));
+    EXPECT_THAT(reading.diagnostics(), IsEmpty()) << edition;
+    EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("box.ram")) << edition;
+  }
+}
+
+TEST(DesignReader, TakesNoOtherFormOfHierarchicalConnections) {
+  for (const std::string element :
+       {"activeInterface", "hierInterface", "Interface", "interfaces"}) {
+    Reading reading = readInBox(
+        boxOf("1685-2009",
+              "<s:" + element + " s:componentRef='ram' s:busRef='bus'/>"));
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("warning inner.xml:2: connection '' has one end "
+                            "only: 'port'"))
+        << element;
+    EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("box")) << element;
   }
 }
 
@@ -152,12 +212,13 @@ TEST(DesignReader, FollowsNoConditions) {
       parts,
       design("d",
              instance("cpu", "lumacore") +
-                 "<ipxact:componentInstance>\n<ipxact:isPresent>0"
-                 "</ipxact:isPresent><ipxact:instanceName>ram"
-                 "</ipxact:instanceName><ipxact:componentRef vendor='x' "
+                 "<ipxact:componentInstance>\n<ipxact:instanceName>ram"
+                 "</ipxact:instanceName><ipxact:isPresent>0"
+                 "</ipxact:isPresent><ipxact:componentRef vendor='x' "
                  "library='y' name='ram' version='1'/>"
                  "</ipxact:componentInstance>\n",
-             "<ipxact:interconnection>\n<ipxact:isPresent>0</ipxact:isPresent>"
+             "<ipxact:interconnection>\n<ipxact:name>c</ipxact:name>"
+             "<ipxact:isPresent>0</ipxact:isPresent>"
              "<ipxact:activeInterface componentRef='cpu' busRef='bus'/>"
              "<ipxact:activeInterface componentRef='ram' busRef='bus'>\n"
              "<ipxact:isPresent>0</ipxact:isPresent></ipxact:activeInterface>"

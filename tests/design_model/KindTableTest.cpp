@@ -16,7 +16,7 @@ const Files parts = {
                                        interface("d", "<ipxact:slave/>"))},
     {"dm.xml", component("dm", interface("d", "<ipxact:master/>"))},
     {"uart.xml", component("uart", interface("bus", "<ipxact:slave/>"))},
-    {"cpu.xml", component("cpu", "", "<ipxact:cpus/>")},
+    {"cpu.xml", processor("cpu", "")},
     {"top.xml", design("d",
                        instance("core", "core") + instance("dm", "dm") +
                            instance("uart", "uart") + instance("cpu", "cpu") +

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "Reading.h"
-#include "elaboration/ReadDesignFrom.h"
 
 namespace ZelDebugDialog {
 namespace {
@@ -15,22 +14,16 @@ using testing::IsEmpty;
 const std::string top = design("d", instance("u", "t"));
 
 Reading readFrom(const Files &files, const Names &places) {
-  MemorySource memory;
-  memory.files = files;
   DesignSources sources;
   sources.designFile = "top.xml";
   sources.libraryFolders = places;
-  Reading reading;
-  reading.isRead = readDesignFrom(memory, sources, largestModel, reading.model);
-  return reading;
+  return readFrom(files, sources);
 }
 
 /// A component that tells by its parameter which one was taken.
 std::string marked(const std::string &mark) {
   return component("t", "",
-                   "<ipxact:parameters>" +
-                       parameter("MARK", mark, "type=\"string\"") +
-                       "</ipxact:parameters>");
+                   parameters(parameter("MARK", mark, "type=\"string\"")));
 }
 
 std::string markOf(Reading &reading) {
@@ -157,8 +150,8 @@ TEST(Library, NeedsNoDefinitionsOfBuses) {
       {"top.xml", design("d", instance("c", "lumacore") + instance("u", "t"),
                          connection("wire", {"c.bus", "u.bus"}))},
       {"c.xml",
-       component("lumacore", interface("bus", type + "<ipxact:master/>"))},
-      {"t.xml", component("t", interface("bus", type + "<ipxact:slave/>"))}};
+       component("lumacore", interface("bus", "<ipxact:master/>", type))},
+      {"t.xml", component("t", interface("bus", "<ipxact:slave/>", type))}};
   Files more = files;
   more["a.xml"] = "<busDefinition>" + definition + "</busDefinition>";
   more["b.xml"] = more["a.xml"];
@@ -269,8 +262,8 @@ TEST(Catalog, MayBeWrong) {
   Reading reading = readFrom(
       {{"top.xml", top},
        {"lib/index.xml",
-        catalog(entries("components", {"gone.xml", "wrong.xml", "t.xml"}) +
-                entries("catalogs", {"wrong.xml", "bad.xml"}, "c"))},
+        catalog(entries("catalogs", {"wrong.xml", "bad.xml"}, "c") +
+                entries("components", {"gone.xml", "wrong.xml", "t.xml"}))},
        {"lib/wrong.xml", component("other", "")},
        {"lib/bad.xml", "<catalog>"},
        {"lib/t.xml", marked("searched")}},
@@ -280,10 +273,10 @@ TEST(Catalog, MayBeWrong) {
       reading.diagnostics(),
       ElementsAre(
           HasSubstr("warning lib/bad.xml:1: it is not XML"),
-          "warning lib/index.xml:3: there is no file 'gone.xml' for component "
+          "warning lib/index.xml:7: there is no file 'gone.xml' for component "
           "'x:y:t:1'",
           "warning lib/wrong.xml:1: it is no catalog",
-          "warning lib/index.xml:5: component 'x:y:t:1' is in 'lib/wrong.xml' "
+          "warning lib/index.xml:9: component 'x:y:t:1' is in 'lib/wrong.xml' "
           "as well as in 'lib/t.xml'; the first is taken",
           "error lib/wrong.xml:1: it should hold component 'x:y:t:1', but "
           "holds component 'x:y:other:1'"));
@@ -301,10 +294,10 @@ TEST(Catalog, ListsOtherDocumentsToo) {
         "</designConfigurationInstantiation></instantiations></model>"
         "</component>"},
        {"index.xml",
-        catalog(entries("components", {"lib/t.xml"}) +
+        catalog(entries("busDefinitions", {"missing.xml"}, "b") +
+                entries("components", {"lib/t.xml"}) +
                 entries("designs", {"lib/d.xml"}, "d") +
-                entries("designConfigurations", {"lib/c.xml"}, "c") +
-                entries("busDefinitions", {"missing.xml"}, "b"))},
+                entries("designConfigurations", {"lib/c.xml"}, "c"))},
        {"lib/t.xml", marked("listed")},
        {"lib/d.xml", top},
        {"lib/c.xml",

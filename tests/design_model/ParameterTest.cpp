@@ -11,10 +11,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-std::string parameters(const std::string &list) {
-  return "<ipxact:parameters>" + list + "</ipxact:parameters>";
-}
-
 /// A component "t" with these parameters, instantiated as "u" with these
 /// values.
 Reading readWith(const std::string &list, const std::string &values = "",
@@ -69,7 +65,7 @@ TEST(Parameter, IsTextWhenItIsDeclaredSo) {
     EXPECT_EQ(valueOf(reading, "P"), row.value) << row.written;
     EXPECT_THAT(reading.diagnostics(), IsEmpty());
   }
-  Reading given = readWith(parameter("P", "", "type='string'"),
+  Reading given = readWith(parameter("P", "none", "type='string'"),
                            ZelDebugDialog::given("id_P", "010"));
   EXPECT_EQ(valueOf(given, "P"), "010");
 }
@@ -114,15 +110,15 @@ TEST(Parameter, IsOverriddenFromTheTopDown) {
       {"inner.xml", design("inner", instance("u", "t", given("id_P", "id_D+1")),
                            "", parameters(parameter("D", "2")))},
       {"box.xml", component("box", "",
-                            parameters(parameter("B", "3")) +
-                                viewOf("inner", given("id_D", "id_B * 2")))},
+                            viewOf("inner", given("id_D", "id_B * 2")) +
+                                parameters(parameter("B", "3")))},
       {"outer.xml", design("outer",
                            instance("a", "box", given("id_B", "id_O")) +
                                instance("b", "box"),
                            "", parameters(parameter("O", "4")))},
       {"top.xml", component("top", "",
-                            parameters(parameter("T", "5")) +
-                                viewOf("outer", given("id_O", "id_T")))},
+                            viewOf("outer", given("id_O", "id_T")) +
+                                parameters(parameter("T", "5")))},
   };
   Reading reading = readFiles(files);
   EXPECT_EQ(valueOf(reading, "B", "a"), "5");
@@ -166,17 +162,17 @@ TEST(Parameter, HasToBeThereToBeGivenAValue) {
 
 TEST(Parameter, MayBeOneOfTheModel) {
   Reading reading = readFiles(
-      {{"t.xml",
-        component("t", "",
-                  parameters(parameter("P", "id_M + 1")) +
-                      "<ipxact:model><ipxact:instantiations>"
-                      "<ipxact:componentInstantiation><ipxact:moduleParameters>"
-                      "<ipxact:moduleParameter parameterId='id_M'>"
-                      "<ipxact:name>M</ipxact:name><ipxact:value>1"
-                      "</ipxact:value></ipxact:moduleParameter>"
-                      "</ipxact:moduleParameters>"
-                      "</ipxact:componentInstantiation>"
-                      "</ipxact:instantiations></ipxact:model>")},
+      {{"t.xml", component("t", "",
+                           "<ipxact:model><ipxact:instantiations>"
+                           "<ipxact:componentInstantiation><ipxact:name>rtl"
+                           "</ipxact:name><ipxact:moduleParameters>"
+                           "<ipxact:moduleParameter parameterId='id_M'>"
+                           "<ipxact:name>M</ipxact:name><ipxact:value>1"
+                           "</ipxact:value></ipxact:moduleParameter>"
+                           "</ipxact:moduleParameters>"
+                           "</ipxact:componentInstantiation>"
+                           "</ipxact:instantiations></ipxact:model>" +
+                               parameters(parameter("P", "id_M + 1")))},
        {"top.xml", design("d", instance("u", "t", given("id_M", "4")))}});
   EXPECT_EQ(valueOf(reading, "P"), "5");
   EXPECT_EQ(valueOf(reading, "M"), "");
@@ -256,15 +252,63 @@ TEST(Parameter, IsReportedTwice) {
           "first is meant"));
 }
 
+/// A component "t" of 2009 with one parameter "P", whose value has these
+/// attributes.
+Reading readOf2009(const std::string &attributes, const std::string &value) {
+  return readFiles(
+      {{"t.xml",
+        "<s:component xmlns:s=\"http://www.spiritconsortium.org/XMLSchema/"
+        "SPIRIT/1685-2009\"><s:vendor>x</s:vendor><s:library>y</s:library>"
+        "<s:name>t</s:name><s:version>1</s:version><s:parameters>"
+        "<s:parameter><s:name>P</s:name><s:value " +
+            attributes + ">" + value +
+            "</s:value></s:parameter></s:parameters></s:component>"},
+       {"top.xml", design("d", instance("u", "t"))}});
+}
+
+TEST(Parameter, Of2009IsTextWhenItsFormatIsSo) {
+  Reading text = readOf2009("s:format='string'", "0x10");
+  EXPECT_EQ(valueOf(text, "P"), "0x10");
+  for (const std::string other :
+       {"", "s:format='long'", "s:format='bitString' s:bitStringLength='8'",
+        "s:format='String'", "s:prompt='string'"}) {
+    Reading number = readOf2009(other, "0x10");
+    EXPECT_EQ(valueOf(number, "P"), "16") << other;
+  }
+}
+
+/// What makes values literal is the namespace of the document, nothing beside
+/// it.
+TEST(Parameter, IsAnExpressionWhateverElseIsDeclared) {
+  std::string text = component("t", "", parameters(parameter("P", "1 + 1")));
+  text.insert(text.find(' '),
+              " xmlns:s='http://www.spiritconsortium.org/XMLSchema/SPIRIT/"
+              "1685-2009'");
+  Reading reading = readFiles(
+      {{"t.xml", text}, {"top.xml", design("d", instance("u", "t"))}});
+  EXPECT_EQ(valueOf(reading, "P"), "2");
+}
+
+/// An "xml:id" names the element, not the parameter.
+TEST(Parameter, HasNoIdOfXml) {
+  const std::string list =
+      "<ipxact:parameter><ipxact:name>P</ipxact:name>"
+      "<ipxact:value xml:id='i'>1</ipxact:value></ipxact:parameter>";
+  Reading reading = readWith(list, given("i", "2"));
+  EXPECT_EQ(valueOf(reading, "P"), "1");
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(HasSubstr("'i', which is no parameter")));
+}
+
 TEST(Parameter, Of2009IsNoExpression) {
   const std::string space =
       " xmlns:s=\"http://www.spiritconsortium.org/XMLSchema/SPIRIT/1685-2009\"";
-  const std::string name =
-      "<s:vendor>x</s:vendor><s:library>y</s:library><s:version>1</s:version>";
+  const std::string name = "<s:vendor>x</s:vendor><s:library>y</s:library>";
   Reading reading = readFiles(
       {{"t.xml",
         "<s:component" + space + ">" + name +
-            "<s:name>t</s:name><s:model><s:modelParameters><s:modelParameter>"
+            "<s:name>t</s:name><s:version>1</"
+            "s:version><s:model><s:modelParameters><s:modelParameter>"
             "<s:name>C_M</s:name><s:value s:id='M' s:resolve='user'>2</s:value>"
             "</s:modelParameter></s:modelParameters></s:model>"
             "<s:parameters><s:parameter><s:name>C_P</s:name>"
@@ -275,7 +319,8 @@ TEST(Parameter, Of2009IsNoExpression) {
             "</s:parameter></s:parameters></s:component>"},
        {"top.xml",
         "<s:design" + space + ">" + name +
-            "<s:name>d</s:name><s:componentInstances><s:componentInstance>"
+            "<s:name>d</s:name><s:version>1</"
+            "s:version><s:componentInstances><s:componentInstance>"
             "<s:instanceName>u</s:instanceName><s:componentRef s:vendor='x' "
             "s:library='y' s:name='t' s:version='1'/>"
             "<s:configurableElementValues><s:configurableElementValue "

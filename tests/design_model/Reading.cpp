@@ -1,5 +1,12 @@
 #include "Reading.h"
 
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include <gtest/gtest.h>
+
+#include "MemorySource.h"
 #include "elaboration/ReadDesignFrom.h"
 
 namespace ZelDebugDialog {
@@ -33,6 +40,19 @@ std::string document(const std::string &root, const std::string &name,
 
 std::string element(const std::string &name, const std::string &content) {
   return "<ipxact:" + name + ">" + content + "</ipxact:" + name + ">\n";
+}
+
+void replaceAll(std::string &text, const std::string &old,
+                const std::string &other) {
+  for (std::size_t at = text.find(old); at != std::string::npos;
+       at = text.find(old, at + other.size()))
+    text.replace(at, old.size(), other);
+}
+
+/// A list, which holds something if it is there. Without it there is its line,
+/// so that others stay on theirs.
+std::string list(const std::string &name, const std::string &content) {
+  return content.empty() ? "\n" : element(name, content);
 }
 
 std::string reference(const std::string &name) {
@@ -74,17 +94,43 @@ Names Reading::diagnostics() const {
   return lines;
 }
 
-Reading readFiles(const Files &files, const std::string &view) {
+void keep(const Files &files) {
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody changes the environment.
+  const char *const folder = std::getenv("ZELDEBUGDIALOG_DOCUMENTS");
+  if (folder == nullptr)
+    return;
+  static int readings = 0;
+  const auto *const test =
+      testing::UnitTest::GetInstance()->current_test_info();
+  const std::filesystem::path own =
+      std::filesystem::path(folder) /
+      (std::string(test->test_suite_name()) + "." + test->name()) /
+      std::to_string(readings++);
+  for (const auto &[name, text] : files) {
+    const std::filesystem::path path =
+        own / std::filesystem::path(name).relative_path();
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << text;
+  }
+}
+
+Reading readFrom(const Files &files, const DesignSources &sources) {
+  keep(files);
   MemorySource memory;
   memory.files = files;
+  Reading reading;
+  reading.isRead = readDesignFrom(
+      memory, sources, limitsOf(sources.maxInstances), reading.model);
+  return reading;
+}
+
+Reading readFiles(const Files &files, const std::string &view) {
   DesignSources sources;
   sources.designFile = "top.xml";
   sources.view = view;
   if (files.count("kinds") != 0)
     sources.kindsFile = "kinds";
-  Reading reading;
-  reading.isRead = readDesignFrom(memory, sources, largestModel, reading.model);
-  return reading;
+  return readFrom(files, sources);
 }
 
 Reading readBeside(const Files &parts, const std::string &design) {
@@ -96,17 +142,39 @@ Reading readBeside(const Files &parts, const std::string &design) {
 std::string component(const std::string &name, const std::string &interfaces,
                       const std::string &others) {
   return document("component", name,
-                  element("busInterfaces", interfaces) + others);
+                  list("busInterfaces", interfaces) + others);
 }
 
-std::string interface(const std::string &name, const std::string &mode) {
-  return element("busInterface", element("name", name) + mode);
+std::string cpus(const std::string &model) {
+  return "<ipxact:addressSpaces><ipxact:addressSpace><ipxact:name>all"
+         "</ipxact:name><ipxact:range>4096</ipxact:range>"
+         "<ipxact:width>32</ipxact:width></ipxact:addressSpace>"
+         "</ipxact:addressSpaces>" +
+         model +
+         "<ipxact:cpus><ipxact:cpu><ipxact:name>core</ipxact:name>"
+         "<ipxact:addressSpaceRef addressSpaceRef=\"all\"/></ipxact:cpu>"
+         "</ipxact:cpus>";
+}
+
+std::string processor(const std::string &name, const std::string &interfaces,
+                      const std::string &model) {
+  return component(name, interfaces, cpus(model));
+}
+
+std::string interface(const std::string &name, const std::string &mode,
+                      const std::string &types) {
+  return element("busInterface",
+                 element("name", name) +
+                     (types.empty()
+                          ? "<ipxact:busType " + reference("bus") + "/>"
+                          : types) +
+                     mode);
 }
 
 std::string design(const std::string &name, const std::string &instances,
                    const std::string &connections, const std::string &others) {
   return document("design", name,
-                  element("componentInstances", instances) +
+                  list("componentInstances", instances) +
                       element("interconnections", connections) + others);
 }
 
@@ -115,7 +183,7 @@ std::string instance(const std::string &name, const std::string &component,
   return element("componentInstance",
                  element("instanceName", name) + "<ipxact:componentRef " +
                      reference(component) + ">" +
-                     element("configurableElementValues", overrides) +
+                     list("configurableElementValues", overrides) +
                      "</ipxact:componentRef>");
 }
 
@@ -124,6 +192,12 @@ std::string parameter(const std::string &name, const std::string &value,
   return "<ipxact:parameter parameterId=\"id_" + name + "\" " + attributes +
          ">" + element("name", name) + element("value", value) +
          "</ipxact:parameter>\n";
+}
+
+std::string parameters(const std::string &parameters) {
+  return parameters.empty()
+             ? ""
+             : "<ipxact:parameters>" + parameters + "</ipxact:parameters>";
 }
 
 std::string given(const std::string &id, const std::string &value) {
@@ -144,6 +218,23 @@ std::string connection(const std::string &name, const Names &ends) {
   return element("interconnection", text);
 }
 
+std::string in2022(std::string text) {
+  replaceAll(text, "IPXACT/1685-2014", "IPXACT/1685-2022");
+  replaceAll(text, "ipxact:master", "ipxact:initiator");
+  replaceAll(text, "ipxact:slave", "ipxact:target");
+  replaceAll(text, "masterRef=", "initiatorRef=");
+  return text;
+}
+
+std::string ofNoEdition(std::string text) {
+  replaceAll(text,
+             " xmlns:ipxact=\"http://www.accellera.org/XMLSchema/IPXACT/"
+             "1685-2014\"",
+             "");
+  replaceAll(text, "ipxact:", "");
+  return text;
+}
+
 std::string viewOf(const std::string &design, const std::string &values) {
   return element(
       "model",
@@ -154,7 +245,7 @@ std::string viewOf(const std::string &design, const std::string &values) {
                   element("designInstantiation",
                           element("name", "it") + "<ipxact:designRef " +
                               reference(design) + ">" +
-                              element("configurableElementValues", values) +
+                              list("configurableElementValues", values) +
                               "</ipxact:designRef>")));
 }
 

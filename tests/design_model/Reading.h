@@ -28,8 +28,15 @@ public:
   Names diagnostics() const;
 };
 
-/// Reads "top.xml" of files that are in memory; "kinds" is the kind table if it
-/// is among them.
+/// Reads `sources` from files that are in memory. They are written below the
+/// folder ZELDEBUGDIALOG_DOCUMENTS of the environment if there is one: into one
+/// of the test's own.
+Reading readFrom(const Files &files, const DesignSources &sources);
+
+/// For a test that reads by other means: writes the files as `readFrom` does.
+void keep(const Files &files);
+
+/// Reads "top.xml"; "kinds" is the kind table if it is among the files.
 Reading readFiles(const Files &files, const std::string &view = "");
 
 /// The same for a design alone, beside the components of `parts`.
@@ -40,8 +47,16 @@ Reading readBeside(const Files &parts, const std::string &design);
 /// A component "x:y:name:1" with these interfaces and anything else.
 std::string component(const std::string &name, const std::string &interfaces,
                       const std::string &others = "");
-/// A bus interface; `mode` is an element.
-std::string interface(const std::string &name, const std::string &mode);
+/// What makes a processor of a component: a cpu, and the address space that it
+/// accesses; between them stands `model`, that element or nothing.
+std::string cpus(const std::string &model = "");
+/// A component with them.
+std::string processor(const std::string &name, const std::string &interfaces,
+                      const std::string &model = "");
+/// A bus interface; `mode` is an element, and so are `types`, in the place of a
+/// bus type.
+std::string interface(const std::string &name, const std::string &mode,
+                      const std::string &types = "");
 /// A design "x:y:name:1".
 std::string design(const std::string &name, const std::string &instances,
                    const std::string &connections = "",
@@ -50,9 +65,16 @@ std::string instance(const std::string &name, const std::string &component,
                      const std::string &overrides = "");
 std::string parameter(const std::string &name, const std::string &value,
                       const std::string &attributes = "");
+/// The list of them; nothing without any.
+std::string parameters(const std::string &parameters);
 std::string given(const std::string &id, const std::string &value);
 /// Ends are "instance.interface"; one without a dot is the design's own.
 std::string connection(const std::string &name, const Names &ends);
+/// A component or its parts with the words of 2022.
+std::string in2022(std::string text);
+/// The same elements in no namespace: for words of several editions, or of
+/// none, in one document.
+std::string ofNoEdition(std::string text);
 /// A view "inside" and what leads from it to a design "x:y:name:1".
 std::string viewOf(const std::string &design, const std::string &values = "");
 

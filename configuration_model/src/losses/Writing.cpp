@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "commands/EngineLock.h"
-#include "commands/OptionLine.h"
+#include "commands/WhyRefused.h"
 
 namespace ZelDebugDialog::model {
 
@@ -25,10 +26,12 @@ void lay(Desk &desk, const Snapshot &snapshot) {
   desk.state().engine->SetErrorStr("");
 }
 
-ReadBack readBackOf(const Desk &desk, const Reading &reading) {
+ReadBack readBackOf(Desk &desk, const Reading &reading,
+                    const std::string &command) {
   if (reading.accepted())
     return {desk.snapshot(), ""};
-  return {std::nullopt, reasonOf(reading)};
+  return {std::nullopt,
+          whyRefused(desk, reading, command, WordPlace::optionFile)};
 }
 
 } // namespace
@@ -65,11 +68,12 @@ Reading writeSnapshotTo(Desk &desk, const Snapshot &snapshot,
 }
 
 ReadBack readBack(Desk &desk, const std::string &command) {
-  return readBackOf(desk, desk.selectFrom(lineOfFile(command)));
+  return readBackOf(desk, desk.selectFrom(lineOfFile(command)), command);
 }
 
-ReadBack readBackFile(Desk &desk, const std::string &path) {
-  return readBackOf(desk, desk.selectFile(path));
+ReadBack readBackFile(Desk &desk, const std::string &path,
+                      const std::string &command) {
+  return readBackOf(desk, desk.selectFile(path), command);
 }
 
 std::string lineOfFile(const std::string &command) {
@@ -77,7 +81,7 @@ std::string lineOfFile(const std::string &command) {
       std::min(command.find_first_not_of('\n'), command.size());
   std::string line = command.substr(
       start, std::min(command.find('\n', start), command.size()) - start);
-  line.resize(std::min({line.size(), line.find('\0'), optionLineLimit}));
+  line.resize(std::min({line.size(), line.find('\0'), longestOptionLine}));
   return line;
 }
 

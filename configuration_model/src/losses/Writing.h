@@ -36,8 +36,9 @@ struct ReadBack {
 
 /// Reads a written command as an option file with it is read.
 ReadBack readBack(Desk &desk, const std::string &command);
-/// The same of a file.
-ReadBack readBackFile(Desk &desk, const std::string &path);
+/// The same of the file that it was written into.
+ReadBack readBackFile(Desk &desk, const std::string &path,
+                      const std::string &command);
 
 /// What the engine reads of a command that is written into an option file: up
 /// to the end of its line, a null byte, and the limit of a line.

@@ -193,7 +193,8 @@ void Save::writeAndReadBack(const fs::path &target) {
     refuseFile(target, reasonOf(writing));
   scratch->expectContent(*step.analysis.command);
   Desk second(session.board->design, session.identity);
-  const ReadBack back = readBackFile(second, scratch->path().string());
+  const ReadBack back =
+      readBackFile(second, scratch->path().string(), *step.analysis.command);
   const std::vector<RawLoss> losses =
       lossesOf(step.now, *step.analysis.command, step.analysis.writing,
                back.snapshot ? &*back.snapshot : nullptr, back.refusal);

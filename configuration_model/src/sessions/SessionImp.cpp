@@ -4,7 +4,8 @@
 
 #include <fmt/format.h>
 
-#include "commands/OptionLine.h"
+#include "ZelDebugDialog/EngineFacts.h"
+#include "commands/WhyRefused.h"
 #include "losses/Writing.h"
 #include "sessions/Changes.h"
 #include "settings/Values.h"
@@ -90,10 +91,12 @@ void SessionImp::load() {
     if (loaded.isCut())
       return fmt::format("the command has {} characters, but only {} of a line "
                          "are read",
-                         loaded.text.size(), optionLineLimit);
+                         loaded.text.size(), longestOptionLine);
     return reading.accepted()
                ? ""
-               : fmt::format("the command is refused: {}", reasonOf(reading));
+               : fmt::format("the command is refused: {}",
+                             whyRefused(desk, reading, loaded.text,
+                                        WordPlace::optionFile));
   };
   const bool hasCommand = loaded.exists && loaded.line != 0;
   Reading reading{};
@@ -191,7 +194,8 @@ std::vector<Effect> SessionImp::change(const ChangeRequest &request,
   if (request.command) {
     if (!takeCommand(next, *request.command))
       refuseCommand(*request.command,
-                    reasonOf(desk.selectFrom(*request.command)));
+                    whyRefused(desk, desk.selectFrom(*request.command),
+                               *request.command));
     next.editedCommand.reset();
     left.clear();
   }

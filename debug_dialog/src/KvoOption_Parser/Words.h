@@ -49,6 +49,11 @@ template <const std::string_view &...words>
 inline constexpr std::string_view joined{joinedText<words...>.data(),
                                          joinedText<words...>.size()};
 
+/// The same without the blank at the end.
+template <const std::string_view &word>
+inline constexpr std::string_view behindBlank{joinedText<word>.data(),
+                                              joinedText<word>.size() - 1};
+
 /// Appends a word behind a blank.
 inline void appendWord(std::string &out, std::string_view word) {
   out += ' ';

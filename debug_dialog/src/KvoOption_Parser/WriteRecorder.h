@@ -78,6 +78,13 @@ public:
     if (recorder != nullptr)
       recorder->began(text, carried);
   }
+  /// A word of the language.
+  template <const std::string_view &word>
+  void addKeyword(WordRole role, const Fields &carried = {}) const {
+    text += behindBlank<word>;
+    if (recorder != nullptr)
+      recorder->wroteWord(text, word, role, carried);
+  }
   void addWord(std::string_view word, WordRole role,
                const Fields &carried = {}) const {
     appendWord(text, word);

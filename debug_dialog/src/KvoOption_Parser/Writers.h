@@ -53,10 +53,16 @@ void writeDebugDeviceNumber(CommandText out, int number);
 void writeStubLine(CommandText out, const EngineImp &imp);
 void writePpcSimulator(CommandText out, const EngineImp &imp);
 
-/// The target word, which tells family and kind, and whether the processor
+/// What the target word says of family and kind, and whether the processor
 /// allows its connection.
-void writeTarget(CommandText out, std::string_view target,
-                 const ProcessorInfoImp &record);
+void tellTarget(CommandText out, std::string_view target,
+                const ProcessorInfoImp &record);
+template <const std::string_view &target>
+void writeTarget(CommandText out, const ProcessorInfoImp &record) {
+  out.text += behindBlank<target>;
+  if (out.recorder != nullptr)
+    tellTarget(out, target, record);
+}
 
 /// Whether the reader of a cable clause that ends a command refuses the
 /// frequency that was written in it.

@@ -45,7 +45,7 @@ public:
     component->identity = readIdentity(root);
     component->interfaces.typeName = component->identity.name;
     component->interfaces.origin = {file, lineOf(root)};
-    component->hasCpus = static_cast<bool>(findChild(root, "cpus"));
+    component->interfaces.hasCpus = readCpus(root);
     readInterfaces(root, component->interfaces);
     readChannels(root, component->interfaces);
     readAllParameters(root, component->parameters);
@@ -55,8 +55,18 @@ public:
   }
 
 private:
+  /// That there are any is all that is kept; a condition on one is told, since
+  /// the component would be no processor without it.
+  bool readCpus(const pugi::xml_node &root) {
+    const pugi::xml_node cpus = findChild(root, "cpus");
+    forEachChild(cpus, "cpu",
+                 [this](const pugi::xml_node &cpu) { noteCondition(cpu); });
+    return !cpus.empty();
+  }
+
   void readInterfaces(const pugi::xml_node &root, DesignComponent &component) {
-    const MemoryMaps maps(root);
+    const MemoryMaps maps(
+        root, [this](const pugi::xml_node &part) { noteCondition(part); });
     forEachIn(root, "busInterfaces", "busInterface",
               [&](const pugi::xml_node &node) {
                 component.interfaces.push_back(readInterface(node, maps));
@@ -68,11 +78,15 @@ private:
     DesignInterface interface;
     interface.name = childText(node, "name");
     interface.line = lineOf(node);
+    const Identity busType = readReference(findChild(node, "busType"));
+    if (busType.isComplete())
+      interface.busType = toText(busType);
     for (const pugi::xml_node &child : node.children())
       for (const ModeRow &row : modes)
-        if (row.element == localNameOf(child)) {
+        if (isNamed(child, row.element)) {
           interface.mode = row.mode;
-          readBridges(child, maps, interface);
+          if (row.mode == InterfaceMode::target)
+            readBridges(child, maps, interface);
           return interface;
         }
     report(Severity::warning, interface.line,
@@ -85,23 +99,29 @@ private:
 
   void readBridges(const pugi::xml_node &mode, const MemoryMaps &maps,
                    DesignInterface &interface) {
-    for (const std::string_view form : {"transparentBridge", "bridge"})
-      forEach(mode, form, [&](const pugi::xml_node &bridge) {
-        interface.bridgedTo.push_back(initiatorOf(bridge));
-      });
+    forEach(mode, "transparentBridge", [&](const pugi::xml_node &bridge) {
+      interface.bridgedTo.push_back(initiatorOf(bridge));
+    });
+    // The form up to 2009.
+    forEachChild(mode, "bridge", [&](const pugi::xml_node &bridge) {
+      interface.bridgedTo.push_back(attributeOf(bridge, "masterRef"));
+    });
     const pugi::xml_node reference = findChild(mode, "memoryMapRef");
     if (reference.empty())
       return;
-    std::string name = attributeOf(reference, "memoryMapRef");
-    if (name.empty())
-      name = textOf(reference);
+    const std::string name = attributeOf(reference, "memoryMapRef");
     const MemoryMap *const map = maps.find(name);
     if (map == nullptr)
       return report(Severity::warning, lineOf(reference),
                     "interface " + quote(interface.name) +
                         " refers to a memory map " + quote(name) +
                         ", which the component does not have");
-    interface.answers = map->hasBlocks;
+    if (map->isDefinedElsewhere)
+      report(Severity::warning, lineOf(reference),
+             "the definition that memory map " + quote(name) +
+                 " refers to is not followed; it is taken to have registers");
+    interface.answers = map->hasBlocks || map->isDefinedElsewhere;
+    interface.isMemory = map->isMemory;
     bridgesByMap += map->initiators.size();
     if (bridgesByMap > mostBridgesByMap)
       return report(Severity::error, lineOf(reference),
@@ -132,32 +152,39 @@ private:
     readParameters(root, "parameters", "parameter", parameters);
     readParameters(body, "modelParameters", "modelParameter", parameters);
     parameters.ownCount = parameters.list.size();
-    forEachIn(body, "instantiations", "componentInstantiation",
-              [&](const pugi::xml_node &node) {
-                readParameters(node, "moduleParameters", "moduleParameter",
-                               parameters);
-              });
+    forEachChild(findChild(body, "instantiations"), "componentInstantiation",
+                 [&](const pugi::xml_node &node) {
+                   readParameters(node, "moduleParameters", "moduleParameter",
+                                  parameters);
+                 });
     completeParameters(parameters);
   }
 
   using References = std::unordered_map<std::string, ReferenceRecord>;
 
-  void readInstantiations(const pugi::xml_node &body, std::string_view element,
-                          std::string_view reference, References &references) {
-    forEachIn(body, "instantiations", element, [&](const pugi::xml_node &node) {
-      const pugi::xml_node referred = findChild(node, reference);
-      if (!referred.empty())
-        references.emplace(childText(node, "name"),
-                           readReferenceRecord(referred));
-    });
+  /// `read` makes a record of the child `reference`.
+  void readInstantiations(
+      const pugi::xml_node &body, std::string_view element,
+      std::string_view reference,
+      ReferenceRecord (ComponentReader::*read)(const pugi::xml_node &),
+      References &references) {
+    forEachChild(findChild(body, "instantiations"), element,
+                 [&](const pugi::xml_node &node) {
+                   const pugi::xml_node referred = findChild(node, reference);
+                   if (!referred.empty())
+                     references.emplace(childText(node, "name"),
+                                        (this->*read)(referred));
+                 });
   }
 
   void readViews(const pugi::xml_node &body, std::vector<ViewRecord> &views) {
     References designs;
     References configurations;
-    readInstantiations(body, "designInstantiation", "designRef", designs);
+    readInstantiations(body, "designInstantiation", "designRef",
+                       &ComponentReader::readReferenceRecord, designs);
     readInstantiations(body, "designConfigurationInstantiation",
-                       "designConfigurationRef", configurations);
+                       "designConfigurationRef",
+                       &ComponentReader::readPlainReference, configurations);
     forEachIn(body, "views", "view", [&](const pugi::xml_node &node) {
       ViewRecord view;
       view.name = childText(node, "name");
@@ -166,7 +193,7 @@ private:
           follow(node, "designConfigurationInstantiationRef", configurations);
       const pugi::xml_node hierarchy = findChild(node, "hierarchyRef");
       if (!hierarchy.empty())
-        view.hierarchy = readReferenceRecord(hierarchy);
+        view.hierarchy = readPlainReference(hierarchy);
       views.push_back(std::move(view));
     });
   }
@@ -175,6 +202,7 @@ private:
     for (std::size_t at = 0; at < component.views.size(); ++at) {
       const ViewRecord &view = component.views[at];
       component.viewByName.emplace(view.name, at);
+      component.interfaces.views.push_back(view.name);
       if (component.firstViewWithDesign == nullptr && view.leadsToDesign())
         component.firstViewWithDesign = &view;
     }
@@ -203,8 +231,8 @@ private:
 
 std::unique_ptr<ComponentRecord> readComponent(const XmlDocument &document,
                                                const std::string &file,
-                                               DesignModel &model) {
-  return ComponentReader(document, file, model).run();
+                                               DiagnosticList &diagnostics) {
+  return ComponentReader(document, file, diagnostics).run();
 }
 
 } // namespace ZelDebugDialog

@@ -63,7 +63,7 @@ private:
     forEach(between, "interconnection", [&](const pugi::xml_node &node) {
       readInterconnection(node, design);
     });
-    forEach(outwards, "hierConnection", [&](const pugi::xml_node &node) {
+    forEachChild(outwards, "hierConnection", [&](const pugi::xml_node &node) {
       readHierConnection(node, design);
     });
   }
@@ -124,22 +124,26 @@ private:
     std::vector<WrittenEnd> ends;
     ends.reserve(countChildren(node));
     for (const pugi::xml_node &end : node.children()) {
-      const std::string_view element = localNameOf(end);
+      const bool isActive = isNamed(end, "activeInterface");
+      if (!isActive && !isNamed(end, "hierInterface"))
+        continue;
       noteCondition(end);
-      if (element == "activeInterface")
-        ends.push_back(readActive(end));
-      if (element == "hierInterface")
-        ends.push_back({true, "", attributeOf(end, "busRef"), lineOf(end)});
+      ends.push_back(isActive ? readActive(end)
+                              : WrittenEnd{true, "", attributeOf(end, "busRef"),
+                                           lineOf(end)});
     }
     add(childText(node, "name"), lineOf(node), ends, design);
   }
 
-  /// The form of 2009: one active interface and the design's own.
+  /// The form up to 2009: an interface of an instance and the design's own.
   void readHierConnection(const pugi::xml_node &node, DesignRecord &design) {
     const std::string own = attributeOf(node, "interfaceRef");
     std::vector<WrittenEnd> ends;
-    forEach(node, "activeInterface", [&](const pugi::xml_node &end) {
-      ends.push_back(readActive(end));
+    forEachChild(node, "interface", [&](const pugi::xml_node &end) {
+      auto [instance, interface] =
+          attributesOf<2>(end, {"componentRef", "busRef"});
+      ends.push_back(
+          {false, std::move(instance), std::move(interface), lineOf(end)});
     });
     ends.push_back({true, "", own, lineOf(node)});
     add("", lineOf(node), ends, design);
@@ -170,7 +174,7 @@ public:
     configuration->line = lineOf(root);
     const pugi::xml_node design = findChild(root, "designRef");
     if (!design.empty())
-      configuration->design = readReferenceRecord(design);
+      configuration->design = readPlainReference(design);
     forEach(root, "viewConfiguration", [&](const pugi::xml_node &node) {
       readView(node, *configuration);
     });
@@ -198,14 +202,14 @@ private:
 
 std::unique_ptr<DesignRecord> readDesignRecord(const XmlDocument &document,
                                                const std::string &file,
-                                               DesignModel &model) {
-  return DesignReader(document, file, model).run();
+                                               DiagnosticList &diagnostics) {
+  return DesignReader(document, file, diagnostics).run();
 }
 
 std::unique_ptr<ConfigurationRecord>
 readConfiguration(const XmlDocument &document, const std::string &file,
-                  DesignModel &model) {
-  return ConfigurationReader(document, file, model).run();
+                  DiagnosticList &diagnostics) {
+  return ConfigurationReader(document, file, diagnostics).run();
 }
 
 } // namespace ZelDebugDialog

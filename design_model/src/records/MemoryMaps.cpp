@@ -5,24 +5,46 @@
 namespace ZelDebugDialog {
 namespace {
 
-bool mayHoldBlocks(std::string_view element) {
-  return element == "bank" || element == "memoryRemap";
+bool mayHoldBlocks(const pugi::xml_node &node) {
+  return isNamed(node, "bank") || isNamed(node, "memoryRemap");
+}
+
+/// The form of 2022: what the map, a part of it or a bank consists of stands in
+/// another document.
+bool isDefinition(const pugi::xml_node &node) {
+  return isNamed(node, "memoryMapDefinitionRef") ||
+         isNamed(node, "remapDefinitionRef") ||
+         isNamed(node, "bankDefinitionRef");
+}
+
+/// Also of a bank as a whole.
+bool isSaidToBeMemory(const pugi::xml_node &block) {
+  return childText(block, "usage") == "memory";
 }
 
 /// Banks hold banks, to any depth.
-MemoryMap readMap(const pugi::xml_node &node) {
+MemoryMap readMap(const pugi::xml_node &node,
+                  const std::function<void(const pugi::xml_node &)> &note) {
   MemoryMap map;
   std::vector<pugi::xml_node> pending = {node};
   while (!pending.empty()) {
     const pugi::xml_node around = pending.back();
     pending.pop_back();
+    note(around);
     for (const pugi::xml_node &child : around.children()) {
-      const std::string_view element = localNameOf(child);
-      if (element == "addressBlock")
+      if (isDefinition(child))
+        map.isDefinedElsewhere = true;
+      if (isNamed(child, "addressBlock")) {
         map.hasBlocks = true;
-      if (element == "subspaceMap")
+        note(child);
+      }
+      if (isNamed(child, "addressBlock") || isNamed(child, "bank"))
+        map.isMemory = map.isMemory || isSaidToBeMemory(child);
+      if (isNamed(child, "subspaceMap")) {
         map.initiators.push_back(initiatorOf(child));
-      if (mayHoldBlocks(element))
+        note(child);
+      }
+      if (mayHoldBlocks(child))
         pending.push_back(child);
     }
   }
@@ -31,10 +53,12 @@ MemoryMap readMap(const pugi::xml_node &node) {
 
 } // namespace
 
-MemoryMaps::MemoryMaps(const pugi::xml_node &component) {
+MemoryMaps::MemoryMaps(
+    const pugi::xml_node &component,
+    const std::function<void(const pugi::xml_node &part)> &note) {
   forEachChild(findChild(component, "memoryMaps"), "memoryMap",
                [&](const pugi::xml_node &node) {
-                 maps.emplace(childText(node, "name"), readMap(node));
+                 maps.emplace(childText(node, "name"), readMap(node, note));
                });
 }
 

@@ -2,8 +2,8 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_MEMORYMAPS_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_MEMORYMAPS_H
 
+#include <functional>
 #include <string>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -13,13 +13,17 @@ namespace ZelDebugDialog {
 
 struct MemoryMap {
   bool hasBlocks = false; ///< Registers or memory of the component's own.
+  bool isDefinedElsewhere = false; ///< All or a part; what it has isn't known.
+  bool isMemory = false;           ///< Some of them are said to be memory.
   /// Interfaces that parts of the map are passed on to.
   std::vector<std::string> initiators;
 };
 
 class MemoryMaps {
 public:
-  explicit MemoryMaps(const pugi::xml_node &component);
+  /// `note` is called for each map and each part that is read of one.
+  MemoryMaps(const pugi::xml_node &component,
+             const std::function<void(const pugi::xml_node &part)> &note);
 
   /// Null when there is none of that name.
   const MemoryMap *find(const std::string &name) const;

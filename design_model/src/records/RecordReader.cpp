@@ -15,52 +15,60 @@ void RecordReader::noteCondition(const pugi::xml_node &node) {
 }
 
 ReferenceRecord
-RecordReader::readReferenceRecord(const pugi::xml_node &reference) {
+RecordReader::readPlainReference(const pugi::xml_node &reference) {
   ReferenceRecord record;
   record.identity = readReference(reference);
   record.line = lineOf(reference);
+  return record;
+}
+
+ReferenceRecord
+RecordReader::readReferenceRecord(const pugi::xml_node &reference) {
+  ReferenceRecord record = readPlainReference(reference);
   readOverrides(reference, record.overrides);
   return record;
 }
 
 void RecordReader::readOverrides(const pugi::xml_node &parent,
                                  std::vector<OverrideRecord> &overrides) {
-  forEachIn(parent, "configurableElementValues", "configurableElementValue",
-            [&](const pugi::xml_node &node) {
-              overrides.push_back({attributeOf(node, "referenceId"),
-                                   textOf(node), lineOf(node)});
-            });
+  forEachChild(findChild(parent, "configurableElementValues"),
+               "configurableElementValue", [&](const pugi::xml_node &node) {
+                 overrides.push_back({attributeOf(node, "referenceId"),
+                                      textOf(node), lineOf(node)});
+               });
 }
 
 void RecordReader::readParameters(const pugi::xml_node &parent,
                                   std::string_view list, std::string_view name,
                                   ParameterRecords &parameters) {
-  forEachIn(parent, list, name, [&](const pugi::xml_node &node) {
-    const pugi::xml_node value = findChild(node, "value");
-    ParameterRecord record;
-    record.name = childText(node, "name");
-    record.id = attributeOf(node, "parameterId");
-    record.value = textOf(value);
-    record.line = lineOf(node);
-    record.isText = attributeOf(node, "type") == "string";
-    // The form of 2009 has the id at the value.
-    if (record.id.empty())
-      record.id = attributeOf(value, "id");
-    if (!attributeOf(value, "dependency").empty())
-      report(Severity::warning, lineOf(value),
-             "the dependency of parameter " + quote(record.name) +
-                 " is not followed; its value stays as it is written");
-    parameters.list.push_back(std::move(record));
+  forEachChild(findChild(parent, list), name, [&](const pugi::xml_node &node) {
+    readParameter(node, parameters);
   });
 }
 
+/// The form up to 2009 has at the value what later ones have at the parameter.
+void RecordReader::readParameter(const pugi::xml_node &node,
+                                 ParameterRecords &parameters) {
+  const pugi::xml_node value = findChild(node, "value");
+  ParameterRecord record;
+  record.name = childText(node, "name");
+  record.id = attributeOf(node, "parameterId");
+  if (record.id.empty())
+    record.id = attributeOf(value, "id");
+  record.value = textOf(value);
+  record.line = lineOf(node);
+  record.isText = attributeOf(node, "type") == "string" ||
+                  attributeOf(value, "format") == "string";
+  if (!attributeOf(value, "dependency").empty())
+    report(Severity::warning, lineOf(value),
+           "the dependency of parameter " + quote(record.name) +
+               " is not followed; its value stays as it is written");
+  parameters.list.push_back(std::move(record));
+}
+
 void RecordReader::completeParameters(ParameterRecords &parameters) {
-  constexpr std::string_view formOf2009 = "/SPIRIT/";
   parameters.file = file;
-  for (const pugi::xml_attribute &attribute : document.root().attributes())
-    if (std::string_view(attribute.value()).find(formOf2009) !=
-        std::string_view::npos)
-      parameters.areLiteral = true;
+  parameters.areLiteral = isOfSpirit(namespaceOf(document.root()));
   std::unordered_set<std::string_view> names;
   for (std::size_t at = 0; at < parameters.list.size(); ++at) {
     const ParameterRecord &record = parameters.list[at];

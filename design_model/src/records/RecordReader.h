@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "records/Records.h"
 #include "xml/XmlDocument.h"
 #include "xml/XmlNames.h"
@@ -17,8 +17,8 @@ namespace ZelDebugDialog {
 class RecordReader {
 public:
   RecordReader(const XmlDocument &read, const std::string &name,
-               DesignModel &target)
-      : document(read), file(name), model(target) {}
+               DiagnosticList &list)
+      : document(read), file(name), diagnostics(list) {}
 
 protected:
   using Severity = DesignDiagnostic::Severity;
@@ -26,7 +26,8 @@ protected:
   /// Reports a condition on the element: it is not followed.
   void noteCondition(const pugi::xml_node &node);
 
-  /// Calls `take` for each child element of that name, and notes conditions.
+  /// Calls `take` for each child element of that name, and notes conditions:
+  /// for elements that can have one, which are some of those of 2014.
   template <typename Take>
   void forEach(const pugi::xml_node &parent, std::string_view name, Take take) {
     forEachChild(parent, name, [&](const pugi::xml_node &child) {
@@ -42,6 +43,8 @@ protected:
     forEach(findChild(parent, list), name, take);
   }
 
+  /// A reference that gives no values.
+  ReferenceRecord readPlainReference(const pugi::xml_node &reference);
   ReferenceRecord readReferenceRecord(const pugi::xml_node &reference);
   void readOverrides(const pugi::xml_node &parent,
                      std::vector<OverrideRecord> &overrides);
@@ -49,17 +52,18 @@ protected:
   /// Appends the parameters `name` in the child `list` of `parent`.
   void readParameters(const pugi::xml_node &parent, std::string_view list,
                       std::string_view name, ParameterRecords &parameters);
+  void readParameter(const pugi::xml_node &node, ParameterRecords &parameters);
   /// To be called when all are there.
   void completeParameters(ParameterRecords &parameters);
 
   int lineOf(const pugi::xml_node &node) const { return document.lineOf(node); }
   void report(Severity severity, int line, std::string message) {
-    model.Report({severity, file, line, std::move(message)});
+    diagnostics.add({severity, file, line, std::move(message)});
   }
 
   const XmlDocument &document;
   const std::string &file;
-  DesignModel &model;
+  DiagnosticList &diagnostics;
 };
 
 } // namespace ZelDebugDialog

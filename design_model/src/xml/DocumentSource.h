@@ -1,9 +1,9 @@
-// Where the text of documents comes from: the file system, or memory.
+// Where the text of documents comes from: the file system, or what takes its
+// place.
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_DOCUMENTSOURCE_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_DOCUMENTSOURCE_H
 
 #include <cstddef>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -39,19 +39,6 @@ public:
                    std::string &text) const override;
   std::string list(const std::string &folder,
                    std::vector<std::string> &files) const override;
-  std::string identify(const std::string &path) const override;
-};
-
-/// Files by path; a path that others begin with, and a "/", is a folder.
-class MemorySource : public DocumentSource {
-public:
-  std::map<std::string, std::string> files;
-
-  Kind kindOf(const std::string &path) const override;
-  std::string read(const std::string &path, std::size_t most,
-                   std::string &text) const override;
-  std::string list(const std::string &folder,
-                   std::vector<std::string> &found) const override;
   std::string identify(const std::string &path) const override;
 };
 

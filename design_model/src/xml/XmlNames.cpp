@@ -1,5 +1,6 @@
 #include "xml/XmlNames.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace ZelDebugDialog {
@@ -38,6 +39,23 @@ bool hasLocalName(const char *name, std::string_view local) {
 
 std::string_view localNameOf(const pugi::xml_node &node) {
   return localNameOf(std::string_view(node.name()));
+}
+
+bool isNamed(const pugi::xml_node &node, std::string_view name) {
+  return hasLocalName(node.name(), name);
+}
+
+std::string_view namespaceOf(const pugi::xml_node &node) {
+  const std::string_view prefix = prefixOf(node.name());
+  const std::string attribute =
+      prefix.empty() ? "xmlns" : "xmlns:" + std::string(prefix);
+  return node.attribute(attribute.c_str()).value();
+}
+
+bool isOfSpirit(std::string_view space) {
+  constexpr std::string_view start =
+      "http://www.spiritconsortium.org/XMLSchema/SPIRIT/";
+  return space.substr(0, start.size()) == start;
 }
 
 std::string_view trim(std::string_view text) {
@@ -82,9 +100,24 @@ std::string childText(const pugi::xml_node &parent, std::string_view name) {
 std::string attributeOf(const pugi::xml_node &node, std::string_view name) {
   for (pugi::xml_attribute attribute = node.first_attribute();
        !attribute.empty(); attribute = attribute.next_attribute())
-    if (hasLocalName(attribute.name(), name))
+    if (hasLocalName(attribute.name(), name) &&
+        prefixOf(attribute.name()) != "xml")
       return std::string(trim(attribute.value()));
   return "";
+}
+
+void readAttributes(const pugi::xml_node &node, const std::string_view *names,
+                    std::string *values, std::size_t count) {
+  for (pugi::xml_attribute attribute = node.first_attribute();
+       !attribute.empty(); attribute = attribute.next_attribute()) {
+    const std::string_view *const found =
+        std::find(names, names + count, localNameOf(attribute.name()));
+    if (found == names + count)
+      continue;
+    std::string &value = values[found - names];
+    if (value.empty())
+      value = trim(attribute.value());
+  }
 }
 
 } // namespace ZelDebugDialog

@@ -3,7 +3,6 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_XMLNAMES_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_XMLNAMES_H
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -19,6 +18,15 @@ std::string_view localNameOf(std::string_view name);
 std::string_view localNameOf(const pugi::xml_node &node);
 /// The same as comparing `localNameOf(name)`, without measuring it.
 bool hasLocalName(const char *name, std::string_view local);
+
+/// Whether it is an element of that name.
+bool isNamed(const pugi::xml_node &node, std::string_view name);
+
+/// The namespace of an element that its own prefix stands for; empty when the
+/// element doesn't declare it.
+std::string_view namespaceOf(const pugi::xml_node &node);
+/// Whether the namespace is of an edition up to 2009.
+bool isOfSpirit(std::string_view space);
 
 /// Without the white space around it.
 std::string_view trim(std::string_view text);
@@ -38,8 +46,13 @@ std::string textOf(const pugi::xml_node &node);
 /// The text of the first child of that name, empty without one.
 std::string childText(const pugi::xml_node &parent, std::string_view name);
 
-/// Empty when there is none.
+/// Empty when there is none. The attributes of XML itself ("xml:id") are none
+/// of the standard's.
 std::string attributeOf(const pugi::xml_node &node, std::string_view name);
+
+/// Sets the values of several attributes, as far as they are there.
+void readAttributes(const pugi::xml_node &node, const std::string_view *names,
+                    std::string *values, std::size_t count);
 
 /// Those of several attributes, in the order of `names`.
 template <std::size_t count>
@@ -47,17 +60,7 @@ std::array<std::string, count>
 attributesOf(const pugi::xml_node &node,
              const std::array<std::string_view, count> &names) {
   std::array<std::string, count> values;
-  for (pugi::xml_attribute attribute = node.first_attribute();
-       !attribute.empty(); attribute = attribute.next_attribute()) {
-    const std::string_view name = localNameOf(attribute.name());
-    const auto found = std::find(names.begin(), names.end(), name);
-    if (found == names.end())
-      continue;
-    std::string &value =
-        values[static_cast<std::size_t>(found - names.begin())];
-    if (value.empty())
-      value = trim(attribute.value());
-  }
+  readAttributes(node, names.data(), values.data(), count);
   return values;
 }
 

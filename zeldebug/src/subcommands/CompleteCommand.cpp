@@ -13,6 +13,7 @@
 #include "DiagnosticCode.h"
 #include "Session.h"
 #include "line/CommandLine.h"
+#include "line/Number.h"
 #include "subcommands/CompletionShells.h"
 #include "subcommands/Subcommands.h"
 
@@ -135,6 +136,8 @@ std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
     sources.libraryFolders = libraries->second;
   sources.view = line.value("--view");
   sources.kindsFile = line.value("--kinds");
+  if (const auto most = readNumber(line.value("--max-instances")))
+    sources.maxInstances = *most;
   return ReadDesign(sources, *design) ? std::move(design)
                                       : std::make_unique<DesignModel>();
 }
@@ -142,6 +145,14 @@ std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
 std::vector<std::string> processorsOf(const TypedLine &line) {
   const auto design = designOf(line);
   return Session(design.get()).processorNames();
+}
+
+std::vector<std::string> instancesOf(const TypedLine &line) {
+  const auto design = designOf(line);
+  std::vector<std::string> names;
+  for (const ZelDebugDialog::DesignInstance &instance : design->Instances())
+    names.push_back(instance.name);
+  return names;
 }
 
 /// Those that the processor of the line allows; all without a processor.
@@ -185,6 +196,8 @@ std::vector<std::string> valuesOf(ValueKind kind, const TypedLine &line) {
     return {"devicenr="};
   case ValueKind::processor:
     return processorsOf(line);
+  case ValueKind::instance:
+    return instancesOf(line);
   case ValueKind::diagnosticCode: {
     std::vector<std::string> words;
     for (const DiagnosticCode &row : diagnosticCodes())
