@@ -146,6 +146,10 @@ std::vector<std::string> DesignModel::DebugModules() const {
   return names;
 }
 
+std::vector<std::string> DesignModel::Views() const {
+  return {contents->views.begin(), contents->views.end()};
+}
+
 const std::vector<DesignDiagnostic> &DesignModel::Diagnostics() const {
   return contents->diagnostics.all();
 }

@@ -36,6 +36,9 @@ public:
   /// design that can be read; an error says so.
   bool elaborate(const ComponentRecord &component);
 
+  /// The components that instances refer to, found or not.
+  std::vector<Identity> identities() const;
+
 private:
   /// What is known of a component that instances refer to.
   struct Component {
@@ -83,6 +86,7 @@ private:
                     const EndRecord &end);
   void checkSelections(const Level &level);
   const Component &componentOf(const Identity &identity);
+  void noteViews(const ComponentRecord &record);
   bool spendInstance(const Item &item);
   bool spend(std::size_t bytes, const Item &item);
   void close(const Item &item, const std::string &reason);

@@ -3,6 +3,7 @@
 #define ZELDEBUGDIALOG_DESIGNMODEL_DESIGNCONTENTS_H
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -31,6 +32,7 @@ struct DesignContents {
   std::unordered_map<std::string, std::vector<Index>> byTypeName;
   std::vector<Index> processors;
   std::vector<Index> debugModules;
+  std::set<std::string> views; ///< The names of those of all components.
   /// For a debug module the processors that are stated to be on it.
   std::unordered_map<Index, std::vector<Index>> stated;
   /// The pairs of `stated`: processor and module.
