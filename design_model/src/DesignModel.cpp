@@ -6,9 +6,11 @@
 #include "graph/DesignContents.h"
 #include "graph/PeripheralWalk.h"
 #include "graph/ResolveComponent.h"
+#include "graph/WiredPorts.h"
 #include "kinds/BuiltInKinds.h"
 #include "messages/Quote.h"
 #include "names/InstanceNames.h"
+#include "names/Room.h"
 
 namespace ZelDebugDialog {
 
@@ -107,6 +109,18 @@ bool DesignModel::Attach(InstanceId processor, InstanceId debugModule,
   return false;
 }
 
+void DesignModel::AddMissing(const MissingDocument &document) {
+  makeRoom(contents->missing, 1);
+  MissingDocument added = document;
+  if (contents->missingKeys.insert(document.type + ":" + document.identity)
+          .second)
+    contents->missing.push_back(std::move(added));
+}
+
+const std::vector<MissingDocument> &DesignModel::Missing() const {
+  return contents->missing;
+}
+
 void DesignModel::Report(DesignDiagnostic diagnostic) {
   contents->diagnostics.add(std::move(diagnostic));
 }
@@ -138,6 +152,18 @@ std::vector<DesignWire> DesignModel::Connections() const {
       wires.push_back(std::move(wire));
   }
   return wires;
+}
+
+std::vector<DesignPort> DesignModel::WiredTo(const DesignPort &port,
+                                             std::size_t most) const {
+  const ConnectionGraph &graph = contents->graph;
+  const Index start = graph.instances[port.instance].firstPort +
+                      static_cast<Index>(port.interface);
+  std::vector<DesignPort> found;
+  for (const Index reached : findWiredPorts(graph, start, most))
+    found.push_back(
+        {graph.ports[reached].instance, graph.ports[reached].interface});
+  return found;
 }
 
 std::vector<std::string> DesignModel::DebugModules() const {

@@ -43,18 +43,6 @@ protected:
 TEST_F(LockTest, TwoProgramsThatHoldTheLockBothCount) {
   for (int round = 1; round <= 10; ++round) {
     const pid_t first = startSetting("debugDevice", round);
-    const pid_t second = startSetting("romemSize", round);
-    const pid_t third = startSetting("romemStartAdr", 0x10000 * round);
-    EXPECT_EQ(statusOf(first), 0) << round;
-    EXPECT_NE(statusOf(second), 1) << round; // 2: without a start it is lost
-    EXPECT_NE(statusOf(third), 1) << round;
-    EXPECT_EQ(open().Get("debugDevice"), Value(round));
-  }
-}
-
-TEST_F(LockTest, NeitherOfTwoSettingsIsLost) {
-  for (int round = 1; round <= 10; ++round) {
-    const pid_t first = startSetting("debugDevice", round);
     const pid_t second =
         startSetting("bscanUserReg", round % 2 == 0 ? "USER2" : "USER1");
     EXPECT_EQ(statusOf(first), 0) << round;

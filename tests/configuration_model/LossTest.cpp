@@ -223,7 +223,9 @@ TEST_F(LossTest, ALineThatEndsInATextIsTold) {
   Session session = open();
   session.Edit("connect lc hdu -cable type quorla_podusb port a\nb -quiet");
   EXPECT_THAT(shown(session.Losses()),
-              Contains("cable.port: a\nb -> a [lines-in-file], blocking"));
+              ElementsAre("cable.frequency: 0 Hz -> 6 MHz [lines-in-file], "
+                          "blocking",
+                          "cable.port: a\nb -> a [lines-in-file], blocking"));
   expectExplained(session.Losses());
 }
 

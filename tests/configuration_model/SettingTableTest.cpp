@@ -118,7 +118,7 @@ TEST(SettingTable, ChoicesAreTheEnginesOwn) {
   EXPECT_EQ(wordsOf("bscanUserReg"),
             (Names{"USER1", "USER2", "USER3", "USER4"}));
   EXPECT_EQ(wordsOf("cable.cableType"),
-            (Names{"none", "quorla_svffile", "quorla_parallel", "quorla_podusb",
+            (Names{"none", "1", "quorla_parallel", "quorla_podusb",
                    "quorla_parallel3", "quorla_plugin", "digilent_plugin",
                    "quorla_tcf"}));
   EXPECT_EQ(FindSetting("cable.cableType")->choices[3].value, Value(3));

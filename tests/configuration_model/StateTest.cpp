@@ -127,7 +127,7 @@ TEST_F(StateTest, SettingsThatDoNotApplySayWhy) {
       {"ppc440",
        {},
        "debugAddressMap",
-       "the base of the map comes back as the instruction cache's region"},
+       "what is written does not depend on it"},
       {"ppc440", {{"connection", "sim"}}, "simIpcPort", ""}, // with a host
       {"ppc440", {{"connection", "sim"}}, "ppcSimConfigFile", ""},
       {"ppc440",
@@ -162,7 +162,7 @@ TEST_F(StateTest, SettingsThatDoNotApplyKeepTheirValue) {
 
 TEST_F(StateTest, WithoutACommandItSaysWhy) {
   Session session = open();
-  session.Change({{"cable.cableType", "quorla_svffile"}});
+  session.Change({{"cable.cableType", "1"}});
   const SessionState state = session.State();
   EXPECT_FALSE(state.command);
   EXPECT_EQ(state.commandError, "Invalid Cable Type");

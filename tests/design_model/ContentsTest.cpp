@@ -32,13 +32,12 @@ Names wiresOf(const DesignModel &model) {
 }
 
 const Files parts = {
-    {"core.xml",
-     component("core", interface("bus", "<ipxact:master/>"), "<ipxact:cpus/>")},
+    {"core.xml", processor("core", interface("bus", "<ipxact:master/>"))},
     {"ram.xml", component("ram", interface("p", "<ipxact:slave/>"))},
     {"box.xml",
      component("box", interface("in", "<ipxact:slave/>"), viewOf("inner"))},
     {"inner.xml",
-     design("inner", instance("ram", "ram"), connection("i", {"in", "ram.p"}))},
+     design("inner", instance("ram", "ram"), connection("i", {"ram.p", "in"}))},
 };
 
 TEST(Contents, AreWhoIsWiredToWhom) {
@@ -50,7 +49,7 @@ TEST(Contents, AreWhoIsWiredToWhom) {
                         connection("y", {"b.bus", "box.in", "ram.p"}) +
                         connection("lost", {"b.none", "ram.none"})));
   EXPECT_THAT(wiresOf(reading.model),
-              ElementsAre("[box] box.in box.ram.p", "[] a.bus box.in",
+              ElementsAre("[box] box.ram.p box.in", "[] a.bus box.in",
                           "[] b.bus box.in ram.p"));
 }
 
@@ -125,18 +124,19 @@ struct BusRow {
 
 TEST(Contents, HaveTheKindOfTheBus) {
   const BusRow rows[] = {
-      {"<i:busType vendor='v' library='l' name='n' version='2'/>", "v:l:n:2"},
-      {"<busType i:vendor=' v ' i:library='l' i:name='n' i:version='2'/>",
+      {"<ipxact:busType vendor=' v ' library='l' name='n' version='2'/>",
        "v:l:n:2"},
-      {"<i:busType vendor='v' library='l' name='n'/>", ""},
-      {"<i:busType vendor='v' library='l' name='' version='2'/>", ""},
-      {"<i:BusType vendor='v' library='l' name='n' version='2'/>", ""},
-      {"", ""},
+      {"<busType i:vendor='v' i:library='l' i:name='n' i:version='2'/>",
+       "v:l:n:2"},
+      {"<ipxact:busType vendor='v' library='l' name='n'/>", ""},
+      {"<ipxact:busType vendor='v' library='l' name='' version='2'/>", ""},
+      {"<ipxact:BusType vendor='v' library='l' name='n' version='2'/>", ""},
+      {" ", ""},
   };
   for (const BusRow &row : rows) {
     const Reading reading = readBeside(
-        {{"x.xml", component("x", interface("p", std::string(row.text) +
-                                                     "<ipxact:slave/>"))}},
+        {{"x.xml",
+          component("x", interface("p", "<ipxact:slave/>", row.text))}},
         design("d", instance("x", "x")));
     EXPECT_EQ(reading.model.Component(0).interfaces[0].busType, row.busType)
         << row.text;
@@ -166,12 +166,13 @@ TEST(Contents, KnowWhatIsSaidToBeMemory) {
   for (const MemoryRow &row : rows) {
     const Reading reading = readBeside(
         {{"x.xml",
-          component("x",
-                    interface("p", "<ipxact:slave><ipxact:memoryMapRef "
-                                   "memoryMapRef=\"m\"/></ipxact:slave>") +
-                        interface("q", "<ipxact:slave/>"),
-                    "<memoryMaps><memoryMap><name>m</name>" +
-                        std::string(row.map) + "</memoryMap></memoryMaps>")}},
+          ofNoEdition(component(
+              "x",
+              interface("p", "<ipxact:slave><ipxact:memoryMapRef "
+                             "memoryMapRef=\"m\"/></ipxact:slave>") +
+                  interface("q", "<ipxact:slave/>"),
+              "<memoryMaps><memoryMap><name>m</name>" + std::string(row.map) +
+                  "</memoryMap></memoryMaps>"))}},
         design("d", instance("x", "x")));
     const auto &interfaces = reading.model.Component(0).interfaces;
     EXPECT_EQ(interfaces[0].isMemory, row.isMemory) << row.map;

@@ -77,7 +77,7 @@ bool isNumberOf(const BoardProcessor &processor, const std::string &text) {
 void diagnoseValue(const BoardProcessor &processor,
                    const TracedCommand &command, std::size_t word,
                    std::vector<CommandDiagnostic> &found) {
-  for (const NamedValue &change : command.changesOf(word)) {
+  for (const FieldDifference &change : command.changesOf(word)) {
     if (change.name == "cpuNr" &&
         !isNumberOf(processor, command.wordText(word))) {
       found.push_back(diagnosticOf(
@@ -85,7 +85,7 @@ void diagnoseValue(const BoardProcessor &processor,
           fmt::format("this one has number {}", processor.number)));
       found.back().accepted = {fmt::format("{}", processor.number)};
     }
-    if (change.name == "procType" && change.value != Value(processor.procType))
+    if (change.name == "procType" && change.after != Value(processor.procType))
       found.push_back(diagnosticOf(command, word, "kind-differs", ""));
   }
 }

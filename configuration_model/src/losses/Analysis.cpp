@@ -76,14 +76,27 @@ void explain(RawLoss &loss, const Omission &omission, const Snapshot &wanted) {
     loss.displacedBy = connection;
 }
 
+constexpr const char *linesInFile = "lines-in-file";
+
 /// A text that an option file's line ends in.
 std::optional<NoWord> problemInFile(const Value &value) {
   if (!value.IsText() || value.Text().empty())
     return std::nullopt;
   const auto problem = whyNoOpaqueWord(value.Text(), WordPlace::optionFile);
   const bool isOfFile =
-      problem && !whyNoOpaqueWord(value.Text(), WordPlace::command);
+      problem && std::string_view(problem->code) == linesInFile;
   return isOfFile ? problem : std::nullopt;
+}
+
+/// What else is lost where a line ends too early.
+NoWord whyReadDifferently(const std::string &command) {
+  if (command.size() > longestOptionLine)
+    return {"it stands behind what is read of the line", "long-file"};
+  if (lineOfFile(command).size() < command.size())
+    return {"it stands behind a line break or a null byte, and the line of an "
+            "option file ends there",
+            linesInFile};
+  return {"it is read back differently", "read-differently"};
 }
 
 RawLoss cutLoss(const std::string &command) {
@@ -186,9 +199,9 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
       loss.reason = inFile->reason;
       loss.code = inFile->code;
     } else {
-      loss.reason = isCut ? "it stands behind what is read of the line"
-                          : "it is read back differently";
-      loss.code = isCut ? "long-file" : "read-differently";
+      const NoWord why = whyReadDifferently(command);
+      loss.reason = why.reason;
+      loss.code = why.code;
     }
     losses.push_back(std::move(loss));
   }

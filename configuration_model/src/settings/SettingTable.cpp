@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 #include <unordered_map>
 #include <utility>
 #include <variant>
@@ -116,18 +117,21 @@ Choices connectionChoices() {
   return choices;
 }
 
-std::string cableLabel(const std::string &keyword) {
-  return keyword.empty() ? "No cable" : keyword;
+/// A cable that no command names goes by its number.
+Choice cableChoice(const CommandCable &cable) {
+  const auto type = static_cast<std::uint32_t>(cable.type);
+  if (cable.type == Engine::CABLE_NONE)
+    return {type, "none", "No cable"};
+  if (!cable.keywords.empty())
+    return {type, cable.keywords.front(), cable.keywords.front()};
+  const std::string number = std::to_string(type);
+  return {type, number, "Cable " + number + ", which no command names"};
 }
 
 Choices cableChoices() {
   Choices choices;
-  for (const CommandCable &cable : cableCatalogue()) {
-    const std::string word =
-        cable.keywords.empty() ? std::string() : cable.keywords.front();
-    choices.push_back({static_cast<std::uint32_t>(cable.type),
-                       word.empty() ? "none" : word, cableLabel(word)});
-  }
+  for (const CommandCable &cable : cableCatalogue())
+    choices.push_back(cableChoice(cable));
   return choices;
 }
 
@@ -274,15 +278,6 @@ std::vector<Draft> drafts() {
 // --- Fields of the records
 // ----------------------------------------------------
 
-/// A flag of the records is one here as well.
-Value valueOf(const FieldValue &value, const FieldDescription &field) {
-  if (const auto *const text = std::get_if<std::string>(&value))
-    return *text;
-  const std::int64_t number = std::get<std::int64_t>(value);
-  const bool isFlag = field.maximum == 1;
-  return isFlag ? Value(number != 0) : Value(number);
-}
-
 FieldValue fieldValueOf(const Value &value) {
   if (value.IsText())
     return value.Text();
@@ -337,20 +332,28 @@ const SettingRow *findRow(std::string_view id) {
   return found == byName.end() ? nullptr : found->second;
 }
 
+Value valueOf(const FieldValue &value, const SettingRow &row) {
+  if (const auto *const text = std::get_if<std::string>(&value))
+    return *text;
+  const std::int64_t number = std::get<std::int64_t>(value);
+  // A flag of the records is one here as well.
+  const bool isFlag = GetSettingFields()[row.field].maximum == 1;
+  return isFlag ? Value(number != 0) : Value(number);
+}
+
 Value valueIn(const Snapshot &snapshot, const SettingRow &row,
               std::size_t device) {
   if (row.get != nullptr)
     return row.get(snapshot);
-  const FieldDescription &field = GetSettingFields()[row.field];
-  switch (field.owner) {
+  switch (GetSettingFields()[row.field].owner) {
   case FieldOwner::processor:
-    return valueOf(GetField(snapshot.record, row.field), field);
+    return valueOf(GetField(snapshot.record, row.field), row);
   case FieldOwner::cable:
-    return valueOf(GetField(snapshot.cable, row.field), field);
+    return valueOf(GetField(snapshot.cable, row.field), row);
   case FieldOwner::device:
     if (device >= snapshot.chain.size())
       return {};
-    return valueOf(GetField(snapshot.chain[device], row.field), field);
+    return valueOf(GetField(snapshot.chain[device], row.field), row);
   case FieldOwner::state:
     break;
   }

@@ -18,33 +18,26 @@ constexpr const NamedValue &user2 = boundaryScanRegisters[1];
 constexpr std::string_view user1Word = user1.keyword;
 
 constexpr const Fields &registerField = fields<&ProcessorInfoImp::bscanUserReg>;
-
-constexpr ValueForm registerForm = oneOf(boundaryScanRegisters, "bscanUserReg");
+constexpr ValueForm registerForm = oneOf(boundaryScanRegisters, registerField);
 
 } // namespace
 
-template <class Observer>
-int readBoundaryScan(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readBoundaryScan(WordCursor &cursor, EngineImp &imp) {
   std::string_view word;
   if (cursor.next(word, WordRole::value) == code::end) {
-    cursor.observer.missing(CommandFaultKind::missingValue,
-                            boundaryScanRegisters);
+    cursor.missing(CommandFaultKind::missingValue, boundaryScanRegisters);
     return code::refused;
   }
-  cursor.observer.sets(registerForm);
+  cursor.reads(registerForm);
   const auto *const found =
       findRow(boundaryScanRegisters, word, cursor.characters);
   if (found == nullptr) {
-    cursor.observer.fault(CommandFaultKind::refusedValue,
-                          boundaryScanRegisters);
+    cursor.fault(CommandFaultKind::refusedValue, boundaryScanRegisters);
     return code::refused;
   }
-  currentRecord(imp).bscanUserReg = found->value;
+  cursor.store(currentRecord(imp).bscanUserReg, found->value);
   return code::done;
 }
-
-template int readBoundaryScan(WordCursor<NoObserver> &, EngineImp &);
-template int readBoundaryScan(WordCursor<Recorder> &, EngineImp &);
 
 void writeBoundaryScan(CommandText out, const EngineImp &imp) {
   const std::uint32_t used = currentRecord(imp).bscanUserReg;
@@ -78,7 +71,7 @@ void describeBoundaryScan(CommandOption &option) {
 unsigned KvoOption_Parser::parse_hdubscan(std::string &command,
                                           EngineImp &imp) {
   return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readBoundaryScan<kvo::NoObserver>));
+      kvo::consume(command, imp, kvo::readBoundaryScan));
 }
 
 } // namespace ZelDebugDialog

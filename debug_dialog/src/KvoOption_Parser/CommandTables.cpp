@@ -2,25 +2,15 @@
 
 #include <utility>
 
-#include <boost/algorithm/string/split.hpp>
-
 #include "KvoOption_Parser/Descriptions.h"
 #include "ZelDebugDialog/CableCatalogue.h"
-#include "ZelDebugDialog_Engine/CableCatalogue.h"
+#include "facts/CableCatalogue.h"
 
 namespace ZelDebugDialog {
 
 namespace kvo {
 
 namespace {
-
-std::vector<std::string> split(std::string_view text) {
-  std::vector<std::string> pieces;
-  if (!text.empty())
-    boost::algorithm::split(pieces, text,
-                            [](char character) { return character == ' '; });
-  return pieces;
-}
 
 std::vector<std::string> keywordsOf(Engine::CableType type) {
   std::vector<std::string> keywords;
@@ -45,19 +35,19 @@ CommandCable describe(const Cable &cable) {
 
 } // namespace
 
-std::vector<std::string> splitFields(std::string_view fields,
-                                     std::string_view device) {
-  constexpr std::string_view chainPrefix = "chain.";
-  std::vector<std::string> names = split(fields);
-  for (std::string &name : names)
-    if (name.compare(0, chainPrefix.size(), chainPrefix) == 0)
-      name.replace(0, chainPrefix.size(),
-                   "chain[" + std::string(device) + "].");
+std::vector<std::string> namesOf(const Fields &described) {
+  std::vector<std::string> names;
+  for (const std::uint8_t field : described) {
+    names.emplace_back(fieldRows.at(field).name);
+    std::string &name = names.back();
+    if (const std::size_t index = name.find(']'); index != std::string::npos)
+      name.insert(index, 1, 'n');
+  }
   return names;
 }
 
 CommandValue describeValue(const ValueForm &form) {
-  CommandValue value{form.conversion, splitFields(form.fields), {}};
+  CommandValue value{form.conversion, namesOf(form.changed), {}};
   for (const NamedValue &name : form.names)
     value.words.emplace_back(name.keyword);
   return value;

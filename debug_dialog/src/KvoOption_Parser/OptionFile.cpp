@@ -20,8 +20,8 @@
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 
@@ -120,7 +120,7 @@ int readOptionFile(const std::string &path, EngineImp &imp) {
   if (line.empty())
     return result::noOptionFile;
   currentRecord(imp).connectCommand = line;
-  WordCursor<NoObserver> cursor(line);
+  WordCursor cursor(line);
   return readCommand(cursor, imp, CommandSource::optionFile);
 }
 

@@ -1,7 +1,7 @@
-#include "ZelDebugDialog_Engine/AddressRegions.h"
+#include "facts/AddressRegions.h"
 
 #include "ZelDebugDialog/EngineFacts.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
+#include "facts/CurrentRecord.h"
 
 namespace ZelDebugDialog {
 

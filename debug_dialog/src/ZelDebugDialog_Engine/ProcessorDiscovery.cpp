@@ -12,7 +12,7 @@
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/EngineImp.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 

@@ -14,8 +14,8 @@
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/EngineImp.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 

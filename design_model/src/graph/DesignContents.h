@@ -19,9 +19,14 @@ namespace ZelDebugDialog {
 struct DesignContents {
   class Entry;
 
+  /// For what reads a design into a model.
+  static DesignContents &of(DesignModel &model) { return *model.contents; }
+
   ConnectionGraph graph;
   std::vector<DesignInstance> instances; ///< Of the graph, by index.
   DiagnosticList diagnostics;
+  std::vector<MissingDocument> missing;
+  std::unordered_set<std::string> missingKeys; ///< "type:identity"
   NameIndex firstByName;
   /// "parent/name" of the instances whose full name another had before them.
   std::unordered_set<std::string> namesakes;

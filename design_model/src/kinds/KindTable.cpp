@@ -93,11 +93,11 @@ bool isUseful(const Kind &kind) {
 } // namespace
 
 bool KindTable::read(const DocumentSource &source, const std::string &file,
-                     DesignModel &model) {
+                     DiagnosticList &diagnostics) {
   std::string text;
   const std::string fault = source.read(file, DocumentSource::whole, text);
   if (!fault.empty()) {
-    model.Report({Severity::error, file, 0, fault});
+    diagnostics.add({Severity::error, file, 0, fault});
     return false;
   }
   std::istringstream lines(text);
@@ -105,13 +105,13 @@ bool KindTable::read(const DocumentSource &source, const std::string &file,
   bool isGood = true;
   int number = 0;
   for (std::string line; std::getline(lines, line);)
-    isGood = readLine(file, ++number, line, model) && isGood;
+    isGood = readLine(file, ++number, line, diagnostics) && isGood;
   return isGood;
 }
 
 /// False: there is a row in it that is none, and an error says so.
 bool KindTable::readLine(const std::string &file, int number,
-                         const std::string &line, DesignModel &model) {
+                         const std::string &line, DiagnosticList &diagnostics) {
   const std::vector<std::string> words = splitRow(line);
   if (words.empty())
     return true;
@@ -124,7 +124,7 @@ bool KindTable::readLine(const std::string &file, int number,
   if (fault.empty() && findNonUtf8(line) != std::string::npos)
     fault = "it is not text in UTF-8";
   if (!fault.empty()) {
-    model.Report({Severity::error, file, number, std::move(fault)});
+    diagnostics.add({Severity::error, file, number, std::move(fault)});
     return false;
   }
   if (isConnect) {
@@ -132,9 +132,9 @@ bool KindTable::readLine(const std::string &file, int number,
     return true;
   }
   if (!isUseful(row.kind))
-    model.Report({Severity::warning, file, number,
-                  "the debugger knows no debug module of type " +
-                      quote(row.kind.typeName)});
+    diagnostics.add({Severity::warning, file, number,
+                     "the debugger knows no debug module of type " +
+                         quote(row.kind.typeName)});
   rows.push_back(std::move(row));
   return true;
 }

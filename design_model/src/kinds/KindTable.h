@@ -20,7 +20,7 @@
 #include <string_view>
 #include <vector>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "xml/DocumentSource.h"
 #include "xml/Identity.h"
 
@@ -42,7 +42,7 @@ class KindTable {
 public:
   /// False: the file can't be read, or a row is none; errors say which.
   bool read(const DocumentSource &source, const std::string &file,
-            DesignModel &model);
+            DiagnosticList &diagnostics);
 
   /// Null when no row fits.
   const Kind *find(const Identity &identity) const;
@@ -57,7 +57,7 @@ private:
   };
 
   bool readLine(const std::string &file, int number, const std::string &line,
-                DesignModel &model);
+                DiagnosticList &diagnostics);
 
   std::vector<Row> rows;
   std::vector<ConnectRow> connects;

@@ -223,8 +223,8 @@ private:
 
 std::unique_ptr<ComponentRecord> readComponent(const XmlDocument &document,
                                                const std::string &file,
-                                               DesignModel &model) {
-  return ComponentReader(document, file, model).run();
+                                               DiagnosticList &diagnostics) {
+  return ComponentReader(document, file, diagnostics).run();
 }
 
 } // namespace ZelDebugDialog

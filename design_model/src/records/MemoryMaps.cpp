@@ -5,11 +5,6 @@
 namespace ZelDebugDialog {
 namespace {
 
-/// Also of a bank as a whole.
-bool isSaidToBeMemory(const pugi::xml_node &block) {
-  return childText(block, "usage") == "memory";
-}
-
 bool mayHoldBlocks(const pugi::xml_node &node) {
   return isNamed(node, "bank") || isNamed(node, "memoryRemap");
 }
@@ -20,6 +15,11 @@ bool isDefinition(const pugi::xml_node &node) {
   return isNamed(node, "memoryMapDefinitionRef") ||
          isNamed(node, "remapDefinitionRef") ||
          isNamed(node, "bankDefinitionRef");
+}
+
+/// Also of a bank as a whole.
+bool isSaidToBeMemory(const pugi::xml_node &block) {
+  return childText(block, "usage") == "memory";
 }
 
 /// Banks hold banks, to any depth.

@@ -2,7 +2,7 @@
 # maker.
 behind("debug_dialog/include/ZelDebugDialog/Engine.h", "QUORLA_TCF = 7,", "    QUORLA_NETPOD = 8,")
 
-catalogue = "debug_dialog/src/ZelDebugDialog_Engine/CableCatalogue"
+catalogue = "debug_dialog/src/facts/CableCatalogue"
 ahead(f"{catalogue}.cpp", "constexpr std::array<std::uint32_t, 17> tcf{",
       "constexpr std::array<std::uint32_t, 2> netpod{10000000, 30000000};")
 instead(f"{catalogue}.cpp", "std::array<Cable, 7> catalogue", "std::array<Cable, 8> catalogue")

@@ -13,6 +13,7 @@
 #include "DiagnosticCode.h"
 #include "Session.h"
 #include "line/CommandLine.h"
+#include "line/Number.h"
 #include "subcommands/CompletionShells.h"
 #include "subcommands/Subcommands.h"
 
@@ -135,6 +136,8 @@ std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
     sources.libraryFolders = libraries->second;
   sources.view = line.value("--view");
   sources.kindsFile = line.value("--kinds");
+  if (const auto most = readNumber(line.value("--max-instances")))
+    sources.maxInstances = *most;
   return ReadDesign(sources, *design) ? std::move(design)
                                       : std::make_unique<DesignModel>();
 }

@@ -47,6 +47,14 @@ struct DesignOrigin {
   int line = 0;          ///< From 1; 0: no line of it.
 };
 
+/// A document that a design refers to and that was not found.
+struct MissingDocument {
+  /// "component", "design" or "designConfiguration"; the form of 2009 does not
+  /// tell the last two apart, and is taken for "design".
+  std::string type = {};
+  std::string identity = {}; ///< "vendor:library:name:version"
+};
+
 /// What a model is read from.
 struct DesignSources {
   /// An IP-XACT design, or the component on top of a hierarchy.
@@ -61,6 +69,14 @@ struct DesignSources {
   /// A table that lets components play the part of known ones; docs/
   /// design-files.md has its format. Empty: none.
   std::string kindsFile = {};
+  /// No more instances than these, since a few small files can describe a
+  /// hierarchy without end; at most 100 million, whatever is asked for. Each
+  /// takes less than 400 bytes, beside its full name, its parameters, and 50
+  /// bytes for each of its interfaces and ends of connections. All in all a
+  /// model takes no more than about 1 KB for each of these, or 1 GB if that is
+  /// more. What is past either is left out, with an error that names the first
+  /// of it; what is there is connected and answers.
+  std::size_t maxInstances = 1000000;
 };
 
 /// What a component is to a debugger.
@@ -224,6 +240,9 @@ public:
   bool Attach(InstanceId processor, InstanceId debugModule,
               const DesignOrigin &origin = {});
 
+  /// Adds a document to `Missing`, unless it is there already.
+  void AddMissing(const MissingDocument &document);
+
   /// Adds a remark to `Diagnostics`, unless the same is there already. After
   /// 10,000 one more says that the rest is left out.
   void Report(DesignDiagnostic diagnostic);
@@ -239,10 +258,17 @@ public:
   /// inside an instance before what is around it, where the model was read from
   /// files.
   std::vector<DesignWire> Connections() const;
+  /// The interfaces that one is wired to, up and down the hierarchy but over no
+  /// bridge or channel: those of leaves, and of hierarchies inside which
+  /// nothing is wired to them. At most `most` of them.
+  std::vector<DesignPort> WiredTo(const DesignPort &port,
+                                  std::size_t most = 100) const;
   /// Names of the instances whose role is `debugModule`.
   std::vector<std::string> DebugModules() const;
   /// In the order in which they were found.
   const std::vector<DesignDiagnostic> &Diagnostics() const;
+  /// What the design refers to and was not found, in the order of reference.
+  const std::vector<MissingDocument> &Missing() const;
 
   // The queries of the engine. All answer in design order unless something
   // else is said. Where two instances have one name, the first is meant.
@@ -276,6 +302,7 @@ public:
                                 const std::string &parameter) override;
 
 private:
+  friend struct DesignContents;
   std::unique_ptr<DesignContents> contents;
 };
 

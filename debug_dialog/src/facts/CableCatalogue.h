@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "KvoOption_Parser/ValueForm.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 
 namespace ZelDebugDialog {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "ZelDebugDialog_Engine/CableCatalogue.h"
+#include "facts/CableCatalogue.h"
 
 namespace ZelDebugDialog {
 
