@@ -6,8 +6,8 @@
 
 #include "MemorySource.h"
 #include "Reading.h"
-#include "elaboration/ReadDesignFrom.h"
 #include "proposals/KindTableText.h"
+#include "proposals/ProposeKindsFrom.h"
 #include "proposals/Words.h"
 
 namespace ZelDebugDialog {
@@ -22,9 +22,9 @@ using testing::Not;
 /// A bus interface whose bus is of a kind "x:bus:type:1".
 std::string port(const std::string &name, const std::string &type,
                  const std::string &mode) {
-  return interface(name,
+  return interface(name, "<ipxact:" + mode + "/>",
                    "<ipxact:busType vendor=\"x\" library=\"bus\" name=\"" +
-                       type + "\" version=\"1\"/><ipxact:" + mode + "/>");
+                       type + "\" version=\"1\"/>");
 }
 
 std::string bridge(const std::string &name, const std::string &to) {
@@ -32,8 +32,6 @@ std::string bridge(const std::string &name, const std::string &to) {
                    "<ipxact:slave><ipxact:transparentBridge masterRef=\"" + to +
                        "\"/></ipxact:slave>");
 }
-
-const std::string cpus = "<ipxact:cpus/>";
 
 class Proposing {
 public:
@@ -50,6 +48,7 @@ public:
       memory.files[name == "given" || name == "top.xml" ? name : "ip/" + name] =
           text;
     sources.libraryFolders = {"ip"};
+    keep(files);
     isRead = proposeKindsFrom(memory, sources, limitsOf(sources.maxInstances),
                               proposal, result.model);
   }
@@ -117,8 +116,8 @@ TEST(KindProposal, KnowsAProcessorByWhatItSaysAndDoes) {
   const std::string bus = port("bus", "mem", "master");
   const std::string debug = port("dbg", "dm_link", "slave");
   const ProcessorRow rows[] = {
-      {"x", bus, cpus, "processor proposed x lumacore"},
-      {"x", "", cpus, "processor proposed x lumacore"},
+      {"x", bus, cpus(), "processor proposed x lumacore"},
+      {"x", "", cpus(), "processor proposed x lumacore"},
       {"x", code + data, "", "processor proposed x lumacore"},
       {"x", port("M_INSTR", "a", "master") + port("M_DATA", "a", "initiator"),
        "", "processor proposed x lumacore"},
@@ -152,13 +151,14 @@ TEST(KindProposal, KnowsAProcessorByWhatItSaysAndDoes) {
        ""},
       {"x", code + data + bridge("in", "dmem"), "", ""},
       // By its name it is one of another family.
-      {"ppc405", bus, cpus, "processor proposed ppc405 ppc405_core"},
-      {"my_ppc440_x", bus, cpus, "processor proposed my_ppc440_x ppc440_core"},
-      {"ppc", bus, cpus, "processor undecided ppc ppc405_core ppc440_core"},
-      {"Cortex-A9", bus, cpus, "processor proposed Cortex-A9 soc_cortexa9"},
-      {"cortex_r5", bus, cpus, "processor proposed cortex_r5 soc_cortexr5"},
-      {"cortex_a5", bus, cpus, "processor proposed cortex_a5 lumacore"},
-      {"core4405", bus, cpus, "processor proposed core4405 lumacore"},
+      {"ppc405", bus, cpus(), "processor proposed ppc405 ppc405_core"},
+      {"my_ppc440_x", bus, cpus(),
+       "processor proposed my_ppc440_x ppc440_core"},
+      {"ppc", bus, cpus(), "processor undecided ppc ppc405_core ppc440_core"},
+      {"Cortex-A9", bus, cpus(), "processor proposed Cortex-A9 soc_cortexa9"},
+      {"cortex_r5", bus, cpus(), "processor proposed cortex_r5 soc_cortexr5"},
+      {"cortex_a5", bus, cpus(), "processor proposed cortex_a5 lumacore"},
+      {"core4405", bus, cpus(), "processor proposed core4405 lumacore"},
   };
   for (const ProcessorRow &row : rows) {
     const std::string wired =
@@ -238,7 +238,7 @@ const Files behindABridge = {
                            port("bus", "mem", "master") +
                                port("debug", "dbg_link", "slave") +
                                port("rst", "reset", "slave"),
-                           cpus)},
+                           cpus())},
     {"adv.xml", component("adv_dbg_if", port("jtag", "jtag", "slave") +
                                             port("out", "mem", "master") +
                                             port("rst_o", "reset", "master"))},
@@ -347,7 +347,7 @@ TEST(KindProposal, TellsDebugModulesFromOthersOnTheProcessor) {
   for (const ModuleRow &row : rows) {
     const Proposing found(
         {{"core.xml",
-          component("core", port("bus", "mem", "master") + row.core, cpus)},
+          component("core", port("bus", "mem", "master") + row.core, cpus())},
          {"m.xml", component(row.name, row.module)},
          {"top.xml",
           design("d", instance("core", "core") + instance("m", row.name),
@@ -362,7 +362,7 @@ TEST(KindProposal, TellsDebugModulesFromOthersOnTheProcessor) {
 
 TEST(KindProposal, StatesAConnectionThatTheWiresDoNotMake) {
   Proposing found(
-      {{"core.xml", component("core", port("debug", "link", "master"), cpus)},
+      {{"core.xml", component("core", port("debug", "link", "master"), cpus())},
        {"m.xml", component("m", port("o", "link", "slave"))},
        {"top.xml", design("d", instance("a core", "core") + instance("m", "m"),
                           connection("w", {"m.o", "a core.debug"}))}});
@@ -378,7 +378,7 @@ TEST(KindProposal, SaysBetweenWhatItCannotDecide) {
       {{"core.xml", component("core",
                               port("dbg", "link", "slave") +
                                   port("trace_dbg", "link", "slave"),
-                              cpus)},
+                              cpus())},
        {"m.xml", component("m", port("o", "link", "master"))},
        {"n.xml", component("n", port("o", "link", "master"))},
        {"top.xml", design("d",
@@ -400,7 +400,7 @@ TEST(KindProposal, SaysBetweenWhatItCannotDecide) {
 /// The only one that is called so: the row is there, but not in force.
 TEST(KindProposal, LeavesAConnectionOpenThatOnlyANameSpeaksFor) {
   Proposing found(
-      {{"core.xml", component("core", port("bus", "mem", "master"), cpus)},
+      {{"core.xml", component("core", port("bus", "mem", "master"), cpus())},
        {"m.xml", component("jtag_link", port("jtag", "jtag", "slave"))},
        {"top.xml", design("d", instance("core", "core") +
                                    instance("link", "jtag_link"))}});
@@ -417,8 +417,8 @@ TEST(KindProposal, GivesEachFamilyItsController) {
   const std::string debug = port("dbg", "link", "slave");
   const std::string out = port("o", "link", "master");
   Proposing found(
-      {{"p.xml", component("ppc405", debug, cpus)},
-       {"a.xml", component("cortexa9", debug, cpus)},
+      {{"p.xml", component("ppc405", debug, cpus())},
+       {"a.xml", component("cortexa9", debug, cpus())},
        {"m.xml", component("m", out)},
        {"n.xml", component("n", out)},
        {"top.xml", design("d",
@@ -517,7 +517,7 @@ TEST(KindProposal, TellsSerialPortsAndMemories) {
 
 TEST(KindProposal, WantsThemReached) {
   const Files files = {
-      {"core.xml", component("core", port("bus", "mem", "master"), cpus)},
+      {"core.xml", component("core", port("bus", "mem", "master"), cpus())},
       {"uart.xml", component("uart", port("p", "mem", "slave"))},
       {"ram.xml", component("ram", port("p", "mem", "slave"))},
       {"pads.xml", component("pads", port("p", "uart", "slave"))},
@@ -558,7 +558,7 @@ TEST(KindProposal, IsATableThatCanBeRead) {
 TEST(KindProposal, WritesRowsWhateverTheNames) {
   const std::string name = "a b#c";
   Proposing found(
-      {{"x.xml", component(name, "", cpus)},
+      {{"x.xml", component(name, "", cpus())},
        {"top.xml", design("d", instance("line\nend # \xc2\xa0", name))}});
   EXPECT_THAT(found.rows(), ElementsAre("x:y:a?b?c:1   processor   lumacore"));
   EXPECT_EQ(found.result.model.getIpName(found.result.instances().front()),
@@ -583,7 +583,7 @@ TEST(KindProposal, ListsAFewOfMany) {
   std::string instances;
   for (int i = 0; i < 30; ++i)
     instances += instance("c" + std::to_string(i), "core");
-  const Proposing found({{"core.xml", component("core", "", cpus)},
+  const Proposing found({{"core.xml", component("core", "", cpus())},
                          {"top.xml", design("d", instances)}});
   EXPECT_EQ(found.named("core").instances.size(), 20u);
   EXPECT_EQ(found.named("core").otherInstances, 10u);

@@ -49,27 +49,6 @@ void replaceAll(std::string &text, const std::string &old,
     text.replace(at, old.size(), other);
 }
 
-/// For whoever wants to look at the documents that tests make.
-void keep(const Files &files) {
-  // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody changes the environment.
-  const char *const folder = std::getenv("ZELDEBUGDIALOG_DOCUMENTS");
-  if (folder == nullptr)
-    return;
-  static int readings = 0;
-  const auto *const test =
-      testing::UnitTest::GetInstance()->current_test_info();
-  const std::filesystem::path own =
-      std::filesystem::path(folder) /
-      (std::string(test->test_suite_name()) + "." + test->name()) /
-      std::to_string(readings++);
-  for (const auto &[name, text] : files) {
-    const std::filesystem::path path =
-        own / std::filesystem::path(name).relative_path();
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << text;
-  }
-}
-
 /// A list, which holds something if it is there. Without it there is its line,
 /// so that others stay on theirs.
 std::string list(const std::string &name, const std::string &content) {
@@ -115,6 +94,26 @@ Names Reading::diagnostics() const {
   return lines;
 }
 
+void keep(const Files &files) {
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody changes the environment.
+  const char *const folder = std::getenv("ZELDEBUGDIALOG_DOCUMENTS");
+  if (folder == nullptr)
+    return;
+  static int readings = 0;
+  const auto *const test =
+      testing::UnitTest::GetInstance()->current_test_info();
+  const std::filesystem::path own =
+      std::filesystem::path(folder) /
+      (std::string(test->test_suite_name()) + "." + test->name()) /
+      std::to_string(readings++);
+  for (const auto &[name, text] : files) {
+    const std::filesystem::path path =
+        own / std::filesystem::path(name).relative_path();
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << text;
+  }
+}
+
 Reading readFrom(const Files &files, const DesignSources &sources) {
   keep(files);
   MemorySource memory;
@@ -146,17 +145,20 @@ std::string component(const std::string &name, const std::string &interfaces,
                   list("busInterfaces", interfaces) + others);
 }
 
+std::string cpus(const std::string &model) {
+  return "<ipxact:addressSpaces><ipxact:addressSpace><ipxact:name>all"
+         "</ipxact:name><ipxact:range>4096</ipxact:range>"
+         "<ipxact:width>32</ipxact:width></ipxact:addressSpace>"
+         "</ipxact:addressSpaces>" +
+         model +
+         "<ipxact:cpus><ipxact:cpu><ipxact:name>core</ipxact:name>"
+         "<ipxact:addressSpaceRef addressSpaceRef=\"all\"/></ipxact:cpu>"
+         "</ipxact:cpus>";
+}
+
 std::string processor(const std::string &name, const std::string &interfaces,
                       const std::string &model) {
-  return component(name, interfaces,
-                   "<ipxact:addressSpaces><ipxact:addressSpace><ipxact:name>all"
-                   "</ipxact:name><ipxact:range>4096</ipxact:range>"
-                   "<ipxact:width>32</ipxact:width></ipxact:addressSpace>"
-                   "</ipxact:addressSpaces>" +
-                       model +
-                       "<ipxact:cpus><ipxact:cpu><ipxact:name>core"
-                       "</ipxact:name><ipxact:addressSpaceRef "
-                       "addressSpaceRef=\"all\"/></ipxact:cpu></ipxact:cpus>");
+  return component(name, interfaces, cpus(model));
 }
 
 std::string interface(const std::string &name, const std::string &mode,
