@@ -18,6 +18,20 @@ using ZelDebugDialog::DesignSources;
 
 using Severity = DesignDiagnostic::Severity;
 
+constexpr const char *group = "The design";
+
+const char *shownSeverity(Severity severity) {
+  switch (severity) {
+  case Severity::error:
+    return "error";
+  case Severity::warning:
+    return "warning";
+  case Severity::note:
+    return "note";
+  }
+  return "";
+}
+
 /// The debug modules and controllers that a processor is connected to.
 std::vector<std::string> modulesOf(DesignModel &design,
                                    const std::string &processor) {
@@ -59,7 +73,6 @@ std::string errorsOf(const DesignModel &design) {
 
 void DesignOptions::addTo(CommandLine &line, CLI::App &app,
                           bool designRequired) {
-  const std::string group = "The design";
   CLI::Option *design =
       addTextOption(app, "DESIGN", designFile,
                     "IP-XACT design file, or the component file on top of a "
@@ -67,6 +80,20 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
           ->type_name("")
           ->required(designRequired);
   line.completeWith(design, ValueKind::file);
+  addSourcesTo(line, app);
+}
+
+void DesignOptions::addAsOptionTo(CommandLine &line, CLI::App &app) {
+  line.completeWith(addTextOption(app, "--design", designFile,
+                                  "IP-XACT design file, or the component file "
+                                  "on top of a hierarchy")
+                        ->type_name("DESIGN")
+                        ->group(group),
+                    ValueKind::file);
+  addSourcesTo(line, app);
+}
+
+void DesignOptions::addSourcesTo(CommandLine &line, CLI::App &app) {
   line.completeWith(app.add_option("--library", libraryFolders,
                                    "folder to look for components in, once for "
                                    "each (default: below the folder of DESIGN)")
@@ -104,6 +131,16 @@ std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
   for (const DesignDiagnostic &diagnostic : design->Diagnostics())
     say(diagnostic, output);
   return design;
+}
+
+Json diagnosticsJson(const DesignModel &design) {
+  Json list = Json::array();
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
+    list.push_back({{"file", diagnostic.file},
+                    {"line", diagnostic.line},
+                    {"severity", shownSeverity(diagnostic.severity)},
+                    {"message", diagnostic.message}});
+  return list;
 }
 
 std::string shownDiagnostic(const DesignDiagnostic &diagnostic) {

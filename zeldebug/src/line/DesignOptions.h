@@ -17,6 +17,8 @@ class DesignOptions {
 public:
   /// Adds DESIGN, --library, --view and --kinds to a subcommand.
   void addTo(CommandLine &line, CLI::App &app, bool designRequired = true);
+  /// The same with --design in place of DESIGN.
+  void addAsOptionTo(CommandLine &line, CLI::App &app);
 
   bool named() const { return designFile.has_value(); }
 
@@ -26,6 +28,7 @@ public:
   std::unique_ptr<ZelDebugDialog::DesignModel> read(const Output &output) const;
 
 private:
+  void addSourcesTo(CommandLine &line, CLI::App &app);
   ZelDebugDialog::DesignSources expectSources() const;
 
   std::optional<std::string> designFile;
@@ -33,6 +36,9 @@ private:
   std::optional<std::string> view;
   std::optional<std::string> kindsFile;
 };
+
+/// [{"file", "line", "severity", "message"}]
+Json diagnosticsJson(const ZelDebugDialog::DesignModel &design);
 
 /// "file:line: message"
 std::string shownDiagnostic(const ZelDebugDialog::DesignDiagnostic &diagnostic);

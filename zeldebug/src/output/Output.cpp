@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <system_error>
 
+#include <ZelDebugDialog/ConfigurationModel/Text.h>
 #include <fmt/format.h>
 #include <unistd.h>
 
@@ -33,6 +34,19 @@ int writeAll(int descriptor, std::string_view text) {
   return 0;
 }
 
+/// Lines stay lines; what else is no text is shown as \xNN.
+std::string printableLines(std::string_view text) {
+  std::string shown;
+  for (;;) {
+    const std::size_t end = text.find('\n');
+    shown += printable(text.substr(0, end));
+    if (end == std::string_view::npos)
+      return shown;
+    shown += '\n';
+    text.remove_prefix(end + 1);
+  }
+}
+
 void say(bool colour, const char *colourCode, std::string_view kind,
          std::string_view text) {
   const std::string label =
@@ -40,24 +54,8 @@ void say(bool colour, const char *colourCode, std::string_view kind,
       : colour     ? fmt::format("\x1b[{}m{}:\x1b[0m ", colourCode, kind)
                    : fmt::format("{}: ", kind);
   // Nobody is left to hear that standard error cannot be written.
-  writeAll(STDERR_FILENO, fmt::format("zeldebug: {}{}\n", label, text));
-}
-
-/// Length of the UTF-8 sequence at the front of `text`; 0 if it is none.
-std::size_t sequenceLength(std::string_view text) {
-  const auto first = static_cast<unsigned char>(text.front());
-  if (first < 0x80)
-    return 1;
-  const std::size_t length = first >= 0xF0   ? 4
-                             : first >= 0xE0 ? 3
-                             : first >= 0xC2 ? 2
-                                             : 0;
-  if (first > 0xF4 || text.size() < length)
-    return 0;
-  for (std::size_t i = 1; i < length; ++i)
-    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80)
-      return 0;
-  return length;
+  writeAll(STDERR_FILENO,
+           fmt::format("zeldebug: {}{}\n", label, printableLines(text)));
 }
 
 } // namespace
@@ -116,20 +114,7 @@ ExitStatus Output::finish(ExitStatus status) {
 }
 
 std::string printable(std::string_view text) {
-  std::string shown;
-  while (!text.empty()) {
-    const auto first = static_cast<unsigned char>(text.front());
-    const std::size_t length = sequenceLength(text);
-    const bool control = first < 0x20 || first == 0x7F;
-    if (length == 0 || control) {
-      shown += fmt::format("\\x{:02x}", first);
-      text.remove_prefix(1);
-      continue;
-    }
-    shown += text.substr(0, length);
-    text.remove_prefix(length);
-  }
-  return shown;
+  return ZelDebugDialog::ShowText(text);
 }
 
 std::string counted(std::size_t number, const std::string &thing) {
