@@ -4,13 +4,15 @@
 
 #include "Refusal.h"
 #include "line/WorkingFolder.h"
+#include "output/Output.h"
 
 namespace zeldebug {
 
 std::string SavedConfiguration::problem() const {
   if (!file.problem.empty())
-    return fmt::format("{}: {}", shownPath(path), file.problem);
-  const std::string place = fmt::format("{}:{}", shownPath(path), file.line);
+    return fmt::format("{}: {}", printable(shownPath(path)), file.problem);
+  const std::string place =
+      fmt::format("{}:{}", printable(shownPath(path)), file.line);
   if (!file.isText())
     return fmt::format("{}: the command holds bytes that are no text", place);
   if (file.isCut())

@@ -2,7 +2,6 @@
 #ifndef ZELDEBUG_TRACEDCOMMAND_H
 #define ZELDEBUG_TRACEDCOMMAND_H
 
-#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -26,22 +25,15 @@ public:
 
   std::string wordText(std::size_t word) const;
   bool isAtFault(std::size_t word) const { return atFault.count(word) != 0; }
-  /// The settings that a word changes, with the values that it gives them; null
-  /// for one that was dropped with its clause.
+  /// The settings that a word decides, with the values that it gives them.
   std::vector<Setting> changesOf(std::size_t word) const;
 
 private:
-  bool isLastFor(const std::string &field, std::size_t word) const;
-  void replayOverwritten();
-
   std::string command;
   ZelDebugDialog::CommandTrace read;
   Reading plainReading;
   Configuration final;
   std::set<std::size_t> atFault;
-  std::map<std::string, std::size_t> lastWords; ///< setting → its last word
-  /// What words gave to settings that later words overwrite.
-  std::map<std::size_t, std::vector<Setting>> overwritten;
 };
 
 /// The trace of a command in a session whose processor is selected.
@@ -49,11 +41,6 @@ private:
 bool traceInto(Session &session, const std::string &command,
                ZelDebugDialog::AfterFault afterFault,
                ZelDebugDialog::CommandTrace &trace);
-
-/// Takes from the words of a trace the settings that their values leave as they
-/// are.
-void keepChanges(const std::string &command,
-                 ZelDebugDialog::CommandTrace &trace);
 
 /// What the words of a command set where a processor of a design is selected.
 ZelDebugDialog::CommandTrace traceOf(const std::string &command,

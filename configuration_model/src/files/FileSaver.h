@@ -37,13 +37,12 @@ private:
   bool isMoved = false;
 };
 
-/// @throws Refusal (noFolder, noRegularFile, readOnly unless `force`) for what
-/// no
-///   file can take the place of, or may not
+/// @throws Refusal (noFolder, noRegularFile, readOnly unless `force`) where no
+///   file can take the place, or may not
 void expectReplaceable(const std::filesystem::path &target, bool force);
 
 /// Asks the file system to keep what was written before names are moved: once
-/// for all files. @throws Refusal (fileSystem)
+/// for all files of one file system. @throws Refusal (fileSystem)
 void flushFiles(const std::vector<const ScratchFile *> &files);
 
 } // namespace ZelDebugDialog::model

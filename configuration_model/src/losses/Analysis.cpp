@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "commands/OptionLine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "losses/Reasons.h"
 #include "settings/ConnectionKinds.h"
 #include "text/NearestMatch.h"
@@ -76,14 +76,27 @@ void explain(RawLoss &loss, const Omission &omission, const Snapshot &wanted) {
     loss.displacedBy = connection;
 }
 
+constexpr const char *linesInFile = "lines-in-file";
+
 /// A text that an option file's line ends in.
 std::optional<NoWord> problemInFile(const Value &value) {
   if (!value.IsText() || value.Text().empty())
     return std::nullopt;
   const auto problem = whyNoOpaqueWord(value.Text(), WordPlace::optionFile);
   const bool isOfFile =
-      problem && !whyNoOpaqueWord(value.Text(), WordPlace::command);
+      problem && std::string_view(problem->code) == linesInFile;
   return isOfFile ? problem : std::nullopt;
+}
+
+/// What else is lost where a line ends too early.
+NoWord whyReadDifferently(const std::string &command) {
+  if (command.size() > longestOptionLine)
+    return {"it stands behind what is read of the line", "long-file"};
+  if (lineOfFile(command).size() < command.size())
+    return {"it stands behind a line break or a null byte, and the line of an "
+            "option file ends there",
+            linesInFile};
+  return {"it is read back differently", "read-differently"};
 }
 
 RawLoss cutLoss(const std::string &command) {
@@ -91,7 +104,7 @@ RawLoss cutLoss(const std::string &command) {
           command,
           {},
           fmt::format("it has {} characters, and only {} of a line are read",
-                      command.size(), optionLineLimit),
+                      command.size(), longestOptionLine),
           "long-file",
           "",
           true};
@@ -151,7 +164,7 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
                               const Snapshot *readBack,
                               const std::string &refusal) {
   std::vector<RawLoss> losses;
-  const bool isCut = command.size() > optionLineLimit;
+  const bool isCut = command.size() > longestOptionLine;
   if (isCut)
     losses.push_back(cutLoss(command));
   if (readBack == nullptr) {
@@ -186,9 +199,9 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
       loss.reason = inFile->reason;
       loss.code = inFile->code;
     } else {
-      loss.reason = isCut ? "it stands behind what is read of the line"
-                          : "it is read back differently";
-      loss.code = isCut ? "long-file" : "read-differently";
+      const NoWord why = whyReadDifferently(command);
+      loss.reason = why.reason;
+      loss.code = why.code;
     }
     losses.push_back(std::move(loss));
   }

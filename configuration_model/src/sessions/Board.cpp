@@ -1,14 +1,17 @@
 #include "ZelDebugDialog/ConfigurationModel/Board.h"
 
 #include <algorithm>
+#include <system_error>
 #include <unordered_set>
 
 #include <fmt/format.h>
 
 #include "HHSMHwManager.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/Discovery.h"
 #include "commands/EngineLock.h"
+#include "files/FileLock.h"
 #include "files/OptionFile.h"
 #include "sessions/BoardState.h"
 #include "settings/ConnectionKinds.h"
@@ -21,8 +24,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const char *shownFpu(std::uint32_t fpuType) {
-  return fpuType == 0 ? "-" : fpuType == 1 ? "sp" : "dp";
+std::string shownFpu(std::uint32_t fpuType) {
+  for (const auto &row : fpuTypes)
+    if (row.value == fpuType)
+      return std::string(row.keyword);
+  return "-";
 }
 
 BoardProcessor processorOf(const ProcessorInfoImp &record,
@@ -75,10 +81,13 @@ std::string whyNotDebuggable(const UndebuggableProcessor &processor) {
   for (const BoardModule &module : processor.modules)
     shown += fmt::format("{}{} of type '{}'", shown.empty() ? "" : ", ",
                          module.name, module.type);
-  return fmt::format("it is connected to {}, and only modules of type 'hdu' or "
-                     "'hdu_cedar' and "
-                     "controllers of type 'ppc_jtag_link' lead to a processor",
-                     shown);
+  std::string types;
+  for (auto type = debugModuleTypes.rbegin(); type != debugModuleTypes.rend();
+       ++type)
+    types += fmt::format("{}'{}'", types.empty() ? "" : " or ", *type);
+  return fmt::format("it is connected to {}, and only modules of type {} and "
+                     "controllers of type '{}' lead to a processor",
+                     shown, types, ppcControllerType);
 }
 
 void findUndebuggable(BoardState &state) {
@@ -132,7 +141,10 @@ Board::Board(HHSMHwManager &design, const std::string &folder) {
   const auto made = std::make_shared<BoardState>();
   made->design = &design;
   made->folder = folder;
-  made->absolute = fs::absolute(folder);
+  std::error_code error;
+  made->absolute = fs::absolute(folder.empty() ? "." : folder, error);
+  if (error)
+    model::refuseFile(folder, error.message());
   const auto lock = model::lockEngine();
   design.getProcessorInstances(made->names, false);
   for (const ProcessorInfoImp &record : discovered.debuggable)

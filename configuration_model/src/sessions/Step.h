@@ -54,4 +54,9 @@ std::vector<Loss> lossesOf(const Step &step, const Snapshot &defaults);
 /// is there.
 void noteDisplaced(const Step &before, Step &after);
 
+/// Says of what differs from `before` that it was changed.
+void noteChanged(const Snapshot &before, Step &after);
+/// Says of a setting, with its devices if it is the chain, that nobody set it.
+void forgetOrigin(Step &step, const std::string &setting);
+
 } // namespace ZelDebugDialog::model

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
+#include <unordered_map>
 #include <utility>
 #include <variant>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "settings/Cables.h"
 #include "settings/ConnectionKinds.h"
 
@@ -88,9 +91,6 @@ struct Draft {
   }
 };
 
-constexpr std::int64_t unsetAddress = most32;
-constexpr std::int64_t regionStep = 0x10000;
-
 Draft identity(const char *id, const char *label, const char *help) {
   return Draft(id, "Processor", label, SettingKind::number, help).identity();
 }
@@ -110,23 +110,28 @@ Draft text(const char *id, const char *group, const char *label,
 
 Choices connectionChoices() {
   Choices choices;
-  for (const ConnectionKind &kind : connectionKinds())
-    choices.push_back({kind.word, kind.word, kind.label});
+  for (const ConnectionKind &kind : connectionKinds) {
+    const std::string word(kind.name);
+    choices.push_back({word, word, labelOf(kind)});
+  }
   return choices;
 }
 
-std::string cableLabel(const std::string &keyword) {
-  return keyword.empty() ? "No cable" : keyword;
+/// A cable that no command names goes by its number.
+Choice cableChoice(const CommandCable &cable) {
+  const auto type = static_cast<std::uint32_t>(cable.type);
+  if (cable.type == Engine::CABLE_NONE)
+    return {type, "none", "No cable"};
+  if (!cable.keywords.empty())
+    return {type, cable.keywords.front(), cable.keywords.front()};
+  const std::string number = std::to_string(type);
+  return {type, number, "Cable " + number + ", which no command names"};
 }
 
 Choices cableChoices() {
   Choices choices;
-  for (const CommandCable &cable : cableCatalogue()) {
-    const std::string word =
-        cable.keywords.empty() ? std::string() : cable.keywords.front();
-    choices.push_back({static_cast<std::uint32_t>(cable.type),
-                       word.empty() ? "none" : word, cableLabel(word)});
-  }
+  for (const CommandCable &cable : cableCatalogue())
+    choices.push_back(cableChoice(cable));
   return choices;
 }
 
@@ -140,10 +145,12 @@ Choices otherCableWords() {
 }
 
 Choices registerChoices() {
-  return {{2, "USER1", "USER1"},
-          {3, "USER2", "USER2"},
-          {0x22, "USER3", "USER3"},
-          {0x23, "USER4", "USER4"}};
+  Choices choices;
+  for (const auto &row : boundaryScanRegisters) {
+    const std::string word(row.keyword);
+    choices.push_back({row.value, word, word});
+  }
+  return choices;
 }
 
 Choices flagChoices() { return {{0, "no", "No"}, {1, "yes", "Yes"}}; }
@@ -152,12 +159,12 @@ Choices flagChoices() { return {{0, "no", "No"}, {1, "yes", "Yes"}}; }
 
 Value readConnection(const Snapshot &snapshot) {
   const ConnectionKind *const kind = kindOf(snapshot.record);
-  return kind == nullptr ? Value() : Value(kind->word);
+  return kind == nullptr ? Value() : Value(std::string(kind->name));
 }
 
 void storeConnection(Snapshot &snapshot, const Value &value) {
   const ConnectionKind *const kind = findConnectionKind(value.Text());
-  snapshot.record.connectionType = kind->type;
+  snapshot.record.connectionType = kind->connectionType;
   snapshot.record.stubType = kind->stubType;
 }
 
@@ -271,15 +278,6 @@ std::vector<Draft> drafts() {
 // --- Fields of the records
 // ----------------------------------------------------
 
-/// A flag of the records is one here as well.
-Value valueOf(const FieldValue &value, const FieldDescription &field) {
-  if (const auto *const text = std::get_if<std::string>(&value))
-    return *text;
-  const std::int64_t number = std::get<std::int64_t>(value);
-  const bool isFlag = field.maximum == 1;
-  return isFlag ? Value(number != 0) : Value(number);
-}
-
 FieldValue fieldValueOf(const Value &value) {
   if (value.IsText())
     return value.Text();
@@ -314,32 +312,48 @@ const std::vector<SettingRow> &settingRows() {
 }
 
 const SettingRow *findRow(std::string_view id) {
+  static const std::unordered_map<std::string_view, const SettingRow *> byName =
+      [] {
+        std::unordered_map<std::string_view, const SettingRow *> made;
+        for (const SettingRow &row : settingRows())
+          made.emplace(row.info.id, &row);
+        return made;
+      }();
   std::string general;
-  const std::size_t end = id.find(']');
-  if (startsWith(id, deviceFront) && end != std::string_view::npos) {
+  if (startsWith(id, deviceFront)) {
+    const std::size_t end =
+        id.find_first_not_of("0123456789", deviceFront.size());
+    if (end == std::string_view::npos)
+      return nullptr;
     general = std::string(deviceFront) + std::string(id.substr(end));
     id = general;
   }
-  for (const SettingRow &row : settingRows())
-    if (row.info.id == id)
-      return &row;
-  return nullptr;
+  const auto found = byName.find(id);
+  return found == byName.end() ? nullptr : found->second;
+}
+
+Value valueOf(const FieldValue &value, const SettingRow &row) {
+  if (const auto *const text = std::get_if<std::string>(&value))
+    return *text;
+  const std::int64_t number = std::get<std::int64_t>(value);
+  // A flag of the records is one here as well.
+  const bool isFlag = GetSettingFields()[row.field].maximum == 1;
+  return isFlag ? Value(number != 0) : Value(number);
 }
 
 Value valueIn(const Snapshot &snapshot, const SettingRow &row,
               std::size_t device) {
   if (row.get != nullptr)
     return row.get(snapshot);
-  const FieldDescription &field = GetSettingFields()[row.field];
-  switch (field.owner) {
+  switch (GetSettingFields()[row.field].owner) {
   case FieldOwner::processor:
-    return valueOf(GetField(snapshot.record, row.field), field);
+    return valueOf(GetField(snapshot.record, row.field), row);
   case FieldOwner::cable:
-    return valueOf(GetField(snapshot.cable, row.field), field);
+    return valueOf(GetField(snapshot.cable, row.field), row);
   case FieldOwner::device:
     if (device >= snapshot.chain.size())
       return {};
-    return valueOf(GetField(snapshot.chain[device], row.field), field);
+    return valueOf(GetField(snapshot.chain[device], row.field), row);
   case FieldOwner::state:
     break;
   }

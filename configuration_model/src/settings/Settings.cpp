@@ -4,14 +4,13 @@
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "settings/SettingTable.h"
 #include "text/Printable.h"
 
 namespace ZelDebugDialog {
 
 namespace {
-
-constexpr std::int64_t unsetAddress = 0xFFFFFFFF;
 
 struct KindWord {
   SettingKind kind;
@@ -110,7 +109,7 @@ const SettingInfo *FindSetting(std::string_view id) {
 
 std::string ShowValue(const SettingInfo &setting, const Value &value) {
   if (value.IsText())
-    return value.Text();
+    return model::wellFormed(value.Text());
   if (value.IsFlag())
     return value.Flag() ? "yes" : "no";
   if (value.IsNumber())

@@ -64,6 +64,9 @@ void ViewChooser::followConfiguration(const ComponentRecord &component,
   const ConfigurationRecord *const configuration =
       store.findConfiguration(reference.identity);
   if (configuration == nullptr)
+    model.AddMissing({std::string(toText(DocumentType::designConfiguration)),
+                      toText(reference.identity)});
+  if (configuration == nullptr)
     return report(Severity::error, fileOf(component), reference.line,
                   "design configuration " + quote(toText(reference.identity)) +
                       " is not found");
@@ -91,6 +94,9 @@ void ViewChooser::followHierarchy(const ComponentRecord &component,
   }
   inner.configuration = store.findConfiguration(reference.identity);
   if (inner.configuration == nullptr)
+    model.AddMissing({std::string(toText(DocumentType::design)),
+                      toText(reference.identity)});
+  if (inner.configuration == nullptr)
     return report(Severity::error, fileOf(component), reference.line,
                   "there is neither a design nor a design configuration " +
                       quote(toText(reference.identity)));
@@ -110,15 +116,18 @@ ViewChooser::findDesignOf(const ConfigurationRecord &configuration) {
 const DesignRecord *ViewChooser::findDesign(const std::string &file,
                                             const ReferenceRecord &reference) {
   const DesignRecord *const design = store.findDesign(reference.identity);
-  if (design == nullptr)
-    report(Severity::error, file, reference.line,
-           "design " + quote(toText(reference.identity)) + " is not found");
+  if (design != nullptr)
+    return design;
+  model.AddMissing(
+      {std::string(toText(DocumentType::design)), toText(reference.identity)});
+  report(Severity::error, file, reference.line,
+         "design " + quote(toText(reference.identity)) + " is not found");
   return design;
 }
 
 void ViewChooser::report(Severity severity, const std::string &file, int line,
                          std::string message) {
-  model.Report({severity, file, line, std::move(message)});
+  diagnostics.add({severity, file, line, std::move(message)});
 }
 
 } // namespace ZelDebugDialog

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "elaboration/DocumentStore.h"
+#include "messages/DiagnosticList.h"
 #include "records/Records.h"
 
 namespace ZelDebugDialog {
@@ -23,8 +23,8 @@ class ViewChooser {
 public:
   /// `name` is the user's choice, or empty.
   ViewChooser(DocumentStore &documents, const std::string &name,
-              DesignModel &target)
-      : store(documents), wanted(name), model(target) {}
+              DiagnosticList &list)
+      : store(documents), wanted(name), diagnostics(list) {}
 
   /// The view that the configuration around an instance selects for it, if it
   /// does and the component has it; else the user's choice, if the component
@@ -56,7 +56,7 @@ private:
   DocumentStore &store;
   const std::string &wanted;
   bool isWantedKnown = false; ///< To some component.
-  DesignModel &model;
+  DiagnosticList &diagnostics;
 };
 
 } // namespace ZelDebugDialog

@@ -19,6 +19,8 @@ struct Word {
   DesignRole role;
 };
 
+constexpr std::string_view connectWord = "connect";
+
 constexpr std::array<Word, 3> kindWords = {{
     {"processor", DesignRole::processor},
     {"debug-module", DesignRole::debugModule},
@@ -60,6 +62,18 @@ std::string readRow(const std::vector<std::string> &row, Identity &pattern,
   return "";
 }
 
+/// The same for a row that states a connection.
+std::string readConnectRow(const std::vector<std::string> &row,
+                           ConnectRow &connect) {
+  if (row.size() != 3)
+    return "a row 'connect' has three words: connect, processor and debug "
+           "module; this one has " +
+           std::to_string(row.size());
+  connect.processor = row[1];
+  connect.debugModule = row[2];
+  return "";
+}
+
 std::vector<std::string> splitRow(const std::string &line) {
   std::istringstream text(line.substr(0, line.find('#')));
   text.exceptions(std::ios::badbit);
@@ -79,38 +93,50 @@ bool isUseful(const Kind &kind) {
 } // namespace
 
 bool KindTable::read(const DocumentSource &source, const std::string &file,
-                     DesignModel &model) {
+                     DiagnosticList &diagnostics) {
   std::string text;
   const std::string fault = source.read(file, DocumentSource::whole, text);
   if (!fault.empty()) {
-    model.Report({Severity::error, file, 0, fault});
+    diagnostics.add({Severity::error, file, 0, fault});
     return false;
   }
   std::istringstream lines(text);
   lines.exceptions(std::ios::badbit);
   bool isGood = true;
   int number = 0;
-  for (std::string line; std::getline(lines, line);) {
-    ++number;
-    const std::vector<std::string> words = splitRow(line);
-    if (words.empty())
-      continue;
-    Row row;
-    std::string rowFault = readRow(words, row.pattern, row.kind);
-    if (rowFault.empty() && findNonUtf8(line) != std::string::npos)
-      rowFault = "it is not text in UTF-8";
-    if (!rowFault.empty()) {
-      model.Report({Severity::error, file, number, std::move(rowFault)});
-      isGood = false;
-      continue;
-    }
-    if (!isUseful(row.kind))
-      model.Report({Severity::warning, file, number,
-                    "the debugger knows no debug module of type " +
-                        quote(row.kind.typeName)});
-    rows.push_back(std::move(row));
-  }
+  for (std::string line; std::getline(lines, line);)
+    isGood = readLine(file, ++number, line, diagnostics) && isGood;
   return isGood;
+}
+
+/// False: there is a row in it that is none, and an error says so.
+bool KindTable::readLine(const std::string &file, int number,
+                         const std::string &line, DiagnosticList &diagnostics) {
+  const std::vector<std::string> words = splitRow(line);
+  if (words.empty())
+    return true;
+  const bool isConnect = words.front() == connectWord;
+  Row row;
+  ConnectRow connect;
+  connect.line = number;
+  std::string fault = isConnect ? readConnectRow(words, connect)
+                                : readRow(words, row.pattern, row.kind);
+  if (fault.empty() && findNonUtf8(line) != std::string::npos)
+    fault = "it is not text in UTF-8";
+  if (!fault.empty()) {
+    diagnostics.add({Severity::error, file, number, std::move(fault)});
+    return false;
+  }
+  if (isConnect) {
+    connects.push_back(std::move(connect));
+    return true;
+  }
+  if (!isUseful(row.kind))
+    diagnostics.add({Severity::warning, file, number,
+                     "the debugger knows no debug module of type " +
+                         quote(row.kind.typeName)});
+  rows.push_back(std::move(row));
+  return true;
 }
 
 const Kind *KindTable::find(const Identity &identity) const {

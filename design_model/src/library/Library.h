@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "xml/DocumentSource.h"
 #include "xml/Identity.h"
 
@@ -17,8 +17,8 @@ namespace ZelDebugDialog {
 
 class Library {
 public:
-  Library(const DocumentSource &documents, DesignModel &target)
-      : source(documents), model(target) {}
+  Library(const DocumentSource &documents, DiagnosticList &list)
+      : source(documents), diagnostics(list) {}
 
   /// Takes in all places: folders with what is below them, and catalog files.
   /// False: one of them can't be read, or is neither; an error says which.
@@ -38,7 +38,7 @@ private:
              const DesignOrigin &origin, const std::string &file);
 
   const DocumentSource &source;
-  DesignModel &model;
+  DiagnosticList &diagnostics;
   Files catalogued;
   Files searched;
   std::vector<std::string> catalogs;

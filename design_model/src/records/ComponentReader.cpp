@@ -45,7 +45,7 @@ public:
     component->identity = readIdentity(root);
     component->interfaces.typeName = component->identity.name;
     component->interfaces.origin = {file, lineOf(root)};
-    component->hasCpus = static_cast<bool>(findChild(root, "cpus"));
+    component->interfaces.hasCpus = static_cast<bool>(findChild(root, "cpus"));
     forEachIn(root, "cpus", "cpu", [](const pugi::xml_node &) {});
     readInterfaces(root, component->interfaces);
     readChannels(root, component->interfaces);
@@ -70,6 +70,9 @@ private:
     DesignInterface interface;
     interface.name = childText(node, "name");
     interface.line = lineOf(node);
+    const Identity busType = readReference(findChild(node, "busType"));
+    if (busType.isComplete())
+      interface.busType = toText(busType);
     for (const pugi::xml_node &child : node.children())
       for (const ModeRow &row : modes)
         if (isNamed(child, row.element)) {
@@ -110,6 +113,7 @@ private:
              "the definition that memory map " + quote(name) +
                  " refers to is not followed; it is taken to have registers");
     interface.answers = map->hasBlocks || map->isDefinedElsewhere;
+    interface.isMemory = map->isMemory;
     bridgesByMap += map->initiators.size();
     if (bridgesByMap > mostBridgesByMap)
       return report(Severity::error, lineOf(reference),
@@ -190,6 +194,7 @@ private:
     for (std::size_t at = 0; at < component.views.size(); ++at) {
       const ViewRecord &view = component.views[at];
       component.viewByName.emplace(view.name, at);
+      component.interfaces.views.push_back(view.name);
       if (component.firstViewWithDesign == nullptr && view.leadsToDesign())
         component.firstViewWithDesign = &view;
     }
@@ -218,8 +223,8 @@ private:
 
 std::unique_ptr<ComponentRecord> readComponent(const XmlDocument &document,
                                                const std::string &file,
-                                               DesignModel &model) {
-  return ComponentReader(document, file, model).run();
+                                               DiagnosticList &diagnostics) {
+  return ComponentReader(document, file, diagnostics).run();
 }
 
 } // namespace ZelDebugDialog

@@ -9,6 +9,7 @@
 
 #include "line/Number.h"
 #include "output/Failure.h"
+#include "output/Output.h"
 #include "output/SettingText.h"
 #include "output/Suggestion.h"
 
@@ -50,7 +51,8 @@ const DeviceKey &expectKey(const std::string &name) {
   }
   throw Failure(ExitStatus::wrongUse,
                 fmt::format("{}: unknown key '{}'; accepted are {}{}", option,
-                            name, quotedList(names), didYouMean(name, names)));
+                            printable(name), quotedList(names),
+                            didYouMean(name, names)));
 }
 
 void store(JtagOption &device, const DeviceKey &key, const std::string &value) {
@@ -87,8 +89,9 @@ JtagOption expectChainDevice(const std::string &text) {
   for (const std::string &piece : piecesOf(text)) {
     const std::size_t equals = piece.find('=');
     if (equals == std::string::npos)
-      throw Failure(ExitStatus::wrongUse,
-                    fmt::format("{}: '{}' is no KEY=VALUE", option, piece));
+      throw Failure(
+          ExitStatus::wrongUse,
+          fmt::format("{}: '{}' is no KEY=VALUE", option, printable(piece)));
     const DeviceKey &key = expectKey(piece.substr(0, equals));
     if (!seen.insert(key.name).second)
       throw Failure(ExitStatus::wrongUse,
@@ -97,9 +100,9 @@ JtagOption expectChainDevice(const std::string &text) {
   }
   for (const DeviceKey &key : deviceKeys)
     if (key.required && seen.count(key.name) == 0)
-      throw Failure(
-          ExitStatus::wrongUse,
-          fmt::format("{}: '{}' is missing in '{}'", option, key.name, text));
+      throw Failure(ExitStatus::wrongUse,
+                    fmt::format("{}: '{}' is missing in '{}'", option, key.name,
+                                printable(text)));
   return device;
 }
 

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "Version.h"
+#include "output/Output.h"
 #include "output/Suggestion.h"
 
 namespace zeldebug {
@@ -85,9 +86,9 @@ Failure unknownOption(const CLI::App &app, const std::string &word) {
   const bool singleDash = name.size() > 2 && name[1] != '-';
   const std::string wanted = singleDash ? "-" + name : name;
   const std::vector<std::string> names = optionNames(app);
-  std::string text =
-      fmt::format("unknown option '{}' of '{}'; there are {}{}", name,
-                  app.get_name(), quotedList(names), didYouMean(wanted, names));
+  std::string text = fmt::format("unknown option '{}' of '{}'; there are {}{}",
+                                 printable(name), app.get_name(),
+                                 quotedList(names), didYouMean(wanted, names));
   if (singleDash && takesCommands(app))
     text += "; a connect command is one argument: put it in quotes";
   return {ExitStatus::wrongUse, text};
@@ -196,13 +197,14 @@ void CommandLine::expectNothingUnknown(int argc,
       throw Failure(
           ExitStatus::wrongUse,
           fmt::format("'{}' takes no more arguments, but '{}' is left",
-                      where.get_name(), word));
+                      where.get_name(), printable(word)));
     std::vector<std::string> names;
     for (const Subcommand &known : visible())
       names.push_back(known.app->get_name());
     throw Failure(ExitStatus::wrongUse,
-                  fmt::format("unknown subcommand '{}'; there are {}{}", word,
-                              quotedList(names), didYouMean(word, names)));
+                  fmt::format("unknown subcommand '{}'; there are {}{}",
+                              printable(word), quotedList(names),
+                              didYouMean(word, names)));
   }
 }
 
@@ -252,8 +254,8 @@ void CommandLine::expectFlagsAlone(
   for (const std::string &word : words) {
     const std::string name = nameIn(word);
     if (name != word && name.compare(0, 2, "--") == 0 && hasFlag(where, name))
-      throw Failure(ExitStatus::wrongUse,
-                    fmt::format("{} takes no value: '{}'", name, word));
+      throw Failure(ExitStatus::wrongUse, fmt::format("{} takes no value: '{}'",
+                                                      name, printable(word)));
   }
 }
 

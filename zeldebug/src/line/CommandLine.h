@@ -25,6 +25,7 @@ enum class ValueKind {
   connection,
   device,
   processor,
+  instance,
   diagnosticCode,
   languageWord,
   subcommand,

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "output/Failure.h"
+#include "output/Output.h"
 
 namespace zeldebug {
 
@@ -55,7 +56,7 @@ std::uint64_t expectNumber(const std::string &what, std::string_view text,
   throw Failure(
       ExitStatus::wrongUse,
       fmt::format("{}: '{}' is no number from {} to {} (decimal or 0x)", what,
-                  text, shown(range.least, range.hexadecimal),
+                  printable(text), shown(range.least, range.hexadecimal),
                   shown(range.most, range.hexadecimal)));
 }
 
@@ -76,7 +77,7 @@ std::uint32_t expectFrequency(const std::string &what, std::string_view text) {
       fmt::format(
           "{}: '{}' is no whole number (decimal or 0x) with Hz, kHz, MHz "
           "or nothing behind it, up to {} Hz",
-          what, text, mostHertz));
+          what, printable(text), mostHertz));
 }
 
 } // namespace zeldebug

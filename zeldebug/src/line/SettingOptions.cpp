@@ -11,6 +11,7 @@
 #include "line/ChainDevice.h"
 #include "line/CommandLine.h"
 #include "line/Number.h"
+#include "output/Output.h"
 #include "output/SettingText.h"
 #include "output/Suggestion.h"
 
@@ -75,7 +76,7 @@ SettingAction readConnection(const std::string &option,
       words.emplace_back(known.word);
     throw Failure(ExitStatus::wrongUse,
                   fmt::format("{}: '{}' is unknown; accepted are {}{}", option,
-                              text, quotedList(words),
+                              printable(text), quotedList(words),
                               didYouMean(text, words)));
   }
   return [option, kind](SettingTarget &target) {
@@ -84,7 +85,7 @@ SettingAction readConnection(const std::string &option,
       throw Failure(
           ExitStatus::refused,
           fmt::format("{} {}: '{}' does not allow it; it allows {}", option,
-                      kind->word, record.instanceName,
+                      kind->word, printable(record.instanceName),
                       quotedList(allowedKinds(record.connectionMask))));
     if (applyConnectionKind(target.session.engine, *kind) != 0)
       refuse(option, target);
@@ -98,7 +99,7 @@ SettingAction readCable(const std::string &option, const std::string &text) {
     const std::vector<std::string> words = cableKeywords();
     throw Failure(ExitStatus::wrongUse,
                   fmt::format("{}: '{}' is unknown; accepted are {}{}", option,
-                              text, quotedList(words),
+                              printable(text), quotedList(words),
                               didYouMean(text, words)));
   }
   return [type](SettingTarget &target) {
@@ -233,8 +234,8 @@ SettingAction readUnsetAddressMap(const std::string & /*option*/,
 SettingAction readRom(const std::string &option, const std::string &text) {
   const std::size_t colon = text.find(':');
   if (colon == std::string::npos)
-    throw Failure(ExitStatus::wrongUse,
-                  fmt::format("{}: '{}' is no START:SIZE", option, text));
+    throw Failure(ExitStatus::wrongUse, fmt::format("{}: '{}' is no START:SIZE",
+                                                    option, printable(text)));
   const auto start = static_cast<unsigned>(
       expectNumber(option + " START", text.substr(0, colon), any32Bits));
   const auto size = static_cast<unsigned>(

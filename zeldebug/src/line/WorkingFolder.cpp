@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "output/Failure.h"
+#include "output/Output.h"
 
 namespace zeldebug {
 
@@ -22,8 +23,9 @@ void enterWorkingFolder(const std::string &folder) {
   std::error_code error;
   std::filesystem::current_path(folder, error);
   if (error)
-    throw Failure(ExitStatus::unreadable,
-                  fmt::format("-C '{}': {}", folder, error.message()));
+    throw Failure(
+        ExitStatus::unreadable,
+        fmt::format("-C '{}': {}", printable(folder), error.message()));
 }
 
 std::string shownPath(const std::filesystem::path &path) {

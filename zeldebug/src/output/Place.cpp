@@ -1,4 +1,5 @@
 #include "output/Place.h"
+#include "output/Output.h"
 
 #include <system_error>
 
@@ -40,12 +41,12 @@ Place lookAt(const fs::path &path, fs::file_type wanted) {
 }
 
 std::string shownName(const std::string &name) {
-  return name.empty() ? "''" : name;
+  return name.empty() ? "''" : printable(name);
 }
 
 void refuse(const fs::path &path, const std::string &problem) {
   throw Failure(ExitStatus::refused,
-                fmt::format("{}: {}", shownPath(path), problem));
+                fmt::format("{}: {}", printable(shownPath(path)), problem));
 }
 
 } // namespace zeldebug

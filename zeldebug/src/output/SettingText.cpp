@@ -1,4 +1,5 @@
 #include "output/SettingText.h"
+#include "output/Output.h"
 
 #include <fmt/format.h>
 
@@ -32,9 +33,9 @@ const std::string &expectWord(const std::string &what,
                               const std::string &text) {
   const auto problem = whyNoWord(text);
   if (problem)
-    throw Failure(
-        ExitStatus::wrongUse,
-        fmt::format("{}: '{}' is refused: {}", what, text, problem->reason));
+    throw Failure(ExitStatus::wrongUse,
+                  fmt::format("{}: '{}' is refused: {}", what, printable(text),
+                              problem->reason));
   return text;
 }
 

@@ -13,6 +13,7 @@
 #include "ConnectionKind.h"
 #include "Session.h"
 #include "line/CommandLine.h"
+#include "line/Number.h"
 #include "subcommands/CompletionShells.h"
 #include "subcommands/LanguageWords.h"
 #include "subcommands/Subcommands.h"
@@ -137,6 +138,8 @@ std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
     sources.libraryFolders = libraries->second;
   sources.view = line.value("--view");
   sources.kindsFile = line.value("--kinds");
+  if (const auto most = readNumber(line.value("--max-instances")))
+    sources.maxInstances = *most;
   return ReadDesign(sources, *design) ? std::move(design)
                                       : std::make_unique<DesignModel>();
 }
@@ -144,6 +147,14 @@ std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
 std::vector<std::string> processorsOf(const TypedLine &line) {
   const auto design = designOf(line);
   return Session(design.get()).processorNames();
+}
+
+std::vector<std::string> instancesOf(const TypedLine &line) {
+  const auto design = designOf(line);
+  std::vector<std::string> names;
+  for (const ZelDebugDialog::DesignInstance &instance : design->Instances())
+    names.push_back(instance.name);
+  return names;
 }
 
 /// Those that the processor of the line allows; all without a processor.
@@ -196,6 +207,8 @@ std::vector<std::string> valuesOf(const CommandLine &line, ValueKind kind,
     return {"devicenr="};
   case ValueKind::processor:
     return processorsOf(typed);
+  case ValueKind::instance:
+    return instancesOf(typed);
   case ValueKind::diagnosticCode: {
     std::vector<std::string> words;
     for (const ZelDebugDialog::Code &row : ZelDebugDialog::GetCodes())

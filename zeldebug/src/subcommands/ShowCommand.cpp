@@ -15,6 +15,7 @@
 #include "line/DesignOptions.h"
 #include "line/TextOption.h"
 #include "line/WorkingFolder.h"
+#include "output/Output.h"
 #include "output/Place.h"
 #include "output/Table.h"
 #include "subcommands/Subcommands.h"
@@ -132,7 +133,7 @@ ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
   }
   if (saved.file.line == 0)
     output.note(fmt::format("nothing is saved in {}: these are the defaults",
-                            shownPath(saved.path)));
+                            printable(shownPath(saved.path))));
   return ExitStatus::done;
 }
 

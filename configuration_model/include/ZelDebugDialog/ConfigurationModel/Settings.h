@@ -78,7 +78,8 @@ GetSettings();
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const SettingInfo *
 FindSetting(std::string_view id);
 
-/// A value for people: "quorla_podusb", "3 MHz", "0x40000000", "not set".
+/// A value for people: "quorla_podusb", "3 MHz", "0x40000000", "not set". It is
+/// UTF-8: bytes of a text that are none are shown as U+FFFD.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
 ShowValue(const SettingInfo &setting, const Value &value);
 
