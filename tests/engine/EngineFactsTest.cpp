@@ -10,7 +10,6 @@
 #include <utility>
 #include <vector>
 
-#include "ZelDebugDialog/CableCatalogue.h"
 #include "ZelDebugDialog/CommandTables.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
@@ -206,28 +205,4 @@ TEST_F(EngineFacts, NameTheTypesOfADesign) {
       std::set<std::string_view>(stubUartTypes.begin(), stubUartTypes.end()),
       (std::set<std::string_view>{"uart_mini_cedar", "uart_mini_ember"}));
   EXPECT_EQ(longestOptionLine, 1023U);
-}
-
-TEST_F(EngineFacts, ListTheFrequenciesOfACable) {
-  using List = std::vector<std::uint32_t>;
-  const List parallel4{200000, 625000, 2500000, 5000000};
-  const List podusb{750000, 1500000, 3000000, 6000000, 12000000, 24000000};
-  const List tcf{125000,   250000,   500000,   750000,   1000000, 1500000,
-                 2000000,  3000000,  4000000,  5000000,  6000000, 7500000,
-                 10000000, 12000000, 15000000, 24000000, 30000000};
-  const std::vector<std::pair<List, List>> rows{{{}, {}},
-                                                {{}, {}},
-                                                {parallel4, parallel4},
-                                                {podusb, podusb},
-                                                {{200000}, {200000}},
-                                                {{}, {}},
-                                                {{}, {}},
-                                                {{}, tcf},
-                                                {{}, {}}};
-  for (std::uint32_t type = 0; type < rows.size(); ++type) {
-    SCOPED_TRACE(type);
-    const auto cable = static_cast<Engine::CableType>(type);
-    EXPECT_EQ(GetOfferedFrequencies(cable), rows[type].first);
-    EXPECT_EQ(GetAcceptedFrequencies(cable), rows[type].second);
-  }
 }

@@ -278,6 +278,33 @@ TEST(CommandChanges, TellOfADeviceThatIsDropped) {
                 ", 9: chain[0].idcode 0>9, 4: chain[0].irlength 0>4");
 }
 
+/// Each holds the arguments before it, but not without end.
+TEST(CommandChanges, OfVeryManyArgumentsTakeNoMoreThanTheirBound) {
+  std::string command = "connect lc hdu -cable type quorla_plugin modulename m";
+  constexpr std::size_t arguments = 5000;
+  for (std::size_t i = 0; i < arguments; ++i)
+    command += " modulearg argument";
+  const CommandTrace traced = trace(command, AfterFault::stop).trace;
+  std::size_t characters = 0;
+  for (const CommandWord &word : traced.words)
+    for (const FieldChange &change : word.changes)
+      if (change.field == "cable.moduleArgs")
+        characters += std::get<std::string>(change.before).size() +
+                      std::get<std::string>(change.after).size();
+  EXPECT_GT(characters, 1900000U);
+  EXPECT_LT(characters, 2100000U + arguments * 10);
+  const CommandWord &third =
+      traced.words[traced.words.size() - 2 * arguments + 5];
+  EXPECT_TRUE(third.changes.at(0).before == FieldValue("argument;argument"));
+  EXPECT_TRUE(third.changes.at(0).after ==
+              FieldValue("argument;argument;argument"));
+  const FieldChange &last = traced.words.back().changes.at(0);
+  EXPECT_TRUE(last.before == FieldValue(""));
+  EXPECT_TRUE(last.after == FieldValue("argument"));
+  EXPECT_EQ(traced.words.back().fields,
+            std::vector<std::string>{"cable.moduleArgs"});
+}
+
 /// For each setting the changes are steps from what it was to what it is.
 TEST(CommandChanges, LeadFromTheStateBeforeToTheStateAfter) {
   std::vector<std::string> commands = acceptedCommands;

@@ -358,7 +358,8 @@ std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
       add(number);
     break;
   case SettingKind::address:
-    for (const std::int64_t address : {std::int64_t{0}, row.step, unsetAddress})
+    for (const std::int64_t address :
+         {std::int64_t{0}, row.step, std::int64_t{unsetAddress}})
       add(address);
     break;
   case SettingKind::word:

@@ -67,7 +67,9 @@ enum class CommandFaultKind : std::uint8_t {
   loneDash, ///< a word that is "-"; raises std::out_of_range
 };
 
-/// A setting that a word changed.
+/// A setting that a word changed. Module arguments, which are joined, are told
+/// whole up to a million characters in all the changes of a command; behind
+/// that `before` is empty and `after` the argument alone.
 struct FieldChange {
   std::string field; ///< Named as in `CommandWord::fields`.
   FieldValue before; ///< What it was.

@@ -118,13 +118,13 @@ int readModuleArgument(const Argument &argument, CableReading &target) {
   const std::size_t separators = before == 0 ? 0 : 1;
   Recorder *const recorder = argument.cursor.recorder;
   if (recorder != nullptr)
-    recorder->keepValue(&joined);
+    recorder->keepJoined(joined);
   // Room for both at once: a separator never stands alone.
   joined.append(separators + argument.value.size(), argumentSeparator);
   argument.value.copy(joined.data() + before + separators,
                       argument.value.size());
   if (recorder != nullptr)
-    recorder->stored(&joined);
+    recorder->storedJoined(joined, argument.value);
   return code::done;
 }
 

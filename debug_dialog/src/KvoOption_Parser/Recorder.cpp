@@ -35,6 +35,9 @@ struct Places {
   }
 };
 
+/// Far more than modules have.
+constexpr std::size_t mostJoined = 1000000;
+
 bool names(const CommandWord &word, const std::string &field) {
   return std::find(word.fields.begin(), word.fields.end(), field) !=
          word.fields.end();
@@ -66,16 +69,30 @@ std::string Recorder::nameOf(std::uint8_t field) const {
 
 void Recorder::keepValue(const void *field) { before = valueOf(rowOf(field)); }
 
-void Recorder::addChange(std::size_t word, std::uint8_t field) {
+void Recorder::keepJoined(const std::string &text) {
+  joined += text.size();
+  before = joined > mostJoined ? std::string() : text;
+}
+
+void Recorder::storedJoined(const std::string &text,
+                            std::string_view argument) {
+  const std::uint8_t row = rowOf(&text);
+  addChange(lastWord(), row,
+            joined > mostJoined ? std::string(argument) : text);
+  decides(row);
+}
+
+void Recorder::addChange(std::size_t word, std::uint8_t field,
+                         FieldValue after) {
   std::vector<FieldChange> &changes = trace.words[word].changes;
   std::string name = nameOf(field);
   const auto known = std::find_if(
       changes.begin(), changes.end(),
       [&name](const FieldChange &change) { return change.field == name; });
   if (known != changes.end())
-    known->after = valueOf(field);
+    known->after = std::move(after);
   else
-    changes.push_back({std::move(name), std::move(before), valueOf(field)});
+    changes.push_back({std::move(name), std::move(before), std::move(after)});
 }
 
 void Recorder::forget(std::uint8_t field) {
@@ -87,22 +104,26 @@ void Recorder::forget(std::uint8_t field) {
 
 void Recorder::stored(const void *field) {
   const std::uint8_t row = rowOf(field);
-  addChange(lastWord(), row);
-  std::string name = nameOf(row);
+  addChange(lastWord(), row, valueOf(row));
+  decides(row);
+}
+
+void Recorder::decides(std::uint8_t field) {
+  std::string name = nameOf(field);
   if (!names(trace.words.back(), name))
     trace.words.back().fields.push_back(std::move(name));
 }
 
 void Recorder::storedFor(std::size_t word, const void *field) {
   const std::uint8_t row = rowOf(field);
-  addChange(word, row);
+  addChange(word, row, valueOf(row));
   forget(row);
   trace.words[word].fields.push_back(nameOf(row));
 }
 
 void Recorder::replaced(std::size_t word, const void *field) {
   const std::uint8_t row = rowOf(field);
-  addChange(word, row);
+  addChange(word, row, valueOf(row));
   forget(row);
 }
 

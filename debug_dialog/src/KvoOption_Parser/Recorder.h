@@ -52,6 +52,11 @@ public:
   [[gnu::cold]] void keepValue(const void *field);
   /// The last word has changed it.
   [[gnu::cold]] void stored(const void *field);
+  /// The same of the joined arguments of a module, which `argument` has joined.
+  /// So that a command with very many does not take the square of its length,
+  /// past a sum of lengths only the argument is kept.
+  void keepJoined(const std::string &text);
+  void storedJoined(const std::string &text, std::string_view argument);
   /// An earlier word has; what words gave to it is replaced.
   [[gnu::cold]] void storedFor(std::size_t word, const void *field);
   /// The end of a clause has, because of an earlier word; what words gave to it
@@ -109,7 +114,8 @@ private:
 
   std::uint8_t rowOf(const void *field) const;
   FieldValue valueOf(std::uint8_t field) const;
-  void addChange(std::size_t word, std::uint8_t field);
+  void addChange(std::size_t word, std::uint8_t field, FieldValue after);
+  void decides(std::uint8_t field);
   void forget(std::uint8_t field);
   std::string nameOf(std::uint8_t field) const;
 
@@ -118,6 +124,7 @@ private:
   AfterFault afterFault;
   const JtagOption *newDevice = nullptr;
   FieldValue before;          ///< of the field that is about to change
+  std::size_t joined = 0;     ///< sum of the lengths of joined arguments
   std::size_t lostOption = 0; ///< number of words up to it; 0 for none
 };
 

@@ -1,3 +1,5 @@
+#include "proposals/ProposeKindsFrom.h"
+
 #include <utility>
 
 #include "elaboration/ReadDesignFrom.h"

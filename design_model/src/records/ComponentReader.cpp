@@ -45,8 +45,7 @@ public:
     component->identity = readIdentity(root);
     component->interfaces.typeName = component->identity.name;
     component->interfaces.origin = {file, lineOf(root)};
-    component->interfaces.hasCpus = static_cast<bool>(findChild(root, "cpus"));
-    forEachIn(root, "cpus", "cpu", [](const pugi::xml_node &) {});
+    component->interfaces.hasCpus = readCpus(root);
     readInterfaces(root, component->interfaces);
     readChannels(root, component->interfaces);
     readAllParameters(root, component->parameters);
@@ -56,6 +55,15 @@ public:
   }
 
 private:
+  /// That there are any is all that is kept; a condition on one is told, since
+  /// the component would be no processor without it.
+  bool readCpus(const pugi::xml_node &root) {
+    const pugi::xml_node cpus = findChild(root, "cpus");
+    forEachChild(cpus, "cpu",
+                 [this](const pugi::xml_node &cpu) { noteCondition(cpu); });
+    return !cpus.empty();
+  }
+
   void readInterfaces(const pugi::xml_node &root, DesignComponent &component) {
     const MemoryMaps maps(
         root, [this](const pugi::xml_node &part) { noteCondition(part); });
