@@ -4,7 +4,6 @@
 #include <string_view>
 #include <utility>
 
-#include "kinds/BuiltInKinds.h"
 #include "kinds/KindCandidates.h"
 #include "kinds/Words.h"
 

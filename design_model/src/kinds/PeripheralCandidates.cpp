@@ -3,8 +3,8 @@
 #include <unordered_set>
 #include <utility>
 
-#include "kinds/BuiltInKinds.h"
 #include "kinds/KindCandidates.h"
+#include "kinds/KnownTypes.h"
 #include "kinds/Words.h"
 
 namespace ZelDebugDialog {
