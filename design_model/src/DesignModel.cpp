@@ -6,6 +6,7 @@
 #include "graph/DesignContents.h"
 #include "graph/PeripheralWalk.h"
 #include "graph/ResolveComponent.h"
+#include "graph/WiredPorts.h"
 #include "kinds/BuiltInKinds.h"
 #include "messages/Quote.h"
 #include "names/InstanceNames.h"
@@ -107,6 +108,14 @@ bool DesignModel::Attach(InstanceId processor, InstanceId debugModule,
   return false;
 }
 
+void DesignModel::AddMissing(const MissingDocument &document) {
+  contents->missing.add(document);
+}
+
+const std::vector<MissingDocument> &DesignModel::Missing() const {
+  return contents->missing.all();
+}
+
 void DesignModel::Report(DesignDiagnostic diagnostic) {
   contents->diagnostics.add(std::move(diagnostic));
 }
@@ -138,6 +147,18 @@ std::vector<DesignWire> DesignModel::Connections() const {
       wires.push_back(std::move(wire));
   }
   return wires;
+}
+
+std::vector<DesignPort> DesignModel::WiredTo(const DesignPort &port,
+                                             std::size_t most) const {
+  const ConnectionGraph &graph = contents->graph;
+  const Index start = graph.instances[port.instance].firstPort +
+                      static_cast<Index>(port.interface);
+  std::vector<DesignPort> found;
+  for (const Index reached : findWiredPorts(graph, start, most))
+    found.push_back(
+        {graph.ports[reached].instance, graph.ports[reached].interface});
+  return found;
 }
 
 std::vector<std::string> DesignModel::DebugModules() const {

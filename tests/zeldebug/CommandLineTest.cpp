@@ -57,11 +57,13 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
     std::string message;
   } rows[] = {
       {{"lst", "x"},
-       "unknown subcommand 'lst'; there are 'list', 'design', 'show', 'set', "
+       "unknown subcommand 'lst'; there are 'list', 'design', 'kinds', 'show', "
+       "'set', "
        "'command', 'check', 'explain', 'explain-code', 'diff', 'roundtrip', "
        "'cables', 'completion', 'manual'; did you mean 'list'?"},
       {{"frobnicate"},
-       "unknown subcommand 'frobnicate'; there are 'list', 'design', 'show', "
+       "unknown subcommand 'frobnicate'; there are 'list', 'design', 'kinds', "
+       "'show', "
        "'set', 'command', 'check', 'explain', 'explain-code', 'diff', "
        "'roundtrip', 'cables', 'completion', 'manual'"},
       {{"list", "--jsn", "x"},

@@ -220,6 +220,9 @@ Elaboration::componentOf(const Identity &identity) {
       data.role = DesignRole::processor;
   }
   data.identity = toText(identity);
+  if (component.record == nullptr)
+    model.AddMissing(
+        {std::string(toText(DocumentType::component)), data.identity});
   if (const Kind *const kind = kinds.find(identity)) {
     data.role = kind->role;
     data.typeName = kind->typeName;

@@ -25,7 +25,8 @@ public:
               const std::string &view, const ModelLimits &limits,
               DesignModel &target)
       : store(documents), kinds(table),
-        views(documents, view, DesignContents::of(target).diagnostics),
+        views(documents, view, DesignContents::of(target).diagnostics,
+              DesignContents::of(target).missing),
         most(limits), room(limits), model(target),
         diagnostics(DesignContents::of(target).diagnostics) {}
 

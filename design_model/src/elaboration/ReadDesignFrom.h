@@ -3,6 +3,7 @@
 #define ZELDEBUGDIALOG_DESIGNMODEL_READDESIGNFROM_H
 
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "ZelDebugDialog/DesignModel/Kinds.h"
 #include "elaboration/ModelLimits.h"
 #include "xml/DocumentSource.h"
 
@@ -12,6 +13,11 @@ namespace ZelDebugDialog {
 bool readDesignFrom(const DocumentSource &documents,
                     const DesignSources &sources, const ModelLimits &limits,
                     DesignModel &model);
+
+/// `ProposeKinds` for the same.
+bool proposeKindsFrom(const DocumentSource &documents,
+                      const DesignSources &sources, const ModelLimits &limits,
+                      KindProposal &proposal, DesignModel &model);
 
 } // namespace ZelDebugDialog
 

@@ -13,6 +13,7 @@
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "graph/ConnectionGraph.h"
 #include "messages/DiagnosticList.h"
+#include "messages/MissingList.h"
 #include "names/NameIndex.h"
 
 namespace ZelDebugDialog {
@@ -26,6 +27,7 @@ struct DesignContents {
   ConnectionGraph graph;
   std::vector<DesignInstance> instances; ///< Of the graph, by index.
   DiagnosticList diagnostics;
+  MissingList missing;
   NameIndex firstByName;
   /// "parent/name" of the instances whose full name another had before them.
   std::unordered_set<std::string> namesakes;

@@ -10,14 +10,17 @@
 namespace ZelDebugDialog {
 namespace {
 
-constexpr std::array<std::string_view, 21> others = {
-    "uart_mini_cedar",  "uart_mini_ember", "aux_fpu",
-    "aux_fpu_gen5",     "ocm_ctl_amber",   "ocm_ctl_ember",
-    "ocm_ctl_delta",    "ocm_ctl_birch",   "ocm_ctl_cedar",
-    "ocm_iside_ctl",    "ocm_dside_ctl",   "soc_ocram",
-    "multiport_memctl", "sdram_ctl_birch", "sdram_ctl_cedar_mc",
-    "sdram_ctl_cedar",  "emc_ctl_delta",   "emc_ctl_ember_mc",
-    "emc_ctl_cedar_mc", "emc_ctl_cedar",   "emc_ctl_birch",
+constexpr std::array<std::string_view, 2> stubUarts = {"uart_mini_cedar",
+                                                       "uart_mini_ember"};
+constexpr std::array<std::string_view, 2> fpus = {"aux_fpu", "aux_fpu_gen5"};
+/// Besides all that have "ddr" in their names.
+constexpr std::array<std::string_view, 17> memories = {
+    "ocm_ctl_amber",   "ocm_ctl_ember",      "ocm_ctl_delta",
+    "ocm_ctl_birch",   "ocm_ctl_cedar",      "ocm_iside_ctl",
+    "ocm_dside_ctl",   "soc_ocram",          "multiport_memctl",
+    "sdram_ctl_birch", "sdram_ctl_cedar_mc", "sdram_ctl_cedar",
+    "emc_ctl_delta",   "emc_ctl_ember_mc",   "emc_ctl_cedar_mc",
+    "emc_ctl_cedar",   "emc_ctl_birch",
 };
 
 std::string inLowerCase(std::string_view text) {
@@ -28,16 +31,13 @@ std::string inLowerCase(std::string_view text) {
   return lower;
 }
 
+template <typename List> bool has(const List &list, std::string_view name) {
+  return std::find(list.begin(), list.end(), name) != list.end();
+}
+
 bool isKnown(DesignRole role, std::string_view typeName) {
-  const auto has = [](const auto &list, std::string_view name) {
-    return std::find(list.begin(), list.end(), name) != list.end();
-  };
-  if (has(knownTypes(role), typeName))
-    return true;
-  // Memories go by their names in any case, and by "ddr" in them.
-  const std::string lower = inLowerCase(typeName);
-  return role == DesignRole::other &&
-         (lower.find("ddr") != std::string::npos || has(others, lower));
+  return has(knownTypes(role), typeName) ||
+         (role == DesignRole::other && isMemoryType(typeName));
 }
 
 std::string_view wordOf(DesignRole role) {
@@ -56,9 +56,20 @@ std::string_view wordOf(DesignRole role) {
 } // namespace
 
 std::vector<std::string_view> knownTypes(DesignRole role) {
-  if (role == DesignRole::other)
-    return {others.begin(), others.end()};
-  return builtInTypes(role);
+  if (role != DesignRole::other)
+    return builtInTypes(role);
+  std::vector<std::string_view> names(stubUarts.begin(), stubUarts.end());
+  names.insert(names.end(), fpus.begin(), fpus.end());
+  names.insert(names.end(), memories.begin(), memories.end());
+  return names;
+}
+
+bool isStubUart(std::string_view typeName) { return has(stubUarts, typeName); }
+
+/// Memories go by their names in any case.
+bool isMemoryType(std::string_view typeName) {
+  const std::string lower = inLowerCase(typeName);
+  return lower.find("ddr") != std::string::npos || has(memories, lower);
 }
 
 std::string findTypeFault(DesignRole role, std::string_view typeName) {

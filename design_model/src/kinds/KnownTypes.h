@@ -15,6 +15,12 @@ namespace ZelDebugDialog {
 /// ports of debug stubs.
 std::vector<std::string_view> knownTypes(DesignRole role);
 
+/// A serial port that a debug stub can use.
+bool isStubUart(std::string_view typeName);
+
+/// The debugger has a class for memories of this type.
+bool isMemoryType(std::string_view typeName);
+
 /// What is wrong with the type name of a role; empty: the debugger knows it.
 std::string findTypeFault(DesignRole role, std::string_view typeName);
 

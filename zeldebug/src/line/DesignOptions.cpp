@@ -17,6 +17,8 @@ namespace {
 using ZelDebugDialog::DesignDiagnostic;
 using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignSources;
+using ZelDebugDialog::LibrarySearch;
+using ZelDebugDialog::MissingDocument;
 
 using Severity = DesignDiagnostic::Severity;
 
@@ -57,6 +59,36 @@ std::string errorsOf(const DesignModel &design) {
     if (diagnostic.severity == Severity::error)
       text += (text.empty() ? "" : "\n") + shownDiagnostic(diagnostic);
   return text;
+}
+
+constexpr std::size_t mostNamed = 5;
+
+/// "component a:b:c:1, design a:b:d:1 and 3 more"
+std::string shownDocuments(const std::vector<MissingDocument> &documents) {
+  std::vector<std::string> shown;
+  for (const MissingDocument &document : documents)
+    if (shown.size() < mostNamed)
+      shown.push_back(fmt::format("{} {}", document.type, document.identity));
+  std::string text = fmt::format("{}", fmt::join(shown, ", "));
+  if (documents.size() > mostNamed)
+    text += fmt::format(" and {} more", documents.size() - mostNamed);
+  return text;
+}
+
+std::vector<std::string>
+wordsFor(const std::string &subcommand, const DesignSources &sources,
+         const std::vector<std::string> &libraryFolders) {
+  std::vector<std::string> words = {"zeldebug", subcommand, sources.designFile};
+  const auto add = [&words](const char *option, const std::string &value) {
+    words.insert(words.end(), {option, value});
+  };
+  for (const std::string &folder : libraryFolders)
+    add("--library", folder);
+  if (!sources.view.empty())
+    add("--view", sources.view);
+  if (!sources.kindsFile.empty())
+    add("--kinds", sources.kindsFile);
+  return words;
 }
 
 } // namespace
@@ -113,11 +145,92 @@ DesignSources DesignOptions::expectSources() const {
 
 std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
   auto design = std::make_unique<DesignModel>();
-  if (!ReadDesign(expectSources(), *design))
-    throw Failure(ExitStatus::unreadable, errorsOf(*design));
-  for (const DesignDiagnostic &diagnostic : design->Diagnostics())
-    say(diagnostic, output);
+  const bool isRead = ReadDesign(expectSources(), *design);
+  expectRead(isRead, *design, output);
   return design;
+}
+
+std::unique_ptr<DesignModel>
+DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
+                            const Output &output) const {
+  auto design = std::make_unique<DesignModel>();
+  const bool isRead = ProposeKinds(expectSources(), proposal, *design);
+  expectRead(isRead, *design, output);
+  return design;
+}
+
+void DesignOptions::expectRead(bool isRead, const DesignModel &design,
+                               const Output &output) const {
+  if (!isRead) {
+    std::string text = errorsOf(design);
+    if (!design.Missing().empty()) {
+      const MissingAdvice advice = adviseOnMissing(design, "list");
+      text += "\n" + advice.message;
+      if (!advice.command.empty())
+        text += "\n  " + shellLine(advice.command);
+    }
+    throw Failure(ExitStatus::unreadable, text);
+  }
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
+    say(diagnostic, output);
+}
+
+MissingAdvice
+DesignOptions::adviseOnMissing(const DesignModel &design,
+                               const std::string &subcommand) const {
+  const DesignSources sources = expectSources();
+  const LibrarySearch search = FindLibraries(sources, design);
+  MissingAdvice advice;
+  advice.message =
+      fmt::format("Not found: {}.", shownDocuments(design.Missing()));
+  if (!search.folders.empty()) {
+    advice.message += fmt::format(
+        " {} in the libraries of this line:",
+        search.missing.empty()
+            ? std::string("What is missing is")
+            : fmt::format("All but {} is", shownDocuments(search.missing)));
+    advice.command = wordsFor(subcommand, sources, search.folders);
+    return advice;
+  }
+  const std::string where =
+      search.documents == 0
+          ? fmt::format("There are no other documents below {}",
+                        search.outermost)
+          : fmt::format("Nothing of it is in the {} below {}",
+                        counted(search.documents, "document"),
+                        search.outermost);
+  advice.message += fmt::format(
+      " {}{}; '--library DIR' names the folder that holds it.", where,
+      search.isCut ? ", where the search ended at its limit" : "");
+  return advice;
+}
+
+std::vector<std::string>
+DesignOptions::commandLine(const std::string &subcommand) const {
+  const DesignSources sources = expectSources();
+  return wordsFor(subcommand, sources, sources.libraryFolders);
+}
+
+std::string shellLine(const std::vector<std::string> &words) {
+  std::string line;
+  for (const std::string &word : words) {
+    const bool isPlain =
+        !word.empty() &&
+        word.find_first_not_of("abcdefghijklmnopqrstuvwxyz"
+                               "ABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                               "0123456789-_./:=+,%@") == std::string::npos;
+    if (!line.empty())
+      line += ' ';
+    if (isPlain) {
+      line += word;
+      continue;
+    }
+    line += '\'';
+    for (const char c : word)
+      line += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    line += '\'';
+  }
+  return line;
 }
 
 std::string shownDiagnostic(const DesignDiagnostic &diagnostic) {

@@ -47,6 +47,14 @@ struct DesignOrigin {
   int line = 0;          ///< From 1; 0: no line of it.
 };
 
+/// A document that a design refers to and that was not found.
+struct MissingDocument {
+  /// "component", "design" or "designConfiguration"; the form of 2009 does not
+  /// tell the last two apart, and is taken for "design".
+  std::string type = {};
+  std::string identity = {}; ///< "vendor:library:name:version"
+};
+
 /// What a model is read from.
 struct DesignSources {
   /// An IP-XACT design, or the component on top of a hierarchy.
@@ -232,6 +240,9 @@ public:
   bool Attach(InstanceId processor, InstanceId debugModule,
               const DesignOrigin &origin = {});
 
+  /// Adds a document to `Missing`, unless it is there already.
+  void AddMissing(const MissingDocument &document);
+
   /// Adds a remark to `Diagnostics`, unless the same is there already. After
   /// 10,000 one more says that the rest is left out.
   void Report(DesignDiagnostic diagnostic);
@@ -247,6 +258,11 @@ public:
   /// inside an instance before what is around it, where the model was read from
   /// files.
   std::vector<DesignWire> Connections() const;
+  /// The interfaces that one is wired to, up and down the hierarchy but over no
+  /// bridge or channel: those of leaves, and of hierarchies inside which
+  /// nothing is wired to them. At most `most` of them.
+  std::vector<DesignPort> WiredTo(const DesignPort &port,
+                                  std::size_t most = 100) const;
   /// Names of the instances whose role is `debugModule`.
   std::vector<std::string> DebugModules() const;
   /// The names of the views of all components that a read design consists of,
@@ -255,6 +271,8 @@ public:
   std::vector<std::string> Views() const;
   /// In the order in which they were found.
   const std::vector<DesignDiagnostic> &Diagnostics() const;
+  /// What the design refers to and was not found, in the order of reference.
+  const std::vector<MissingDocument> &Missing() const;
 
   // The queries of the engine. All answer in design order unless something
   // else is said. Where two instances have one name, the first is meant.
