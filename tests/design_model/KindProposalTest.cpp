@@ -579,6 +579,18 @@ TEST(KindProposal, WritesRowsWhateverTheNames) {
             "lumacore");
 }
 
+/// A colon parts the first word of a row.
+TEST(KindProposal, WritesNoRowThatIsNone) {
+  const Proposing found({{"x.xml", part("a:b", "", cpus)},
+                         {"top.xml", design("d", instance("x", "a:b"))}});
+  EXPECT_TRUE(found.isRead);
+  EXPECT_THAT(found.rows(), IsEmpty());
+  ASSERT_EQ(found.proposal.candidates.size(), 1u);
+  EXPECT_EQ(found.proposal.candidates[0].verdict, KindVerdict::undecided);
+  EXPECT_EQ(found.proposal.candidates[0].question,
+            "a part of its identity holds a colon: put '?' in its place");
+}
+
 TEST(KindProposal, IsEmptyForADesignThatCannotBeRead) {
   const Proposing none((Files()));
   EXPECT_FALSE(none.isRead);
