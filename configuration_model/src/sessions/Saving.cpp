@@ -137,8 +137,10 @@ void Save::prepare(std::set<fs::path> &taken) {
   outcome.command = isSavedAlready() ? session.loaded.text
                                      : step.analysis.command.value_or("");
   expectNoDraft();
-  if (isSavedAlready() && !session.isChangedOnDisk())
+  if (isSavedAlready() && !session.isChangedOnDisk()) {
+    outcome.unchanged = true;
     return;
+  }
   if (!step.analysis.command) {
     Refusal refusal(
         RefusalKind::noCommand, "",

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "commands/OptionLine.h"
+#include "commands/TracedCommand.h"
 #include "commands/WhyRefused.h"
 #include "losses/Writing.h"
 #include "sessions/Changes.h"
@@ -103,6 +104,7 @@ void SessionImp::noteOrigins(Step &step, const std::string &command,
   step.origins.clear();
   CommandTrace trace;
   desk.traceCommand(command, AfterFault::stop, trace);
+  keepChanges(command, trace);
   for (const CommandWord &word : trace.words)
     for (const std::string &field : word.fields) {
       const std::string place = fmt::format("{}:{}", origin, word.offset + 1);

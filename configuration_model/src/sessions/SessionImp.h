@@ -40,6 +40,7 @@ public:
   bool isDirty() const;
   bool isChangedOnDisk() const;
   SessionState state();
+  CommandSettings loadedSettings();
 
   mutable std::mutex mutex;
   std::shared_ptr<const BoardState> board;
