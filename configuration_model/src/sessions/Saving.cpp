@@ -157,6 +157,8 @@ void Save::prepare(std::set<fs::path> &taken) {
   const bool mayLack = options.dryRun;
   if (!mayLack || lookAt(target.parent_path(), fs::file_type::directory).exists)
     expectReplaceable(target, options.force);
+  if (options.dryRun)
+    expectWritable(target.parent_path(), options.makeFolder);
   expectNoLoss();
   if (!taken.insert(target).second)
     refuseFor(RefusalKind::changedOnDisk,

@@ -1,11 +1,14 @@
 #include "line/CommandLine.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include <fmt/format.h>
 
 #include "Version.h"
 #include "output/Suggestion.h"
+#include "output/Wrap.h"
 
 namespace zeldebug {
 
@@ -65,6 +68,21 @@ bool takesCommands(const CLI::App &app) {
                      });
 }
 
+bool takesValue(const CLI::App &app, const std::string &name) {
+  const std::vector<const CLI::Option *> options = app.get_options();
+  return std::any_of(options.begin(), options.end(),
+                     [&name](const CLI::Option *option) {
+                       return !option->get_positional() &&
+                              option->get_items_expected_max() != 0 &&
+                              option->check_name(name);
+                     });
+}
+
+bool hasOption(const CLI::App &app, const std::string &name) {
+  return name.size() > 1 && name[0] == '-' &&
+         (takesValue(app, name) || hasFlag(app, name));
+}
+
 Failure unknownOption(const CLI::App &app, const std::string &word) {
   const std::string name = nameIn(word);
   const bool singleDash = name.size() > 2 && name[1] != '-';
@@ -75,7 +93,9 @@ Failure unknownOption(const CLI::App &app, const std::string &word) {
                   app.get_name(), quotedList(names), didYouMean(wanted, names));
   if (singleDash && takesCommands(app))
     text += "; a connect command is one argument: put it in quotes";
-  return {ExitStatus::wrongUse, text};
+  return {ExitStatus::wrongUse,
+          text,
+          {"", name, "", names, nearestMatch(wanted, names)}};
 }
 
 /// The words of the line up to a "--", behind which nothing is an option.
@@ -83,6 +103,26 @@ std::vector<std::string> optionWordsOf(int argc, const char *const *argv) {
   std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
   words.erase(std::find(words.begin(), words.end(), "--"), words.end());
   return words;
+}
+
+constexpr std::array<std::pair<const char *, Colour>, 3> colours{{
+    {"auto", Colour::automatic},
+    {"always", Colour::always},
+    {"never", Colour::never},
+}};
+
+Colour expectColour(const std::string &text) {
+  std::vector<std::string> words;
+  for (const auto &[word, choice] : colours) {
+    if (text == word)
+      return choice;
+    words.emplace_back(word);
+  }
+  throw Failure(
+      ExitStatus::wrongUse,
+      fmt::format("--color: '{}' is unknown; accepted are {}{}", text,
+                  quotedList(words), didYouMean(text, words)),
+      {"bad-value", "--color", text, words, nearestMatch(text, words)});
 }
 
 /// Also for a flag with a value, which is refused.
@@ -112,12 +152,46 @@ CommandLine::CommandLine()
         fmt::format("  {}  {}\n", static_cast<int>(text.status), text.text);
   app.footer(ending);
   addCommonOptions(app);
+  addHelp();
+}
+
+/// "help list" is "list --help" to those who expect it so.
+void CommandLine::addHelp() {
+  CLI::App &help = addSubcommand(
+      "help", "Print the help of a subcommand", "zeldebug help list",
+      [this](Output &output) { return printHelp(output); });
+  help.group("");
+  completeWith(help.add_option("SUBCOMMAND", helpWanted,
+                               "the subcommand; without one, of all")
+                   ->type_name(""),
+               ValueKind::subcommand);
+}
+
+std::string CommandLine::helpOf(const Subcommand *subcommand,
+                                const Output &output) const {
+  const std::string text =
+      subcommand == nullptr ? app.help() : subcommand->app->help("zeldebug");
+  return wrappedHelp(text, output.width(), optionColumn);
+}
+
+ExitStatus CommandLine::printHelp(Output &output) const {
+  output.print(helpOf(
+      helpWanted.empty() ? nullptr : &expectSubcommand(helpWanted), output));
+  return ExitStatus::done;
 }
 
 void CommandLine::addCommonOptions(CLI::App &target) {
   target.add_flag(
       "--json", jsonWanted,
       "print one JSON document; everything else goes to standard error");
+  completeWith(target
+                   .add_option("--color", colour,
+                               "colour: always, never, or auto for a terminal "
+                               "that wants it")
+                   ->type_name("WHEN"),
+               ValueKind::colour);
+  target.add_flag("-q,--quiet", isQuiet, "leave out notes");
+  target.add_flag("--strict", isStrict, "make warnings failures");
   completeWith(target
                    .add_option("-C", folder,
                                "working directory, whose folder etc/ holds the "
@@ -181,14 +255,53 @@ void CommandLine::expectNothingUnknown(int argc,
       throw Failure(
           ExitStatus::wrongUse,
           fmt::format("'{}' takes no more arguments, but '{}' is left",
-                      where.get_name(), word));
-    std::vector<std::string> names;
-    for (const Subcommand &known : visible())
-      names.push_back(known.app->get_name());
-    throw Failure(ExitStatus::wrongUse,
-                  fmt::format("unknown subcommand '{}'; there are {}{}", word,
-                              quotedList(names), didYouMean(word, names)));
+                      where.get_name(), word),
+          {"", "", word});
+    expectSubcommand(word);
   }
+}
+
+const CommandLine::Subcommand &
+CommandLine::expectSubcommand(const std::string &name) const {
+  std::vector<std::string> names;
+  for (const Subcommand &known : visible()) {
+    names.push_back(known.app->get_name());
+    if (names.back() == name)
+      return known;
+  }
+  throw Failure(ExitStatus::wrongUse,
+                fmt::format("unknown subcommand '{}'; there are {}{}", name,
+                            quotedList(names), didYouMean(name, names)),
+                {"", "", name, names, nearestMatch(name, names)});
+}
+
+/// An option in the place of a value: the value is what is missing, not what
+/// is left over in the end.
+void CommandLine::expectValues(const std::vector<std::string> &words) const {
+  const Subcommand *subcommand = chosen();
+  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (!takesValue(where, words[i]))
+      continue;
+    const bool isLast = i + 1 == words.size();
+    const std::string next = isLast ? "" : words[i + 1];
+    if (isLast || hasOption(where, nameIn(next)))
+      throw Failure(ExitStatus::wrongUse,
+                    isLast ? fmt::format("{}: a value is missing", words[i])
+                           : fmt::format("{}: a value is missing in front of "
+                                         "'{}'",
+                                         words[i], next),
+                    {"missing-value", words[i]});
+    ++i;
+  }
+}
+
+void CommandLine::applyCommonOptions(Output &output) const {
+  output.useColour(expectColour(colour));
+  if (isQuiet)
+    output.beQuiet();
+  if (isStrict)
+    output.beStrict();
 }
 
 /// CLI11 takes some values of a flag for its presence, or for how often it is
@@ -201,7 +314,8 @@ void CommandLine::expectFlagsAlone(
     const std::string name = nameIn(word);
     if (name != word && name.compare(0, 2, "--") == 0 && hasFlag(where, name))
       throw Failure(ExitStatus::wrongUse,
-                    fmt::format("{} takes no value: '{}'", name, word));
+                    fmt::format("{} takes no value: '{}'", name, word),
+                    {"", name, word.substr(name.size() + 1)});
   }
 }
 
@@ -219,9 +333,7 @@ ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
     app.parse(wordsOf(argc, argv));
   } catch (const CLI::CallForHelp &) {
     nameSubcommand(output);
-    const Subcommand *subcommand = chosen();
-    output.print(subcommand == nullptr ? app.help()
-                                       : subcommand->app->help("zeldebug"));
+    output.print(helpOf(chosen(), output));
     return ExitStatus::done;
   } catch (const CLI::CallForVersion &) {
     output.printLine(app.version());
@@ -229,12 +341,14 @@ ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
   } catch (const CLI::ParseError &problem) {
     nameSubcommand(output);
     expectFlagsAlone(words);
+    expectValues(words);
     expectNothingUnknown(argc, argv);
     throw Failure(ExitStatus::wrongUse, problem.what());
   }
   nameSubcommand(output);
   expectFlagsAlone(words);
   expectNothingUnknown(argc, argv);
+  applyCommonOptions(output);
   return chosen()->run(output);
 }
 

@@ -25,6 +25,9 @@ enum class ValueKind {
   connection,
   device,
   processor,
+  setting,
+  subcommand,
+  colour,
   diagnosticCode,
   shell,
 };
@@ -74,9 +77,15 @@ public:
 
 private:
   void addCommonOptions(CLI::App &target);
+  void addHelp();
+  ExitStatus printHelp(Output &output) const;
+  std::string helpOf(const Subcommand *subcommand, const Output &output) const;
   const Subcommand *chosen() const;
+  const Subcommand &expectSubcommand(const std::string &name) const;
+  void applyCommonOptions(Output &output) const;
   void nameSubcommand(Output &output) const;
   void expectFlagsAlone(const std::vector<std::string> &words) const;
+  void expectValues(const std::vector<std::string> &words) const;
   void expectNothingUnknown(int argc, const char *const *argv) const;
 
   CLI::App app;
@@ -84,6 +93,10 @@ private:
   std::map<const CLI::Option *, ValueKind> kinds;
   std::string folder = ".";
   bool jsonWanted = false;
+  bool isQuiet = false;
+  bool isStrict = false;
+  std::string colour = "auto";
+  std::string helpWanted; ///< the subcommand behind "help"
 };
 
 } // namespace zeldebug

@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 
 #include "line/TextOption.h"
-#include "output/Place.h"
 #include "output/Suggestion.h"
 
 namespace zeldebug {
@@ -34,16 +33,16 @@ std::vector<std::string> modulesOf(DesignModel &design,
   return found;
 }
 
-void say(const DesignDiagnostic &diagnostic, const Output &output) {
-  const std::string text = shownDiagnostic(diagnostic);
-  switch (diagnostic.severity) {
+const char *shownSeverity(Severity severity) {
+  switch (severity) {
   case Severity::error:
-    return output.error(text);
+    return "error";
   case Severity::warning:
-    return output.warn(text);
+    return "warning";
   case Severity::note:
-    return output.note(text);
+    break;
   }
+  return "note";
 }
 
 /// One a line.
@@ -89,28 +88,43 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
 /// What is empty here means to the model that nothing was given.
 DesignSources DesignOptions::expectSources() const {
   if (view && view->empty())
-    throw Failure(ExitStatus::wrongUse, "--view: '' is no name of a view");
+    throw Failure(ExitStatus::wrongUse, "--view: '' is no name of a view",
+                  {"bad-value", "--view", ""});
   if (kindsFile && kindsFile->empty())
-    throw Failure(ExitStatus::unreadable,
-                  fmt::format("{}: {}", shownName(*kindsFile), noSuchFile));
+    throw Failure(
+        ExitStatus::unreadable,
+        fmt::format("{}: {}", shownName(*kindsFile), "there is no such file"),
+        {"", "--kinds", *kindsFile});
   return {designFile.value_or(""), libraryFolders, view.value_or(""),
           kindsFile.value_or("")};
 }
 
-std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
+std::unique_ptr<DesignModel> DesignOptions::read(Output &output) const {
   auto design = std::make_unique<DesignModel>();
-  if (!ReadDesign(expectSources(), *design))
-    throw Failure(ExitStatus::unreadable, errorsOf(*design));
-  for (const DesignDiagnostic &diagnostic : design->Diagnostics())
-    say(diagnostic, output);
+  output.useRemarks();
+  const bool isRead = ReadDesign(expectSources(), *design);
+  const DesignDiagnostic *firstError = nullptr;
+  for (const DesignDiagnostic &diagnostic : design->Diagnostics()) {
+    if (firstError == nullptr && diagnostic.severity == Severity::error)
+      firstError = &diagnostic;
+    // The errors of a design that cannot be read are what the run ends with.
+    if (isRead)
+      output.remark({diagnostic.file, diagnostic.line,
+                     shownSeverity(diagnostic.severity), diagnostic.message});
+  }
+  if (!isRead)
+    throw Failure(
+        ExitStatus::unreadable, errorsOf(*design),
+        firstError == nullptr
+            ? FailureDetails()
+            : FailureDetails{
+                  "", "", "", {}, "", firstError->file, firstError->line});
   return design;
 }
 
 std::string shownDiagnostic(const DesignDiagnostic &diagnostic) {
-  const std::string file = shownName(diagnostic.file);
-  return diagnostic.line > 0 ? fmt::format("{}:{}: {}", file, diagnostic.line,
-                                           diagnostic.message)
-                             : fmt::format("{}: {}", file, diagnostic.message);
+  return shownRemark({diagnostic.file, diagnostic.line,
+                      shownSeverity(diagnostic.severity), diagnostic.message});
 }
 
 std::string whyNotDebuggable(DesignModel &design,

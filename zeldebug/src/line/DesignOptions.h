@@ -22,8 +22,8 @@ public:
 
   /// Reads the design. What its diagnostics say goes to `output`.
   /// @throws Failure: (unreadable) with every error, one a line; (wrong use)
-  ///   for a view without a name.
-  std::unique_ptr<ZelDebugDialog::DesignModel> read(const Output &output) const;
+  ///   for a view without a name; (refused) for warnings that are failures.
+  std::unique_ptr<ZelDebugDialog::DesignModel> read(Output &output) const;
 
 private:
   ZelDebugDialog::DesignSources expectSources() const;

@@ -1,4 +1,5 @@
-// The working directory that -C names.
+// The working directory that -C names, which the program does not enter: only
+// the option files are meant from there.
 #ifndef ZELDEBUG_WORKINGFOLDER_H
 #define ZELDEBUG_WORKINGFOLDER_H
 
@@ -7,11 +8,9 @@
 
 namespace zeldebug {
 
-/// Goes to `folder`. Call it when the other paths of
-/// the line are no longer needed: they are meant from where the program was
-/// started.
-/// @throws Failure (unreadable)
-void enterWorkingFolder(const std::string &folder);
+/// Where option files are in a working directory, as seen from here.
+/// @throws Failure (unreadable) for what is no folder, or may not be entered
+std::string optionFolder(const std::string &workingFolder);
 
 /// A path as seen from where the program was started, if it lies below.
 std::string shownPath(const std::filesystem::path &path);

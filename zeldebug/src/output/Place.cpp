@@ -39,10 +39,6 @@ Place lookAt(const fs::path &path, fs::file_type wanted) {
                                               : mismatch(target, wanted)};
 }
 
-std::string shownName(const std::string &name) {
-  return name.empty() ? "''" : name;
-}
-
 void refuse(const fs::path &path, const std::string &problem) {
   throw Failure(ExitStatus::refused,
                 fmt::format("{}: {}", shownPath(path), problem));

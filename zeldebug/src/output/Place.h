@@ -18,9 +18,6 @@ Place lookAt(const std::filesystem::path &path,
 
 constexpr const char *noSuchFile = "there is no such file";
 
-/// A name of the line as messages have it: an empty one is seen.
-std::string shownName(const std::string &name);
-
 /// @throws Failure (refused): "path: problem"
 [[noreturn]] void refuse(const std::filesystem::path &path,
                          const std::string &problem);

@@ -5,14 +5,16 @@
 #include <optional>
 
 #include <fmt/format.h>
+#include <strings.h>
 
+#include <ZelDebugDialog/ConfigurationModel/Board.h>
+#include <ZelDebugDialog/ConfigurationModel/Codes.h>
+#include <ZelDebugDialog/ConfigurationModel/Language.h>
+#include <ZelDebugDialog/ConfigurationModel/Settings.h>
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
-#include "CableKeyword.h"
-#include "ConnectionKind.h"
-#include "DiagnosticCode.h"
-#include "Session.h"
 #include "line/CommandLine.h"
+#include "line/SettingOptions.h"
 #include "subcommands/CompletionShells.h"
 #include "subcommands/Subcommands.h"
 
@@ -20,8 +22,14 @@ namespace zeldebug {
 
 namespace {
 
+using ZelDebugDialog::Board;
+using ZelDebugDialog::BoardProcessor;
+using ZelDebugDialog::CableInfo;
+using ZelDebugDialog::Choice;
 using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignSources;
+using ZelDebugDialog::FindSetting;
+using ZelDebugDialog::SettingInfo;
 
 constexpr const char *filesWanted = ":files";
 constexpr const char *foldersWanted = ":folders";
@@ -141,32 +149,52 @@ std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
 
 std::vector<std::string> processorsOf(const TypedLine &line) {
   const auto design = designOf(line);
-  return Session(design.get()).processorNames();
+  std::vector<std::string> names;
+  for (const BoardProcessor &processor : Board(*design, "etc").Processors())
+    names.push_back(processor.name);
+  return names;
 }
 
 /// Those that the processor of the line allows; all without a processor.
 std::vector<std::string> connectionsOf(const TypedLine &line) {
   const auto design = designOf(line);
-  const Session session(design.get());
   if (line.arguments.size() > 1)
-    for (const ZelDebugDialog::ProcessorInfoImp *record :
-         session.state->processorList)
-      if (record->instanceName == line.arguments[1])
-        return allowedKinds(record->connectionMask);
+    for (const BoardProcessor &processor : Board(*design, "etc").Processors())
+      if (processor.name == line.arguments[1])
+        return processor.connections;
   std::vector<std::string> words;
-  for (const ConnectionKind &known : connectionKinds())
-    words.emplace_back(known.word);
+  for (const Choice &known : FindSetting("connection")->choices)
+    words.push_back(known.text);
   return words;
 }
 
+bool sameKeyword(const std::string &a, const std::string &b) {
+  return strcasecmp(a.c_str(), b.c_str()) == 0;
+}
+
+/// Those of the cable of the line; all without a cable.
 std::vector<std::string> frequenciesOf(const TypedLine &line) {
-  std::vector<std::string> words;
-  const auto type = findCableType(line.value("--cable"));
-  for (const ZelDebugDialog::CommandCable &cable : cables())
-    if (!type || cable.type == *type)
-      for (const std::uint32_t frequency : cable.acceptedFrequencies)
-        words.push_back(fmt::format("{}", frequency));
-  return words;
+  std::vector<std::string> all;
+  for (const CableInfo &cable : ZelDebugDialog::GetCables()) {
+    std::vector<std::string> words;
+    for (const std::uint32_t frequency : cable.acceptedFrequencies)
+      words.push_back(fmt::format("{}", frequency));
+    for (const std::string &keyword : cable.keywords)
+      if (sameKeyword(keyword, line.value("--cable")))
+        return words;
+    all.insert(all.end(), words.begin(), words.end());
+  }
+  return sameKeyword(line.value("--cable"), offeredCables().back())
+             ? std::vector<std::string>()
+             : all;
+}
+
+std::vector<std::string> settableNames() {
+  std::vector<std::string> names;
+  for (const SettingInfo &setting : ZelDebugDialog::GetSettings())
+    if (setting.settable && setting.id.compare(0, 6, "chain[") != 0)
+      names.push_back(setting.id);
+  return names;
 }
 
 std::vector<std::string> valuesOf(ValueKind kind, const TypedLine &line) {
@@ -176,7 +204,7 @@ std::vector<std::string> valuesOf(ValueKind kind, const TypedLine &line) {
   case ValueKind::folder:
     return {foldersWanted};
   case ValueKind::cable:
-    return cableKeywords();
+    return offeredCables();
   case ValueKind::frequency:
     return frequenciesOf(line);
   case ValueKind::connection:
@@ -187,12 +215,17 @@ std::vector<std::string> valuesOf(ValueKind kind, const TypedLine &line) {
     return processorsOf(line);
   case ValueKind::diagnosticCode: {
     std::vector<std::string> words;
-    for (const DiagnosticCode &row : diagnosticCodes())
-      words.emplace_back(row.code);
+    for (const ZelDebugDialog::Code &row : ZelDebugDialog::GetCodes())
+      words.push_back(row.code);
     return words;
   }
   case ValueKind::shell:
     return completionShells();
+  case ValueKind::setting:
+    return settableNames();
+  case ValueKind::colour:
+    return {"auto", "always", "never"};
+  case ValueKind::subcommand:
   case ValueKind::text:
     break;
   }
@@ -210,22 +243,27 @@ std::vector<std::string> optionsOf(const CLI::App &app) {
   return words;
 }
 
+std::vector<std::string> namesOf(const CommandLine &line) {
+  std::vector<std::string> names;
+  for (const CommandLine::Subcommand &subcommand : line.visible())
+    names.push_back(subcommand.app->get_name());
+  return names;
+}
+
 std::vector<std::string> candidatesOf(const CommandLine &line,
                                       const TypedLine &read) {
   if (read.valueOf != nullptr)
     return valuesOf(line.kindOf(read.valueOf), read);
   if (!read.last.empty() && read.last[0] == '-')
     return optionsOf(*read.app);
-  if (read.app == &line.application()) {
-    std::vector<std::string> names;
-    for (const CommandLine::Subcommand &subcommand : line.visible())
-      names.push_back(subcommand.app->get_name());
-    return names;
-  }
+  if (read.app == &line.application())
+    return namesOf(line);
   std::size_t position = 0;
   for (const CLI::Option *option : read.app->get_options())
     if (option->get_positional() && position++ == read.arguments.size())
-      return valuesOf(line.kindOf(option), read);
+      return line.kindOf(option) == ValueKind::subcommand
+                 ? namesOf(line)
+                 : valuesOf(line.kindOf(option), read);
   return {};
 }
 

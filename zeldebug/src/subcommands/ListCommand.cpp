@@ -1,11 +1,10 @@
 // list: the processors of a design that can be debugged, and why others cannot.
-#include <algorithm>
 #include <memory>
 
 #include <fmt/format.h>
 
-#include "ConnectionKind.h"
-#include "Session.h"
+#include <ZelDebugDialog/ConfigurationModel/Board.h>
+
 #include "line/DesignOptions.h"
 #include "output/Table.h"
 #include "subcommands/Subcommands.h"
@@ -14,86 +13,61 @@ namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::DesignModel;
-using ZelDebugDialog::ProcessorInfoImp;
+using ZelDebugDialog::Board;
+using ZelDebugDialog::BoardProcessor;
+using ZelDebugDialog::UndebuggableProcessor;
 
-const char *shownFpu(std::uint32_t fpuType) {
-  return fpuType == 0 ? "-" : fpuType == 1 ? "sp" : "dp";
+Json toJson(const BoardProcessor &processor) {
+  return {{"instanceName", processor.name},
+          {"type", processor.type},
+          {"procFamily", processor.family},
+          {"procType", processor.procType},
+          {"connectionMask", processor.mask},
+          {"cpuNr", processor.number},
+          {"fpuType", processor.fpu},
+          {"connections", processor.connections}};
 }
 
-Json processorJson(const ProcessorInfoImp &record) {
-  return {{"instanceName", record.instanceName},
-          {"procFamily", record.procFamily},
-          {"procType", record.procType},
-          {"connectionMask", record.connectionMask},
-          {"cpuNr", record.cpuNr},
-          {"fpuType", record.fpuType},
-          {"connections", allowedKinds(record.connectionMask)}};
+Json toJson(const UndebuggableProcessor &processor) {
+  return {{"instanceName", processor.name},
+          {"type", processor.type},
+          {"reason", processor.reason}};
 }
 
-struct Undebuggable {
-  std::string name;
-  std::string type;
-  std::string reason;
-};
-
-std::vector<Undebuggable> undebuggableOf(DesignModel &design,
-                                         const std::vector<std::string> &names,
-                                         const Session &session) {
-  const std::vector<std::string> debuggable = session.processorNames();
-  std::vector<Undebuggable> found;
-  for (const std::string &name : names)
-    if (std::find(debuggable.begin(), debuggable.end(), name) ==
-        debuggable.end())
-      found.push_back(
-          {name, design.getIpName(name), whyNotDebuggable(design, name)});
-  return found;
+Json documentOf(const Board &board) {
+  Json members{{"names", board.Names()},
+               {"processors", Json::array()},
+               {"undebuggable", Json::array()}};
+  for (const BoardProcessor &processor : board.Processors())
+    members["processors"].push_back(toJson(processor));
+  for (const UndebuggableProcessor &processor : board.Undebuggable())
+    members["undebuggable"].push_back(toJson(processor));
+  return members;
 }
 
-void printTables(Output &output, DesignModel &design, const Session &session,
-                 const std::vector<Undebuggable> &others) {
+void printTables(const Board &board, Output &output) {
   Table table({"PROCESSOR", "TYPE", "NUMBER", "FPU", "CONNECTIONS"});
-  for (const ProcessorInfoImp *record : session.state->processorList)
-    table.addRow(
-        {record->instanceName, design.getIpName(record->instanceName),
-         fmt::format("{}", record->cpuNr), shownFpu(record->fpuType),
-         fmt::format("{}",
-                     fmt::join(allowedKinds(record->connectionMask), " "))});
+  for (const BoardProcessor &processor : board.Processors())
+    table.addRow({processor.name, processor.type,
+                  fmt::format("{}", processor.number), processor.fpuText,
+                  fmt::format("{}", fmt::join(processor.connections, " "))});
   if (table.empty())
     output.printLine("No processor of this design can be debugged.");
   else
     table.print(output);
-  for (const Undebuggable &other : others)
-    output.printLine(fmt::format("\n'{}' ({}) cannot be debugged: {}.",
-                                 printable(other.name), printable(other.type),
-                                 printable(other.reason)));
+  for (const UndebuggableProcessor &other : board.Undebuggable())
+    output.printSentence(fmt::format(
+        "\n'{}' ({}) cannot be debugged: {}.", printable(other.name),
+        printable(other.type), printable(other.reason)));
 }
 
 ExitStatus run(const DesignOptions &options, Output &output) {
-  const std::unique_ptr<DesignModel> design = options.read(output);
-  std::vector<std::string> names;
-  design->getProcessorInstances(names, false);
-  Session session(design.get());
-  for (ProcessorInfoImp *record : session.state->processorList) {
-    session.state->currentProcessor = record;
-    session.state->GetFPUType();
-  }
-  const std::vector<Undebuggable> others =
-      undebuggableOf(*design, names, session);
-  if (!output.json()) {
-    printTables(output, *design, session, others);
-    return ExitStatus::done;
-  }
-  Json members{{"names", names},
-               {"processors", Json::array()},
-               {"undebuggable", Json::array()}};
-  for (const ProcessorInfoImp *record : session.state->processorList)
-    members["processors"].push_back(processorJson(*record));
-  for (const Undebuggable &other : others)
-    members["undebuggable"].push_back({{"instanceName", other.name},
-                                       {"type", other.type},
-                                       {"reason", other.reason}});
-  output.document(members);
+  const auto design = options.read(output);
+  const Board board(*design, "etc");
+  if (output.json())
+    output.document(documentOf(board));
+  else
+    printTables(board, output);
   return ExitStatus::done;
 }
 
