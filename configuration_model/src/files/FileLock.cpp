@@ -13,7 +13,6 @@
 
 #include <fmt/format.h>
 
-#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "text/Printable.h"
 
 namespace ZelDebugDialog::model {
@@ -61,9 +60,7 @@ FileLock::FileLock(const fs::path &file) : path(besideFile(file, ".lock")) {
     descriptor =
         open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0666);
     if (descriptor < 0)
-      refuseFile(file.parent_path(),
-                 fmt::format("cannot write there: {}",
-                             std::generic_category().message(errno)));
+      refuseToWriteIn(file.parent_path(), errno);
     const int problem = waitForLock(descriptor, end);
     if (problem == 0 && isStillThere(descriptor, path))
       return;
@@ -88,10 +85,24 @@ fs::path besideFile(const fs::path &file, const char *ending) {
   return file.parent_path() / ("." + name + ending);
 }
 
-void refuseFile(const fs::path &file, const std::string &problem) {
-  Refusal refusal(RefusalKind::fileSystem, printable(file.string()), problem);
+void refuseKind(RefusalKind kind, const fs::path &file,
+                const std::string &problem) {
+  Refusal refusal(kind, printable(file.string()), problem);
   refusal.file = file.string();
   throw refusal;
+}
+
+void refuseFile(const fs::path &file, const std::string &problem) {
+  refuseKind(RefusalKind::fileSystem, file, problem);
+}
+
+void refuseToWriteIn(const fs::path &folder, int problem) {
+  if (problem == ENOENT)
+    refuseKind(RefusalKind::noFolder, folder, "there is no such folder");
+  if (problem == ENOTDIR)
+    refuseKind(RefusalKind::noFolder, folder, "is a file, no folder");
+  refuseFile(folder, fmt::format("cannot write there: {}",
+                                 std::generic_category().message(problem)));
 }
 
 } // namespace ZelDebugDialog::model

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
+
+#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 
 namespace ZelDebugDialog::model {
 
@@ -26,8 +29,15 @@ private:
 std::filesystem::path besideFile(const std::filesystem::path &file,
                                  const char *ending);
 
-/// @throws Refusal for what the file system said of a file.
+/// @throws Refusal about a file
+[[noreturn]] void refuseKind(RefusalKind kind,
+                             const std::filesystem::path &file,
+                             const std::string &problem);
+/// @throws Refusal (fileSystem) for what the file system said of a file
 [[noreturn]] void refuseFile(const std::filesystem::path &file,
                              const std::string &problem);
+/// @throws Refusal (noFolder, fileSystem) for an error number of making a file
+[[noreturn]] void refuseToWriteIn(const std::filesystem::path &folder,
+                                  int problem);
 
 } // namespace ZelDebugDialog::model

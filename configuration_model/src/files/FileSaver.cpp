@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <system_error>
 #include <utility>
 
@@ -10,25 +11,14 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <fmt/format.h>
-
-#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "files/FileLock.h"
 #include "files/Place.h"
-#include "text/Printable.h"
 
 namespace ZelDebugDialog::model {
 
 namespace fs = std::filesystem;
 
 namespace {
-
-[[noreturn]] void refuseKind(RefusalKind kind, const fs::path &file,
-                             const std::string &problem) {
-  Refusal refusal(kind, printable(file.string()), problem);
-  refusal.file = file.string();
-  throw refusal;
-}
 
 /// Without writing anything: a user who may write everything is told all the
 /// same that the file is not meant to be written.
@@ -51,9 +41,7 @@ ScratchFile::ScratchFile(fs::path target)
       open(scratch.c_str(),
            O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
   if (made < 0)
-    refuseFile(place.parent_path(),
-               fmt::format("cannot write there: {}",
-                           std::generic_category().message(errno)));
+    refuseToWriteIn(place.parent_path(), errno);
   close(made);
 }
 
@@ -113,18 +101,25 @@ void expectWritable(const fs::path &folder, bool mayMake) {
 }
 
 void flushFiles(const std::vector<const ScratchFile *> &files) {
-  if (files.empty())
-    return;
-  const fs::path &one = files.front()->path();
-  const int descriptor = open(one.c_str(), O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0)
-    refuseFile(one, std::generic_category().message(errno));
-  // Several files lie in one file system: one call for all of them.
-  const int result = files.size() == 1 ? fsync(descriptor) : syncfs(descriptor);
-  const int problem = result == 0 ? 0 : errno;
-  close(descriptor);
-  if (problem != 0)
-    refuseFile(one, std::generic_category().message(problem));
+  std::map<dev_t, std::vector<const ScratchFile *>> byFileSystem;
+  for (const ScratchFile *const file : files) {
+    struct stat status = {};
+    if (lstat(file->path().c_str(), &status) != 0)
+      refuseFile(file->path(), std::generic_category().message(errno));
+    byFileSystem[status.st_dev].push_back(file);
+  }
+  for (const auto &[device, together] : byFileSystem) {
+    const fs::path &one = together.front()->path();
+    const int descriptor = open(one.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descriptor < 0)
+      refuseFile(one, std::generic_category().message(errno));
+    const int result =
+        together.size() == 1 ? fsync(descriptor) : syncfs(descriptor);
+    const int problem = result == 0 ? 0 : errno;
+    close(descriptor);
+    if (problem != 0)
+      refuseFile(one, std::generic_category().message(problem));
+  }
 }
 
 } // namespace ZelDebugDialog::model

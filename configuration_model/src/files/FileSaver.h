@@ -37,9 +37,8 @@ private:
   bool isMoved = false;
 };
 
-/// @throws Refusal (noFolder, noRegularFile, readOnly unless `force`) for what
-/// no
-///   file can take the place of, or may not
+/// @throws Refusal (noFolder, noRegularFile, readOnly unless `force`) where no
+///   file can take the place, or may not
 void expectReplaceable(const std::filesystem::path &target, bool force);
 
 /// A folder that files are to be written into, or that is to be made.
@@ -47,7 +46,7 @@ void expectReplaceable(const std::filesystem::path &target, bool force);
 void expectWritable(const std::filesystem::path &folder, bool mayMake);
 
 /// Asks the file system to keep what was written before names are moved: once
-/// for all files. @throws Refusal (fileSystem)
+/// for all files of one file system. @throws Refusal (fileSystem)
 void flushFiles(const std::vector<const ScratchFile *> &files);
 
 } // namespace ZelDebugDialog::model

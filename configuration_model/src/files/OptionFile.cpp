@@ -1,9 +1,13 @@
 #include "files/OptionFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
-#include <fstream>
 #include <system_error>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "commands/OptionLine.h"
 #include "files/Place.h"
@@ -29,6 +33,22 @@ void findCommand(OptionFile &file) {
   }
 }
 
+/// Up to the end, or as many as are looked at.
+void readBytes(int descriptor, OptionFile &file) {
+  std::array<char, 4096> buffer{};
+  while (file.bytes.size() < mostBytes) {
+    const ssize_t count = read(descriptor, buffer.data(), buffer.size());
+    if (count < 0 && errno == EINTR)
+      continue;
+    if (count < 0)
+      file.problem = std::generic_category().message(errno);
+    if (count <= 0)
+      return;
+    file.bytes.append(buffer.data(), static_cast<std::size_t>(count));
+  }
+  file.bytes.resize(mostBytes);
+}
+
 } // namespace
 
 bool OptionFile::isCut() const { return text.size() > optionLineLimit; }
@@ -47,19 +67,19 @@ OptionFile readOptionFile(const fs::path &file) {
   found.problem = std::move(place.problem);
   if (!found.exists || !found.problem.empty())
     return found;
-  std::ifstream stream(file, std::ios::binary);
-  if (!stream) {
+  // Whatever has come there since: opening must not wait for anybody.
+  const int descriptor =
+      open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+  if (descriptor < 0) {
     found.problem = std::generic_category().message(errno);
     return found;
   }
-  std::error_code unknownSize;
-  const std::uintmax_t size = fs::file_size(file, unknownSize);
-  found.bytes.resize(unknownSize ? mostBytes
-                                 : static_cast<std::size_t>(std::min(
-                                       size, std::uintmax_t{mostBytes})));
-  stream.read(found.bytes.data(),
-              static_cast<std::streamsize>(found.bytes.size()));
-  found.bytes.resize(static_cast<std::size_t>(stream.gcount()));
+  struct stat status = {};
+  if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+    found.problem = "is no regular file";
+  else
+    readBytes(descriptor, found);
+  close(descriptor);
   findCommand(found);
   return found;
 }

@@ -18,27 +18,26 @@ constexpr const char *wholeCommand = "connectCommand";
 constexpr const char *connection = "connection";
 constexpr const char *chain = "chain";
 
-bool isOneOf(const std::string &field, const char *const *first,
-             const char *const *last) {
-  return std::find(first, last, field) != last;
+bool isPartOfChain(const Omission &omission) {
+  return omission.field.compare(0, 5, chain) == 0;
 }
 
-/// Whether a field of the records belongs to what a setting stands for.
-bool belongsTo(const std::string &field, const SettingRow &row) {
-  constexpr const char *parts[] = {"connectionType", "stubType"};
-  if (row.info.id == connection)
-    return isOneOf(field, std::begin(parts), std::end(parts));
-  if (row.info.id == chain)
-    return field.compare(0, 5, chain) == 0;
-  return field == row.info.id;
+bool isPartOfConnection(const Omission &omission) {
+  return omission.field == "connectionType" || omission.field == "stubType";
 }
 
 const Omission *findFor(const std::vector<Omission> &omissions,
                         const SettingRow &row) {
-  for (const Omission &omission : omissions)
-    if (belongsTo(omission.field, row))
-      return &omission;
-  return nullptr;
+  const auto isIt = [&row](const Omission &omission) {
+    return omission.field == row.info.id;
+  };
+  const auto found =
+      row.get == nullptr
+          ? std::find_if(omissions.begin(), omissions.end(), isIt)
+          : std::find_if(omissions.begin(), omissions.end(),
+                         row.info.id == chain ? isPartOfChain
+                                              : isPartOfConnection);
+  return found == omissions.end() ? nullptr : &*found;
 }
 
 /// Of the chain, only a device's field that is not as it was is worth naming.
@@ -48,9 +47,8 @@ const Omission *findFor(const std::vector<Omission> &omissions,
   if (row.info.id != chain)
     return findFor(omissions, row);
   for (const Omission &omission : omissions)
-    if (belongsTo(omission.field, row) &&
-        fieldNamed(wanted, omission.field) !=
-            fieldNamed(readBack, omission.field))
+    if (isPartOfChain(omission) && fieldNamed(wanted, omission.field) !=
+                                       fieldNamed(readBack, omission.field))
       return &omission;
   return nullptr;
 }
@@ -76,14 +74,27 @@ void explain(RawLoss &loss, const Omission &omission, const Snapshot &wanted) {
     loss.displacedBy = connection;
 }
 
+constexpr const char *linesInFile = "lines-in-file";
+
 /// A text that an option file's line ends in.
 std::optional<NoWord> problemInFile(const Value &value) {
   if (!value.IsText() || value.Text().empty())
     return std::nullopt;
   const auto problem = whyNoOpaqueWord(value.Text(), WordPlace::optionFile);
   const bool isOfFile =
-      problem && !whyNoOpaqueWord(value.Text(), WordPlace::command);
+      problem && std::string_view(problem->code) == linesInFile;
   return isOfFile ? problem : std::nullopt;
+}
+
+/// What else is lost where a line ends too early.
+NoWord whyReadDifferently(const std::string &command) {
+  if (command.size() > optionLineLimit)
+    return {"it stands behind what is read of the line", "long-file"};
+  if (lineOfFile(command).size() < command.size())
+    return {"it stands behind a line break or a null byte, and the line of an "
+            "option file ends there",
+            linesInFile};
+  return {"it is read back differently", "read-differently"};
 }
 
 RawLoss cutLoss(const std::string &command) {
@@ -101,7 +112,7 @@ RawLoss cutLoss(const std::string &command) {
 RawLoss refusalLoss(const Snapshot &wanted, const std::string &command,
                     const CommandWriting &writing, const std::string &refusal) {
   for (const Omission &omission : writing.unreadable) {
-    const bool isOfChain = omission.field.compare(0, 5, chain) == 0;
+    const bool isOfChain = isPartOfChain(omission);
     const bool isOfConnection = omission.field == "connectionType";
     const SettingRow *const row = findRow(isOfChain        ? chain
                                           : isOfConnection ? connection
@@ -186,9 +197,9 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
       loss.reason = inFile->reason;
       loss.code = inFile->code;
     } else {
-      loss.reason = isCut ? "it stands behind what is read of the line"
-                          : "it is read back differently";
-      loss.code = isCut ? "long-file" : "read-differently";
+      const NoWord why = whyReadDifferently(command);
+      loss.reason = why.reason;
+      loss.code = why.code;
     }
     losses.push_back(std::move(loss));
   }

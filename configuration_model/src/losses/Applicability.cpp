@@ -1,5 +1,8 @@
 #include "losses/Applicability.h"
 
+#include <algorithm>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include <fmt/format.h>
@@ -18,11 +21,23 @@ public:
   Trial(Desk &usedDesk, const Snapshot &defaultValues, const SettingRow &tried)
       : desk(usedDesk), defaults(defaultValues), row(tried) {}
 
+  /// Under the values that `base` has, whose outcome is known.
+  bool makesDifferenceTo(const Snapshot &base,
+                         const std::optional<std::string> &outcome) {
+    const std::vector<Value> samples = samplesOf(row, base);
+    return std::any_of(samples.begin() + 1, samples.end(),
+                       [&](const Value &value) {
+                         Snapshot changed = base;
+                         storeIn(changed, row, value);
+                         return composeCommand(desk, changed) != outcome;
+                       });
+  }
+
   /// Under the values that `base` has, and then under others of the settings
   /// from `together` on.
   bool makesDifference(const Snapshot &base, std::size_t together = 0) {
     if (together == row.info.together.size())
-      return makesDifferenceIn(base);
+      return makesDifferenceTo(base, composeCommand(desk, base));
     const SettingRow &other = *findRow(row.info.together[together]);
     for (const Value &value : samplesOf(other, base)) {
       Snapshot changed = base;
@@ -39,39 +54,72 @@ private:
     return sampleValues(sampled, base, defaults);
   }
 
-  bool makesDifferenceIn(const Snapshot &base) {
-    const Value present = valueIn(base, row);
-    const auto outcome = composeCommand(desk, base);
-    for (const Value &value : samplesOf(row, base)) {
-      if (value == present)
-        continue;
-      Snapshot changed = base;
-      storeIn(changed, row, value);
-      if (composeCommand(desk, changed) != outcome)
-        return true;
-    }
-    return false;
-  }
-
   Desk &desk;
   const Snapshot &defaults;
   const SettingRow &row;
 };
 
-std::string whyNot(const SettingRow &row, const Analysis &analysis) {
+/// Whether the writers leave a setting out without looking at it, nor at those
+/// that are together with it: what they look at is another one.
+bool isOutOfSight(const SettingRow &row, const Analysis &analysis) {
+  if (!analysis.command || row.get != nullptr)
+    return false; // several fields in one: some of them may be looked at
+  const Omission *const omission = analysis.findOmission(row);
+  if (omission == nullptr)
+    return false;
+  switch (omission->reason) {
+  case OmissionReason::noWriter:
+  case OmissionReason::otherConnection:
+  case OmissionReason::otherCable:
+  case OmissionReason::serialNumber:
+  case OmissionReason::simulatorFile:
+  case OmissionReason::powerPcOnly:
+  case OmissionReason::ppc405Only:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool canMakeDifference(Desk &desk, const Snapshot &snapshot,
+                       const Snapshot &defaults, const SettingRow &row,
+                       const Analysis &analysis) {
+  if (!row.info.settable || row.isOfDevice() || isOutOfSight(row, analysis))
+    return false;
+  Trial trial(desk, defaults, row);
+  return trial.makesDifferenceTo(snapshot, analysis.command) ||
+         (!row.info.together.empty() && trial.makesDifference(snapshot));
+}
+
+/// Whether the processor allows nothing but what is chosen.
+bool hasNoOtherChoice(const SettingRow &row, const Snapshot &snapshot,
+                      const Snapshot &defaults) {
+  const Value present = valueIn(snapshot, row);
+  return !row.info.choices.empty() &&
+         std::all_of(
+             row.info.choices.begin(), row.info.choices.end(),
+             [&](const Choice &choice) {
+               return choice.value == present ||
+                      !whyNotAllowed(row, choice, defaults.record).empty();
+             });
+}
+
+std::string whyNot(const SettingRow &row, const Snapshot &snapshot,
+                   const Snapshot &defaults, const Analysis &analysis) {
   if (row.isIdentity)
     return "it says which processor this is";
   if (!row.info.settable)
     return "it follows from other settings";
   if (!analysis.command)
     return fmt::format("no command can be written: {}", analysis.error);
+  if (hasNoOtherChoice(row, snapshot, defaults))
+    return "the processor leaves no other choice";
   if (const Omission *const omission = analysis.findOmission(row)) {
     const Reason &reason = reasonRow(omission->reason);
     return reason.whyNotApplicable == nullptr ? reason.text
                                               : reason.whyNotApplicable;
   }
-  return row.info.choices.empty() ? "what is written does not depend on it"
-                                  : "the processor leaves no other choice";
+  return "what is written does not depend on it";
 }
 
 } // namespace
@@ -80,9 +128,9 @@ Applicability findApplicability(Desk &desk, const Snapshot &snapshot,
                                 const Snapshot &defaults, const SettingRow &row,
                                 const Analysis &analysis) {
   const bool isApplicable =
-      row.info.settable && !row.isOfDevice() &&
-      Trial(desk, defaults, row).makesDifference(snapshot);
-  return {isApplicable, isApplicable ? "" : whyNot(row, analysis)};
+      canMakeDifference(desk, snapshot, defaults, row, analysis);
+  return {isApplicable,
+          isApplicable ? "" : whyNot(row, snapshot, defaults, analysis)};
 }
 
 } // namespace ZelDebugDialog::model

@@ -1,6 +1,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Board.h"
 
 #include <algorithm>
+#include <system_error>
 #include <unordered_set>
 
 #include <fmt/format.h>
@@ -9,6 +10,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "commands/Discovery.h"
 #include "commands/EngineLock.h"
+#include "files/FileLock.h"
 #include "files/OptionFile.h"
 #include "sessions/BoardState.h"
 #include "settings/ConnectionKinds.h"
@@ -132,7 +134,10 @@ Board::Board(HHSMHwManager &design, const std::string &folder) {
   const auto made = std::make_shared<BoardState>();
   made->design = &design;
   made->folder = folder;
-  made->absolute = fs::absolute(folder);
+  std::error_code error;
+  made->absolute = fs::absolute(folder.empty() ? "." : folder, error);
+  if (error)
+    model::refuseFile(folder, error.message());
   const auto lock = model::lockEngine();
   design.getProcessorInstances(made->names, false);
   for (const ProcessorInfoImp &record : discovered.debuggable)

@@ -31,6 +31,15 @@ bool comesFirst(const SettingRow &row) { return !row.effect.empty(); }
   throw refusal;
 }
 
+/// Who took its value away: another one, or the same that is asked for twice.
+const SettingRow &causeOf(const std::vector<Asked> &list,
+                          const SettingRow &row) {
+  for (const Asked &other : list)
+    if (other.row != &row && other.row->brings(row))
+      return *other.row;
+  return row;
+}
+
 std::vector<Asked> listOf(const SettingValues &values,
                           const std::vector<std::string> &reset) {
   std::vector<Asked> list;
@@ -39,14 +48,8 @@ std::vector<Asked> listOf(const SettingValues &values,
       return asked.row == &row;
     });
   };
-  for (const auto &[id, value] : values) {
-    const SettingRow &row = expectSettable(id);
-    const auto known = find(row);
-    if (known == list.end())
-      list.push_back({&row, &value});
-    else if (*known->value != value)
-      refuseBoth(row, row);
-  }
+  for (const auto &[id, value] : values)
+    list.push_back({&expectSettable(id), &value});
   for (const std::string &id : reset) {
     const SettingRow &row = expectSettable(id);
     if (find(row) == list.end())
@@ -77,9 +80,7 @@ std::set<std::string> applyValues(Snapshot &snapshot,
   std::set<std::string> asked;
   for (std::size_t i = 0; i < list.size(); ++i) {
     if (valueIn(snapshot, *list[i].row) != given[i])
-      for (const Asked &other : list)
-        if (other.row != list[i].row && comesFirst(*other.row))
-          refuseBoth(*list[i].row, *other.row);
+      refuseBoth(*list[i].row, causeOf(list, *list[i].row));
     asked.insert(list[i].row->info.id);
   }
   return asked;

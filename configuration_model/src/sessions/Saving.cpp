@@ -1,7 +1,9 @@
 #include "sessions/Saving.h"
 
 #include <algorithm>
+#include <functional>
 #include <set>
+#include <tuple>
 #include <utility>
 
 #include <fmt/format.h>
@@ -57,7 +59,8 @@ public:
   void refuse(const Refusal &refusal) {
     outcome.refusal = refusal;
     scratch.reset();
-    release();
+    lock.reset();
+    folder.reset();
   }
 
 private:
@@ -67,15 +70,13 @@ private:
     throw refusal;
   }
   void expectNoDraft();
+  void expectCommand();
+  void expectPlace(const fs::path &target);
   void expectNoLoss();
   void expectSameOnDisk();
   bool isSavedAlready() const;
+  bool isWrittenAlready() const;
   void writeAndReadBack(const fs::path &target);
-  void release() {
-    lock.reset();
-    session.lock.reset();
-    folder.reset();
-  }
 
   SessionImp &session;
   const SaveOptions &options;
@@ -99,8 +100,25 @@ void Save::expectNoDraft() {
   throw refusal;
 }
 
+void Save::expectCommand() {
+  const Analysis &analysis = session.current->analysis;
+  if (!analysis.command)
+    throw Refusal(RefusalKind::noCommand, "",
+                  "no command can be written: " + analysis.error);
+}
+
+/// A dry run makes no folder, and says nothing against one that is missing.
+void Save::expectPlace(const fs::path &target) {
+  const fs::path around = target.parent_path();
+  if (!options.dryRun)
+    folder = std::make_unique<SaveFolder>(around, options.makeFolder);
+  if (!options.dryRun || lookAt(around, fs::file_type::directory).exists)
+    expectReplaceable(target, options.force);
+  if (options.dryRun)
+    expectWritable(around, options.makeFolder);
+}
+
 void Save::expectNoLoss() {
-  outcome.losses = lossesOf(*session.current, session.defaults());
   const bool isBlocked =
       std::any_of(outcome.losses.begin(), outcome.losses.end(),
                   [](const Loss &loss) { return loss.blocking; });
@@ -127,38 +145,33 @@ void Save::expectSameOnDisk() {
 bool Save::isSavedAlready() const {
   const OptionFile &file = session.loaded;
   return session.problem.empty() && file.exists && file.line != 0 &&
-         (session.differences().empty() ||
-          file.text == session.current->analysis.command);
+         session.differences().empty();
+}
+
+/// What cannot be saved makes no difference to the file.
+bool Save::isWrittenAlready() const {
+  return session.problem.empty() &&
+         session.loaded.text == session.current->analysis.command &&
+         !session.isChangedOnDisk();
 }
 
 void Save::prepare(std::set<fs::path> &taken) {
-  const Step &step = *session.current;
+  const bool isSaved = isSavedAlready();
   outcome.file = session.shownFile;
-  outcome.command = isSavedAlready() ? session.loaded.text
-                                     : step.analysis.command.value_or("");
+  outcome.command = isSaved ? session.loaded.text
+                            : session.current->analysis.command.value_or("");
   expectNoDraft();
-  if (isSavedAlready() && !session.isChangedOnDisk()) {
+  if (isSaved && !session.isChangedOnDisk()) {
     outcome.unchanged = true;
     return;
   }
-  if (!step.analysis.command) {
-    Refusal refusal(
-        RefusalKind::noCommand, "",
-        fmt::format("no command can be written: {}", step.analysis.error));
-    throw refusal;
-  }
+  outcome.losses = lossesOf(*session.current, session.defaults());
+  expectCommand();
+  const fs::path target = behindLinks(session.file);
+  expectPlace(target);
   if (!session.problem.empty() && !options.force)
     refuseFor(RefusalKind::unreadable,
               fmt::format("{}; it stays as it is", session.problem));
-  const fs::path target = behindLinks(session.file);
-  if (!options.dryRun)
-    folder =
-        std::make_unique<SaveFolder>(target.parent_path(), options.makeFolder);
-  const bool mayLack = options.dryRun;
-  if (!mayLack || lookAt(target.parent_path(), fs::file_type::directory).exists)
-    expectReplaceable(target, options.force);
-  if (options.dryRun)
-    expectWritable(target.parent_path(), options.makeFolder);
   expectNoLoss();
   if (!taken.insert(target).second)
     refuseFor(RefusalKind::changedOnDisk,
@@ -170,7 +183,8 @@ void Save::prepare(std::set<fs::path> &taken) {
   if (session.lock == nullptr)
     lock = std::make_unique<FileLock>(session.file);
   expectSameOnDisk();
-  writeAndReadBack(target);
+  if (!isWrittenAlready())
+    writeAndReadBack(target);
 }
 
 /// What is not as the analysis has foretold is refused like any other loss.
@@ -204,7 +218,10 @@ void Save::finish() {
     scratch.reset();
     session.load();
   }
-  release();
+  lock.reset();
+  if (!options.dryRun)
+    session.lock.reset();
+  folder.reset();
 }
 
 } // namespace
@@ -220,9 +237,14 @@ std::vector<SaveOutcome> saveAll(const std::vector<SessionImp *> &sessions,
     saves.emplace_back(*sessions[i], options, outcomes[i]);
     order.push_back(i);
   }
-  std::sort(order.begin(), order.end(), [&](std::size_t a, std::size_t b) {
-    return sessions[a]->file < sessions[b]->file;
-  });
+  const auto place = [&sessions](std::size_t i) {
+    // Of two that have one file, the one that holds its lock comes first: the
+    // other is refused then, and does not wait for it.
+    return std::make_tuple(std::cref(sessions[i]->file),
+                           sessions[i]->lock == nullptr, i);
+  };
+  std::sort(order.begin(), order.end(),
+            [&](std::size_t a, std::size_t b) { return place(a) < place(b); });
   std::set<fs::path> taken;
   std::vector<const ScratchFile *> written;
   const auto attempt = [&](std::size_t i, const auto &step) {

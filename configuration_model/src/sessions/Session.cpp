@@ -22,7 +22,8 @@ model::StepPointer currentOf(const std::unique_ptr<model::SessionImp> &imp) {
 using Turn = std::lock_guard<std::mutex>;
 
 Session::Session(const Board &board, const std::string &processor, Hold hold)
-    : imp(std::make_unique<model::SessionImp>(board.state, processor, hold)) {}
+    : imp(std::make_unique<model::SessionImp>(board, board.state, processor,
+                                              hold)) {}
 Session::Session(Session &&other) noexcept = default;
 Session &Session::operator=(Session &&other) noexcept = default;
 Session::~Session() = default;

@@ -16,10 +16,9 @@ namespace ZelDebugDialog::model {
 
 namespace {
 
-constexpr const char *fromDesign = "design";
-constexpr const char *changed = "changed";
 constexpr const char *commandSetting = "command";
 constexpr const char *byCommand = "the command says so";
+constexpr const char *byCopying = "it was copied";
 
 /// The setting that a field of the records belongs to.
 std::string settingOf(const std::string &field) {
@@ -48,11 +47,29 @@ void restoreIdentity(Snapshot &snapshot, const ProcessorInfoImp &identity) {
       storeIn(snapshot, row, valueIn(discovered, row));
 }
 
+/// What a setting brought along when it went back to its default went back as
+/// well, but for what has a value of its own.
+void forgetReset(Step &step, const std::string &setting,
+                 const SettingValues &values) {
+  const auto isGiven = [&values](const std::string &id) {
+    return std::any_of(values.begin(), values.end(),
+                       [&id](const auto &value) { return value.first == id; });
+  };
+  if (isGiven(setting))
+    return;
+  forgetOrigin(step, setting);
+  for (const std::string &brought : findRow(setting)->brought)
+    if (!isGiven(brought))
+      forgetOrigin(step, brought);
+}
+
 } // namespace
 
-SessionImp::SessionImp(std::shared_ptr<const BoardState> ofBoard,
+SessionImp::SessionImp(Board ofBoard,
+                       std::shared_ptr<const BoardState> stateOfBoard,
                        const std::string &processor, Session::Hold hold)
-    : board(std::move(ofBoard)), identity(board->expectProcessor(processor)),
+    : shownBoard(std::move(ofBoard)), board(std::move(stateOfBoard)),
+      identity(board->expectProcessor(processor)),
       file(optionFilePath(board->absolute, processor)),
       shownFile(optionFilePath(board->folder, processor).string()),
       desk(board->design, identity) {
@@ -62,8 +79,7 @@ SessionImp::SessionImp(std::shared_ptr<const BoardState> ofBoard,
   current = saved;
 }
 
-// --- What is saved
-// -------------------------------------------------------------
+// --- What is saved -----------------------------------------------------------
 
 void SessionImp::load() {
   loaded = readOptionFile(file);
@@ -93,14 +109,13 @@ void SessionImp::load() {
     desk.startFromDefaults();
   step.now = desk.snapshot();
   if (isTaken)
-    noteOrigins(step, lineOfFile(loaded.text), "file", nullptr);
+    noteOrigins(step, lineOfFile(loaded.text), "file");
   analyseStep(step);
   saved = std::make_shared<const Step>(std::move(step));
 }
 
 void SessionImp::noteOrigins(Step &step, const std::string &command,
-                             const std::string &origin,
-                             std::set<std::string> *asked) {
+                             const std::string &origin) {
   step.origins.clear();
   CommandTrace trace;
   desk.traceCommand(command, AfterFault::stop, trace);
@@ -109,18 +124,15 @@ void SessionImp::noteOrigins(Step &step, const std::string &command,
     for (const std::string &field : word.fields) {
       const std::string place = fmt::format("{}:{}", origin, word.offset + 1);
       step.origins[field] = place;
-      step.origins[settingOf(field)] = place;
       if (isPartOfConnection(field))
         step.origins["connection"] = place;
-      if (asked != nullptr)
-        asked->insert(isPartOfConnection(field) ? "connection"
-                                                : settingOf(field));
+      // The chain begins where its first device does.
+      step.origins.emplace(settingOf(field), place);
     }
   step.origins["connectCommand"] = fmt::format("{}:1", origin);
 }
 
-// --- Steps
-// ---------------------------------------------------------------------
+// --- Steps -------------------------------------------------------------------
 
 void SessionImp::analyseStep(Step &step) {
   step.analysis = analyse(desk, step.now);
@@ -129,19 +141,28 @@ void SessionImp::analyseStep(Step &step) {
 Step SessionImp::startStep() const {
   Step next = *current;
   next.asked.clear();
-  next.editedCommand.reset();
   return next;
 }
 
 std::vector<Effect> SessionImp::take(Step next, const std::string &why,
                                      bool withAsked) {
-  const bool hasOther = next.editedCommand != current->editedCommand;
-  if (!next.differsFrom(*current) && !hasOther)
-    return {};
-  analyseStep(next);
-  noteDisplaced(*current, next);
+  const std::vector<FieldDifference> differences =
+      settingsThatDiffer(current->now, next.now);
+  if (differences.empty()) {
+    next.analysis = current->analysis;
+    next.asked = current->asked;
+    next.displaced = current->displaced;
+  } else {
+    analyseStep(next);
+    noteDisplaced(*current, next);
+    // It stays until the next change.
+    if (next.editedCommand == current->editedCommand)
+      next.editedCommand.reset();
+  }
   if (next.editedCommand == next.analysis.command)
     next.editedCommand.reset();
+  if (differences.empty() && !next.differsInTextsFrom(*current))
+    return {};
   static const std::set<std::string> none;
   std::vector<Effect> effects = effectsBetween(
       current->now, next.now, withAsked ? none : next.asked, why);
@@ -156,7 +177,10 @@ bool SessionImp::takeCommand(Step &step, const std::string &command) {
   if (!reading.accepted())
     return false;
   step.now = desk.snapshot();
-  noteOrigins(step, command, commandSetting, &step.asked);
+  noteOrigins(step, command, commandSetting);
+  for (const FieldDifference &asked :
+       settingsThatDiffer(defaultsBeside(step.now, identity), step.now))
+    step.asked.insert(asked.name);
   step.drafts.clear();
   step.commandDraft.reset();
   step.editedCommand = command;
@@ -166,29 +190,49 @@ bool SessionImp::takeCommand(Step &step, const std::string &command) {
 std::vector<Effect> SessionImp::change(const ChangeRequest &request,
                                        const Step *copied) {
   Step next = startStep();
-  if (copied != nullptr) {
-    copySettings(next.now, copied->now);
-    next.displaced.insert(copied->displaced.begin(), copied->displaced.end());
-  }
+  std::vector<std::string> left;
+  if (copied != nullptr)
+    left = takeCopy(next, *copied);
   if (request.command) {
     if (!takeCommand(next, *request.command))
       refuseCommand(*request.command,
                     whyRefused(desk, desk.selectFrom(*request.command),
                                *request.command));
     next.editedCommand.reset();
+    left.clear();
   }
   const Snapshot before = next.now;
   const std::set<std::string> asked =
       applyValues(next.now, identity, request.values, request.reset);
-  for (const Effect &effect : effectsBetween(before, next.now, {}, ""))
-    next.origins[effect.setting] = changed;
+  noteChanged(before, next);
   for (const std::string &setting : asked) {
     next.drafts.erase(setting);
     next.asked.insert(setting);
   }
   for (const std::string &setting : request.reset)
-    next.origins.erase(setting);
-  return take(std::move(next), byCommand, false);
+    forgetReset(next, setting, request.values);
+  std::vector<Effect> effects =
+      take(std::move(next), request.command ? byCommand : byCopying, false);
+  for (const std::string &setting : left)
+    if (asked.count(setting) == 0)
+      effects.push_back(notCopied(setting));
+  return effects;
+}
+
+std::vector<std::string> SessionImp::takeCopy(Step &step, const Step &copied) {
+  const Snapshot before = step.now;
+  std::vector<std::string> left = copySettings(step.now, copied.now);
+  step.displaced.insert(copied.displaced.begin(), copied.displaced.end());
+  step.drafts.clear();
+  step.commandDraft.reset();
+  noteChanged(before, step);
+  return left;
+}
+
+Effect SessionImp::notCopied(const std::string &setting) const {
+  const Value value = valueIn(current->now, *findRow(setting));
+  return {setting, value, value,
+          "this processor does not allow what was copied"};
 }
 
 std::vector<Effect> SessionImp::draft(const std::string &setting,
@@ -264,32 +308,23 @@ std::vector<Effect> SessionImp::reset(std::vector<std::string> settings) {
   const Snapshot before = next.now;
   for (const std::string &id : applyValues(next.now, identity, {}, settings))
     next.drafts.erase(id);
-  for (const Effect &effect : effectsBetween(before, next.now, {}, ""))
-    next.origins.erase(effect.setting);
+  for (const FieldDifference &effect : settingsThatDiffer(before, next.now))
+    forgetOrigin(next, effect.name);
   for (const std::string &id : settings)
-    next.origins.erase(id);
+    forgetOrigin(next, id);
   return take(std::move(next), "it is the default");
 }
 
 std::vector<Effect> SessionImp::copyFrom(const Step &other) {
   Step next = startStep();
-  const std::vector<std::string> left = copySettings(next.now, other.now);
-  next.displaced.insert(other.displaced.begin(), other.displaced.end());
-  next.drafts.clear();
-  next.commandDraft.reset();
-  for (const Effect &effect : effectsBetween(current->now, next.now, {}, ""))
-    next.origins[effect.setting] = changed;
-  std::vector<Effect> effects = take(std::move(next), "it was copied");
-  for (const std::string &id : left) {
-    const Value value = valueIn(current->now, *findRow(id));
-    effects.push_back(
-        {id, value, value, "this processor does not allow what was copied"});
-  }
+  const std::vector<std::string> left = takeCopy(next, other);
+  std::vector<Effect> effects = take(std::move(next), byCopying);
+  for (const std::string &setting : left)
+    effects.push_back(notCopied(setting));
   return effects;
 }
 
-// --- Questions
-// -----------------------------------------------------------------
+// --- Questions ---------------------------------------------------------------
 
 std::vector<Difference> SessionImp::differences() const {
   std::vector<Difference> differences;

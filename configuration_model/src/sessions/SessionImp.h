@@ -21,7 +21,7 @@ namespace ZelDebugDialog::model {
 /// Operations of one session; whoever calls holds its mutex.
 class SessionImp {
 public:
-  SessionImp(std::shared_ptr<const BoardState> ofBoard,
+  SessionImp(Board ofBoard, std::shared_ptr<const BoardState> stateOfBoard,
              const std::string &processor, Session::Hold hold);
 
   std::vector<Effect> change(const ChangeRequest &request, const Step *copied);
@@ -43,6 +43,7 @@ public:
   CommandSettings loadedSettings();
 
   mutable std::mutex mutex;
+  Board shownBoard; ///< for those who ask in public
   std::shared_ptr<const BoardState> board;
   ProcessorInfoImp identity;
   std::filesystem::path file;
@@ -62,14 +63,19 @@ public:
 private:
   /// A command's settings, each with its column behind `origin`.
   void noteOrigins(Step &step, const std::string &command,
-                   const std::string &origin, std::set<std::string> *asked);
+                   const std::string &origin);
+  /// The current step, with nothing asked for yet.
   Step startStep() const;
   /// Makes a step the current one, unless nothing differs.
   std::vector<Effect> take(Step next, const std::string &why,
                            bool withAsked = true);
   /// @return false for a command that is refused
   bool takeCommand(Step &step, const std::string &command);
+  /// @return the settings that this processor does not allow
+  std::vector<std::string> takeCopy(Step &step, const Step &copied);
+  Effect notCopied(const std::string &setting) const;
   void analyseStep(Step &step);
+  std::vector<CommandDiagnostic> diagnosticsOf(const Step &step) const;
 };
 
 } // namespace ZelDebugDialog::model

@@ -82,14 +82,28 @@ std::vector<SettingState> deviceStateOf(const Step &step, std::size_t device) {
     SettingState state =
         settingStateOf(step, row, deviceName(device) + "." + row.deviceField(),
                        valueIn(step.now, row, device), known->second);
-    if (state.origin == "default" && step.origins.count("chain") != 0)
-      state.origin = step.origins.at("chain");
     fields.push_back(std::move(state));
   }
   return fields;
 }
 
 } // namespace
+
+/// A draft is what a person says of this processor. The command that would be
+/// written is the engine's, which has one target for several families.
+std::vector<CommandDiagnostic>
+SessionImp::diagnosticsOf(const Step &step) const {
+  CheckOptions options;
+  if (step.commandDraft) {
+    options.board = &shownBoard;
+    options.processor = identity.instanceName;
+    return CheckCommand(*step.commandDraft, options).diagnostics;
+  }
+  options.ofFile = true;
+  if (!step.analysis.command)
+    return {};
+  return CheckCommand(*step.analysis.command, options).diagnostics;
+}
 
 SessionState SessionImp::state() {
   SessionState state;
@@ -111,14 +125,7 @@ SessionState SessionImp::state() {
   state.words = wordsOf(step.analysis);
   state.losses = lossesOf(step, byDefault);
   state.differences = differences();
-  if (step.commandDraft || step.analysis.command) {
-    CheckOptions options;
-    options.ofFile = !step.commandDraft;
-    state.diagnostics = CheckCommand(step.commandDraft.value_or(
-                                         step.analysis.command.value_or("")),
-                                     options)
-                            .diagnostics;
-  }
+  state.diagnostics = diagnosticsOf(step);
   for (const SettingRow &row : settingRows()) {
     if (row.isOfDevice())
       continue;

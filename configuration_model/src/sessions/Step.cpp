@@ -1,5 +1,8 @@
 #include "sessions/Step.h"
 
+#include <cstdlib>
+#include <iterator>
+
 #include "settings/SettingTable.h"
 
 namespace ZelDebugDialog::model {
@@ -7,7 +10,8 @@ namespace ZelDebugDialog::model {
 namespace {
 
 /// A default that comes back as another value is missed by nobody, unless it
-/// was asked for just now; nor is what a later change has displaced.
+/// was asked for just now; nor is what a change has displaced that did not ask
+/// for it.
 bool isBlocking(const RawLoss &loss, const Step &step,
                 const Snapshot &defaults) {
   if (loss.isRefusal)
@@ -21,13 +25,36 @@ bool isBlocking(const RawLoss &loss, const Step &step,
   return !isDefault && step.displaced.count(loss.setting) == 0;
 }
 
+constexpr const char *changed = "changed";
+constexpr const char *chain = "chain";
+
+/// Those of the devices from `first` on.
+void eraseDevices(std::map<std::string, std::string> &origins,
+                  std::size_t first) {
+  for (auto origin = origins.begin(); origin != origins.end();) {
+    const bool isDevice = origin->first.compare(0, 6, "chain[") == 0;
+    const bool isErased = isDevice && std::strtoull(origin->first.c_str() + 6,
+                                                    nullptr, 10) >= first;
+    origin = isErased ? origins.erase(origin) : std::next(origin);
+  }
+}
+
+/// A field of a device that has its old value keeps its origin.
+void noteChangedDevices(const Snapshot &before, Step &after) {
+  for (std::size_t i = 0; i < after.now.chain.size(); ++i)
+    for (const SettingRow &row : settingRows())
+      if (row.isOfDevice() &&
+          valueIn(before, row, i) != valueIn(after.now, row, i))
+        after.origins[deviceName(i) + "." + row.deviceField()] = changed;
+  eraseDevices(after.origins, after.now.chain.size());
+}
+
 } // namespace
 
-bool Step::differsFrom(const Step &other) const {
+bool Step::differsInTextsFrom(const Step &other) const {
   return drafts != other.drafts || commandDraft != other.commandDraft ||
          editedCommand != other.editedCommand ||
-         now.record.connectCommand != other.now.record.connectCommand ||
-         !settingsThatDiffer(now, other.now).empty();
+         now.record.connectCommand != other.now.record.connectCommand;
 }
 
 std::vector<Loss> lossesOf(const Step &step, const Snapshot &defaults) {
@@ -40,20 +67,38 @@ std::vector<Loss> lossesOf(const Step &step, const Snapshot &defaults) {
 }
 
 void noteDisplaced(const Step &before, Step &after) {
+  // Of a step without a command nobody knows what would come back, so what did
+  // before stays in the list until there is a command again.
+  const bool isKnown = after.analysis.command.has_value();
   std::set<std::string> displaced;
-  for (const RawLoss &loss : after.analysis.losses) {
-    const SettingRow *const row = findRow(loss.setting);
-    if (row == nullptr || after.asked.count(loss.setting) != 0)
+  for (const SettingRow &row : settingRows()) {
+    const std::string &id = row.info.id;
+    if (row.isIdentity || row.isOfDevice() || after.asked.count(id) != 0 ||
+        (isKnown && after.analysis.findLoss(id) == nullptr))
       continue;
-    const bool wasDisplaced = after.displaced.count(loss.setting) != 0;
+    const bool wasDisplaced = after.displaced.count(id) != 0;
     const bool cameBack = before.analysis.command &&
-                          before.analysis.findLoss(loss.setting) == nullptr;
-    const bool isUnchanged =
-        valueIn(before.now, *row) == valueIn(after.now, *row);
-    if (wasDisplaced || (cameBack && isUnchanged))
-      displaced.insert(loss.setting);
+                          before.analysis.findLoss(id) == nullptr &&
+                          valueIn(before.now, row) == valueIn(after.now, row);
+    if (wasDisplaced || cameBack)
+      displaced.insert(id);
   }
   after.displaced = std::move(displaced);
+}
+
+void noteChanged(const Snapshot &before, Step &after) {
+  for (const FieldDifference &difference :
+       settingsThatDiffer(before, after.now)) {
+    after.origins[difference.name] = changed;
+    if (difference.name == chain)
+      noteChangedDevices(before, after);
+  }
+}
+
+void forgetOrigin(Step &step, const std::string &setting) {
+  step.origins.erase(setting);
+  if (setting == chain)
+    eraseDevices(step.origins, 0);
 }
 
 } // namespace ZelDebugDialog::model

@@ -40,8 +40,8 @@ struct Step {
   std::set<std::string> displaced;
   Analysis analysis; ///< of `now`
 
-  /// Whether anything that a person sees differs.
-  bool differsFrom(const Step &other) const;
+  /// Whether a text that a person sees differs: a draft, or a command.
+  bool differsInTextsFrom(const Step &other) const;
 };
 
 using StepPointer = std::shared_ptr<const Step>;
@@ -53,5 +53,10 @@ std::vector<Loss> lossesOf(const Step &step, const Snapshot &defaults);
 /// Finds out what the change from `before` has displaced. The analysis of both
 /// is there.
 void noteDisplaced(const Step &before, Step &after);
+
+/// Says of what differs from `before` that it was changed.
+void noteChanged(const Snapshot &before, Step &after);
+/// Says of a setting, with its devices if it is the chain, that nobody set it.
+void forgetOrigin(Step &step, const std::string &setting);
 
 } // namespace ZelDebugDialog::model

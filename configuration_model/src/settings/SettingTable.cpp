@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
+#include <unordered_map>
 #include <utility>
 #include <variant>
 
@@ -115,18 +117,21 @@ Choices connectionChoices() {
   return choices;
 }
 
-std::string cableLabel(const std::string &keyword) {
-  return keyword.empty() ? "No cable" : keyword;
+/// A cable that no command names goes by its number.
+Choice cableChoice(const CommandCable &cable) {
+  const auto type = static_cast<std::uint32_t>(cable.type);
+  if (cable.type == Engine::CABLE_NONE)
+    return {type, "none", "No cable"};
+  if (!cable.keywords.empty())
+    return {type, cable.keywords.front(), cable.keywords.front()};
+  const std::string number = std::to_string(type);
+  return {type, number, "Cable " + number + ", which no command names"};
 }
 
 Choices cableChoices() {
   Choices choices;
-  for (const CommandCable &cable : cableCatalogue()) {
-    const std::string word =
-        cable.keywords.empty() ? std::string() : cable.keywords.front();
-    choices.push_back({static_cast<std::uint32_t>(cable.type),
-                       word.empty() ? "none" : word, cableLabel(word)});
-  }
+  for (const CommandCable &cable : cableCatalogue())
+    choices.push_back(cableChoice(cable));
   return choices;
 }
 
@@ -314,16 +319,24 @@ const std::vector<SettingRow> &settingRows() {
 }
 
 const SettingRow *findRow(std::string_view id) {
+  static const std::unordered_map<std::string_view, const SettingRow *> byName =
+      [] {
+        std::unordered_map<std::string_view, const SettingRow *> made;
+        for (const SettingRow &row : settingRows())
+          made.emplace(row.info.id, &row);
+        return made;
+      }();
   std::string general;
-  const std::size_t end = id.find(']');
-  if (startsWith(id, deviceFront) && end != std::string_view::npos) {
+  if (startsWith(id, deviceFront)) {
+    const std::size_t end =
+        id.find_first_not_of("0123456789", deviceFront.size());
+    if (end == std::string_view::npos)
+      return nullptr;
     general = std::string(deviceFront) + std::string(id.substr(end));
     id = general;
   }
-  for (const SettingRow &row : settingRows())
-    if (row.info.id == id)
-      return &row;
-  return nullptr;
+  const auto found = byName.find(id);
+  return found == byName.end() ? nullptr : found->second;
 }
 
 Value valueIn(const Snapshot &snapshot, const SettingRow &row,
@@ -344,6 +357,22 @@ Value valueIn(const Snapshot &snapshot, const SettingRow &row,
     break;
   }
   return snapshot.cpuJtag;
+}
+
+bool isSameIn(const Snapshot &before, const Snapshot &after,
+              const SettingRow &row) {
+  if (row.get != nullptr)
+    return row.get(before) == row.get(after);
+  switch (GetSettingFields()[row.field].owner) {
+  case FieldOwner::processor:
+    return GetField(before.record, row.field) ==
+           GetField(after.record, row.field);
+  case FieldOwner::cable:
+    return GetField(before.cable, row.field) ==
+           GetField(after.cable, row.field);
+  default:
+    return valueIn(before, row) == valueIn(after, row);
+  }
 }
 
 void storeIn(Snapshot &snapshot, const SettingRow &row, const Value &value,

@@ -374,31 +374,40 @@ std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
 std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
                                 const Snapshot &defaults) {
   const Value defaultValue = valueIn(defaults, row);
-  std::vector<Value> samples{defaultValue, valueIn(current, row)};
+  std::vector<Value> samples{valueIn(current, row)};
+  const auto add = [&samples](Value value) {
+    if (std::find(samples.begin(), samples.end(), value) == samples.end())
+      samples.push_back(std::move(value));
+  };
+  if (row.info.kind != SettingKind::word)
+    add(defaultValue);
   switch (row.info.kind) {
   case SettingKind::flag:
     for (const bool flag : {false, true})
-      samples.push_back(expectFlag(row, flag, defaultValue));
+      add(expectFlag(row, flag, defaultValue));
     break;
   case SettingKind::number:
   case SettingKind::frequency:
-    samples.insert(samples.end(), {0, 1, 2});
+    for (const int number : {0, 1, 2})
+      add(number);
     break;
   case SettingKind::address:
-    samples.insert(samples.end(), {0, row.step * 1, unsetAddress});
+    for (const std::int64_t address : {std::int64_t{0}, row.step, unsetAddress})
+      add(address);
     break;
   case SettingKind::word:
     for (const Choice &choice : row.info.choices)
       if (whyNotAllowed(row, choice, defaults.record).empty())
-        samples.push_back(choice.value);
+        add(choice.value);
     break;
   case SettingKind::text:
   case SettingKind::file:
-    samples.insert(samples.end(), {"a", "b"});
+    for (const char *text : {"a", "b"})
+      add(text);
     break;
   case SettingKind::chain:
-    samples.push_back(Value::Chain{});
-    samples.push_back(Value::Chain{deviceValue(JtagOption())});
+    add(Value::Chain{});
+    add(Value::Chain{deviceValue(JtagOption())});
     break;
   }
   return samples;

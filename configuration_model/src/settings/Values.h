@@ -36,9 +36,9 @@ std::string whyNotOffered(const SettingRow &row, const Choice &choice,
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
                           const ProcessorInfoImp &processor);
 
-/// The values that a change takes, as many as it takes to tell apart whatever a
-/// writer may look at: all choices, both ends of a range, unset and set, empty
-/// and not.
+/// Values that a change takes, the present one first, each once: as many as it
+/// takes to tell apart whatever a writer may look at, which are all choices,
+/// none and some, unset and set, empty and not.
 std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
                                 const Snapshot &defaults);
 

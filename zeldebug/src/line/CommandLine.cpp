@@ -264,7 +264,9 @@ void CommandLine::expectNothingUnknown(int argc,
 const CommandLine::Subcommand &
 CommandLine::expectSubcommand(const std::string &name) const {
   std::vector<std::string> names;
-  for (const Subcommand &known : visible()) {
+  for (const Subcommand &known : subcommands) {
+    if (known.app->get_group().empty())
+      continue;
     names.push_back(known.app->get_name());
     if (names.back() == name)
       return known;
@@ -347,6 +349,7 @@ ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
   }
   nameSubcommand(output);
   expectFlagsAlone(words);
+  expectValues(words);
   expectNothingUnknown(argc, argv);
   applyCommonOptions(output);
   return chosen()->run(output);

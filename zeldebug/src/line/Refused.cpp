@@ -63,7 +63,9 @@ Failure failureOf(const Refusal &refusal, const std::string &subject) {
   return {statusOf(refusal.kind),
           text + adviceFor(refusal),
           {ZelDebugDialog::ShowKind(refusal.kind),
-           subject.empty() ? refusal.setting : subject, refusal.value,
+           subject.empty() ? refusal.setting
+                           : subject.substr(0, subject.find(' ')),
+           refusal.value,
            refusal.accepted, refusal.suggestion, refusal.file, refusal.line}};
 }
 

@@ -106,7 +106,7 @@ struct SessionState {
   bool exists = false;        ///< Whether the file is there.
   bool changedOnDisk = false; ///< Whether it is no longer what was loaded.
   std::string problem; ///< Why what is saved could not be read; may be empty.
-  bool dirty = false;  ///< Whether saving would change the file.
+  bool dirty = false;  ///< Whether it is not what is saved.
   bool canUndo = false;
   bool canRedo = false;
   /// What would be written; none where no command can be written.
@@ -173,9 +173,8 @@ public:
   /// Starts from what is saved, or from the defaults where nothing is. Where
   /// what is saved cannot be read, `Problem` says so and it starts from the
   /// defaults.
-  /// @throws Refusal (unknownProcessor, notDebuggable; fileSystem, noFolder
-  /// with
-  ///   `untilSaved`)
+  /// @throws Refusal (unknownProcessor, notDebuggable; with `untilSaved` also
+  ///   noFolder, fileSystem)
   Session(const Board &board, const std::string &processor,
           Hold hold = Hold::whileSaving);
   Session(Session &&other) noexcept;
@@ -197,7 +196,7 @@ public:
   /// A text as it is typed: a value acts as `Change`; another text is kept with
   /// its error and changes nothing. The setting "command" takes a whole
   /// command.
-  /// @throws Refusal (unknownSetting, notSettable, notAllowed, excluded)
+  /// @throws Refusal (unknownSetting, notSettable)
   std::vector<Effect> Draft(const std::string &setting,
                             const std::string &text);
   /// Drops the draft of a setting, or of "command".
@@ -241,8 +240,7 @@ public:
 
   /// Saves this one.
   /// @throws Refusal (wouldBeLost, unreadable, changedOnDisk, readOnly: not
-  /// with
-  ///   `force`; draft, noCommand, noRegularFile, noFolder, fileSystem)
+  ///   with `force`; draft, noCommand, noRegularFile, noFolder, fileSystem)
   SaveOutcome Save(const SaveOptions &options = {});
 
 private:

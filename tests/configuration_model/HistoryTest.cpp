@@ -1,0 +1,217 @@
+// Undoing, reverting, resetting, and where each value comes from.
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "configuration_model/ModelTest.h"
+
+namespace {
+
+using namespace ZelDebugDialog;
+using namespace model_test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class HistoryTest : public ModelTest {};
+
+TEST_F(HistoryTest, UndoAndRedoGoThroughEveryStepExactly) {
+  Session session =
+      openWith("connect lc hdu -cable type quorla_podusb -debugdevice devicenr "
+               "2");
+  std::vector<std::vector<std::string>> states{shown(session.State())};
+  const auto note = [&] { states.push_back(shown(session.State())); };
+  session.Change({{"debugDevice", 3}});
+  note();
+  session.Draft("cable.frequency", "x");
+  note();
+  session.Edit("connect lc sim");
+  note();
+  session.Edit("connect lc nothing");
+  note();
+  session.Reset({});
+  note();
+  session.Change({{"chain", Value::Chain{{}, {}}}});
+  note();
+  session.Revert();
+  note();
+  for (std::size_t i = states.size() - 1; i > 0; --i) {
+    EXPECT_EQ(shown(session.State()), states[i]) << i;
+    session.Undo();
+  }
+  EXPECT_EQ(shown(session.State()), states[0]);
+  EXPECT_EQ(refusalOf([&] { session.Undo(); }),
+            "nothing-to-undo: there is nothing to undo");
+  for (std::size_t i = 1; i < states.size(); ++i) {
+    session.Redo();
+    EXPECT_EQ(shown(session.State()), states[i]) << i;
+  }
+  EXPECT_EQ(refusalOf([&] { session.Redo(); }),
+            "nothing-to-redo: there is nothing to redo");
+}
+
+TEST_F(HistoryTest, TheirEffectsAreEverySettingThatChanged) {
+  Session session = open();
+  session.Change({{"cable.cableType", 3}});
+  EXPECT_THAT(shown(session.Undo()),
+              ElementsAre("cable.cableType: quorla_podusb -> none (undone)",
+                          "cable.frequency: 6 MHz -> 0 Hz (undone)",
+                          "cable.port: USB21 ->  (undone)"));
+  EXPECT_THAT(shown(session.Redo()),
+              ElementsAre("cable.cableType: none -> quorla_podusb (done again)",
+                          "cable.frequency: 0 Hz -> 6 MHz (done again)",
+                          "cable.port:  -> USB21 (done again)"));
+}
+
+TEST_F(HistoryTest, AChangeEndsWhatCouldBeDoneAgain) {
+  Session session = open();
+  session.Change({{"debugDevice", 1}});
+  session.Undo();
+  EXPECT_TRUE(session.State().canRedo);
+  session.Change({{"debugDevice", 0}}); // none
+  EXPECT_TRUE(session.State().canRedo);
+  session.Change({{"debugDevice", 2}});
+  EXPECT_FALSE(session.State().canRedo);
+}
+
+TEST_F(HistoryTest, SavingIsNoStepAndKeepsThem) {
+  Session session = open();
+  session.Change({{"debugDevice", 1}});
+  session.Save();
+  EXPECT_FALSE(session.State().dirty);
+  session.Undo();
+  EXPECT_TRUE(session.State().dirty);
+  EXPECT_THAT(shown(session.Differences()), ElementsAre("debugDevice: 1 -> 0"));
+  session.Redo();
+  EXPECT_FALSE(session.State().dirty);
+  session.Undo();
+  session.Save();
+  EXPECT_EQ(saved(), "connect lc hdu -debugdevice cpunr 1");
+}
+
+TEST_F(HistoryTest, RevertGoesBackToWhatIsSavedDraftsAndAll) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 2");
+  session.Change({{"debugDevice", 3}, {"cable.cableType", 3}});
+  session.Draft("stubTimeout", "x");
+  session.Edit("nonsense");
+  EXPECT_THAT(shown(session.Revert()),
+              ElementsAre("debugDevice: 3 -> 2 (it is saved so)",
+                          "cable.cableType: quorla_podusb -> none (it is saved "
+                          "so)",
+                          "cable.frequency: 6 MHz -> 0 Hz (it is saved so)",
+                          "cable.port: USB21 ->  (it is saved so)"));
+  EXPECT_FALSE(session.State().draft);
+  EXPECT_FALSE(settingIn(session.State(), "stubTimeout").draft);
+  EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, "file:38");
+  EXPECT_THAT(session.Revert(), IsEmpty());
+}
+
+TEST_F(HistoryTest, RevertTakesTheFileAsItIsNow) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 2");
+  save("connect lc hdu -debugdevice devicenr 4");
+  EXPECT_TRUE(session.ChangedOnDisk());
+  EXPECT_THAT(shown(session.Revert()),
+              testing::Contains("debugDevice: 2 -> 4 (it is saved so)"));
+  EXPECT_FALSE(session.ChangedOnDisk());
+  EXPECT_FALSE(session.State().dirty);
+}
+
+TEST_F(HistoryTest, ResetGivesTheDefaultOfThePresentCable) {
+  Session session = open();
+  session.Change({{"cable.cableType", 3},
+                  {"cable.frequency", 5},
+                  {"cable.port", "x"},
+                  {"debugDevice", 3}});
+  EXPECT_THAT(
+      shown(session.Reset({"cable.frequency"})),
+      ElementsAre("cable.frequency: 5 Hz -> 6 MHz (it is the default)"));
+  EXPECT_EQ(settingIn(session.State(), "cable.frequency").origin, "default");
+  EXPECT_EQ(settingIn(session.State(), "cable.frequency").defaultValue,
+            Value(6000000));
+  EXPECT_EQ(settingIn(session.State(), "cable.cableType").defaultValue,
+            Value(0));
+  session.Reset({"cable.cableType"});
+  EXPECT_EQ(session.Get("cable.port"), Value(""));
+  EXPECT_EQ(session.Get("debugDevice"), Value(3));
+  session.Reset({});
+  EXPECT_EQ(session.Get("debugDevice"), Value(0));
+  EXPECT_THAT(session.Reset({}), IsEmpty());
+}
+
+TEST_F(HistoryTest, ResetRefusesWhatCannotBeSet) {
+  Session session = open();
+  EXPECT_THAT(refusalOf([&] {
+                session.Reset({"debugDevice", "x"});
+              }),
+              testing::StartsWith("unknown-setting"));
+  EXPECT_THAT(refusalOf([&] { session.Reset({"procType"}); }),
+              testing::StartsWith("not-settable"));
+}
+
+// --- Origins -----------------------------------------------------------------
+
+std::string originOf(const Session &session, const std::string &id) {
+  const SessionState state = session.State();
+  for (const auto &device : state.chain)
+    for (const SettingState &field : device)
+      if (field.id == id)
+        return field.origin;
+  return settingIn(state, id).origin;
+}
+
+TEST_F(HistoryTest, OriginsNameTheColumnOfTheWord) {
+  const Session session =
+      openWith("\nconnect lc hdu -debugdevice devicenr 2 devicenr 3 -cable "
+               "type quorla_podusb -configdevice partname p -configdevice "
+               "irlength 4");
+  EXPECT_EQ(session.Get("debugDevice"), Value(3));
+  EXPECT_EQ(originOf(session, "debugDevice"), "file:49"); // the last counts
+  EXPECT_EQ(originOf(session, "cable.cableType"), "file:63");
+  EXPECT_EQ(originOf(session, "connection"), "file:12");
+  EXPECT_EQ(originOf(session, "connectionType"), "file:12");
+  EXPECT_EQ(originOf(session, "chain"), "file:100");
+  EXPECT_EQ(originOf(session, "chain[0].partname"), "file:100");
+  EXPECT_EQ(originOf(session, "chain[0].irlength"), "default");
+  EXPECT_EQ(originOf(session, "chain[1].irlength"), "file:125");
+  EXPECT_EQ(originOf(session, "connectCommand"), "file:1");
+  EXPECT_EQ(originOf(session, "stubTimeout"), "default");
+  for (const char *identity : {"instanceName", "procFamily", "procType",
+                               "connectionMask", "cpuNr", "fpuType"})
+    EXPECT_EQ(originOf(session, identity), "design");
+}
+
+TEST_F(HistoryTest, OriginsFollowEditsChangesAndResets) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 2");
+  session.Change({{"cable.cableType", 3}});
+  EXPECT_EQ(originOf(session, "cable.cableType"), "changed");
+  EXPECT_EQ(originOf(session, "debugDevice"), "file:38");
+  session.Edit("connect lc hdu -debugdevice devicenr 5");
+  EXPECT_EQ(originOf(session, "debugDevice"), "command:38");
+  EXPECT_EQ(originOf(session, "cable.cableType"), "default");
+  session.Change({{"debugDevice", 6}, {"connection", "sim"}});
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+  EXPECT_EQ(originOf(session, "connection"), "changed");
+  EXPECT_EQ(originOf(session, "connectionType"), "changed");
+  session.Reset({"debugDevice"});
+  EXPECT_EQ(originOf(session, "debugDevice"), "default");
+}
+
+TEST_F(HistoryTest, OriginsOfTheChainFollowItsDevices) {
+  Session session = openWith("connect lc hdu -configdevice partname p irlength "
+                             "4 -configdevice partname q");
+  session.Change({{"chain", Value::Chain{{{"partname", "p"}, {"irlength", 5}},
+                                         {{"partname", "q"}},
+                                         {{"partname", "r"}}}}});
+  EXPECT_EQ(originOf(session, "chain"), "changed");
+  EXPECT_EQ(originOf(session, "chain[0].partname"), "file:39");
+  EXPECT_EQ(originOf(session, "chain[0].irlength"), "changed");
+  EXPECT_EQ(originOf(session, "chain[1].partname"), "file:75");
+  EXPECT_EQ(originOf(session, "chain[2].partname"), "changed");
+  session.Change({{"chain", Value::Chain{{{"partname", "p"}}}}});
+  session.Change({{"chain", Value::Chain{{{"partname", "p"}}, {}}}});
+  EXPECT_EQ(originOf(session, "chain[1].partname"), "changed");
+  session.Reset({"chain"});
+  EXPECT_EQ(originOf(session, "chain"), "default");
+}
+
+} // namespace

@@ -1,0 +1,240 @@
+// What a saved command would not bring back, and which of it stops saving.
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "ZelDebugDialog/ConfigurationModel/Codes.h"
+#include "configuration_model/ModelTest.h"
+
+namespace {
+
+using namespace ZelDebugDialog;
+using namespace model_test;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class LossTest : public ModelTest {};
+
+/// Each once, explained by a code that is known and an entry of the page.
+void expectExplained(const std::vector<Loss> &losses) {
+  std::ifstream file(ROUND_TRIP_PAGE);
+  const std::string page{std::istreambuf_iterator<char>(file), {}};
+  std::vector<std::string> fields;
+  for (const Loss &loss : losses) {
+    EXPECT_THAT(fields, testing::Not(Contains(loss.field)));
+    fields.push_back(loss.field);
+    EXPECT_NE(FindCode(loss.code), nullptr) << loss.code;
+    EXPECT_THAT(page, testing::HasSubstr("<a id=\"" + loss.anchor + "\">"));
+    EXPECT_NE(loss.reason, "") << loss.field;
+    EXPECT_NE(loss.reason.back(), '.') << loss.field;
+  }
+}
+
+struct Row {
+  const char *processor;
+  SettingValues values;
+  std::vector<std::string> losses;
+};
+
+TEST_F(LossTest, EachIsToldWithItsReasonOnce) {
+  const Row rows[] = {
+      {"lc", {{"debugDevice", 3}, {"cable.cableType", 3}}, {}},
+      {"lc",
+       {{"connection", "sim"}, {"cable.cableType", 3}, {"debugDevice", 1}},
+       {"debugDevice: 1 -> 0 [other-connections by connection], blocking",
+        "cable.cableType: quorla_podusb -> none [other-connections by "
+        "connection], blocking",
+        "cable.frequency: 6 MHz -> 0 Hz [other-connections by connection]",
+        "cable.port: USB21 ->  [other-connections by connection]"}},
+      {"lc",
+       {{"cable.cableType", 3}, {"cable.frequency", 3000000}, {"cable.esn", 7}},
+       {}}, // refused: a serial number is a text
+      {"lc",
+       {{"cable.cableType", 3},
+        {"cable.frequency", 3000000},
+        {"cable.esn", "7"}},
+       {"cable.frequency: 3 MHz -> 0 Hz [serial-number by cable.esn], "
+        "blocking"}},
+      // A default that comes back as another value, asked for and not.
+      {"lc",
+       {{"cable.cableType", 3}, {"cable.esn", "7"}},
+       {"cable.frequency: 6 MHz -> 0 Hz [serial-number by cable.esn]"}},
+      {"lc",
+       {{"cable.cableType", 3},
+        {"cable.frequency", "6 MHz"},
+        {"cable.esn", "7"}},
+       {"cable.frequency: 6 MHz -> 0 Hz [serial-number by cable.esn], "
+        "blocking"}},
+      {"lc",
+       {{"simMemSize", 32}, {"modelSimMode", true}, {"bscanUserReg", "USER3"}},
+       {"simMemSize: 32 -> 16 [never-written], blocking",
+        "modelSimMode: yes -> no [never-written], blocking",
+        "bscanUserReg: USER3 -> USER2 [never-written], blocking"}},
+      {"lc",
+       {{"romemStartAdr", 0x1000}},
+       {"romemStartAdr: 0x1000 -> not set [rom-range], blocking"}},
+      {"lc",
+       {{"icacheStartAdr", 0x10000}},
+       {"debugAddressMap: 0x10000 -> not set [other-processors], blocking",
+        "icacheStartAdr: 0x10000 -> not set [other-processors], blocking"}},
+      {"ppc440",
+       {{"icacheStartAdr", 0x10000}, {"debugAddressMap", 0x20000}},
+       {"debugAddressMap: 0x20000 -> 0x10000 [address-map-base], blocking"}},
+      {"ppc440",
+       {{"isocmStartAdr", 0}},
+       {"isocmStartAdr: 0x0 -> not set [isocm], blocking"}},
+      {"ppc405", {{"isocmSize", 5}}, {"isocmSize: 5 -> 0 [isocm], blocking"}},
+      {"ppc405", {{"isocmSize", 5}, {"isocmStartAdr", 0}}, {}},
+      {"ppc405",
+       {{"connection", "sim"}, {"simIpcPort", 5}},
+       {"simIpcPort: 5 -> 0 [port-without-host], blocking"}},
+      {"ppc405",
+       {{"connection", "sim"}, {"ppcSimConfigFile", "f"}, {"simIpcHost", "h"}},
+       {"simIpcHost: h ->  [simulator-file by ppcSimConfigFile], blocking"}},
+      {"lc",
+       {{"chain",
+         Value::Chain{{{"partname", "p"}, {"isfpga", 1}, {"nppc", 2}}}}},
+       {"chain: p -> p [never-written], blocking"}},
+      // What the reader refuses: one, of the setting at fault.
+      {"lc",
+       {{"cpuJtag", 1}},
+       {"cpuJtag: yes -> nothing [cpu-jtag-marker], "
+        "blocking"}},
+      {"lc",
+       {{"cpuJtag", 1}, {"nCpu", 2}},
+       {"cpuJtag: yes -> nothing [cpu-jtag-marker], blocking",
+        "nCpu: 2 -> nothing [never-written], blocking"}},
+      {"lc",
+       {{"cable.cableType", "quorla_plugin"}},
+       {"cable.moduleName:  -> nothing [empty-text], blocking"}},
+      {"lc",
+       {{"connection", "stub-jtag"},
+        {"cable.cableType", 3},
+        {"cable.frequency", 625000}},
+       {"cable.frequency: 625 kHz -> nothing [frequency], blocking"}},
+      {"lc_sim", {}, {"connection: hw -> nothing [connection-mask], blocking"}},
+      {"lc_sim", {{"connection", "sim"}}, {}},
+      {"a9", {}, {}},
+  };
+  for (const Row &row : rows) {
+    Session session = open(row.processor);
+    const std::string refusal = refusalOf([&] { session.Change(row.values); });
+    if (refusal != "accepted") {
+      EXPECT_THAT(row.losses, IsEmpty()) << refusal;
+      continue;
+    }
+    EXPECT_EQ(shown(session.Losses()), row.losses)
+        << row.processor << ": " << session.Command();
+    expectExplained(session.Losses());
+  }
+}
+
+TEST_F(LossTest, WhatALaterChangeDisplacesDoesNotStopSaving) {
+  Session session = open();
+  session.Change({{"cable.cableType", 3}, {"cable.frequency", 3000000}});
+  session.Change({{"connection", "sim"}});
+  EXPECT_THAT(
+      shown(session.Losses()),
+      ElementsAre("cable.cableType: quorla_podusb -> none "
+                  "[other-connections by connection]",
+                  "cable.frequency: 3 MHz -> 0 Hz [other-connections by "
+                  "connection]",
+                  "cable.port: USB21 ->  [other-connections by "
+                  "connection]"));
+  // Nor after the next one.
+  session.Change({{"stubTimeout", 5}});
+  EXPECT_THAT(shown(session.Losses()),
+              Contains("cable.frequency: 3 MHz -> 0 Hz [other-connections by "
+                       "connection]"));
+  // It does where it is asked for once more.
+  session.Change({{"cable.frequency", 12000000}});
+  EXPECT_THAT(shown(session.Losses()),
+              Contains("cable.frequency: 12 MHz -> 0 Hz [other-connections by "
+                       "connection], blocking"));
+}
+
+TEST_F(LossTest, WhatIsDisplacedIsSoAlsoBehindAConfigurationWithoutACommand) {
+  Session session = open();
+  session.Change({{"debugDevice", 3}});
+  session.Change({{"cable.cableType", "quorla_tcf"}});
+  EXPECT_FALSE(session.State().command);
+  session.Change({{"connection", "sim"}});
+  EXPECT_THAT(
+      shown(session.Losses()),
+      Contains("debugDevice: 3 -> 0 [other-connections by connection]"));
+}
+
+TEST_F(LossTest, WhatNeverCameBackIsNotDisplaced) {
+  Session session = open();
+  session.Change({{"simMemSize", 32}});
+  session.Change({{"debugDevice", 3}});
+  EXPECT_THAT(shown(session.Losses()),
+              ElementsAre("simMemSize: 32 -> 16 [never-written], blocking"));
+}
+
+TEST_F(LossTest, WhatACommandAsksForIsNotDisplaced) {
+  Session session = open();
+  session.Edit("connect lc sim -memsize 5");
+  EXPECT_THAT(shown(session.Losses()),
+              ElementsAre("simMemSize: 5 -> 16 [never-written], blocking"));
+  session.Edit("connect lc hdu -cable type quorla_podusb frequency 6000000 esn "
+               "E -debugdevice devicenr 1");
+  EXPECT_THAT(shown(session.Losses()),
+              ElementsAre("cable.frequency: 6 MHz -> 0 Hz [serial-number by "
+                          "cable.esn]"));
+}
+
+TEST_F(LossTest, WhatIsCopiedIsNotDisplaced) {
+  Session other = open();
+  other.Change({{"cable.cableType", 3}});
+  other.Change({{"connection", "sim"}});
+  Session session = open("lc_sim");
+  session.CopyFrom(other);
+  EXPECT_THAT(shown(session.Losses()),
+              Contains("cable.cableType: quorla_podusb -> none "
+                       "[other-connections by connection]"));
+  Session hardware = open();
+  hardware.Change({{"cable.cableType", 3}});
+  Session simulated = open("lc_sim");
+  simulated.Change({{"connection", "sim"}});
+  simulated.CopyFrom(hardware);
+  EXPECT_THAT(shown(simulated.Losses()),
+              Contains("cable.cableType: quorla_podusb -> none "
+                       "[other-connections by connection], blocking"));
+}
+
+TEST_F(LossTest, ALineThatIsCutIsTold) {
+  Session session = open();
+  const std::string name(1100, 'p');
+  session.Change({{"chain", Value::Chain{{{"partname", name}}}}});
+  const std::vector<Loss> losses = session.Losses();
+  ASSERT_FALSE(losses.empty());
+  EXPECT_EQ(losses[0].field, "connectCommand");
+  EXPECT_EQ(losses[0].code, "long-file");
+  EXPECT_TRUE(losses[0].blocking);
+  expectExplained(losses);
+}
+
+TEST_F(LossTest, ALineThatEndsInATextIsTold) {
+  Session session = open();
+  session.Edit("connect lc hdu -cable type quorla_podusb port a\nb -quiet");
+  EXPECT_THAT(shown(session.Losses()),
+              ElementsAre("cable.frequency: 0 Hz -> 6 MHz [lines-in-file], "
+                          "blocking",
+                          "cable.port: a\nb -> a [lines-in-file], blocking"));
+  expectExplained(session.Losses());
+}
+
+TEST_F(LossTest, ReasonsSayWhatIsAllowed) {
+  const Session session = open("lc_sim");
+  ASSERT_EQ(session.Losses().size(), 1U);
+  EXPECT_EQ(session.Losses()[0].reason,
+            "the processor does not allow this kind of connection; it allows "
+            "'sim'");
+}
+
+} // namespace

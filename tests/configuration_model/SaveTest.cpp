@@ -1,0 +1,463 @@
+// Saving: whole or not at all, and nothing that is lost in silence.
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <gmock/gmock.h>
+
+#include "configuration_model/ModelTest.h"
+
+namespace {
+
+using namespace ZelDebugDialog;
+using namespace model_test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace fs = std::filesystem;
+
+constexpr const char *command3 =
+    "connect lc hdu -debugdevice deviceNr 3 cpunr 1";
+constexpr const char *byDefault = "connect lc hdu -debugdevice cpunr 1";
+
+class SaveTest : public ModelTest {
+protected:
+  fs::path file() const { return work.path() / fileOf(); }
+  /// A session that would save `command3`.
+  Session changed() const {
+    Session session = open();
+    session.Change({{"debugDevice", 3}});
+    return session;
+  }
+  SaveOptions force() const {
+    SaveOptions options;
+    options.force = true;
+    return options;
+  }
+  SaveOptions dryRun() const {
+    SaveOptions options;
+    options.dryRun = true;
+    return options;
+  }
+};
+
+TEST_F(SaveTest, WritesTheCommandAndNothingElse) {
+  Session session = changed();
+  const SaveOutcome outcome = session.Save();
+  EXPECT_TRUE(outcome.written);
+  EXPECT_EQ(outcome.command, command3);
+  EXPECT_EQ(outcome.file, session.File());
+  EXPECT_EQ(saved(), command3);
+  EXPECT_THAT(names(), ElementsAre("kvo_lc.opt"));
+  EXPECT_FALSE(session.State().dirty);
+  EXPECT_FALSE(session.ChangedOnDisk());
+  EXPECT_EQ(open().Get("debugDevice"), Value(3));
+}
+
+TEST_F(SaveTest, SavesTheDefaultsWhereNothingIsSaved) {
+  Session session = open();
+  EXPECT_TRUE(session.Save().written);
+  EXPECT_EQ(saved(), byDefault);
+  EXPECT_FALSE(session.Save().written);
+}
+
+TEST_F(SaveTest, AFileThatReadsAsWantedStaysAsItIs) {
+  const std::string content =
+      "\nCONNECT lc hdu   -debugdevice devicenr 3\nnotes\n";
+  Session session = openWith(content);
+  const auto written = fs::last_write_time(file());
+  const SaveOutcome outcome = session.Save();
+  EXPECT_FALSE(outcome.written);
+  EXPECT_EQ(outcome.command, "CONNECT lc hdu   -debugdevice devicenr 3");
+  EXPECT_EQ(saved(), content);
+  session.Change({{"debugDevice", 4}});
+  session.Undo();
+  EXPECT_FALSE(session.Save().written);
+  EXPECT_EQ(fs::last_write_time(file()), written);
+  struct stat before = {};
+  struct stat after = {};
+  ASSERT_EQ(stat(file().c_str(), &before), 0);
+  session.Save(force());
+  ASSERT_EQ(stat(file().c_str(), &after), 0);
+  EXPECT_EQ(before.st_ino, after.st_ino);
+}
+
+TEST_F(SaveTest, ALossIsToldAlsoWhereTheCommandIsTheFilesAlready) {
+  Session session = openWith(command3);
+  session.Change({{"cpu_version", "2"}});
+  EXPECT_EQ(refusalOf([&] { session.Save(); }),
+            "would-be-lost: " + session.File() +
+                ": nothing is saved, because it would not survive: "
+                "cpu_version");
+  const SaveOutcome outcome = session.Save(force());
+  EXPECT_FALSE(outcome.written);
+  EXPECT_THAT(shown(outcome.losses),
+              ElementsAre("cpu_version: 2 ->  [never-written], blocking"));
+  EXPECT_TRUE(session.State().dirty);
+}
+
+TEST_F(SaveTest, WhatIsDisplacedIsSavedWithoutIt) {
+  Session session = open();
+  session.Change({{"cable.cableType", 3}});
+  session.Save();
+  session.Change({{"connection", "sim"}});
+  const SaveOutcome outcome = session.Save();
+  EXPECT_TRUE(outcome.written);
+  EXPECT_EQ(outcome.losses.size(), 3U);
+  EXPECT_EQ(saved(), "connect lc sim");
+  // What is saved is what the file gives.
+  EXPECT_TRUE(session.State().dirty);
+  EXPECT_THAT(shown(session.Differences()),
+              ElementsAre("cable.cableType: none -> quorla_podusb",
+                          "cable.frequency: 0 Hz -> 6 MHz",
+                          "cable.port:  -> USB21"));
+  session.Revert();
+  EXPECT_EQ(session.Get("cable.cableType"), Value(0));
+}
+
+TEST_F(SaveTest, ABlockingLossIsRefusedUnlessForced) {
+  Session session = openWith(byDefault);
+  session.Change({{"simMemSize", 32}, {"debugDevice", 3}});
+  EXPECT_EQ(refusalOf([&] { session.Save(); }),
+            "would-be-lost: " + session.File() +
+                ": nothing is saved, because it would not survive: simMemSize");
+  EXPECT_EQ(saved(), byDefault);
+  EXPECT_TRUE(session.Save(force()).written);
+  EXPECT_EQ(saved(), command3);
+}
+
+TEST_F(SaveTest, ACommandThatIsRefusedAgainIsSavedByForceAlone) {
+  Session session = open();
+  session.Change({{"cpuJtag", 1}});
+  EXPECT_THAT(refusalOf([&] { session.Save(); }),
+              testing::StartsWith("would-be-lost: "));
+  EXPECT_EQ(saved(), "none");
+  EXPECT_TRUE(session.Save(force()).written);
+  EXPECT_THAT(session.Problem(), testing::StartsWith("the command is refused"));
+  EXPECT_TRUE(session.State().dirty);
+}
+
+TEST_F(SaveTest, AFileThatHasChangedIsRefusedUnlessForced) {
+  Session session = openWith(byDefault);
+  session.Change({{"debugDevice", 3}});
+  save("connect lc sim");
+  EXPECT_EQ(refusalOf([&] { session.Save(); }),
+            "changed-on-disk: " + session.File() +
+                ": it has changed on disk since it was loaded");
+  EXPECT_EQ(saved(), "connect lc sim");
+  EXPECT_TRUE(session.Save(force()).written);
+  EXPECT_EQ(saved(), command3);
+
+  // Also where it would be left as it was loaded, has come, or is gone.
+  save("connect lc sim");
+  EXPECT_THAT(refusalOf([&] { session.Save(); }),
+              testing::StartsWith("changed-on-disk"));
+  fs::remove(file());
+  EXPECT_THAT(refusalOf([&] { session.Save(); }),
+              testing::StartsWith("changed-on-disk"));
+  Session fresh = changed();
+  save(byDefault);
+  EXPECT_THAT(refusalOf([&] { fresh.Save(); }),
+              testing::StartsWith("changed-on-disk"));
+}
+
+TEST_F(SaveTest, AFileThatCannotBeReadIsRefusedUnlessForced) {
+  struct Row {
+    std::string content;
+    const char *problem;
+  } const rows[] = {
+      {"connect lc nothing",
+       "the command is refused: the engine gives no reason"},
+      {"connect ppc hw -foo", "the command is refused: UNKNOWN Option '-foo'"},
+      {"connect lc hdu -", "the command is refused: a word is a lone '-'"},
+      {std::string("connect lc\0 hdu", 15),
+       "the command holds bytes that are no text"},
+      {"connect lc hdu -debugdevice cpu_version " + std::string(1000, 'v'),
+       "the command has 1040 characters, but only 1023 of a line are read"},
+      {"vpconnect lc", "the command is refused: the engine gives no reason"},
+      {"\xFF\xFE\n", "the command is refused: the engine gives no reason"},
+  };
+  for (const Row &row : rows) {
+    Session session = openWith(row.content);
+    EXPECT_EQ(session.Problem(), row.problem);
+    EXPECT_EQ(session.State().problem, row.problem);
+    EXPECT_TRUE(session.State().dirty);
+    EXPECT_EQ(session.Command(), byDefault);
+    EXPECT_EQ(refusalOf([&] { session.Save(); }),
+              "unreadable: " + session.File() + ": " + row.problem +
+                  "; it stays as it is");
+    EXPECT_EQ(saved(), row.content);
+    EXPECT_TRUE(session.Save(force()).written);
+    EXPECT_EQ(saved(), byDefault);
+    EXPECT_EQ(session.Problem(), "");
+    EXPECT_FALSE(session.State().dirty);
+  }
+}
+
+TEST_F(SaveTest, LinesOfTheLimitAreRead) {
+  const std::string front = "connect lc hdu -debugdevice cpu_version ";
+  const std::string whole = front + std::string(1023 - front.size(), 'v');
+  EXPECT_EQ(openWith(whole).Problem(), "");
+  EXPECT_NE(openWith(whole + "v").Problem(), "");
+  EXPECT_EQ(openWith(std::string(3000, '\n') + whole + "\n" + whole + whole)
+                .Problem(),
+            "");
+}
+
+TEST_F(SaveTest, FilesWithoutACommandGiveTheDefaults) {
+  for (const char *content : {"", "\n", "\n\n\n", " ", "\t \n"}) {
+    Session session = openWith(content);
+    if (session.Problem().empty()) {
+      EXPECT_EQ(session.Command(), byDefault);
+      EXPECT_FALSE(session.State().dirty);
+    }
+  }
+  EXPECT_EQ(openWith("").Problem(), "");
+}
+
+TEST_F(SaveTest, BytesOfNoEncodingComeThrough) {
+  const std::string content =
+      "connect lc hdu -cable type quorla_podusb port \xC3\x28\xFF frequency "
+      "6000000 -debugdevice cpunr 1";
+  Session session = openWith(content);
+  EXPECT_EQ(session.Get("cable.port"), Value("\xC3\x28\xFF"));
+  session.Change({{"debugDevice", 1}});
+  session.Save();
+  EXPECT_EQ(open().Get("cable.port"), Value("\xC3\x28\xFF"));
+}
+
+TEST_F(SaveTest, ADraftIsRefusedAlsoByForce) {
+  Session session = changed();
+  session.Draft("stubTimeout", "soon");
+  EXPECT_EQ(refusalOf([&] { session.Save(); }),
+            "draft: stubTimeout: a text that is no value stands there");
+  EXPECT_THAT(refusalOf([&] { session.Save(force()); }),
+              testing::StartsWith("draft"));
+  session.DropDraft("stubTimeout");
+  session.Edit("nonsense");
+  EXPECT_THAT(refusalOf([&] { session.Save(force()); }),
+              testing::StartsWith("draft: command"));
+  EXPECT_EQ(saved(), "none");
+}
+
+TEST_F(SaveTest, WithoutACommandNothingIsSaved) {
+  Session session = openWith(byDefault);
+  session.Change({{"cable.cableType", "quorla_tcf"}});
+  for (const SaveOptions &options : {SaveOptions(), force(), dryRun()})
+    EXPECT_EQ(refusalOf([&] { session.Save(options); }),
+              "no-command: no command can be written: Invalid Cable Type");
+  EXPECT_EQ(saved(), byDefault);
+}
+
+TEST_F(SaveTest, AReadOnlyFileIsRefusedUnlessForcedAndKeepsItsPermissions) {
+  Session session = openWith(byDefault);
+  session.Change({{"debugDevice", 3}});
+  fs::permissions(file(), fs::perms::owner_read | fs::perms::group_read);
+  EXPECT_EQ(refusalOf([&] { session.Save(); }),
+            "read-only: " + session.File() + ": it may not be written");
+  EXPECT_EQ(saved(), byDefault);
+  EXPECT_TRUE(session.Save(force()).written);
+  EXPECT_EQ(fs::status(file()).permissions(),
+            fs::perms::owner_read | fs::perms::group_read);
+}
+
+TEST_F(SaveTest, PermissionsAreKept) {
+  Session session = openWith(byDefault);
+  session.Change({{"debugDevice", 3}});
+  const fs::perms odd = fs::perms::owner_read | fs::perms::owner_write |
+                        fs::perms::others_read | fs::perms::owner_exec;
+  fs::permissions(file(), odd);
+  session.Save();
+  EXPECT_EQ(fs::status(file()).permissions(), odd);
+}
+
+TEST_F(SaveTest, OnlyARegularFileIsReplaced) {
+  struct Row {
+    const char *problem;
+    void (*make)(const fs::path &);
+  } const rows[] = {
+      {"is a folder, no file",
+       [](const fs::path &path) { fs::create_directory(path); }},
+      {"is no regular file",
+       [](const fs::path &path) { mkfifo(path.c_str(), 0600); }},
+      {"is no regular file",
+       [](const fs::path &path) { fs::create_symlink("/dev/null", path); }},
+      {"is no regular file",
+       [](const fs::path &path) {
+         mkfifo((path.parent_path() / "pipe").c_str(), 0600);
+         fs::create_symlink("pipe", path);
+       }},
+      {"is a link to nothing",
+       [](const fs::path &path) { fs::create_symlink("nowhere", path); }},
+  };
+  for (const Row &row : rows) {
+    row.make(file());
+    Session session = changed();
+    EXPECT_EQ(session.Problem(), row.problem);
+    EXPECT_TRUE(session.State().exists);
+    for (const SaveOptions &options : {SaveOptions(), force(), dryRun()})
+      EXPECT_THAT(refusalOf([&] { session.Save(options); }),
+                  testing::AllOf(testing::StartsWith("no-regular-file: "),
+                                 testing::EndsWith(row.problem)));
+    EXPECT_EQ(fs::symlink_status(file()).type() == fs::file_type::regular,
+              false);
+    fs::remove_all(file());
+    fs::remove(work.path() / "etc" / "pipe");
+  }
+  EXPECT_THAT(names(), IsEmpty());
+}
+
+TEST_F(SaveTest, AMissingFolderIsRefusedOrMade) {
+  fs::remove(work.path() / "etc");
+  Session session = changed();
+  EXPECT_THAT(refusalOf([&] { session.Save(); }),
+              testing::EndsWith("etc: there is no such folder"));
+  EXPECT_THAT(refusalOf([&] { session.Save(force()); }),
+              testing::StartsWith("no-folder: "));
+  SaveOptions options;
+  options.makeFolder = true;
+  options.dryRun = true;
+  session.Save(options);
+  EXPECT_FALSE(work.exists("etc"));
+
+  // Made for nothing, it is gone again.
+  options.dryRun = false;
+  session.Change({{"simMemSize", 5}});
+  EXPECT_THAT(refusalOf([&] { session.Save(options); }),
+              testing::StartsWith("would-be-lost"));
+  EXPECT_FALSE(work.exists("etc"));
+  session.Undo();
+  EXPECT_TRUE(session.Save(options).written);
+  EXPECT_EQ(saved(), command3);
+}
+
+TEST_F(SaveTest, AFolderThatIsAFileIsRefused) {
+  fs::remove(work.path() / "etc");
+  work.write("etc", "file");
+  Session session = changed();
+  SaveOptions options;
+  for (const bool makeFolder : {false, true}) {
+    options.makeFolder = makeFolder;
+    EXPECT_THAT(refusalOf([&] { session.Save(options); }),
+                testing::AllOf(testing::StartsWith("no-folder: "),
+                               testing::EndsWith("is a file, no folder")));
+  }
+}
+
+TEST_F(SaveTest, LinksAreFollowed) {
+  work.write("elsewhere/real.opt", byDefault);
+  fs::create_symlink("../elsewhere/real.opt", file());
+  Session session = changed();
+  session.Save();
+  EXPECT_TRUE(fs::is_symlink(file()));
+  EXPECT_EQ(work.read("elsewhere/real.opt"), command3);
+  EXPECT_EQ(std::distance(fs::directory_iterator(work.path() / "elsewhere"),
+                          fs::directory_iterator()),
+            1);
+}
+
+TEST_F(SaveTest, ADryRunTouchesNothing) {
+  Session session = openWith(byDefault);
+  session.Change({{"debugDevice", 3}});
+  const auto written = fs::last_write_time(work.path() / "etc");
+  const SaveOutcome outcome = session.Save(dryRun());
+  EXPECT_FALSE(outcome.written);
+  EXPECT_EQ(outcome.command, command3);
+  EXPECT_EQ(saved(), byDefault);
+  EXPECT_EQ(fs::last_write_time(work.path() / "etc"), written);
+  EXPECT_TRUE(session.State().dirty);
+  session.Change({{"simMemSize", 5}});
+  EXPECT_THAT(refusalOf([&] { session.Save(dryRun()); }),
+              testing::StartsWith("would-be-lost"));
+  save("connect lc sim");
+  session.Undo();
+  EXPECT_THAT(refusalOf([&] { session.Save(dryRun()); }),
+              testing::StartsWith("changed-on-disk"));
+}
+
+TEST_F(SaveTest, AFullDiskLeavesTheFileAsItWas) {
+  Session session = openWith(byDefault);
+  session.Change({{"debugDevice", 3}});
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before = {};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+  rlimit small = before;
+  small.rlim_cur = 10;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  const std::string refusal = refusalOf([&] { session.Save(); });
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_THAT(refusal,
+              testing::AllOf(testing::StartsWith("file-system: "),
+                             testing::HasSubstr("could not be written whole")));
+  EXPECT_EQ(saved(), byDefault);
+  EXPECT_THAT(names(), ElementsAre("kvo_lc.opt"));
+  EXPECT_TRUE(session.Save().written);
+}
+
+TEST_F(SaveTest, WhatEndedProgramsLeftBehindIsInNobodysWay) {
+  save(byDefault);
+  work.write("etc/.kvo_lc.opt.lock", "");
+  work.write("etc/.kvo_lc.opt.new", "half");
+  Session session = changed();
+  session.Save();
+  EXPECT_EQ(saved(), command3);
+  EXPECT_THAT(names(), ElementsAre("kvo_lc.opt"));
+}
+
+TEST_F(SaveTest, SeveralAreSavedEachWholeOrNotAtAll) {
+  Session good = changed();
+  Session lossy = open("ppc405");
+  lossy.Change({{"simMemSize", 5}});
+  Session other = open("a9");
+  Session same = open("lc_sim");
+  same.Change({{"connection", "sim"}});
+  same.Save();
+  const auto outcomes = SaveSessions({&lossy, &good, &same, &other, &good});
+  ASSERT_EQ(outcomes.size(), 5U);
+  ASSERT_TRUE(outcomes[0].refusal);
+  EXPECT_EQ(outcomes[0].refusal->kind, RefusalKind::wouldBeLost);
+  EXPECT_TRUE(outcomes[1].written);
+  EXPECT_FALSE(outcomes[2].written);
+  EXPECT_FALSE(outcomes[2].refusal);
+  EXPECT_TRUE(outcomes[3].written);
+  EXPECT_TRUE(outcomes[4].written); // the same session, told twice
+  EXPECT_THAT(names(),
+              ElementsAre("kvo_a9.opt", "kvo_lc.opt", "kvo_lc_sim.opt"));
+  EXPECT_THAT(SaveSessions({}), IsEmpty());
+}
+
+TEST_F(SaveTest, TwoSessionsOfOneFileDoNotOverwriteEachOther) {
+  Session first = changed();
+  Session second = open();
+  second.Change({{"debugDevice", 4}});
+  const auto outcomes = SaveSessions({&first, &second});
+  ASSERT_EQ(outcomes.size(), 2U);
+  EXPECT_NE(outcomes[0].written, outcomes[1].written);
+  const SaveOutcome &refused = outcomes[0].written ? outcomes[1] : outcomes[0];
+  ASSERT_TRUE(refused.refusal);
+  EXPECT_EQ(refused.refusal->kind, RefusalKind::changedOnDisk);
+  EXPECT_THAT(refusalOf([&] { (outcomes[0].written ? second : first).Save(); }),
+              testing::StartsWith("changed-on-disk"));
+}
+
+TEST_F(SaveTest, TheWorkingDirectoryIsNeitherUsedNorChanged) {
+  fillDesign(design);
+  const Board relative(design, "etc");
+  Session session(relative, "lc");
+  const fs::path elsewhere = work.path() / "elsewhere";
+  fs::create_directory(elsewhere);
+  fs::current_path(elsewhere);
+  session.Change({{"debugDevice", 3}});
+  session.Save();
+  EXPECT_EQ(fs::current_path(), elsewhere);
+  EXPECT_TRUE(fs::is_empty(elsewhere));
+  EXPECT_EQ(saved(), command3);
+  EXPECT_EQ(session.File(), "etc/kvo_lc.opt");
+}
+
+} // namespace
