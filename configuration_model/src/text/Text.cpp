@@ -5,7 +5,7 @@
 
 namespace ZelDebugDialog {
 
-std::string ShowBytes(std::string_view text) { return model::printable(text); }
+std::string ShowText(std::string_view text) { return model::printable(text); }
 
 std::string FindNearest(std::string_view word,
                         const std::vector<std::string> &candidates) {

@@ -59,6 +59,21 @@ bool hasFlag(const CLI::App &app, const std::string &name) {
                      });
 }
 
+bool hasOption(const CLI::App &app, const std::string &name) {
+  const std::vector<const CLI::Option *> options = app.get_options();
+  return std::any_of(
+      options.begin(), options.end(), [&name](const CLI::Option *option) {
+        return !option->get_positional() && option->check_name(name);
+      });
+}
+
+/// Whether `word` is an option whose value is the next word.
+bool takesValue(const CLI::App &app, const std::string &word) {
+  return word.size() > 1 && word[0] == '-' &&
+         word.find('=') == std::string::npos && hasOption(app, word) &&
+         !hasFlag(app, word);
+}
+
 bool takesCommands(const CLI::App &app) {
   const std::vector<const CLI::Option *> options = app.get_options();
   return std::any_of(options.begin(), options.end(),
@@ -66,21 +81,6 @@ bool takesCommands(const CLI::App &app) {
                        return option->get_positional() &&
                               option->get_name().find("COMMAND") == 0;
                      });
-}
-
-bool takesValue(const CLI::App &app, const std::string &name) {
-  const std::vector<const CLI::Option *> options = app.get_options();
-  return std::any_of(options.begin(), options.end(),
-                     [&name](const CLI::Option *option) {
-                       return !option->get_positional() &&
-                              option->get_items_expected_max() != 0 &&
-                              option->check_name(name);
-                     });
-}
-
-bool hasOption(const CLI::App &app, const std::string &name) {
-  return name.size() > 1 && name[0] == '-' &&
-         (takesValue(app, name) || hasFlag(app, name));
 }
 
 Failure unknownOption(const CLI::App &app, const std::string &word) {
@@ -152,19 +152,6 @@ CommandLine::CommandLine()
         fmt::format("  {}  {}\n", static_cast<int>(text.status), text.text);
   app.footer(ending);
   addCommonOptions(app);
-  addHelp();
-}
-
-/// "help list" is "list --help" to those who expect it so.
-void CommandLine::addHelp() {
-  CLI::App &help = addSubcommand(
-      "help", "Print the help of a subcommand", "zeldebug help list",
-      [this](Output &output) { return printHelp(output); });
-  help.group("");
-  completeWith(help.add_option("SUBCOMMAND", helpWanted,
-                               "the subcommand; without one, of all")
-                   ->type_name(""),
-               ValueKind::subcommand);
 }
 
 std::string CommandLine::helpOf(const Subcommand *subcommand,
@@ -172,12 +159,6 @@ std::string CommandLine::helpOf(const Subcommand *subcommand,
   const std::string text =
       subcommand == nullptr ? app.help() : subcommand->app->help("zeldebug");
   return wrappedHelp(text, output.width(), optionColumn);
-}
-
-ExitStatus CommandLine::printHelp(Output &output) const {
-  output.print(helpOf(
-      helpWanted.empty() ? nullptr : &expectSubcommand(helpWanted), output));
-  return ExitStatus::done;
 }
 
 void CommandLine::addCommonOptions(CLI::App &target) {
@@ -287,10 +268,12 @@ void CommandLine::expectValues(const std::vector<std::string> &words) const {
       continue;
     const bool isLast = i + 1 == words.size();
     const std::string next = isLast ? "" : words[i + 1];
-    if (isLast || hasOption(where, nameIn(next)))
+    const bool isOption = next.size() > 1 && next[0] == '-' &&
+                          hasOption(where, nameIn(next));
+    if (isLast || isOption)
       throw Failure(ExitStatus::wrongUse,
                     isLast ? fmt::format("{}: a value is missing", words[i])
-                           : fmt::format("{}: a value is missing in front of "
+                           : fmt::format("{}: a value is missing, in front of "
                                          "'{}'",
                                          words[i], next),
                     {"missing-value", words[i]});
@@ -304,6 +287,29 @@ void CommandLine::applyCommonOptions(Output &output) const {
     output.beQuiet();
   if (isStrict)
     output.beStrict();
+}
+
+/// What is left of the line for CLI11, which would take "-cable" for several
+/// options of one letter.
+std::vector<const char *>
+CommandLine::withoutDashedWords(int argc, const char *const *argv) {
+  std::vector<const char *> left(argv, argv + argc);
+  std::size_t first = 1;
+  while (first < left.size() && left[first][0] == '-')
+    first += takesValue(app, left[first]) ? 2 : 1;
+  if (dashed == nullptr || first >= left.size() ||
+      dashed->get_name() != left[first])
+    return left;
+  const auto isDashed = [](const char *word) {
+    return word[0] == '-' && word[1] != '-' && word[1] != '\0' &&
+           word[2] != '\0';
+  };
+  const auto behind = left.begin() + static_cast<std::ptrdiff_t>(first);
+  const auto held = std::stable_partition(
+      behind, left.end(), [&](const char *word) { return !isDashed(word); });
+  heldBack.assign(held, left.end());
+  left.erase(held, left.end());
+  return left;
 }
 
 /// CLI11 takes some values of a flag for its presence, or for how often it is
@@ -327,7 +333,11 @@ void CommandLine::nameSubcommand(Output &output) const {
     output.setSubcommand(subcommand->app->get_name());
 }
 
-ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
+ExitStatus CommandLine::run(int given, const char *const *line,
+                            Output &output) {
+  const std::vector<const char *> taken = withoutDashedWords(given, line);
+  const int argc = static_cast<int>(taken.size());
+  const char *const *const argv = taken.data();
   const std::vector<std::string> words = optionWordsOf(argc, argv);
   if (asksForJson(words))
     output.useJson();

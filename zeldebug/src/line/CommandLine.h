@@ -26,9 +26,10 @@ enum class ValueKind {
   device,
   processor,
   setting,
-  subcommand,
   colour,
   diagnosticCode,
+  languageWord,
+  subcommand,
   shell,
 };
 
@@ -64,6 +65,11 @@ public:
   /// Says what stands for values of `option`.
   void completeWith(const CLI::Option *option, ValueKind kind);
 
+  /// Lets words that begin with '-' be arguments of a subcommand.
+  void takeDashedWords(const CLI::App &taker) { dashed = &taker; }
+  /// Those of the line.
+  const std::vector<std::string> &dashedWords() const { return heldBack; }
+
   /// Reads the line and runs what it asks for. @throws Failure.
   ExitStatus run(int argc, const char *const *argv, Output &output);
 
@@ -72,16 +78,19 @@ public:
   /// Those that are meant for people.
   std::vector<Subcommand> visible() const;
   ValueKind kindOf(const CLI::Option *option) const;
+  /// The subcommand of that name, if it is meant for people.
+  /// @throws Failure (wrong use) with those that there are
+  const Subcommand &expectSubcommand(const std::string &name) const;
+  /// The help of a subcommand, in lines that fit; of all of them for null.
+  std::string helpOf(const Subcommand *subcommand, const Output &output) const;
   /// The folder of -C; "." without it.
   const std::string &workingFolder() const { return folder; }
 
 private:
   void addCommonOptions(CLI::App &target);
-  void addHelp();
-  ExitStatus printHelp(Output &output) const;
-  std::string helpOf(const Subcommand *subcommand, const Output &output) const;
+  std::vector<const char *> withoutDashedWords(int argc,
+                                               const char *const *argv);
   const Subcommand *chosen() const;
-  const Subcommand &expectSubcommand(const std::string &name) const;
   void applyCommonOptions(Output &output) const;
   void nameSubcommand(Output &output) const;
   void expectFlagsAlone(const std::vector<std::string> &words) const;
@@ -91,12 +100,13 @@ private:
   CLI::App app;
   std::vector<Subcommand> subcommands;
   std::map<const CLI::Option *, ValueKind> kinds;
+  const CLI::App *dashed = nullptr;
+  std::vector<std::string> heldBack; ///< words that begin with '-'
   std::string folder = ".";
   bool jsonWanted = false;
   bool isQuiet = false;
   bool isStrict = false;
   std::string colour = "auto";
-  std::string helpWanted; ///< the subcommand behind "help"
 };
 
 } // namespace zeldebug

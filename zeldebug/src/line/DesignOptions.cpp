@@ -17,21 +17,7 @@ using ZelDebugDialog::DesignSources;
 
 using Severity = DesignDiagnostic::Severity;
 
-/// The debug modules and controllers that a processor is connected to.
-std::vector<std::string> modulesOf(DesignModel &design,
-                                   const std::string &processor) {
-  std::vector<std::string> modules;
-  std::vector<std::string> found;
-  design.getIpInstances(modules, HW_IP_DEBUG);
-  for (const std::string &module : modules) {
-    std::vector<std::string> connected;
-    design.getHduConnectedProcessorList(connected, module);
-    if (std::find(connected.begin(), connected.end(), processor) !=
-        connected.end())
-      found.push_back(module);
-  }
-  return found;
-}
+constexpr const char *group = "The design";
 
 const char *shownSeverity(Severity severity) {
   switch (severity) {
@@ -40,9 +26,9 @@ const char *shownSeverity(Severity severity) {
   case Severity::warning:
     return "warning";
   case Severity::note:
-    break;
+    return "note";
   }
-  return "note";
+  return "";
 }
 
 /// One a line.
@@ -58,7 +44,6 @@ std::string errorsOf(const DesignModel &design) {
 
 void DesignOptions::addTo(CommandLine &line, CLI::App &app,
                           bool designRequired) {
-  const std::string group = "The design";
   CLI::Option *design =
       addTextOption(app, "DESIGN", designFile,
                     "IP-XACT design file, or the component file on top of a "
@@ -66,6 +51,20 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
           ->type_name("")
           ->required(designRequired);
   line.completeWith(design, ValueKind::file);
+  addSourcesTo(line, app);
+}
+
+void DesignOptions::addAsOptionTo(CommandLine &line, CLI::App &app) {
+  line.completeWith(addTextOption(app, "--design", designFile,
+                                  "IP-XACT design file, or the component file "
+                                  "on top of a hierarchy")
+                        ->type_name("DESIGN")
+                        ->group(group),
+                    ValueKind::file);
+  addSourcesTo(line, app);
+}
+
+void DesignOptions::addSourcesTo(CommandLine &line, CLI::App &app) {
   line.completeWith(app.add_option("--library", libraryFolders,
                                    "folder to look for components in, once for "
                                    "each (default: below the folder of DESIGN)")
@@ -122,49 +121,19 @@ std::unique_ptr<DesignModel> DesignOptions::read(Output &output) const {
   return design;
 }
 
+Json diagnosticsJson(const DesignModel &design) {
+  Json list = Json::array();
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
+    list.push_back({{"file", diagnostic.file},
+                    {"line", diagnostic.line},
+                    {"severity", shownSeverity(diagnostic.severity)},
+                    {"message", diagnostic.message}});
+  return list;
+}
+
 std::string shownDiagnostic(const DesignDiagnostic &diagnostic) {
   return shownRemark({diagnostic.file, diagnostic.line,
                       shownSeverity(diagnostic.severity), diagnostic.message});
-}
-
-std::string whyNotDebuggable(DesignModel &design,
-                             const std::string &processor) {
-  const std::string type = design.getIpName(processor);
-  const std::vector<std::string> modules = modulesOf(design, processor);
-  if (modules.empty())
-    return fmt::format("no debug module or controller is connected to it, and "
-                       "processors of type '{}' need one",
-                       type);
-  std::vector<std::string> shown;
-  shown.reserve(modules.size());
-  for (const std::string &module : modules)
-    shown.push_back(
-        fmt::format("{} of type '{}'", module, design.getIpName(module)));
-  return fmt::format(
-      "it is connected to {}, and only modules of type 'hdu' or "
-      "'hdu_cedar' and controllers of type 'ppc_jtag_link' lead to "
-      "a processor",
-      fmt::join(shown, ", "));
-}
-
-void expectDebuggable(DesignModel &design,
-                      const std::vector<std::string> &debuggable,
-                      const std::string &processor) {
-  const auto holds = [&processor](const std::vector<std::string> &names) {
-    return std::find(names.begin(), names.end(), processor) != names.end();
-  };
-  if (holds(debuggable))
-    return;
-  std::vector<std::string> names;
-  design.getProcessorInstances(names, false);
-  if (holds(names))
-    throw Failure(ExitStatus::refused,
-                  fmt::format("'{}' cannot be debugged: {}", processor,
-                              whyNotDebuggable(design, processor)));
-  throw Failure(
-      ExitStatus::wrongUse,
-      fmt::format("'{}' is no processor of the design; there are {}{}",
-                  processor, quotedList(names), didYouMean(processor, names)));
 }
 
 } // namespace zeldebug

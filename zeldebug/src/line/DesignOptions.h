@@ -17,6 +17,8 @@ class DesignOptions {
 public:
   /// Adds DESIGN, --library, --view and --kinds to a subcommand.
   void addTo(CommandLine &line, CLI::App &app, bool designRequired = true);
+  /// The same with --design in place of DESIGN.
+  void addAsOptionTo(CommandLine &line, CLI::App &app);
 
   bool named() const { return designFile.has_value(); }
 
@@ -26,6 +28,7 @@ public:
   std::unique_ptr<ZelDebugDialog::DesignModel> read(Output &output) const;
 
 private:
+  void addSourcesTo(CommandLine &line, CLI::App &app);
   ZelDebugDialog::DesignSources expectSources() const;
 
   std::optional<std::string> designFile;
@@ -34,18 +37,11 @@ private:
   std::optional<std::string> kindsFile;
 };
 
+/// [{"file", "line", "severity", "message"}]
+Json diagnosticsJson(const ZelDebugDialog::DesignModel &design);
+
 /// "file:line: message"
 std::string shownDiagnostic(const ZelDebugDialog::DesignDiagnostic &diagnostic);
-
-/// @throws Failure (wrong use) if the processor is none of the design's, which
-///   lists them; (refused) if it cannot be debugged, which says why.
-void expectDebuggable(ZelDebugDialog::DesignModel &design,
-                      const std::vector<std::string> &debuggable,
-                      const std::string &processor);
-
-/// Why a processor of the design is not among those that can be debugged.
-std::string whyNotDebuggable(ZelDebugDialog::DesignModel &design,
-                             const std::string &processor);
 
 } // namespace zeldebug
 

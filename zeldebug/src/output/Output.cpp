@@ -49,7 +49,7 @@ int writeAll(int descriptor, std::string_view text) {
   return 0;
 }
 
-/// Line by line: the breaks of a message are its own.
+/// Lines stay lines; what else is no text is shown as \xNN.
 std::string printableLines(std::string_view text) {
   std::string shown;
   for (;;) {
@@ -239,7 +239,7 @@ std::string shownRemark(const DesignRemark &remark) {
 }
 
 std::string printable(std::string_view text) {
-  return ZelDebugDialog::ShowBytes(text);
+  return ZelDebugDialog::ShowText(text);
 }
 
 std::string shownName(const std::string &name) {

@@ -6,32 +6,12 @@
 
 namespace zeldebug {
 
-using ZelDebugDialog::ChainDevice;
 using ZelDebugDialog::Effect;
 using ZelDebugDialog::FindSetting;
 using ZelDebugDialog::Loss;
 using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::SettingKind;
 using ZelDebugDialog::Value;
-
-Json toJson(const Value &value) {
-  if (value.IsFlag())
-    return value.Flag();
-  if (value.IsNumber())
-    return value.Number();
-  if (value.IsText())
-    return value.Text();
-  if (!value.IsChain())
-    return {};
-  Json devices = Json::array();
-  for (const ChainDevice &device : value.Devices()) {
-    Json fields = Json::object();
-    for (const auto &[name, field] : device)
-      fields[name] = toJson(field);
-    devices.push_back(fields);
-  }
-  return devices;
-}
 
 std::string shownStored(const std::string &setting, const Value &value) {
   const SettingInfo *const info = FindSetting(setting);

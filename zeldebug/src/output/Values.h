@@ -1,4 +1,4 @@
-// Values of the configuration model as JSON, and as messages have them.
+// Losses and effects as JSON, and as messages have them.
 #ifndef ZELDEBUG_VALUES_H
 #define ZELDEBUG_VALUES_H
 
@@ -7,13 +7,9 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Session.h>
 
-#include "output/Json.h"
+#include "output/ValueJson.h"
 
 namespace zeldebug {
-
-/// As the records hold it: number, text or flag; a list of objects for a
-/// chain, null for nothing.
-Json toJson(const ZelDebugDialog::Value &value);
 
 /// A value as the records hold it: "3", "0x40000000", "not set", "\"USB21\"".
 std::string shownStored(const std::string &setting,

@@ -1,5 +1,5 @@
-// Texts for people: bytes from anywhere made fit to be shown, and the nearest
-// of several words.
+// Texts for people: made fit to be shown, and the nearest match of a word that
+// was mistyped.
 //
 // Functions without a state; usable from any thread.
 #ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_H
@@ -13,16 +13,14 @@
 
 namespace ZelDebugDialog {
 
-/// `text` with every byte that is no part of a printable character of UTF-8
-/// written as \xNN: neither a terminal nor a table is upset by it.
+/// `text` with every control character and every byte that belongs to no UTF-8
+/// written as \xNN: fit for a terminal and for a table.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
-ShowBytes(std::string_view text);
+ShowText(std::string_view text);
 
 /// The candidate with the fewest edits (letters put in, left out, replaced or
-/// swapped, case not counted), the first of several.
-/// @return empty if none is near enough: at most one edit for each three
-/// letters of
-///   `word`, and one for shorter words
+/// swapped, case not counted), the first of several; empty if none is near
+/// enough: at most one edit for each three letters of `word`.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
 FindNearest(std::string_view word, const std::vector<std::string> &candidates);
 

@@ -1,0 +1,297 @@
+// What is wrong with a command, or surely not meant.
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "ZelDebugDialog/ConfigurationModel/Commands.h"
+#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+#include "support/FakeDesign.h"
+
+namespace {
+
+using namespace ZelDebugDialog;
+
+/// "16+4 error unknown-option", joined.
+std::string shown(const std::vector<CommandDiagnostic> &diagnostics) {
+  std::string text;
+  for (const CommandDiagnostic &one : diagnostics)
+    text += (text.empty() ? "" : "; ") + std::to_string(one.offset) + "+" +
+            std::to_string(one.length) + " " + ShowSeverity(one.severity) +
+            " " + one.code;
+  return text;
+}
+
+struct Row {
+  std::string command;
+  std::string found;
+};
+
+TEST(CheckCommand, FindsEachFaultInItsPlace) {
+  const Row rows[] = {
+      {"connect lc hdu", ""},
+      {"KCONNECT LC HDU -CABLE TYPE QUORLA_PODUSB", ""},
+      {"", "0+0 error missing-head"},
+      {"conect lc hdu", "0+6 error unknown-head"},
+      {"connect", "7+0 error missing-target"},
+      {"connect pcc hw", "8+3 error unknown-target"},
+      {"connect lc", "10+0 error missing-connection"},
+      {"connect ppc hdu", "12+3 error unknown-connection"},
+      {"connect lc hdu -cabel x", "15+6 error unknown-option"},
+      {"connect lc hdu -quiet yes", "22+3 error not-an-option"},
+      {"connect lc hdu -cable frequenzy 1", "22+9 error unknown-parameter"},
+      {"connect lc hdu -cable port", "26+0 error missing-value"},
+      {"connect lc hdu -cable type quorla_usb", "27+10 error refused-value"},
+      {"connect lc hdu -cable type quorla_plugin", "40+0 error missing-module"},
+      {"connect lc hdu -cable type quorla_podusb frequency 625000",
+       "51+6 error refused-frequency"},
+      {"connect lc hdu -", "15+1 error lone-dash"},
+      {"connect lc hdu -cable typ x -foo -debugdevice devicenr 300 fpuType xp "
+       "-bscan USER5",
+       "22+3 error unknown-parameter; 28+4 error unknown-option; "
+       "55+3 warning value-cut; 67+2 error refused-value; "
+       "77+5 error refused-value"},
+  };
+  for (const Row &row : rows) {
+    const CheckedCommand checked = CheckCommand(row.command);
+    EXPECT_EQ(shown(checked.diagnostics), row.found) << row.command;
+    EXPECT_EQ(checked.accepted, row.found.empty()) << row.command;
+    EXPECT_EQ(checked.result, row.found.empty() ? 0 : 3) << row.command;
+    EXPECT_EQ(checked.text, row.command);
+  }
+}
+
+TEST(CheckCommand, WarnsOfWhatIsReadAndSurelyNotMeant) {
+  const Row rows[] = {
+      {"connect lc hdu -cable type quorla_podusb frequency 625000 -quiet",
+       "51+6 warning frequency-not-checked"},
+      {"connect lc hdu -cable type quorla_podusb frequency 750000 -quiet", ""},
+      {"connect lc hdu -cable frequency 3000000 -quiet",
+       "32+7 warning frequency-without-cable"},
+      {"connect lc hdu -debugdevice devicenr 127", ""},
+      {"connect lc hdu -debugdevice devicenr 128", "37+3 warning value-cut"},
+      {"connect lc hdu -debugdevice devicenr -128", ""},
+      {"connect lc hdu -debugdevice devicenr -129", "37+4 warning value-cut"},
+      {"connect lc hdu -debugdevice romemStartAdr 0xFFFFFFFF", ""},
+      {"connect lc hdu -debugdevice romemStartAdr 0x100000000",
+       "42+11 warning value-cut"},
+      {"connect lc hdu -debugdevice devicenr two", "37+3 warning not-a-number"},
+      {"connect lc hdu -debugdevice devicenr 2nd", "37+3 warning not-a-number"},
+      {"connect lc hdu -debugdevice devicenr 010", "37+3 warning octal-number"},
+      {"connect lc hdu -debugdevice devicenr 0", ""},
+      {"connect lc hdu -debugdevice devicenr 0x10", ""},
+      {"connect lc sim -memsize -quiet", "24+6 warning option-as-value"},
+      {"connect ppc sim -debugdevice devicenr 1 -ipcport",
+       "40+8 warning option-lost"},
+      {"connect lc sim fast furious", "15+4 warning ignored-word"},
+      {"connect lc hdu -quiet -noattach -QUIET",
+       "32+6 warning option-repeated"},
+      {"connect lc hdu -debugdevice devicenr 1 devicenr 2",
+       "39+8 warning parameter-repeated"},
+      {"connect lc hdu -configdevice devicenr 1 -configdevice devicenr 2", ""},
+      {"connect lc stub -comm serial -baud 0", "35+1 warning baud-zero"},
+      {"connect lc stub -comm serial -baud 1", ""},
+      {"connect lc stub -comm jtag -baud 0", ""},
+      {"connect lc stub -comm serial -baud 0 -baud 9600",
+       "37+5 warning option-repeated"},
+      {"connect lc stub -comm", "21+0 warning missing-value"},
+      {"vpconnect lc -ipcport h:abc", "24+3 warning not-a-number"},
+      {"vpconnect lc -ipcport host", ""},
+      // What only a line of a file may not have.
+      {"kconnect lc hdu", ""},
+      {"connect lc hdu -cable port " + std::string(2000, 'x'), ""},
+  };
+  for (const Row &row : rows) {
+    const CheckedCommand checked = CheckCommand(row.command);
+    EXPECT_EQ(shown(checked.diagnostics), row.found) << row.command;
+    EXPECT_TRUE(checked.accepted) << row.command;
+    EXPECT_EQ(checked.result, 0) << row.command;
+  }
+}
+
+TEST(CheckCommand, KnowsTheLinesOfAFile) {
+  const std::string front = "connect lc hdu -cable port ";
+  const Row rows[] = {
+      {"connect lc hdu", ""},
+      {"kconnect lc hdu", "0+8 warning not-in-option-file"},
+      {"connect hdu", "8+3 warning not-in-option-file"},
+      {"vpconnect lc", ""},
+      {front + std::string(1023 - front.size(), 'x'), ""},
+      {front + std::string(1025 - front.size(), 'x'),
+       "1023+2 warning long-line"},
+  };
+  CheckOptions options;
+  options.ofFile = true;
+  for (const Row &row : rows)
+    EXPECT_EQ(shown(CheckCommand(row.command, options).diagnostics), row.found)
+        << row.command;
+}
+
+TEST(CheckCommand, SaysWhatWouldBeAccepted) {
+  const CheckedCommand checked = CheckCommand("connect lc hdu -cabel x");
+  EXPECT_EQ(checked.error, "UNKNOWN Option '-cabel'");
+  ASSERT_EQ(checked.diagnostics.size(), 1U);
+  const CommandDiagnostic &one = checked.diagnostics[0];
+  EXPECT_EQ(one.message, "'-cabel' is no option here");
+  EXPECT_EQ(one.engineMessage, "UNKNOWN Option '-cabel'");
+  EXPECT_EQ(one.suggestion, "-cable");
+  EXPECT_THAT(one.accepted, testing::Contains("-cable"));
+  EXPECT_EQ(CheckCommand("connect lc hdu -debugdevice devicenr 200")
+                .diagnostics[0]
+                .message,
+            "'200' does not fit: debugDevice becomes -56");
+  EXPECT_EQ(CheckCommand("connect lc hdu -debugdevice romemsize 0x100000001")
+                .diagnostics[0]
+                .message,
+            "'0x100000001' does not fit: romemSize becomes 1");
+}
+
+TEST(CheckCommand, EscapesWhatCannotBeShown) {
+  EXPECT_EQ(CheckCommand("connect lc \xed\xa0\x80\x1b").diagnostics[0].message,
+            "'\\xed\\xa0\\x80\\x1b' is no way to connect to this target");
+}
+
+// --- For one processor ------------------------------------------------------
+
+class CheckForProcessorTest : public testing::Test {
+protected:
+  CheckForProcessorTest() {
+    design.processors = {"cpu0", "cpu1", "ppc0", "a9", "alone"};
+    design.addDebugModule("dbg0", "hdu", {"cpu0", "cpu1"});
+    design.addDebugModule("jtag0", "ppc_jtag_link", {"ppc0"});
+    design.typeOf["ppc0"] = "ppc405_core";
+    design.instancesOfType["soc_cortexa9"] = {"a9"};
+    design.typeOf["alone"] = "soc_cortexr5";
+  }
+
+  CheckedCommand check(const std::string &processor,
+                       const std::string &command) {
+    const Board board(design, "etc");
+    CheckOptions options;
+    options.board = &board;
+    options.processor = processor;
+    return CheckCommand(command, options);
+  }
+
+  support::FakeDesign design;
+};
+
+TEST_F(CheckForProcessorTest, TellsWhatIsAnotherOnes) {
+  const struct {
+    const char *processor;
+    const char *command;
+    const char *found;
+  } rows[] = {
+      {"cpu0", "connect lc hdu", ""},
+      {"cpu0", "connect lc hdu -debugdevice cpunr 1", ""},
+      {"cpu0", "connect lc hdu -debugdevice cpunr 0x1", ""},
+      {"cpu0", "connect lc hdu -debugdevice cpunr 2",
+       "34+1 error number-differs"},
+      {"cpu1", "connect lc hdu -debugdevice cpunr 2", ""},
+      {"cpu0", "connect lc hdu -debugdevice cpunr 257",
+       "34+3 warning value-cut; 34+3 error number-differs"},
+      {"cpu0", "connect lc sim", ""},
+      {"cpu0", "connect lc stub", "11+4 error connection-not-allowed"},
+      {"cpu0", "vpconnect lc", "10+2 error connection-not-allowed"},
+      {"cpu0", "connect ppc hw", "8+3 warning target-differs"},
+      {"cpu0", "connect hdu", "8+3 warning target-differs"},
+      {"cpu0", "connect dap hw", "8+3 warning target-differs"},
+      {"ppc0", "connect ppc hw", ""},
+      {"ppc0", "connect ppc hw -debugdevice proctype ppc405", ""},
+      {"ppc0", "connect ppc hw -debugdevice proctype PPC440",
+       "37+6 warning kind-differs"},
+      {"a9", "connect arm hw", ""},
+      {"a9", "connect r5 hw", "8+2 warning target-differs"},
+      // What is at fault anyway is not told again.
+      {"cpu0", "connect ppc hdu", "12+3 error unknown-connection"},
+      {"cpu0", "connect foo stub", "8+3 error unknown-target"},
+      {"cpu0", "connect", "7+0 error missing-target"},
+      {"cpu0", "", "0+0 error missing-head"},
+  };
+  for (const auto &row : rows) {
+    const CheckedCommand checked = check(row.processor, row.command);
+    EXPECT_EQ(shown(checked.diagnostics), row.found) << row.command;
+    const bool isError =
+        std::string(row.found).find("error") != std::string::npos;
+    EXPECT_EQ(checked.accepted, !isError) << row.command;
+    EXPECT_EQ(checked.result, isError ? 3 : 0) << row.command;
+  }
+}
+
+TEST_F(CheckForProcessorTest, SaysWhatTheProcessorAllows) {
+  CommandDiagnostic one = check("cpu0", "connect lc stub").diagnostics.front();
+  EXPECT_EQ(one.message,
+            "'stub' is a connection that the processor does not allow");
+  EXPECT_THAT(one.accepted, testing::ElementsAre("sim", "hdu"));
+  one =
+      check("cpu1", "connect lc hdu -debugdevice cpunr 1").diagnostics.front();
+  EXPECT_EQ(one.message, "'1' is the number of another processor: this one "
+                         "has number 2");
+  EXPECT_THAT(one.accepted, testing::ElementsAre("2"));
+}
+
+TEST_F(CheckForProcessorTest, RefusesAProcessorThatIsNotThere) {
+  try {
+    check("cpu2", "connect lc hdu");
+    FAIL();
+  } catch (const Refusal &refusal) {
+    EXPECT_EQ(refusal.kind, RefusalKind::unknownProcessor);
+    EXPECT_EQ(refusal.value, "cpu2");
+    EXPECT_EQ(refusal.suggestion, "cpu0");
+    EXPECT_STREQ(refusal.what(),
+                 "'cpu2' is no processor of the design; there are 'cpu0', "
+                 "'cpu1', 'ppc0', 'a9', 'alone'; did you mean 'cpu0'?");
+  }
+  try {
+    check("alone", "connect lc hdu");
+    FAIL();
+  } catch (const Refusal &refusal) {
+    EXPECT_EQ(refusal.kind, RefusalKind::notDebuggable);
+  }
+}
+
+// --- The examples of the codes ----------------------------------------------
+
+bool has(const CheckedCommand &checked, const std::string &code) {
+  for (const CommandDiagnostic &one : checked.diagnostics)
+    if (one.code == code)
+      return true;
+  return false;
+}
+
+TEST(CheckCommand, FindsInEachExampleWhatItIsAnExampleOf) {
+  std::vector<std::string> elsewhere;
+  for (const Code &row : GetCodes()) {
+    if (row.severity == CodeSeverity::loss)
+      continue;
+    CheckOptions options;
+    options.ofFile = row.where == "in an option file";
+    if (options.ofFile || row.where.empty()) {
+      EXPECT_TRUE(has(CheckCommand(row.example, options), row.code))
+          << row.code;
+    } else {
+      elsewhere.push_back(row.code);
+    }
+  }
+  EXPECT_THAT(elsewhere,
+              testing::ElementsAre("connection-not-allowed", "missing-svf-file",
+                                   "target-differs", "kind-differs",
+                                   "number-differs"));
+}
+
+TEST_F(CheckForProcessorTest, FindsInEachExampleWhatItIsAnExampleOf) {
+  design.instancesOfType["lumacore"] = {"soft"};
+  const struct {
+    const char *code;
+    const char *processor;
+  } rows[] = {{"connection-not-allowed", "soft"},
+              {"target-differs", "cpu0"},
+              {"kind-differs", "ppc0"},
+              {"number-differs", "cpu0"}};
+  for (const auto &row : rows)
+    EXPECT_TRUE(
+        has(check(row.processor, FindCode(row.code)->example), row.code))
+        << row.code;
+}
+
+} // namespace
