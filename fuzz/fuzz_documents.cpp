@@ -21,7 +21,7 @@ namespace {
 using namespace ZelDebugDialog;
 
 /// Enough for every kind of ending, and little enough to go fast.
-constexpr std::size_t modelBytes = std::size_t{1} << 20;
+constexpr ModelLimits limits{2000, std::size_t{1} << 20};
 
 MemorySource split(const std::string &input) {
   const std::string mark = "==== ";
@@ -118,7 +118,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data,
       sources.libraryFolders.push_back(place);
   }
   DesignModel model;
-  const bool isRead = readDesignFrom(source, sources, modelBytes, model);
+  const bool isRead = readDesignFrom(source, sources, limits, model);
   checkOutcome(isRead, model);
   ask(model);
   return 0;

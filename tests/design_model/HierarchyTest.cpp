@@ -376,32 +376,101 @@ TEST(Inside, EndsAtADepthThatIsBounded) {
                           "it is not entered"));
 }
 
-TEST(Inside, EndsAtASizeThatIsBounded) {
-  Files files = {{"top.xml", design("top", instance("i", "c0"))},
-                 {"leaf.xml", leaf}};
-  std::string ten;
-  for (int level = 0; level < 30; ++level) {
+/// A hierarchy of `levels`, each of whose designs has this many instances of
+/// the next; its component on top is "c0".
+Files multiplied(int levels, int instances) {
+  Files files = {{"leaf.xml", leaf}};
+  for (int level = 0; level < levels; ++level) {
     const std::string number = std::to_string(level);
     files["c" + number + ".xml"] =
         component("c" + number, "", viewOf("d" + number));
     const std::string next =
-        level == 29 ? "leaf" : "c" + std::to_string(level + 1);
-    std::string instances;
-    for (int i = 0; i < 10; ++i)
-      instances += instance("i" + std::to_string(i), next);
-    files["d" + number + ".xml"] = design("d" + number, instances);
+        level == levels - 1 ? "leaf" : "c" + std::to_string(level + 1);
+    std::string list;
+    for (int i = 0; i < instances; ++i)
+      list += instance("i" + std::to_string(i), next);
+    files["d" + number + ".xml"] = design("d" + number, list);
   }
+  files["top.xml"] = design("top", instance("i", "c0"));
+  return files;
+}
+
+Reading readWithin(const Files &files, const ModelLimits &limits) {
   MemorySource memory;
   memory.files = files;
   DesignSources sources;
   sources.designFile = "top.xml";
-  DesignModel model;
-  EXPECT_TRUE(readDesignFrom(memory, sources, 1000000, model));
-  EXPECT_GT(model.Instances().size(), 1000u);
-  EXPECT_LT(model.Instances().size(), 2500u);
-  ASSERT_EQ(model.Diagnostics().size(), 1u);
-  EXPECT_EQ(model.Diagnostics()[0].message,
-            "the design is too large: the rest of it is left out");
+  Reading reading;
+  reading.isRead = readDesignFrom(memory, sources, limits, reading.model);
+  return reading;
+}
+
+TEST(Inside, EndsAtASizeThatIsBounded) {
+  const Reading reading = readWithin(multiplied(30, 10), {1000000, 1000000});
+  EXPECT_TRUE(reading.isRead);
+  EXPECT_GT(reading.model.Instances().size(), 1000u);
+  EXPECT_LT(reading.model.Instances().size(), 2500u);
+  ASSERT_EQ(reading.model.Diagnostics().size(), 1u);
+  EXPECT_THAT(reading.model.Diagnostics()[0].message,
+              testing::AllOf(testing::StartsWith("the design is too large: "
+                                                 "instance 'i.i0.i0.i0."),
+                             testing::EndsWith("' and what comes after it are "
+                                               "left out")));
+}
+
+/// i, i.i0, i.i0.i0, ...: the first way down is as deep as the hierarchy.
+TEST(Inside, EndsAtTheInstancesThatAreAskedFor) {
+  DesignSources sources;
+  sources.designFile = "top.xml";
+  const Files files = multiplied(3, 2);
+  sources.maxInstances = 4;
+  Reading reading = readFrom(files, sources);
+  EXPECT_TRUE(reading.isRead);
+  EXPECT_THAT(reading.instances(),
+              ElementsAre("i", "i.i0", "i.i0.i0", "i.i0.i0.i0"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error d2.xml:6: the design has more than 4 "
+                          "instances: instance 'i.i0.i0.i1' and what comes "
+                          "after it are left out"));
+  sources.maxInstances = 0;
+  EXPECT_THAT(readFrom(files, sources).diagnostics(),
+              ElementsAre("error top.xml:3: the design has more than 0 "
+                          "instances: instance 'i' and what comes after it are "
+                          "left out"));
+  // 1 + 2 + 4 + 8
+  sources.maxInstances = 15;
+  EXPECT_THAT(readFrom(files, sources).diagnostics(), IsEmpty());
+  sources.maxInstances = 14;
+  EXPECT_EQ(readFrom(files, sources).instances().size(), 14u);
+}
+
+/// What has been read answers, connections at its end included.
+TEST(Inside, AnswersFromWhatIsThereWhenItIsFull) {
+  DesignSources sources;
+  sources.designFile = "top.xml";
+  sources.maxInstances = 2;
+  Reading reading = readFrom(
+      {{"cpu.xml", component("lumacore", interface("bus", "<ipxact:master/>"))},
+       {"ram.xml", component("ram", interface("bus", "<ipxact:slave/>"))},
+       {"top.xml", design("top",
+                          instance("cpu", "lumacore") + instance("a", "ram") +
+                              instance("b", "ram"),
+                          connection("one", {"cpu.bus", "a.bus"}) +
+                              connection("two", {"cpu.bus", "b.bus"}))}},
+      sources);
+  EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("a"));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(HasSubstr("instance 'b' and what comes after")));
+}
+
+TEST(Limits, AreAMillionInstancesUnlessOthersAreAskedFor) {
+  EXPECT_EQ(DesignSources().maxInstances, 1000000u);
+  EXPECT_EQ(limitsOf(1000000).instances, 1000000u);
+  EXPECT_EQ(limitsOf(1000000).bytes, std::size_t{1} << 30);
+  EXPECT_EQ(limitsOf(0).bytes, std::size_t{1} << 30);
+  EXPECT_EQ(limitsOf(2000000).bytes, std::size_t{2048} * 1000000);
+  EXPECT_EQ(limitsOf(100000001).instances, 100000000u);
+  EXPECT_EQ(limitsOf(static_cast<std::size_t>(-1)).instances, 100000000u);
 }
 
 } // namespace

@@ -120,7 +120,8 @@ Reading readFrom(const Files &files, const DesignSources &sources) {
   MemorySource memory;
   memory.files = files;
   Reading reading;
-  reading.isRead = readDesignFrom(memory, sources, largestModel, reading.model);
+  reading.isRead = readDesignFrom(
+      memory, sources, limitsOf(sources.maxInstances), reading.model);
   return reading;
 }
 

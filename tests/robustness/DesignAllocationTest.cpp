@@ -14,6 +14,8 @@
 #include "FailEach.h"
 #include "Reading.h"
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "ZelDebugDialog/DesignModel/Kinds.h"
+#include "ZelDebugDialog/DesignModel/Libraries.h"
 #include "support/TemporaryDirectory.h"
 
 namespace robustness {
@@ -55,13 +57,12 @@ public:
     component = model.AddComponent(componentOf("uart", DesignRole::other));
     around = *model.AddInstance(longText("around"), component);
     core = *model.AddInstance(longText("core"), processor);
-    const auto debugModule = *model.AddInstance(longText("debug"), module);
+    debug = *model.AddInstance(longText("debug"), module);
     uart = *model.AddInstance(longText("uart"), component, around);
     model.AddParameter(core, longText("parameter"), longText("value"));
-    model.Connect(
-        {{{debugModule, longText("out"), 1}, {core, longText("in"), 2}},
-         longText("wire"),
-         {longText("file"), 3}});
+    model.Connect({{{debug, longText("out"), 1}, {core, longText("in"), 2}},
+                   longText("wire"),
+                   {longText("file"), 3}});
     model.Report({DesignDiagnostic::Severity::note, longText("file"), 4,
                   longText("remark")});
     names = {longText("earlier")};
@@ -111,6 +112,7 @@ public:
   DesignModel::ComponentId component = 0;
   DesignModel::InstanceId around = 0;
   DesignModel::InstanceId core = 0;
+  DesignModel::InstanceId debug = 0;
   DesignModel::InstanceId uart = 0;
 
   Names names;
@@ -230,6 +232,20 @@ TEST(DesignAllocation, OfBuilding) {
                              {longText("file"), 8}});
       },
       Remarks::mayGrow);
+  expectAllOrNothing("DesignModel::SetView", [](DesignScene &scene) {
+    std::string view = longText("view");
+    scene.model.SetView(scene.core, std::move(view));
+  });
+  expectAllOrNothing("DesignModel::Attach", [](DesignScene &scene) {
+    scene.model.Attach(scene.core, scene.debug);
+  });
+  // Refused, with a remark.
+  expectAllOrNothing("DesignModel::Attach", [](DesignScene &scene) {
+    scene.model.Attach(scene.uart, scene.debug, {longText("file"), 8});
+  });
+  expectAllOrNothing("DesignModel::AddMissing", [](DesignScene &scene) {
+    scene.model.AddMissing({longText("component"), longText("identity")});
+  });
   expectAllOrNothing("DesignModel::Report", [](DesignScene &scene) {
     scene.model.Report({DesignDiagnostic::Severity::note, longText("file"), 9,
                         longText("another")});
@@ -268,6 +284,18 @@ TEST(DesignAllocation, OfQueries) {
   });
   expectAllOrNothing("DesignModel::Diagnostics", [](DesignScene &scene) {
     EXPECT_EQ(scene.model.Diagnostics().size(), 1U);
+  });
+  expectAllOrNothing("DesignModel::Component", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.Component(scene.component).interfaces.size(), 2U);
+  });
+  expectAllOrNothing("DesignModel::Connections", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.Connections().size(), 1U);
+  });
+  expectAllOrNothing("DesignModel::WiredTo", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.WiredTo({scene.debug, 0}).size(), 1U);
+  });
+  expectAllOrNothing("DesignModel::Missing", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.Missing().size(), 0U);
   });
   expectAllOrNothing("DesignModel::DebugModules", [](DesignScene &scene) {
     std::string name = scene.model.DebugModules().front();
@@ -393,13 +421,82 @@ TEST(DesignAllocation, OfReading) {
                       connection("wire", {"cpu.out", "uart.in"})));
   folder.write("inside.xml",
                component("around", interface("in", target), viewOf("top")));
-  folder.write("kinds", "x:y:uart_*:* other " + longText("type") + "\n");
+  folder.write("kinds", "x:y:uart_*:* other " + longText("type") +
+                            "\nx:y:nothing:1 debug-module hdu\n"
+                            "connect c?u missing\nconnect none missing\n");
   folder.write("bad-kinds", "x:y:uart_* other\n");
   expectReadOrNot({"top.xml", {"library"}, "", ""}, true);
   expectReadOrNot({"top.xml", {"library"}, "", "kinds"}, true);
   expectReadOrNot({"inside.xml", {"."}, "", ""}, true);
   expectReadOrNot({"top.xml", {"library"}, "", "bad-kinds"}, false);
   expectReadOrNot({"none.xml", {"library"}, "", ""}, false);
+}
+
+void expectProposedOrNot(const DesignSources &sources, bool isRead) {
+  covered().insert("ProposeKinds");
+  /// With a proposal from before.
+  class Asking : public DesignScene {
+  public:
+    Asking() { proposal.table = longText("before"); }
+    std::string all() {
+      return answers() + remarks() + proposal.table +
+             std::to_string(proposal.candidates.size());
+    }
+    KindProposal proposal;
+  };
+  std::string before;
+  std::string after;
+  {
+    Asking scene;
+    before = scene.all();
+    EXPECT_EQ(ProposeKinds(sources, scene.proposal, scene.model), isRead);
+    after = scene.all();
+  }
+  const SameHeap heap;
+  failEach<Asking>(
+      "ProposeKinds",
+      [&sources](Asking &scene) {
+        ProposeKinds(sources, scene.proposal, scene.model);
+      },
+      [&](Asking &scene) {
+        EXPECT_EQ(scene.all(), before);
+        ProposeKinds(sources, scene.proposal, scene.model);
+        EXPECT_EQ(scene.all(), after);
+      });
+}
+
+TEST(DesignAllocation, OfProposing) {
+  const support::TemporaryDirectory folder;
+  const std::string initiator = "<ipxact:master/>";
+  const std::string target = "<ipxact:slave/>";
+  folder.write("core.xml",
+               component("core", interface("dbg", target), "<ipxact:cpus/>"));
+  folder.write("dm.xml", component("jtag_dm", interface("dbg", initiator)));
+  folder.write("top.xml",
+               design("top",
+                      instance("core", "core") + instance("dm", "jtag_dm"),
+                      connection("a", {"dm.dbg", "core.dbg"})));
+  folder.write("kinds", "x:y:core:1 processor lumacore");
+  expectProposedOrNot({"top.xml", {}, "", "kinds"}, true);
+  expectProposedOrNot({"none.xml", {}, "", ""}, false);
+}
+
+TEST(DesignAllocation, OfFindingLibraries) {
+  const support::TemporaryDirectory folder;
+  folder.write("ip/core.xml", component("core", ""));
+  folder.write("soc/top.xml", design("top", instance("core", "core")));
+  const DesignSources sources{"soc/top.xml", {}, "", ""};
+  covered().insert("FindLibraries");
+  DesignModel model;
+  ASSERT_TRUE(ReadDesign(sources, model));
+  const SameHeap heap;
+  failEach<DesignScene>(
+      "FindLibraries",
+      [&](DesignScene &) {
+        const LibrarySearch found = FindLibraries(sources, model, {1, 99, 99});
+        EXPECT_EQ(found.folders.size(), 2U);
+      },
+      [](DesignScene &) {});
 }
 
 // --- Nothing is left out -----------------------------------------------------

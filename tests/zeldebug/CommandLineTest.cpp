@@ -44,7 +44,8 @@ TEST_F(CommandLineTest, TellsItsVersion) {
 
 TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
   const std::string optionsOfSet =
-      "'--help', '--json', '-C', '--library', '--view', '--kinds', '--all', "
+      "'--help', '--json', '-C', '--library', '--view', '--kinds', "
+      "'--max-instances', '--all', "
       "'--dry-run', '--force', '--mkdir', '--from', '--connection', '--cable', "
       "'--frequency', '--port', '--esn', '--module', '--module-arg', "
       "'--debug-device', '--cpu-jtag', '--device', '--clear-chain', "
@@ -56,17 +57,20 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
     std::string message;
   } rows[] = {
       {{"lst", "x"},
-       "unknown subcommand 'lst'; there are 'list', 'design', 'show', 'set', "
+       "unknown subcommand 'lst'; there are 'list', 'design', 'kinds', 'show', "
+       "'set', "
        "'command', 'check', 'explain', 'explain-code', 'diff', 'roundtrip', "
        "'cables', 'language', 'completion', 'manual', 'help'; did you mean "
        "'list'?"},
       {{"frobnicate"},
-       "unknown subcommand 'frobnicate'; there are 'list', 'design', 'show', "
+       "unknown subcommand 'frobnicate'; there are 'list', 'design', 'kinds', "
+       "'show', "
        "'set', 'command', 'check', 'explain', 'explain-code', 'diff', "
        "'roundtrip', 'cables', 'language', 'completion', 'manual', 'help'"},
       {{"list", "--jsn", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
-       "'--library', '--view', '--kinds'; did you mean '--json'?"},
+       "'--library', '--view', '--kinds', '--max-instances'; did you mean "
+       "'--json'?"},
       {{"set", "x", "y", "--frequncy=3MHz"},
        "unknown option '--frequncy' of 'set'; there are " + optionsOfSet +
            "; did you mean '--frequency'?"},
@@ -80,7 +84,8 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
        "'--json', '-C'"},
       {{"--jsn", "list", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
-       "'--library', '--view', '--kinds'; did you mean '--json'?"},
+       "'--library', '--view', '--kinds', '--max-instances'; did you mean "
+       "'--json'?"},
       {{"check", "connect", "lc", "hdu", "-cable", "type", "x"},
        "unknown option '-cable' of 'check'; there are '--help', '--json', "
        "'-C', '--file', '--design', '--library', '--view', '--kinds', "
@@ -209,7 +214,8 @@ TEST_F(CommandLineTest, WrongUseIsADocumentInJson) {
   EXPECT_EQ(document["failure"]["status"], 2);
   EXPECT_EQ(document["failure"]["message"],
             "unknown option '--jsn' of 'list'; there are '--help', '--json', "
-            "'-C', '--library', '--view', '--kinds'; did you mean '--json'?");
+            "'-C', '--library', '--view', '--kinds', '--max-instances'; did "
+            "you mean '--json'?");
 }
 
 TEST_F(CommandLineTest, TheManualHoldsEveryOption) {

@@ -66,6 +66,8 @@ TEST_F(CompletionTest, KnowsWhatFits) {
        "200000\n"},
       {{"set", board, "lumacore_0", "--port", ""}, ""},
       {{"set", board, "--library", ""}, ":folders\n"},
+      {{"design", board, "--graph", "--under", "hd"}, "hdu_0\n"},
+      {{"design", board, "--under=a9"}, "a9_0\na9_1\n"},
       {{"show", "--file", ""}, ":files\n"},
       {{"completion", ""}, "bash\nzsh\nfish\n"},
       {{"explain-code", "unknown-o"}, "unknown-option\n"},

@@ -58,11 +58,68 @@ TEST_F(DesignCommandTest, GivesParametersByName) {
   EXPECT_EQ((*uart)["parameters"]["C_BAUDRATE"], "115200");
 }
 
+TEST_F(DesignCommandTest, GivesIdentityViewsAndConnections) {
+  const json document = runJson({"design", board});
+  const json *core = instanceNamed(document, "lumacore_0");
+  ASSERT_NE(core, nullptr);
+  EXPECT_EQ((*core)["identity"], "example.org:board:lumacore:1.0");
+  EXPECT_EQ((*core)["view"], nullptr);
+  EXPECT_EQ((*core)["views"], json::array());
+  EXPECT_EQ((*core)["connections"][2],
+            json({{"interface", "debug"},
+                  {"mode", "target"},
+                  {"busType", "example.org:bus:debug_link:1.0"},
+                  {"to", {{{"instance", "hdu_0"}, {"interface", "debug_0"}}}},
+                  {"inside", json::array()},
+                  {"others", 0}}));
+  // What nothing is wired to is shown as well.
+  const json *unwired = instanceNamed(document, "lumacore_2");
+  ASSERT_NE(unwired, nullptr);
+  ASSERT_EQ((*unwired)["connections"].size(), 3U);
+  EXPECT_EQ((*unwired)["connections"][1]["to"], json::array());
+}
+
+/// A connection may have more ends than a document should list for each.
+TEST_F(DesignCommandTest, CountsTheEndsThatItDoesNotList) {
+  std::string instances;
+  std::string ends;
+  for (int i = 0; i < 150; ++i) {
+    const std::string name = "i" + std::to_string(i);
+    instances += "<componentInstance><instanceName>" + name +
+                 "</instanceName><componentRef vendor=\"v\" library=\"l\" "
+                 "name=\"c\" version=\"1\"/></componentInstance>";
+    ends += "<activeInterface componentRef=\"" + name + "\" busRef=\"p\"/>";
+  }
+  folder.write("c.xml", "<component><vendor>v</vendor><library>l</library>"
+                        "<name>c</name><version>1</version><busInterfaces>"
+                        "<busInterface><name>p</name><target/></busInterface>"
+                        "</busInterfaces></component>");
+  folder.write("top.xml",
+               "<design><vendor>v</vendor><library>l</library><name>d</name>"
+               "<version>1</version><componentInstances>" +
+                   instances +
+                   "</componentInstances><interconnections><interconnection>"
+                   "<name>w</name>" +
+                   ends + "</interconnection></interconnections></design>");
+  const json document = runJson({"design", "top.xml"});
+  for (const json &instance : document["instances"]) {
+    const json &connection = instance["connections"][0];
+    EXPECT_EQ(connection["to"].size(), 100U);
+    EXPECT_EQ(connection["others"], 49);
+    for (const json &end : connection["to"])
+      EXPECT_NE(end["instance"], instance["name"]);
+  }
+}
+
 TEST_F(DesignCommandTest, ShowsTables) {
   const Result run = this->run({"design", board});
   EXPECT_EQ(run.status, 0);
   EXPECT_THAT(run.out,
               HasSubstr("\nppc_jtag_0    ppc_jtag_link  ppc405_0 ppc440_0\n"));
+  EXPECT_THAT(run.out, HasSubstr("\nlumacore_0.debug      target             "
+                                 "hdu_0.debug_0\n"));
+  EXPECT_THAT(run.out,
+              HasSubstr("hdu               example.org:board:hdu:1.0      "));
 }
 
 TEST_F(DesignCommandTest, RefusesALibraryThatIsNotThere) {

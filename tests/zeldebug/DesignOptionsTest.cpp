@@ -1,5 +1,6 @@
 // Where a design's components are looked for, which view of a hierarchy is
-// taken, and what plays the part of what: --library, --view and --kinds.
+// taken, what plays the part of what, and how much is read: --library, --view,
+// --kinds and --max-instances.
 #include <filesystem>
 
 #include <gmock/gmock.h>
@@ -177,6 +178,41 @@ TEST_F(DesignOptionsTest, AViewSaysWhatIsInside) {
   // A view that a component does not have is not the one to take.
   EXPECT_THAT(debuggable({"top.xml", "--view", "middle"}),
               ElementsAre("in_small"));
+}
+
+TEST_F(DesignOptionsTest, InstancesAreLimited) {
+  const std::vector<std::string> all = debuggable({board});
+  EXPECT_EQ(debuggable({board, "--max-instances", "1000"}), all);
+  EXPECT_EQ(debuggable({board, "--max-instances", "100000000"}), all);
+  EXPECT_EQ(debuggable({board, "--max-instances", "1"}),
+            std::vector<std::string>{"lumacore_0"});
+  const Result run = this->run({"design", board, "--max-instances", "0x1"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.err, HasSubstr("the design has more than 1 instances: "
+                                 "instance 'lumacore_1' and what comes after "
+                                 "it are left out\n"));
+  EXPECT_EQ(this->run({"complete", "--", "show", board, "--max-instances", "1",
+                       "lumacore"})
+                .out,
+            "lumacore_0\n");
+}
+
+TEST_F(DesignOptionsTest, ANumberOfInstancesThatIsNone) {
+  for (const std::string number :
+       {"0", "100000001", "-1", "1e6", "1 ", "many", "18446744073709551616"})
+    for (const char *subcommand :
+         {"list", "design", "show", "set", "command"}) {
+      std::vector<std::string> line{subcommand, board};
+      if (std::string(subcommand) != "list" &&
+          std::string(subcommand) != "design")
+        line.emplace_back("lumacore_0");
+      line.insert(line.end(), {"--max-instances=" + number});
+      const Result run = this->run(line);
+      EXPECT_EQ(run.status, 2) << number;
+      EXPECT_EQ(run.err, "zeldebug: error: --max-instances: '" + number +
+                             "' is no number from 1 to 100000000 (decimal or "
+                             "0x)\n");
+    }
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-// Runs the commands of docs/zeldebug.md and compares what they print.
+// Runs the commands of the pages and compares what they print.
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -51,14 +51,17 @@ protected:
 TEST_F(DocumentTest, EveryExamplePrintsWhatThePageSays) {
   const fs::path source = fs::path(board).parent_path().parent_path();
   fs::create_directory_symlink(source, "examples");
-  const std::vector<Example> examples = examplesOf(ZELDEBUG_DOCUMENT);
-  EXPECT_GT(examples.size(), 15U);
-  for (const Example &example : examples) {
-    const std::string output = outputOf(example.command);
-    EXPECT_EQ(output, example.output)
-        << "line " << example.line << ": " << example.command;
-    if (example.command.find(" --json") != std::string::npos)
-      keepDocument(output);
+  for (const char *const page : {ZELDEBUG_DOCUMENT, ZELDEBUG_DESIGN_FILES}) {
+    const std::vector<Example> examples = examplesOf(page);
+    EXPECT_GT(examples.size(), 10U) << page;
+    for (const Example &example : examples) {
+      const std::string output = outputOf(example.command);
+      EXPECT_EQ(output, example.output)
+          << page << ":" << example.line << ": " << example.command;
+      if (example.command.find(" --json") != std::string::npos)
+        keepDocument(output);
+    }
+    fs::remove_all("etc");
   }
 }
 

@@ -1,4 +1,5 @@
 // What users and their machines do to a program.
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -57,6 +58,66 @@ TEST_F(FaultsTest, AProcessorThatIsNotInTheDesign) {
   }
 }
 
+/// What a terminal would obey, a line end, and a byte that is no UTF-8.
+const std::string hostile = "x\x1b[31m\n\x7f\xff\xc2\x9b";
+const std::string escaped = "x\\x1b[31m\\x0a\\x7f\\xff\\xc2\\x9b";
+
+TEST_F(FaultsTest, WhatIsNotPrintableIsEscaped) {
+  const std::vector<std::vector<std::string>> lines = {
+      {hostile},
+      {"--" + hostile},
+      {"list", hostile},
+      {"list", board, hostile},
+      {"list", board, "--" + hostile},
+      {"list", board, "--library", hostile},
+      {"list", board, "--kinds", hostile},
+      {"list", board, "--view", hostile},
+      {"list", board, "--max-instances", hostile},
+      {"show", board, hostile},
+      {"show", "--file", hostile},
+      {"show", board, "lumacore_0", "-C", hostile},
+      {"set", board, "lumacore_0", "--connection", hostile},
+      {"set", board, "lumacore_0", "--cable", hostile},
+      {"set", board, "lumacore_0", "--frequency", hostile},
+      {"set", board, "lumacore_0", "--device", hostile},
+      {"set", board, "lumacore_0", "--device", hostile + "=1"},
+      {"set", board, "lumacore_0", "--rom", hostile},
+      {"set", board, "lumacore_0", "--icache", hostile},
+      {"set", board, "lumacore_0", "--port", hostile},
+      {"set", board, "lumacore_0", "--from", hostile},
+      {"command", board, "lumacore_0", "--from", "connect lc " + hostile},
+      {"explain", hostile},
+      {"explain-code", hostile},
+      {"diff", hostile, "connect lc sim"},
+      {"roundtrip", hostile},
+      {"completion", hostile},
+      {"design", board, "--under", hostile, "--graph"},
+  };
+  for (const std::vector<std::string> &line : lines) {
+    const Result run = this->run(line);
+    EXPECT_NE(run.status, 0) << testing::PrintToString(line);
+    EXPECT_THAT(run.err, HasSubstr(escaped)) << testing::PrintToString(line);
+    EXPECT_EQ(run.err.find_first_of("\x1b\x7f\xff"), std::string::npos)
+        << run.err;
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
+  }
+}
+
+TEST_F(FaultsTest, WhatIsNotPrintableInADesignIsEscaped) {
+  folder.write("odd.xml",
+               "<design><componentInstances><componentInstance>"
+               "<instanceName>u&#27;[31m&#10;&#x7f;&#x9b;</instanceName>"
+               "</componentInstance></componentInstances></design>");
+  for (const char *subcommand : {"design", "list"}) {
+    const Result run = this->run({subcommand, "odd.xml"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ((run.out + run.err).find_first_of("\x1b\x7f"), std::string::npos);
+    EXPECT_EQ((run.out + run.err).find("\xc2\x9b"), std::string::npos);
+  }
+  EXPECT_THAT(run({"design", "odd.xml"}).err,
+              HasSubstr("instance 'u\\x1b[31m\\x0a\\x7f\\xc2\\x9b'"));
+}
+
 TEST_F(FaultsTest, AnEmptyArgumentIsNotAMissingOne) {
   const std::string processors =
       "'' is no processor of the design; there are 'lumacore_0', 'lumacore_1', "
@@ -81,6 +142,9 @@ TEST_F(FaultsTest, AnEmptyArgumentIsNotAMissingOne) {
       {{"show", "", "lumacore_0"}, 3, noFile},
       {{"list", board, "--kinds", ""}, 3, noFile},
       {{"list", board, "--view", ""}, 2, "--view: '' is no name of a view"},
+      {{"list", board, "--max-instances", ""},
+       2,
+       "--max-instances: '' is no number from 1 to 100000000 (decimal or 0x)"},
       {{"list", board, "--library", ""},
        3,
        "'': there is no such library folder or catalog"},

@@ -26,7 +26,8 @@ TEST_F(ListCommandTest, ShowsProcessorsInOrderOfDiscovery) {
       "a9_1        soc_cortexa9  2       -    hw\n"
       "\n"
       "'r5_0' (soc_cortexr5) cannot be debugged: no debug module or controller "
-      "is connected to it, and processors of type 'soc_cortexr5' need one.\n");
+      "is connected to it, and processors of type 'soc_cortexr5' need one.\n"
+      "It is wired by bus: arm_bus.initiator_2.\n");
 }
 
 TEST_F(ListCommandTest, TellsTheSameInJson) {
@@ -56,6 +57,109 @@ TEST_F(ListCommandTest, TellsTheSameInJson) {
   ASSERT_EQ(document["undebuggable"].size(), 1U);
   EXPECT_EQ(document["undebuggable"][0]["instanceName"], "r5_0");
   EXPECT_EQ(document["undebuggable"][0]["type"], "soc_cortexr5");
+  EXPECT_EQ(document["undebuggable"][0]["wiredTo"],
+            json({"bus: arm_bus.initiator_2"}));
+  EXPECT_EQ(document["missing"], json::array());
+  EXPECT_EQ(document["advice"], json::array());
+}
+
+std::string reference(const std::string &name) {
+  return "vendor=\"v\" library=\"l\" name=\"" + name + "\" version=\"1\"";
+}
+
+std::string document(const std::string &root, const std::string &name,
+                     const std::string &content) {
+  return "<" + root + "><vendor>v</vendor><library>l</library><name>" + name +
+         "</name><version>1</version>" + content + "</" + root + ">";
+}
+
+std::string designOf(const std::string &component) {
+  return document("design", "d",
+                  "<componentInstances><componentInstance><instanceName>core"
+                  "</instanceName><componentRef " +
+                      reference(component) +
+                      "/></componentInstance></componentInstances>");
+}
+
+/// Each step is the one that the step before it names.
+TEST_F(ListCommandTest, ShowsTheWayToAProcessorThatCanBeDebugged) {
+  folder.write("so c/top.xml", designOf("own"));
+  folder.write("ip/own.xml",
+               document("component", "own", "<cpus><cpu/></cpus>"));
+  const json first = runJson({"list", "so c/top.xml"});
+  EXPECT_EQ(first["missing"],
+            json::array({{{"type", "component"}, {"identity", "v:l:own:1"}}}));
+  ASSERT_EQ(first["advice"].size(), 1U);
+  EXPECT_EQ(first["advice"][0]["code"], "library");
+  EXPECT_EQ(first["advice"][0]["command"],
+            json({"zeldebug", "list", "so c/top.xml", "--library", "so c",
+                  "--library", "ip"}));
+  EXPECT_THAT(this->run({"list", "so c/top.xml"}).out,
+              testing::EndsWith(
+                  "\nNot found: component v:l:own:1. What is missing is in the "
+                  "libraries of this line:\n"
+                  "  zeldebug list 'so c/top.xml' --library 'so c' --library "
+                  "ip\n"));
+  const json second =
+      runJson({"list", "so c/top.xml", "--library", "so c", "--library", "ip"});
+  EXPECT_EQ(second["names"], json({"core"}));
+  EXPECT_EQ(second["missing"], json::array());
+  ASSERT_EQ(second["advice"].size(), 1U);
+  EXPECT_EQ(second["advice"][0]["code"], "kinds");
+  EXPECT_EQ(second["advice"][0]["command"],
+            json({"zeldebug", "kinds", "so c/top.xml", "--library", "so c",
+                  "--library", "ip"}));
+  EXPECT_EQ(this->run({"kinds", "so c/top.xml", "--library", "so c",
+                       "--library", "ip", "--write", "k"})
+                .status,
+            0);
+  const json third = runJson({"list", "so c/top.xml", "--library", "so c",
+                              "--library", "ip", "--kinds", "k"});
+  EXPECT_EQ(third["processors"][0]["instanceName"], "core");
+  EXPECT_EQ(third["advice"], json::array());
+}
+
+TEST_F(ListCommandTest, SaysWhereItHasLooked) {
+  folder.write("a/b/c/d/e/f/g/top.xml", designOf("own"));
+  const json alone = runJson({"list", "a/b/c/d/e/f/g/top.xml"});
+  ASSERT_EQ(alone["advice"].size(), 2U);
+  EXPECT_EQ(alone["advice"][0]["code"], "not-found");
+  EXPECT_EQ(alone["advice"][0]["command"], json::array());
+  EXPECT_EQ(alone["advice"][0]["message"],
+            "Not found: component v:l:own:1. There are no other documents "
+            "below a; '--library DIR' names the folder that holds it.");
+  folder.write("a/b/other.xml", document("component", "other", ""));
+  EXPECT_EQ(
+      runJson({"list", "a/b/c/d/e/f/g/top.xml"})["advice"][0]["message"],
+      "Not found: component v:l:own:1. Nothing of it is in the 1 document "
+      "below a; '--library DIR' names the folder that holds it.");
+  EXPECT_EQ(alone["advice"][1]["code"], "kinds");
+}
+
+/// A hierarchy whose design is elsewhere can't be read at all.
+TEST_F(ListCommandTest, AdvisesWhereADesignCannotBeRead) {
+  folder.write("soc/top.xml",
+               document("component", "top",
+                        "<model><views><view><name>v</name>"
+                        "<designInstantiationRef>i</designInstantiationRef>"
+                        "</view></views><instantiations><designInstantiation>"
+                        "<name>i</name><designRef " +
+                            reference("d") +
+                            "/></designInstantiation></instantiations>"
+                            "</model>"));
+  folder.write("designs/d.xml", designOf("own"));
+  folder.write("designs/own.xml",
+               document("component", "own", "<cpus><cpu/></cpus>"));
+  const Result run = this->run({"list", "soc/top.xml"});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.err,
+              HasSubstr("Not found: design v:l:d:1. What is missing is in the "
+                        "libraries of this line:\n"
+                        "  zeldebug list soc/top.xml --library soc --library "
+                        "designs\n"));
+  EXPECT_EQ(runJson({"list", "soc/top.xml", "--library", "soc", "--library",
+                     "designs"})["names"],
+            json({"core"}));
 }
 
 TEST_F(ListCommandTest, RefusesADesignThatIsNotThere) {

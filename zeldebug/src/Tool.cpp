@@ -24,6 +24,7 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   CommandLine line;
   addListCommand(line);
   addDesignCommand(line);
+  addKindsCommand(line);
   addShowCommand(line);
   addSetCommand(line);
   addCommandCommand(line);

@@ -32,7 +32,7 @@ const Record *DocumentStore::find(DocumentType type, const Identity &identity,
     XmlDocument document;
     if (!load(file, type, identity, document))
       continue;
-    entry->second = read(document, file, model);
+    entry->second = read(document, file, diagnostics);
     break;
   }
   return entry->second.get();
@@ -42,16 +42,16 @@ const Record *DocumentStore::find(DocumentType type, const Identity &identity,
 bool DocumentStore::load(const std::string &file, DocumentType type,
                          const Identity &identity, XmlDocument &document) {
   constexpr auto severity = DesignDiagnostic::Severity::error;
-  if (!loadDocument(source, file, severity, model, document))
+  if (!loadDocument(source, file, severity, diagnostics, document))
     return false;
   const Identity found = readIdentity(document.root());
   if (typeOf(document) == type && found == identity)
     return true;
-  model.Report({severity, file, document.lineOf(document.root()),
-                "it should hold " + std::string(toText(type)) + " " +
-                    quote(toText(identity)) + ", but holds " +
-                    std::string(toText(typeOf(document))) + " " +
-                    quote(toText(found))});
+  diagnostics.add({severity, file, document.lineOf(document.root()),
+                   "it should hold " + std::string(toText(type)) + " " +
+                       quote(toText(identity)) + ", but holds " +
+                       std::string(toText(typeOf(document))) + " " +
+                       quote(toText(found))});
   return false;
 }
 

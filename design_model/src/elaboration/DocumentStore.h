@@ -6,8 +6,8 @@
 #include <string>
 #include <unordered_map>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "library/Library.h"
+#include "messages/DiagnosticList.h"
 #include "records/Records.h"
 #include "xml/DocumentSource.h"
 #include "xml/XmlDocument.h"
@@ -19,8 +19,8 @@ namespace ZelDebugDialog {
 class DocumentStore {
 public:
   DocumentStore(const DocumentSource &documents, const Library &files,
-                DesignModel &target)
-      : source(documents), library(files), model(target) {}
+                DiagnosticList &list)
+      : source(documents), library(files), diagnostics(list) {}
 
   /// Null: no readable file holds it.
   const ComponentRecord *findComponent(const Identity &identity);
@@ -33,7 +33,7 @@ private:
   template <typename Record>
   using Read = std::unique_ptr<Record> (*)(const XmlDocument &document,
                                            const std::string &file,
-                                           DesignModel &model);
+                                           DiagnosticList &diagnostics);
 
   template <typename Record>
   const Record *find(DocumentType type, const Identity &identity,
@@ -43,7 +43,7 @@ private:
 
   const DocumentSource &source;
   const Library &library;
-  DesignModel &model;
+  DiagnosticList &diagnostics;
   Cache<ComponentRecord> components;
   Cache<DesignRecord> designs;
   Cache<ConfigurationRecord> configurations;

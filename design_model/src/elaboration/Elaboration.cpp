@@ -17,7 +17,7 @@ using Severity = DesignDiagnostic::Severity;
 constexpr std::size_t deepestHierarchy = 100;
 
 // What parts of a model take in memory, roughly.
-constexpr std::size_t instanceBytes = 400;
+constexpr std::size_t instanceBytes = 450;
 constexpr std::size_t portBytes = 32;
 constexpr std::size_t parameterBytes = 120;
 constexpr std::size_t endBytes = 80;
@@ -25,12 +25,13 @@ constexpr std::size_t endBytes = 80;
 } // namespace
 
 void Elaboration::elaborate(const DesignRecord &design) {
-  ParameterScope scope(design.parameters, model);
+  ParameterScope scope(design.parameters, diagnostics);
   elaborate(Level{design, nullptr, nullptr, DesignModel::top, scope});
   views.reportUnused(design.file);
 }
 
 bool Elaboration::elaborate(const ComponentRecord &component) {
+  noteViews(component);
   const ViewRecord *const view = views.choose(component, nullptr, "");
   if (view == nullptr || !view->leadsToDesign()) {
     report(Severity::error, component.interfaces.origin.file,
@@ -44,8 +45,8 @@ bool Elaboration::elaborate(const ComponentRecord &component) {
   const InnerDesign inner = views.follow(component, *view);
   if (inner.design == nullptr)
     return false;
-  ParameterScope around(component.parameters, model);
-  ParameterScope scope(inner.design->parameters, model);
+  ParameterScope around(component.parameters, diagnostics);
+  ParameterScope scope(inner.design->parameters, diagnostics);
   if (inner.reference != nullptr)
     scope.override(*inner.reference, component.interfaces.origin.file, around);
   elaborate(Level{*inner.design, inner.configuration, &component,
@@ -68,13 +69,14 @@ void Elaboration::elaborate(const Level &level) {
 Elaboration::Placed Elaboration::addInstance(const Level &level,
                                              const InstanceRecord &instance) {
   const DesignOrigin origin{level.design.file, instance.line};
+  const Item item{level, "instance", instance.name, instance.line};
   const ReferenceRecord &reference = instance.component;
   const Component &component = componentOf(reference.identity);
   std::size_t bytes = component.bytes + 2 * instance.name.size() +
                       reference.overrides.size() * parameterBytes;
   if (level.instance != DesignModel::top)
     bytes += 2 * model.Instances()[level.instance].name.size();
-  if (!spend(bytes, origin))
+  if (!spendInstance(item) || !spend(bytes, item))
     return {};
   if (component.record == nullptr)
     report(Severity::error, origin.file, reference.line,
@@ -84,9 +86,9 @@ Elaboration::Placed Elaboration::addInstance(const Level &level,
       model.AddInstance(instance.name, component.id, level.instance, origin);
   if (!id || component.record == nullptr)
     return {};
-  ParameterScope scope(component.record->parameters, model);
+  ParameterScope scope(component.record->parameters, diagnostics);
   scope.override(reference, origin.file, level.scope);
-  addParameters(*component.record, scope, *id, origin);
+  addParameters(*component.record, scope, *id, item);
   enter(level, instance, component, *id, scope);
   return {*id, true};
 }
@@ -94,10 +96,10 @@ Elaboration::Placed Elaboration::addInstance(const Level &level,
 void Elaboration::addParameters(const ComponentRecord &record,
                                 ParameterScope &scope,
                                 DesignModel::InstanceId instance,
-                                const DesignOrigin &origin) {
+                                const Item &item) {
   for (std::size_t at = 0; at < record.parameters.ownCount; ++at) {
     std::string value = toText(scope.valueAt(at));
-    if (!spend(value.size(), origin))
+    if (!spend(value.size(), item))
       return;
     model.AddParameter(instance, record.parameters.list[at].name,
                        std::move(value));
@@ -110,6 +112,10 @@ void Elaboration::enter(const Level &level, const InstanceRecord &instance,
   const ComponentRecord &record = *component.record;
   const ViewRecord *const view =
       views.choose(record, level.configuration, instance.name);
+  if (view != nullptr &&
+      spend(view->name.size(),
+            {level, "instance", instance.name, instance.line}))
+    model.SetView(id, view->name);
   if (view == nullptr || !view->leadsToDesign())
     return;
   if (component.role == DesignRole::processor)
@@ -119,10 +125,10 @@ void Elaboration::enter(const Level &level, const InstanceRecord &instance,
   const InnerDesign inner = views.follow(record, *view);
   if (inner.design == nullptr || !canEnter(level, instance, *inner.design))
     return;
-  const DesignOrigin origin{level.design.file, instance.line};
-  if (!spend(inner.design->parameters.list.size() * parameterBytes, origin))
+  if (!spend(inner.design->parameters.list.size() * parameterBytes,
+             {level, "instance", instance.name, instance.line}))
     return;
-  ParameterScope innerScope(inner.design->parameters, model);
+  ParameterScope innerScope(inner.design->parameters, diagnostics);
   if (inner.reference != nullptr)
     innerScope.override(*inner.reference, record.interfaces.origin.file, scope);
   elaborate(Level{*inner.design, inner.configuration, &record, id, innerScope});
@@ -148,9 +154,10 @@ bool Elaboration::canEnter(const Level &level, const InstanceRecord &instance,
 void Elaboration::addConnection(const Level &level,
                                 const ConnectionRecord &connection,
                                 const std::vector<Placed> &placed) {
-  const DesignOrigin origin{level.design.file, connection.line};
-  if (!spend(connection.ends.size() * endBytes, origin))
+  if (!spend(connection.ends.size() * endBytes,
+             {level, "connection", connection.name, connection.line}))
     return;
+  const DesignOrigin origin{level.design.file, connection.line};
   DesignConnection joined{{}, connection.name, origin};
   joined.ends.reserve(connection.ends.size());
   for (const EndRecord &end : connection.ends) {
@@ -207,10 +214,15 @@ Elaboration::componentOf(const Identity &identity) {
   DesignComponent data;
   data.typeName = identity.name;
   if (component.record != nullptr) {
+    noteViews(*component.record);
     data = component.record->interfaces;
-    if (component.record->hasCpus)
+    if (data.hasCpus)
       data.role = DesignRole::processor;
   }
+  data.identity = toText(identity);
+  if (component.record == nullptr)
+    model.AddMissing(
+        {std::string(toText(DocumentType::component)), data.identity});
   if (const Kind *const kind = kinds.find(identity)) {
     data.role = kind->role;
     data.typeName = kind->typeName;
@@ -227,21 +239,56 @@ Elaboration::componentOf(const Identity &identity) {
   return component;
 }
 
-bool Elaboration::spend(std::size_t bytes, const DesignOrigin &origin) {
-  if (!isFull && bytes <= room) {
-    room -= bytes;
+void Elaboration::noteViews(const ComponentRecord &record) {
+  for (const ViewRecord &view : record.views)
+    DesignContents::of(model).views.insert(view.name);
+}
+
+std::vector<Identity> Elaboration::identities() const {
+  std::vector<Identity> found;
+  found.reserve(components.size());
+  for (const auto &entry : components)
+    found.push_back(entry.first);
+  return found;
+}
+
+bool Elaboration::spendInstance(const Item &item) {
+  if (isFull)
+    return false;
+  if (room.instances > 0) {
+    --room.instances;
     return true;
   }
-  if (!isFull)
-    report(Severity::error, origin.file, origin.line,
-           "the design is too large: the rest of it is left out");
-  isFull = true;
+  close(item, "the design has more than " + std::to_string(most.instances) +
+                  " instances");
   return false;
+}
+
+bool Elaboration::spend(std::size_t bytes, const Item &item) {
+  if (bytes <= room.bytes) {
+    room.bytes -= bytes;
+    return true;
+  }
+  room.bytes = 0;
+  if (!isFull)
+    close(item, "the design is too large");
+  return false;
+}
+
+/// Connections between what is there still go in, as long as there is memory.
+void Elaboration::close(const Item &item, const std::string &reason) {
+  isFull = true;
+  const DesignModel::InstanceId around = item.level.instance;
+  const std::string path =
+      around == DesignModel::top ? "" : model.Instances()[around].name + ".";
+  report(Severity::error, item.level.design.file, item.line,
+         reason + ": " + item.what + " " + quote(path + item.name) +
+             " and what comes after it are left out");
 }
 
 void Elaboration::report(Severity severity, const std::string &file, int line,
                          std::string message) {
-  model.Report({severity, file, line, std::move(message)});
+  diagnostics.add({severity, file, line, std::move(message)});
 }
 
 } // namespace ZelDebugDialog

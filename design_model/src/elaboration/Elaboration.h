@@ -10,8 +10,10 @@
 
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "elaboration/DocumentStore.h"
+#include "elaboration/ModelLimits.h"
 #include "elaboration/ParameterScope.h"
 #include "elaboration/ViewChooser.h"
+#include "graph/DesignContents.h"
 #include "kinds/KindTable.h"
 #include "records/Records.h"
 
@@ -19,12 +21,14 @@ namespace ZelDebugDialog {
 
 class Elaboration {
 public:
-  /// `bytes` bounds what the model may take: a few small files can describe a
-  /// hierarchy without end.
   Elaboration(DocumentStore &documents, const KindTable &table,
-              const std::string &view, std::size_t bytes, DesignModel &target)
-      : store(documents), kinds(table), views(documents, view, target),
-        room(bytes), model(target) {}
+              const std::string &view, const ModelLimits &limits,
+              DesignModel &target)
+      : store(documents), kinds(table),
+        views(documents, view, DesignContents::of(target).diagnostics,
+              DesignContents::of(target).missing),
+        most(limits), room(limits), model(target),
+        diagnostics(DesignContents::of(target).diagnostics) {}
 
   /// A design on its own: its interfaces lead nowhere.
   void elaborate(const DesignRecord &design);
@@ -32,6 +36,9 @@ public:
   /// The component on top of a hierarchy. False: no view of it leads to a
   /// design that can be read; an error says so.
   bool elaborate(const ComponentRecord &component);
+
+  /// The components that instances refer to, found or not.
+  std::vector<Identity> identities() const;
 
 private:
   /// What is known of a component that instances refer to.
@@ -57,11 +64,18 @@ private:
     bool hasInterfaces = false; ///< It was, and its component is known.
   };
 
+  /// What is to be added: "instance", "connection", its name, and its line.
+  struct Item {
+    const Level &level;
+    const char *what;
+    const std::string &name;
+    int line;
+  };
+
   void elaborate(const Level &level);
   Placed addInstance(const Level &level, const InstanceRecord &instance);
   void addParameters(const ComponentRecord &record, ParameterScope &scope,
-                     DesignModel::InstanceId instance,
-                     const DesignOrigin &origin);
+                     DesignModel::InstanceId instance, const Item &item);
   void enter(const Level &level, const InstanceRecord &instance,
              const Component &component, DesignModel::InstanceId id,
              ParameterScope &scope);
@@ -73,16 +87,21 @@ private:
                     const EndRecord &end);
   void checkSelections(const Level &level);
   const Component &componentOf(const Identity &identity);
-  bool spend(std::size_t bytes, const DesignOrigin &origin);
+  void noteViews(const ComponentRecord &record);
+  bool spendInstance(const Item &item);
+  bool spend(std::size_t bytes, const Item &item);
+  void close(const Item &item, const std::string &reason);
   void report(DesignDiagnostic::Severity severity, const std::string &file,
               int line, std::string message);
 
   DocumentStore &store;
   const KindTable &kinds;
   ViewChooser views;
-  std::size_t room;
-  bool isFull = false;
+  const ModelLimits most;
+  ModelLimits room;    ///< What is left of them.
+  bool isFull = false; ///< Something didn't go in: no instance comes after it.
   DesignModel &model;
+  DiagnosticList &diagnostics; ///< The model's own.
   std::unordered_map<Identity, Component, IdentityHash> components;
   /// The designs that are being elaborated, outermost first.
   std::vector<const DesignRecord *> open;

@@ -28,18 +28,18 @@ std::string toText(const ParameterValue &value) {
 }
 
 ParameterScope::ParameterScope(const ParameterRecords &parameters,
-                               DesignModel &target)
-    : records(parameters), model(target), slots(parameters.list.size()) {}
+                               DiagnosticList &list)
+    : records(parameters), diagnostics(list), slots(parameters.list.size()) {}
 
 void ParameterScope::override(const ReferenceRecord &reference,
                               const std::string &file, ParameterScope &around) {
   for (const OverrideRecord &given : reference.overrides) {
     const auto found = records.byId.find(given.id);
     if (found == records.byId.end()) {
-      model.Report({Severity::warning, file, given.line,
-                    "a value is given to " + quote(given.id) +
-                        ", which is no parameter of " +
-                        quote(toText(reference.identity))});
+      diagnostics.add({Severity::warning, file, given.line,
+                       "a value is given to " + quote(given.id) +
+                           ", which is no parameter of " +
+                           quote(toText(reference.identity))});
       continue;
     }
     const ParameterRecord &record = records.list[found->second];
@@ -90,10 +90,10 @@ void ParameterScope::remark(const Outcome &outcome,
                             const ParameterRecord &record,
                             const std::string &file, int line) {
   if (!outcome.remark.empty())
-    model.Report({outcome.failed ? Severity::warning : Severity::note, file,
-                  line,
-                  "the value of parameter " + quote(record.name) +
-                      " stays text: " + outcome.remark});
+    diagnostics.add({outcome.failed ? Severity::warning : Severity::note, file,
+                     line,
+                     "the value of parameter " + quote(record.name) +
+                         " stays text: " + outcome.remark});
 }
 
 bool ParameterScope::isKnown(std::string_view name) const {

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "expressions/Expression.h"
+#include "messages/DiagnosticList.h"
 #include "records/Records.h"
 
 namespace ZelDebugDialog {
@@ -28,7 +28,7 @@ std::string toText(const ParameterValue &value);
 /// written as, with a diagnostic.
 class ParameterScope : private ExpressionNames {
 public:
-  ParameterScope(const ParameterRecords &parameters, DesignModel &target);
+  ParameterScope(const ParameterRecords &parameters, DiagnosticList &list);
 
   /// Gives parameters the values of a reference to their document, which
   /// stands in `file`, worked out in the scope that is around it.
@@ -60,7 +60,7 @@ private:
               const std::string &file, int line);
 
   const ParameterRecords &records;
-  DesignModel &model;
+  DiagnosticList &diagnostics;
   std::vector<Slot> slots;
 };
 

@@ -2,19 +2,15 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_READDESIGNFROM_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_READDESIGNFROM_H
 
-#include <cstddef>
-
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "elaboration/ModelLimits.h"
 #include "xml/DocumentSource.h"
 
 namespace ZelDebugDialog {
 
-/// What a model may take in memory, roughly.
-constexpr std::size_t largestModel = std::size_t{1} << 30;
-
-/// `ReadDesign` with the files of `documents`, for a model of at most `bytes`.
+/// `ReadDesign` with the files of `documents`, within limits of their own.
 bool readDesignFrom(const DocumentSource &documents,
-                    const DesignSources &sources, std::size_t bytes,
+                    const DesignSources &sources, const ModelLimits &limits,
                     DesignModel &model);
 
 } // namespace ZelDebugDialog

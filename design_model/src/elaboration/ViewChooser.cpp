@@ -64,6 +64,8 @@ void ViewChooser::followConfiguration(const ComponentRecord &component,
   const ConfigurationRecord *const configuration =
       store.findConfiguration(reference.identity);
   if (configuration == nullptr)
+    miss(DocumentType::designConfiguration, reference);
+  if (configuration == nullptr)
     return report(Severity::error, fileOf(component), reference.line,
                   "design configuration " + quote(toText(reference.identity)) +
                       " is not found");
@@ -91,6 +93,8 @@ void ViewChooser::followHierarchy(const ComponentRecord &component,
   }
   inner.configuration = store.findConfiguration(reference.identity);
   if (inner.configuration == nullptr)
+    miss(DocumentType::design, reference);
+  if (inner.configuration == nullptr)
     return report(Severity::error, fileOf(component), reference.line,
                   "there is neither a design nor a design configuration " +
                       quote(toText(reference.identity)));
@@ -110,15 +114,21 @@ ViewChooser::findDesignOf(const ConfigurationRecord &configuration) {
 const DesignRecord *ViewChooser::findDesign(const std::string &file,
                                             const ReferenceRecord &reference) {
   const DesignRecord *const design = store.findDesign(reference.identity);
-  if (design == nullptr)
-    report(Severity::error, file, reference.line,
-           "design " + quote(toText(reference.identity)) + " is not found");
+  if (design != nullptr)
+    return design;
+  miss(DocumentType::design, reference);
+  report(Severity::error, file, reference.line,
+         "design " + quote(toText(reference.identity)) + " is not found");
   return design;
+}
+
+void ViewChooser::miss(DocumentType type, const ReferenceRecord &reference) {
+  missing.add({std::string(toText(type)), toText(reference.identity)});
 }
 
 void ViewChooser::report(Severity severity, const std::string &file, int line,
                          std::string message) {
-  model.Report({severity, file, line, std::move(message)});
+  diagnostics.add({severity, file, line, std::move(message)});
 }
 
 } // namespace ZelDebugDialog

@@ -1,5 +1,6 @@
 #include "graph/AttachedProcessors.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 #include "graph/WireSteps.h"
@@ -74,6 +75,18 @@ std::vector<Index> findAttachedProcessors(const ConnectionGraph &graph,
     if (attaches(interfaces[interface].mode))
       walk.from(graph.instances[module].firstPort + interface);
   return walk.processors;
+}
+
+std::vector<Index> joinAttached(std::vector<Index> wired,
+                                const std::vector<Index> &stated) {
+  const std::unordered_set<Index> placed(stated.begin(), stated.end());
+  wired.erase(std::remove_if(wired.begin(), wired.end(),
+                             [&placed](Index processor) {
+                               return placed.count(processor) != 0;
+                             }),
+              wired.end());
+  wired.insert(wired.end(), stated.begin(), stated.end());
+  return wired;
 }
 
 } // namespace ZelDebugDialog

@@ -14,6 +14,11 @@ namespace ZelDebugDialog {
 std::vector<Index> findAttachedProcessors(const ConnectionGraph &graph,
                                           Index module);
 
+/// `wired`, and behind them those that are stated, in their own order: to state
+/// one that is wired as well gives it a place.
+std::vector<Index> joinAttached(std::vector<Index> wired,
+                                const std::vector<Index> &stated);
+
 } // namespace ZelDebugDialog
 
 #endif

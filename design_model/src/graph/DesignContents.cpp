@@ -86,7 +86,13 @@ Index DesignContents::addInstance(const std::string &name,
   Entry entry(*this, component, parent);
   const Index instance = entry.index();
   const DesignComponent &data = graph.components[component].data;
-  instances.push_back({fullName, data.typeName, data.role, {}});
+  instances.push_back({fullName,
+                       data.typeName,
+                       data.role,
+                       {},
+                       component,
+                       parent == noIndex ? DesignModel::top : parent,
+                       {}});
   byTypeName[data.typeName].push_back(instance);
   if (data.role == DesignRole::processor)
     processors.push_back(instance);
@@ -112,6 +118,17 @@ void DesignContents::appendNames(const std::vector<Index> &listed,
     found.push_back(instances[instance].name);
   makeRoom(names, found.size());
   std::move(found.begin(), found.end(), std::back_inserter(names));
+}
+
+bool DesignContents::state(Index processor, Index module) {
+  const std::uint64_t pair = std::uint64_t{processor} << 32 | module;
+  if (statedPairs.count(pair) != 0)
+    return false;
+  std::vector<Index> &onModule = stated[module];
+  makeRoom(onModule, 1);
+  statedPairs.insert(pair);
+  onModule.push_back(processor);
+  return true;
 }
 
 /// The last part of its full name.

@@ -30,4 +30,12 @@ DesignRole findBuiltInRole(std::string_view typeName) {
   return DesignRole::other;
 }
 
+std::vector<std::string_view> builtInTypes(DesignRole role) {
+  std::vector<std::string_view> names;
+  for (const Row &row : table)
+    if (row.role == role)
+      names.push_back(row.typeName);
+  return names;
+}
+
 } // namespace ZelDebugDialog

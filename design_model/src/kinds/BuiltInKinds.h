@@ -3,6 +3,7 @@
 #define ZELDEBUGDIALOG_DESIGNMODEL_BUILTINKINDS_H
 
 #include <string_view>
+#include <vector>
 
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 
@@ -10,6 +11,9 @@ namespace ZelDebugDialog {
 
 /// `other` for a type name that the table doesn't hold.
 DesignRole findBuiltInRole(std::string_view typeName);
+
+/// The type names of a role.
+std::vector<std::string_view> builtInTypes(DesignRole role);
 
 } // namespace ZelDebugDialog
 

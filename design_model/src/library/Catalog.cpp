@@ -28,9 +28,9 @@ constexpr std::array<Section, 4> sections = {{
 
 class CatalogReader {
 public:
-  CatalogReader(const DocumentSource &documents, DesignModel &target,
+  CatalogReader(const DocumentSource &documents, DiagnosticList &list,
                 std::vector<CatalogEntry> &read)
-      : source(documents), model(target), entries(read) {}
+      : source(documents), diagnostics(list), entries(read) {}
 
   void run(std::vector<std::string> pending) {
     for (std::size_t next = 0; next < pending.size(); ++next) {
@@ -43,8 +43,8 @@ public:
 private:
   void readCatalog(const std::string &file, std::vector<std::string> &pending) {
     XmlDocument document;
-    if (!loadDocument(source, file, DesignDiagnostic::Severity::warning, model,
-                      document))
+    if (!loadDocument(source, file, DesignDiagnostic::Severity::warning,
+                      diagnostics, document))
       return;
     const pugi::xml_node root = document.root();
     if (typeOf(document) != DocumentType::catalog)
@@ -84,12 +84,12 @@ private:
   }
 
   void warn(const DesignOrigin &origin, std::string message) {
-    model.Report({DesignDiagnostic::Severity::warning, origin.file, origin.line,
-                  std::move(message)});
+    diagnostics.add({DesignDiagnostic::Severity::warning, origin.file,
+                     origin.line, std::move(message)});
   }
 
   const DocumentSource &source;
-  DesignModel &model;
+  DiagnosticList &diagnostics;
   std::vector<CatalogEntry> &entries;
   std::unordered_set<std::string> seen;
 };
@@ -97,9 +97,10 @@ private:
 } // namespace
 
 void readCatalogs(const DocumentSource &source,
-                  const std::vector<std::string> &catalogs, DesignModel &model,
+                  const std::vector<std::string> &catalogs,
+                  DiagnosticList &diagnostics,
                   std::vector<CatalogEntry> &entries) {
-  CatalogReader(source, model, entries).run(catalogs);
+  CatalogReader(source, diagnostics, entries).run(catalogs);
 }
 
 } // namespace ZelDebugDialog

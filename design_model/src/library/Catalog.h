@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "xml/DocumentSource.h"
 #include "xml/Identity.h"
 
@@ -23,7 +23,8 @@ struct CatalogEntry {
 /// depth, each catalog once. An entry whose file is not there is left out with
 /// a diagnostic.
 void readCatalogs(const DocumentSource &source,
-                  const std::vector<std::string> &catalogs, DesignModel &model,
+                  const std::vector<std::string> &catalogs,
+                  DiagnosticList &diagnostics,
                   std::vector<CatalogEntry> &entries);
 
 } // namespace ZelDebugDialog

@@ -65,7 +65,7 @@ bool Library::open(const std::vector<std::string> &places) {
   for (const std::string &file : files)
     searchFile(file);
   std::vector<CatalogEntry> entries;
-  readCatalogs(source, catalogs, model, entries);
+  readCatalogs(source, catalogs, diagnostics, entries);
   for (const CatalogEntry &entry : entries)
     enter(catalogued, entry.type, entry.identity, entry.origin, entry.file);
   return true;
@@ -75,8 +75,8 @@ bool Library::openPlace(const std::string &place,
                         std::vector<std::string> &files) {
   switch (source.kindOf(place)) {
   case DocumentSource::Kind::missing:
-    model.Report({Severity::error, place, 0,
-                  "there is no such library folder or catalog"});
+    diagnostics.add({Severity::error, place, 0,
+                     "there is no such library folder or catalog"});
     return false;
   case DocumentSource::Kind::file:
     return openCatalog(place);
@@ -85,7 +85,7 @@ bool Library::openPlace(const std::string &place,
   }
   const std::string fault = source.list(place, files);
   if (!fault.empty())
-    model.Report({Severity::warning, place, 0, fault});
+    diagnostics.add({Severity::warning, place, 0, fault});
   return true;
 }
 
@@ -100,7 +100,7 @@ bool Library::openCatalog(const std::string &file) {
     diagnostic.line = head->root().empty() ? 1 : head->lineOf(head->root());
     diagnostic.message = "it is neither a library folder nor a catalog";
   }
-  model.Report(std::move(diagnostic));
+  diagnostics.add(std::move(diagnostic));
   return false;
 }
 
@@ -110,11 +110,11 @@ void Library::searchFile(const std::string &file) {
   DesignDiagnostic diagnostic{Severity::warning, file, 0, ""};
   const auto head = loadHead(source, file, diagnostic.message);
   if (head == nullptr)
-    return model.Report(std::move(diagnostic));
+    return diagnostics.add(std::move(diagnostic));
   const pugi::xml_node root = head->root();
   const DocumentType type = findDocumentType(localNameOf(root));
   if (type == DocumentType::none && !head->fault.empty())
-    return model.Report(
+    return diagnostics.add(
         {Severity::warning, file, head->faultLine, head->fault});
   if (type == DocumentType::catalog)
     catalogs.push_back(file);
@@ -127,21 +127,23 @@ void Library::searchFile(const std::string &file) {
   // A design on top needs no name; a component is there to be referred to.
   if (type != DocumentType::component)
     return;
-  model.Report({Severity::warning, file, head->lineOf(root),
-                "the " + std::string(toText(type)) +
-                    " lacks a part of its identity " + quote(toText(identity)) +
-                    "; nothing can refer to it"});
+  diagnostics.add({Severity::warning, file, head->lineOf(root),
+                   "the " + std::string(toText(type)) +
+                       " lacks a part of its identity " +
+                       quote(toText(identity)) + "; nothing can refer to it"});
 }
 
 void Library::enter(Files &files, DocumentType type, const Identity &identity,
                     const DesignOrigin &origin, const std::string &file) {
   const auto [first, isNew] = files.emplace(keyOf(type, identity), file);
+  if (isNew && type == DocumentType::component)
+    known.push_back(identity);
   if (isNew || source.identify(first->second) == source.identify(file))
     return;
-  model.Report({Severity::warning, origin.file, origin.line,
-                std::string(toText(type)) + " " + quote(toText(identity)) +
-                    " is in " + quote(first->second) + " as well as in " +
-                    quote(file) + "; the first is taken"});
+  diagnostics.add({Severity::warning, origin.file, origin.line,
+                   std::string(toText(type)) + " " + quote(toText(identity)) +
+                       " is in " + quote(first->second) + " as well as in " +
+                       quote(file) + "; the first is taken"});
 }
 
 std::vector<std::string> Library::find(DocumentType type,

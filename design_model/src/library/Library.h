@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "xml/DocumentSource.h"
 #include "xml/Identity.h"
 
@@ -17,8 +17,8 @@ namespace ZelDebugDialog {
 
 class Library {
 public:
-  Library(const DocumentSource &documents, DesignModel &target)
-      : source(documents), model(target) {}
+  Library(const DocumentSource &documents, DiagnosticList &list)
+      : source(documents), diagnostics(list) {}
 
   /// Takes in all places: folders with what is below them, and catalog files.
   /// False: one of them can't be read, or is neither; an error says which.
@@ -27,6 +27,9 @@ public:
   /// The files that are said to hold a document, the likeliest first.
   std::vector<std::string> find(DocumentType type,
                                 const Identity &identity) const;
+
+  /// Every component that a file is said to hold.
+  const std::vector<Identity> &components() const { return known; }
 
 private:
   using Files = std::unordered_map<std::string, std::string>;
@@ -38,10 +41,11 @@ private:
              const DesignOrigin &origin, const std::string &file);
 
   const DocumentSource &source;
-  DesignModel &model;
+  DiagnosticList &diagnostics;
   Files catalogued;
   Files searched;
   std::vector<std::string> catalogs;
+  std::vector<Identity> known;
 };
 
 } // namespace ZelDebugDialog

@@ -7,8 +7,9 @@
 
 namespace ZelDebugDialog {
 
-/// The text in quotation marks, on one line, and cut when it is so long that
-/// the message would no longer be one for people.
+/// The text in quotation marks, and cut when it is so long that the message
+/// would no longer be one for people. What is no printable UTF-8 is written as
+/// \xNN: a message is one line, and does nothing to a terminal.
 std::string quote(std::string_view text);
 
 } // namespace ZelDebugDialog

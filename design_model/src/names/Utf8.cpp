@@ -45,17 +45,6 @@ bool fits(const Lead &lead, std::string_view text, std::size_t at) {
   return true;
 }
 
-/// The length of the character there, 0 if there is none.
-std::size_t findLength(std::string_view text, std::size_t at) {
-  const unsigned char first = byteAt(text, at);
-  if (first < 0x80)
-    return 1;
-  for (const Lead &lead : leads)
-    if (first >= lead.first && first <= lead.last)
-      return fits(lead, text, at) ? lead.length : 0;
-  return 0;
-}
-
 /// Eight bytes at a time, as files are almost all ASCII.
 std::size_t skipAscii(std::string_view text, std::size_t at) {
   for (; at + 8 <= text.size(); at += 8) {
@@ -69,10 +58,20 @@ std::size_t skipAscii(std::string_view text, std::size_t at) {
 
 } // namespace
 
+std::size_t characterLength(std::string_view text, std::size_t at) {
+  const unsigned char first = byteAt(text, at);
+  if (first < 0x80)
+    return 1;
+  for (const Lead &lead : leads)
+    if (first >= lead.first && first <= lead.last)
+      return fits(lead, text, at) ? lead.length : 0;
+  return 0;
+}
+
 std::size_t findNonUtf8(std::string_view text) {
   for (std::size_t at = skipAscii(text, 0); at < text.size();
        at = skipAscii(text, at)) {
-    const std::size_t length = findLength(text, at);
+    const std::size_t length = characterLength(text, at);
     if (length == 0)
       return at;
     at += length;

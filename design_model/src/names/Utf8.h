@@ -7,6 +7,9 @@
 
 namespace ZelDebugDialog {
 
+/// The length of the character there, 0 if there is none.
+std::size_t characterLength(std::string_view text, std::size_t at);
+
 /// The offset of the first byte that belongs to no character, or `npos`.
 std::size_t findNonUtf8(std::string_view text);
 

@@ -45,8 +45,7 @@ public:
     component->identity = readIdentity(root);
     component->interfaces.typeName = component->identity.name;
     component->interfaces.origin = {file, lineOf(root)};
-    component->hasCpus = static_cast<bool>(findChild(root, "cpus"));
-    forEachIn(root, "cpus", "cpu", [](const pugi::xml_node &) {});
+    component->interfaces.hasCpus = readCpus(root);
     readInterfaces(root, component->interfaces);
     readChannels(root, component->interfaces);
     readAllParameters(root, component->parameters);
@@ -56,6 +55,15 @@ public:
   }
 
 private:
+  /// That there are any is all that is kept; a condition on one is told, since
+  /// the component would be no processor without it.
+  bool readCpus(const pugi::xml_node &root) {
+    const pugi::xml_node cpus = findChild(root, "cpus");
+    forEachChild(cpus, "cpu",
+                 [this](const pugi::xml_node &cpu) { noteCondition(cpu); });
+    return !cpus.empty();
+  }
+
   void readInterfaces(const pugi::xml_node &root, DesignComponent &component) {
     const MemoryMaps maps(
         root, [this](const pugi::xml_node &part) { noteCondition(part); });
@@ -70,6 +78,9 @@ private:
     DesignInterface interface;
     interface.name = childText(node, "name");
     interface.line = lineOf(node);
+    const Identity busType = readReference(findChild(node, "busType"));
+    if (busType.isComplete())
+      interface.busType = toText(busType);
     for (const pugi::xml_node &child : node.children())
       for (const ModeRow &row : modes)
         if (isNamed(child, row.element)) {
@@ -110,6 +121,7 @@ private:
              "the definition that memory map " + quote(name) +
                  " refers to is not followed; it is taken to have registers");
     interface.answers = map->hasBlocks || map->isDefinedElsewhere;
+    interface.isMemory = map->isMemory;
     bridgesByMap += map->initiators.size();
     if (bridgesByMap > mostBridgesByMap)
       return report(Severity::error, lineOf(reference),
@@ -190,6 +202,7 @@ private:
     for (std::size_t at = 0; at < component.views.size(); ++at) {
       const ViewRecord &view = component.views[at];
       component.viewByName.emplace(view.name, at);
+      component.interfaces.views.push_back(view.name);
       if (component.firstViewWithDesign == nullptr && view.leadsToDesign())
         component.firstViewWithDesign = &view;
     }
@@ -218,8 +231,8 @@ private:
 
 std::unique_ptr<ComponentRecord> readComponent(const XmlDocument &document,
                                                const std::string &file,
-                                               DesignModel &model) {
-  return ComponentReader(document, file, model).run();
+                                               DiagnosticList &diagnostics) {
+  return ComponentReader(document, file, diagnostics).run();
 }
 
 } // namespace ZelDebugDialog

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "records/Records.h"
 #include "xml/XmlDocument.h"
 
@@ -13,7 +13,7 @@ namespace ZelDebugDialog {
 
 std::unique_ptr<ComponentRecord> readComponent(const XmlDocument &document,
                                                const std::string &file,
-                                               DesignModel &model);
+                                               DiagnosticList &diagnostics);
 
 } // namespace ZelDebugDialog
 

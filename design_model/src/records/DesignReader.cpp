@@ -202,14 +202,14 @@ private:
 
 std::unique_ptr<DesignRecord> readDesignRecord(const XmlDocument &document,
                                                const std::string &file,
-                                               DesignModel &model) {
-  return DesignReader(document, file, model).run();
+                                               DiagnosticList &diagnostics) {
+  return DesignReader(document, file, diagnostics).run();
 }
 
 std::unique_ptr<ConfigurationRecord>
 readConfiguration(const XmlDocument &document, const std::string &file,
-                  DesignModel &model) {
-  return ConfigurationReader(document, file, model).run();
+                  DiagnosticList &diagnostics) {
+  return ConfigurationReader(document, file, diagnostics).run();
 }
 
 } // namespace ZelDebugDialog

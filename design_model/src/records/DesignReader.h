@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "records/Records.h"
 #include "xml/XmlDocument.h"
 
@@ -13,11 +13,11 @@ namespace ZelDebugDialog {
 
 std::unique_ptr<DesignRecord> readDesignRecord(const XmlDocument &document,
                                                const std::string &file,
-                                               DesignModel &model);
+                                               DiagnosticList &diagnostics);
 
 std::unique_ptr<ConfigurationRecord>
 readConfiguration(const XmlDocument &document, const std::string &file,
-                  DesignModel &model);
+                  DiagnosticList &diagnostics);
 
 } // namespace ZelDebugDialog
 

@@ -17,6 +17,11 @@ bool isDefinition(const pugi::xml_node &node) {
          isNamed(node, "bankDefinitionRef");
 }
 
+/// Also of a bank as a whole.
+bool isSaidToBeMemory(const pugi::xml_node &block) {
+  return childText(block, "usage") == "memory";
+}
+
 /// Banks hold banks, to any depth.
 MemoryMap readMap(const pugi::xml_node &node,
                   const std::function<void(const pugi::xml_node &)> &note) {
@@ -33,6 +38,8 @@ MemoryMap readMap(const pugi::xml_node &node,
         map.hasBlocks = true;
         note(child);
       }
+      if (isNamed(child, "addressBlock") || isNamed(child, "bank"))
+        map.isMemory = map.isMemory || isSaidToBeMemory(child);
       if (isNamed(child, "subspaceMap")) {
         map.initiators.push_back(initiatorOf(child));
         note(child);

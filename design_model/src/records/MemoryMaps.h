@@ -14,6 +14,7 @@ namespace ZelDebugDialog {
 struct MemoryMap {
   bool hasBlocks = false; ///< Registers or memory of the component's own.
   bool isDefinedElsewhere = false; ///< All or a part; what it has isn't known.
+  bool isMemory = false;           ///< Some of them are said to be memory.
   /// Interfaces that parts of the map are passed on to.
   std::vector<std::string> initiators;
 };

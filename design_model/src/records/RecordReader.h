@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "records/Records.h"
 #include "xml/XmlDocument.h"
 #include "xml/XmlNames.h"
@@ -17,8 +17,8 @@ namespace ZelDebugDialog {
 class RecordReader {
 public:
   RecordReader(const XmlDocument &read, const std::string &name,
-               DesignModel &target)
-      : document(read), file(name), model(target) {}
+               DiagnosticList &list)
+      : document(read), file(name), diagnostics(list) {}
 
 protected:
   using Severity = DesignDiagnostic::Severity;
@@ -58,12 +58,12 @@ protected:
 
   int lineOf(const pugi::xml_node &node) const { return document.lineOf(node); }
   void report(Severity severity, int line, std::string message) {
-    model.Report({severity, file, line, std::move(message)});
+    diagnostics.add({severity, file, line, std::move(message)});
   }
 
   const XmlDocument &document;
   const std::string &file;
-  DesignModel &model;
+  DiagnosticList &diagnostics;
 };
 
 } // namespace ZelDebugDialog

@@ -63,8 +63,8 @@ struct ViewRecord {
 
 struct ComponentRecord {
   Identity identity;
-  DesignComponent interfaces; ///< Type name, interfaces, channels, origin.
-  bool hasCpus = false;
+  /// Type name, interfaces, channels, origin, views, `hasCpus`.
+  DesignComponent interfaces;
   ParameterRecords parameters;
   std::vector<ViewRecord> views;
   /// First of each name.

@@ -1,16 +1,12 @@
-#include <dirent.h>
-
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
 #include <filesystem>
 #include <fstream>
-#include <memory>
-#include <string_view>
 #include <system_error>
 #include <utility>
 
 #include "xml/DocumentSource.h"
+#include "xml/ListFolder.h"
 
 namespace ZelDebugDialog {
 namespace {
@@ -26,32 +22,6 @@ bool endsInXml(const fs::path &path) {
       extension.begin(), extension.end(), extension.begin(),
       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return extension == ".xml";
-}
-
-/// A folder, not a link to one: links could lead round in a circle.
-bool isOwnFolder(const fs::path &path) {
-  std::error_code error;
-  return fs::is_directory(fs::symlink_status(path, error));
-}
-
-/// What is in a folder; nothing, where it may not be read. By the system's own
-/// calls: the standard library's iterator ends the program when memory runs
-/// out.
-std::error_code listFolder(const fs::path &folder,
-                           std::vector<fs::path> &entries) {
-  const std::unique_ptr<DIR, int (*)(DIR *)> open(opendir(folder.c_str()),
-                                                  closedir);
-  if (open == nullptr)
-    return {errno == EACCES ? 0 : errno, std::generic_category()};
-  errno = 0;
-  // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody else reads from this one.
-  while (const dirent *const entry = readdir(open.get())) {
-    const std::string_view name = entry->d_name;
-    if (name != "." && name != "..")
-      entries.push_back(folder / name);
-    errno = 0;
-  }
-  return {errno, std::generic_category()};
 }
 
 } // namespace
@@ -90,7 +60,8 @@ std::string FileSystemSource::list(const std::string &folder,
   std::vector<fs::path> pending{folder};
   while (!pending.empty()) {
     std::vector<fs::path> entries;
-    if (const std::error_code error = listFolder(pending.back(), entries))
+    if (const std::error_code error =
+            listFolder(pending.back(), whole, entries))
       return "it can not be searched: " + error.message();
     pending.pop_back();
     for (fs::path &entry : entries)

@@ -22,10 +22,10 @@ bool isKnownNamespace(std::string_view name) {
 } // namespace
 
 bool loadDocument(const DocumentSource &source, const std::string &file,
-                  Severity severity, DesignModel &model,
+                  Severity severity, DiagnosticList &diagnostics,
                   XmlDocument &document) {
   const auto refuse = [&](int line, std::string message) {
-    model.Report({severity, file, line, std::move(message)});
+    diagnostics.add({severity, file, line, std::move(message)});
     return false;
   };
   std::string text;
@@ -41,11 +41,11 @@ bool loadDocument(const DocumentSource &source, const std::string &file,
                       quote(root.name()));
   const std::string_view space = namespaceOf(root);
   if (!space.empty() && !isKnownNamespace(space))
-    model.Report({Severity::warning, file, document.lineOf(root),
-                  "the namespace " + quote(space) +
-                      " is none of IP-XACT; the elements are read by their "
-                      "names"});
-  checkDocument(document, file, model);
+    diagnostics.add({Severity::warning, file, document.lineOf(root),
+                     "the namespace " + quote(space) +
+                         " is none of IP-XACT; the elements are read by their "
+                         "names"});
+  checkDocument(document, file, diagnostics);
   return true;
 }
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "xml/DocumentSource.h"
 #include "xml/Identity.h"
 #include "xml/XmlDocument.h"
@@ -14,8 +14,8 @@ namespace ZelDebugDialog {
 /// False: the file can't be read, is no XML, or none of the standard's
 /// documents; a diagnostic of the given severity says so.
 bool loadDocument(const DocumentSource &source, const std::string &file,
-                  DesignDiagnostic::Severity severity, DesignModel &model,
-                  XmlDocument &document);
+                  DesignDiagnostic::Severity severity,
+                  DiagnosticList &diagnostics, XmlDocument &document);
 
 /// The type of a document that has been loaded.
 DocumentType typeOf(const XmlDocument &document);

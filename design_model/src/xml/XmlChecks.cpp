@@ -17,8 +17,8 @@ constexpr int deepestNesting = 256;
 class Checks {
 public:
   Checks(const XmlDocument &checked, const std::string &name,
-         DesignModel &target)
-      : document(checked), file(name), model(target) {}
+         DiagnosticList &list)
+      : document(checked), file(name), diagnostics(list) {}
 
   void run() {
     checkDocumentType();
@@ -88,13 +88,13 @@ private:
   }
 
   void warn(const pugi::xml_node &node, std::string message) {
-    model.Report({DesignDiagnostic::Severity::warning, file,
-                  document.lineOf(node), std::move(message)});
+    diagnostics.add({DesignDiagnostic::Severity::warning, file,
+                     document.lineOf(node), std::move(message)});
   }
 
   const XmlDocument &document;
   const std::string &file;
-  DesignModel &model;
+  DiagnosticList &diagnostics;
   std::unordered_set<std::string_view> known = {"xml", "xmlns"};
   std::string_view last = "xmlns"; ///< Of the last name that had one.
 };
@@ -102,8 +102,8 @@ private:
 } // namespace
 
 void checkDocument(const XmlDocument &document, const std::string &file,
-                   DesignModel &model) {
-  Checks(document, file, model).run();
+                   DiagnosticList &diagnostics) {
+  Checks(document, file, diagnostics).run();
 }
 
 } // namespace ZelDebugDialog

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "messages/DiagnosticList.h"
 #include "xml/XmlDocument.h"
 
 namespace ZelDebugDialog {
@@ -13,7 +13,7 @@ namespace ZelDebugDialog {
 /// elements nested too deeply to mean anything; and a document type with
 /// entities, which are not expanded.
 void checkDocument(const XmlDocument &document, const std::string &file,
-                   DesignModel &model);
+                   DiagnosticList &diagnostics);
 
 } // namespace ZelDebugDialog
 

@@ -24,6 +24,7 @@ ROOMS = ("library", "records", "xml")
 # What looks like a name in them, but is none of an element or attribute.
 OTHER_WORDS = {
     "document": "what a message calls a document of no type",
+    "memory": "a usage of a block",
     "names": "the end of a message",
     "string": "a type of parameters",
     "xml": "a prefix",

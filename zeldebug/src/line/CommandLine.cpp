@@ -268,8 +268,8 @@ void CommandLine::expectValues(const std::vector<std::string> &words) const {
       continue;
     const bool isLast = i + 1 == words.size();
     const std::string next = isLast ? "" : words[i + 1];
-    const bool isOption = next.size() > 1 && next[0] == '-' &&
-                          hasOption(where, nameIn(next));
+    const bool isOption =
+        next.size() > 1 && next[0] == '-' && hasOption(where, nameIn(next));
     if (isLast || isOption)
       throw Failure(ExitStatus::wrongUse,
                     isLast ? fmt::format("{}: a value is missing", words[i])

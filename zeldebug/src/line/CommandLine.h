@@ -27,6 +27,7 @@ enum class ValueKind {
   processor,
   setting,
   colour,
+  instance,
   diagnosticCode,
   languageWord,
   subcommand,

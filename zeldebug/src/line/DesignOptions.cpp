@@ -4,7 +4,10 @@
 
 #include <fmt/format.h>
 
+#include "line/Number.h"
 #include "line/TextOption.h"
+#include "output/Output.h"
+#include "output/Place.h"
 #include "output/Suggestion.h"
 
 namespace zeldebug {
@@ -14,8 +17,12 @@ namespace {
 using ZelDebugDialog::DesignDiagnostic;
 using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignSources;
+using ZelDebugDialog::LibrarySearch;
+using ZelDebugDialog::MissingDocument;
 
 using Severity = DesignDiagnostic::Severity;
+
+constexpr Range instanceCount{1, 100000000, false};
 
 constexpr const char *group = "The design";
 
@@ -38,6 +45,36 @@ std::string errorsOf(const DesignModel &design) {
     if (diagnostic.severity == Severity::error)
       text += (text.empty() ? "" : "\n") + shownDiagnostic(diagnostic);
   return text;
+}
+
+constexpr std::size_t mostNamed = 5;
+
+/// "component a:b:c:1, design a:b:d:1 and 3 more"
+std::string shownDocuments(const std::vector<MissingDocument> &documents) {
+  std::vector<std::string> shown;
+  for (const MissingDocument &document : documents)
+    if (shown.size() < mostNamed)
+      shown.push_back(fmt::format("{} {}", document.type, document.identity));
+  std::string text = fmt::format("{}", fmt::join(shown, ", "));
+  if (documents.size() > mostNamed)
+    text += fmt::format(" and {} more", documents.size() - mostNamed);
+  return text;
+}
+
+std::vector<std::string>
+wordsFor(const std::string &subcommand, const DesignSources &sources,
+         const std::vector<std::string> &libraryFolders) {
+  std::vector<std::string> words = {"zeldebug", subcommand, sources.designFile};
+  const auto add = [&words](const char *option, const std::string &value) {
+    words.insert(words.end(), {option, value});
+  };
+  for (const std::string &folder : libraryFolders)
+    add("--library", folder);
+  if (!sources.view.empty())
+    add("--view", sources.view);
+  if (!sources.kindsFile.empty())
+    add("--kinds", sources.kindsFile);
+  return words;
 }
 
 } // namespace
@@ -82,6 +119,12 @@ void DesignOptions::addSourcesTo(CommandLine &line, CLI::App &app) {
                         ->type_name("FILE")
                         ->group(group),
                     ValueKind::file);
+  line.completeWith(addTextOption(app, "--max-instances", maxInstances,
+                                  "leave out what comes after so many instances"
+                                  " (default: 1000000)")
+                        ->type_name("N")
+                        ->group(group),
+                    ValueKind::text);
 }
 
 /// What is empty here means to the model that nothing was given.
@@ -90,35 +133,117 @@ DesignSources DesignOptions::expectSources() const {
     throw Failure(ExitStatus::wrongUse, "--view: '' is no name of a view",
                   {"bad-value", "--view", ""});
   if (kindsFile && kindsFile->empty())
-    throw Failure(
-        ExitStatus::unreadable,
-        fmt::format("{}: {}", shownName(*kindsFile), "there is no such file"),
-        {"", "--kinds", *kindsFile});
-  return {designFile.value_or(""), libraryFolders, view.value_or(""),
-          kindsFile.value_or("")};
+    throw Failure(ExitStatus::unreadable,
+                  fmt::format("{}: {}", shownName(*kindsFile), noSuchFile),
+                  {"", "--kinds", *kindsFile});
+  DesignSources sources{designFile.value_or(""), libraryFolders,
+                        view.value_or(""), kindsFile.value_or("")};
+  if (maxInstances)
+    sources.maxInstances =
+        expectNumber("--max-instances", *maxInstances, instanceCount);
+  return sources;
 }
 
 std::unique_ptr<DesignModel> DesignOptions::read(Output &output) const {
   auto design = std::make_unique<DesignModel>();
-  output.useRemarks();
   const bool isRead = ReadDesign(expectSources(), *design);
-  const DesignDiagnostic *firstError = nullptr;
-  for (const DesignDiagnostic &diagnostic : design->Diagnostics()) {
-    if (firstError == nullptr && diagnostic.severity == Severity::error)
-      firstError = &diagnostic;
+  expectRead(isRead, *design, output);
+  return design;
+}
+
+std::unique_ptr<DesignModel>
+DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
+                            const Output &output) const {
+  auto design = std::make_unique<DesignModel>();
+  const bool isRead = ProposeKinds(expectSources(), proposal, *design);
+  expectRead(isRead, *design, output);
+  return design;
+}
+
+void DesignOptions::expectRead(bool isRead, const DesignModel &design,
+                               Output &output) const {
+  output.useRemarks();
+  FailureDetails about;
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics()) {
+    const bool isFirstError =
+        diagnostic.severity == Severity::error && about.file.empty();
+    if (isFirstError) {
+      about.file = diagnostic.file;
+      about.line = diagnostic.line;
+    }
     // The errors of a design that cannot be read are what the run ends with.
     if (isRead)
       output.remark({diagnostic.file, diagnostic.line,
                      shownSeverity(diagnostic.severity), diagnostic.message});
   }
-  if (!isRead)
-    throw Failure(
-        ExitStatus::unreadable, errorsOf(*design),
-        firstError == nullptr
-            ? FailureDetails()
-            : FailureDetails{
-                  "", "", "", {}, "", firstError->file, firstError->line});
-  return design;
+  if (isRead)
+    return;
+  std::string text = errorsOf(design);
+  if (!design.Missing().empty()) {
+    const MissingAdvice advice = adviseOnMissing(design, "list");
+    text += "\n" + advice.message;
+    if (!advice.command.empty())
+      text += "\n  " + shellLine(advice.command);
+  }
+  throw Failure(ExitStatus::unreadable, text, about);
+}
+
+MissingAdvice
+DesignOptions::adviseOnMissing(const DesignModel &design,
+                               const std::string &subcommand) const {
+  const DesignSources sources = expectSources();
+  const LibrarySearch search = FindLibraries(sources, design);
+  MissingAdvice advice;
+  advice.message =
+      fmt::format("Not found: {}.", shownDocuments(design.Missing()));
+  if (!search.folders.empty()) {
+    advice.message += fmt::format(
+        " {} in the libraries of this line:",
+        search.missing.empty()
+            ? std::string("What is missing is")
+            : fmt::format("All but {} is", shownDocuments(search.missing)));
+    advice.command = wordsFor(subcommand, sources, search.folders);
+    return advice;
+  }
+  const std::string where =
+      search.documents == 0
+          ? fmt::format("There are no other documents below {}",
+                        search.outermost)
+          : fmt::format("Nothing of it is in the {} below {}",
+                        counted(search.documents, "document"),
+                        search.outermost);
+  advice.message += fmt::format(
+      " {}{}; '--library DIR' names the folder that holds it.", where,
+      search.isCut ? ", where the search ended at its limit" : "");
+  return advice;
+}
+
+std::vector<std::string>
+DesignOptions::commandLine(const std::string &subcommand) const {
+  const DesignSources sources = expectSources();
+  return wordsFor(subcommand, sources, sources.libraryFolders);
+}
+
+std::string shellLine(const std::vector<std::string> &words) {
+  std::string line;
+  for (const std::string &word : words) {
+    const bool isPlain =
+        !word.empty() &&
+        word.find_first_not_of("abcdefghijklmnopqrstuvwxyz"
+                               "ABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                               "0123456789-_./:=+,%@") == std::string::npos;
+    if (!line.empty())
+      line += ' ';
+    if (isPlain) {
+      line += word;
+      continue;
+    }
+    line += '\'';
+    for (const char c : word)
+      line += c == '\'' ? std::string("'\\''") : std::string(1, c);
+    line += '\'';
+  }
+  return line;
 }
 
 Json diagnosticsJson(const DesignModel &design) {

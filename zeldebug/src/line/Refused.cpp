@@ -4,8 +4,8 @@
 
 #include <fmt/format.h>
 
-#include "line/WorkingFolder.h"
 #include "output/Output.h"
+#include "output/Place.h"
 
 namespace zeldebug {
 
@@ -60,13 +60,13 @@ Failure failureOf(const Refusal &refusal, const std::string &subject) {
   const std::string text = front.empty()
                                ? std::string(refusal.what())
                                : fmt::format("{}: {}", front, refusal.problem);
-  return {statusOf(refusal.kind),
-          text + adviceFor(refusal),
-          {ZelDebugDialog::ShowKind(refusal.kind),
-           subject.empty() ? refusal.setting
-                           : subject.substr(0, subject.find(' ')),
-           refusal.value,
-           refusal.accepted, refusal.suggestion, refusal.file, refusal.line}};
+  return {
+      statusOf(refusal.kind),
+      text + adviceFor(refusal),
+      {ZelDebugDialog::ShowKind(refusal.kind),
+       subject.empty() ? refusal.setting : subject.substr(0, subject.find(' ')),
+       refusal.value, refusal.accepted, refusal.suggestion, refusal.file,
+       refusal.line}};
 }
 
 } // namespace zeldebug

@@ -9,6 +9,7 @@
 
 #include "output/Failure.h"
 #include "output/Output.h"
+#include "output/Place.h"
 
 namespace zeldebug {
 
@@ -38,14 +39,6 @@ std::string optionFolder(const std::string &workingFolder) {
         fmt::format("-C '{}': {}", printable(workingFolder), error.message()),
         {"", "-C", workingFolder, {}, "", workingFolder});
   return shownPath(folder / "etc");
-}
-
-std::string shownPath(const fs::path &path) {
-  std::error_code error;
-  const fs::path start = fs::current_path(error);
-  const std::string relative = path.lexically_relative(start).string();
-  const bool isBelow = !relative.empty() && relative.compare(0, 2, "..") != 0;
-  return isBelow ? relative : path.string();
 }
 
 } // namespace zeldebug

@@ -3,7 +3,6 @@
 #ifndef ZELDEBUG_WORKINGFOLDER_H
 #define ZELDEBUG_WORKINGFOLDER_H
 
-#include <filesystem>
 #include <string>
 
 namespace zeldebug {
@@ -11,9 +10,6 @@ namespace zeldebug {
 /// Where option files are in a working directory, as seen from here.
 /// @throws Failure (unreadable) for what is no folder, or may not be entered
 std::string optionFolder(const std::string &workingFolder);
-
-/// A path as seen from where the program was started, if it lies below.
-std::string shownPath(const std::filesystem::path &path);
 
 } // namespace zeldebug
 

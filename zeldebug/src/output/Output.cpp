@@ -120,7 +120,7 @@ void Output::failureDocument(const Failure &failure) {
   Json told{
       {"status", static_cast<int>(failure.status())},
       {"code", about.code.empty() ? codeOf(failure.status()) : about.code},
-      {"message", failure.what()}};
+      {"message", printableLines(failure.what())}};
   const auto add = [&told](const char *name, const std::string &text) {
     if (!text.empty())
       told[name] = text;
@@ -167,7 +167,7 @@ void Output::keep(const Severity &severity, std::string_view text,
                   const About &about) {
   said.push_back({{"severity", severity.word},
                   {"code", orNull(about.code)},
-                  {"message", std::string(text)},
+                  {"message", printableLines(text)},
                   {"setting", orNull(about.setting)}});
 }
 

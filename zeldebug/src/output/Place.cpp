@@ -1,10 +1,10 @@
 #include "output/Place.h"
+#include "output/Output.h"
 
 #include <system_error>
 
 #include <fmt/format.h>
 
-#include "line/WorkingFolder.h"
 #include "output/Failure.h"
 
 namespace zeldebug {
@@ -39,9 +39,17 @@ Place lookAt(const fs::path &path, fs::file_type wanted) {
                                               : mismatch(target, wanted)};
 }
 
+std::string shownPath(const fs::path &path) {
+  std::error_code error;
+  const fs::path start = fs::current_path(error);
+  const std::string relative = path.lexically_relative(start).string();
+  const bool isBelow = !relative.empty() && relative.compare(0, 2, "..") != 0;
+  return isBelow ? relative : path.string();
+}
+
 void refuse(const fs::path &path, const std::string &problem) {
   throw Failure(ExitStatus::refused,
-                fmt::format("{}: {}", shownPath(path), problem));
+                fmt::format("{}: {}", printable(shownPath(path)), problem));
 }
 
 } // namespace zeldebug

@@ -18,6 +18,9 @@ Place lookAt(const std::filesystem::path &path,
 
 constexpr const char *noSuchFile = "there is no such file";
 
+/// A path as seen from where the program was started, if it lies below.
+std::string shownPath(const std::filesystem::path &path);
+
 /// @throws Failure (refused): "path: problem"
 [[noreturn]] void refuse(const std::filesystem::path &path,
                          const std::string &problem);

@@ -1,4 +1,5 @@
 #include "output/Suggestion.h"
+#include "output/Output.h"
 
 #include <fmt/format.h>
 
@@ -14,13 +15,18 @@ std::string nearestMatch(std::string_view word,
 std::string didYouMean(std::string_view word,
                        const std::vector<std::string> &candidates) {
   const std::string nearest = nearestMatch(word, candidates);
-  return nearest.empty() ? std::string()
-                         : fmt::format("; did you mean '{}'?", nearest);
+  return nearest.empty()
+             ? std::string()
+             : fmt::format("; did you mean '{}'?", printable(nearest));
 }
 
 std::string quotedList(const std::vector<std::string> &words) {
-  return words.empty() ? std::string("nothing")
-                       : fmt::format("'{}'", fmt::join(words, "', '"));
+  std::vector<std::string> shown;
+  shown.reserve(words.size());
+  for (const std::string &word : words)
+    shown.push_back(printable(word));
+  return shown.empty() ? std::string("nothing")
+                       : fmt::format("'{}'", fmt::join(shown, "', '"));
 }
 
 } // namespace zeldebug

@@ -145,6 +145,8 @@ std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
     sources.libraryFolders = libraries->second;
   sources.view = line.value("--view");
   sources.kindsFile = line.value("--kinds");
+  if (const auto most = readNumber(line.value("--max-instances")))
+    sources.maxInstances = *most;
   return ReadDesign(sources, *design) ? std::move(design)
                                       : std::make_unique<DesignModel>();
 }
@@ -154,6 +156,14 @@ std::vector<std::string> processorsOf(const TypedLine &line) {
   std::vector<std::string> names;
   for (const BoardProcessor &processor : Board(*design, "etc").Processors())
     names.push_back(processor.name);
+  return names;
+}
+
+std::vector<std::string> instancesOf(const TypedLine &line) {
+  const auto design = designOf(line);
+  std::vector<std::string> names;
+  for (const ZelDebugDialog::DesignInstance &instance : design->Instances())
+    names.push_back(instance.name);
   return names;
 }
 
@@ -224,6 +234,8 @@ std::vector<std::string> valuesOf(const CommandLine &line, ValueKind kind,
     return {"devicenr="};
   case ValueKind::processor:
     return processorsOf(typed);
+  case ValueKind::instance:
+    return instancesOf(typed);
   case ValueKind::diagnosticCode: {
     std::vector<std::string> words;
     for (const ZelDebugDialog::Code &row : ZelDebugDialog::GetCodes())

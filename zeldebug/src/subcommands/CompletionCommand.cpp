@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
+#include "output/Output.h"
 #include "output/Suggestion.h"
 #include "subcommands/CompletionShells.h"
 #include "subcommands/Subcommands.h"
@@ -128,7 +129,8 @@ ExitStatus run(const std::string &name, Output &output) {
   const std::vector<std::string> names = completionShells();
   throw Failure(ExitStatus::wrongUse,
                 fmt::format("completion: '{}' is unknown; accepted are {}{}",
-                            name, quotedList(names), didYouMean(name, names)));
+                            printable(name), quotedList(names),
+                            didYouMean(name, names)));
 }
 
 } // namespace

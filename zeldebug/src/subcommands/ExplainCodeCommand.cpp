@@ -7,6 +7,7 @@
 
 #include "line/CommandLine.h"
 #include "line/TextOption.h"
+#include "output/Output.h"
 #include "output/Suggestion.h"
 #include "output/Table.h"
 #include "subcommands/Subcommands.h"
@@ -34,7 +35,7 @@ std::vector<const Code *> expectCodes(const std::optional<std::string> &code) {
   if (rows.empty())
     throw Failure(ExitStatus::wrongUse,
                   fmt::format("explain-code: '{}' is unknown; there are {}{}",
-                              *code, quotedList(knownCodes()),
+                              printable(*code), quotedList(knownCodes()),
                               didYouMean(*code, knownCodes())));
   return rows;
 }

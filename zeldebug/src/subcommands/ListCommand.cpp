@@ -1,73 +1,29 @@
 // list: the processors of a design that can be debugged, and why others cannot.
 #include <memory>
 
-#include <fmt/format.h>
-
-#include <ZelDebugDialog/ConfigurationModel/Board.h>
-
 #include "line/DesignOptions.h"
-#include "output/Table.h"
+#include "subcommands/ListAdvice.h"
+#include "subcommands/ProcessorList.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::Board;
-using ZelDebugDialog::BoardProcessor;
-using ZelDebugDialog::UndebuggableProcessor;
-
-Json toJson(const BoardProcessor &processor) {
-  return {{"instanceName", processor.name},
-          {"type", processor.type},
-          {"procFamily", processor.family},
-          {"procType", processor.procType},
-          {"connectionMask", processor.mask},
-          {"cpuNr", processor.number},
-          {"fpuType", processor.fpu},
-          {"connections", processor.connections}};
-}
-
-Json toJson(const UndebuggableProcessor &processor) {
-  return {{"instanceName", processor.name},
-          {"type", processor.type},
-          {"reason", processor.reason}};
-}
-
-Json documentOf(const Board &board) {
-  Json members{{"names", board.Names()},
-               {"processors", Json::array()},
-               {"undebuggable", Json::array()}};
-  for (const BoardProcessor &processor : board.Processors())
-    members["processors"].push_back(toJson(processor));
-  for (const UndebuggableProcessor &processor : board.Undebuggable())
-    members["undebuggable"].push_back(toJson(processor));
-  return members;
-}
-
-void printTables(const Board &board, Output &output) {
-  Table table({"PROCESSOR", "TYPE", "NUMBER", "FPU", "CONNECTIONS"});
-  for (const BoardProcessor &processor : board.Processors())
-    table.addRow({processor.name, processor.type,
-                  fmt::format("{}", processor.number), processor.fpuText,
-                  fmt::format("{}", fmt::join(processor.connections, " "))});
-  if (table.empty())
-    output.printLine("No processor of this design can be debugged.");
-  else
-    table.print(output);
-  for (const UndebuggableProcessor &other : board.Undebuggable())
-    output.printSentence(fmt::format(
-        "\n'{}' ({}) cannot be debugged: {}.", printable(other.name),
-        printable(other.type), printable(other.reason)));
-}
+using ZelDebugDialog::DesignModel;
 
 ExitStatus run(const DesignOptions &options, Output &output) {
-  const auto design = options.read(output);
-  const Board board(*design, "etc");
-  if (output.json())
-    output.document(documentOf(board));
-  else
-    printTables(board, output);
+  const std::unique_ptr<DesignModel> design = options.read(output);
+  const ProcessorList list(*design);
+  const std::vector<Advice> advice = adviceFor(options, *design, list);
+  if (output.json()) {
+    Json members = list.json();
+    members.update(adviceJson(*design, advice));
+    output.document(members);
+    return ExitStatus::done;
+  }
+  list.print(output);
+  printAdvice(advice, output);
   return ExitStatus::done;
 }
 

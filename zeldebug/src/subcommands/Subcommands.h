@@ -8,6 +8,7 @@ class CommandLine;
 
 void addListCommand(CommandLine &line);
 void addDesignCommand(CommandLine &line);
+void addKindsCommand(CommandLine &line);
 void addShowCommand(CommandLine &line);
 void addSetCommand(CommandLine &line);
 void addCommandCommand(CommandLine &line);

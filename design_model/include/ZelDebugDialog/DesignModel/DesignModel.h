@@ -47,6 +47,14 @@ struct DesignOrigin {
   int line = 0;          ///< From 1; 0: no line of it.
 };
 
+/// A document that a design refers to and that was not found.
+struct MissingDocument {
+  /// "component", "design" or "designConfiguration"; the form of 2009 does not
+  /// tell the last two apart, and is taken for "design".
+  std::string type = {};
+  std::string identity = {}; ///< "vendor:library:name:version"
+};
+
 /// What a model is read from.
 struct DesignSources {
   /// An IP-XACT design, or the component on top of a hierarchy.
@@ -61,6 +69,14 @@ struct DesignSources {
   /// A table that lets components play the part of known ones; docs/
   /// design-files.md has its format. Empty: none.
   std::string kindsFile = {};
+  /// No more instances than these, since a few small files can describe a
+  /// hierarchy without end; at most 100 million, whatever is asked for. Each
+  /// takes less than 400 bytes, beside its full name, its parameters, and 50
+  /// bytes for each of its interfaces and ends of connections. All in all a
+  /// model takes no more than about 1 KB for each of these, or 1 GB if that is
+  /// more. What is past either is left out, with an error that names the first
+  /// of it; what is there is connected and answers.
+  std::size_t maxInstances = 1000000;
 };
 
 /// What a component is to a debugger.
@@ -92,6 +108,10 @@ struct DesignInterface {
   /// Has registers or memory of its own although it passes accesses on.
   bool answers = false;
   int line = 0; ///< In the file of the component's origin.
+  /// What kind of bus: "vendor:library:name:version". Empty: not known.
+  std::string busType = {};
+  /// The registers or memory behind it are said to be memory.
+  bool isMemory = false;
 };
 
 /// What the instances of one component have in common.
@@ -102,6 +122,12 @@ struct DesignComponent {
   /// Each a list of interfaces that are one bus inside the component.
   std::vector<std::vector<std::string>> channels = {};
   DesignOrigin origin = {}; ///< For diagnostics.
+  /// "vendor:library:name:version". Empty for one that has none.
+  std::string identity = {};
+  /// The names of its views.
+  std::vector<std::string> views = {};
+  /// It says of itself that it is a processor: it has a `cpus` element.
+  bool hasCpus = false;
 };
 
 /// A parameter of an instance.
@@ -118,6 +144,12 @@ struct DesignInstance {
   DesignRole role = DesignRole::other;
   std::vector<DesignParameter> parameters =
       {}; ///< In the order of the component.
+  /// For `DesignModel::Component`, which has its identity and its views.
+  std::size_t component = 0;
+  /// The instance that it is in; `DesignModel::top` for none.
+  std::size_t parent = static_cast<std::size_t>(-1);
+  /// Which of the views was taken; empty when none was.
+  std::string view = {};
 };
 
 /// One end of a connection.
@@ -132,6 +164,20 @@ struct DesignConnection {
   std::vector<DesignEnd> ends = {}; ///< Two or more.
   std::string name = {};            ///< For diagnostics; may be empty.
   DesignOrigin origin = {};         ///< For diagnostics.
+};
+
+/// An interface of an instance, as an end of a connection that the model has.
+struct DesignPort {
+  std::size_t instance = 0;  ///< Index in `DesignModel::Instances`.
+  std::size_t interface = 0; ///< Index among the interfaces of its component.
+};
+
+/// Interfaces that are wired together in the model.
+struct DesignWire {
+  /// The instance that the connection lies in, `DesignModel::top` for none. An
+  /// end that is an interface of it is seen from inside.
+  std::size_t within = static_cast<std::size_t>(-1);
+  std::vector<DesignPort> ends = {}; ///< In the order of the connection.
 };
 
 struct DesignContents;
@@ -185,6 +231,18 @@ public:
   /// connected.
   bool Connect(const DesignConnection &connection, InstanceId within = top);
 
+  /// Says which view of its component an instance has.
+  void SetView(InstanceId instance, std::string view);
+
+  /// States that a processor is on a debug module, whatever the wires say; in
+  /// the order of the calls, behind those that are only wired to it.
+  /// False, with a diagnostic: one of them is none, or it is stated already.
+  bool Attach(InstanceId processor, InstanceId debugModule,
+              const DesignOrigin &origin = {});
+
+  /// Adds a document to `Missing`, unless it is there already.
+  void AddMissing(const MissingDocument &document);
+
   /// Adds a remark to `Diagnostics`, unless the same is there already. After
   /// 10,000 one more says that the rest is left out.
   void Report(DesignDiagnostic diagnostic);
@@ -193,10 +251,28 @@ public:
 
   /// Every instance, each before what is inside it.
   const std::vector<DesignInstance> &Instances() const;
+  /// What the instances of a component have in common: as it was added, but for
+  /// what was left out with a diagnostic, and never `byTypeName`.
+  const DesignComponent &Component(ComponentId component) const;
+  /// Every connection that has an end, in the order of `Connect`: what is
+  /// inside an instance before what is around it, where the model was read from
+  /// files.
+  std::vector<DesignWire> Connections() const;
+  /// The interfaces that one is wired to, up and down the hierarchy but over no
+  /// bridge or channel: those of leaves, and of hierarchies inside which
+  /// nothing is wired to them. At most `most` of them.
+  std::vector<DesignPort> WiredTo(const DesignPort &port,
+                                  std::size_t most = 100) const;
   /// Names of the instances whose role is `debugModule`.
   std::vector<std::string> DebugModules() const;
+  /// The names of the views of all components that a read design consists of,
+  /// the one on top included; sorted, each once. What `DesignSources::view` can
+  /// be.
+  std::vector<std::string> Views() const;
   /// In the order in which they were found.
   const std::vector<DesignDiagnostic> &Diagnostics() const;
+  /// What the design refers to and was not found, in the order of reference.
+  const std::vector<MissingDocument> &Missing() const;
 
   // The queries of the engine. All answer in design order unless something
   // else is said. Where two instances have one name, the first is meant.
@@ -212,7 +288,9 @@ public:
   /// The processors that an initiator or mirrored interface of the instance is
   /// connected to at a target or mirrored-initiator interface, through the
   /// hierarchy but over no bridge or channel; in the order of the module's
-  /// interfaces, then of their connections. Empty unless it is a debug module.
+  /// interfaces, then of their connections; then those that `Attach` has put on
+  /// it, in that order, also where they are wired. Each once. Empty unless it
+  /// is a debug module.
   void getHduConnectedProcessorList(std::vector<std::string> &names,
                                     const std::string &instance) override;
   /// Everything that answers to the initiator interfaces of the processor, over
@@ -228,6 +306,7 @@ public:
                                 const std::string &parameter) override;
 
 private:
+  friend struct DesignContents;
   std::unique_ptr<DesignContents> contents;
 };
 

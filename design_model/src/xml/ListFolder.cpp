@@ -1,0 +1,38 @@
+#include "xml/ListFolder.h"
+
+#include <dirent.h>
+
+#include <cerrno>
+#include <memory>
+#include <string_view>
+
+namespace ZelDebugDialog {
+
+namespace fs = std::filesystem;
+
+std::error_code listFolder(const fs::path &folder, std::size_t most,
+                           std::vector<fs::path> &entries) {
+  const std::unique_ptr<DIR, int (*)(DIR *)> open(opendir(folder.c_str()),
+                                                  closedir);
+  if (open == nullptr)
+    return {errno == EACCES ? 0 : errno, std::generic_category()};
+  errno = 0;
+  while (entries.size() < most) {
+    // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody else reads from this one.
+    const dirent *const entry = readdir(open.get());
+    if (entry == nullptr)
+      break;
+    const std::string_view name = entry->d_name;
+    if (name != "." && name != "..")
+      entries.push_back(folder / name);
+    errno = 0;
+  }
+  return {errno, std::generic_category()};
+}
+
+bool isOwnFolder(const fs::path &path) {
+  std::error_code error;
+  return fs::is_directory(fs::symlink_status(path, error));
+}
+
+} // namespace ZelDebugDialog
