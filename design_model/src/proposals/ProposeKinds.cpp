@@ -1,9 +1,6 @@
-<<<<<<<< HEAD:design_model/src/proposals/ProposeKinds.cpp
 #include "proposals/ProposeKindsFrom.h"
 
-========
 #include <algorithm>
->>>>>>>> road:design_model/src/elaboration/ProposeKinds.cpp
 #include <utility>
 
 #include "elaboration/ReadDesignFrom.h"

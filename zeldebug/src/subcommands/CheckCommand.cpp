@@ -3,7 +3,6 @@
 #include <optional>
 
 #include <ZelDebugDialog/ConfigurationModel/Commands.h>
-#include <ZelDebugDialog/ConfigurationModel/Refusal.h>
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
@@ -22,8 +21,6 @@ using ZelDebugDialog::Board;
 using ZelDebugDialog::CheckedCommand;
 using ZelDebugDialog::CommandDiagnostic;
 using ZelDebugDialog::DesignModel;
-using ZelDebugDialog::Refusal;
-using ZelDebugDialog::RefusalKind;
 using ZelDebugDialog::ShowSeverity;
 
 struct CheckLine {
@@ -138,7 +135,7 @@ Json checkedJson(const CheckedCommand &checked, int line) {
 class CheckedFor {
 public:
   CheckedFor(const CheckLine &line, const CommandLine &commandLine,
-             const Output &output) {
+             Output &output) {
     if (line.design.named() != line.processor.has_value())
       throw Failure(ExitStatus::wrongUse,
                     "check: --design and --processor go together");
@@ -152,13 +149,7 @@ public:
 
   CheckedCommand check(const std::string &text, bool ofFile) {
     options.ofFile = ofFile;
-    try {
-      return CheckCommand(text, options);
-    } catch (const Refusal &refusal) {
-      const bool isUnknown = refusal.kind == RefusalKind::unknownProcessor;
-      throw Failure(isUnknown ? ExitStatus::wrongUse : ExitStatus::refused,
-                    refusal.what());
-    }
+    return CheckCommand(text, options);
   }
   const DesignModel *designOrNull() const { return design.get(); }
 

@@ -2,7 +2,6 @@
 #include <memory>
 #include <optional>
 
-#include "Session.h"
 #include "line/DesignOptions.h"
 #include "line/TextOption.h"
 #include "subcommands/DesignGraph.h"
@@ -36,12 +35,11 @@ ExitStatus run(const Options &options, Output &output) {
     output.print(graph);
     return ExitStatus::done;
   }
-  Session session(design.get());
   if (!output.json()) {
-    printDesign(*design, session, output);
+    printDesign(*design, output);
     return ExitStatus::done;
   }
-  Json members = designJson(*design, session);
+  Json members = designJson(*design);
   if (options.graph)
     members["graph"] = graph;
   output.document(members);

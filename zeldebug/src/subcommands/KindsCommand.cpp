@@ -8,7 +8,6 @@
 
 #include <ZelDebugDialog/DesignModel/Kinds.h>
 
-#include "Session.h"
 #include "line/DesignOptions.h"
 #include "line/TextOption.h"
 #include "output/WholeFile.h"
@@ -177,8 +176,7 @@ ExitStatus run(const Options &options, Output &output) {
                             isNew ? "written to" : "already in",
                             *options.file));
   }
-  Session session(design.get());
-  const ProcessorList list(*design, session);
+  const ProcessorList list(*design);
   if (output.json()) {
     Json members = proposalJson(proposal);
     members["written"] = options.file ? Json(*options.file) : Json(nullptr);

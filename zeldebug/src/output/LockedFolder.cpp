@@ -1,4 +1,4 @@
-#include "ScratchFolder.h"
+#include "output/LockedFolder.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -83,17 +83,6 @@ LockedFolder::~LockedFolder() {
   fs::remove_all(folder, ignored);
   if (lock >= 0)
     close(lock);
-}
-
-ScratchFolder::ScratchFolder(const fs::path &parent)
-    : folder(parent), before(fs::current_path()) {
-  fs::create_directory(path() / "etc");
-  fs::current_path(path());
-}
-
-ScratchFolder::~ScratchFolder() {
-  std::error_code ignored;
-  fs::current_path(before, ignored);
 }
 
 } // namespace zeldebug
