@@ -15,6 +15,7 @@
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "design_model/MemorySource.h"
 #include "elaboration/ReadDesignFrom.h"
+#include "proposals/ProposeKindsFrom.h"
 
 namespace {
 
