@@ -3,7 +3,6 @@
 #include <exception>
 
 #include "line/CommandLine.h"
-#include "line/Refused.h"
 #include "output/Failure.h"
 #include "subcommands/Subcommands.h"
 
@@ -11,11 +10,11 @@ namespace zeldebug {
 
 namespace {
 
-ExitStatus fail(Output &output, const Failure &failure) {
-  output.lastError(failure.what());
+ExitStatus fail(Output &output, ExitStatus status, const std::string &text) {
+  output.error(text);
   if (output.json())
-    output.failureDocument(failure);
-  return failure.status();
+    output.failureDocument(status, text);
+  return status;
 }
 
 } // namespace
@@ -42,11 +41,9 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   try {
     return line.run(argc, argv, output);
   } catch (const Failure &failure) {
-    return fail(output, failure);
-  } catch (const ZelDebugDialog::Refusal &refusal) {
-    return fail(output, failureOf(refusal));
+    return fail(output, failure.status(), failure.what());
   } catch (const std::exception &problem) {
-    return fail(output, Failure(ExitStatus::refused, problem.what()));
+    return fail(output, ExitStatus::refused, problem.what());
   }
 }
 

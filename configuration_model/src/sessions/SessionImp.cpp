@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/EngineFacts.h"
-#include "commands/TracedCommand.h"
 #include "commands/WhyRefused.h"
 #include "losses/Writing.h"
 #include "sessions/Changes.h"

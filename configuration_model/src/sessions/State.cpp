@@ -4,7 +4,6 @@
 
 #include <fmt/format.h>
 
-#include "commands/Origins.h"
 #include "losses/Applicability.h"
 #include "sessions/SessionImp.h"
 #include "settings/Values.h"
@@ -49,12 +48,11 @@ std::vector<StateWord> wordsOf(const Analysis &analysis) {
 
 std::string originOf(const Step &step, const SettingRow &row,
                      const std::string &id) {
-  const auto found = step.origins.find(id);
-  const std::string place =
-      found == step.origins.end() ? std::string() : found->second;
+  // Whatever a command says: selecting takes these from the design.
   if (row.isIdentity)
-    return originOfIdentity(row, step.now.record, place);
-  return place.empty() ? "default" : place;
+    return "design";
+  const auto found = step.origins.find(id);
+  return found == step.origins.end() ? "default" : found->second;
 }
 
 SettingState settingStateOf(const Step &step, const SettingRow &row,
@@ -142,7 +140,7 @@ SessionState SessionImp::state() {
       setting.error = draft->second.error;
     }
     for (const Choice &choice : row.info.choices)
-      setting.choices.push_back({choice, whyNotOffered(row, choice, identity)});
+      setting.choices.push_back({choice, whyNotAllowed(row, choice, identity)});
     state.settings.push_back(std::move(setting));
   }
   for (std::size_t i = 0; i < step.now.chain.size(); ++i)

@@ -6,7 +6,6 @@
 
 #include "ZelDebugDialog/EngineFacts.h"
 #include "settings/SettingTable.h"
-#include "settings/Values.h"
 #include "text/Printable.h"
 
 namespace ZelDebugDialog {
@@ -106,12 +105,6 @@ const std::vector<SettingInfo> &GetSettings() {
 const SettingInfo *FindSetting(std::string_view id) {
   const model::SettingRow *const row = model::findRow(id);
   return row == nullptr ? nullptr : &row->info;
-}
-
-Value ReadSetting(std::string_view id, const std::string &text) {
-  const model::SettingRow &row = model::expectRow(id);
-  return model::readValue(row.isOfDevice() ? row : model::expectSettable(id),
-                          text);
 }
 
 std::string ShowValue(const SettingInfo &setting, const Value &value) {

@@ -118,26 +118,13 @@ std::optional<Value> readChoice(const std::vector<Choice> &choices,
   return std::nullopt;
 }
 
-constexpr const char *cannotBeWritten =
-    "no command can be written with this cable";
-
-/// Whether a command can be written with a cable; true for any other choice.
-bool isWritable(const SettingRow &row, const Choice &choice) {
-  if (!row.isOfCable() || !choice.value.IsNumber())
-    return true;
-  const CommandCable *const cable =
-      findCable(static_cast<std::uint32_t>(choice.value.Number()));
-  return cable == nullptr || canBeWritten(*cable);
-}
-
-/// The words to offer.
 std::vector<std::string> wordsOf(const SettingRow &row) {
   std::vector<std::string> words;
-  for (const auto *choices : {&row.info.choices, &row.synonyms})
-    for (const Choice &choice : *choices)
-      if (isWritable(row, choice) &&
-          std::find(words.begin(), words.end(), choice.text) == words.end())
-        words.push_back(choice.text);
+  for (const Choice &choice : row.info.choices)
+    words.push_back(choice.text);
+  for (const Choice &choice : row.synonyms)
+    if (std::find(words.begin(), words.end(), choice.text) == words.end())
+      words.push_back(choice.text);
   return words;
 }
 
@@ -258,27 +245,6 @@ Value expectChain(const SettingRow &row, const Value &asked,
   return chain;
 }
 
-/// A value of the setting's kind, whatever it has now or by default.
-Value expectValueOfKind(const SettingRow &row, const Value &asked,
-                        const Value &defaultValue, const Snapshot &current) {
-  switch (row.info.kind) {
-  case SettingKind::flag:
-    return expectFlag(row, asked, defaultValue);
-  case SettingKind::number:
-  case SettingKind::address:
-  case SettingKind::frequency:
-    return expectNumberValue(row, asked);
-  case SettingKind::text:
-  case SettingKind::file:
-    return expectTextValue(row, asked);
-  case SettingKind::chain:
-    return expectChain(row, asked, current);
-  case SettingKind::word:
-    break;
-  }
-  return expectWordValue(row, asked);
-}
-
 } // namespace
 
 const SettingRow &expectRow(std::string_view id) {
@@ -321,8 +287,21 @@ Value expectValue(const SettingRow &row, const Value &asked,
   const bool isOpenToAll = row.info.kind != SettingKind::word;
   if (isThere || (isOpenToAll && asked == defaultValue))
     return asked;
-  if (row.info.kind != SettingKind::word)
-    return expectValueOfKind(row, asked, defaultValue, current);
+  switch (row.info.kind) {
+  case SettingKind::flag:
+    return expectFlag(row, asked, defaultValue);
+  case SettingKind::number:
+  case SettingKind::address:
+  case SettingKind::frequency:
+    return expectNumberValue(row, asked);
+  case SettingKind::text:
+  case SettingKind::file:
+    return expectTextValue(row, asked);
+  case SettingKind::chain:
+    return expectChain(row, asked, current);
+  case SettingKind::word:
+    break;
+  }
   Value value = expectWordValue(row, asked);
   for (const Choice &choice : row.info.choices) {
     if (choice.value != value)
@@ -340,18 +319,6 @@ Value expectValue(const SettingRow &row, const Value &asked,
     throw refusal;
   }
   return value;
-}
-
-Value readValue(const SettingRow &row, const std::string &text) {
-  Snapshot fresh;
-  fresh.chain.emplace_back();
-  return expectValueOfKind(row, text, valueIn(fresh, row), fresh);
-}
-
-std::string whyNotOffered(const SettingRow &row, const Choice &choice,
-                          const ProcessorInfoImp &processor) {
-  return isWritable(row, choice) ? whyNotAllowed(row, choice, processor)
-                                 : cannotBeWritten;
 }
 
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,

@@ -25,8 +25,6 @@ enum class ValueKind {
   connection,
   device,
   processor,
-  setting,
-  colour,
   instance,
   diagnosticCode,
   languageWord,
@@ -79,11 +77,6 @@ public:
   /// Those that are meant for people.
   std::vector<Subcommand> visible() const;
   ValueKind kindOf(const CLI::Option *option) const;
-  /// The subcommand of that name, if it is meant for people.
-  /// @throws Failure (wrong use) with those that there are
-  const Subcommand &expectSubcommand(const std::string &name) const;
-  /// The help of a subcommand, in lines that fit; of all of them for null.
-  std::string helpOf(const Subcommand *subcommand, const Output &output) const;
   /// The folder of -C; "." without it.
   const std::string &workingFolder() const { return folder; }
 
@@ -92,11 +85,10 @@ private:
   std::vector<const char *> withoutDashedWords(int argc,
                                                const char *const *argv);
   const Subcommand *chosen() const;
-  void applyCommonOptions(Output &output) const;
   void nameSubcommand(Output &output) const;
   void expectFlagsAlone(const std::vector<std::string> &words) const;
-  void expectValues(const std::vector<std::string> &words) const;
   void expectNothingUnknown(int argc, const char *const *argv) const;
+  void expectValues(const std::vector<std::string> &words) const;
 
   CLI::App app;
   std::vector<Subcommand> subcommands;
@@ -105,9 +97,6 @@ private:
   std::vector<std::string> heldBack; ///< words that begin with '-'
   std::string folder = ".";
   bool jsonWanted = false;
-  bool isQuiet = false;
-  bool isStrict = false;
-  std::string colour = "auto";
 };
 
 } // namespace zeldebug

@@ -28,7 +28,6 @@ public:
   /// Adds DESIGN, --library, --view, --kinds and --max-instances to a
   /// subcommand.
   void addTo(CommandLine &line, CLI::App &app, bool designRequired = true);
-
   /// The same with --design in place of DESIGN.
   void addAsOptionTo(CommandLine &line, CLI::App &app);
 
@@ -37,10 +36,11 @@ public:
   /// Reads the design. What its diagnostics say goes to `output`.
   /// @throws Failure: (unreadable) with every error, one a line; (wrong use)
   ///   for a view without a name, and a number of instances that is none.
-  std::unique_ptr<ZelDebugDialog::DesignModel> read(Output &output) const;
+  std::unique_ptr<ZelDebugDialog::DesignModel> read(const Output &output) const;
   /// The same, and proposes a kind table; the model is the design with it.
   std::unique_ptr<ZelDebugDialog::DesignModel>
-  proposeKinds(ZelDebugDialog::KindProposal &proposal, Output &output) const;
+  proposeKinds(ZelDebugDialog::KindProposal &proposal,
+               const Output &output) const;
 
   /// Searches for what the design, read from these options, lacks.
   MissingAdvice adviseOnMissing(const ZelDebugDialog::DesignModel &design,
@@ -52,7 +52,7 @@ private:
   void addSourcesTo(CommandLine &line, CLI::App &app);
   ZelDebugDialog::DesignSources expectSources() const;
   void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design,
-                  Output &output) const;
+                  const Output &output) const;
 
   std::optional<std::string> designFile;
   std::vector<std::string> libraryFolders;
@@ -61,14 +61,24 @@ private:
   std::optional<std::string> maxInstances;
 };
 
-/// Words as a shell takes them.
-std::string shellLine(const std::vector<std::string> &words);
-
 /// [{"file", "line", "severity", "message"}]
 Json diagnosticsJson(const ZelDebugDialog::DesignModel &design);
 
+/// Words as a shell takes them.
+std::string shellLine(const std::vector<std::string> &words);
+
 /// "file:line: message"
 std::string shownDiagnostic(const ZelDebugDialog::DesignDiagnostic &diagnostic);
+
+/// @throws Failure (wrong use) if the processor is none of the design's, which
+///   lists them; (refused) if it cannot be debugged, which says why.
+void expectDebuggable(ZelDebugDialog::DesignModel &design,
+                      const std::vector<std::string> &debuggable,
+                      const std::string &processor);
+
+/// Why a processor of the design is not among those that can be debugged.
+std::string whyNotDebuggable(ZelDebugDialog::DesignModel &design,
+                             const std::string &processor);
 
 } // namespace zeldebug
 

@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include "line/WorkingFolder.h"
 #include "output/Failure.h"
 
 namespace zeldebug {
@@ -39,12 +40,8 @@ Place lookAt(const fs::path &path, fs::file_type wanted) {
                                               : mismatch(target, wanted)};
 }
 
-std::string shownPath(const fs::path &path) {
-  std::error_code error;
-  const fs::path start = fs::current_path(error);
-  const std::string relative = path.lexically_relative(start).string();
-  const bool isBelow = !relative.empty() && relative.compare(0, 2, "..") != 0;
-  return isBelow ? relative : path.string();
+std::string shownName(const std::string &name) {
+  return name.empty() ? "''" : printable(name);
 }
 
 void refuse(const fs::path &path, const std::string &problem) {

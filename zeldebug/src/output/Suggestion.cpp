@@ -1,9 +1,8 @@
 #include "output/Suggestion.h"
 #include "output/Output.h"
 
-#include <fmt/format.h>
-
 #include <ZelDebugDialog/ConfigurationModel/Text.h>
+#include <fmt/format.h>
 
 namespace zeldebug {
 

@@ -8,7 +8,10 @@
 
 namespace zeldebug {
 
-/// The candidate that is nearest; empty if none is near enough.
+/// The candidate with the fewest edits (letters put in, left out, replaced or
+/// swapped, case not counted), the first of several; empty if none is near
+/// enough: at most one edit for each three letters of `word`, and one for
+/// shorter words.
 std::string nearestMatch(std::string_view word,
                          const std::vector<std::string> &candidates);
 

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include <ZelDebugDialog/ConfigurationModel/Commands.h>
+#include <ZelDebugDialog/ConfigurationModel/Refusal.h>
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
@@ -21,6 +22,8 @@ using ZelDebugDialog::Board;
 using ZelDebugDialog::CheckedCommand;
 using ZelDebugDialog::CommandDiagnostic;
 using ZelDebugDialog::DesignModel;
+using ZelDebugDialog::Refusal;
+using ZelDebugDialog::RefusalKind;
 using ZelDebugDialog::ShowSeverity;
 
 struct CheckLine {
@@ -135,7 +138,7 @@ Json checkedJson(const CheckedCommand &checked, int line) {
 class CheckedFor {
 public:
   CheckedFor(const CheckLine &line, const CommandLine &commandLine,
-             Output &output) {
+             const Output &output) {
     if (line.design.named() != line.processor.has_value())
       throw Failure(ExitStatus::wrongUse,
                     "check: --design and --processor go together");
@@ -149,7 +152,13 @@ public:
 
   CheckedCommand check(const std::string &text, bool ofFile) {
     options.ofFile = ofFile;
-    return CheckCommand(text, options);
+    try {
+      return CheckCommand(text, options);
+    } catch (const Refusal &refusal) {
+      const bool isUnknown = refusal.kind == RefusalKind::unknownProcessor;
+      throw Failure(isUnknown ? ExitStatus::wrongUse : ExitStatus::refused,
+                    refusal.what());
+    }
   }
   const DesignModel *designOrNull() const { return design.get(); }
 

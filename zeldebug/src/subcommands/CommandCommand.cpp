@@ -3,21 +3,15 @@
 
 #include <fmt/format.h>
 
+#include "Configure.h"
+#include "Refusal.h"
 #include "line/DesignOptions.h"
-#include "line/Refused.h"
-#include "line/SettingOptions.h"
 #include "line/WorkingFolder.h"
-#include "output/Values.h"
-#include "subcommands/Configuring.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
 
 namespace {
-
-using ZelDebugDialog::Board;
-using ZelDebugDialog::Loss;
-using ZelDebugDialog::Session;
 
 struct CommandOptions {
   DesignOptions design;
@@ -26,52 +20,43 @@ struct CommandOptions {
   bool force = false;
 };
 
-/// A file that gives the same already has the command, as it is worded there.
-std::string commandOf(Session &session, bool &isSaved) {
-  const ZelDebugDialog::CommandSettings loaded = session.Loaded();
-  isSaved = session.Problem().empty() && loaded.line != 0 &&
-            session.Differences().empty();
-  return isSaved ? loaded.text : session.Command();
-}
-
-void say(const Configured &configured, const Verdict &verdict, Output &output) {
-  for (const Remark &remark : configured.remarks)
-    if (remark.isWarning)
-      output.warn(remark.text, remark.about);
-    else
-      output.note(remark.text, remark.about);
-  for (const Loss &loss : verdict.lost)
-    output.warn("does not survive: " + shownLossWithHelp(loss),
-                {loss.code, loss.field});
-  for (const Loss &loss : verdict.noLongerSaved)
-    output.note("no longer part of the command: " + shownLoss(loss),
-                {loss.code, loss.field});
-}
-
 ExitStatus run(const CommandOptions &options, const std::string &folder,
                Output &output) {
-  const AskedSettings asked = options.settings.read();
+  const std::vector<SettingAction> actions = options.settings.actions();
   const auto design = options.design.read(output);
-  const Board board(*design, optionFolder(folder));
-  Configured configured =
-      configure(board, options.processor, asked,
-                {Session::Hold::whileSaving, options.force});
-  bool isSaved = false;
-  const std::string command = commandOf(configured.session, isSaved);
+  enterWorkingFolder(folder);
+  Session session(design.get());
+  expectDebuggable(*design, session.processorNames(), options.processor);
+  const Configured configured = configure(
+      session, options.processor, options.settings, actions, options.force);
+
+  Session fresh(design.get());
+  const Reading reading =
+      fresh.selectFrom(options.processor, configured.command);
+  const ReadBack readBack{reading.accepted(),
+                          reading.accepted()
+                              ? std::string()
+                              : refusalOf(reading, configured.command,
+                                          design.get(), options.processor),
+                          configurationOf(*fresh.state)};
   const Verdict verdict =
-      isSaved ? Verdict() : judge(configured, configured.session.Losses());
-  say(configured, verdict, output);
+      judge(configured,
+            lossesOf(configured.wanted, configured.command, readBack, false));
+  const std::string doubt = doubtOf(configured);
+  if (!doubt.empty())
+    output.warn(doubt);
+  for (const Loss &loss : verdict.lost)
+    output.warn("does not survive: " + shownLoss(loss));
+  for (const Loss &loss : verdict.dropped)
+    output.note("no longer part of the command: " + shownLoss(loss));
   if (output.json())
     output.document({{"instanceName", options.processor},
-                     {"connectCommand", command},
-                     {"effects", toJson(configured.effects)},
+                     {"connectCommand", configured.command},
                      {"lost", toJson(verdict.lost)},
                      {"dropped", toJson(verdict.dropped)}});
   else
-    output.printLine(command);
-  // As with `set`: what is asked for stands, or the run fails.
-  return verdict.lost.empty() || options.force ? ExitStatus::done
-                                               : ExitStatus::refused;
+    output.printLine(configured.command);
+  return ExitStatus::done;
 }
 
 } // namespace
@@ -91,8 +76,7 @@ void addCommandCommand(CommandLine &line) {
                         ->required(),
                     ValueKind::processor);
   app.add_flag("--force", options->force,
-               "succeed also where settings would not survive, and start from "
-               "the defaults if what is saved cannot be read");
+               "start from the defaults if what is saved cannot be read");
   options->settings.addTo(line, app);
 }
 

@@ -5,17 +5,15 @@
 #include <optional>
 
 #include <fmt/format.h>
-#include <strings.h>
 
-#include <ZelDebugDialog/ConfigurationModel/Board.h>
 #include <ZelDebugDialog/ConfigurationModel/Codes.h>
-#include <ZelDebugDialog/ConfigurationModel/Language.h>
-#include <ZelDebugDialog/ConfigurationModel/Settings.h>
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
+#include "CableKeyword.h"
+#include "ConnectionKind.h"
+#include "Session.h"
 #include "line/CommandLine.h"
 #include "line/Number.h"
-#include "line/SettingOptions.h"
 #include "subcommands/CompletionShells.h"
 #include "subcommands/LanguageWords.h"
 #include "subcommands/Subcommands.h"
@@ -24,14 +22,8 @@ namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::Board;
-using ZelDebugDialog::BoardProcessor;
-using ZelDebugDialog::CableInfo;
-using ZelDebugDialog::Choice;
 using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignSources;
-using ZelDebugDialog::FindSetting;
-using ZelDebugDialog::SettingInfo;
 
 constexpr const char *filesWanted = ":files";
 constexpr const char *foldersWanted = ":folders";
@@ -154,10 +146,7 @@ std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
 
 std::vector<std::string> processorsOf(const TypedLine &line) {
   const auto design = designOf(line);
-  std::vector<std::string> names;
-  for (const BoardProcessor &processor : Board(*design, "etc").Processors())
-    names.push_back(processor.name);
-  return names;
+  return Session(design.get()).processorNames();
 }
 
 std::vector<std::string> instancesOf(const TypedLine &line) {
@@ -171,43 +160,26 @@ std::vector<std::string> instancesOf(const TypedLine &line) {
 /// Those that the processor of the line allows; all without a processor.
 std::vector<std::string> connectionsOf(const TypedLine &line) {
   const auto design = designOf(line);
+  const Session session(design.get());
   if (line.arguments.size() > 1)
-    for (const BoardProcessor &processor : Board(*design, "etc").Processors())
-      if (processor.name == line.arguments[1])
-        return processor.connections;
+    for (const ZelDebugDialog::ProcessorInfoImp *record :
+         session.state->processorList)
+      if (record->instanceName == line.arguments[1])
+        return allowedKinds(record->connectionMask);
   std::vector<std::string> words;
-  for (const Choice &known : FindSetting("connection")->choices)
-    words.push_back(known.text);
+  for (const ConnectionKind &known : connectionKinds())
+    words.emplace_back(known.word);
   return words;
 }
 
-bool sameKeyword(const std::string &a, const std::string &b) {
-  return strcasecmp(a.c_str(), b.c_str()) == 0;
-}
-
-/// Those of the cable of the line; all without a cable.
 std::vector<std::string> frequenciesOf(const TypedLine &line) {
-  std::vector<std::string> all;
-  for (const CableInfo &cable : ZelDebugDialog::GetCables()) {
-    std::vector<std::string> words;
-    for (const std::uint32_t frequency : cable.acceptedFrequencies)
-      words.push_back(fmt::format("{}", frequency));
-    for (const std::string &keyword : cable.keywords)
-      if (sameKeyword(keyword, line.value("--cable")))
-        return words;
-    all.insert(all.end(), words.begin(), words.end());
-  }
-  return sameKeyword(line.value("--cable"), offeredCables().back())
-             ? std::vector<std::string>()
-             : all;
-}
-
-std::vector<std::string> settableNames() {
-  std::vector<std::string> names;
-  for (const SettingInfo &setting : ZelDebugDialog::GetSettings())
-    if (setting.settable && setting.id.compare(0, 6, "chain[") != 0)
-      names.push_back(setting.id);
-  return names;
+  std::vector<std::string> words;
+  const auto type = findCableType(line.value("--cable"));
+  for (const ZelDebugDialog::CommandCable &cable : cables())
+    if (!type || cable.type == *type)
+      for (const std::uint32_t frequency : cable.acceptedFrequencies)
+        words.push_back(fmt::format("{}", frequency));
+  return words;
 }
 
 /// Those that are meant for people.
@@ -226,7 +198,7 @@ std::vector<std::string> valuesOf(const CommandLine &line, ValueKind kind,
   case ValueKind::folder:
     return {foldersWanted};
   case ValueKind::cable:
-    return offeredCables();
+    return cableKeywords();
   case ValueKind::frequency:
     return frequenciesOf(typed);
   case ValueKind::connection:
@@ -240,7 +212,7 @@ std::vector<std::string> valuesOf(const CommandLine &line, ValueKind kind,
   case ValueKind::diagnosticCode: {
     std::vector<std::string> words;
     for (const ZelDebugDialog::Code &row : ZelDebugDialog::GetCodes())
-      words.push_back(row.code);
+      words.emplace_back(row.code);
     return words;
   }
   case ValueKind::languageWord:
@@ -249,10 +221,6 @@ std::vector<std::string> valuesOf(const CommandLine &line, ValueKind kind,
     return subcommandsOf(line);
   case ValueKind::shell:
     return completionShells();
-  case ValueKind::setting:
-    return settableNames();
-  case ValueKind::colour:
-    return {"auto", "always", "never"};
   case ValueKind::text:
     break;
   }

@@ -2,6 +2,7 @@
 #include <memory>
 #include <optional>
 
+#include "Session.h"
 #include "line/DesignOptions.h"
 #include "line/TextOption.h"
 #include "subcommands/DesignGraph.h"
@@ -35,11 +36,12 @@ ExitStatus run(const Options &options, Output &output) {
     output.print(graph);
     return ExitStatus::done;
   }
+  Session session(design.get());
   if (!output.json()) {
-    printDesign(*design, output);
+    printDesign(*design, session, output);
     return ExitStatus::done;
   }
-  Json members = designJson(*design);
+  Json members = designJson(*design, session);
   if (options.graph)
     members["graph"] = graph;
   output.document(members);

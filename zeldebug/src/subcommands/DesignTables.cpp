@@ -3,7 +3,6 @@
 #include <string>
 #include <vector>
 
-#include <ZelDebugDialog/ConfigurationModel/Board.h>
 #include <fmt/format.h>
 
 #include "output/Table.h"
@@ -93,7 +92,7 @@ Json connectionsJson(const DesignModel &design, const Wiring &wiring,
 }
 
 Json instanceJson(const DesignModel &design, const Wiring &wiring,
-                  std::size_t at) {
+                  std::size_t at, Session &session) {
   const DesignInstance &instance = design.Instances()[at];
   const DesignComponent &component = design.Component(instance.component);
   Json parameters = Json::object();
@@ -104,7 +103,7 @@ Json instanceJson(const DesignModel &design, const Wiring &wiring,
           {"identity", component.identity},
           {"view", instance.view.empty() ? Json(nullptr) : Json(instance.view)},
           {"views", component.views},
-          {"memoryClass", ZelDebugDialog::MemoryClassOf(instance.typeName)},
+          {"memoryClass", session.state->ClassifyMemory(instance.typeName)},
           {"parameters", parameters},
           {"connections", connectionsJson(design, wiring, at)}};
 }
@@ -131,7 +130,8 @@ std::string shownEnds(const Wiring &wiring, const FarEnds &ends) {
              : fmt::format("{} and {} more", joined(names), ends.others);
 }
 
-void printInstances(const DesignModel &design, Output &output) {
+void printInstances(const DesignModel &design, Session &session,
+                    Output &output) {
   Table instances(
       {"INSTANCE", "TYPE", "COMPONENT", "VIEW", "MEMORY CLASS", "PARAMETERS"});
   for (const DesignInstance &instance : design.Instances()) {
@@ -142,7 +142,7 @@ void printInstances(const DesignModel &design, Output &output) {
     instances.addRow({instance.name, instance.typeName,
                       component.identity.empty() ? "-" : component.identity,
                       shownViews(instance, component.views),
-                      ZelDebugDialog::MemoryClassOf(instance.typeName),
+                      session.state->ClassifyMemory(instance.typeName),
                       joined(parameters)});
   }
   instances.print(output);
@@ -169,7 +169,7 @@ void printConnections(const DesignModel &design, Output &output) {
 
 } // namespace
 
-Json designJson(DesignModel &design) {
+Json designJson(DesignModel &design, Session &session) {
   const Wiring wiring(design);
   Json members{{"processors", processorsOf(design)},
                {"debugModules", Json::array()},
@@ -182,7 +182,7 @@ Json designJson(DesignModel &design) {
          {"type", design.getIpName(module)},
          {"processors", connectedTo(design, module)}});
   for (std::size_t at = 0; at < design.Instances().size(); ++at)
-    members["instances"].push_back(instanceJson(design, wiring, at));
+    members["instances"].push_back(instanceJson(design, wiring, at, session));
   for (const std::string &processor : processorsOf(design))
     members["peripherals"][processor] = peripheralsOf(design, processor);
   for (const DesignDiagnostic &diagnostic : design.Diagnostics())
@@ -194,8 +194,8 @@ Json designJson(DesignModel &design) {
   return members;
 }
 
-void printDesign(DesignModel &design, Output &output) {
-  printInstances(design, output);
+void printDesign(DesignModel &design, Session &session, Output &output) {
+  printInstances(design, session, output);
   output.print("\n");
   Table modules({"DEBUG MODULE", "TYPE", "PROCESSORS"});
   for (const std::string &module : modulesOf(design))

@@ -4,14 +4,16 @@
 
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
+#include "Session.h"
 #include "output/Json.h"
 #include "output/Output.h"
 
 namespace zeldebug {
 
-Json designJson(ZelDebugDialog::DesignModel &design);
+Json designJson(ZelDebugDialog::DesignModel &design, Session &session);
 
-void printDesign(ZelDebugDialog::DesignModel &design, Output &output);
+void printDesign(ZelDebugDialog::DesignModel &design, Session &session,
+                 Output &output);
 
 } // namespace zeldebug
 

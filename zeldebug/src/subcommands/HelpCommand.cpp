@@ -2,8 +2,11 @@
 #include <memory>
 #include <optional>
 
+#include <fmt/format.h>
+
 #include "line/CommandLine.h"
 #include "line/TextOption.h"
+#include "output/Suggestion.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
@@ -12,9 +15,24 @@ namespace {
 
 ExitStatus run(const CommandLine &line, const std::optional<std::string> &name,
                Output &output) {
-  output.print(
-      line.helpOf(name ? &line.expectSubcommand(*name) : nullptr, output));
-  return ExitStatus::done;
+  if (!name) {
+    // `App::help` would be that of the subcommand "help".
+    const CLI::App &app = line.application();
+    output.print(app.get_formatter()->make_help(&app, app.get_name(),
+                                                CLI::AppFormatMode::Normal));
+    return ExitStatus::done;
+  }
+  std::vector<std::string> names;
+  for (const CommandLine::Subcommand &subcommand : line.visible()) {
+    names.push_back(subcommand.app->get_name());
+    if (*name != names.back())
+      continue;
+    output.print(subcommand.app->help("zeldebug"));
+    return ExitStatus::done;
+  }
+  throw Failure(ExitStatus::wrongUse,
+                fmt::format("unknown subcommand '{}'; there are {}{}", *name,
+                            quotedList(names), didYouMean(*name, names)));
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 
 #include <ZelDebugDialog/DesignModel/Kinds.h>
 
+#include "Session.h"
 #include "line/DesignOptions.h"
 #include "line/TextOption.h"
 #include "output/WholeFile.h"
@@ -176,7 +177,8 @@ ExitStatus run(const Options &options, Output &output) {
                             isNew ? "written to" : "already in",
                             *options.file));
   }
-  const ProcessorList list(*design);
+  Session session(design.get());
+  const ProcessorList list(*design, session);
   if (output.json()) {
     Json members = proposalJson(proposal);
     members["written"] = options.file ? Json(*options.file) : Json(nullptr);

@@ -1,6 +1,7 @@
 // list: the processors of a design that can be debugged, and why others cannot.
 #include <memory>
 
+#include "Session.h"
 #include "line/DesignOptions.h"
 #include "subcommands/ListAdvice.h"
 #include "subcommands/ProcessorList.h"
@@ -14,7 +15,8 @@ using ZelDebugDialog::DesignModel;
 
 ExitStatus run(const DesignOptions &options, Output &output) {
   const std::unique_ptr<DesignModel> design = options.read(output);
-  const ProcessorList list(*design);
+  Session session(design.get());
+  const ProcessorList list(*design, session);
   const std::vector<Advice> advice = adviceFor(options, *design, list);
   if (output.json()) {
     Json members = list.json();

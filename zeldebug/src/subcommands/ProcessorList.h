@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include <ZelDebugDialog/ConfigurationModel/Board.h>
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
+#include "Session.h"
 #include "output/Json.h"
 #include "output/Output.h"
 
@@ -24,20 +24,23 @@ struct Undebuggable {
 
 class ProcessorList {
 public:
-  explicit ProcessorList(ZelDebugDialog::DesignModel &design);
+  /// Both have to outlive it; the session is of the design.
+  ProcessorList(ZelDebugDialog::DesignModel &design, Session &session);
 
   /// Every processor of the design.
-  const std::vector<std::string> &names() const { return board.Names(); }
+  const std::vector<std::string> &names() const { return allNames; }
   const std::vector<Undebuggable> &undebuggable() const { return others; }
   /// None can be debugged.
-  bool isEmpty() const { return board.Processors().empty(); }
+  bool isEmpty() const { return session.state->processorList.empty(); }
 
   /// `names`, `processors` and `undebuggable`.
   Json json() const;
   void print(Output &output) const;
 
 private:
-  ZelDebugDialog::Board board;
+  ZelDebugDialog::DesignModel &design;
+  const Session &session;
+  std::vector<std::string> allNames;
   std::vector<Undebuggable> others;
 };
 

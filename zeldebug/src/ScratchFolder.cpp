@@ -1,4 +1,4 @@
-#include "output/LockedFolder.h"
+#include "ScratchFolder.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -83,6 +83,17 @@ LockedFolder::~LockedFolder() {
   fs::remove_all(folder, ignored);
   if (lock >= 0)
     close(lock);
+}
+
+ScratchFolder::ScratchFolder(const fs::path &parent)
+    : folder(parent), before(fs::current_path()) {
+  fs::create_directory(path() / "etc");
+  fs::current_path(path());
+}
+
+ScratchFolder::~ScratchFolder() {
+  std::error_code ignored;
+  fs::current_path(before, ignored);
 }
 
 } // namespace zeldebug
