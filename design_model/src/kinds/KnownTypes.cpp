@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "kinds/BuiltInKinds.h"
 #include "messages/Quote.h"
@@ -58,9 +59,14 @@ std::string_view wordOf(DesignRole role) {
 std::vector<std::string_view> knownTypes(DesignRole role) {
   if (role != DesignRole::other)
     return builtInTypes(role);
-  std::vector<std::string_view> names(stubUarts.begin(), stubUarts.end());
-  names.insert(names.end(), fpus.begin(), fpus.end());
-  names.insert(names.end(), memories.begin(), memories.end());
+  std::vector<std::string_view> names;
+  names.reserve(stubUarts.size() + fpus.size() + memories.size());
+  const auto append = [&names](const auto &list) {
+    std::copy(list.begin(), list.end(), std::back_inserter(names));
+  };
+  append(stubUarts);
+  append(fpus);
+  append(memories);
   return names;
 }
 
