@@ -14,7 +14,6 @@ namespace tool {
 namespace {
 
 using nlohmann::json;
-using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -102,7 +101,7 @@ private:
   /// A quoted one has its escapes taken off as a label has them.
   std::string id() {
     if (next() != "\"") {
-      const std::string word = next();
+      std::string word = next();
       if ((word.empty() || !isName(word[0])) && fault.empty())
         fault = "a name expected at " + text.substr(at, 40);
       at += word.size();

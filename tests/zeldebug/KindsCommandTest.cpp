@@ -11,7 +11,6 @@ namespace fs = std::filesystem;
 
 using nlohmann::json;
 using testing::HasSubstr;
-using testing::Not;
 
 class KindsCommandTest : public ToolTest {
 protected:

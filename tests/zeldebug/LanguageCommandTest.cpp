@@ -7,7 +7,6 @@ namespace {
 
 using nlohmann::json;
 using testing::HasSubstr;
-using testing::Not;
 
 using LanguageCommandTest = ToolTest;
 
