@@ -60,10 +60,10 @@ TEST(ExplainCommand, KnowsDevicesAndWhatWasDropped) {
             "12 hw connection connectionType 2->2 connectionMask 0x1->0x3\n"
             "15 -configdevice option\n"
             "29 devicenr name\n"
-            "38 1 value chain[0].devicenr nothing->1\n"
+            "38 1 value chain[0].devicenr 0->1\n"
             "40 -configdevice option\n"
             "54 devicenr name\n"
-            "63 2 value chain[1].devicenr nothing->2\n");
+            "63 2 value chain[1].devicenr 0->2\n");
 }
 
 TEST(ExplainCommand, StopsAtTheFirstFaultAndSaysWhy) {

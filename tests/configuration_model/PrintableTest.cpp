@@ -8,6 +8,7 @@
 namespace {
 
 using ZelDebugDialog::model::printable;
+using ZelDebugDialog::model::wellFormed;
 
 struct Row {
   std::string text;
@@ -68,6 +69,32 @@ TEST(Printable, EscapesBytesThatAreNoUtf8) {
   };
   for (const Row &row : rows)
     EXPECT_EQ(printable(row.text), row.shown);
+}
+
+/// One for as many bytes as begin a character, as the Unicode standard advises
+/// and decoders of other languages do it.
+TEST(WellFormed, HasAReplacementForWhatIsNoUtf8) {
+  const std::string mark = "\xEF\xBF\xBD";
+  const struct {
+    std::string text;
+    std::string formed;
+  } rows[] = {
+      {"", ""},
+      {std::string("a\0\n\x7f", 4), std::string("a\0\n\x7f", 4)},
+      {"\xC3\xBC\xC2\x80\xF4\x8F\xBF\xBF", "\xC3\xBC\xC2\x80\xF4\x8F\xBF\xBF"},
+      {"\xFF", mark},
+      {"\x80\x80", mark + mark},
+      {"\xC3", mark},
+      {"\xC3(", mark + "("},
+      {"\xE2\x82", mark},
+      {"\xE2\x82z", mark + "z"},
+      {"\xF0\x9F\x98\xF0\x9F\x98\x80", mark + "\xF0\x9F\x98\x80"},
+      {"\xE0\x9F\xBF", mark + mark + mark},
+      {"\xED\xA0\x80", mark + mark + mark},
+      {"\xC0\x80", mark + mark},
+  };
+  for (const auto &row : rows)
+    EXPECT_EQ(wellFormed(row.text), row.formed);
 }
 
 } // namespace

@@ -171,15 +171,22 @@ TEST_F(SaveTest, AFileThatCannotBeReadIsRefusedUnlessForced) {
     const char *problem;
   } const rows[] = {
       {"connect lc nothing",
-       "the command is refused: the engine gives no reason"},
-      {"connect ppc hw -foo", "the command is refused: UNKNOWN Option '-foo'"},
-      {"connect lc hdu -", "the command is refused: a word is a lone '-'"},
+       "the command is refused: column 12: 'nothing' is no way to connect to "
+       "this target"},
+      {"connect ppc hw -foo",
+       "the command is refused: column 16: '-foo' is no option here (UNKNOWN "
+       "Option '-foo')"},
+      {"connect lc hdu -",
+       "the command is refused: column 16: '-' is a lone '-'"},
       {std::string("connect lc\0 hdu", 15),
        "the command holds bytes that are no text"},
       {"connect lc hdu -debugdevice cpu_version " + std::string(1000, 'v'),
        "the command has 1040 characters, but only 1023 of a line are read"},
-      {"vpconnect lc", "the command is refused: the engine gives no reason"},
-      {"\xFF\xFE\n", "the command is refused: the engine gives no reason"},
+      {"vpconnect lc",
+       "the command is refused: column 11: 'lc' is a connection that the "
+       "processor does not allow"},
+      {"\xFF\xFE\n",
+       "the command is refused: column 1: '\\xff\\xfe' is no head word"},
   };
   for (const Row &row : rows) {
     Session session = openWith(row.content);

@@ -49,27 +49,6 @@ void replaceAll(std::string &text, const std::string &old,
     text.replace(at, old.size(), other);
 }
 
-/// For whoever wants to look at the documents that tests make.
-void keep(const Files &files) {
-  // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody changes the environment.
-  const char *const folder = std::getenv("ZELDEBUGDIALOG_DOCUMENTS");
-  if (folder == nullptr)
-    return;
-  static int readings = 0;
-  const auto *const test =
-      testing::UnitTest::GetInstance()->current_test_info();
-  const std::filesystem::path own =
-      std::filesystem::path(folder) /
-      (std::string(test->test_suite_name()) + "." + test->name()) /
-      std::to_string(readings++);
-  for (const auto &[name, text] : files) {
-    const std::filesystem::path path =
-        own / std::filesystem::path(name).relative_path();
-    std::filesystem::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << text;
-  }
-}
-
 /// A list, which holds something if it is there. Without it there is its line,
 /// so that others stay on theirs.
 std::string list(const std::string &name, const std::string &content) {
@@ -115,8 +94,28 @@ Names Reading::diagnostics() const {
   return lines;
 }
 
+void keepDocuments(const Files &files) {
+  // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody changes the environment.
+  const char *const folder = std::getenv("ZELDEBUGDIALOG_DOCUMENTS");
+  if (folder == nullptr)
+    return;
+  static int readings = 0;
+  const auto *const test =
+      testing::UnitTest::GetInstance()->current_test_info();
+  const std::filesystem::path own =
+      std::filesystem::path(folder) /
+      (std::string(test->test_suite_name()) + "." + test->name()) /
+      std::to_string(readings++);
+  for (const auto &[name, text] : files) {
+    const std::filesystem::path path =
+        own / std::filesystem::path(name).relative_path();
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << text;
+  }
+}
+
 Reading readFrom(const Files &files, const DesignSources &sources) {
-  keep(files);
+  keepDocuments(files);
   MemorySource memory;
   memory.files = files;
   Reading reading;

@@ -33,6 +33,9 @@ public:
 /// of the test's own.
 Reading readFrom(const Files &files, const DesignSources &sources);
 
+/// Only that: for tests that read files in memory by themselves.
+void keepDocuments(const Files &files);
+
 /// Reads "top.xml"; "kinds" is the kind table if it is among the files.
 Reading readFiles(const Files &files, const std::string &view = "");
 

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "ZelDebugDialog/KvoOption_Parser.h"
+#include "support/Cables.h"
 #include "support/EngineFixture.h"
 #include "support/RecordText.h"
 
@@ -122,26 +123,14 @@ TEST_F(CableClauseWriter, WritesNothingForADigilentCable) {
 }
 
 TEST_F(CableClauseWriter, WritesTheClauseOfEachCable) {
-  const struct {
-    std::uint32_t type;
-    const char *text;
-    const char *textWithSerialNumber;
-  } rows[] = {
-      {0, "", ""},
-      {2, " -cable type quorla_parallel port p frequency 7",
-       " -cable type quorla_parallel esn e"},
-      {3, " -cable type quorla_podusb port p frequency 7",
-       " -cable type quorla_podusb esn e"},
-      {4, " -cable type quorla_parallel3 port p frequency 7",
-       " -cable type quorla_parallel3 esn e"},
-      {5, " -cable type quorla_plugin modulename m modulearg a modulearg b",
-       " -cable type quorla_plugin modulename m modulearg a modulearg b"},
-      {6, " -cable type digilent_plugin", " -cable type digilent_plugin"},
-  };
-  for (const auto &row : rows) {
-    SCOPED_TRACE(row.type);
+  const std::string module = " modulename m modulearg a modulearg b";
+  for (const std::uint32_t number : support::cableNumbers()) {
+    const support::Cable &row = support::cableOf(number);
+    if (number != 0 && row.form == support::CableForm::none)
+      continue;
+    SCOPED_TRACE(number);
     CableOption cable;
-    cable.cableType = static_cast<Engine::CableType>(row.type);
+    cable.cableType = static_cast<Engine::CableType>(number);
     cable.frequency = 7;
     cable.port = "p";
     cable.svfFile = "f";
@@ -149,10 +138,10 @@ TEST_F(CableClauseWriter, WritesTheClauseOfEachCable) {
     cable.moduleArgs = "a;b";
     cable.url = "u";
     giveCable(cable);
-    expectJtagOptions(row.text);
+    expectJtagOptions(support::clauseOf(row, " port p frequency 7", module));
     cable.esn = "e";
     giveCable(cable);
-    expectJtagOptions(row.textWithSerialNumber);
+    expectJtagOptions(support::clauseOf(row, " esn e", module));
   }
 }
 
@@ -161,7 +150,7 @@ TEST_F(CableClauseWriter, RefusesCablesThatHaveNoWrittenForm) {
   record.bscanUserReg = 2;
   state.cpuJtag = 1;
   state.jtagChain = {&device};
-  for (const std::uint32_t type : {1U, 7U, 8U, 0x103U, 0xFFFFFFFFU}) {
+  for (const std::uint32_t type : support::unwritableCableNumbers()) {
     SCOPED_TRACE(type);
     giveCable(support::unusualCable());
     state.cableOption->cableType = static_cast<Engine::CableType>(type);
@@ -274,7 +263,7 @@ TEST_F(CableClauseWriter, AddsTheDebugDeviceUnlessItIsZero) {
 
 TEST_F(CableClauseWriter, AddsNoDebugDeviceToACableThatIsRefused) {
   record.debugDevice = 1;
-  for (const std::uint32_t type : {1U, 7U, 8U, 0xFFFFFFFFU}) {
+  for (const std::uint32_t type : support::unwritableCableNumbers()) {
     SCOPED_TRACE(type);
     state.cableOption->cableType = static_cast<Engine::CableType>(type);
     engine.SetErrorStr("an old message");

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "support/Cables.h"
 #include "support/EngineFixture.h"
 #include "support/RecordText.h"
 
@@ -47,30 +48,19 @@ protected:
 };
 
 TEST_F(CableCommand, IsMadeFromTypeFrequencyAndPort) {
-  const struct {
-    std::uint32_t type;
-    const char *text;
-    int result;
-  } rows[] = {
-      {0, "", 0},
-      {1, " -cable", 1},
-      {2, " -cable type quorla_parallel port p frequency 7", 0},
-      {3, " -cable type quorla_podusb port p frequency 7", 0},
-      {4, " -cable type quorla_parallel3 port p frequency 7", 0},
-      {5, " -cable type quorla_plugin modulename ", 0},
-      {6, " -cable type digilent_plugin", 0},
-      {7, " -cable", 1},
-      {8, " -cable", 1},
-      {0xFFFFFFFF, " -cable", 1},
-  };
-  for (const auto &row : rows) {
-    SCOPED_TRACE(row.type);
+  for (const std::uint32_t number : support::cableNumbers()) {
+    SCOPED_TRACE(number);
+    const support::Cable &row = support::cableOf(number);
+    const bool isRefused = number != 0 && row.form == support::CableForm::none;
     std::string out = "before";
     EXPECT_EQ(
         engine.GenerateJtagCableCmdString(
-            out, static_cast<Engine::CableType>(row.type), 7, "p", chain, '\0'),
-        row.result);
-    EXPECT_EQ(out, std::string("before") + row.text);
+            out, static_cast<Engine::CableType>(number), 7, "p", chain, '\0'),
+        isRefused ? 1 : 0);
+    EXPECT_EQ(out, "before" + (isRefused ? " -cable"
+                                         : support::clauseOf(
+                                               row, " port p frequency 7",
+                                               " modulename ")));
   }
 }
 
@@ -107,7 +97,7 @@ TEST_F(CableCommand, TakesAllFieldsOfTheCableRecord) {
   EXPECT_EQ(out, "before -cable type quorla_plugin modulename a module"
                  " modulearg first modulearg second");
 
-  for (const std::uint32_t type : {1U, 7U, 8U, 0xFFFFFFFFU}) {
+  for (const std::uint32_t type : support::unwritableCableNumbers()) {
     SCOPED_TRACE(type);
     cable.cableType = static_cast<Engine::CableType>(type);
     chain = {&device};

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ZelDebugDialog/CableOption.h"
+#include "support/Cables.h"
 #include "support/RecordText.h"
 
 using namespace ZelDebugDialog;
@@ -36,22 +37,12 @@ TEST(CableRecord, StartsWithoutACable) {
 }
 
 TEST(CableRecord, StartsAnewWithTheDefaultsOfItsType) {
-  const struct {
-    std::uint32_t type;
-    std::uint32_t frequency;
-    const char *port;
-  } rows[] = {
-      {0, 0, ""},           {1, 0, ""},
-      {2, 5000000, "LPT1"}, {3, 6000000, "USB21"},
-      {4, 200000, "LPT1"},  {5, 0, ""},
-      {6, 0, ""},           {7, 0, ""},
-      {8, 0, ""},           {0xFFFFFFFF, 0, ""},
-  };
-  for (const auto &row : rows) {
-    SCOPED_TRACE(row.type);
+  for (const std::uint32_t number : support::cableNumbers()) {
+    SCOPED_TRACE(number);
+    const support::Cable &row = support::cableOf(number);
     CableOption cable = support::unusualCable();
-    cable.CableOptionInit(static_cast<Engine::CableType>(row.type));
-    EXPECT_EQ(cable.cableType, row.type);
+    cable.CableOptionInit(static_cast<Engine::CableType>(number));
+    EXPECT_EQ(cable.cableType, number);
     EXPECT_EQ(cable.frequency, row.frequency);
     EXPECT_EQ(cable.port, row.port);
     EXPECT_EQ(cable.esn, "");

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "support/Cables.h"
 #include "support/EngineFixture.h"
 #include "support/RecordText.h"
 
@@ -11,9 +12,6 @@ using namespace ZelDebugDialog;
 using support::textOf;
 
 namespace {
-
-constexpr std::uint32_t allTypes[] = {0, 1, 2, 3,     4,         5,
-                                      6, 7, 8, 0x105, 0xFFFFFFFF};
 
 class CableSettings : public support::RecordFixture {
 protected:
@@ -33,7 +31,7 @@ protected:
 };
 
 TEST_F(CableSettings, StartACableAnewWithItsType) {
-  for (const std::uint32_t value : allTypes) {
+  for (const std::uint32_t value : support::cableNumbers()) {
     SCOPED_TRACE(value);
     const auto type = static_cast<Engine::CableType>(value);
     *state.cableOption = support::unusualCable();
@@ -131,7 +129,7 @@ TEST_F(CableSettings, AreHiddenWhereNoCableIsUsed) {
 }
 
 TEST_F(CableSettings, OfACallersQuorlaCableAreTakenForAllTypesButThePlugin) {
-  for (const std::uint32_t value : allTypes) {
+  for (const std::uint32_t value : support::cableNumbers()) {
     SCOPED_TRACE(value);
     const auto type = static_cast<Engine::CableType>(value);
     CableOption target = support::unusualCable();
@@ -161,7 +159,7 @@ TEST_F(CableSettings, OfACallersQuorlaCableMayBeEmpty) {
 }
 
 TEST_F(CableSettings, OfACallersDigilentCableAreItsTypeAlone) {
-  for (const std::uint32_t value : allTypes) {
+  for (const std::uint32_t value : support::cableNumbers()) {
     SCOPED_TRACE(value);
     const auto type = static_cast<Engine::CableType>(value);
     CableOption target = support::unusualCable();

@@ -5,10 +5,12 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <tuple>
 #include <type_traits>
 #include <vector>
 
 #include "ZelDebugDialog/ProcessorInfo.h"
+#include "support/Fields.h"
 #include "support/RecordText.h"
 
 using namespace ZelDebugDialog;
@@ -79,6 +81,17 @@ TEST(ProcessorRecord, ResetsItsSettingsAndKeepsItsIdentity) {
                                 defaultSettings);
 }
 
+TEST(ProcessorRecord, IsUnusualInEveryField) {
+  const ProcessorInfoImp usual;
+  const ProcessorInfoImp unusual = support::unusualRecord();
+  const auto expectOther = [&](const auto &field) {
+    EXPECT_TRUE(usual.*field.member != unusual.*field.member) << field.name;
+  };
+  std::apply([&](const auto &...field) { (expectOther(field), ...); },
+             support::fieldsOf(usual));
+  EXPECT_NE(usual.connectCommand, unusual.connectCommand);
+}
+
 TEST(ProcessorRecord, StaysTheSameWhenResetTwice) {
   ProcessorInfoImp record;
   record.ProcessorInfoImpInit();
@@ -124,48 +137,12 @@ TEST(ProcessorRecord, HasFieldsOfTheTypesThatCallersCompileAgainst) {
 
 TEST(ProcessorRecord, HasItsFieldsInOrder) {
   const ProcessorInfoImp r;
-  const std::vector<const void *> fields = {
-      &r.instanceName,
-      &r.procFamily,
-      &r.procType,
-      &r.connectionMask,
-      &r.cpuNr,
-      &r.connectionType,
-      &r.simMemSize,
-      &r.ppcSimConfigFile,
-      &r.simIpcHost,
-      &r.simIpcPort,
-      &r.vpConfigMode,
-      &r.cycleApproximate,
-      &r.stubType,
-      &r.stubSerialPort,
-      &r.stubBaudRate,
-      &r.stubTimeout,
-      &r.debugDevice,
-      &r.debugAddressMap,
-      &r.isocmStartAdr,
-      &r.isocmSize,
-      &r.isocmDcrStartAdr,
-      &r.icacheStartAdr,
-      &r.dcacheStartAdr,
-      &r.itagStartAdr,
-      &r.dtagStartAdr,
-      &r.tlbStartAdr,
-      &r.dcrStartAdr,
-      &r.fpuType,
-      &r.cpu_version,
-      &r.hdu_version,
-      &r.nCpu,
-      &r.romemStartAdr,
-      &r.romemSize,
-      &r.svfFileFlag,
-      &r.modelSimMode,
-      &r.modelSimHost,
-      &r.modelSimPort,
-      &r.uartOverHdu,
-      &r.bscanUserReg,
-      &r.connectCommand,
-  };
+  std::vector<const void *> fields;
+  support::eachField(r, [&fields](const char * /*name*/, const auto &field) {
+    fields.push_back(&field);
+  });
+  fields.push_back(&r.connectCommand);
+  EXPECT_EQ(fields.size(), 40U);
   EXPECT_TRUE(std::is_sorted(fields.begin(), fields.end(), std::less<>()));
 }
 

@@ -12,6 +12,7 @@
 
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/SettingFields.h"
+#include "support/Fields.h"
 #include "support/StateText.h"
 
 namespace ZelDebugDialog::test {
@@ -22,89 +23,53 @@ constexpr std::int64_t most32 = 0xFFFFFFFF;
 constexpr std::int64_t mostSigned = 0x7FFFFFFF;
 
 struct Row {
-  const char *name;
+  std::string name;
   FieldOwner owner;
   bool isText;
   std::int64_t minimum;
   std::int64_t maximum;
 };
 
-Row text(const char *name, FieldOwner owner = FieldOwner::processor) {
-  return {name, owner, true, 0, 0};
+/// What stands beside a field's name, by the type of its member.
+struct Kind {
+  bool isText;
+  std::int64_t minimum;
+  std::int64_t maximum;
+};
+Kind kindOf(const std::string & /*field*/) { return {true, 0, 0}; }
+Kind kindOf(bool /*field*/) { return {false, 0, 1}; }
+Kind kindOf(std::int8_t /*field*/) { return {false, -128, 127}; }
+Kind kindOf(std::uint8_t /*field*/) { return {false, 0, 255}; }
+Kind kindOf(std::int32_t /*field*/) {
+  return {false, -mostSigned - 1, mostSigned};
 }
-Row word(const char *name, FieldOwner owner = FieldOwner::processor) {
-  return {name, owner, false, 0, most32};
-}
-Row integer(const char *name) {
-  return {name, FieldOwner::processor, false, -mostSigned - 1, mostSigned};
-}
-Row shortInteger(const char *name, FieldOwner owner = FieldOwner::processor) {
-  return {name, owner, false, -128, 127};
-}
-Row byte(const char *name) { return {name, FieldOwner::device, false, 0, 255}; }
-Row flag(const char *name) {
-  return {name, FieldOwner::processor, false, 0, 1};
-}
+Kind kindOf(std::uint32_t /*field*/) { return {false, 0, most32}; }
+Kind kindOf(Engine::CableType /*field*/) { return {false, 0, most32}; }
 
 /// In the order of the records.
-const std::vector<Row> rows{
-    text("instanceName"),
-    word("procFamily"),
-    word("procType"),
-    word("connectionMask"),
-    shortInteger("cpuNr"),
-    word("connectionType"),
-    word("simMemSize"),
-    text("ppcSimConfigFile"),
-    text("simIpcHost"),
-    integer("simIpcPort"),
-    word("vpConfigMode"),
-    word("cycleApproximate"),
-    word("stubType"),
-    text("stubSerialPort"),
-    integer("stubBaudRate"),
-    integer("stubTimeout"),
-    shortInteger("debugDevice"),
-    word("debugAddressMap"),
-    word("isocmStartAdr"),
-    word("isocmSize"),
-    word("isocmDcrStartAdr"),
-    word("icacheStartAdr"),
-    word("dcacheStartAdr"),
-    word("itagStartAdr"),
-    word("dtagStartAdr"),
-    word("tlbStartAdr"),
-    word("dcrStartAdr"),
-    word("fpuType"),
-    text("cpu_version"),
-    text("hdu_version"),
-    integer("nCpu"),
-    word("romemStartAdr"),
-    word("romemSize"),
-    flag("svfFileFlag"),
-    flag("modelSimMode"),
-    text("modelSimHost"),
-    integer("modelSimPort"),
-    flag("uartOverHdu"),
-    word("bscanUserReg"),
-    text("connectCommand"),
-    word("cable.cableType", FieldOwner::cable),
-    word("cable.frequency", FieldOwner::cable),
-    text("cable.port", FieldOwner::cable),
-    text("cable.esn", FieldOwner::cable),
-    text("cable.svfFile", FieldOwner::cable),
-    text("cable.moduleName", FieldOwner::cable),
-    text("cable.moduleArgs", FieldOwner::cable),
-    text("cable.url", FieldOwner::cable),
-    word("cpuJtag", FieldOwner::state),
-    text("chain[].partname", FieldOwner::device),
-    word("chain[].idcode", FieldOwner::device),
-    shortInteger("chain[].irlength", FieldOwner::device),
-    shortInteger("chain[].devicenr", FieldOwner::device),
-    byte("chain[].isfpga"),
-    byte("chain[].hardppc"),
-    byte("chain[].nppc"),
-};
+std::vector<Row> allRows() {
+  std::vector<Row> all;
+  const auto add = [&all](const std::string &name, FieldOwner owner,
+                          const auto &field) {
+    const Kind kind = kindOf(field);
+    all.push_back({name, owner, kind.isText, kind.minimum, kind.maximum});
+  };
+  const auto addRecord = [&add](const std::string &prefix, FieldOwner owner,
+                                const auto &record) {
+    support::eachField(record, [&](const char *name, const auto &field) {
+      add(prefix + name, owner, field);
+    });
+  };
+  const ProcessorInfoImp processor;
+  addRecord("", FieldOwner::processor, processor);
+  add("connectCommand", FieldOwner::processor, processor.connectCommand);
+  addRecord("cable.", FieldOwner::cable, CableOption());
+  add("cpuJtag", FieldOwner::state, std::uint32_t{});
+  addRecord("chain[].", FieldOwner::device, JtagOption());
+  return all;
+}
+
+const std::vector<Row> rows = allRows();
 
 /// A state with a processor and two chain devices.
 class SettingFieldsTest : public testing::Test {

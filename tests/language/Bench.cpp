@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "HHSMHwManager.h"
+#include "support/Fields.h"
 
 namespace LanguageTest {
 namespace {
@@ -52,43 +53,23 @@ class SilentDesign : public HHSMHwManager {
   }
 };
 
+void makeOdd(std::string &text, int /*number*/) { text = "was"; }
+/// A flag has no odd value.
+void makeOdd(bool & /*flag*/, int /*number*/) {}
+template <class Number> void makeOdd(Number &field, int number) {
+  field = static_cast<Number>(number);
+}
+
 void fillOddly(ProcessorInfoImp &record) {
-  record.instanceName = "was";
-  record.procFamily = 77;
-  record.procType = 78;
+  int number = 77;
+  support::eachField(record, [&number](const char * /*name*/, auto &field) {
+    makeOdd(field, number);
+    ++number;
+  });
+  // What rows name.
   record.connectionMask = 0x1000;
   record.cpuNr = 79;
   record.connectionType = 0x700;
-  record.simMemSize = 80;
-  record.ppcSimConfigFile = "was.icf";
-  record.simIpcHost = "was";
-  record.simIpcPort = 81;
-  record.vpConfigMode = 82;
-  record.cycleApproximate = 83;
-  record.stubType = 84;
-  record.stubSerialPort = "was";
-  record.stubBaudRate = 85;
-  record.stubTimeout = 86;
-  record.debugDevice = 87;
-  record.debugAddressMap = 88;
-  record.isocmStartAdr = 89;
-  record.isocmSize = 90;
-  record.isocmDcrStartAdr = 91;
-  record.icacheStartAdr = 92;
-  record.dcacheStartAdr = 93;
-  record.itagStartAdr = 94;
-  record.dtagStartAdr = 95;
-  record.tlbStartAdr = 96;
-  record.dcrStartAdr = 97;
-  record.fpuType = 98;
-  record.cpu_version = "was";
-  record.hdu_version = "was";
-  record.nCpu = 99;
-  record.romemStartAdr = 100;
-  record.romemSize = 101;
-  record.modelSimHost = "was";
-  record.modelSimPort = 102;
-  record.bscanUserReg = 103;
   record.connectCommand = "was";
 }
 
@@ -99,72 +80,30 @@ void fillOddly(CableOption &cable) {
   cable.url = "was";
 }
 
+std::string toText(const std::string &value) { return printable(value); }
+std::string toText(ZelDebugDialog::Engine::CableType value) {
+  return std::to_string(static_cast<std::uint32_t>(value));
+}
+template <class Number> std::string toText(Number value) {
+  return std::to_string(value);
+}
+
 std::string deviceText(const JtagOption &device) {
-  std::ostringstream text;
-  text << printable(device.partname) << ',' << device.idcode << ','
-       << int(device.irlength) << ',' << int(device.devicenr) << ','
-       << unsigned(device.isfpga) << ',' << unsigned(device.hardppc) << ','
-       << unsigned(device.nppc);
-  return text.str();
+  std::string text;
+  const char *separator = "";
+  support::eachField(device, [&](const char * /*name*/, const auto &value) {
+    text += separator + toText(value);
+    separator = ",";
+  });
+  return text;
 }
 
-void addRecord(Settings &settings, const ProcessorInfoImp &record) {
-  const auto number = [&settings](const char *name, auto value) {
-    settings[name] = std::to_string(value);
-  };
-  const auto text = [&settings](const char *name, const std::string &value) {
-    settings[name] = printable(value);
-  };
-  text("instanceName", record.instanceName);
-  number("procFamily", record.procFamily);
-  number("procType", record.procType);
-  number("connectionMask", record.connectionMask);
-  number("cpuNr", record.cpuNr);
-  number("connectionType", record.connectionType);
-  number("simMemSize", record.simMemSize);
-  text("ppcSimConfigFile", record.ppcSimConfigFile);
-  text("simIpcHost", record.simIpcHost);
-  number("simIpcPort", record.simIpcPort);
-  number("vpConfigMode", record.vpConfigMode);
-  number("cycleApproximate", record.cycleApproximate);
-  number("stubType", record.stubType);
-  text("stubSerialPort", record.stubSerialPort);
-  number("stubBaudRate", record.stubBaudRate);
-  number("stubTimeout", record.stubTimeout);
-  number("debugDevice", record.debugDevice);
-  number("debugAddressMap", record.debugAddressMap);
-  number("isocmStartAdr", record.isocmStartAdr);
-  number("isocmSize", record.isocmSize);
-  number("isocmDcrStartAdr", record.isocmDcrStartAdr);
-  number("icacheStartAdr", record.icacheStartAdr);
-  number("dcacheStartAdr", record.dcacheStartAdr);
-  number("itagStartAdr", record.itagStartAdr);
-  number("dtagStartAdr", record.dtagStartAdr);
-  number("tlbStartAdr", record.tlbStartAdr);
-  number("dcrStartAdr", record.dcrStartAdr);
-  number("fpuType", record.fpuType);
-  text("cpu_version", record.cpu_version);
-  text("hdu_version", record.hdu_version);
-  number("nCpu", record.nCpu);
-  number("romemStartAdr", record.romemStartAdr);
-  number("romemSize", record.romemSize);
-  number("svfFileFlag", int(record.svfFileFlag));
-  number("modelSimMode", int(record.modelSimMode));
-  text("modelSimHost", record.modelSimHost);
-  number("modelSimPort", record.modelSimPort);
-  number("uartOverHdu", int(record.uartOverHdu));
-  number("bscanUserReg", record.bscanUserReg);
-}
-
-void addCable(Settings &settings, const CableOption &cable) {
-  settings["cable.cableType"] = std::to_string(unsigned(cable.cableType));
-  settings["cable.frequency"] = std::to_string(cable.frequency);
-  settings["cable.port"] = printable(cable.port);
-  settings["cable.esn"] = printable(cable.esn);
-  settings["cable.svfFile"] = printable(cable.svfFile);
-  settings["cable.moduleName"] = printable(cable.moduleName);
-  settings["cable.moduleArgs"] = printable(cable.moduleArgs);
-  settings["cable.url"] = printable(cable.url);
+template <class Record>
+void addAll(Settings &settings, const std::string &prefix,
+            const Record &record) {
+  support::eachField(record, [&](const char *name, const auto &value) {
+    settings[prefix + name] = toText(value);
+  });
 }
 
 std::string sorted(const std::string &changes) {
@@ -230,8 +169,8 @@ std::string upper(std::string text) {
 Settings settingsOf(const EngineImp &imp) {
   Settings settings;
   if (imp.currentProcessor != nullptr)
-    addRecord(settings, *imp.currentProcessor);
-  addCable(settings, *imp.cableOption);
+    addAll(settings, "", *imp.currentProcessor);
+  addAll(settings, "cable.", *imp.cableOption);
   settings["cpuJtag"] = std::to_string(imp.cpuJtag);
   for (std::size_t i = 0; i < imp.jtagChain.size(); ++i)
     settings["chain[" + std::to_string(i) + "]"] =

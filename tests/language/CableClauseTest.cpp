@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "language/Bench.h"
+#include "support/Cables.h"
 
 namespace {
 
@@ -20,9 +21,13 @@ const Reader kParseCable = KvoOption_Parser::parse_cable;
 const std::vector<std::string> kNames = {"type",       "port",      "esn",
                                          "url",        "frequency", "fname",
                                          "modulename", "modulearg"};
-const std::vector<std::string> kTypes = {
-    "quorla_parallel", "quorla_parallel4", "quorla_parallel3", "quorla_podusb",
-    "quorla_svffile",  "quorla_plugin",    "digilent_plugin",  "quorla_tcf"};
+/// Those that are read, and the one that is known and refused.
+std::vector<std::string> allTypes() {
+  std::vector<std::string> types = support::cableWords();
+  types.emplace_back("quorla_svffile");
+  return types;
+}
+const std::vector<std::string> kTypes = allTypes();
 
 const std::string kSvfRefused =
     "Cable Type quorla_svffile is not supported in this release\n";
@@ -31,58 +36,48 @@ const std::string kSvfFileMissing =
 const std::string kModuleMissing =
     "Plug-in Module NOT specified for Cable Type quorla_plugin";
 
-std::string parallel3Refused(const std::string &frequency) {
-  return "UnSupported Quorla Parallel3 Cable Frequency - " + frequency +
-         "\n\t Supported Frequencies: 200000";
+std::string refused(const std::string &word, std::uint32_t frequency) {
+  for (const support::Cable &cable : support::cables())
+    if (cable.written == word || cable.words == std::vector{word})
+      return support::refusalOf(cable, frequency);
+  ADD_FAILURE() << word << " is no cable";
+  return "";
 }
-std::string parallel4Refused(const std::string &frequency) {
-  return "UnSupported Quorla Parallel4 Cable Frequency - " + frequency +
-         "\n Supported Frequencies: 200000, 625000, 2500000, 5000000";
-}
-std::string podusbRefused(const std::string &frequency) {
-  return "UnSupported Quorla PodUSB Cable Frequency - " + frequency +
-         "\nSupported Frequencies: 750000, 1500000, 3000000, 6000000, "
-         "12000000, 24000000";
-}
-std::string tcfRefused(const std::string &frequency) {
-  return "UnSupported Quorla TCF Cable Frequency - " + frequency +
-         "\nSupported Frequencies: 750000, 1500000, 3000000, 6000000, "
-         "10000000, 12000000, 15000000, 20000000, 24000000, 30000000";
+
+/// What a type changes beside the number: the port of a cable that has one.
+std::string portOf(const support::Cable &cable) {
+  return cable.port.empty() ? "" : " cable.port=" + cable.port;
 }
 
 TEST(CableClause, ReadsEachTypeToTheEndOfTheText) {
+  for (const support::Cable &cable : support::cables())
+    for (const std::string &word : cable.words) {
+      // Without its module, a cable that needs one has no frequency yet.
+      const bool needsModule = cable.form == support::CableForm::module;
+      const std::string type =
+          "cable.cableType=" + std::to_string(cable.number) + portOf(cable);
+      const std::string frequency =
+          " cable.frequency=" + std::to_string(cable.frequency);
+      std::string mixed = word;
+      mixed[0] = upper(word)[0];
+      mixed[word.size() / 2] = upper(word)[word.size() / 2];
+      // Letter case does not matter.
+      for (const std::string &text :
+           {"type " + word, "TYPE " + upper(word), "tYPE " + mixed})
+        if (needsModule)
+          expectRows(kParseCable, {{text, 2, kModuleMissing, type},
+                                   {text + " modulename m", 3, kQuiet,
+                                    type + " cable.moduleName=m" + frequency}});
+        else
+          expectRows(kParseCable, {{text, 3, kQuiet, type + frequency}});
+    }
   expectRows(
       kParseCable,
       {
-          {"type quorla_parallel", 3, kQuiet,
-           "cable.cableType=2 cable.port=LPT1 cable.frequency=5000000"},
-          {"type quorla_parallel4", 3, kQuiet,
-           "cable.cableType=2 cable.port=LPT1 cable.frequency=5000000"},
-          {"type quorla_parallel3", 3, kQuiet,
-           "cable.cableType=4 cable.port=LPT1 cable.frequency=200000"},
           {"type quorla_podusb", 3, kQuiet,
            "cable.cableType=3 cable.port=USB21 cable.frequency=6000000"},
           {"type quorla_svffile", 2, kSvfRefused},
-          {"type quorla_plugin", 2, kModuleMissing, "cable.cableType=5"},
-          {"type quorla_plugin modulename m", 3, kQuiet,
-           "cable.cableType=5 cable.moduleName=m cable.frequency=0"},
-          {"type digilent_plugin", 3, kQuiet,
-           "cable.cableType=6 cable.frequency=0"},
-          {"type quorla_tcf", 3, kQuiet, "cable.cableType=7 cable.frequency=0"},
-          // Letter case does not matter.
-          {"TYPE QUORLA_PARALLEL", 3, kQuiet,
-           "cable.cableType=2 cable.port=LPT1 cable.frequency=5000000"},
-          {"Type Quorla_Parallel4", 3, kQuiet,
-           "cable.cableType=2 cable.port=LPT1 cable.frequency=5000000"},
-          {"tYPE QUORLA_PARALLEL3", 3, kQuiet,
-           "cable.cableType=4 cable.port=LPT1 cable.frequency=200000"},
-          {"type QUORLA_PODUSB", 3, kQuiet,
-           "cable.cableType=3 cable.port=USB21 cable.frequency=6000000"},
           {"type QUORLA_SVFFILE", 2, kSvfRefused},
-          {"type QUORLA_PLUGIN", 2, kModuleMissing, "cable.cableType=5"},
-          {"type DIGILENT_PLUGIN", 3, kQuiet,
-           "cable.cableType=6 cable.frequency=0"},
-          {"type QUORLA_TCF", 3, kQuiet, "cable.cableType=7 cable.frequency=0"},
           // What follows a refused type is not read.
           {"type quorla_svffile fname f", 2, kSvfRefused, "", " fname f"},
           {"type quorla_usb port x ", 2, kQuiet, "", " port x"},
@@ -226,26 +221,29 @@ TEST(CableClause, ChecksAFrequencyAtTheEndOfTheText) {
   expectRows(
       kParseCable,
       {
-          {"type quorla_podusb frequency 625000", 2, podusbRefused("625000"),
+          {"type quorla_podusb frequency 625000", 2,
+           refused("quorla_podusb", 625000),
            "cable.cableType=3 cable.port=USB21 cable.frequency=625000"},
-          {"frequency 625000 type quorla_podusb", 2, podusbRefused("625000"),
+          {"frequency 625000 type quorla_podusb", 2,
+           refused("quorla_podusb", 625000),
            "cable.cableType=3 cable.port=USB21 cable.frequency=625000"},
           {"frequency 0x1E8480 type quorla_tcf", 3, kQuiet,
            "cable.cableType=7 cable.frequency=2000000"},
-          {"type quorla_tcf frequency 20000000", 2, tcfRefused("20000000"),
+          {"type quorla_tcf frequency 20000000", 2,
+           refused("quorla_tcf", 20000000),
            "cable.cableType=7 cable.frequency=20000000"},
           {"frequency 5 frequency 12000000 type quorla_podusb", 3, kQuiet,
            "cable.cableType=3 cable.port=USB21 cable.frequency=12000000"},
           // The message shows the frequency as a signed number.
           {"type quorla_parallel3 frequency 4294967295", 2,
-           parallel3Refused("-1"),
+           refused("quorla_parallel3", 4294967295),
            "cable.cableType=4 cable.port=LPT1 cable.frequency=4294967295"},
           {"type quorla_parallel frequency 0x80000000", 2,
-           parallel4Refused("-2147483648"),
+           refused("quorla_parallel", 0x80000000),
            "cable.cableType=2 cable.port=LPT1 cable.frequency=2147483648"},
-          {"type quorla_podusb frequency fast", 2, podusbRefused("0"),
+          {"type quorla_podusb frequency fast", 2, refused("quorla_podusb", 0),
            "cable.cableType=3 cable.port=USB21 cable.frequency=0"},
-          {"type quorla_tcf frequency 0", 2, tcfRefused("0"),
+          {"type quorla_tcf frequency 0", 2, refused("quorla_tcf", 0),
            "cable.cableType=7 cable.frequency=0"},
           // 2^32 + 6000000 is cut to what is accepted.
           {"type quorla_podusb frequency 4300967296", 3, kQuiet,
@@ -265,66 +263,23 @@ TEST(CableClause, ChecksAFrequencyAtTheEndOfTheText) {
       });
 }
 
-struct AcceptedFrequencies {
-  std::string keyword;
-  std::uint32_t type;
-  std::string port;
-  std::vector<std::uint32_t> frequencies;
-  std::string (*refused)(const std::string &frequency);
-};
-
-const std::vector<AcceptedFrequencies> kAccepted = {
-    {"quorla_parallel",
-     2,
-     "LPT1",
-     {200000, 625000, 2500000, 5000000},
-     parallel4Refused},
-    {"quorla_parallel4",
-     2,
-     "LPT1",
-     {200000, 625000, 2500000, 5000000},
-     parallel4Refused},
-    {"quorla_podusb",
-     3,
-     "USB21",
-     {750000, 1500000, 3000000, 6000000, 12000000, 24000000},
-     podusbRefused},
-    {"quorla_parallel3", 4, "LPT1", {200000}, parallel3Refused},
-    {"quorla_tcf",
-     7,
-     "was",
-     {125000, 250000, 500000, 750000, 1000000, 1500000, 2000000, 3000000,
-      4000000, 5000000, 6000000, 7500000, 10000000, 12000000, 15000000,
-      24000000, 30000000},
-     tcfRefused},
-};
-
 TEST(CableClause, AcceptsEachFrequencyOfACableAndNoneBeside) {
-  // Each frequency that any cable knows, and its neighbours.
-  std::vector<std::uint32_t> tried = {0, 1, 20000000, 0xFFFFFFFF};
-  for (const AcceptedFrequencies &cable : kAccepted)
-    for (const std::uint32_t frequency : cable.frequencies)
-      tried.insert(tried.end(), {frequency - 1, frequency, frequency + 1});
-
-  for (const AcceptedFrequencies &cable : kAccepted) {
-    std::vector<Row> rows;
-    for (const std::uint32_t frequency : tried) {
-      const std::string number = std::to_string(frequency);
-      const std::string port =
-          cable.port == "was" ? "" : " cable.port=" + cable.port;
-      bool accepted = false;
-      for (const std::uint32_t known : cable.frequencies)
-        accepted = accepted || known == frequency;
-      rows.push_back(
-          {"type " + cable.keyword + " frequency " + number, accepted ? 3 : 2,
-           accepted ? kQuiet
-                    : cable.refused(
-                          std::to_string(static_cast<std::int32_t>(frequency))),
-           "cable.cableType=" + std::to_string(cable.type) + port +
-               " cable.frequency=" + number});
+  for (const support::Cable &cable : support::cables())
+    for (const std::string &word : cable.words) {
+      if (cable.accepted.empty())
+        continue;
+      std::vector<Row> rows;
+      for (const std::uint32_t frequency : support::frequenciesToTry()) {
+        const std::string number = std::to_string(frequency);
+        const bool accepted = support::isAccepted(cable, frequency);
+        rows.push_back(
+            {"type " + word + " frequency " + number, accepted ? 3 : 2,
+             accepted ? kQuiet : support::refusalOf(cable, frequency),
+             "cable.cableType=" + std::to_string(cable.number) + portOf(cable) +
+                 " cable.frequency=" + number});
+      }
+      expectRows(kParseCable, rows);
     }
-    expectRows(kParseCable, rows);
-  }
 }
 
 TEST(CableClause, NeedsAFileForAnSvfCable) {
@@ -369,13 +324,14 @@ TEST(CableClause, ChecksTheTypeThatItStartedWith) {
   const Prepare unknown = [](EngineImp &imp) {
     imp.cableOption->cableType = static_cast<Engine::CableType>(99);
   };
-  expectRows(kParseCable,
-             {
-                 {"", 3, kQuiet, "cable.frequency=6000000"},
-                 {"port p", 3, kQuiet, "cable.port=p cable.frequency=6000000"},
-                 {"frequency 5", 2, podusbRefused("5"), "cable.frequency=5"},
-             },
-             podusb);
+  expectRows(
+      kParseCable,
+      {
+          {"", 3, kQuiet, "cable.frequency=6000000"},
+          {"port p", 3, kQuiet, "cable.port=p cable.frequency=6000000"},
+          {"frequency 5", 2, refused("quorla_podusb", 5), "cable.frequency=5"},
+      },
+      podusb);
   expectRows(kParseCable,
              {
                  {"", 3, kQuiet, "cable.frequency=0"},

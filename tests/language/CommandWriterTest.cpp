@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "language/Bench.h"
+#include "support/Cables.h"
 
 namespace {
 
@@ -274,25 +275,21 @@ std::function<void(EngineImp &)> cable(std::uint32_t type,
 }
 
 TEST(WriteJtagOptions, WritesEachCable) {
-  const std::string portAndFrequency = " port p frequency -1";
-  expectWritten(
-      KvoOption_Parser::write_jtagoptions,
-      {
-          {"none", cable(0), 0, ""},
-          {"parallel 4", cable(2), 0,
-           " -cable type quorla_parallel" + portAndFrequency},
-          {"USB", cable(3), 0, " -cable type quorla_podusb" + portAndFrequency},
-          {"parallel 3", cable(4), 0,
-           " -cable type quorla_parallel3" + portAndFrequency},
-          {"plug-in", cable(5), 0,
-           " -cable type quorla_plugin modulename m modulearg a modulearg b"},
-          {"Digilent", cable(6), 0, " -cable type digilent_plugin"},
-          {"with a serial number", cable(3, "p", "007"), 0,
-           " -cable type quorla_podusb esn 007"},
-          {"no port", cable(2, ""), 0,
-           " -cable type quorla_parallel port  frequency -1"},
-      });
-  for (const std::uint32_t type : {1U, 7U, 8U, 99U, 0xFFFFFFFFU})
+  std::vector<WriteRow> rows{
+      {"none", cable(0), 0, ""},
+      {"with a serial number", cable(3, "p", "007"), 0,
+       " -cable type quorla_podusb esn 007"},
+      {"no port", cable(2, ""), 0,
+       " -cable type quorla_parallel port  frequency -1"},
+  };
+  for (const support::Cable &known : support::cables())
+    if (known.form != support::CableForm::none)
+      rows.push_back(
+          {"cable " + std::to_string(known.number), cable(known.number), 0,
+           support::clauseOf(known, " port p frequency -1",
+                             " modulename m modulearg a modulearg b")});
+  expectWritten(KvoOption_Parser::write_jtagoptions, rows);
+  for (const std::uint32_t type : support::unwritableCableNumbers())
     expectWritten(KvoOption_Parser::write_jtagoptions,
                   {{"cable " + std::to_string(type),
                     [type](EngineImp &imp) {

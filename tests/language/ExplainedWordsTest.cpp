@@ -193,6 +193,10 @@ protected:
       return;
     }
     std::set<std::string> allowed(word.fields.begin(), word.fields.end());
+    // Another cable may bring a port where this one has none.
+    for (const CommandWord &there : after.trace.words)
+      if (there.offset == word.offset)
+        allowed.insert(there.fields.begin(), there.fields.end());
     const bool endsInType =
         word.fields.front() == "cable.cableType" && isCableLast(before);
     // The type of a cable that ends the command brings its frequency along.

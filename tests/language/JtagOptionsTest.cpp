@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "language/Bench.h"
+#include "support/Cables.h"
 
 namespace {
 
@@ -332,7 +333,7 @@ TEST(SetPluginCableOptions, ReadsClausesIntoTheEngine) {
 }
 
 TEST(SetPluginCableOptions, RefusesEveryOtherCable) {
-  for (const unsigned type : {0U, 1U, 2U, 3U, 4U, 6U, 7U, 8U, 0xFFFFFFFFU}) {
+  for (const unsigned type : support::cableNumbersBut(Engine::QUORLA_PLUGIN)) {
     SCOPED_TRACE(type);
     expectRows(
         kSetPluginOptions,

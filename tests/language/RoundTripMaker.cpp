@@ -1,6 +1,9 @@
 #include "language/RoundTripMaker.h"
 
 #include <limits>
+#include <set>
+
+#include "support/Cables.h"
 
 namespace LanguageTest {
 namespace {
@@ -31,8 +34,23 @@ const std::vector<std::string> kFrailTexts = {"",   " ",  "\t", "a b", "a\tb",
                                               " a", "a ", "\n", "a\n", "\r\va",
                                               "-",  "-a", "--", "-\0"s};
 
-const std::vector<std::uint32_t> kFrequencies = {
-    200000, 625000, 750000, 1500000, 3000000, 5000000, 6000000, 24000000};
+/// Each that some cable that is written accepts.
+std::vector<std::uint32_t> acceptedFrequencies() {
+  std::set<std::uint32_t> all;
+  for (const support::Cable &cable : support::cables())
+    if (cable.form == support::CableForm::line)
+      all.insert(cable.accepted.begin(), cable.accepted.end());
+  return {all.begin(), all.end()};
+}
+
+/// No cable, and each that is written.
+std::vector<std::uint32_t> usualCables() {
+  std::vector<std::uint32_t> all{0};
+  for (const support::Cable &cable : support::cables())
+    if (cable.form != support::CableForm::none)
+      all.push_back(cable.number);
+  return all;
+}
 
 } // namespace
 
@@ -165,11 +183,13 @@ void CaseMaker::makeUnwritten(ProcessorInfoImp &record) {
 }
 
 void CaseMaker::makeCable(CableOption &cable) {
-  const auto usual = std::vector<std::uint32_t>{0, 2, 3, 4, 5, 6}[below(6)];
-  cable.cableType = static_cast<Engine::CableType>(at<std::uint32_t>(
-      "cableType", {0, 1, 2, 3, 4, 5, 6, 7, 8, 0xFFFFFFFF}, 10, usual));
+  static const std::vector<std::uint32_t> frequencies = acceptedFrequencies();
+  static const std::vector<std::uint32_t> cables = usualCables();
+  const std::uint32_t usual = cables[below(cables.size())];
+  cable.cableType = static_cast<Engine::CableType>(
+      at<std::uint32_t>("cableType", support::cableNumbers(), 10, usual));
   const std::uint32_t known =
-      at("frequency (known)", kFrequencies, 100, std::uint32_t{0});
+      at("frequency (known)", frequencies, 100, std::uint32_t{0});
   cable.frequency = at("frequency", kLimits32, 10, known);
   cable.port = text("port");
   cable.esn = chance(70) ? "" : text("esn");

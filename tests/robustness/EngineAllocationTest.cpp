@@ -14,7 +14,9 @@
 #include "FailEach.h"
 #include "ZelDebugDialog/CableCatalogue.h"
 #include "ZelDebugDialog/CommandTables.h"
+#include "ZelDebugDialog/CommandWriting.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
+#include "ZelDebugDialog/SettingFields.h"
 #include "support/TemporaryDirectory.h"
 
 // Takes no memory and says nothing.
@@ -373,6 +375,67 @@ TEST(EngineAllocation, OfTheTables) {
   failEach<Nothing>(
       "GetCommandTables", [](Nothing &) { GetCommandTables(); },
       [](Nothing &) { EXPECT_EQ(GetCommandTables().heads.size(), 4U); });
+  covered().insert("GetOfferedFrequencies");
+  failEach<Nothing>(
+      "GetOfferedFrequencies",
+      [](Nothing &) { GetOfferedFrequencies(Engine::QUORLA_PODUSB); },
+      [](Nothing &) {
+        EXPECT_EQ(GetOfferedFrequencies(Engine::QUORLA_PODUSB).size(), 6U);
+      });
+  covered().insert("GetAcceptedFrequencies");
+  failEach<Nothing>(
+      "GetAcceptedFrequencies",
+      [](Nothing &) { GetAcceptedFrequencies(Engine::QUORLA_TCF); },
+      [](Nothing &) {
+        EXPECT_EQ(GetAcceptedFrequencies(Engine::QUORLA_TCF).size(), 17U);
+      });
+}
+
+TEST(EngineAllocation, OfFieldsByTheirNames) {
+  const std::size_t host = FindField("modelSimHost");
+  const std::size_t port = FindField("cable.port");
+  const std::size_t part = FindField("chain[].partname");
+  const std::string other = longText(longText("another"));
+  const auto shown = [](EngineScene &scene, const FieldValue &value) {
+    scene.text = std::get<std::string>(value);
+  };
+  expectAllOrNothing({
+      {"GetSettingFields",
+       [](EngineScene &scene) {
+         scene.number = static_cast<int>(GetSettingFields().size());
+       }},
+      {"FindField",
+       [](EngineScene &scene) {
+         scene.number = static_cast<int>(FindField("chain[].hardppc"));
+       }},
+      {"GetFieldName",
+       [part](EngineScene &scene) {
+         std::string name = GetFieldName(part, 1234567);
+         scene.text.swap(name);
+       }},
+      {"GetField",
+       [=](EngineScene &scene) { shown(scene, GetField(scene.state, host)); }},
+      {"GetField",
+       [=](EngineScene &scene) {
+         shown(scene, GetField(*scene.state.currentProcessor, host));
+       }},
+      {"GetField",
+       [=](EngineScene &scene) { shown(scene, GetField(scene.cable, port)); }},
+      {"GetField",
+       [=](EngineScene &scene) {
+         shown(scene, GetField(*scene.devices[0], part));
+       }},
+      {"SetField",
+       [=](EngineScene &scene) { SetField(scene.state, host, other); }},
+      {"SetField",
+       [=](EngineScene &scene) {
+         SetField(*scene.state.currentProcessor, host, other);
+       }},
+      {"SetField",
+       [=](EngineScene &scene) { SetField(scene.cable, port, other); }},
+      {"SetField",
+       [=](EngineScene &scene) { SetField(*scene.devices[0], part, other); }},
+  });
 }
 
 TEST(EngineAllocation, OfTheChain) {
@@ -461,6 +524,10 @@ TEST(EngineAllocation, OfTheDesign) {
       {"Engine::SetProcessor", call([](Engine &engine, EngineScene &scene) {
          scene.number = engine.SetProcessor(longText("unknown"), scene.info);
        })},
+      {"Engine::SetProcessorFrom", call([](Engine &engine, EngineScene &scene) {
+         scene.number = engine.SetProcessorFrom(longText("unknown"), scene.info,
+                                                longText("file"));
+       })},
   });
 }
 
@@ -487,6 +554,11 @@ TEST(EngineAllocation, OfCommandsAndFiles) {
   const Step command = call([](Engine &engine, EngineScene &scene) {
     scene.number = engine.GenerateCmdString(scene.text);
   });
+  const Step traced = [](EngineScene &scene) {
+    CommandWriting writing;
+    scene.number = TraceKvoWriting(scene.state, scene.text, writing);
+  };
+  const std::string path = "etc/" + longText("by its path");
   expectAllOrNothing({
       {"Engine::GenerateCmdString", command},
       {"Engine::GenerateCmdString", command, stub},
@@ -499,9 +571,23 @@ TEST(EngineAllocation, OfCommandsAndFiles) {
        [](EngineScene &scene) { Parser::WriteKvoOptFile(scene.state); },
        [](EngineScene &) {},
        {"connectCommand"}},
+      {"KvoOption_Parser::WriteKvoOptFileTo",
+       [path](EngineScene &scene) {
+         Parser::WriteKvoOptFileTo(path, scene.state);
+       },
+       [](EngineScene &) {},
+       {"connectCommand"}},
       {"KvoOption_Parser::WriteKvoCmdString",
        [](EngineScene &scene) {
          Parser::WriteKvoCmdString(scene.state, scene.text);
+       }},
+      {"TraceKvoWriting", traced},
+      {"TraceKvoWriting", traced, stub},
+      {"TraceKvoWriting", traced, refused},
+      {"KvoOption_Parser::ReadKvoOptFileFrom",
+       [](EngineScene &scene) {
+         scene.number =
+             Parser::ReadKvoOptFileFrom(longText("none"), scene.state);
        }},
       {"KvoOption_Parser::ReadKvoOptFile",
        [](EngineScene &scene) {
@@ -831,6 +917,18 @@ TEST(EngineAllocation, OfOptionFiles) {
                    },
                    saved, [](EngineScene &scene) { scene.releaseChain(); },
                    place});
+  const std::string path = "etc/kvo_" + ppc405 + ".opt";
+  expectOldOrRead({"KvoOption_Parser::ReadKvoOptFileFrom",
+                   [path](std::string & /*text*/, EngineScene &scene) {
+                     return Parser::ReadKvoOptFileFrom(path, scene.state);
+                   },
+                   saved, [](EngineScene &) {}, place});
+  expectOldOrRead(
+      {"Engine::SetProcessorFrom",
+       [path](std::string & /*text*/, EngineScene &scene) {
+         return scene.engine.SetProcessorFrom(ppc405, scene.info, path);
+       },
+       saved, [](EngineScene &scene) { scene.releaseChain(); }, place});
 }
 
 /// The record that it makes is gone, and with it what it was filled with; when

@@ -4,39 +4,17 @@
 #include <array>
 #include <cstdio>
 #include <stdexcept>
-#include <tuple>
 
 #include "ZelDebugDialog/KvoOption_Parser.h"
+#include "support/Fields.h"
 #include "support/StateText.h"
 
 namespace support {
 namespace {
 
-using ZelDebugDialog::CableOption;
 using ZelDebugDialog::JtagOption;
 using ZelDebugDialog::KvoOption_Parser;
 using ZelDebugDialog::ProcessorInfoImp;
-
-auto tied(const ProcessorInfoImp &r) {
-  return std::tie(
-      r.instanceName, r.procFamily, r.procType, r.connectionMask, r.cpuNr,
-      r.connectionType, r.simMemSize, r.ppcSimConfigFile, r.simIpcHost,
-      r.simIpcPort, r.vpConfigMode, r.cycleApproximate, r.stubType,
-      r.stubSerialPort, r.stubBaudRate, r.stubTimeout, r.debugDevice,
-      r.debugAddressMap, r.isocmStartAdr, r.isocmSize, r.isocmDcrStartAdr,
-      r.icacheStartAdr, r.dcacheStartAdr, r.itagStartAdr, r.dtagStartAdr,
-      r.tlbStartAdr, r.dcrStartAdr, r.fpuType, r.cpu_version, r.hdu_version,
-      r.nCpu, r.romemStartAdr, r.romemSize, r.svfFileFlag, r.modelSimMode,
-      r.modelSimHost, r.modelSimPort, r.uartOverHdu, r.bscanUserReg);
-}
-auto tied(const CableOption &c) {
-  return std::tie(c.cableType, c.frequency, c.port, c.esn, c.svfFile,
-                  c.moduleName, c.moduleArgs, c.url);
-}
-auto tied(const JtagOption &d) {
-  return std::tie(d.partname, d.idcode, d.irlength, d.devicenr, d.isfpga,
-                  d.hardppc, d.nppc);
-}
 
 /// `text` without its ISOCM piece.
 std::string withoutIsocm(const std::string &text,
@@ -144,13 +122,13 @@ private:
 } // namespace
 
 bool isSame(const Configuration &left, const Configuration &right) {
-  return tied(left.record) == tied(right.record) &&
-         tied(left.cable) == tied(right.cable) &&
+  return haveSameFields(left.record, right.record) &&
+         haveSameFields(left.cable, right.cable) &&
          left.cpuJtag == right.cpuJtag &&
          std::equal(left.chain.begin(), left.chain.end(), right.chain.begin(),
                     right.chain.end(),
                     [](const JtagOption &one, const JtagOption &other) {
-                      return tied(one) == tied(other);
+                      return haveSameFields(one, other);
                     });
 }
 
@@ -189,13 +167,13 @@ void RoundTripDesk::prepare(const RoundTripCase &roundTrip) {
 }
 
 bool RoundTripDesk::holds(const Configuration &configuration) const {
-  return tied(record) == tied(configuration.record) &&
-         tied(*imp.cableOption) == tied(configuration.cable) &&
+  return haveSameFields(record, configuration.record) &&
+         haveSameFields(*imp.cableOption, configuration.cable) &&
          imp.cpuJtag == configuration.cpuJtag &&
          std::equal(imp.jtagChain.begin(), imp.jtagChain.end(),
                     configuration.chain.begin(), configuration.chain.end(),
                     [](const JtagOption *left, const JtagOption &right) {
-                      return tied(*left) == tied(right);
+                      return haveSameFields(*left, right);
                     });
 }
 

@@ -1,3 +1,4 @@
+#include "support/Cables.h"
 #include "support/RoundTrip.h"
 
 #include <algorithm>
@@ -54,7 +55,8 @@ class Predictor {
 public:
   Predictor(const RoundTripCase &roundTrip, Losses &met)
       : given(roundTrip), x(roundTrip.written.record),
-        cable(roundTrip.written.cable), losses(met) {}
+        cable(roundTrip.written.cable), cableRow(cableOf(cable.cableType)),
+        losses(met) {}
 
   Prediction run() {
     if (!hasCommand())
@@ -87,12 +89,8 @@ private:
   bool isHardware() const { return x.connectionType == 2; }
   bool isWired() const { return isHardware() || isJtagStub(); }
   bool isPpcHardware() const { return x.procFamily == 1 && isHardware(); }
-  bool isQuorla() const {
-    return cable.cableType == Engine::QUORLA_PARALLEL4 ||
-           cable.cableType == Engine::QUORLA_PODUSB ||
-           cable.cableType == Engine::QUORLA_PARALLEL3;
-  }
-  bool isPlugin() const { return cable.cableType == Engine::QUORLA_PLUGIN; }
+  bool isQuorla() const { return cableRow.form == CableForm::line; }
+  bool isPlugin() const { return cableRow.form == CableForm::module; }
   bool writesIsocm() const {
     return isWired() && x.procType == 1 && x.isocmStartAdr != kUnset;
   }
@@ -117,8 +115,8 @@ private:
                      : std::vector<std::uint32_t>{1, 2};
     if (std::count(known.begin(), known.end(), x.connectionType) == 0)
       return false;
-    return !isWired() || cable.cableType == Engine::CABLE_NONE || isQuorla() ||
-           isPlugin() || cable.cableType == Engine::DIGILENT_PLUGIN;
+    return !isWired() || cable.cableType == Engine::CABLE_NONE ||
+           cableRow.form != CableForm::none;
   }
 
   Prediction stopped(Prediction::Kind kind, Loss cause) {
@@ -198,7 +196,7 @@ private:
         return early;
     }
     if (endsWithCable() && isQuorla() && cable.esn.empty() &&
-        !acceptsFrequency())
+        !isAccepted(cableRow, cable.frequency))
       return refused(Loss::Frequency);
     if (given.written.cpuJtag == 1)
       return refused(Loss::CpuJtagMarker);
@@ -210,15 +208,6 @@ private:
         if (region != kUnset && (region & 0xFFFFU) != 0)
           return refused(Loss::MisalignedRegion);
     return std::nullopt;
-  }
-
-  bool acceptsFrequency() const {
-    std::vector<std::uint32_t> accepted = {200000};
-    if (cable.cableType == Engine::QUORLA_PARALLEL4)
-      accepted = {200000, 625000, 2500000, 5000000};
-    if (cable.cableType == Engine::QUORLA_PODUSB)
-      accepted = {750000, 1500000, 3000000, 6000000, 12000000, 24000000};
-    return std::count(accepted.begin(), accepted.end(), cable.frequency) != 0;
   }
 
   /// One field comes back as `value`; if that is another one, `loss` is why.
@@ -314,15 +303,9 @@ private:
 
   void readSerialNumber() {
     CableOption &y = prediction.result.cable;
-    const bool isUsb = cable.cableType == Engine::QUORLA_PODUSB;
-    becomes(y.port, isUsb ? "USB21" : "LPT1", Loss::SerialNumber);
-    std::uint32_t frequency = 0;
-    if (endsWithCable() && isUsb)
-      frequency = 6000000;
-    else if (endsWithCable())
-      frequency =
-          cable.cableType == Engine::QUORLA_PARALLEL4 ? 5000000 : 200000;
-    becomes(y.frequency, frequency, Loss::SerialNumber);
+    becomes(y.port, cableRow.port, Loss::SerialNumber);
+    becomes(y.frequency, endsWithCable() ? cableRow.frequency : 0,
+            Loss::SerialNumber);
   }
 
   void readChain() {
@@ -398,6 +381,7 @@ private:
   const RoundTripCase &given;
   const ProcessorInfoImp &x;
   const CableOption &cable;
+  const Cable &cableRow;
   Losses &losses;
   Prediction prediction;
   std::vector<const void *> changed;

@@ -9,6 +9,7 @@
 #include "ZelDebugDialog/CommandTables.h"
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
+#include "support/Cables.h"
 
 namespace ZelDebugDialog::test {
 
@@ -179,7 +180,7 @@ TEST(CommandTables, OptionsWithNamedValuesRefuseOthers) {
 
 TEST(CommandTables, CablesAgreeWithTheCatalogueAndTheReader) {
   const CommandTables tables = GetCommandTables();
-  ASSERT_EQ(tables.cables.size(), 7U);
+  ASSERT_EQ(tables.cables.size(), support::cables().size());
   for (const CommandCable &cable : tables.cables) {
     SCOPED_TRACE(cable.type);
     EXPECT_EQ(cable.defaultFrequency, setcable_default_frequency(cable.type));
@@ -203,29 +204,16 @@ TEST(CommandTables, CablesAgreeWithTheCatalogueAndTheReader) {
 }
 
 TEST(CommandTables, SayWhichCablesAreReadAndWritten) {
-  struct Row {
-    Engine::CableType type;
-    std::vector<std::string> keywords;
-    const char *written;
-  };
-  const std::vector<Row> rows{
-      {Engine::QUORLA_SVFFILE, {}, ""},
-      {Engine::QUORLA_PARALLEL4,
-       {"quorla_parallel", "quorla_parallel4"},
-       "quorla_parallel"},
-      {Engine::QUORLA_PODUSB, {"quorla_podusb"}, "quorla_podusb"},
-      {Engine::QUORLA_PARALLEL3, {"quorla_parallel3"}, "quorla_parallel3"},
-      {Engine::QUORLA_PLUGIN, {"quorla_plugin"}, "quorla_plugin"},
-      {Engine::DIGILENT_PLUGIN, {"digilent_plugin"}, "digilent_plugin"},
-      {Engine::QUORLA_TCF, {"quorla_tcf"}, ""},
-  };
   const CommandTables tables = GetCommandTables();
-  ASSERT_EQ(tables.cables.size(), rows.size());
-  for (std::size_t i = 0; i < rows.size(); ++i) {
+  ASSERT_EQ(tables.cables.size(), support::cables().size());
+  for (std::size_t i = 0; i < tables.cables.size(); ++i) {
     SCOPED_TRACE(i);
-    EXPECT_EQ(tables.cables[i].type, rows[i].type);
-    EXPECT_EQ(tables.cables[i].keywords, rows[i].keywords);
-    EXPECT_EQ(tables.cables[i].written, rows[i].written);
+    const support::Cable &known = support::cables()[i];
+    EXPECT_EQ(tables.cables[i].type, known.number);
+    EXPECT_EQ(tables.cables[i].keywords, known.words);
+    EXPECT_EQ(tables.cables[i].written, known.written);
+    EXPECT_EQ(tables.cables[i].acceptedFrequencies, known.accepted);
+    EXPECT_EQ(tables.cables[i].offeredFrequencies, known.offered);
   }
 }
 
@@ -254,10 +242,6 @@ TEST(CommandTables, TellTheSettingsAndTheConversionOfEveryValueInOrder) {
     std::vector<std::string> words;
   };
   const CommandTables tables = GetCommandTables();
-  std::vector<std::string> cableWords;
-  for (const CommandCable &cable : tables.cables)
-    cableWords.insert(cableWords.end(), cable.keywords.begin(),
-                      cable.keywords.end());
   const std::vector<std::string> registers{"USER1", "USER2", "USER3", "USER4"};
   const std::vector<Row> rows{
       {"-debugdevice", "devicenr", Conversion::lowByte, {"debugDevice"}, {}},
@@ -320,7 +304,7 @@ TEST(CommandTables, TellTheSettingsAndTheConversionOfEveryValueInOrder) {
        "type",
        Conversion::namedValue,
        {"cable.cableType", "cable.port"},
-       cableWords},
+       support::cableWords()},
       {"-cable", "port", Conversion::text, {"cable.port"}, {}},
       {"-cable", "esn", Conversion::text, {"cable.esn"}, {}},
       {"-cable", "url", Conversion::text, {"cable.url"}, {}},

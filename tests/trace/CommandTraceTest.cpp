@@ -9,6 +9,7 @@
 #include "ZelDebugDialog/CommandTrace.h"
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
+#include "support/Cables.h"
 #include "support/StateText.h"
 #include "trace/Corpus.h"
 
@@ -208,12 +209,10 @@ TEST(CommandTrace, HasAFaultForEachRefusedCommandAndSaysWhichWord) {
        "speed",
        "UNKNOWN Parameter 'speed' for  option '-pfsl'",
        {"port", "type"}},
-      {"connect lc hdu -cable type quorla_svffile",
-       Kind::refusedValue,
+      {"connect lc hdu -cable type quorla_svffile", Kind::refusedValue,
        "quorla_svffile",
        "Cable Type quorla_svffile is not supported in this release\n",
-       {"quorla_parallel", "quorla_parallel4", "quorla_podusb",
-        "quorla_parallel3", "quorla_plugin", "digilent_plugin", "quorla_tcf"}},
+       support::cableWords()},
       {"connect lc hdu -cable kind 1", Kind::unknownParameter, "kind",
        "UNKNOWN Parameter 'kind' for  option '-cable'", cableParameters},
       {"connect lc hdu -cable port", Kind::missingValue, "<end>", "", {}},
@@ -410,6 +409,13 @@ TEST(CommandTrace, GoesOnAtTheNextOptionOfTheSetWithTheFault) {
       {"connect lc hdu -sim -foo -configdevice x 1 -ipcport a", {"-foo", "x"}},
       {"connect foo hdu -foo", {"foo"}},
       {"connect lc foo -foo", {"foo"}},
+      // The option word in a value's place begins the next clause.
+      {"connect lc hdu -cable port -cable esn -debugdevice devicenr 1",
+       {"-cable", "-debugdevice"}},
+      {"connect lc hdu -debugdevice devicenr -foo -cable type",
+       {"-foo", "-foo", "<end>"}},
+      {"connect hdu -debugdevice devicenr -uart -foo", {"-uart", "-foo"}},
+      {"vpconnect lc -config -config -ipcport h:1", {"-config", "-ipcport"}},
       {"connect lc hdu -quiet", {}},
   };
   for (const Row &row : rows) {
@@ -432,6 +438,23 @@ TEST(CommandTrace, ReadsLaterOptionsAfterAFault) {
   TraceKvoCommand("connect lc hdu -foo -debugdevice devicenr 7", dialog.imp,
                   trace, AfterFault::goOn);
   EXPECT_EQ(dialog.record.debugDevice, 7);
+}
+
+TEST(CommandTrace, ReadsTheClauseOfAnOptionThatStandsInAValuesPlace) {
+  Dialog dialog;
+  CommandTrace trace;
+  const std::string command =
+      "connect lc hdu -cable port -debugdevice devicenr 7";
+  TraceKvoCommand(command, dialog.imp, trace, AfterFault::goOn);
+  EXPECT_EQ(dialog.record.debugDevice, 7);
+  ASSERT_EQ(trace.faults.size(), 1U);
+  EXPECT_EQ(trace.faults[0].kind, CommandFaultKind::missingValue);
+  const CommandWord &word = trace.words[trace.faults[0].word];
+  EXPECT_EQ(command.substr(word.offset, word.length), "-debugdevice");
+  EXPECT_EQ(word.role, WordRole::option);
+  // Reading stops there.
+  TraceKvoCommand(command, dialog.imp, trace, AfterFault::stop);
+  EXPECT_EQ(trace.words[trace.faults[0].word].role, WordRole::lost);
 }
 
 class EmptyDesign : public HHSMHwManager {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "ToolTest.h"
+#include "support/Cables.h"
 
 namespace tool {
 namespace {
@@ -13,10 +14,7 @@ using testing::HasSubstr;
 
 using CheckCommandTest = ToolTest;
 
-constexpr const char *cableTypes =
-    "'quorla_parallel', 'quorla_parallel4', 'quorla_podusb', "
-    "'quorla_parallel3', "
-    "'quorla_plugin', 'digilent_plugin', 'quorla_tcf'";
+const std::string cableTypes = support::quotedCableWords();
 constexpr const char *heads =
     "'connect', 'kconnect', 'vpconnect', 'kvpconnect'";
 constexpr const char *podFrequencies =

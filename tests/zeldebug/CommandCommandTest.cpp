@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "ToolTest.h"
+#include "support/Cables.h"
 
 namespace tool {
 namespace {
@@ -387,10 +388,9 @@ TEST_F(CommandCommandTest, NamesWhatIsAccepted) {
   } rows[] = {
       {{"--cable", "quorla_usb"},
        2,
-       "--cable: 'quorla_usb' is unknown; accepted are 'quorla_parallel', "
-       "'quorla_parallel4', 'quorla_podusb', 'quorla_parallel3', "
-       "'quorla_plugin', 'digilent_plugin', 'quorla_tcf', 'none'; did you mean "
-       "'quorla_podusb'?"},
+       "--cable: 'quorla_usb' is unknown; accepted are " +
+           support::quotedCableWords() +
+           ", 'none'; did you mean 'quorla_podusb'?"},
       {{"--connection", "serial"},
        2,
        "--connection: 'serial' is unknown; accepted are 'sim', 'hw', "

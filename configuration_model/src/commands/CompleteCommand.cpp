@@ -29,9 +29,9 @@ std::string labelsOf(const std::vector<std::string> &settings,
 }
 
 std::string labelOf(const LanguageConnection &connection) {
-  for (const model::ConnectionKind &kind : model::connectionKinds())
-    if (kind.type == connection.type)
-      return kind.label;
+  for (const ConnectionKind &kind : connectionKinds)
+    if (kind.connectionType == connection.type)
+      return model::labelOf(kind);
   return "connection";
 }
 

@@ -4,8 +4,8 @@
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/CodeRows.h"
-#include "commands/OptionLine.h"
 #include "commands/WhyRefused.h"
 #include "commands/WordsInFiles.h"
 #include "text/NearestMatch.h"
@@ -69,16 +69,16 @@ void diagnoseLine(const TracedCommand &command,
         nearestMatch(command.wordText(word->word), word->accepted);
   }
   const std::size_t length = command.text().size();
-  if (length <= optionLineLimit)
+  if (length <= longestOptionLine)
     return;
   const Code &row = expectCode("long-line");
   CommandDiagnostic diagnostic;
-  diagnostic.offset = optionLineLimit;
-  diagnostic.length = length - optionLineLimit;
+  diagnostic.offset = longestOptionLine;
+  diagnostic.length = length - longestOptionLine;
   diagnostic.severity = row.severity;
   diagnostic.code = row.code;
   diagnostic.message = fmt::format("{}: {} characters, of which {} are read",
-                                   row.summary, length, optionLineLimit);
+                                   row.summary, length, longestOptionLine);
   found.push_back(diagnostic);
 }
 

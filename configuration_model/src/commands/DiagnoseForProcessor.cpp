@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/ConfigurationModel/Language.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/Keywords.h"
 #include "text/NearestMatch.h"
 
@@ -13,10 +14,6 @@ namespace ZelDebugDialog::model {
 
 namespace {
 
-constexpr std::uint32_t familyArm = 2;
-// What the readers give a debug module, the kmtc target, or an ARM port or
-// channel in place of a mask.
-constexpr std::uint32_t moduleMasks = 0x10 | 0x20 | 0x100 | 0x200;
 constexpr std::size_t headWord = 0;
 constexpr std::size_t targetWord = 1;
 constexpr std::size_t connectionWord = 2;
@@ -49,7 +46,7 @@ public:
   }
   /// The readers give a debug module a mask of its own.
   bool isModule() const {
-    return (command.snapshot().record.connectionMask & moduleMasks) != 0;
+    return IsModuleMask(command.snapshot().record.connectionMask);
   }
   bool isWhole() const { return target != nullptr; }
 
@@ -80,7 +77,7 @@ bool isNumberOf(const BoardProcessor &processor, const std::string &text) {
 void diagnoseValue(const BoardProcessor &processor,
                    const TracedCommand &command, std::size_t word,
                    std::vector<CommandDiagnostic> &found) {
-  for (const NamedValue &change : command.changesOf(word)) {
+  for (const FieldDifference &change : command.changesOf(word)) {
     if (change.name == "cpuNr" &&
         !isNumberOf(processor, command.wordText(word))) {
       found.push_back(diagnosticOf(
@@ -88,7 +85,7 @@ void diagnoseValue(const BoardProcessor &processor,
           fmt::format("this one has number {}", processor.number)));
       found.back().accepted = {fmt::format("{}", processor.number)};
     }
-    if (change.name == "procType" && change.value != Value(processor.procType))
+    if (change.name == "procType" && change.after != Value(processor.procType))
       found.push_back(diagnosticOf(command, word, "kind-differs", ""));
   }
 }

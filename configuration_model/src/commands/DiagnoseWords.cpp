@@ -83,16 +83,16 @@ void Examiner::examineNumber(std::size_t word, std::size_t start, int base) {
 
 void Examiner::examineFit(std::size_t word, std::size_t start, long long number,
                           bool isHuge) {
-  for (const NamedValue &setting : command.changesOf(word)) {
-    if (!setting.value.IsNumber())
+  for (const FieldDifference &setting : command.changesOf(word)) {
+    if (!setting.after.IsNumber())
       continue;
-    if (!isHuge && setting.value == Value(number))
+    if (!isHuge && setting.after == Value(number))
       continue;
     const SettingInfo *const info = FindSetting(setting.name);
     add(word, "value-cut",
         fmt::format("{} becomes {}", setting.name,
                     info == nullptr ? std::string()
-                                    : ShowStored(*info, setting.value)),
+                                    : ShowStored(*info, setting.after)),
         start);
     return;
   }

@@ -1,8 +1,8 @@
 // What can be wrong with a command, or surely not be meant: a row each.
 #include <string>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/CodeRows.h"
-#include "commands/OptionLine.h"
 
 namespace ZelDebugDialog::model {
 
@@ -174,7 +174,7 @@ std::vector<Code> makeDiagnosticCodes() {
        "the line is longer than what is read of it",
        "Of a line of an option file only 1,023 characters are read.",
        "connect lc hdu -cable type quorla_podusb port " +
-           std::string(optionLineLimit, '1'),
+           std::string(longestOptionLine, '1'),
        inOptionFile,
        "Make the command shorter: leave out what is at its default."},
   };

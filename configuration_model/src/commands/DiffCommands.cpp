@@ -54,9 +54,7 @@ Side readSide(const std::string &text, std::string &refusals) {
   const model::Reading reading = desk.readCommand(text);
   side.snapshot = desk.snapshot();
   desk.traceCommand(text, AfterFault::stop, side.trace);
-  if (reading.accepted())
-    model::keepChanges(text, side.trace);
-  else
+  if (!reading.accepted())
     refusals += fmt::format(
         "{}'{}' is refused: {}", refusals.empty() ? "" : "\n",
         model::printable(text), model::whyRefused(desk, reading, text));

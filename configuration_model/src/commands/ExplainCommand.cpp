@@ -1,35 +1,8 @@
-#include <map>
-
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
 #include "commands/TracedCommand.h"
 #include "commands/WhyRefused.h"
 
 namespace ZelDebugDialog {
-
-namespace {
-
-/// What each setting is while one word after the other is read.
-class RunningValues {
-public:
-  RunningValues() : start(model::Desk().snapshot()) {}
-
-  WordChange change(const model::NamedValue &next) {
-    const auto found = values.find(next.name);
-    WordChange change{next.name,
-                      found == values.end()
-                          ? model::fieldNamed(start, next.name)
-                          : found->second,
-                      next.value};
-    values[next.name] = next.value;
-    return change;
-  }
-
-private:
-  model::Snapshot start;
-  std::map<std::string, Value> values;
-};
-
-} // namespace
 
 ExplainedCommand ExplainCommand(const std::string &text) {
   const model::TracedCommand traced(text, AfterFault::stop);
@@ -43,7 +16,6 @@ ExplainedCommand ExplainCommand(const std::string &text) {
     model::Desk desk;
     explained.refusal = model::whyRefused(desk, reading, text);
   }
-  RunningValues values;
   const std::vector<CommandWord> &words = traced.trace().words;
   for (std::size_t i = 0; i < words.size(); ++i) {
     ExplainedWord word{words[i].offset,
@@ -52,8 +24,8 @@ ExplainedCommand ExplainCommand(const std::string &text) {
                        model::shownRole(words[i].role),
                        {},
                        traced.isAtFault(i)};
-    for (const model::NamedValue &next : traced.changesOf(i))
-      word.changes.push_back(values.change(next));
+    for (const model::FieldDifference &change : traced.changesOf(i))
+      word.changes.push_back({change.name, change.before, change.after});
     explained.words.push_back(std::move(word));
   }
   return explained;

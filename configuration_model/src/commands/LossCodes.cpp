@@ -2,8 +2,8 @@
 // of docs/round-trip.md, whose anchors these codes are.
 #include <string>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/CodeRows.h"
-#include "commands/OptionLine.h"
 
 namespace ZelDebugDialog::model {
 
@@ -200,7 +200,7 @@ std::vector<Code> makeLossCodes() {
        "An option file is written whole, but only the first 1,023 characters "
        "of its line are read.",
        "connect lc hdu -cable type quorla_podusb port " +
-           std::string(optionLineLimit, '1'),
+           std::string(longestOptionLine, '1'),
        inOptionFile,
        "Keep names short and chains small, or leave out what is at its "
        "default."},

@@ -4,13 +4,14 @@
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/EngineFacts.h"
+
 namespace ZelDebugDialog::model {
 
 namespace {
 
 constexpr const char *byDefault = "default";
 constexpr const char *byDesign = "design";
-constexpr std::uint32_t powerPc = 1;
 
 class Origins {
 public:
@@ -47,7 +48,7 @@ std::string originOfIdentity(const SettingRow &row,
   if (row.info.id == "instanceName" || row.info.id == "cpuNr")
     return byDesign;
   if (row.info.id == "fpuType")
-    return selected.procFamily == powerPc ? byDesign : byDefault;
+    return selected.procFamily == familyPowerPc ? byDesign : byDefault;
   return byCommand.empty() ? byDesign : byCommand;
 }
 

@@ -20,7 +20,7 @@ std::string originOfIdentity(const SettingRow &row,
                              const std::string &byCommand);
 
 /// Fills in the settings of a command.
-/// @param trace   of its words, without those that left settings as they were
+/// @param trace   of its words
 /// @param design  whether it was read for a processor of a design
 void appendSettings(CommandSettings &read, const Snapshot &snapshot,
                     const CommandTrace &trace, bool design);

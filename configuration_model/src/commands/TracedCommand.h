@@ -28,26 +28,17 @@ public:
   bool isAtFault(std::size_t word) const { return atFault.count(word) != 0; }
   /// Whether no later word gives the setting another value.
   bool isLastFor(const std::string &field, std::size_t word) const;
-  /// The settings that a word changes, with the values that it gives them;
-  /// nothing for one that was dropped with its clause.
-  std::vector<NamedValue> changesOf(std::size_t word) const;
+  /// The settings that a word decides, with the values that it finds and gives.
+  std::vector<FieldDifference> changesOf(std::size_t word) const;
 
 private:
-  void replayOverwritten();
-
   std::string command;
   CommandTrace read;
   Reading plainReading;
   Snapshot final;
   std::set<std::size_t> atFault;
   std::map<std::string, std::size_t> lastWords; ///< setting → its last word
-  /// What words gave to settings that later words overwrite.
-  std::map<std::size_t, std::vector<NamedValue>> overwritten;
 };
-
-/// Takes from the words of a trace the settings that their values leave as they
-/// are.
-void keepChanges(const std::string &command, CommandTrace &trace);
 
 /// "head", "target", ...
 const char *shownRole(WordRole role);

@@ -9,7 +9,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "commands/OptionLine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "files/Place.h"
 
 namespace ZelDebugDialog::model {
@@ -51,7 +51,7 @@ void readBytes(int descriptor, OptionFile &file) {
 
 } // namespace
 
-bool OptionFile::isCut() const { return text.size() > optionLineLimit; }
+bool OptionFile::isCut() const { return text.size() > longestOptionLine; }
 
 bool OptionFile::isText() const { return text.find('\0') == std::string::npos; }
 

@@ -2,7 +2,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/CommandSettings.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
-#include "commands/OptionLine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/Origins.h"
 #include "commands/TracedCommand.h"
 #include "commands/WhyRefused.h"
@@ -45,7 +45,7 @@ CommandSettings ReadCommandFile(const std::string &path) {
   } else if (file.isCut()) {
     read.doubt = fmt::format("the command has {} characters, but only {} of a "
                              "line of an option file are read",
-                             file.text.size(), model::optionLineLimit);
+                             file.text.size(), longestOptionLine);
   }
   model::appendSettings(read, traced.snapshot(), traced.trace(), false);
   return read;

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "commands/OptionLine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "losses/Reasons.h"
 #include "settings/ConnectionKinds.h"
 #include "text/NearestMatch.h"
@@ -88,7 +88,7 @@ std::optional<NoWord> problemInFile(const Value &value) {
 
 /// What else is lost where a line ends too early.
 NoWord whyReadDifferently(const std::string &command) {
-  if (command.size() > optionLineLimit)
+  if (command.size() > longestOptionLine)
     return {"it stands behind what is read of the line", "long-file"};
   if (lineOfFile(command).size() < command.size())
     return {"it stands behind a line break or a null byte, and the line of an "
@@ -102,7 +102,7 @@ RawLoss cutLoss(const std::string &command) {
           command,
           {},
           fmt::format("it has {} characters, and only {} of a line are read",
-                      command.size(), optionLineLimit),
+                      command.size(), longestOptionLine),
           "long-file",
           "",
           true};
@@ -162,7 +162,7 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
                               const Snapshot *readBack,
                               const std::string &refusal) {
   std::vector<RawLoss> losses;
-  const bool isCut = command.size() > optionLineLimit;
+  const bool isCut = command.size() > longestOptionLine;
   if (isCut)
     losses.push_back(cutLoss(command));
   if (readBack == nullptr) {

@@ -97,11 +97,11 @@ Fields fieldsThatChange(const model::Snapshot &wanted,
 }
 
 /// The number that a word gives to a setting that no later word overwrites.
-const model::NamedValue *
+const model::FieldDifference *
 lastNumber(const model::TracedCommand &command, std::size_t word,
-           const std::vector<model::NamedValue> &changes) {
-  for (const model::NamedValue &change : changes)
-    if (change.value.IsNumber() && command.isLastFor(change.name, word))
+           const std::vector<model::FieldDifference> &changes) {
+  for (const model::FieldDifference &change : changes)
+    if (change.after.IsNumber() && command.isLastFor(change.name, word))
       return &change;
   return nullptr;
 }
@@ -118,12 +118,13 @@ Fields fieldsUnlikeTheirText(const std::string &text) {
       const std::size_t start = diagnostic.offset - words[i].offset;
       if (diagnostic.offset < words[i].offset || start > words[i].length)
         continue;
-      const std::vector<model::NamedValue> changes = command.changesOf(i);
-      const model::NamedValue *const number = lastNumber(command, i, changes);
+      const std::vector<model::FieldDifference> changes = command.changesOf(i);
+      const model::FieldDifference *const number =
+          lastNumber(command, i, changes);
       for (const UnlikeItsText &row : unlikeTheirText)
         if (number != nullptr && diagnostic.code == row.diagnostic)
           fields.push_back({number->name, command.wordText(i).substr(start),
-                            number->value, model::expectCode(row.code).summary,
+                            number->after, model::expectCode(row.code).summary,
                             row.code, ""});
     }
   return fields;

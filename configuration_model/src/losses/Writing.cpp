@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "commands/EngineLock.h"
-#include "commands/OptionLine.h"
 #include "commands/WhyRefused.h"
 
 namespace ZelDebugDialog::model {
@@ -81,7 +81,7 @@ std::string lineOfFile(const std::string &command) {
       std::min(command.find_first_not_of('\n'), command.size());
   std::string line = command.substr(
       start, std::min(command.find('\n', start), command.size()) - start);
-  line.resize(std::min({line.size(), line.find('\0'), optionLineLimit}));
+  line.resize(std::min({line.size(), line.find('\0'), longestOptionLine}));
   return line;
 }
 

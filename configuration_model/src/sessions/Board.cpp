@@ -8,6 +8,7 @@
 
 #include "HHSMHwManager.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/Desk.h"
 #include "commands/Discovery.h"
 #include "commands/EngineLock.h"
@@ -24,8 +25,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const char *shownFpu(std::uint32_t fpuType) {
-  return fpuType == 0 ? "-" : fpuType == 1 ? "sp" : "dp";
+std::string shownFpu(std::uint32_t fpuType) {
+  for (const auto &row : fpuTypes)
+    if (row.value == fpuType)
+      return std::string(row.keyword);
+  return "-";
 }
 
 BoardProcessor processorOf(const ProcessorInfoImp &record,
@@ -78,10 +82,13 @@ std::string whyNotDebuggable(const UndebuggableProcessor &processor) {
   for (const BoardModule &module : processor.modules)
     shown += fmt::format("{}{} of type '{}'", shown.empty() ? "" : ", ",
                          module.name, module.type);
-  return fmt::format("it is connected to {}, and only modules of type 'hdu' or "
-                     "'hdu_cedar' and "
-                     "controllers of type 'ppc_jtag_link' lead to a processor",
-                     shown);
+  std::string types;
+  for (auto type = debugModuleTypes.rbegin(); type != debugModuleTypes.rend();
+       ++type)
+    types += fmt::format("{}'{}'", types.empty() ? "" : " or ", *type);
+  return fmt::format("it is connected to {}, and only modules of type {} and "
+                     "controllers of type '{}' lead to a processor",
+                     shown, types, ppcControllerType);
 }
 
 void findUndebuggable(BoardState &state) {

@@ -1,6 +1,5 @@
 // What the file of a session gives by itself.
 #include "commands/Origins.h"
-#include "commands/TracedCommand.h"
 #include "losses/Writing.h"
 #include "sessions/SessionImp.h"
 
@@ -23,10 +22,8 @@ CommandSettings SessionImp::loadedSettings() {
                          loaded.problem.empty() && loaded.isCut();
   (isCutOnly ? read.doubt : read.refusal) = problem;
   CommandTrace trace;
-  if (hasCommand && reading.accepted()) {
+  if (hasCommand && reading.accepted())
     desk.traceCommand(command, AfterFault::stop, trace);
-    keepChanges(command, trace);
-  }
   appendSettings(read, snapshot, trace, true);
   return read;
 }

@@ -4,8 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "commands/OptionLine.h"
-#include "commands/TracedCommand.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/WhyRefused.h"
 #include "losses/Writing.h"
 #include "sessions/Changes.h"
@@ -92,7 +91,7 @@ void SessionImp::load() {
     if (loaded.isCut())
       return fmt::format("the command has {} characters, but only {} of a line "
                          "are read",
-                         loaded.text.size(), optionLineLimit);
+                         loaded.text.size(), longestOptionLine);
     return reading.accepted()
                ? ""
                : fmt::format("the command is refused: {}",
@@ -119,7 +118,6 @@ void SessionImp::noteOrigins(Step &step, const std::string &command,
   step.origins.clear();
   CommandTrace trace;
   desk.traceCommand(command, AfterFault::stop, trace);
-  keepChanges(command, trace);
   for (const CommandWord &word : trace.words)
     for (const std::string &field : word.fields) {
       const std::string place = fmt::format("{}:{}", origin, word.offset + 1);

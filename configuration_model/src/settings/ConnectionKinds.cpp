@@ -1,26 +1,38 @@
 #include "settings/ConnectionKinds.h"
 
+#include <array>
+
 #include "ZelDebugDialog/Engine.h"
 
 namespace ZelDebugDialog::model {
 
-const std::array<ConnectionKind, 5> &connectionKinds() {
-  // A kind that uses no stub resets the stub type: one that a serial stub left
-  // behind would shut off the cable.
-  static constexpr std::array<ConnectionKind, 5> kinds{{
-      {"sim", "Simulator", Engine::CONNECT_SIM, Engine::STUB_JTAG},
-      {"hw", "Hardware", Engine::CONNECT_HW, Engine::STUB_JTAG},
-      {"stub-serial", "Stub over a serial line", Engine::CONNECT_STUB,
-       Engine::STUB_SERIAL},
-      {"stub-jtag", "Stub over JTAG", Engine::CONNECT_STUB, Engine::STUB_JTAG},
-      {"vp", "Virtual platform", Engine::CONNECT_VP, Engine::STUB_JTAG},
-  }};
-  return kinds;
+namespace {
+
+struct Label {
+  std::string_view word;
+  const char *label;
+};
+
+constexpr std::array<Label, 5> labels{{
+    {"sim", "Simulator"},
+    {"hw", "Hardware"},
+    {"stub-serial", "Stub over a serial line"},
+    {"stub-jtag", "Stub over JTAG"},
+    {"vp", "Virtual platform"},
+}};
+
+} // namespace
+
+std::string labelOf(const ConnectionKind &kind) {
+  for (const Label &row : labels)
+    if (row.word == kind.name)
+      return row.label;
+  return std::string(kind.name);
 }
 
 const ConnectionKind *findConnectionKind(std::string_view word) {
-  for (const ConnectionKind &kind : connectionKinds())
-    if (word == kind.word)
+  for (const ConnectionKind &kind : connectionKinds)
+    if (word == kind.name)
       return &kind;
   return nullptr;
 }
@@ -28,8 +40,8 @@ const ConnectionKind *findConnectionKind(std::string_view word) {
 const ConnectionKind *kindOf(const ProcessorInfoImp &record) {
   const bool isStub = record.connectionType == Engine::CONNECT_STUB;
   const bool isSerial = record.stubType != Engine::STUB_JTAG;
-  for (const ConnectionKind &kind : connectionKinds())
-    if (record.connectionType == kind.type &&
+  for (const ConnectionKind &kind : connectionKinds)
+    if (record.connectionType == kind.connectionType &&
         (!isStub || isSerial == (kind.stubType != Engine::STUB_JTAG)))
       return &kind;
   return nullptr;
@@ -37,9 +49,9 @@ const ConnectionKind *kindOf(const ProcessorInfoImp &record) {
 
 std::vector<std::string> allowedKinds(std::uint32_t mask) {
   std::vector<std::string> words;
-  for (const ConnectionKind &kind : connectionKinds())
-    if ((mask & kind.type) != 0)
-      words.emplace_back(kind.word);
+  for (const ConnectionKind &kind : connectionKinds)
+    if ((mask & kind.connectionType) != 0)
+      words.emplace_back(kind.name);
   return words;
 }
 

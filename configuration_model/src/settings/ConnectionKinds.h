@@ -2,24 +2,18 @@
 // and a stub type.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/ProcessorInfo.h"
 
 namespace ZelDebugDialog::model {
 
-struct ConnectionKind {
-  const char *word;
-  const char *label;
-  std::uint32_t type;     ///< `ConnectionType`, and the bit of the mask
-  std::uint32_t stubType; ///< what the steps of a dialog leave behind
-};
-
-const std::array<ConnectionKind, 5> &connectionKinds();
+/// What people call a kind.
+std::string labelOf(const ConnectionKind &kind);
 
 /// Null for a word that is none.
 const ConnectionKind *findConnectionKind(std::string_view word);

@@ -7,6 +7,7 @@
 #include <utility>
 #include <variant>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "settings/Cables.h"
 #include "settings/ConnectionKinds.h"
 
@@ -90,9 +91,6 @@ struct Draft {
   }
 };
 
-constexpr std::int64_t unsetAddress = most32;
-constexpr std::int64_t regionStep = 0x10000;
-
 Draft identity(const char *id, const char *label, const char *help) {
   return Draft(id, "Processor", label, SettingKind::number, help).identity();
 }
@@ -112,8 +110,10 @@ Draft text(const char *id, const char *group, const char *label,
 
 Choices connectionChoices() {
   Choices choices;
-  for (const ConnectionKind &kind : connectionKinds())
-    choices.push_back({kind.word, kind.word, kind.label});
+  for (const ConnectionKind &kind : connectionKinds) {
+    const std::string word(kind.name);
+    choices.push_back({word, word, labelOf(kind)});
+  }
   return choices;
 }
 
@@ -145,10 +145,12 @@ Choices otherCableWords() {
 }
 
 Choices registerChoices() {
-  return {{2, "USER1", "USER1"},
-          {3, "USER2", "USER2"},
-          {0x22, "USER3", "USER3"},
-          {0x23, "USER4", "USER4"}};
+  Choices choices;
+  for (const auto &row : boundaryScanRegisters) {
+    const std::string word(row.keyword);
+    choices.push_back({row.value, word, word});
+  }
+  return choices;
 }
 
 Choices flagChoices() { return {{0, "no", "No"}, {1, "yes", "Yes"}}; }
@@ -157,12 +159,12 @@ Choices flagChoices() { return {{0, "no", "No"}, {1, "yes", "Yes"}}; }
 
 Value readConnection(const Snapshot &snapshot) {
   const ConnectionKind *const kind = kindOf(snapshot.record);
-  return kind == nullptr ? Value() : Value(kind->word);
+  return kind == nullptr ? Value() : Value(std::string(kind->name));
 }
 
 void storeConnection(Snapshot &snapshot, const Value &value) {
   const ConnectionKind *const kind = findConnectionKind(value.Text());
-  snapshot.record.connectionType = kind->type;
+  snapshot.record.connectionType = kind->connectionType;
   snapshot.record.stubType = kind->stubType;
 }
 
@@ -276,15 +278,6 @@ std::vector<Draft> drafts() {
 // --- Fields of the records
 // ----------------------------------------------------
 
-/// A flag of the records is one here as well.
-Value valueOf(const FieldValue &value, const FieldDescription &field) {
-  if (const auto *const text = std::get_if<std::string>(&value))
-    return *text;
-  const std::int64_t number = std::get<std::int64_t>(value);
-  const bool isFlag = field.maximum == 1;
-  return isFlag ? Value(number != 0) : Value(number);
-}
-
 FieldValue fieldValueOf(const Value &value) {
   if (value.IsText())
     return value.Text();
@@ -339,20 +332,28 @@ const SettingRow *findRow(std::string_view id) {
   return found == byName.end() ? nullptr : found->second;
 }
 
+Value valueOf(const FieldValue &value, const SettingRow &row) {
+  if (const auto *const text = std::get_if<std::string>(&value))
+    return *text;
+  const std::int64_t number = std::get<std::int64_t>(value);
+  // A flag of the records is one here as well.
+  const bool isFlag = GetSettingFields()[row.field].maximum == 1;
+  return isFlag ? Value(number != 0) : Value(number);
+}
+
 Value valueIn(const Snapshot &snapshot, const SettingRow &row,
               std::size_t device) {
   if (row.get != nullptr)
     return row.get(snapshot);
-  const FieldDescription &field = GetSettingFields()[row.field];
-  switch (field.owner) {
+  switch (GetSettingFields()[row.field].owner) {
   case FieldOwner::processor:
-    return valueOf(GetField(snapshot.record, row.field), field);
+    return valueOf(GetField(snapshot.record, row.field), row);
   case FieldOwner::cable:
-    return valueOf(GetField(snapshot.cable, row.field), field);
+    return valueOf(GetField(snapshot.cable, row.field), row);
   case FieldOwner::device:
     if (device >= snapshot.chain.size())
       return {};
-    return valueOf(GetField(snapshot.chain[device], row.field), field);
+    return valueOf(GetField(snapshot.chain[device], row.field), row);
   case FieldOwner::state:
     break;
   }

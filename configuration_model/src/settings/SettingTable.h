@@ -50,6 +50,9 @@ const std::vector<SettingRow> &settingRows();
 /// The row of a name, "chain[2].idcode" included; null if there is none.
 const SettingRow *findRow(std::string_view id);
 
+/// A value of the engine's as the setting has it.
+Value valueOf(const FieldValue &value, const SettingRow &row);
+
 /// @param device  of a device's field: which one
 Value valueIn(const Snapshot &snapshot, const SettingRow &row,
               std::size_t device = 0);

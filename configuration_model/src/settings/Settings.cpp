@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "settings/SettingTable.h"
 #include "settings/Values.h"
 #include "text/Printable.h"
@@ -11,8 +12,6 @@
 namespace ZelDebugDialog {
 
 namespace {
-
-constexpr std::int64_t unsetAddress = 0xFFFFFFFF;
 
 struct KindWord {
   SettingKind kind;
@@ -109,6 +108,18 @@ const SettingInfo *FindSetting(std::string_view id) {
   return row == nullptr ? nullptr : &row->info;
 }
 
+const AddressMapInfo &GetAddressMap() {
+  static const AddressMapInfo map = [] {
+    AddressMapInfo made;
+    made.base = "debugAddressMap";
+    made.step = regionStep;
+    for (const DebugRegion &region : regionsFromBase)
+      made.regions.emplace_back(region.field);
+    return made;
+  }();
+  return map;
+}
+
 Value ReadSetting(std::string_view id, const std::string &text) {
   const model::SettingRow &row = model::expectRow(id);
   return model::readValue(row.isOfDevice() ? row : model::expectSettable(id),
@@ -117,7 +128,7 @@ Value ReadSetting(std::string_view id, const std::string &text) {
 
 std::string ShowValue(const SettingInfo &setting, const Value &value) {
   if (value.IsText())
-    return value.Text();
+    return model::wellFormed(value.Text());
   if (value.IsFlag())
     return value.Flag() ? "yes" : "no";
   if (value.IsNumber())

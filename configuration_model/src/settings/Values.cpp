@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "settings/Cables.h"
 #include "settings/ConnectionKinds.h"
 #include "text/NearestMatch.h"
@@ -16,8 +17,6 @@
 namespace ZelDebugDialog::model {
 
 namespace {
-
-constexpr std::int64_t unsetAddress = 0xFFFFFFFF;
 
 struct FlagWord {
   const char *word;
@@ -361,7 +360,7 @@ std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
     return "";
   const ConnectionKind *const kind = findConnectionKind(choice.value.Text());
   const std::uint32_t mask = processor.connectionMask;
-  if (kind == nullptr || (kind->type & mask) != 0)
+  if (kind == nullptr || (kind->connectionType & mask) != 0)
     return "";
   const std::vector<std::string> allowed = allowedKinds(mask);
   return fmt::format("{} does not allow it; it allows {}",
@@ -392,7 +391,8 @@ std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
       add(number);
     break;
   case SettingKind::address:
-    for (const std::int64_t address : {std::int64_t{0}, row.step, unsetAddress})
+    for (const std::int64_t address :
+         {std::int64_t{0}, row.step, std::int64_t{unsetAddress}})
       add(address);
     break;
   case SettingKind::word:

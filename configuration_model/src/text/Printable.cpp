@@ -1,5 +1,6 @@
 #include "text/Printable.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -39,16 +40,24 @@ bool lies(char c, unsigned char least, unsigned char most) {
   return byte >= least && byte <= most;
 }
 
-bool isSequence(std::string_view text, const Sequence &row) {
-  if (text.size() < row.length || !lies(text[0], row.firstLeast, row.firstMost))
-    return false;
-  if (!lies(text[1], row.secondLeast, row.secondMost))
-    return false;
-  for (std::size_t i = 2; i < row.length; ++i)
-    if (!lies(text[i], 0x80, 0xBF))
-      return false;
-  return true;
+/// How many bytes at the front of `text` are a row's.
+std::size_t matchingBytes(std::string_view text, const Sequence &row) {
+  if (!lies(text[0], row.firstLeast, row.firstMost))
+    return 0;
+  std::size_t count = 1;
+  while (count < row.length && count < text.size() &&
+         lies(text[count], count == 1 ? row.secondLeast : 0x80,
+              count == 1 ? row.secondMost : 0xBF))
+    ++count;
+  return count;
 }
+
+bool isSequence(std::string_view text, const Sequence &row) {
+  return matchingBytes(text, row) == row.length;
+}
+
+/// A control character of C1, which is UTF-8 and not to be shown.
+constexpr Sequence controls{0xC2, 0xC2, 0x80, 0x9F, 2};
 
 /// Bytes of the character at the front of `text`; 0 if there is none to show.
 std::size_t shownLength(std::string_view text) {
@@ -75,6 +84,26 @@ std::string printable(std::string_view text) {
     text.remove_prefix(length);
   }
   return shown;
+}
+
+std::string wellFormed(std::string_view text) {
+  static constexpr const char *replacement = "\xEF\xBF\xBD";
+  std::string formed;
+  while (!text.empty()) {
+    std::size_t length = lies(text[0], 0x00, 0x7F) ? 1 : shownLength(text);
+    if (length == 0 && isSequence(text, controls))
+      length = controls.length;
+    if (length != 0) {
+      formed += text.substr(0, length);
+    } else {
+      length = 1;
+      for (const Sequence &row : sequences)
+        length = std::max(length, matchingBytes(text, row));
+      formed += replacement;
+    }
+    text.remove_prefix(length);
+  }
+  return formed;
 }
 
 } // namespace ZelDebugDialog::model

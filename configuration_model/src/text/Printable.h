@@ -11,4 +11,8 @@ namespace ZelDebugDialog::model {
 /// upset by the bytes of a damaged file.
 std::string printable(std::string_view text);
 
+/// `text` as UTF-8: in the place of bytes that are none stands U+FFFD, one for
+/// as many as begin a character. Everything else is as it was.
+std::string wellFormed(std::string_view text);
+
 } // namespace ZelDebugDialog::model

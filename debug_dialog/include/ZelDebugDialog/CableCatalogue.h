@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/Export.h"
@@ -21,6 +22,15 @@ namespace ZelDebugDialog {
 /// frequencies are checked when a command is read.
 ZELDEBUGDIALOG_API std::string
 getcable_supported_frequency(Engine::CableType type);
+
+/// The same as numbers, in hertz; none for a cable without a list.
+ZELDEBUGDIALOG_API std::vector<std::uint32_t>
+GetOfferedFrequencies(Engine::CableType type);
+
+/// The frequencies that a reader lets pass where it checks them, in hertz; none
+/// for a cable that it refuses all of.
+ZELDEBUGDIALOG_API std::vector<std::uint32_t>
+GetAcceptedFrequencies(Engine::CableType type);
 
 /// The frequency that a cable starts with, in hertz; 0 for a cable without one.
 ZELDEBUGDIALOG_API std::uint32_t

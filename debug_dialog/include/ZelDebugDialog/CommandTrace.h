@@ -20,6 +20,7 @@
 
 #include "ZelDebugDialog/EngineImp.h"
 #include "ZelDebugDialog/Export.h"
+#include "ZelDebugDialog/SettingFields.h"
 
 namespace ZelDebugDialog {
 
@@ -66,16 +67,31 @@ enum class CommandFaultKind : std::uint8_t {
   loneDash, ///< a word that is "-"; raises std::out_of_range
 };
 
+/// A setting that a word changed. Module arguments, which are joined, are told
+/// whole up to a million characters in all the changes of a command; behind
+/// that `before` is empty and `after` the argument alone.
+struct FieldChange {
+  std::string field; ///< Named as in `CommandWord::fields`.
+  FieldValue before; ///< What it was.
+  FieldValue after;  ///< What it became; may be the same.
+};
+
 /// One word of the command.
 struct CommandWord {
   std::size_t offset = 0;            ///< In bytes from the begin of the text.
   std::size_t length = 0;            ///< In bytes.
   WordRole role = WordRole::ignored; ///< What it is for.
-  /// The settings that it decides (a value may leave one as it was, such as the
-  /// type of a cable that brings no port): fields of `ProcessorInfoImp` by
-  /// their names, "cable." and a field of `CableOption`, "chain[0]." and a
-  /// field of a `JtagOption`, or "cpuJtag".
+  /// The settings that it decides: those that it changed, without what the
+  /// target, the connection or the end of a cable clause replaced. Fields of
+  /// `ProcessorInfoImp` by their names, "cable." and a field of `CableOption`,
+  /// "chain[0]." and a field of a `JtagOption`, or "cpuJtag". A later word may
+  /// decide the same setting.
   std::vector<std::string> fields;
+  /// All that was stored because of it, each setting once, also where it was
+  /// the same before, where the word is at fault, where a later word replaced
+  /// it, and where its clause was dropped: "chain[n]." is then a device that
+  /// the chain never had.
+  std::vector<FieldChange> changes;
   ValueConversion conversion = ValueConversion::none; ///< How it was read.
 };
 
@@ -98,7 +114,9 @@ struct CommandTrace {
 /// What to do after a fault.
 enum class AfterFault : std::uint8_t {
   stop, ///< as `ReadKvoCommand`; the words behind are `ignored`
-  goOn, ///< at the next option word, in the option set of the fault
+  /// at the next option word, in the option set of the fault; at the word
+  /// itself where an option word stands in the place of a value
+  goOn,
 };
 
 /// Reads a connect command into the current record, as

@@ -13,37 +13,31 @@ namespace kvo {
 
 namespace {
 
-constexpr std::string_view user1Word = "USER1";
-constexpr NamedValue user1{user1Word, 2};
-constexpr NamedValue user2{"USER2", 3};
-constexpr std::array<NamedValue, 4> registers{
-    {user1, user2, {"USER3", 0x22}, {"USER4", 0x23}}};
+constexpr const NamedValue &user1 = boundaryScanRegisters[0];
+constexpr const NamedValue &user2 = boundaryScanRegisters[1];
+constexpr std::string_view user1Word = user1.keyword;
 
 constexpr const Fields &registerField = fields<&ProcessorInfoImp::bscanUserReg>;
-
-constexpr ValueForm registerForm = oneOf(registers, "bscanUserReg");
+constexpr ValueForm registerForm = oneOf(boundaryScanRegisters, registerField);
 
 } // namespace
 
-template <class Observer>
-int readBoundaryScan(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readBoundaryScan(WordCursor &cursor, EngineImp &imp) {
   std::string_view word;
   if (cursor.next(word, WordRole::value) == code::end) {
-    cursor.observer.missing(CommandFaultKind::missingValue, registers);
+    cursor.missing(CommandFaultKind::missingValue, boundaryScanRegisters);
     return code::refused;
   }
-  cursor.observer.sets(registerForm);
-  const auto *const found = findRow(registers, word, cursor.characters);
+  cursor.reads(registerForm);
+  const auto *const found =
+      findRow(boundaryScanRegisters, word, cursor.characters);
   if (found == nullptr) {
-    cursor.observer.fault(CommandFaultKind::refusedValue, registers);
+    cursor.fault(CommandFaultKind::refusedValue, boundaryScanRegisters);
     return code::refused;
   }
-  currentRecord(imp).bscanUserReg = found->value;
+  cursor.store(currentRecord(imp).bscanUserReg, found->value);
   return code::done;
 }
-
-template int readBoundaryScan(WordCursor<NoObserver> &, EngineImp &);
-template int readBoundaryScan(WordCursor<Recorder> &, EngineImp &);
 
 void writeBoundaryScan(CommandText out, const EngineImp &imp) {
   const std::uint32_t used = currentRecord(imp).bscanUserReg;
@@ -77,7 +71,7 @@ void describeBoundaryScan(CommandOption &option) {
 unsigned KvoOption_Parser::parse_hdubscan(std::string &command,
                                           EngineImp &imp) {
   return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readBoundaryScan<kvo::NoObserver>));
+      kvo::consume(command, imp, kvo::readBoundaryScan));
 }
 
 } // namespace ZelDebugDialog

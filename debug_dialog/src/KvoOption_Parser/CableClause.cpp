@@ -17,7 +17,7 @@
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/CableCatalogue.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CableCatalogue.h"
+#include "facts/CableCatalogue.h"
 
 namespace ZelDebugDialog {
 
@@ -42,8 +42,21 @@ constexpr std::string_view esnWord = "esn";
 constexpr std::string_view frequencyWord = "frequency";
 constexpr std::string_view moduleWord = "modulename";
 constexpr std::string_view argumentWord = "modulearg";
-constexpr std::string_view frequencyField = "cable.frequency";
 constexpr char argumentSeparator = ';';
+
+constexpr const Fields &typeField = fields<&CableOption::cableType>;
+constexpr const Fields &esnField = fields<&CableOption::esn>;
+constexpr const Fields &portField = fields<&CableOption::port>;
+constexpr const Fields &frequencyField = fields<&CableOption::frequency>;
+constexpr const Fields &lineFields =
+    fields<&CableOption::port, &CableOption::frequency>;
+constexpr const Fields &nameField = fields<&CableOption::moduleName>;
+constexpr const Fields &argumentsField = fields<&CableOption::moduleArgs>;
+constexpr const Fields &moduleFields =
+    fields<&CableOption::moduleName, &CableOption::moduleArgs>;
+constexpr const Fields &unwrittenFields =
+    fields<&CableOption::svfFile, &ProcessorInfoImp::svfFileFlag,
+           &CableOption::url>;
 
 /// What one clause fills.
 struct CableReading {
@@ -69,20 +82,21 @@ const Cable *findByKeyword(std::string_view word, Characters &characters) {
 /// Takes the type and the port that goes with it. The frequency stays, so that
 /// it may stand before the type.
 int readType(const Argument &argument, CableReading &target) {
-  const Cable *const found = findByKeyword(argument.value, argument.characters);
+  const Cable *const found =
+      findByKeyword(argument.value, argument.cursor.characters);
   if (found == nullptr)
     return code::refused;
   if (found->type == Engine::QUORLA_SVFFILE)
     return refuse(target.imp, svfNotSupported);
-  target.cable.cableType = found->type;
+  argument.cursor.store(target.cable.cableType, found->type);
   if (!found->defaultPort.empty())
-    target.cable.port = found->defaultPort;
+    argument.cursor.store(target.cable.port, found->defaultPort);
   return code::done;
 }
 
 template <auto Field>
 int readText(const Argument &argument, CableReading &target) {
-  target.cable.*Field = argument.value;
+  argument.cursor.store(target.cable.*Field, argument.value);
   return code::done;
 }
 
@@ -94,7 +108,7 @@ int readFrequency(const Argument &argument, CableReading &target) {
 
 int readSvfFile(const Argument &argument, CableReading &target) {
   const int result = readText<&CableOption::svfFile>(argument, target);
-  currentRecord(target.imp).svfFileFlag = true;
+  argument.cursor.store(currentRecord(target.imp).svfFileFlag, true);
   return result;
 }
 
@@ -102,57 +116,62 @@ int readModuleArgument(const Argument &argument, CableReading &target) {
   std::string &joined = target.cable.moduleArgs;
   const std::size_t before = joined.size();
   const std::size_t separators = before == 0 ? 0 : 1;
+  Recorder *const recorder = argument.cursor.recorder;
+  if (recorder != nullptr)
+    recorder->keepJoined(joined);
   // Room for both at once: a separator never stands alone.
   joined.append(separators + argument.value.size(), argumentSeparator);
   argument.value.copy(joined.data() + before + separators,
                       argument.value.size());
+  if (recorder != nullptr)
+    recorder->storedJoined(joined, argument.value);
   return code::done;
 }
 
 constexpr std::array<Parameter<CableReading>, 8> parameters{{
-    {typeWord, readType, oneOf(cableKeywords, "cable.cableType cable.port")},
-    {portWord, readText<&CableOption::port>, text("cable.port")},
-    {esnWord, readText<&CableOption::esn>, text("cable.esn")},
-    {"url", readText<&CableOption::url>, text("cable.url")},
+    {typeWord, readType,
+     oneOf(cableKeywords, fields<&CableOption::cableType, &CableOption::port>)},
+    {portWord, readText<&CableOption::port>, text(portField)},
+    {esnWord, readText<&CableOption::esn>, text(esnField)},
+    {"url", readText<&CableOption::url>, text(fields<&CableOption::url>)},
     {frequencyWord, readFrequency, number(frequencyField)},
-    {"fname", readSvfFile, text("cable.svfFile svfFileFlag")},
-    {moduleWord, readText<&CableOption::moduleName>, text("cable.moduleName")},
-    {argumentWord, readModuleArgument, text("cable.moduleArgs")},
+    {"fname", readSvfFile,
+     text(fields<&CableOption::svfFile, &ProcessorInfoImp::svfFileFlag>)},
+    {moduleWord, readText<&CableOption::moduleName>, text(nameField)},
+    {argumentWord, readModuleArgument, text(argumentsField)},
 }};
 
-template <class Observer>
-int finishCable(WordCursor<Observer> &cursor, const CableReading &target) {
+int finishCable(WordCursor &cursor, const CableReading &target,
+                std::size_t optionWord) {
   const CableOption &cable = target.cable;
   if (cable.cableType == Engine::QUORLA_SVFFILE && cable.svfFile.empty()) {
     const int result = refuse(target.imp, svfFileMissing);
-    cursor.observer.missing(CommandFaultKind::missingSvfFile);
+    cursor.missing(CommandFaultKind::missingSvfFile);
     return result;
   }
   if (cable.cableType == Engine::QUORLA_PLUGIN && cable.moduleName.empty()) {
     const int result = refuse(target.imp, moduleMissing);
-    cursor.observer.missing(CommandFaultKind::missingModule);
+    cursor.missing(CommandFaultKind::missingModule);
     return result;
   }
+  Recorder *const recorder = cursor.recorder;
+  if (recorder != nullptr && !target.frequencyGiven)
+    recorder->keepValue(&cable.frequency);
   const int result = KvoOption_Parser::setcable_frequency(
       target.imp, target.frequencyGiven ? 0 : 1);
-  if (!target.frequencyGiven)
-    cursor.observer.replaces(frequencyField);
+  // The type brings it, and is the clause's or an earlier one's.
+  if (recorder != nullptr && !target.frequencyGiven)
+    recorder->replaced(
+        recorder->wordThatChanged(*typeField.begin(), optionWord),
+        &cable.frequency);
   if (result != code::refused)
     return code::end;
-  cursor.observer.faultAt(frequencyField, CommandFaultKind::refusedFrequency,
-                          findCable(cable.cableType).accepted);
+  if (recorder != nullptr)
+    recorder->faultAt(*frequencyField.begin(),
+                      CommandFaultKind::refusedFrequency,
+                      GetAcceptedFrequencies(cable.cableType));
   return code::refused;
 }
-
-constexpr const Fields &typeField = fields<&CableOption::cableType>;
-constexpr const Fields &esnField = fields<&CableOption::esn>;
-constexpr const Fields &lineFields =
-    fields<&CableOption::port, &CableOption::frequency>;
-constexpr const Fields &moduleFields =
-    fields<&CableOption::moduleName, &CableOption::moduleArgs>;
-constexpr const Fields &unwrittenFields =
-    fields<&CableOption::svfFile, &ProcessorInfoImp::svfFileFlag,
-           &CableOption::url>;
 
 /// What the clause of another cable would carry.
 void leaveOutOtherCables(WriteRecorder &recorder, CableClauseForm form) {
@@ -170,16 +189,13 @@ void leaveOutOtherCables(WriteRecorder &recorder, CableClauseForm form) {
 
 } // namespace
 
-template <class Observer>
-int readCable(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readCable(WordCursor &cursor, EngineImp &imp) {
   CableReading target{imp, *imp.cableOption, false};
+  const std::size_t optionWord = cursor.lastWord();
   const int end =
       readParameters(cursor, imp, parameters, unknownParameter, target).code;
-  return end == code::end ? finishCable(cursor, target) : end;
+  return end == code::end ? finishCable(cursor, target, optionWord) : end;
 }
-
-template int readCable(WordCursor<NoObserver> &, EngineImp &);
-template int readCable(WordCursor<Recorder> &, EngineImp &);
 
 int writeCable(CommandText out, const EngineImp &imp) {
   const CableOption &option = *imp.cableOption;
@@ -215,22 +231,20 @@ void writeLineCable(CommandText out, const CableOption &cable) {
                               esnField);
     return;
   }
-  out.addText(joined<portWord>, cable.port, fields<&CableOption::port>);
+  out.addText(joined<portWord>, cable.port, portField);
   out.addDecimal(joined<frequencyWord>, lowBits<std::int32_t>(cable.frequency),
-                 fields<&CableOption::frequency>);
+                 frequencyField);
   if (out.recorder != nullptr)
     out.recorder->implies(esnField);
 }
 
 void writePluginCable(CommandText out, const CableOption &cable) {
   if (out.recorder != nullptr && cable.moduleName.empty())
-    out.recorder->cannotBeRead(fields<&CableOption::moduleName>,
-                               OmissionReason::moduleMissing);
-  out.addText(joined<moduleWord>, cable.moduleName,
-              fields<&CableOption::moduleName>);
+    out.recorder->cannotBeRead(nameField, OmissionReason::moduleMissing);
+  out.addText(joined<moduleWord>, cable.moduleName, nameField);
   if (cable.moduleArgs.empty()) {
     if (out.recorder != nullptr)
-      out.recorder->implies(fields<&CableOption::moduleArgs>);
+      out.recorder->implies(argumentsField);
     return;
   }
   const auto separator = boost::algorithm::token_finder(
@@ -240,7 +254,7 @@ void writePluginCable(CommandText out, const CableOption &cable) {
            boost::algorithm::make_split_iterator(cable.moduleArgs, separator);
        !argument.eof(); ++argument)
     out.addText(joined<argumentWord>, boost::copy_range<std::string>(*argument),
-                fields<&CableOption::moduleArgs>);
+                argumentsField);
 }
 
 bool isRefusedAtTheEnd(const CableOption &cable) {
@@ -274,7 +288,7 @@ void describeCable(CommandOption &option) {
 } // namespace kvo
 
 int KvoOption_Parser::parse_cable(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readCable<kvo::NoObserver>);
+  return kvo::consume(command, imp, kvo::readCable);
 }
 
 int KvoOption_Parser::setcable_frequency(EngineImp &imp, int useDefault) {

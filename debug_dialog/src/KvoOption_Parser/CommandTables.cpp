@@ -2,34 +2,15 @@
 
 #include <utility>
 
-#include <boost/algorithm/string/split.hpp>
-
 #include "KvoOption_Parser/Descriptions.h"
-#include "KvoOption_Parser/Numbers.h"
-#include "ZelDebugDialog_Engine/CableCatalogue.h"
+#include "ZelDebugDialog/CableCatalogue.h"
+#include "facts/CableCatalogue.h"
 
 namespace ZelDebugDialog {
 
 namespace kvo {
 
 namespace {
-
-std::vector<std::string> split(std::string_view text) {
-  std::vector<std::string> pieces;
-  if (!text.empty())
-    boost::algorithm::split(pieces, text,
-                            [](char character) { return character == ' '; });
-  return pieces;
-}
-
-/// The offered frequencies; a cable without any offers a 0.
-std::vector<std::uint32_t> offeredFrequencies(const Cable &cable) {
-  std::vector<std::uint32_t> frequencies;
-  for (const std::string &text : split(cable.offered))
-    if (const std::uint64_t frequency = toUnsigned(text); frequency != 0)
-      frequencies.push_back(lowBits<std::uint32_t>(frequency));
-  return frequencies;
-}
 
 std::vector<std::string> keywordsOf(Engine::CableType type) {
   std::vector<std::string> keywords;
@@ -47,27 +28,26 @@ CommandCable describe(const Cable &cable) {
     described.written = cable.keyword;
   described.defaultFrequency = cable.defaultFrequency;
   described.defaultPort = cable.defaultPort;
-  described.offeredFrequencies = offeredFrequencies(cable);
-  described.acceptedFrequencies.assign(cable.accepted.begin(),
-                                       cable.accepted.end());
+  described.offeredFrequencies = GetOfferedFrequencies(cable.type);
+  described.acceptedFrequencies = GetAcceptedFrequencies(cable.type);
   return described;
 }
 
 } // namespace
 
-std::vector<std::string> splitFields(std::string_view fields,
-                                     std::string_view device) {
-  constexpr std::string_view chainPrefix = "chain.";
-  std::vector<std::string> names = split(fields);
-  for (std::string &name : names)
-    if (name.compare(0, chainPrefix.size(), chainPrefix) == 0)
-      name.replace(0, chainPrefix.size(),
-                   "chain[" + std::string(device) + "].");
+std::vector<std::string> namesOf(const Fields &described) {
+  std::vector<std::string> names;
+  for (const std::uint8_t field : described) {
+    names.emplace_back(fieldRows.at(field).name);
+    std::string &name = names.back();
+    if (const std::size_t index = name.find(']'); index != std::string::npos)
+      name.insert(index, 1, 'n');
+  }
   return names;
 }
 
 CommandValue describeValue(const ValueForm &form) {
-  CommandValue value{form.conversion, splitFields(form.fields), {}};
+  CommandValue value{form.conversion, namesOf(form.changed), {}};
   for (const NamedValue &name : form.names)
     value.words.emplace_back(name.keyword);
   return value;

@@ -10,8 +10,8 @@
 #include "KvoOption_Parser/Parameters.h"
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/Families.h"
 
 namespace ZelDebugDialog {
 
@@ -33,7 +33,7 @@ constexpr std::array<NamedValue, 1> hardPpcs{{{"ppc405", 1}}};
 constexpr std::uint8_t hardPpcOther = 2;
 // Any word is taken, so there is no list of them.
 constexpr ValueForm hardPpcForm{
-    ValueConversion::namedValue, "chain.hardppc", {}};
+    ValueConversion::namedValue, fields<&JtagOption::hardppc>, {}};
 
 /// What one clause fills.
 struct ChainDevice {
@@ -42,22 +42,22 @@ struct ChainDevice {
 };
 
 int readJtagPort(const Argument &argument, ChainDevice &target) {
-  const auto *const known =
-      findRow(jtagPorts, argument.value, argument.characters);
-  target.imp.cpuJtag = known != nullptr ? known->value : 0;
+  const auto *const known = findNamed(argument, jtagPorts);
+  argument.cursor.store(target.imp.cpuJtag,
+                        known != nullptr ? known->value : 0);
   return known != nullptr ? code::done : code::refused;
 }
 
 int readPartName(const Argument &argument, ChainDevice &target) {
-  target.device.partname = argument.value;
+  argument.cursor.store(target.device.partname, argument.value);
   return code::done;
 }
 
 int readHardPpc(const Argument &argument, ChainDevice &target) {
-  const auto *const known =
-      findRow(hardPpcs, argument.value, argument.characters);
-  target.device.hardppc =
-      known == nullptr ? hardPpcOther : lowBits<std::uint8_t>(known->value);
+  const auto *const known = findNamed(argument, hardPpcs);
+  argument.cursor.store(target.device.hardppc,
+                        known == nullptr ? hardPpcOther
+                                         : lowBits<std::uint8_t>(known->value));
   return code::done;
 }
 
@@ -68,15 +68,18 @@ int readNumber(const Argument &argument, ChainDevice &target) {
 }
 
 constexpr std::array<Parameter<ChainDevice>, 8> parameters{{
-    {"jtagport", readJtagPort, oneOf(jtagPorts, "cpuJtag")},
-    {numberWord, readNumber<&JtagOption::devicenr>, lowByte("chain.devicenr")},
-    {idCodeWord, readNumber<&JtagOption::idcode>, number("chain.idcode")},
+    {"jtagport", readJtagPort, oneOf(jtagPorts, fields<&EngineImp::cpuJtag>)},
+    {numberWord, readNumber<&JtagOption::devicenr>,
+     lowByte(fields<&JtagOption::devicenr>)},
+    {idCodeWord, readNumber<&JtagOption::idcode>,
+     number(fields<&JtagOption::idcode>)},
     {irLengthWord, readNumber<&JtagOption::irlength>,
-     lowByte("chain.irlength")},
-    {partNameWord, readPartName, text("chain.partname")},
-    {"isfpga", readNumber<&JtagOption::isfpga>, lowByte("chain.isfpga")},
+     lowByte(fields<&JtagOption::irlength>)},
+    {partNameWord, readPartName, text(fields<&JtagOption::partname>)},
+    {"isfpga", readNumber<&JtagOption::isfpga>,
+     lowByte(fields<&JtagOption::isfpga>)},
     {"hardppc", readHardPpc, hardPpcForm},
-    {"nppc", readNumber<&JtagOption::nppc>, lowByte("chain.nppc")},
+    {"nppc", readNumber<&JtagOption::nppc>, lowByte(fields<&JtagOption::nppc>)},
 }};
 
 constexpr std::string_view markerWords = " -configdevice jtagpin ";
@@ -114,21 +117,21 @@ void tellMarker(WriteRecorder &recorder, std::uint32_t mark) {
 
 /// The device joins the chain also when the clause ends with a name that lacks
 /// its value, and when it only carries the marker.
-template <class Observer>
-int readConfigDevice(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readConfigDevice(WordCursor &cursor, EngineImp &imp) {
   auto device = std::make_unique<JtagOption>();
   ChainDevice target{imp, *device};
+  if (cursor.recorder != nullptr)
+    cursor.recorder->beginsDevice(*device);
   const ClauseEnd end =
       readParameters(cursor, imp, parameters, unknownParameter, target);
+  if (cursor.recorder != nullptr)
+    cursor.recorder->endsDevice();
   if (end.byParameter)
     return end.code;
   imp.jtagChain.push_back(device.get());
   static_cast<void>(device.release()); // the chain's from here on
   return end.code;
 }
-
-template int readConfigDevice(WordCursor<NoObserver> &, EngineImp &);
-template int readConfigDevice(WordCursor<Recorder> &, EngineImp &);
 
 void writeChain(CommandText out, const EngineImp &imp) {
   if (imp.cpuJtag == marked)
@@ -165,7 +168,7 @@ void describeConfigDevice(CommandOption &option) {
 } // namespace kvo
 
 int KvoOption_Parser::parse_configdevice(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readConfigDevice<kvo::NoObserver>);
+  return kvo::consume(command, imp, kvo::readConfigDevice);
 }
 
 } // namespace ZelDebugDialog

@@ -8,10 +8,10 @@
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Families.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 
@@ -32,15 +32,14 @@ constexpr std::array<Head, 4> heads{{
     {"kvpconnect", true, false},
 }};
 
-template <class Observer> struct Target {
+struct Target {
   std::string_view keyword;
-  Reader<Observer> read;
+  Reader read;
   bool inOptionFile;
   DescribeTarget describe;
 };
 
-template <class Observer>
-constexpr std::array<Target<Observer>, 8> targets{{
+constexpr std::array<Target, 8> targets{{
     {lumacoreTarget, readLumacore, true, describeLumacore},
     {ppcTarget, readPpc, true, describePpc},
     {"arm", readArm, true, describeArm},
@@ -75,50 +74,41 @@ constexpr RowFaults targetFaults{WordRole::target,
                                  CommandFaultKind::unknownTarget};
 
 /// The row of the next word; null for a word that may not stand here.
-template <class Observer, class Row, std::size_t size>
-const Row *readRow(const std::array<Row, size> &rows,
-                   WordCursor<Observer> &cursor, CommandSource source,
-                   const RowFaults &faults) {
+template <class Row, std::size_t size>
+const Row *readRow(const std::array<Row, size> &rows, WordCursor &cursor,
+                   CommandSource source, const RowFaults &faults) {
   std::string_view word;
   if (cursor.next(word, faults.role) == code::end) {
-    cursor.observer.missing(faults.missing, rows);
+    cursor.missing(faults.missing, rows);
     return nullptr;
   }
   const Row *const row = findRow(rows, word, cursor.characters);
   if (row == nullptr ||
       (source == CommandSource::optionFile && !row->inOptionFile)) {
-    cursor.observer.fault(faults.unknown, rows);
+    cursor.fault(faults.unknown, rows);
     return nullptr;
   }
   return row;
 }
 
-template <class Observer>
-Reader<Observer> readTargetReader(WordCursor<Observer> &cursor,
-                                  CommandSource source) {
+Reader readTargetReader(WordCursor &cursor, CommandSource source) {
   const Head *const head = readRow(heads, cursor, source, headFaults);
   if (head == nullptr)
     return nullptr;
   if (head->isVirtualPlatform)
     return readVirtualPlatform;
-  const auto *const target =
-      readRow(targets<Observer>, cursor, source, targetFaults);
+  const auto *const target = readRow(targets, cursor, source, targetFaults);
   return target == nullptr ? nullptr : target->read;
 }
 
 } // namespace
 
-template <class Observer>
-int readCommand(WordCursor<Observer> &cursor, EngineImp &imp,
-                CommandSource source) {
-  const Reader<Observer> read = readTargetReader(cursor, source);
+int readCommand(WordCursor &cursor, EngineImp &imp, CommandSource source) {
+  const Reader read = readTargetReader(cursor, source);
   if (read == nullptr || read(cursor, imp) == code::refused)
     return result::notRead;
   return result::done;
 }
-
-template int readCommand(WordCursor<NoObserver> &, EngineImp &, CommandSource);
-template int readCommand(WordCursor<Recorder> &, EngineImp &, CommandSource);
 
 bool composeCommand(std::string &command, const EngineImp &imp,
                     WriteRecorder *recorder) {
@@ -154,7 +144,7 @@ int writeCommandString(EngineImp &imp, std::string &out,
 
 std::vector<CommandHead> describeHeads() {
   std::vector<CommandTarget> all;
-  for (const auto &row : targets<NoObserver>) {
+  for (const auto &row : targets) {
     all.push_back({std::string(row.keyword), row.inOptionFile, {}, {}});
     row.describe(all.back());
   }
@@ -172,7 +162,7 @@ std::vector<CommandHead> describeHeads() {
 
 int KvoOption_Parser::ReadKvoCommand(std::string command, EngineImp &imp) {
   currentRecord(imp).connectCommand = command;
-  kvo::WordCursor<kvo::NoObserver> cursor(command);
+  kvo::WordCursor cursor(command);
   return kvo::readCommand(cursor, imp, kvo::CommandSource::dialog);
 }
 

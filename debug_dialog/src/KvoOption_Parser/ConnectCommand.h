@@ -15,8 +15,6 @@ enum class CommandSource { dialog, optionFile };
 
 /// Reads a command into the current record.
 /// @return `result::done` or `result::notRead`.
-template <class Observer>
-int readCommand(WordCursor<Observer> &cursor, EngineImp &imp,
-                CommandSource source);
+int readCommand(WordCursor &cursor, EngineImp &imp, CommandSource source);
 
 } // namespace ZelDebugDialog::kvo

@@ -9,9 +9,9 @@
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/AddressRegions.h"
-#include "ZelDebugDialog_Engine/Families.h"
+#include "facts/AddressRegions.h"
 
 namespace ZelDebugDialog {
 
@@ -36,13 +36,9 @@ constexpr std::string_view isocmSizeWord = "isocmSize";
 constexpr std::string_view isocmDcrWord = "isocmDcrStartAdr";
 constexpr std::string_view isocmDcrWords = "  isocmDcrStartAdr "; // two blanks
 constexpr std::string_view fpuWord = "fpuType";
-constexpr std::string_view singleWord = "sp";
-constexpr std::string_view doubleWord = "dp";
 
-constexpr std::array<NamedValue, 2> processorTypes{
+constexpr std::array<NamedValue, 2> ppcTypes{
     {{"ppc405", typePpc405}, {"ppc440", typePpc440}}};
-constexpr std::array<NamedValue, 2> fpuTypes{
-    {{singleWord, fpuSingle}, {doubleWord, fpuDouble}}};
 
 /// With a design the number is the design's, and the command has to agree: all
 /// 32 bits of it, so that 128 to 255 never do.
@@ -50,7 +46,7 @@ int readCpuNumber(const Argument &argument, EngineImp &imp) {
   Record &record = currentRecord(imp);
   const std::uint64_t number = toUnsigned(argument.value);
   if (imp.hwManager == nullptr) {
-    record.cpuNr = lowBits<std::int8_t>(number);
+    argument.cursor.store(record.cpuNr, lowBits<std::int8_t>(number));
     return code::done;
   }
   return lowBits<std::int32_t>(number) == record.cpuNr ? code::done
@@ -59,19 +55,18 @@ int readCpuNumber(const Argument &argument, EngineImp &imp) {
 
 /// A type that is not known is remembered as such, and refused.
 int readProcessorType(const Argument &argument, EngineImp &imp) {
-  const auto *const type =
-      findRow(processorTypes, argument.value, argument.characters);
-  currentRecord(imp).procType = type == nullptr ? typePpcUnknown : type->value;
+  const auto *const type = findNamed(argument, ppcTypes);
+  argument.cursor.store(currentRecord(imp).procType,
+                        type == nullptr ? typePpcUnknown : type->value);
   return type == nullptr ? code::refused : code::done;
 }
 
 int readFpuType(const Argument &argument, EngineImp &imp) {
-  const auto *const type =
-      findRow(fpuTypes, argument.value, argument.characters);
+  const auto *const type = findNamed(argument, fpuTypes);
   if (type == nullptr)
     return refuse(imp, unknownParameterOfOption,
                   {argument.value, argument.name});
-  currentRecord(imp).fpuType = type->value;
+  argument.cursor.store(currentRecord(imp).fpuType, type->value);
   return code::done;
 }
 
@@ -79,15 +74,16 @@ int readFpuType(const Argument &argument, EngineImp &imp) {
 template <const AddressRegion &region>
 int readRegion(const Argument &argument, EngineImp &imp) {
   std::uint32_t &start = currentRecord(imp).*region.start;
-  start = lowBits<std::uint32_t>(toUnsigned(argument.value));
-  return isRegionAligned(start) ? code::done : refuse(imp, region.misaligned);
+  storeNumber(argument, start);
+  return IsRegionAligned(start) ? code::done : refuse(imp, region.misaligned);
 }
 
 /// The instruction cache is where the address map begins.
 int readIcacheRegion(const Argument &argument, EngineImp &imp) {
   const int result = readRegion<icacheRegion>(argument, imp);
+  Record &record = currentRecord(imp);
   if (result == code::done)
-    currentRecord(imp).debugAddressMap = currentRecord(imp).icacheStartAdr;
+    argument.cursor.store(record.debugAddressMap, record.icacheStartAdr);
   return result;
 }
 
@@ -97,37 +93,49 @@ template <auto Field> int readNumber(const Argument &argument, EngineImp &imp) {
 }
 
 template <auto Field> int readText(const Argument &argument, EngineImp &imp) {
-  currentRecord(imp).*Field = argument.value;
+  argument.cursor.store(currentRecord(imp).*Field, argument.value);
   return code::done;
 }
 
 int readCpuCount(const Argument &argument, EngineImp &imp) {
-  currentRecord(imp).nCpu = lowBits<std::int32_t>(toSigned(argument.value, 0));
+  argument.cursor.store(currentRecord(imp).nCpu,
+                        lowBits<std::int32_t>(toSigned(argument.value, 0)));
   return code::done;
 }
 
 constexpr std::array<Parameter<EngineImp>, 18> parameters{{
-    {"devicenr", readNumber<&Record::debugDevice>, lowByte("debugDevice")},
-    {cpuNumberWord, readCpuNumber, lowByte("cpuNr")},
-    {"proctype", readProcessorType, oneOf(processorTypes, "procType")},
-    {romStartWord, readNumber<&Record::romemStartAdr>, number("romemStartAdr")},
-    {romSizeWord, readNumber<&Record::romemSize>, number("romemSize")},
+    {"devicenr", readNumber<&Record::debugDevice>,
+     lowByte(fields<&Record::debugDevice>)},
+    {cpuNumberWord, readCpuNumber, lowByte(fields<&Record::cpuNr>)},
+    {"proctype", readProcessorType, oneOf(ppcTypes, fields<&Record::procType>)},
+    {romStartWord, readNumber<&Record::romemStartAdr>,
+     number(fields<&Record::romemStartAdr>)},
+    {romSizeWord, readNumber<&Record::romemSize>,
+     number(fields<&Record::romemSize>)},
     {icacheRegion.keyword, readIcacheRegion,
-     number("icacheStartAdr debugAddressMap")},
-    {dcacheRegion.keyword, readRegion<dcacheRegion>, number("dcacheStartAdr")},
-    {itagRegion.keyword, readRegion<itagRegion>, number("itagStartAdr")},
-    {dtagRegion.keyword, readRegion<dtagRegion>, number("dtagStartAdr")},
+     number(fields<&Record::icacheStartAdr, &Record::debugAddressMap>)},
+    {dcacheRegion.keyword, readRegion<dcacheRegion>,
+     number(fields<&Record::dcacheStartAdr>)},
+    {itagRegion.keyword, readRegion<itagRegion>,
+     number(fields<&Record::itagStartAdr>)},
+    {dtagRegion.keyword, readRegion<dtagRegion>,
+     number(fields<&Record::dtagStartAdr>)},
     {isocmStartWord, readNumber<&Record::isocmStartAdr>,
-     number("isocmStartAdr")},
-    {isocmSizeWord, readNumber<&Record::isocmSize>, number("isocmSize")},
+     number(fields<&Record::isocmStartAdr>)},
+    {isocmSizeWord, readNumber<&Record::isocmSize>,
+     number(fields<&Record::isocmSize>)},
     {isocmDcrWord, readNumber<&Record::isocmDcrStartAdr>,
-     number("isocmDcrStartAdr")},
-    {tlbRegion.keyword, readRegion<tlbRegion>, number("tlbStartAdr")},
-    {dcrRegion.keyword, readRegion<dcrRegion>, number("dcrStartAdr")},
-    {"cpu_version", readText<&Record::cpu_version>, text("cpu_version")},
-    {"hdu_version", readText<&Record::hdu_version>, text("hdu_version")},
-    {"nCpu", readCpuCount, signedNumber("nCpu")},
-    {fpuWord, readFpuType, oneOf(fpuTypes, "fpuType")},
+     number(fields<&Record::isocmDcrStartAdr>)},
+    {tlbRegion.keyword, readRegion<tlbRegion>,
+     number(fields<&Record::tlbStartAdr>)},
+    {dcrRegion.keyword, readRegion<dcrRegion>,
+     number(fields<&Record::dcrStartAdr>)},
+    {"cpu_version", readText<&Record::cpu_version>,
+     text(fields<&Record::cpu_version>)},
+    {"hdu_version", readText<&Record::hdu_version>,
+     text(fields<&Record::hdu_version>)},
+    {"nCpu", readCpuCount, signedNumber(fields<&Record::nCpu>)},
+    {fpuWord, readFpuType, oneOf(fpuTypes, fields<&Record::fpuType>)},
 }};
 
 constexpr const Fields &deviceField = fields<&Record::debugDevice>;
@@ -219,7 +227,7 @@ void tellAddressMap(WriteRecorder &recorder, const Record &record) {
         std::get<std::uint32_t Record::*>(fieldRows[field].member);
     if (record.*start == unsetAddress)
       recorder.implies(Fields(field));
-    else if (!isRegionAligned(record.*start))
+    else if (!IsRegionAligned(record.*start))
       recorder.cannotBeRead(Fields(field), OmissionReason::misalignedRegion);
   }
   leaveOutUnless(recorder, record.debugAddressMap == record.icacheStartAdr,
@@ -252,7 +260,7 @@ void writeFpu(CommandText out, const Record &record) {
   const bool isNamed = record.fpuType <= fpuDouble;
   if (record.fpuType != fpuNone)
     out.addName(joined<fpuWord>,
-                record.fpuType == fpuSingle ? singleWord : doubleWord,
+                fpuTypes[record.fpuType == fpuSingle ? 0 : 1].keyword,
                 isNamed ? fpuField : Fields());
   if (out.recorder == nullptr)
     return;
@@ -289,13 +297,9 @@ void writeBody(CommandText out, const Record &record) {
 
 } // namespace
 
-template <class Observer>
-int readDebugDevice(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readDebugDevice(WordCursor &cursor, EngineImp &imp) {
   return readParameters(cursor, imp, parameters, unknownParameter, imp).code;
 }
-
-template int readDebugDevice(WordCursor<NoObserver> &, EngineImp &);
-template int readDebugDevice(WordCursor<Recorder> &, EngineImp &);
 
 void writeDebugDeviceNumber(CommandText out, int number) {
   out.addDecimal(joined<writtenNumberWord>, number, deviceField);
@@ -345,7 +349,7 @@ void describeDebugDevice(CommandOption &option) {
 unsigned KvoOption_Parser::parse_debugdevice(std::string &command,
                                              EngineImp &imp) {
   return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readDebugDevice<kvo::NoObserver>));
+      kvo::consume(command, imp, kvo::readDebugDevice));
 }
 
 int KvoOption_Parser::write_debugdeviceoptions(std::string &out,

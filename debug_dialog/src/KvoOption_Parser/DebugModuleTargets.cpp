@@ -6,9 +6,9 @@
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Readers.h"
 #include "KvoOption_Parser/Words.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Families.h"
+#include "facts/CurrentRecord.h"
 
 namespace ZelDebugDialog {
 
@@ -16,16 +16,14 @@ namespace kvo {
 
 namespace {
 
-constexpr ValueForm uartForm = flag("uartOverHdu");
+constexpr const Fields &uartField = fields<&ProcessorInfoImp::uartOverHdu>;
 
 void describeUart(CommandOption &option) {
-  option.changes = splitFields(uartForm.fields);
+  option.changes = namesOf(uartField);
 }
 
-template <class Observer>
-int readUart(WordCursor<Observer> &cursor, EngineImp &imp) {
-  cursor.observer.sets(uartForm);
-  currentRecord(imp).uartOverHdu = true;
+int readUart(WordCursor &cursor, EngineImp &imp) {
+  cursor.store(currentRecord(imp).uartOverHdu, true);
   return code::done;
 }
 
@@ -33,57 +31,45 @@ int readUart(WordCursor<Observer> &cursor, EngineImp &imp) {
 /// walk over the set, where it becomes the look-ahead word.
 enum class NextWord { readByClause, readAhead };
 
-template <class Observer> struct ModuleOption {
+struct ModuleOption {
   std::string_view keyword;
-  Reader<Observer> read;
+  Reader read;
   NextWord next;
   DescribeOption describe;
 };
 
-template <class Observer>
-constexpr ModuleOption<Observer> uart{"-uart", readUart, NextWord::readAhead,
-                                      describeUart};
-template <class Observer>
-constexpr ModuleOption<Observer> boundaryScan{
-    bscanOption, readBoundaryScan, NextWord::readAhead, describeBoundaryScan};
-template <class Observer>
-constexpr ModuleOption<Observer> debugDevice{debugDeviceOption, readDebugDevice,
-                                             NextWord::readByClause,
-                                             describeDebugDevice};
-template <class Observer>
-constexpr ModuleOption<Observer> cable{cableOption, readCable,
-                                       NextWord::readByClause, describeCable};
-template <class Observer>
-constexpr ModuleOption<Observer> configDevice{
-    configDeviceOption, readConfigDevice, NextWord::readByClause,
-    describeConfigDevice};
+constexpr ModuleOption uart{"-uart", readUart, NextWord::readAhead,
+                            describeUart};
+constexpr ModuleOption boundaryScan{bscanOption, readBoundaryScan,
+                                    NextWord::readAhead, describeBoundaryScan};
+constexpr ModuleOption debugDevice{debugDeviceOption, readDebugDevice,
+                                   NextWord::readByClause, describeDebugDevice};
+constexpr ModuleOption cable{cableOption, readCable, NextWord::readByClause,
+                             describeCable};
+constexpr ModuleOption configDevice{configDeviceOption, readConfigDevice,
+                                    NextWord::readByClause,
+                                    describeConfigDevice};
 
-template <class Observer, std::size_t size>
-using ModuleOptions = std::array<ModuleOption<Observer>, size>;
+template <std::size_t size>
+using ModuleOptions = std::array<ModuleOption, size>;
 
-template <class Observer>
-constexpr ModuleOptions<Observer, 5> hduOptions{
-    uart<Observer>, boundaryScan<Observer>, debugDevice<Observer>,
-    cable<Observer>, configDevice<Observer>};
-template <class Observer>
-constexpr ModuleOptions<Observer, 3> dccOptions{
-    uart<Observer>, debugDevice<Observer>, cable<Observer>};
-template <class Observer>
-constexpr ModuleOptions<Observer, 3> kmtcOptions{
-    debugDevice<Observer>, cable<Observer>, configDevice<Observer>};
+constexpr ModuleOptions<5> hduOptions{uart, boundaryScan, debugDevice, cable,
+                                      configDevice};
+constexpr ModuleOptions<3> dccOptions{uart, debugDevice, cable};
+constexpr ModuleOptions<3> kmtcOptions{debugDevice, cable, configDevice};
 
 /// Reads the clause of the option in `current_option`. An unknown option is not
 /// what the message quotes: it quotes the word that was read ahead last, which
 /// may be that option, an earlier one, or none.
-template <class Observer, std::size_t size>
-int readModuleOption(WordCursor<Observer> &cursor, EngineImp &imp,
-                     const ModuleOptions<Observer, size> &options,
+template <std::size_t size>
+int readModuleOption(WordCursor &cursor, EngineImp &imp,
+                     const ModuleOptions<size> &options,
                      std::string_view &lookAhead) {
   const auto *const option =
       findRow(options, KvoOption_Parser::current_option, cursor.characters);
   if (option == nullptr) {
     const int result = refuse(imp, unknownOption, {lookAhead});
-    cursor.observer.fault(CommandFaultKind::unknownOption, options);
+    cursor.fault(CommandFaultKind::unknownOption, options);
     return result;
   }
   const int result = option->read(cursor, imp);
@@ -92,9 +78,9 @@ int readModuleOption(WordCursor<Observer> &cursor, EngineImp &imp,
   return cursor.nextOption(lookAhead);
 }
 
-template <class Observer, std::size_t size>
-int readModuleOptions(WordCursor<Observer> &cursor, EngineImp &imp,
-                      const ModuleOptions<Observer, size> &options) {
+template <std::size_t size>
+int readModuleOptions(WordCursor &cursor, EngineImp &imp,
+                      const ModuleOptions<size> &options) {
   std::string_view lookAhead;
   int next = cursor.goOn(cursor.nextOption());
   while (next == code::option)
@@ -104,36 +90,23 @@ int readModuleOptions(WordCursor<Observer> &cursor, EngineImp &imp,
 
 } // namespace
 
-template <class Observer>
-int readHdu(WordCursor<Observer> &cursor, EngineImp &imp) {
-  cursor.observer.sets(flag("connectionMask"));
-  currentRecord(imp).connectionMask = maskHdu;
-  return readModuleOptions(cursor, imp, hduOptions<Observer>);
+int readHdu(WordCursor &cursor, EngineImp &imp) {
+  cursor.store(currentRecord(imp).connectionMask, maskHdu);
+  return readModuleOptions(cursor, imp, hduOptions);
 }
 
-template <class Observer>
-int readDcc(WordCursor<Observer> &cursor, EngineImp &imp) {
-  cursor.observer.sets(flag("connectionMask procFamily procType"));
+int readDcc(WordCursor &cursor, EngineImp &imp) {
   ProcessorInfoImp &record = currentRecord(imp);
-  record.connectionMask = maskDcc;
-  record.procFamily = familyArm;
-  record.procType = typeCortexA9;
-  return readModuleOptions(cursor, imp, dccOptions<Observer>);
+  cursor.store(record.connectionMask, maskDcc);
+  cursor.store(record.procFamily, familyArm);
+  cursor.store(record.procType, typeCortexA9);
+  return readModuleOptions(cursor, imp, dccOptions);
 }
 
-template <class Observer>
-int readKmtc(WordCursor<Observer> &cursor, EngineImp &imp) {
-  cursor.observer.sets(flag("connectionMask"));
-  currentRecord(imp).connectionMask = maskKmtc;
-  return readModuleOptions(cursor, imp, kmtcOptions<Observer>);
+int readKmtc(WordCursor &cursor, EngineImp &imp) {
+  cursor.store(currentRecord(imp).connectionMask, maskKmtc);
+  return readModuleOptions(cursor, imp, kmtcOptions);
 }
-
-template int readHdu(WordCursor<NoObserver> &, EngineImp &);
-template int readHdu(WordCursor<Recorder> &, EngineImp &);
-template int readDcc(WordCursor<NoObserver> &, EngineImp &);
-template int readDcc(WordCursor<Recorder> &, EngineImp &);
-template int readKmtc(WordCursor<NoObserver> &, EngineImp &);
-template int readKmtc(WordCursor<Recorder> &, EngineImp &);
 
 void describeHdu(CommandTarget &target) { target.optionSet = hduModuleOptions; }
 
@@ -144,29 +117,26 @@ void describeKmtc(CommandTarget &target) {
 }
 
 std::vector<CommandOptionSet> describeModuleOptions() {
-  return {describeOptions(hduModuleOptions, hduOptions<NoObserver>),
-          describeOptions(dccModuleOptions, dccOptions<NoObserver>),
-          describeOptions(kmtcModuleOptions, kmtcOptions<NoObserver>)};
+  return {describeOptions(hduModuleOptions, hduOptions),
+          describeOptions(dccModuleOptions, dccOptions),
+          describeOptions(kmtcModuleOptions, kmtcOptions)};
 }
 
 } // namespace kvo
 
 unsigned KvoOption_Parser::parse_hduoptions(std::string &command,
                                             EngineImp &imp) {
-  return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readHdu<kvo::NoObserver>));
+  return static_cast<unsigned>(kvo::consume(command, imp, kvo::readHdu));
 }
 
 unsigned KvoOption_Parser::parse_dccoptions(std::string &command,
                                             EngineImp &imp) {
-  return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readDcc<kvo::NoObserver>));
+  return static_cast<unsigned>(kvo::consume(command, imp, kvo::readDcc));
 }
 
 unsigned KvoOption_Parser::parse_kmtcoptions(std::string &command,
                                              EngineImp &imp) {
-  return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readKmtc<kvo::NoObserver>));
+  return static_cast<unsigned>(kvo::consume(command, imp, kvo::readKmtc));
 }
 
 } // namespace ZelDebugDialog

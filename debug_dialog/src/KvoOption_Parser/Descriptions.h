@@ -47,10 +47,8 @@ inline constexpr const char *hduModuleOptions = "hdu";
 inline constexpr const char *dccModuleOptions = "dcc";
 inline constexpr const char *kmtcModuleOptions = "kmtc";
 
-/// The names of fields, which stand in one text with blanks between them.
-/// Fields of a chain device get its index.
-std::vector<std::string> splitFields(std::string_view fields,
-                                     std::string_view device = "n");
+/// The names of fields; those of a chain device with an "n" for its index.
+std::vector<std::string> namesOf(const Fields &described);
 CommandValue describeValue(const ValueForm &form);
 
 /// Makes it an option with one value.

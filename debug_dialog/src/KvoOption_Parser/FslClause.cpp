@@ -22,7 +22,7 @@ int readPort(const Argument & /*argument*/, EngineImp & /*imp*/) {
 }
 
 int readType(const Argument &argument, EngineImp &imp) {
-  if (findRow(linkTypes, argument.value, argument.characters) == nullptr)
+  if (findNamed(argument, linkTypes) == nullptr)
     return refuse(imp, unknownType, {argument.value});
   return code::done;
 }
@@ -34,13 +34,9 @@ constexpr std::array<Parameter<EngineImp>, 2> parameters{{
 
 } // namespace
 
-template <class Observer>
-int readFsl(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readFsl(WordCursor &cursor, EngineImp &imp) {
   return readParameters(cursor, imp, parameters, unknownParameter, imp).code;
 }
-
-template int readFsl(WordCursor<NoObserver> &, EngineImp &);
-template int readFsl(WordCursor<Recorder> &, EngineImp &);
 
 void describeFsl(CommandOption &option) {
   describeParameters(option, parameters);
@@ -50,8 +46,7 @@ void describeFsl(CommandOption &option) {
 
 unsigned KvoOption_Parser::parse_lcfsloptions(std::string &command,
                                               EngineImp &imp) {
-  return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readFsl<kvo::NoObserver>));
+  return static_cast<unsigned>(kvo::consume(command, imp, kvo::readFsl));
 }
 
 int KvoOption_Parser::write_lcfsloptions(std::string & /*out*/,

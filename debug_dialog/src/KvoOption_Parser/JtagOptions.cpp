@@ -7,8 +7,8 @@
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 
@@ -17,32 +17,28 @@ namespace kvo {
 namespace {
 
 /// A register name ends with itself; what follows is read here.
-template <class Observer>
-int readBoundaryScanOption(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readBoundaryScanOption(WordCursor &cursor, EngineImp &imp) {
   const int result = readBoundaryScan(cursor, imp);
   return result == code::refused ? result : cursor.nextOption();
 }
 
-template <class Observer> struct JtagOptionClause {
+struct JtagOptionClause {
   std::string_view keyword;
-  Reader<Observer> read;
+  Reader read;
 };
 
-template <class Observer>
-constexpr std::array<JtagOptionClause<Observer>, 4> clauses{{
+constexpr std::array<JtagOptionClause, 4> clauses{{
     {debugDeviceOption, readDebugDevice},
     {cableOption, readCable},
     {configDeviceOption, readConfigDevice},
     {bscanOption, readBoundaryScanOption},
 }};
 
-template <class Observer>
-int readJtagOptions(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readJtagOptions(WordCursor &cursor, EngineImp &imp) {
   int next = cursor.nextOption();
   while (next == code::option) {
     const std::string &option = KvoOption_Parser::current_option;
-    const auto *const clause =
-        findRow(clauses<Observer>, option, cursor.characters);
+    const auto *const clause = findRow(clauses, option, cursor.characters);
     if (clause == nullptr) {
       setMessage(imp, unknownOption, {option});
       return result::notRead;
@@ -57,7 +53,7 @@ int readJtagOptions(WordCursor<Observer> &cursor, EngineImp &imp) {
 } // namespace kvo
 
 int KvoOption_Parser::ReadJtagCableOptions(std::string &text, EngineImp &imp) {
-  return kvo::consume(text, imp, kvo::readJtagOptions<kvo::NoObserver>);
+  return kvo::consume(text, imp, kvo::readJtagOptions);
 }
 
 int KvoOption_Parser::WriteJtagCableOptionsString(EngineImp &imp,

@@ -14,13 +14,11 @@ namespace kvo {
 namespace {
 
 /// Takes no value and has no effect.
-template <class Observer>
-int readFlag(WordCursor<Observer> & /*cursor*/, EngineImp & /*imp*/) {
+int readFlag(WordCursor & /*cursor*/, EngineImp & /*imp*/) {
   return code::done;
 }
 
-template <class Observer>
-int readStubOption(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readStubOption(WordCursor &cursor, EngineImp &imp) {
   // Reading a value leaves `current_option` as it is; reading another option in
   // its place ends the clause.
   return readStubLine(cursor, KvoOption_Parser::current_option, imp);
@@ -31,15 +29,14 @@ int readStubOption(WordCursor<Observer> &cursor, EngineImp &imp) {
 /// examined only for a refusal: an option word in a value's place is lost.
 enum class NextWord { readByClause, readByDispatcher };
 
-template <class Observer> struct OptionClause {
+struct OptionClause {
   std::string_view keyword;
-  Reader<Observer> read;
+  Reader read;
   NextWord next;
   DescribeOption describe;
 };
 
-template <class Observer>
-constexpr std::array<OptionClause<Observer>, 13> clauses{{
+constexpr std::array<OptionClause, 13> clauses{{
     {debugDeviceOption, readDebugDevice, NextWord::readByClause,
      describeDebugDevice},
     {"-pfsl", readFsl, NextWord::readByClause, describeFsl},
@@ -60,14 +57,12 @@ constexpr std::array<OptionClause<Observer>, 13> clauses{{
 }};
 
 /// Reads the clause of the option in `current_option`.
-template <class Observer>
-int readClause(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readClause(WordCursor &cursor, EngineImp &imp) {
   const std::string &option = KvoOption_Parser::current_option;
-  const auto *const clause =
-      findRow(clauses<Observer>, option, cursor.characters);
+  const auto *const clause = findRow(clauses, option, cursor.characters);
   if (clause == nullptr) {
     const int result = refuse(imp, unknownOption, {option});
-    cursor.observer.fault(CommandFaultKind::unknownOption, clauses<Observer>);
+    cursor.fault(CommandFaultKind::unknownOption, clauses);
     return result;
   }
   const int result = clause->read(cursor, imp);
@@ -78,25 +73,21 @@ int readClause(WordCursor<Observer> &cursor, EngineImp &imp) {
 
 } // namespace
 
-template <class Observer>
-int readOptions(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readOptions(WordCursor &cursor, EngineImp &imp) {
   int next = cursor.goOn(cursor.nextOption());
   while (next == code::option)
     next = cursor.goOn(readClause(cursor, imp));
   return next == code::end ? code::done : code::refused;
 }
 
-template int readOptions(WordCursor<NoObserver> &, EngineImp &);
-template int readOptions(WordCursor<Recorder> &, EngineImp &);
-
 CommandOptionSet describeProcessorOptions() {
-  return describeOptions(processorOptions, clauses<NoObserver>);
+  return describeOptions(processorOptions, clauses);
 }
 
 } // namespace kvo
 
 int KvoOption_Parser::parse_options(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readOptions<kvo::NoObserver>);
+  return kvo::consume(command, imp, kvo::readOptions);
 }
 
 } // namespace ZelDebugDialog

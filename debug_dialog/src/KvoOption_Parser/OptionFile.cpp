@@ -20,8 +20,8 @@
 #include "KvoOption_Parser/Message.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 
@@ -30,10 +30,6 @@ namespace kvo {
 namespace {
 
 constexpr std::string_view cannotOpen = "Error Opening File";
-
-/// What the line buffer of a reader holds; the rest of a longer line is cut
-/// off.
-constexpr std::size_t longestLine = 1023;
 
 constexpr mode_t readableByAll = 0666; // less the process's own mask
 
@@ -100,7 +96,7 @@ std::string readFirstLine(RegularFile &file) {
   while (const std::size_t count = file.read(buffer.data(), buffer.size())) {
     for (const char character : std::string_view(buffer.data(), count)) {
       if (character != '\n') {
-        if (line.size() < longestLine)
+        if (line.size() < longestOptionLine)
           line += character;
         continue;
       }
@@ -124,7 +120,7 @@ int readOptionFile(const std::string &path, EngineImp &imp) {
   if (line.empty())
     return result::noOptionFile;
   currentRecord(imp).connectCommand = line;
-  WordCursor<NoObserver> cursor(line);
+  WordCursor cursor(line);
   return readCommand(cursor, imp, CommandSource::optionFile);
 }
 

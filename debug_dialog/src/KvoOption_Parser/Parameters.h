@@ -11,7 +11,7 @@
 #include "KvoOption_Parser/Numbers.h"
 #include "KvoOption_Parser/Readers.h"
 #include "KvoOption_Parser/WordCursor.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
+#include "facts/CurrentRecord.h"
 
 namespace ZelDebugDialog::kvo {
 
@@ -19,7 +19,7 @@ namespace ZelDebugDialog::kvo {
 struct Argument {
   std::string_view name;
   std::string_view value;
-  Characters &characters;
+  WordCursor &cursor;
 };
 
 /// One parameter of a clause that fills a `Target`. `apply` returns
@@ -38,32 +38,29 @@ struct ClauseEnd {
 
 /// Reads names and values up to what ends the clause. The name of an unknown
 /// parameter is filled into `unknownParameter`.
-template <class Observer, class Target, std::size_t size>
-ClauseEnd readParameters(WordCursor<Observer> &cursor, const EngineImp &imp,
+template <class Target, std::size_t size>
+ClauseEnd readParameters(WordCursor &cursor, const EngineImp &imp,
                          const std::array<Parameter<Target>, size> &parameters,
                          std::string_view unknownParameter, Target &target) {
   std::string_view name;
   std::string_view value;
   for (;;) {
     if (const int end = cursor.nextPair(name, value); end != code::value) {
-      if constexpr (Observer::isOn)
-        if (end == code::refused)
-          if (const auto *const row =
-                  findRow(parameters, name, cursor.characters))
-            cursor.observer.accepts(row->form.names);
+      if (cursor.recorder != nullptr && end == code::refused)
+        if (const auto *const row =
+                findRow(parameters, name, cursor.characters))
+          cursor.recorder->accepts(row->form.names);
       return {end, false};
     }
     const auto *const parameter = findRow(parameters, name, cursor.characters);
     if (parameter == nullptr) {
       const int result = refuse(imp, unknownParameter, {name});
-      cursor.observer.fault(CommandFaultKind::unknownParameter, parameters, 1);
+      cursor.fault(CommandFaultKind::unknownParameter, parameters, 1);
       return {result, true};
     }
-    cursor.observer.sets(parameter->form);
-    if (parameter->apply({name, value, cursor.characters}, target) !=
-        code::done) {
-      cursor.observer.fault(CommandFaultKind::refusedValue,
-                            parameter->form.names);
+    cursor.reads(parameter->form);
+    if (parameter->apply({name, value, cursor}, target) != code::done) {
+      cursor.fault(CommandFaultKind::refusedValue, parameter->form.names);
       return {code::refused, true};
     }
   }
@@ -72,7 +69,14 @@ ClauseEnd readParameters(WordCursor<Observer> &cursor, const EngineImp &imp,
 /// Stores a number, cut to the low bits of its field.
 template <class Field>
 void storeNumber(const Argument &argument, Field &field) {
-  field = lowBits<Field>(toUnsigned(argument.value));
+  argument.cursor.store(field, lowBits<Field>(toUnsigned(argument.value)));
+}
+
+/// The row whose keyword is the value; null if there is none.
+template <class Rows>
+auto findNamed(const Argument &argument, const Rows &rows)
+    -> decltype(&*rows.begin()) {
+  return findRow(rows, argument.value, argument.cursor.characters);
 }
 
 } // namespace ZelDebugDialog::kvo

@@ -19,8 +19,10 @@ constexpr std::int32_t defaultPort = 6470;
 // leaves the earlier one (a port is then taken from the earlier value once
 // more), and an option word that a debug device clause ran into is lost.
 
-constexpr ValueForm fileForm = text("ppcSimConfigFile");
-constexpr ValueForm ipcPortForm = hostAndPort("simIpcHost simIpcPort");
+constexpr const Fields &fileField = fields<&ProcessorInfoImp::ppcSimConfigFile>;
+
+constexpr ValueForm fileForm = text(fileField);
+constexpr ValueForm ipcPortForm = hostAndPort(simulatorHostFields);
 
 void describeFile(CommandOption &option) {
   describeOptionValue(option, fileForm);
@@ -30,38 +32,41 @@ void describeIpcPort(CommandOption &option) {
   describeOptionValue(option, ipcPortForm);
 }
 
-template <class Observer>
-int readFile(WordCursor<Observer> &cursor, std::string_view & /*value*/,
-             EngineImp &imp) {
-  readUnexamined(cursor, currentRecord(imp).ppcSimConfigFile, fileForm);
+int readFile(WordCursor &cursor, std::string_view & /*value*/, EngineImp &imp) {
+  // Straight into the record: a lone "-" is stored before it is refused.
+  std::string &file = currentRecord(imp).ppcSimConfigFile;
+  if (cursor.recorder != nullptr)
+    cursor.recorder->keepValue(&file);
+  if (cursor.next(file, WordRole::value) == code::end) {
+    cursor.missing(CommandFaultKind::missingValue);
+    return code::done;
+  }
+  cursor.reads(fileForm);
+  if (cursor.recorder != nullptr)
+    cursor.recorder->stored(&file);
   return code::done;
 }
 
-template <class Observer>
-int readIpcPort(WordCursor<Observer> &cursor, std::string_view &value,
-                EngineImp &imp) {
+int readIpcPort(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
   readUnexamined(cursor, value, ipcPortForm);
   ProcessorInfoImp &record = currentRecord(imp);
-  storeIpcPort(value, record.simIpcHost, record.simIpcPort, defaultPort);
+  storeIpcPort(cursor, value, record.simIpcHost, record.simIpcPort,
+               defaultPort);
   return code::done;
 }
 
-template <class Observer>
-int readDevice(WordCursor<Observer> &cursor, std::string_view & /*value*/,
+int readDevice(WordCursor &cursor, std::string_view & /*value*/,
                EngineImp &imp) {
   if (readDebugDevice(cursor, imp) == code::option)
-    cursor.observer.isNow(WordRole::lost);
+    cursor.isNow(WordRole::lost);
   return code::done;
 }
 
-template <class Observer>
-constexpr std::array<SimulatorOption<Observer>, 3> options{{
+constexpr std::array<SimulatorOption, 3> options{{
     {fileOption, readFile, describeFile},
     {ipcPortOption, readIpcPort, describeIpcPort},
     {debugDeviceOption, readDevice, describeDebugDevice},
 }};
-
-constexpr const Fields &fileField = fields<&ProcessorInfoImp::ppcSimConfigFile>;
 
 void tellFile(WriteRecorder &recorder, std::string_view file) {
   recorder.leavesOut(simulatorHostFields, OmissionReason::simulatorFile,
@@ -80,14 +85,9 @@ void tellHost(WriteRecorder &recorder, const std::string &text,
 
 } // namespace
 
-template <class Observer>
-int readPpcSimulator(WordCursor<Observer> &cursor, EngineImp &imp) {
-  return readSimulatorOptions(cursor, imp, options<Observer>,
-                              unknownSimulatorOption, {});
+int readPpcSimulator(WordCursor &cursor, EngineImp &imp) {
+  return readSimulatorOptions(cursor, imp, options, unknownSimulatorOption, {});
 }
-
-template int readPpcSimulator(WordCursor<NoObserver> &, EngineImp &);
-template int readPpcSimulator(WordCursor<Recorder> &, EngineImp &);
 
 void writePpcSimulator(CommandText out, const EngineImp &imp) {
   const ProcessorInfoImp &record = currentRecord(imp);
@@ -130,7 +130,7 @@ void leaveOutSimulatorHost(WriteRecorder &recorder) {
 }
 
 CommandOptionSet describePpcSimulatorOptions() {
-  return describeOptions(ppcSimulatorOptions, options<NoObserver>);
+  return describeOptions(ppcSimulatorOptions, options);
 }
 
 } // namespace kvo
@@ -138,7 +138,7 @@ CommandOptionSet describePpcSimulatorOptions() {
 unsigned KvoOption_Parser::parse_ppcsim_options(std::string &command,
                                                 EngineImp &imp) {
   return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readPpcSimulator<kvo::NoObserver>));
+      kvo::consume(command, imp, kvo::readPpcSimulator));
 }
 
 int KvoOption_Parser::write_ppcsim_options(std::string &out, EngineImp &imp) {

@@ -12,9 +12,9 @@
 #include "KvoOption_Parser/Words.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Families.h"
+#include "facts/CurrentRecord.h"
 
 namespace ZelDebugDialog {
 
@@ -32,10 +32,8 @@ constexpr std::string_view stubWord = "stub";
 constexpr std::string_view hduWord = "hdu";
 constexpr std::string_view hwWord = "hw";
 
-constexpr ValueForm connectionForm = flag("connectionType");
-constexpr ValueForm maskForm = flag("connectionMask");
-constexpr ValueForm identityForm = flag("procFamily procType");
-constexpr ValueForm memorySizeForm = number("simMemSize");
+constexpr ValueForm memorySizeForm =
+    number(fields<&ProcessorInfoImp::simMemSize>);
 
 void describeMemorySize(CommandOption &option) {
   describeOptionValue(option, memorySizeForm);
@@ -51,50 +49,45 @@ constexpr std::array<SimulatorOption, 1> simulatorOptions{
 
 /// The memory size is the last thing that is read; further words are ignored. A
 /// value word in place of the option is, too.
-template <class Observer>
-int readLumacoreSimulator(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readLumacoreSimulator(WordCursor &cursor, EngineImp &imp) {
   ProcessorInfoImp &record = currentRecord(imp);
-  record.connectionType = Engine::CONNECT_SIM;
-  cursor.observer.sets(connectionForm);
+  cursor.store(record.connectionType, Engine::CONNECT_SIM);
   std::string_view word;
   if (cursor.next(word, WordRole::ignored) != code::option)
     return code::done;
-  cursor.observer.isNow(WordRole::option);
+  cursor.isNow(WordRole::option);
   if (findRow(simulatorOptions, word, cursor.characters) == nullptr) {
-    cursor.observer.fault(CommandFaultKind::unknownOption, simulatorOptions);
+    cursor.fault(CommandFaultKind::unknownOption, simulatorOptions);
     return code::refused;
   }
   std::string_view size; // an option word here is a number as well: 0
   if (cursor.next(size, WordRole::value) == code::end) {
-    cursor.observer.missing(CommandFaultKind::missingValue);
+    cursor.missing(CommandFaultKind::missingValue);
     return code::refused;
   }
-  cursor.observer.sets(memorySizeForm);
-  record.simMemSize = lowBits<std::uint32_t>(toUnsigned(size));
+  cursor.reads(memorySizeForm);
+  cursor.store(record.simMemSize, lowBits<std::uint32_t>(toUnsigned(size)));
   return code::done;
 }
 
-template <class Observer> struct Connection {
+struct Connection {
   std::string_view keyword;
   Engine::ConnectionType type;
-  Reader<Observer> read;
+  Reader read;
   const char *optionSet;
 };
 
-template <class Observer>
-constexpr std::array<Connection<Observer>, 3> lumacoreConnections{{
+constexpr std::array<Connection, 3> lumacoreConnections{{
     {simWord, Engine::CONNECT_SIM, readLumacoreSimulator,
      lumacoreSimulatorOptions},
     {stubWord, Engine::CONNECT_STUB, readOptions, processorOptions},
     {hduWord, Engine::CONNECT_HW, readOptions, processorOptions},
 }};
-template <class Observer>
-constexpr std::array<Connection<Observer>, 2> ppcConnections{{
+constexpr std::array<Connection, 2> ppcConnections{{
     {simWord, Engine::CONNECT_SIM, readPpcSimulator, ppcSimulatorOptions},
     {hwWord, Engine::CONNECT_HW, readOptions, processorOptions},
 }};
-template <class Observer>
-constexpr std::array<Connection<Observer>, 1> armConnections{{
+constexpr std::array<Connection, 1> armConnections{{
     {hwWord, Engine::CONNECT_HW, readOptions, processorOptions},
 }};
 
@@ -117,57 +110,53 @@ constexpr Identity cortexA9{familyArm, typeCortexA9,
 constexpr Identity cortexR5{familyArm, typeCortexR5,
                             IdentityComes::afterOptions};
 
-template <class Observer, std::size_t size>
-const Connection<Observer> *
-readConnection(WordCursor<Observer> &cursor,
-               const std::array<Connection<Observer>, size> &connections) {
+template <std::size_t size>
+const Connection *
+readConnection(WordCursor &cursor,
+               const std::array<Connection, size> &connections) {
   std::string_view word;
   if (cursor.next(word, WordRole::connection) == code::end) {
-    cursor.observer.missing(CommandFaultKind::missingConnection, connections);
+    cursor.missing(CommandFaultKind::missingConnection, connections);
     return nullptr;
   }
   const auto *const connection = findRow(connections, word, cursor.characters);
   if (connection == nullptr)
-    cursor.observer.fault(CommandFaultKind::unknownConnection, connections);
+    cursor.fault(CommandFaultKind::unknownConnection, connections);
   return connection;
 }
 
-void identify(ProcessorInfoImp &record, const Identity &identity) {
-  record.procFamily = identity.family;
-  record.procType = identity.type;
+void identify(WordCursor &cursor, std::size_t targetWord,
+              ProcessorInfoImp &record, const Identity &identity) {
+  cursor.storeFor(targetWord, record.procFamily, identity.family);
+  cursor.storeFor(targetWord, record.procType, identity.type);
 }
 
-template <class Observer, std::size_t size>
-int readTarget(WordCursor<Observer> &cursor, EngineImp &imp,
-               const std::array<Connection<Observer>, size> &connections,
+template <std::size_t size>
+int readTarget(WordCursor &cursor, EngineImp &imp,
+               const std::array<Connection, size> &connections,
                const Identity &identity) {
-  const std::size_t targetWord = cursor.observer.lastWord();
+  const std::size_t targetWord = cursor.lastWord();
   const auto *const connection = readConnection(cursor, connections);
   if (connection == nullptr)
     return code::refused;
-  const std::size_t connectionWord = cursor.observer.lastWord();
+  const std::size_t connectionWord = cursor.lastWord();
   ProcessorInfoImp &record = currentRecord(imp);
   const bool hasDesign = imp.hwManager != nullptr;
   if (hasDesign && (record.connectionMask & connection->type) == 0) {
-    cursor.observer.fault(CommandFaultKind::connectionNotAllowed);
+    cursor.fault(CommandFaultKind::connectionNotAllowed);
     return code::refused;
   }
-  if (!hasDesign && identity.comes == IdentityComes::beforeOptions) {
-    identify(record, identity);
-    cursor.observer.setsNow(targetWord, identityForm);
-  }
+  if (!hasDesign && identity.comes == IdentityComes::beforeOptions)
+    identify(cursor, targetWord, record, identity);
   if (connection->read(cursor, imp) == code::refused)
     return code::refused;
-  record.connectionType = connection->type;
-  cursor.observer.setsNow(connectionWord, connectionForm);
+  cursor.storeFor(connectionWord, record.connectionType, connection->type);
   if (hasDesign)
     return code::done;
-  record.connectionMask |= connection->type;
-  cursor.observer.setsNow(connectionWord, maskForm);
-  if (identity.comes == IdentityComes::afterOptions) {
-    identify(record, identity);
-    cursor.observer.setsNow(targetWord, identityForm);
-  }
+  cursor.storeFor(connectionWord, record.connectionMask,
+                  record.connectionMask | connection->type);
+  if (identity.comes == IdentityComes::afterOptions)
+    identify(cursor, targetWord, record, identity);
   return code::done;
 }
 
@@ -187,7 +176,7 @@ constexpr const Fields &stubTypeField = fields<&ProcessorInfoImp::stubType>;
 /// What the words of a connection leave unsaid of which processor it is.
 void tellIdentity(WriteRecorder &recorder, const ProcessorInfoImp &record,
                   const Identity &read) {
-  const bool isModule = isModuleMask(record.connectionMask);
+  const bool isModule = IsModuleMask(record.connectionMask);
   recorder.leavesOut(fields<&ProcessorInfoImp::instanceName>,
                      OmissionReason::identity);
   recorder.leavesOut(fields<&ProcessorInfoImp::connectionMask>,
@@ -261,57 +250,37 @@ int refuseConnection(CommandText out, const EngineImp &imp,
 
 } // namespace
 
-template <class Observer>
-int readLumacore(WordCursor<Observer> &cursor, EngineImp &imp) {
-  return readTarget(cursor, imp, lumacoreConnections<Observer>, lumacore);
+int readLumacore(WordCursor &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, lumacoreConnections, lumacore);
 }
 
-template <class Observer>
-int readPpc(WordCursor<Observer> &cursor, EngineImp &imp) {
-  return readTarget(cursor, imp, ppcConnections<Observer>, ppc);
+int readPpc(WordCursor &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, ppcConnections, ppc);
 }
 
-template <class Observer>
-int readArm(WordCursor<Observer> &cursor, EngineImp &imp) {
-  return readTarget(cursor, imp, armConnections<Observer>, cortexA9);
+int readArm(WordCursor &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, armConnections, cortexA9);
 }
 
-template <class Observer>
-int readArmR5(WordCursor<Observer> &cursor, EngineImp &imp) {
-  return readTarget(cursor, imp, armConnections<Observer>, cortexR5);
+int readArmR5(WordCursor &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, armConnections, cortexR5);
 }
 
 /// Any design or none: the mask is replaced, and allows no ordinary connection.
-template <class Observer>
-int readDap(WordCursor<Observer> &cursor, EngineImp &imp) {
-  const std::size_t targetWord = cursor.observer.lastWord();
-  const auto *const connection =
-      readConnection(cursor, armConnections<Observer>);
+int readDap(WordCursor &cursor, EngineImp &imp) {
+  const std::size_t targetWord = cursor.lastWord();
+  const auto *const connection = readConnection(cursor, armConnections);
   if (connection == nullptr)
     return code::refused;
-  const std::size_t connectionWord = cursor.observer.lastWord();
+  const std::size_t connectionWord = cursor.lastWord();
   if (connection->read(cursor, imp) == code::refused)
     return code::refused;
   ProcessorInfoImp &record = currentRecord(imp);
-  record.connectionType = connection->type;
-  record.connectionMask = maskDap;
-  identify(record, cortexA9);
-  cursor.observer.setsNow(connectionWord, connectionForm);
-  cursor.observer.setsNow(targetWord, maskForm);
-  cursor.observer.setsNow(targetWord, identityForm);
+  cursor.storeFor(connectionWord, record.connectionType, connection->type);
+  cursor.storeFor(targetWord, record.connectionMask, maskDap);
+  identify(cursor, targetWord, record, cortexA9);
   return code::done;
 }
-
-template int readLumacore(WordCursor<NoObserver> &, EngineImp &);
-template int readLumacore(WordCursor<Recorder> &, EngineImp &);
-template int readPpc(WordCursor<NoObserver> &, EngineImp &);
-template int readPpc(WordCursor<Recorder> &, EngineImp &);
-template int readArm(WordCursor<NoObserver> &, EngineImp &);
-template int readArm(WordCursor<Recorder> &, EngineImp &);
-template int readArmR5(WordCursor<NoObserver> &, EngineImp &);
-template int readArmR5(WordCursor<Recorder> &, EngineImp &);
-template int readDap(WordCursor<NoObserver> &, EngineImp &);
-template int readDap(WordCursor<Recorder> &, EngineImp &);
 
 void tellTarget(CommandText out, std::string_view target,
                 const ProcessorInfoImp &record) {
@@ -397,15 +366,15 @@ int writePpc(CommandText out, const EngineImp &imp) {
 }
 
 void describeLumacore(CommandTarget &target) {
-  describeConnections(target, lumacoreConnections<NoObserver>);
+  describeConnections(target, lumacoreConnections);
 }
 
 void describePpc(CommandTarget &target) {
-  describeConnections(target, ppcConnections<NoObserver>);
+  describeConnections(target, ppcConnections);
 }
 
 void describeArm(CommandTarget &target) {
-  describeConnections(target, armConnections<NoObserver>);
+  describeConnections(target, armConnections);
 }
 
 CommandOptionSet describeLumacoreSimulatorOptions() {
@@ -415,23 +384,23 @@ CommandOptionSet describeLumacoreSimulatorOptions() {
 } // namespace kvo
 
 int KvoOption_Parser::parse_lcoptions(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readLumacore<kvo::NoObserver>);
+  return kvo::consume(command, imp, kvo::readLumacore);
 }
 
 int KvoOption_Parser::parse_ppcoptions(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readPpc<kvo::NoObserver>);
+  return kvo::consume(command, imp, kvo::readPpc);
 }
 
 int KvoOption_Parser::parse_armoptions(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readArm<kvo::NoObserver>);
+  return kvo::consume(command, imp, kvo::readArm);
 }
 
 int KvoOption_Parser::parse_armr5options(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readArmR5<kvo::NoObserver>);
+  return kvo::consume(command, imp, kvo::readArmR5);
 }
 
 int KvoOption_Parser::parse_dapoptions(std::string &command, EngineImp &imp) {
-  return kvo::consume(command, imp, kvo::readDap<kvo::NoObserver>);
+  return kvo::consume(command, imp, kvo::readDap);
 }
 
 int KvoOption_Parser::write_lcoptions(std::string &out, EngineImp &imp) {

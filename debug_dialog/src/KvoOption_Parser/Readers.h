@@ -1,12 +1,11 @@
 // The readers of clauses and targets, each defined in the file of its clause.
 // Every one takes the text behind its own keyword from the cursor and returns a
-// code (Codes.h). All are instantiated for both observers.
+// code (Codes.h).
 #pragma once
 
 #include <string>
 #include <string_view>
 
-#include "KvoOption_Parser/Recorder.h"
 #include "KvoOption_Parser/WordCursor.h"
 
 namespace ZelDebugDialog {
@@ -15,53 +14,32 @@ class EngineImp;
 
 namespace ZelDebugDialog::kvo {
 
-template <class Observer>
-using Reader = int (*)(WordCursor<Observer> &cursor, EngineImp &imp);
+using Reader = int (*)(WordCursor &cursor, EngineImp &imp);
 
-template <class Observer>
-int readBoundaryScan(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readCable(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readConfigDevice(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readDebugDevice(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readFsl(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readModelSim(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readOptions(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readPpcSimulator(WordCursor<Observer> &cursor, EngineImp &imp);
+int readBoundaryScan(WordCursor &cursor, EngineImp &imp);
+int readCable(WordCursor &cursor, EngineImp &imp);
+int readConfigDevice(WordCursor &cursor, EngineImp &imp);
+int readDebugDevice(WordCursor &cursor, EngineImp &imp);
+int readFsl(WordCursor &cursor, EngineImp &imp);
+int readModelSim(WordCursor &cursor, EngineImp &imp);
+int readOptions(WordCursor &cursor, EngineImp &imp);
+int readPpcSimulator(WordCursor &cursor, EngineImp &imp);
 /// The value of the stub option `option`.
-template <class Observer>
-int readStubLine(WordCursor<Observer> &cursor, std::string_view option,
-                 EngineImp &imp);
+int readStubLine(WordCursor &cursor, std::string_view option, EngineImp &imp);
 
-template <class Observer>
-int readLumacore(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readPpc(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readArm(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readArmR5(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readDap(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readHdu(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readDcc(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readKmtc(WordCursor<Observer> &cursor, EngineImp &imp);
-template <class Observer>
-int readVirtualPlatform(WordCursor<Observer> &cursor, EngineImp &imp);
+int readLumacore(WordCursor &cursor, EngineImp &imp);
+int readPpc(WordCursor &cursor, EngineImp &imp);
+int readArm(WordCursor &cursor, EngineImp &imp);
+int readArmR5(WordCursor &cursor, EngineImp &imp);
+int readDap(WordCursor &cursor, EngineImp &imp);
+int readHdu(WordCursor &cursor, EngineImp &imp);
+int readDcc(WordCursor &cursor, EngineImp &imp);
+int readKmtc(WordCursor &cursor, EngineImp &imp);
+int readVirtualPlatform(WordCursor &cursor, EngineImp &imp);
 
 /// A reader's public form: takes what it reads off the front of a string.
-inline int consume(std::string &text, EngineImp &imp,
-                   Reader<NoObserver> reader) {
-  WordCursor<NoObserver> cursor(text);
+inline int consume(std::string &text, EngineImp &imp, Reader reader) {
+  WordCursor cursor(text);
   return reader(cursor, imp);
 }
 

@@ -14,7 +14,7 @@
 #include "KvoOption_Parser/Readers.h"
 #include "KvoOption_Parser/Words.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
+#include "facts/CurrentRecord.h"
 
 namespace ZelDebugDialog::kvo {
 
@@ -22,27 +22,25 @@ inline constexpr std::string_view ipcPortOption = "-ipcport";
 
 /// An option of a simulator. `value` is the last value that an option of the
 /// set has read; it lives for the whole walk.
-template <class Observer> struct SimulatorOption {
+struct SimulatorOption {
   std::string_view keyword;
-  int (*read)(WordCursor<Observer> &cursor, std::string_view &value,
-              EngineImp &imp);
+  int (*read)(WordCursor &cursor, std::string_view &value, EngineImp &imp);
   DescribeOption describe;
 };
 
 /// Reads options to the end of the text. The message about an unknown one
 /// quotes the last value, not the option.
-template <class Observer, std::size_t size>
-int readSimulatorOptions(
-    WordCursor<Observer> &cursor, EngineImp &imp,
-    const std::array<SimulatorOption<Observer>, size> &options,
-    std::string_view unknown, std::string_view value) {
+template <std::size_t size>
+int readSimulatorOptions(WordCursor &cursor, EngineImp &imp,
+                         const std::array<SimulatorOption, size> &options,
+                         std::string_view unknown, std::string_view value) {
   int next = cursor.goOn(cursor.nextOption());
   while (next == code::option) {
     const auto *const option =
         findRow(options, KvoOption_Parser::current_option, cursor.characters);
     if (option == nullptr) {
       next = refuse(imp, unknown, {value});
-      cursor.observer.fault(CommandFaultKind::unknownOption, options);
+      cursor.fault(CommandFaultKind::unknownOption, options);
     } else {
       next = option->read(cursor, value, imp);
       if (next == code::done)
@@ -55,28 +53,28 @@ int readSimulatorOptions(
 
 /// Reads a value whatever it is: an option word counts as one, and at the end
 /// of the text the earlier value stays.
-template <class Observer, class Value>
-void readUnexamined(WordCursor<Observer> &cursor, Value &value,
-                    const ValueForm &form) {
+inline void readUnexamined(WordCursor &cursor, std::string_view &value,
+                           const ValueForm &form) {
   if (cursor.next(value, WordRole::value) == code::end)
-    cursor.observer.missing(CommandFaultKind::missingValue);
+    cursor.missing(CommandFaultKind::missingValue);
   else
-    cursor.observer.sets(form);
+    cursor.reads(form);
 }
 
 /// Stores "host:port"; ":port" is on the local host. Without a colon the host
 /// stays, and the port becomes the default if there is one.
-inline void storeIpcPort(std::string_view value, std::string &host,
-                         std::int32_t &port,
+inline void storeIpcPort(WordCursor &cursor, std::string_view value,
+                         std::string &host, std::int32_t &port,
                          std::optional<std::int32_t> defaultPort) {
   const std::size_t colon = value.find(':');
   if (colon == std::string_view::npos) {
-    port = defaultPort.value_or(port);
+    if (defaultPort)
+      cursor.store(port, *defaultPort);
     return;
   }
   const std::int64_t number = toSigned(value.substr(colon + 1), 10);
-  host = colon == 0 ? "localhost" : value.substr(0, colon);
-  port = lowBits<std::int32_t>(number);
+  cursor.store(host, colon == 0 ? "localhost" : value.substr(0, colon));
+  cursor.store(port, lowBits<std::int32_t>(number));
 }
 
 } // namespace ZelDebugDialog::kvo

@@ -12,20 +12,23 @@ namespace kvo {
 
 namespace {
 
+constexpr const Fields &portField = fields<&ProcessorInfoImp::stubSerialPort>;
+constexpr const Fields &baudField = fields<&ProcessorInfoImp::stubBaudRate>;
+constexpr const Fields &timeoutField = fields<&ProcessorInfoImp::stubTimeout>;
+
 constexpr std::array<NamedValue, 2> lineKinds{
     {{jtagLine, Engine::STUB_JTAG}, {serialLine, Engine::STUB_SERIAL}}};
 
 int readLineKind(const Argument &argument, EngineImp &imp) {
-  const auto *const kind =
-      findRow(lineKinds, argument.value, argument.characters);
+  const auto *const kind = findNamed(argument, lineKinds);
   if (kind == nullptr)
     return code::refused;
-  currentRecord(imp).stubType = kind->value;
+  argument.cursor.store(currentRecord(imp).stubType, kind->value);
   return code::done;
 }
 
 int readPort(const Argument &argument, EngineImp &imp) {
-  currentRecord(imp).stubSerialPort = argument.value;
+  argument.cursor.store(currentRecord(imp).stubSerialPort, argument.value);
   return code::done;
 }
 
@@ -35,25 +38,20 @@ template <auto Field> int readNumber(const Argument &argument, EngineImp &imp) {
 }
 
 constexpr std::array<Parameter<EngineImp>, 4> parameters{{
-    {commOption, readLineKind, oneOf(lineKinds, "stubType")},
-    {portOption, readPort, text("stubSerialPort")},
+    {commOption, readLineKind,
+     oneOf(lineKinds, fields<&ProcessorInfoImp::stubType>)},
+    {portOption, readPort, text(portField)},
     {baudOption, readNumber<&ProcessorInfoImp::stubBaudRate>,
-     number("stubBaudRate")},
+     number(baudField)},
     {timeoutOption, readNumber<&ProcessorInfoImp::stubTimeout>,
-     number("stubTimeout")},
+     number(timeoutField)},
 }};
 
 constexpr std::string_view baudWords = "  -baud  "; // twice two blanks
 
-constexpr const Fields &portField = fields<&ProcessorInfoImp::stubSerialPort>;
-constexpr const Fields &baudField = fields<&ProcessorInfoImp::stubBaudRate>;
-constexpr const Fields &timeoutField = fields<&ProcessorInfoImp::stubTimeout>;
-
 } // namespace
 
-template <class Observer>
-int readStubLine(WordCursor<Observer> &cursor, std::string_view option,
-                 EngineImp &imp) {
+int readStubLine(WordCursor &cursor, std::string_view option, EngineImp &imp) {
   const auto *const parameter = findRow(parameters, option, cursor.characters);
   const NamedValues accepted =
       parameter == nullptr ? NamedValues() : parameter->form.names;
@@ -63,17 +61,12 @@ int readStubLine(WordCursor<Observer> &cursor, std::string_view option,
     return result;
   if (parameter == nullptr)
     return refuse(imp, unknownParameterOfOption, {option, value});
-  cursor.observer.sets(parameter->form);
-  const int result = parameter->apply({option, value, cursor.characters}, imp);
+  cursor.reads(parameter->form);
+  const int result = parameter->apply({option, value, cursor}, imp);
   if (result != code::done)
-    cursor.observer.fault(CommandFaultKind::refusedValue, accepted);
+    cursor.fault(CommandFaultKind::refusedValue, accepted);
   return result;
 }
-
-template int readStubLine(WordCursor<NoObserver> &, std::string_view,
-                          EngineImp &);
-template int readStubLine(WordCursor<Recorder> &, std::string_view,
-                          EngineImp &);
 
 void writeStubLine(CommandText out, const EngineImp &imp) {
   const ProcessorInfoImp &record = currentRecord(imp);
@@ -98,7 +91,7 @@ void describeStubLine(CommandOption &option) {
 
 int KvoOption_Parser::parse_commoptions(std::string &command,
                                         std::string &option, EngineImp &imp) {
-  kvo::WordCursor<kvo::NoObserver> cursor(command);
+  kvo::WordCursor cursor(command);
   return kvo::readStubLine(cursor, option, imp);
 }
 

@@ -1,6 +1,8 @@
+#include <stdexcept>
 #include <utility>
 
 #include "KvoOption_Parser/WordCursor.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 
 namespace ZelDebugDialog {
@@ -11,15 +13,17 @@ namespace kvo {
 
 namespace {
 
+/// Nearly all characters that are looked at are above the blank.
 bool isSeparator(char character) {
+  if (static_cast<unsigned char>(character) > ' ')
+    return false;
   return character == ' ' || character == '\t';
 }
 
-bool isDigit(char character) { return character >= '0' && character <= '9'; }
-
 } // namespace
 
-Words::Words(std::string &origin) : source(origin), text(std::move(origin)) {
+WordCursor::WordCursor(std::string &origin, Recorder *listener)
+    : recorder(listener), source(origin), text(std::move(origin)) {
   source.clear();
   position = text.data();
   end = position + text.size();
@@ -27,13 +31,13 @@ Words::Words(std::string &origin) : source(origin), text(std::move(origin)) {
     --end;
 }
 
-Words::~Words() {
+WordCursor::~WordCursor() {
   text.resize(static_cast<std::size_t>(end - text.data()));
   text.erase(0, static_cast<std::size_t>(position - text.data()));
   source = std::move(text);
 }
 
-std::string_view Words::peek() {
+std::string_view WordCursor::peek() {
   const char *const last = end;
   const char *first = position;
   while (first != last && characters.isSpace(*first))
@@ -47,25 +51,63 @@ std::string_view Words::peek() {
   return {first, static_cast<std::size_t>(stop - first)};
 }
 
-int Words::accept(std::string_view word) {
-  advance(word);
+int WordCursor::accept(std::string_view word) {
+  position += word.size();
   // Under a locale to which a blank is no white space a word may be empty.
   if (word.empty() || word.front() != '-')
     return code::value;
-  // The second character is fetched with a bounds check: a lone "-" raises the
+  // A lone "-": fetching the character behind it with a bounds check raises the
   // standard out-of-range error, for the caller of the public operation to see.
   if (word.size() == 1)
     return std::string(word).at(1);
-  if (isDigit(word[1]))
+  if (!IsOptionWord(word))
     return code::value;
   KvoOption_Parser::current_option = word;
   return code::option;
 }
 
+int WordCursor::acceptTraced(std::string_view word, WordRole role) {
+  recorder->took(static_cast<std::size_t>(position - text.data()), word, role);
+  try {
+    return accept(word);
+  } catch (const std::out_of_range &) {
+    recorder->fault(CommandFaultKind::loneDash);
+    if (!recorder->goesOn())
+      throw;
+    return code::refused;
+  }
+}
+
+int WordCursor::goOnTraced(int next) {
+  if (!recorder->goesOn())
+    return next;
+  while (next != code::option && next != code::end) {
+    if (recorder->takesUpLostOption())
+      return code::option;
+    std::string_view word;
+    next = this->next(word, WordRole::option);
+    if (next == code::value)
+      recorder->isNow(WordRole::ignored);
+  }
+  return next;
+}
+
+void WordCursor::ignoreRest() {
+  for (;;) {
+    const std::string_view word = peek();
+    if (word.empty())
+      return;
+    if (recorder != nullptr)
+      recorder->took(static_cast<std::size_t>(position - text.data()), word,
+                     WordRole::ignored);
+    position += word.size();
+  }
+}
+
 } // namespace kvo
 
 int KvoOption_Parser::get_token(std::string &input, std::string &token) {
-  kvo::WordCursor<kvo::NoObserver> cursor(input);
+  kvo::WordCursor cursor(input);
   return cursor.next(token, WordRole::ignored);
 }
 

@@ -6,14 +6,10 @@
 #include <string_view>
 
 #include "ZelDebugDialog/CommandTrace.h"
+#include "ZelDebugDialog/EngineFacts.h"
+#include "facts/FieldRows.h"
 
 namespace ZelDebugDialog::kvo {
-
-/// A word that stands for a number of its field.
-struct NamedValue {
-  std::string_view keyword;
-  std::uint32_t value;
-};
 
 struct NamedValues {
   const NamedValue *first = nullptr;
@@ -25,35 +21,29 @@ struct NamedValues {
 
 struct ValueForm {
   ValueConversion conversion = ValueConversion::none;
-  /// The fields, with blanks between them. "cable." and "chain." stand in front
-  /// of those of the cable and of the chain's newest device.
-  std::string_view fields;
+  Fields changed; ///< what it may change
   NamedValues names;
 };
 
-constexpr ValueForm lowByte(std::string_view field) {
-  return {ValueConversion::lowByte, field, {}};
+constexpr ValueForm lowByte(const Fields &changed) {
+  return {ValueConversion::lowByte, changed, {}};
 }
-constexpr ValueForm number(std::string_view fields) {
-  return {ValueConversion::number, fields, {}};
+constexpr ValueForm number(const Fields &changed) {
+  return {ValueConversion::number, changed, {}};
 }
-constexpr ValueForm signedNumber(std::string_view fields) {
-  return {ValueConversion::signedNumber, fields, {}};
+constexpr ValueForm signedNumber(const Fields &changed) {
+  return {ValueConversion::signedNumber, changed, {}};
 }
-constexpr ValueForm text(std::string_view fields) {
-  return {ValueConversion::text, fields, {}};
+constexpr ValueForm text(const Fields &changed) {
+  return {ValueConversion::text, changed, {}};
 }
-constexpr ValueForm hostAndPort(std::string_view fields) {
-  return {ValueConversion::hostAndPort, fields, {}};
-}
-/// What changes fields by being there.
-constexpr ValueForm flag(std::string_view fields) {
-  return {ValueConversion::none, fields, {}};
+constexpr ValueForm hostAndPort(const Fields &changed) {
+  return {ValueConversion::hostAndPort, changed, {}};
 }
 template <std::size_t size>
 constexpr ValueForm oneOf(const std::array<NamedValue, size> &names,
-                          std::string_view fields) {
-  return {ValueConversion::namedValue, fields, {names.data(), size}};
+                          const Fields &changed) {
+  return {ValueConversion::namedValue, changed, {names.data(), size}};
 }
 
 } // namespace ZelDebugDialog::kvo

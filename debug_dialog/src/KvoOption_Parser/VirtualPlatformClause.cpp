@@ -5,7 +5,7 @@
 #include "KvoOption_Parser/SimulatorOptions.h"
 #include "KvoOption_Parser/Writers.h"
 #include "ZelDebugDialog/Engine.h"
-#include "ZelDebugDialog_Engine/Families.h"
+#include "ZelDebugDialog/EngineFacts.h"
 
 namespace ZelDebugDialog {
 
@@ -22,8 +22,9 @@ constexpr std::array<NamedValue, 1> configModes{{{cycleApproximateWord, 1}}};
 constexpr std::int32_t defaultPort = 2340;
 
 constexpr ValueForm configForm =
-    oneOf(configModes, "vpConfigMode cycleApproximate");
-constexpr ValueForm ipcPortForm = hostAndPort("simIpcHost simIpcPort");
+    oneOf(configModes, fields<&ProcessorInfoImp::vpConfigMode,
+                              &ProcessorInfoImp::cycleApproximate>);
+constexpr ValueForm ipcPortForm = hostAndPort(simulatorHostFields);
 
 void describeConfig(CommandOption &option) {
   describeOptionValue(option, configForm);
@@ -33,35 +34,31 @@ void describeIpcPort(CommandOption &option) {
   describeOptionValue(option, ipcPortForm);
 }
 
-template <class Observer>
-int readConfig(WordCursor<Observer> &cursor, std::string_view &value,
-               EngineImp &imp) {
+int readConfig(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
   if (cursor.nextValue(value, configModes) != code::value)
     return code::refused;
-  cursor.observer.sets(configForm);
+  cursor.reads(configForm);
   const auto *const mode = findRow(configModes, value, cursor.characters);
   if (mode == nullptr) {
-    cursor.observer.fault(CommandFaultKind::refusedValue, configModes);
+    cursor.fault(CommandFaultKind::refusedValue, configModes);
     return code::refused;
   }
-  currentRecord(imp).vpConfigMode = 1;
-  currentRecord(imp).cycleApproximate = mode->value;
+  cursor.store(currentRecord(imp).vpConfigMode, 1U);
+  cursor.store(currentRecord(imp).cycleApproximate, mode->value);
   return code::done;
 }
 
-template <class Observer>
-int readIpcPort(WordCursor<Observer> &cursor, std::string_view &value,
-                EngineImp &imp) {
+int readIpcPort(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
   if (cursor.nextValue(value) != code::value)
     return code::refused;
-  cursor.observer.sets(ipcPortForm);
+  cursor.reads(ipcPortForm);
   ProcessorInfoImp &record = currentRecord(imp);
-  storeIpcPort(value, record.simIpcHost, record.simIpcPort, defaultPort);
+  storeIpcPort(cursor, value, record.simIpcHost, record.simIpcPort,
+               defaultPort);
   return code::done;
 }
 
-template <class Observer>
-constexpr std::array<SimulatorOption<Observer>, 2> options{{
+constexpr std::array<SimulatorOption, 2> options{{
     {configOption, readConfig, describeConfig},
     {ipcPortOption, readIpcPort, describeIpcPort},
 }};
@@ -113,36 +110,30 @@ void writeHost(CommandText out, const ProcessorInfoImp &record) {
 
 } // namespace
 
-template <class Observer>
-int readVirtualPlatform(WordCursor<Observer> &cursor, EngineImp &imp) {
+int readVirtualPlatform(WordCursor &cursor, EngineImp &imp) {
   std::string_view value;
   if (cursor.next(value, WordRole::target) == code::end) {
-    cursor.observer.missing(CommandFaultKind::missingTarget, vpTargets);
+    cursor.missing(CommandFaultKind::missingTarget, vpTargets);
     return code::refused;
   }
   if (findRow(vpTargets, value, cursor.characters) == nullptr) {
-    cursor.observer.fault(CommandFaultKind::unknownTarget, vpTargets);
+    cursor.fault(CommandFaultKind::unknownTarget, vpTargets);
     return code::refused;
   }
   ProcessorInfoImp &record = currentRecord(imp);
   const bool hasDesign = imp.hwManager != nullptr;
   if (hasDesign && (record.connectionMask & Engine::CONNECT_VP) == 0) {
-    cursor.observer.fault(CommandFaultKind::connectionNotAllowed);
+    cursor.fault(CommandFaultKind::connectionNotAllowed);
     return code::refused;
   }
-  cursor.observer.sets(flag("connectionType"));
-  record.connectionType = Engine::CONNECT_VP;
+  cursor.store(record.connectionType, Engine::CONNECT_VP);
   if (!hasDesign) {
-    cursor.observer.sets(flag("connectionType connectionMask procType"));
-    record.connectionMask |= Engine::CONNECT_VP;
-    record.procType = typeLumacore;
+    cursor.store(record.connectionMask,
+                 record.connectionMask | Engine::CONNECT_VP);
+    cursor.store(record.procType, typeLumacore);
   }
-  return readSimulatorOptions(cursor, imp, options<Observer>, unknownVpOption,
-                              value);
+  return readSimulatorOptions(cursor, imp, options, unknownVpOption, value);
 }
-
-template int readVirtualPlatform(WordCursor<NoObserver> &, EngineImp &);
-template int readVirtualPlatform(WordCursor<Recorder> &, EngineImp &);
 
 int writeVirtualPlatform(CommandText out, const EngineImp &imp) {
   const ProcessorInfoImp &record = currentRecord(imp);
@@ -179,7 +170,7 @@ void leaveOutVirtualPlatform(WriteRecorder &recorder) {
 }
 
 CommandOptionSet describeVirtualPlatformOptions() {
-  return describeOptions(virtualPlatformOptions, options<NoObserver>);
+  return describeOptions(virtualPlatformOptions, options);
 }
 
 } // namespace kvo
@@ -187,7 +178,7 @@ CommandOptionSet describeVirtualPlatformOptions() {
 unsigned KvoOption_Parser::parse_vpoptions(std::string &command,
                                            EngineImp &imp) {
   return static_cast<unsigned>(
-      kvo::consume(command, imp, kvo::readVirtualPlatform<kvo::NoObserver>));
+      kvo::consume(command, imp, kvo::readVirtualPlatform));
 }
 
 int KvoOption_Parser::write_vpoptions(std::string &out, EngineImp &imp) {

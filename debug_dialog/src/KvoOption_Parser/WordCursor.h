@@ -4,72 +4,53 @@
 // dropped. The cursor holds the text while it walks and gives back what is left
 // when it ends, so that a text is cut once, however many words are read. Words
 // are views into the text and live as long as the cursor.
+//
+// A cursor may have a recorder, which is told what each word is, what it
+// changes and what is wrong with it. Mostly it has none: a reader then pays for
+// a look at a null pointer.
 #pragma once
 
-#include <stdexcept>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "KvoOption_Parser/Characters.h"
 #include "KvoOption_Parser/Codes.h"
-#include "KvoOption_Parser/Observer.h"
+#include "KvoOption_Parser/Recorder.h"
+#include "KvoOption_Parser/ValueForm.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 
 namespace ZelDebugDialog::kvo {
 
-/// The text of a cursor and its place in it.
-class Words {
+class WordCursor {
 public:
-  Words(const Words &) = delete;
-  Words &operator=(const Words &) = delete;
-
-  Characters characters;
-
-protected:
   /// Takes the text out of `origin`, which is empty until the end.
-  explicit Words(std::string &origin);
-  ~Words();
+  explicit WordCursor(std::string &origin, Recorder *listener = nullptr);
+  ~WordCursor();
+  WordCursor(const WordCursor &) = delete;
+  WordCursor &operator=(const WordCursor &) = delete;
 
-  /// Finds the next word, and drops the white space in front of it.
-  std::string_view peek();
-  bool atEnd() const { return position == end; }
-  void advance(std::string_view word) { position += word.size(); }
-  /// Goes behind the word that was found and classifies it.
-  int accept(std::string_view word);
-  std::size_t offset() const {
-    return static_cast<std::size_t>(position - text.data());
-  }
-
-private:
-  std::string &source;
-  std::string text;
-  const char *position; // into `text`, as is `end`
-  const char *end;
-};
-
-template <class Observer> class WordCursor : public Words {
-public:
-  explicit WordCursor(std::string &origin, Observer watcher = {})
-      : Words(origin), observer(watcher) {}
+  // --- Reading
+  // ----------------------------------------------------------------
 
   /// Reads the next word: `code::value`, or `code::option`, which is also
   /// copied to `current_option`, or `code::end` with `word` as it was. A lone
   /// "-" is refused by std::out_of_range, after it was read into `word`.
   template <class Word> int next(Word &word, WordRole role) {
     const std::string_view found = peek();
-    if (atEnd())
+    if (position == end)
       return code::end;
     word = found;
-    observer.took(offset(), found, role);
-    return classify(found);
+    return recorder == nullptr ? accept(found) : acceptTraced(found, role);
   }
 
   /// Reads the next word where an option belongs.
   template <class Word> int nextOption(Word &word) {
     const int result = next(word, WordRole::option);
-    if (result == code::value) {
-      observer.isNow(WordRole::value);
-      observer.fault(CommandFaultKind::notAnOption);
+    if (result == code::value && recorder != nullptr) {
+      recorder->isNow(WordRole::value);
+      recorder->fault(CommandFaultKind::notAnOption);
     }
     return result;
   }
@@ -88,12 +69,8 @@ public:
   template <class Word, class Keywords = NamedValues>
   int nextValue(Word &value, const Keywords &accepted = {}) {
     const int result = next(value, WordRole::value);
-    if (result == code::end)
-      observer.missing(CommandFaultKind::missingValue, accepted);
-    if (result == code::option) {
-      observer.isNow(WordRole::lost);
-      observer.fault(CommandFaultKind::missingValue, accepted);
-    }
+    if (result != code::value && recorder != nullptr)
+      recorder->lacksValue(result, accepted);
     return result;
   }
 
@@ -102,47 +79,93 @@ public:
   /// value.
   int nextPair(std::string_view &name, std::string_view &value) {
     if (const int result = next(name, WordRole::name); result != code::value) {
-      if (result == code::option)
-        observer.isNow(WordRole::option);
+      if (result == code::option && recorder != nullptr)
+        recorder->isNow(WordRole::option);
       return result;
     }
     return nextValue(value) == code::value ? code::value : code::refused;
   }
 
-  /// What a walk over options goes on with. An observer may have it go on at
-  /// the next option where it would be refused.
-  int goOn(int next) {
-    if constexpr (Observer::isOn)
-      if (observer.goesOn())
-        while (next != code::option && next != code::end) {
-          std::string_view word;
-          next = this->next(word, WordRole::option);
-          if (next == code::value)
-            observer.isNow(WordRole::ignored);
-        }
-    return next;
-  }
+  /// What a walk over options goes on with. A recorder may have it go on at the
+  /// next option where it would be refused.
+  int goOn(int next) { return recorder == nullptr ? next : goOnTraced(next); }
 
   /// Passes what is left of the text.
-  void ignoreRest() {
-    for (;;) {
-      const std::string_view word = peek();
-      if (word.empty())
-        return;
-      observer.took(offset(), word, WordRole::ignored);
-      advance(word);
+  void ignoreRest();
+
+  // --- Storing
+  // ----------------------------------------------------------------
+
+  /// Gives a field of the state the value that the last word says.
+  template <class Field, class Value>
+  void store(Field &field, const Value &value) {
+    if (recorder == nullptr) {
+      field = value;
+      return;
     }
+    recorder->keepValue(&field);
+    field = value;
+    recorder->stored(&field);
+  }
+  /// The same for an earlier word: what the last words gave to the field is
+  /// replaced.
+  template <class Field, class Value>
+  void storeFor(std::size_t word, Field &field, const Value &value) {
+    if (recorder == nullptr) {
+      field = value;
+      return;
+    }
+    recorder->keepValue(&field);
+    field = value;
+    recorder->storedFor(word, &field);
   }
 
-  Observer observer;
+  // --- Telling
+  // ----------------------------------------------------------------
+
+  /// How the last word is read.
+  void reads(const ValueForm &form) const {
+    if (recorder != nullptr)
+      recorder->reads(form);
+  }
+  /// The last word has another role than it was read for.
+  void isNow(WordRole role) const {
+    if (recorder != nullptr)
+      recorder->isNow(role);
+  }
+  /// The index of the last word.
+  std::size_t lastWord() const {
+    return recorder == nullptr ? 0 : recorder->lastWord();
+  }
+  /// The word `back` words before the last is at fault (0: the last).
+  template <class Keywords = NamedValues>
+  void fault(CommandFaultKind kind, const Keywords &accepted = {},
+             std::size_t back = 0) const {
+    if (recorder != nullptr)
+      recorder->fault(kind, accepted, back);
+  }
+  /// The text ended where a word belongs.
+  template <class Keywords = NamedValues>
+  void missing(CommandFaultKind kind, const Keywords &accepted = {}) const {
+    if (recorder != nullptr)
+      recorder->missing(kind, accepted);
+  }
+
+  Characters characters;
+  Recorder *const recorder; ///< null where nobody listens
 
 private:
-  int classify(std::string_view word) {
-    if constexpr (Observer::isOn)
-      return observer.classify([&] { return accept(word); });
-    else
-      return accept(word);
-  }
+  /// Finds the next word, and drops the white space in front of it.
+  std::string_view peek();
+  /// Goes behind the word that was found and classifies it.
+  int accept(std::string_view word);
+  [[gnu::cold]] int acceptTraced(std::string_view word, WordRole role);
+  [[gnu::cold]] int goOnTraced(int next);
+
+  std::string &source;
+  std::string text;
+  const char *position; // into `text`, as is `end`
+  const char *end;
 };
 
 } // namespace ZelDebugDialog::kvo

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/SettingFields.h"
-#include "facts/OptionWord.h"
 
 namespace ZelDebugDialog::kvo {
 
@@ -83,7 +83,7 @@ std::string_view WriteRecorder::wroteRest(const std::string &text,
 
 void WriteRecorder::expectValue(std::string_view value, const Fields &carried) {
   expectAnyWord(value, carried);
-  if (isOptionWord(value))
+  if (IsOptionWord(value))
     cannotBeRead(carried, OmissionReason::leadingMinus);
 }
 

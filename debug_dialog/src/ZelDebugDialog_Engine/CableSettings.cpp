@@ -6,10 +6,10 @@
 #include "ZelDebugDialog/CableCatalogue.h"
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
-#include "ZelDebugDialog_Engine/CableCatalogue.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Results.h"
 #include "ZelDebugDialog_Engine/ScratchEngine.h"
+#include "facts/CableCatalogue.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 

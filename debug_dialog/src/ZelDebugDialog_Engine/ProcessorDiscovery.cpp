@@ -10,20 +10,15 @@
 
 #include "HHSMHwManager.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/EngineImp.h"
-#include "ZelDebugDialog_Engine/Families.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 
 namespace {
 
-// IP type names, compared exactly.
-constexpr std::array<std::string_view, 2> debugModuleTypes{"hdu_cedar", "hdu"};
-constexpr std::string_view ppcControllerType = "ppc_jtag_link";
 constexpr std::string_view ppc405InTypeName = "405";
-constexpr std::string_view lumacoreType = "lumacore";
-constexpr std::string_view cortexA9Type = "soc_cortexa9";
 
 /// One walk through a design. Processors are numbered anew, each family on its
 /// own.
@@ -105,7 +100,7 @@ void Discovery::appendUnattachedLumacores() {
   std::unordered_set<std::string_view> listed;
   for (const ProcessorInfoImp *const record : imp.processorList)
     listed.insert(record->instanceName);
-  for (const std::string &name : instancesOf(lumacoreType)) {
+  for (const std::string &name : instancesOf(lumacoreTypeName)) {
     if (listed.count(name) != 0)
       continue;
     appendLumacore(name, Engine::CONNECT_SIM);
@@ -114,7 +109,7 @@ void Discovery::appendUnattachedLumacores() {
 }
 
 void Discovery::appendCortexA9() {
-  for (const std::string &name : instancesOf(cortexA9Type))
+  for (const std::string &name : instancesOf(cortexA9TypeName))
     append(name, familyArm, typeCortexA9, Engine::CONNECT_HW, ++cortexA9s);
 }
 

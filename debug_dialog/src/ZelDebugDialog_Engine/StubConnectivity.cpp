@@ -6,17 +6,10 @@
 
 #include "HHSMHwManager.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/EngineImp.h"
-#include "ZelDebugDialog_Engine/Families.h"
 
 namespace ZelDebugDialog {
-
-namespace {
-
-constexpr std::array<std::string_view, 2> stubUarts{"uart_mini_cedar",
-                                                    "uart_mini_ember"};
-
-} // namespace
 
 std::uint32_t EngineImp::IsStubSerialConnect(std::string processor) {
   if (hwManager == nullptr)
@@ -25,7 +18,8 @@ std::uint32_t EngineImp::IsStubSerialConnect(std::string processor) {
   hwManager->getPeripherals(peripherals, processor);
   for (const std::string &peripheral : peripherals) {
     const std::string type = hwManager->getIpName(peripheral);
-    if (std::find(stubUarts.begin(), stubUarts.end(), type) != stubUarts.end())
+    if (std::find(stubUartTypes.begin(), stubUartTypes.end(), type) !=
+        stubUartTypes.end())
       return Engine::CONNECT_STUB | stubOverUart;
   }
   return 0;

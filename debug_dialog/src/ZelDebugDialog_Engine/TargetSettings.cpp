@@ -1,10 +1,10 @@
 #include <string>
 
 #include "ZelDebugDialog/Engine.h"
-#include "ZelDebugDialog_Engine/AddressRegions.h"
-#include "ZelDebugDialog_Engine/CurrentRecord.h"
-#include "ZelDebugDialog_Engine/Families.h"
-#include "ZelDebugDialog_Engine/Results.h"
+#include "ZelDebugDialog/EngineFacts.h"
+#include "facts/AddressRegions.h"
+#include "facts/CurrentRecord.h"
+#include "facts/Results.h"
 
 namespace ZelDebugDialog {
 
@@ -33,7 +33,7 @@ int getMapAddress(EngineImp &imp, std::uint32_t ProcessorInfoImp::*field,
 }
 
 int setRegion(EngineImp &imp, const AddressRegion &region, unsigned address) {
-  if (!isRegionAligned(address)) {
+  if (!IsRegionAligned(address)) {
     imp.errorStr = region.misaligned;
     return result::notSet;
   }

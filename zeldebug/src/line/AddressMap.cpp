@@ -1,7 +1,5 @@
 #include "line/AddressMap.h"
 
-#include <array>
-
 #include <fmt/format.h>
 
 #include <ZelDebugDialog/ConfigurationModel/Refusal.h>
@@ -12,25 +10,26 @@ namespace zeldebug {
 
 namespace {
 
+using ZelDebugDialog::AddressMapInfo;
+using ZelDebugDialog::FindSetting;
+using ZelDebugDialog::GetAddressMap;
+using ZelDebugDialog::ReadSetting;
 using ZelDebugDialog::Refusal;
 using ZelDebugDialog::SettingValues;
+using ZelDebugDialog::Value;
 
-constexpr std::int64_t step = 0x10000;
-constexpr std::int64_t unset = 0xFFFFFFFF;
-
-// In the order in which they lie.
-constexpr std::array<const char *, 6> regions{"icacheStartAdr", "itagStartAdr",
-                                              "dcacheStartAdr", "dtagStartAdr",
-                                              "dcrStartAdr",    "tlbStartAdr"};
-
-constexpr std::int64_t lastBase =
-    unset + 1 - step * static_cast<std::int64_t>(regions.size());
+/// The last one with room behind it for all regions.
+std::int64_t lastBase() {
+  const AddressMapInfo &map = GetAddressMap();
+  const std::int64_t most = FindSetting(map.base)->maximum.value_or(0);
+  return most + 1 - map.step * static_cast<std::int64_t>(map.regions.size());
+}
 
 std::int64_t expectBase(const std::string &option, const std::string &text) {
+  const AddressMapInfo &map = GetAddressMap();
   try {
-    const std::int64_t base =
-        ZelDebugDialog::ReadSetting(addressMapBase, text).Number();
-    if (base <= lastBase)
+    const std::int64_t base = ReadSetting(map.base, text).Number();
+    if (base <= lastBase())
       return base;
   } catch (const Refusal &) {
     // It is told with the limits of the whole map.
@@ -38,29 +37,29 @@ std::int64_t expectBase(const std::string &option, const std::string &text) {
   throw Failure(ExitStatus::wrongUse,
                 fmt::format("{}: '{}' is no number from 0x0 to {:#x} that is a "
                             "multiple of {:#x} (decimal or 0x)",
-                            option, text, lastBase, step),
+                            option, text, lastBase(), map.step),
                 {"bad-value", option, text});
 }
 
 } // namespace
 
-const char *const addressMapBase = "debugAddressMap";
-const char *const firstRegion = regions.front();
-
 SettingValues expectAddressMap(const std::string &option,
                                const std::string &text) {
+  const AddressMapInfo &map = GetAddressMap();
   std::int64_t address = expectBase(option, text);
-  SettingValues values{{addressMapBase, address}};
-  for (const char *region : regions) {
+  SettingValues values{{map.base, address}};
+  for (const std::string &region : map.regions) {
     values.emplace_back(region, address);
-    address += step;
+    address += map.step;
   }
   return values;
 }
 
 SettingValues noAddressMap() {
-  SettingValues values{{addressMapBase, unset}};
-  for (const char *region : regions)
+  const AddressMapInfo &map = GetAddressMap();
+  const Value unset = ReadSetting(map.base, "unset");
+  SettingValues values{{map.base, unset}};
+  for (const std::string &region : map.regions)
     values.emplace_back(region, unset);
   return values;
 }

@@ -1,8 +1,7 @@
-// The PowerPC debug address map as a whole: six regions in a row.
+// The PowerPC debug address map as a whole.
 #ifndef ZELDEBUG_ADDRESSMAP_H
 #define ZELDEBUG_ADDRESSMAP_H
 
-#include <cstdint>
 #include <string>
 
 #include <ZelDebugDialog/ConfigurationModel/Session.h>
@@ -10,7 +9,7 @@
 namespace zeldebug {
 
 /// The settings of the map that begins at the base which a text gives: each
-/// region 0x10000 behind the one before.
+/// region right behind the one before.
 /// @param option  for messages
 /// @throws Failure (wrong use)
 ZelDebugDialog::SettingValues expectAddressMap(const std::string &option,
@@ -18,11 +17,6 @@ ZelDebugDialog::SettingValues expectAddressMap(const std::string &option,
 
 /// Those of no map at all.
 ZelDebugDialog::SettingValues noAddressMap();
-
-/// The setting that follows the first region, and has the map's base.
-extern const char *const addressMapBase;
-/// The first region.
-extern const char *const firstRegion;
 
 } // namespace zeldebug
 

@@ -153,7 +153,7 @@ std::unique_ptr<DesignModel> DesignOptions::read(Output &output) const {
 
 std::unique_ptr<DesignModel>
 DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
-                            const Output &output) const {
+                            Output &output) const {
   auto design = std::make_unique<DesignModel>();
   const bool isRead = ProposeKinds(expectSources(), proposal, *design);
   expectRead(isRead, *design, output);

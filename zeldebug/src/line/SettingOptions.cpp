@@ -274,8 +274,10 @@ void SettingOptions::readAddressMap(AskedSettings &asked) const {
   for (const SettingValues &map : maps)
     for (const auto &[setting, value] : map) {
       // The base follows the first region.
+      const ZelDebugDialog::AddressMapInfo &info =
+          ZelDebugDialog::GetAddressMap();
       const bool follows =
-          setting == addressMapBase && single.count(firstRegion) != 0;
+          setting == info.base && single.count(info.regions.front()) != 0;
       if (single.count(setting) == 0 && !follows)
         add(asked, setting, value, option);
     }

@@ -63,7 +63,7 @@ CheckCommand(const std::string &text, const CheckOptions &options = {});
 /// A setting that a word gives another value, or the value that it had.
 struct WordChange {
   std::string setting;
-  Value before; ///< Nothing for a device that was not there.
+  Value before; ///< Of a new device: its default.
   Value after;  ///< Nothing for one that was dropped with its clause.
 };
 

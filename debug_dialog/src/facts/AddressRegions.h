@@ -40,9 +40,4 @@ inline constexpr std::array<const AddressRegion *, 6> addressRegions{
     &icacheRegion, &itagRegion, &dcacheRegion,
     &dtagRegion,   &tlbRegion,  &dcrRegion};
 
-/// Whether an address is on a 64 KiB boundary.
-constexpr bool isRegionAligned(std::uint32_t address) {
-  return (address & 0xFFFF) == 0;
-}
-
 } // namespace ZelDebugDialog

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
-#include "KvoOption_Parser/ValueForm.h"
 #include "ZelDebugDialog/Engine.h"
+#include "ZelDebugDialog/EngineFacts.h"
 
 namespace ZelDebugDialog {
 
@@ -35,7 +35,7 @@ struct Cable {
   CableClauseForm form;
   std::uint32_t defaultFrequency;
   std::string_view defaultPort;
-  std::string_view offered; ///< the frequencies to offer, as text
+  Frequencies offered;      ///< the frequencies to offer
   Frequencies accepted;     ///< the frequencies that a check lets pass
   std::string_view refusal; ///< format for any other; empty: nothing passes
 };
@@ -55,6 +55,6 @@ struct Cables {
 Cables cables();
 
 /// The words that are read as a cable type, a row a word.
-extern const std::array<kvo::NamedValue, 7> cableKeywords;
+extern const std::array<NamedValue, 7> cableKeywords;
 
 } // namespace ZelDebugDialog

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "ZelDebugDialog_Engine/CableCatalogue.h"
+#include "facts/CableCatalogue.h"
 
 namespace ZelDebugDialog {
 
@@ -24,65 +24,50 @@ constexpr Frequencies all(const std::array<std::uint32_t, count> &frequencies) {
   return {frequencies.data(), count};
 }
 
-constexpr std::string_view noneOffered = "0";
+/// For a cable that offers nothing, or that lets nothing pass.
+constexpr Frequencies none;
 
-constexpr Cable noCable{
-    Engine::CABLE_NONE, "", "", CableClauseForm::unwritable, 0, "",
-    noneOffered,        {}, ""};
+constexpr Cable noCable{Engine::CABLE_NONE,
+                        "",
+                        "",
+                        CableClauseForm::unwritable,
+                        0,
+                        "",
+                        none,
+                        none,
+                        ""};
 
 // The message about a refused TCF frequency names another set than the one that
 // passes, and the white space in front of the lists differs from cable to
 // cable: the debugger's users know them so.
 constexpr std::array<Cable, 7> catalogue{{
-    {Engine::QUORLA_SVFFILE,
-     "quorla_svffile",
-     "",
-     CableClauseForm::unwritable,
-     0,
-     "",
-     noneOffered,
-     {},
-     ""},
+    {Engine::QUORLA_SVFFILE, "quorla_svffile", "", CableClauseForm::unwritable,
+     0, "", none, none, ""},
     {Engine::QUORLA_PARALLEL4, "quorla_parallel", "quorla_parallel4",
-     CableClauseForm::line, 5000000, "LPT1", "200000 625000 2500000 5000000",
-     all(parallel4),
+     CableClauseForm::line, 5000000, "LPT1", all(parallel4), all(parallel4),
      "UnSupported Quorla Parallel4 Cable Frequency - %d\n Supported "
      "Frequencies: 200000, 625000, 2500000, 5000000"},
     {Engine::QUORLA_PODUSB, "quorla_podusb", "", CableClauseForm::line, 6000000,
-     "USB21", "750000 1500000 3000000 6000000 12000000 24000000", all(podusb),
+     "USB21", all(podusb), all(podusb),
      "UnSupported Quorla PodUSB Cable Frequency - %d\nSupported Frequencies: "
      "750000, 1500000, 3000000, 6000000, 12000000, 24000000"},
     {Engine::QUORLA_PARALLEL3, "quorla_parallel3", "", CableClauseForm::line,
-     200000, "LPT1", "200000", all(parallel3),
+     200000, "LPT1", all(parallel3), all(parallel3),
      "UnSupported Quorla Parallel3 Cable Frequency - %d\n\t Supported "
      "Frequencies: 200000"},
-    {Engine::QUORLA_PLUGIN,
-     "quorla_plugin",
-     "",
-     CableClauseForm::module,
-     0,
-     "",
-     noneOffered,
-     {},
-     ""},
-    {Engine::DIGILENT_PLUGIN,
-     "digilent_plugin",
-     "",
-     CableClauseForm::bare,
-     0,
-     "",
-     noneOffered,
-     {},
-     ""},
+    {Engine::QUORLA_PLUGIN, "quorla_plugin", "", CableClauseForm::module, 0, "",
+     none, none, ""},
+    {Engine::DIGILENT_PLUGIN, "digilent_plugin", "", CableClauseForm::bare, 0,
+     "", none, none, ""},
     {Engine::QUORLA_TCF, "quorla_tcf", "", CableClauseForm::unwritable, 0, "",
-     noneOffered, all(tcf),
+     none, all(tcf),
      "UnSupported Quorla TCF Cable Frequency - %d\nSupported Frequencies: "
      "750000, 1500000, 3000000, 6000000, 10000000, 12000000, 15000000, "
      "20000000, 24000000, 30000000"},
 }};
 
 template <std::size_t size> constexpr auto collectKeywords() {
-  std::array<kvo::NamedValue, size> words{};
+  std::array<NamedValue, size> words{};
   std::size_t count = 0;
   for (const Cable &cable : catalogue) {
     if (cable.type == Engine::QUORLA_SVFFILE)
@@ -96,7 +81,7 @@ template <std::size_t size> constexpr auto collectKeywords() {
 
 } // namespace
 
-constexpr std::array<kvo::NamedValue, 7> cableKeywords = collectKeywords<7>();
+constexpr std::array<NamedValue, 7> cableKeywords = collectKeywords<7>();
 
 const Cable &findCable(Engine::CableType type) {
   const auto *const row =
@@ -110,7 +95,20 @@ Cables cables() {
 }
 
 std::string getcable_supported_frequency(Engine::CableType type) {
-  return std::string(findCable(type).offered);
+  std::string text;
+  for (const std::uint32_t frequency : findCable(type).offered)
+    text += (text.empty() ? "" : " ") + std::to_string(frequency);
+  return text.empty() ? "0" : text;
+}
+
+std::vector<std::uint32_t> GetOfferedFrequencies(Engine::CableType type) {
+  const Frequencies &offered = findCable(type).offered;
+  return {offered.begin(), offered.end()};
+}
+
+std::vector<std::uint32_t> GetAcceptedFrequencies(Engine::CableType type) {
+  const Frequencies &accepted = findCable(type).accepted;
+  return {accepted.begin(), accepted.end()};
 }
 
 std::uint32_t setcable_default_frequency(Engine::CableType type) {

@@ -1,0 +1,58 @@
+# Another kind of ARM processor.
+instead("debug_dialog/include/ZelDebugDialog/ProcessorInfo.h", "whose model is not known. \"proctype\".",
+        "whose model is not known, 7 Cortex-M3. \"proctype\".")
+
+facts = "debug_dialog/include/ZelDebugDialog/EngineFacts.h"
+behind(facts, "typePpcUnknown = 6;", """
+/// `procType` of a Cortex-M3.
+inline constexpr std::uint32_t typeCortexM3 = 7;
+""")
+instead(facts, "std::array<ProcessorType, 6> processorTypes", "std::array<ProcessorType, 7> processorTypes")
+behind(facts, '{typeCortexR5, familyArm, "Cortex-R5"},', '     {typeCortexM3, familyArm, "Cortex-M3"},')
+
+parser = "debug_dialog/src/KvoOption_Parser"
+instead(f"{parser}/ConnectCommand.cpp", "8> targets{{", "9> targets{{")
+behind(f"{parser}/ConnectCommand.cpp", '{"r5", readArmR5,', '    {"m3", readArmM3, true, describeArm},')
+targets = f"{parser}/ProcessorTargets.cpp"
+ahead(targets, "constexpr Identity cortexR5{", """
+constexpr Identity cortexM3{familyArm, typeCortexM3,
+                            IdentityComes::afterOptions};
+""")
+ahead(targets, "/// Any design or none: the mask is replaced", """
+template <class Observer>
+int readArmM3(WordCursor<Observer> &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, armConnections<Observer>, cortexM3);
+}
+
+""")
+ahead(targets, "template int readArmR5(WordCursor<NoObserver> &", """
+template int readArmM3(WordCursor<NoObserver> &, EngineImp &);
+template int readArmM3(WordCursor<Recorder> &, EngineImp &);
+""")
+behind(f"{parser}/Readers.h", "int readArmR5(", """
+template <class Observer>
+int readArmM3(WordCursor<Observer> &cursor, EngineImp &imp);
+""")
+
+instead("tests/engine/EngineFactsTest.cpp", '{6, {1, "PowerPC"}}', '{6, {1, "PowerPC"}}, {7, {2, "Cortex-M3"}}')
+ahead("tests/language/CommandReaderTest.cpp", '{"r5", "hw",', """
+    {"m3", "hw",
+     "connectionType=2 connectionMask=4098 procFamily=2 procType=7"},
+""")
+files = "tests/language/OptionFileTest.cpp"
+instead(files, 'target : {"lc", "ppc", "arm", "r5"}', 'target : {"lc", "ppc", "arm", "r5", "m3"}')
+instead(files, 'nearMisses(target, {"lc", "ppc", "arm", "r5"})', 'nearMisses(target, {"lc", "ppc", "arm", "r5", "m3"})')
+
+tables = "tests/trace/CommandTablesTest.cpp"
+instead(tables, '"r5", "hdu"', '"r5", "m3", "hdu"')
+instead(tables, '{"lc", "ppc", "arm", "r5"}', '{"lc", "ppc", "arm", "r5", "m3"}')
+instead(tables, "EXPECT_EQ(ways, 2 * 11 + 2);", "EXPECT_EQ(ways, 2 * 12 + 2);")
+instead(tables, "2 * (6 * 36", "2 * (7 * 36")
+instead("tests/trace/CommandTraceTest.cpp", '"r5",\n', '"r5", "m3",\n')
+
+check = "tests/zeldebug/CheckCommandTest.cpp"
+instead(check, "'r5', 'hdu', 'dap', 'dcc', 'kmtc'\\n\"},", "'r5', 'm3', 'hdu', 'dap', 'dcc', 'kmtc'\\n\"},")
+instead(check, "'r5', 'hdu', 'dap', 'dcc', 'kmtc'\\n\"\n", "'r5', 'm3', 'hdu', 'dap', 'dcc', 'kmtc'\\n\"\n")
+instead(check, "'arm', 'r5'\\n\"", "'arm', 'r5', 'm3'\\n\"")
+instead("tests/zeldebug/FaultsTest.cpp", "'arm', 'r5'\"", "'arm', 'r5', 'm3'\"")
+instead("tests/configuration_model/CompleteCommandTest.cpp", '"r5", "hdu"', '"r5", "m3", "hdu"')
