@@ -14,6 +14,7 @@
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
 #include "line/CommandLine.h"
+#include "line/Number.h"
 #include "line/SettingOptions.h"
 #include "subcommands/CompletionShells.h"
 #include "subcommands/LanguageWords.h"

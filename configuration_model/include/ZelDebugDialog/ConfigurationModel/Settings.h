@@ -51,11 +51,11 @@ struct SettingInfo {
   std::string group; ///< What it belongs to, as a heading: "Cable".
   std::string label; ///< Its name for people: "Frequency".
   std::string help;  ///< One sentence.
-  SettingKind kind = SettingKind::text;
+  SettingKind kind = SettingKind::text; ///< What it is to people.
   std::string unit; ///< "Hz", "bytes", "bit/s", "ms", "bits"; may be empty.
   /// Of numbers, addresses and frequencies: what a change takes.
   std::optional<std::int64_t> minimum;
-  std::optional<std::int64_t> maximum;
+  std::optional<std::int64_t> maximum; ///< The same, upwards.
   /// Whether a change takes it. What says which processor it is, and what
   /// follows from other settings, is only shown.
   bool settable = true;
@@ -87,13 +87,13 @@ struct AddressMapInfo {
 
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const AddressMapInfo &GetAddressMap();
 
-/// The value that a text means, as a person types it for a setting, before there
-/// is a configuration. What a setting has by default is no exception here: an
-/// empty text is no value.
+/// The value that a text means, as a person types it for a setting, before
+/// there is a configuration. What a setting has by default is no exception
+/// here: an empty text is no value.
 /// @param id  also a field of the chain's devices, "chain[].idcode"
 /// @throws Refusal (unknownSetting, notSettable, badValue)
-ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Value ReadSetting(std::string_view id,
-                                                        const std::string &text);
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Value
+ReadSetting(std::string_view id, const std::string &text);
 
 /// A value for people: "quorla_podusb", "3 MHz", "0x40000000", "not set". It is
 /// UTF-8: bytes of a text that are none are shown as U+FFFD.
