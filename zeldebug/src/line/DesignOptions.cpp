@@ -160,8 +160,25 @@ DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
   return design;
 }
 
+/// A name that no component has would be passed over in silence.
+void DesignOptions::expectView(const DesignModel &design) const {
+  const std::vector<std::string> views = design.Views();
+  if (!view || std::find(views.begin(), views.end(), *view) != views.end())
+    return;
+  throw Failure(
+      ExitStatus::wrongUse,
+      fmt::format("--view: '{}' is the view of no component; there {}{}",
+                  printable(*view),
+                  views.empty() ? std::string("are no views in this design")
+                                : "are " + quotedList(views),
+                  didYouMean(*view, views)),
+      {"bad-value", "--view", *view, views, nearestMatch(*view, views)});
+}
+
 void DesignOptions::expectRead(bool isRead, const DesignModel &design,
                                Output &output) const {
+  if (isRead)
+    expectView(design);
   output.useRemarks();
   FailureDetails about;
   for (const DesignDiagnostic &diagnostic : design.Diagnostics()) {
