@@ -197,7 +197,8 @@ TEST_F(FaultsTest, AnOptionFileThatIsAFolder) {
   EXPECT_EQ(forced.status, 1);
   EXPECT_EQ(
       forced.err,
-      "zeldebug: error: lumacore_0: etc/kvo_lumacore_0.opt: Is a directory\n");
+      "zeldebug: error: lumacore_0: etc/kvo_lumacore_0.opt: is a folder, no "
+      "file\n");
   EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
 }
 
@@ -206,8 +207,9 @@ TEST_F(FaultsTest, AnOptionFileThatIsALinkLoop) {
   fs::create_symlink("kvo_lumacore_0.opt", "etc/kvo_lumacore_0.opt");
   expectUnreadable(": Too many levels of symbolic links");
   EXPECT_TRUE(fs::is_symlink("etc/kvo_lumacore_0.opt"));
-  EXPECT_EQ(set({"--force"}).status, 0);
-  EXPECT_EQ(saved("lumacore_0"), "connect lc hdu -debugdevice cpunr 1");
+  // It is no regular file, and is not replaced.
+  EXPECT_EQ(set({"--force"}).status, 1);
+  EXPECT_TRUE(fs::is_symlink("etc/kvo_lumacore_0.opt"));
 }
 
 TEST_F(FaultsTest, AnOptionFileThatIsALinkToNothing) {
@@ -309,7 +311,7 @@ TEST_F(FaultsTest, ARunThatIsKilled) {
     const Result killed = set({"--debug-device", "1"}, surroundings);
     EXPECT_EQ(killed.status, 128 + SIGSYS) << call;
     EXPECT_EQ(saved("lumacore_0"), before);
-    EXPECT_EQ(etc().size(), 2U) << "nothing was left behind to clear away";
+    EXPECT_GT(etc().size(), 1U) << "nothing was left behind to clear away";
     // What it left behind is in nobody's way, and goes with the next run.
     EXPECT_EQ(this->run({"show", board, "lumacore_0"}).status, 0);
     EXPECT_EQ(set({"--debug-device", "2"}).status, 0);
