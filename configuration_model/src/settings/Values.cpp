@@ -130,14 +130,21 @@ bool isWritable(const SettingRow &row, const Choice &choice) {
   return cable == nullptr || canBeWritten(*cable);
 }
 
-/// The words to offer.
+/// The words to offer: of each choice all that stand for it.
 std::vector<std::string> wordsOf(const SettingRow &row) {
   std::vector<std::string> words;
-  for (const auto *choices : {&row.info.choices, &row.synonyms})
-    for (const Choice &choice : *choices)
-      if (isWritable(row, choice) &&
-          std::find(words.begin(), words.end(), choice.text) == words.end())
-        words.push_back(choice.text);
+  const auto add = [&words](const std::string &word) {
+    if (std::find(words.begin(), words.end(), word) == words.end())
+      words.push_back(word);
+  };
+  for (const Choice &choice : row.info.choices) {
+    if (!isWritable(row, choice))
+      continue;
+    add(choice.text);
+    for (const Choice &synonym : row.synonyms)
+      if (synonym.value == choice.value)
+        add(synonym.text);
+  }
   return words;
 }
 

@@ -132,10 +132,14 @@ void add(AskedSettings &asked, const std::string &setting, const Value &value,
 
 std::vector<std::string> offeredCables() {
   std::vector<std::string> words;
-  for (const CableInfo &cable : ZelDebugDialog::GetCables())
-    if (cable.writable)
-      words.insert(words.end(), cable.keywords.begin(), cable.keywords.end());
-  words.push_back(ShowValue(*FindSetting(cableType), 0));
+  const SettingInfo &setting = *FindSetting(cableType);
+  for (const CableInfo &cable : ZelDebugDialog::GetCables()) {
+    if (!cable.writable)
+      continue;
+    words.insert(words.end(), cable.keywords.begin(), cable.keywords.end());
+    if (cable.keywords.empty())
+      words.push_back(ShowValue(setting, cable.type));
+  }
   return words;
 }
 

@@ -58,7 +58,8 @@ private:
   const CLI::Option *clearChain = nullptr;
 };
 
-/// The words that choose a cable which a command can be written with.
+/// The words that choose a cable which a command can be written with; that for
+/// no cable is the first.
 std::vector<std::string> offeredCables();
 
 } // namespace zeldebug

@@ -197,7 +197,7 @@ std::vector<std::string> frequenciesOf(const TypedLine &line) {
         return words;
     all.insert(all.end(), words.begin(), words.end());
   }
-  return sameKeyword(line.value("--cable"), offeredCables().back())
+  return sameKeyword(line.value("--cable"), offeredCables().front())
              ? std::vector<std::string>()
              : all;
 }
