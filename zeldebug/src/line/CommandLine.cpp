@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "Version.h"
+#include "line/Options.h"
 #include "output/Suggestion.h"
 #include "output/Wrap.h"
 
@@ -181,14 +182,21 @@ void CommandLine::addCommonOptions(CLI::App &target) {
                ValueKind::folder);
 }
 
-CLI::App &CommandLine::addSubcommand(const std::string &name,
-                                     const std::string &summary,
-                                     const std::string &example, Runner run) {
+std::vector<std::string> CommandLine::names() const {
+  std::vector<std::string> found;
+  for (const Subcommand &subcommand : visible())
+    found.push_back(subcommand.app->get_name());
+  return found;
+}
+
+Options CommandLine::addSubcommand(const std::string &name,
+                                   const std::string &summary,
+                                   const std::string &example, Runner run) {
   CLI::App *subcommand = app.add_subcommand(name, summary);
   subcommand->footer("Example:\n  " + example);
   addCommonOptions(*subcommand);
   subcommands.push_back({subcommand, std::move(run), example});
-  return *subcommand;
+  return {*this, *subcommand};
 }
 
 void CommandLine::completeWith(const CLI::Option *option, ValueKind kind) {
@@ -244,18 +252,14 @@ void CommandLine::expectNothingUnknown(int argc,
 
 const CommandLine::Subcommand &
 CommandLine::expectSubcommand(const std::string &name) const {
-  std::vector<std::string> names;
-  for (const Subcommand &known : subcommands) {
-    if (known.app->get_group().empty())
-      continue;
-    names.push_back(known.app->get_name());
-    if (names.back() == name)
+  for (const Subcommand &known : subcommands)
+    if (!known.app->get_group().empty() && known.app->get_name() == name)
       return known;
-  }
+  const std::vector<std::string> all = names();
   throw Failure(ExitStatus::wrongUse,
                 fmt::format("unknown subcommand '{}'; there are {}{}", name,
-                            quotedList(names), didYouMean(name, names)),
-                {"", "", name, names, nearestMatch(name, names)});
+                            quotedList(all), didYouMean(name, all)),
+                {"", "", name, all, nearestMatch(name, all)});
 }
 
 /// An option in the place of a value: the value is what is missing, not what

@@ -47,6 +47,8 @@ constexpr std::array<ExitText, 4> exitTexts{{
     {ExitStatus::unreadable, "a file could not be read or understood"},
 }};
 
+class Options;
+
 class CommandLine {
 public:
   using Runner = std::function<ExitStatus(Output &)>;
@@ -61,8 +63,8 @@ public:
 
   /// Adds a subcommand with its help text. The runner is called when it is
   /// chosen and the whole line has been read.
-  CLI::App &addSubcommand(const std::string &name, const std::string &summary,
-                          const std::string &example, Runner run);
+  Options addSubcommand(const std::string &name, const std::string &summary,
+                        const std::string &example, Runner run);
   /// Says what stands for values of `option`.
   void completeWith(const CLI::Option *option, ValueKind kind);
 
@@ -78,6 +80,7 @@ public:
   const std::vector<Subcommand> &all() const { return subcommands; }
   /// Those that are meant for people.
   std::vector<Subcommand> visible() const;
+  std::vector<std::string> names() const; ///< of those
   ValueKind kindOf(const CLI::Option *option) const;
   /// The subcommand of that name, if it is meant for people.
   /// @throws Failure (wrong use) with those that there are

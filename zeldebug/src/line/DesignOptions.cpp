@@ -79,8 +79,9 @@ wordsFor(const std::string &subcommand, const DesignSources &sources,
 
 } // namespace
 
-void DesignOptions::addTo(CommandLine &line, CLI::App &app,
-                          bool designRequired) {
+void DesignOptions::addTo(Options &options, bool designRequired) {
+  CommandLine &line = options.line();
+  CLI::App &app = options.app();
   CLI::Option *design =
       addTextOption(app, "DESIGN", designFile,
                     "IP-XACT design file, or the component file on top of a "
@@ -91,7 +92,9 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
   addSourcesTo(line, app);
 }
 
-void DesignOptions::addAsOptionTo(CommandLine &line, CLI::App &app) {
+void DesignOptions::addAsOptionTo(Options &options) {
+  CommandLine &line = options.line();
+  CLI::App &app = options.app();
   line.completeWith(addTextOption(app, "--design", designFile,
                                   "IP-XACT design file, or the component file "
                                   "on top of a hierarchy")

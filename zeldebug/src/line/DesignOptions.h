@@ -11,7 +11,7 @@
 #include <ZelDebugDialog/DesignModel/Kinds.h>
 #include <ZelDebugDialog/DesignModel/Libraries.h>
 
-#include "line/CommandLine.h"
+#include "line/Options.h"
 
 namespace zeldebug {
 
@@ -27,10 +27,10 @@ class DesignOptions {
 public:
   /// Adds DESIGN, --library, --view, --kinds and --max-instances to a
   /// subcommand.
-  void addTo(CommandLine &line, CLI::App &app, bool designRequired = true);
+  void addTo(Options &options, bool designRequired = true);
 
   /// The same with --design in place of DESIGN.
-  void addAsOptionTo(CommandLine &line, CLI::App &app);
+  void addAsOptionTo(Options &options);
 
   bool named() const { return designFile.has_value(); }
 

@@ -9,8 +9,8 @@
 
 #include "line/AddressMap.h"
 #include "line/ChainDevice.h"
-#include "line/CommandLine.h"
 #include "line/InputFile.h"
+#include "line/Options.h"
 #include "line/Refused.h"
 #include "output/Suggestion.h"
 
@@ -180,7 +180,9 @@ void SettingOptions::addRow(CommandLine &line, CLI::App &app,
   rows.push_back({option, {&setting}});
 }
 
-void SettingOptions::addTo(CommandLine &line, CLI::App &app) {
+void SettingOptions::addTo(Options &options) {
+  CommandLine &line = options.line();
+  CLI::App &app = options.app();
   const auto addWayIn = [&](const char *name, const char *metavar,
                             ValueKind kind, const std::string &help) {
     CLI::Option *option =

@@ -19,11 +19,12 @@ class Option;
 namespace zeldebug {
 
 class CommandLine;
+class Options;
 
 class SettingOptions {
 public:
   /// Adds the options to a subcommand.
-  void addTo(CommandLine &line, CLI::App &app);
+  void addTo(Options &options);
 
   /// What the line asks for. @throws Failure (wrong use, refused; unreadable
   /// for

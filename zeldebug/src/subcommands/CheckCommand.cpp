@@ -8,7 +8,7 @@
 #include "line/CommandLine.h"
 #include "line/CommandLines.h"
 #include "line/DesignOptions.h"
-#include "line/TextOption.h"
+#include "line/Options.h"
 #include "output/Output.h"
 #include "output/Suggestion.h"
 #include "subcommands/Subcommands.h"
@@ -208,26 +208,19 @@ ExitStatus run(const CheckLine &line, const CommandLine &commandLine,
 
 void addCheckCommand(CommandLine &line) {
   const auto options = std::make_shared<CheckLine>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "check", "Check connect commands: every fault with its place",
       "zeldebug check 'connect lc hdu -cable type quorla_usb'",
       [options, &line](Output &output) { return run(*options, line, output); });
-  line.completeWith(app.add_option("COMMAND", options->commands,
-                                   "a connect command, in quotes")
-                        ->type_name(""),
-                    ValueKind::text);
-  line.completeWith(
-      addTextOption(app, "--file", options->file,
-                    "check each line of this file; '-' for standard input")
-          ->type_name("FILE"),
-      ValueKind::file);
-  options->design.addAsOptionTo(line, app);
-  line.completeWith(
-      addTextOption(app, "--processor", options->processor,
-                    "check what this processor of the design allows, too")
-          ->type_name("NAME")
-          ->group("The design"),
-      ValueKind::processor);
+  app.addArguments("COMMAND", options->commands, "a connect command, in quotes",
+                   ValueKind::text);
+  app.addOption("--file", "FILE", options->file,
+                "check each line of this file; '-' for standard input",
+                ValueKind::file);
+  options->design.addAsOptionTo(app);
+  app.addOption("--processor", "NAME", options->processor,
+                "check what this processor of the design allows, too",
+                ValueKind::processor, "The design");
 }
 
 } // namespace zeldebug

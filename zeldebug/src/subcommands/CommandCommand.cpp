@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "line/DesignOptions.h"
+#include "line/Options.h"
 #include "line/Refused.h"
 #include "line/SettingOptions.h"
 #include "line/WorkingFolder.h"
@@ -78,22 +79,19 @@ ExitStatus run(const CommandOptions &options, const std::string &folder,
 
 void addCommandCommand(CommandLine &line) {
   const auto options = std::make_shared<CommandOptions>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "command", "Print the connect command for settings, without saving it",
       "zeldebug command board.xml cpu0 --cable quorla_podusb --frequency 3MHz",
       [options, &line](Output &output) {
         return run(*options, line.workingFolder(), output);
       });
-  options->design.addTo(line, app);
-  line.completeWith(app.add_option("PROCESSOR", options->processor,
-                                   "instance name of a processor")
-                        ->type_name("")
-                        ->required(),
-                    ValueKind::processor);
-  app.add_flag("--force", options->force,
-               "succeed also where settings would not survive, and start from "
-               "the defaults if what is saved cannot be read");
-  options->settings.addTo(line, app);
+  options->design.addTo(app);
+  app.addRequired("PROCESSOR", options->processor,
+                  "instance name of a processor", ValueKind::processor);
+  app.addFlag("--force", options->force,
+              "succeed also where settings would not survive, and start from "
+              "the defaults if what is saved cannot be read");
+  options->settings.addTo(app);
 }
 
 } // namespace zeldebug

@@ -33,9 +33,12 @@ using ZelDebugDialog::Value;
 constexpr const char *frequency = "cable.frequency";
 
 // Told in other words: of the setting, and with the losses.
-const std::set<std::string> toldElsewhere{
-    "frequency-not-checked", "frequency-without-cable", "long-line",
-    "value-cut",             "not-a-number",            "octal-number"};
+const std::set<std::string> toldElsewhere{"frequency-not-checked",
+                                          "frequency-without-cable",
+                                          "long-line",
+                                          "value-cut",
+                                          "not-a-number",
+                                          "octal-number"};
 // Numbers that become others than those that are written.
 const std::set<std::string> cutNumbers{"value-cut", "not-a-number"};
 

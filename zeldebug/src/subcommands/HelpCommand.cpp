@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "line/CommandLine.h"
-#include "line/TextOption.h"
+#include "line/Options.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
@@ -21,13 +21,11 @@ ExitStatus run(const CommandLine &line, const std::optional<std::string> &name,
 
 void addHelpCommand(CommandLine &line) {
   const auto name = std::make_shared<std::optional<std::string>>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "help", "Print the help of a subcommand", "zeldebug help list",
       [&line, name](Output &output) { return run(line, *name, output); });
-  line.completeWith(
-      addTextOption(app, "SUBCOMMAND", *name, "whose help; of all without it")
-          ->type_name(""),
-      ValueKind::subcommand);
+  app.addArgument("SUBCOMMAND", *name, "whose help; of all without it",
+                  ValueKind::subcommand);
 }
 
 } // namespace zeldebug

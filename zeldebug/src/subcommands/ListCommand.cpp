@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "line/DesignOptions.h"
+#include "line/Options.h"
 #include "subcommands/ListAdvice.h"
 #include "subcommands/ProcessorList.h"
 #include "subcommands/Subcommands.h"
@@ -31,11 +32,11 @@ ExitStatus run(const DesignOptions &options, Output &output) {
 
 void addListCommand(CommandLine &line) {
   const auto options = std::make_shared<DesignOptions>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "list", "List the processors of a design that can be debugged",
       "zeldebug list board.xml",
       [options](Output &output) { return run(*options, output); });
-  options->addTo(line, app);
+  options->addTo(app);
 }
 
 } // namespace zeldebug

@@ -9,9 +9,9 @@
 #include <unistd.h>
 
 #include "line/DesignOptions.h"
+#include "line/Options.h"
 #include "line/Refused.h"
 #include "line/SettingOptions.h"
-#include "line/TextOption.h"
 #include "line/WorkingFolder.h"
 #include "output/Table.h"
 #include "output/Values.h"
@@ -316,28 +316,26 @@ ExitStatus run(const SetOptions &options, const std::string &folder,
 
 void addSetCommand(CommandLine &line) {
   const auto options = std::make_shared<SetOptions>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "set", "Change and save the configuration of a processor",
       "zeldebug set board.xml cpu0 --cable quorla_podusb --frequency 3MHz "
       "--mkdir",
       [options, &line](Output &output) {
         return run(*options, line.workingFolder(), output);
       });
-  options->design.addTo(line, app);
-  line.completeWith(addTextOption(app, "PROCESSOR", options->processor,
-                                  "instance name of a processor")
-                        ->type_name(""),
-                    ValueKind::processor);
-  app.add_flag("--all", options->all,
-               "every processor that can be debugged, in place of PROCESSOR");
-  app.add_flag("--dry-run", options->dryRun, "save nothing");
-  app.add_flag("--force", options->force,
-               "save settings that would not survive and over a file that is "
-               "read-only, take a number of --from that does not fit, and "
-               "start from the defaults if what is saved cannot be read");
-  app.add_flag("--mkdir", options->makeFolder,
-               "make the folder etc/ if it is missing");
-  options->settings.addTo(line, app);
+  options->design.addTo(app);
+  app.addArgument("PROCESSOR", options->processor,
+                  "instance name of a processor", ValueKind::processor);
+  app.addFlag("--all", options->all,
+              "every processor that can be debugged, in place of PROCESSOR");
+  app.addFlag("--dry-run", options->dryRun, "save nothing");
+  app.addFlag("--force", options->force,
+              "save settings that would not survive and over a file that is "
+              "read-only, take a number of --from that does not fit, and "
+              "start from the defaults if what is saved cannot be read");
+  app.addFlag("--mkdir", options->makeFolder,
+              "make the folder etc/ if it is missing");
+  options->settings.addTo(app);
 }
 
 } // namespace zeldebug

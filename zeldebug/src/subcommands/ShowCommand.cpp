@@ -6,9 +6,9 @@
 #include <fmt/format.h>
 
 #include "line/DesignOptions.h"
+#include "line/Options.h"
 #include "line/Refused.h"
 #include "line/SettingOptions.h"
-#include "line/TextOption.h"
 #include "line/WorkingFolder.h"
 #include "output/Table.h"
 #include "output/Values.h"
@@ -231,27 +231,24 @@ ExitStatus run(const ShowOptions &options, const std::string &folder,
 
 void addShowCommand(CommandLine &line) {
   const auto options = std::make_shared<ShowOptions>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "show", "Show the saved configuration of a processor",
       "zeldebug show board.xml cpu0\n  zeldebug show --file etc/kvo_cpu0.opt",
       [options, &line](Output &output) {
         return run(*options, line.workingFolder(), output);
       });
-  options->design.addTo(line, app, false);
-  line.completeWith(addTextOption(app, "PROCESSOR", options->processor,
-                                  "instance name of a processor")
-                        ->type_name(""),
-                    ValueKind::processor);
-  line.completeWith(addTextOption(app, "--file", options->file,
-                                  "show the command in this file, without a "
-                                  "design")
-                        ->type_name("FILE"),
-                    ValueKind::file);
-  app.add_flag(
+  options->design.addTo(app, false);
+  app.addArgument("PROCESSOR", options->processor,
+                  "instance name of a processor", ValueKind::processor);
+  app.addOption("--file", "FILE", options->file,
+                "show the command in this file, without a "
+                "design",
+                ValueKind::file);
+  app.addFlag(
       "--origin", options->origin,
       "tell where each value comes from: default, design, file:COLUMN or "
       "option");
-  options->settings.addTo(line, app);
+  options->settings.addTo(app);
 }
 
 } // namespace zeldebug
