@@ -163,10 +163,12 @@ DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
   return design;
 }
 
-/// A name that no component has would be passed over in silence.
+/// A name that no component has would be passed over in silence. One that is
+/// not there may have it.
 void DesignOptions::expectView(const DesignModel &design) const {
   const std::vector<std::string> views = design.Views();
-  if (!view || std::find(views.begin(), views.end(), *view) != views.end())
+  if (!view || !design.Missing().empty() ||
+      std::find(views.begin(), views.end(), *view) != views.end())
     return;
   throw Failure(
       ExitStatus::wrongUse,
