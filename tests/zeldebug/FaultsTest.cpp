@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <sstream>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -377,13 +378,51 @@ TEST_F(FaultsTest, ColourIsNotForPipes) {
 TEST_F(FaultsTest, ColourIsForTerminalsThatWantIt) {
   if (!hasTerminals())
     GTEST_SKIP() << "there are no pseudo-terminals here";
+  const std::string coloured = "\x1b[1m" + std::string(tableHead);
   Surroundings surroundings;
   surroundings.terminal = true;
+  surroundings.terminalName = "xterm";
   EXPECT_THAT(this->run({"list", board}, surroundings).out,
-              testing::StartsWith("\x1b[1m" + std::string(tableHead)));
+              testing::StartsWith(coloured));
+  EXPECT_THAT(this->run({"list", board, "--color=never"}, surroundings).out,
+              testing::StartsWith(tableHead));
+  surroundings.terminalName = "dumb";
+  EXPECT_THAT(this->run({"list", board}, surroundings).out,
+              testing::StartsWith(tableHead));
+  EXPECT_THAT(this->run({"list", board, "--color=always"}, surroundings).out,
+              testing::StartsWith(coloured));
+  surroundings.terminalName = "xterm";
   surroundings.noColour = true;
   EXPECT_THAT(this->run({"list", board}, surroundings).out,
               testing::StartsWith(tableHead));
+}
+
+TEST_F(FaultsTest, TablesAndSentencesFitTheTerminal) {
+  if (!hasTerminals())
+    GTEST_SKIP() << "there are no pseudo-terminals here";
+  Surroundings surroundings;
+  surroundings.terminal = true;
+  surroundings.noColour = true;
+  const std::vector<std::vector<std::string>> lines{
+      {"list", board}, {"cables"}, {"show", board, "lumacore_0", "--origin"}};
+  for (const unsigned short columns : {60, 80, 132}) {
+    surroundings.columns = columns;
+    for (const std::vector<std::string> &line : lines) {
+      std::istringstream out(this->run(line, surroundings).out);
+      std::string shown;
+      for (std::string text; std::getline(out, text);) {
+        text.erase(text.find_last_not_of('\r') + 1);
+        EXPECT_LE(text.size(), columns) << text;
+        shown += text + " ";
+      }
+      // Nothing of a cell is left out.
+      EXPECT_THAT(shown, HasSubstr(line[0] == "cables" ? "digilent_plugin"
+                                                       : "lumacore_0"));
+    }
+  }
+  // A pipe is as wide as it takes.
+  EXPECT_THAT(this->run({"list", board}).out,
+              HasSubstr("and processors of type 'soc_cortexr5' need one.\n"));
 }
 
 } // namespace
