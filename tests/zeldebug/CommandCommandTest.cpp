@@ -1,3 +1,5 @@
+#include <sstream>
+
 #include <gmock/gmock.h>
 
 #include "ToolTest.h"
@@ -9,16 +11,35 @@ namespace {
 using nlohmann::json;
 using testing::HasSubstr;
 
+/// Those that a command can be written with.
+std::string offeredCables() {
+  std::string text = "'none'";
+  for (const support::Cable &cable : support::cables())
+    for (const std::string &word : cable.words)
+      if (cable.form != support::CableForm::none)
+        text += ", '" + word + "'";
+  return text;
+}
+
+std::string linesWithoutNotes(const std::string &err) {
+  std::istringstream stream(err);
+  std::string others;
+  for (std::string line; std::getline(stream, line);)
+    if (line.rfind("zeldebug: note: ", 0) != 0)
+      others += line + "\n";
+  return others;
+}
+
 class CommandCommandTest : public ToolTest {
 protected:
-  /// The command for settings; standard error must stay empty.
+  /// The command for settings; on standard error are no more than notes.
   std::string commandFor(const std::string &processor,
                          const std::vector<std::string> &settings) {
     std::vector<std::string> line{"command", board, processor};
     line.insert(line.end(), settings.begin(), settings.end());
     const Result run = this->run(line);
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(linesWithoutNotes(run.err), "");
     EXPECT_EQ(run.out.back(), '\n');
     return run.out.substr(0, run.out.size() - 1);
   }
@@ -50,15 +71,8 @@ TEST_F(CommandCommandTest, PrintsTheCommandAndNothingElse) {
        {"--connection", "hw"},
        "connect lc hdu -debugdevice cpunr 1"},
       {"lumacore_0",
-       {"--connection", "stub-serial"},
-       "connect lc stub -comm serial -port /dev/ttyS0  -baud  0 -timeout "
-       "20000"},
-      {"lumacore_0",
        {"--connection", "stub-jtag"},
        "connect lc stub -comm jtag"},
-      {"lumacore_0",
-       {"--connection", "stub-serial", "--connection", "hw"},
-       "connect lc hdu -debugdevice cpunr 1"},
       {"lumacore_0",
        {"--connection", "stub-serial", "--stub-port", "/dev/ttyUSB0",
         "--stub-baud", "0x1C200"},
@@ -82,13 +96,34 @@ TEST_F(CommandCommandTest, PrintsTheCommandAndNothingElse) {
        {"--cable=quorla_podusb", "--frequency=750kHz"},
        "connect lc hdu -cable type quorla_podusb port USB21 frequency 750000 "
        "-debugdevice cpunr 1"},
+      // whatever their order
       {"lumacore_0",
        {"--frequency", "3MHz", "--cable", "quorla_podusb"},
-       "connect lc hdu -cable type quorla_podusb port USB21 frequency 6000000 "
+       "connect lc hdu -cable type quorla_podusb port USB21 frequency 3000000 "
        "-debugdevice cpunr 1"},
       {"lumacore_0",
-       {"--cable", "quorla_podusb", "--cable", "none"},
-       "connect lc hdu -debugdevice cpunr 1"},
+       {"--port", "USB22", "--cable", "quorla_podusb"},
+       "connect lc hdu -cable type quorla_podusb port USB22 frequency 6000000 "
+       "-debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--esn", "7", "--cable", "quorla_podusb"},
+       "connect lc hdu -cable type quorla_podusb esn 7 -debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--stub-baud", "9600", "--connection", "stub-serial"},
+       "connect lc stub -comm serial -port /dev/ttyS0  -baud  9600 -timeout "
+       "20000"},
+      {"lumacore_0",
+       {"--cable", "quorla_podusb", "--frequency", "1.5MHz"},
+       "connect lc hdu -cable type quorla_podusb port USB21 frequency 1500000 "
+       "-debugdevice cpunr 1"},
+      {"lumacore_0",
+       {"--cable", "quorla_podusb", "--frequency", "0.75MHz"},
+       "connect lc hdu -cable type quorla_podusb port USB21 frequency 750000 "
+       "-debugdevice cpunr 1"},
+      // The same twice is once.
+      {"lumacore_0",
+       {"--debug-device", "3", "--debug-device", "0x3"},
+       "connect lc hdu -debugdevice deviceNr 3 cpunr 1"},
       {"lumacore_0",
        {"--cable", "quorla_podusb", "--esn", "000012:aB"},
        "connect lc hdu -cable type quorla_podusb esn 000012:aB -debugdevice "
@@ -111,20 +146,27 @@ TEST_F(CommandCommandTest, PrintsTheCommandAndNothingElse) {
        "connect lc hdu -configdevice devicenr 1 partname pk9ab100 irlength 6 "
        "idcode 0x1234093 -configdevice devicenr 2 partname x irlength 0 idcode "
        "0x0 -debugdevice cpunr 1"},
-      {"lumacore_0",
-       {"--device", "devicenr=1,partname=p,irlength=6,idcode=1",
-        "--clear-chain"},
-       "connect lc hdu -debugdevice cpunr 1"},
       // address map and read-only memory
       {"ppc440_0",
        {"--address-map", "0x40000000"},
        "connect ppc hw -debugdevice cpunr 2 icacheStartAdr 0x40000000 "
        "itagStartAdr 0x40010000 dcacheStartAdr 0x40020000 dtagStartAdr "
        "0x40030000 tlbStartAdr 0x40050000 dcrStartAdr 0x40040000 fpuType dp"},
+      // a region that is named by itself wins, in front and behind
       {"ppc440_0",
-       {"--address-map", "0xFFFA0000", "--unset-address-map", "--icache",
-        "0x10000", "--dcache", "0x20000", "--itag", "0x30000", "--dtag",
-        "0x40000", "--tlb", "0x50000", "--dcr", "0x60000"},
+       {"--dcache", "0x10000", "--address-map", "0x40000000"},
+       "connect ppc hw -debugdevice cpunr 2 icacheStartAdr 0x40000000 "
+       "itagStartAdr 0x40010000 dcacheStartAdr 0x10000 dtagStartAdr "
+       "0x40030000 tlbStartAdr 0x40050000 dcrStartAdr 0x40040000 fpuType dp"},
+      {"ppc440_0",
+       {"--address-map", "0x40000000", "--icache", "0x10000"},
+       "connect ppc hw -debugdevice cpunr 2 icacheStartAdr 0x10000 "
+       "itagStartAdr 0x40010000 dcacheStartAdr 0x40020000 dtagStartAdr "
+       "0x40030000 tlbStartAdr 0x40050000 dcrStartAdr 0x40040000 fpuType dp"},
+      {"ppc440_0",
+       {"--unset-address-map", "--icache", "0x10000", "--dcache", "0x20000",
+        "--itag", "0x30000", "--dtag", "0x40000", "--tlb", "0x50000", "--dcr",
+        "0x60000"},
        "connect ppc hw -debugdevice cpunr 2 icacheStartAdr 0x10000 "
        "itagStartAdr "
        "0x30000 dcacheStartAdr 0x20000 dtagStartAdr 0x40000 tlbStartAdr "
@@ -179,9 +221,10 @@ TEST_F(CommandCommandTest, ModuleArgumentsOfTheLineReplaceSavedOnes) {
       "modulearg d -debugdevice cpunr 1");
 }
 
-TEST_F(CommandCommandTest, WarnsOfWhatNoCommandBringsBack) {
-  const Result run = this->run({"command", board, "lumacore_0", "--cpu-jtag"});
-  EXPECT_EQ(run.status, 0);
+/// As `set` would: what is asked for stands, or the run fails.
+TEST_F(CommandCommandTest, FailsForWhatNoCommandBringsBack) {
+  Result run = this->run({"command", board, "lumacore_0", "--cpu-jtag"});
+  EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out,
             "connect lc hdu -configdevice jtagpin cpujtag -debugdevice "
             "cpunr 1\n");
@@ -189,11 +232,243 @@ TEST_F(CommandCommandTest, WarnsOfWhatNoCommandBringsBack) {
             "zeldebug: warning: does not survive: cpuJtag 1: it is "
             "written as '-configdevice jtagpin cpujtag', which no reader "
             "accepts [cpu-jtag-marker]\n");
+  run = this->run({"command", board, "lumacore_0", "--cpu-jtag", "--force"});
+  EXPECT_EQ(run.status, 0);
+  run = this->run({"command", board, "lumacore_0", "--frequency", "3MHz"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "connect lc hdu -debugdevice cpunr 1\n");
+  EXPECT_EQ(run.err,
+            "zeldebug: warning: does not survive: cable.frequency 3000000 "
+            "(comes back as 0): a command does not carry it for this cable "
+            "[other-cables]\n");
+}
+
+TEST_F(CommandCommandTest, SaysWhatAModuleNeeds) {
+  const Result run =
+      this->run({"command", board, "lumacore_1", "--module", "m"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("cable.moduleName \"m\""));
+  EXPECT_THAT(run.err, HasSubstr("a plug-in cable takes modules: --cable "
+                                 "quorla_plugin"));
+  EXPECT_THAT(run.err, testing::Not(HasSubstr("Internal Error")));
+}
+
+TEST_F(CommandCommandTest, WarnsOfASerialLineWithoutARate) {
+  Result run = this->run(
+      {"command", board, "lumacore_0", "--connection", "stub-serial"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "connect lc stub -comm serial -port /dev/ttyS0  -baud  0 "
+                     "-timeout 20000\n");
+  EXPECT_EQ(run.err, "zeldebug: warning: stubBaudRate: '0' is no rate of a "
+                     "serial line [baud-zero]\n");
+  // One is a rate.
+  EXPECT_EQ(this->run({"command", board, "lumacore_0", "--connection",
+                       "stub-serial", "--stub-baud", "1"})
+                .err,
+            "");
+}
+
+TEST_F(CommandCommandTest, NamesWhatElseChanges) {
+  save("lumacore_0", "connect lc hdu -cable type quorla_podusb port USB22 "
+                     "frequency 3000000 -debugdevice cpunr 1");
+  const std::string why = ": choosing a cable brings its port and frequency\n";
+  Result run = this->run(
+      {"command", board, "lumacore_0", "--cable", "quorla_parallel3"});
+  EXPECT_EQ(run.err, "zeldebug: note: cable.frequency 3000000 becomes 200000" +
+                         why +
+                         "zeldebug: note: cable.port \"USB22\" becomes "
+                         "\"LPT1\"" +
+                         why);
+  // What is asked for is no news.
+  run = this->run({"command", board, "lumacore_0", "--port", "LPT2", "--cable",
+                   "quorla_parallel3"});
+  EXPECT_EQ(run.err,
+            "zeldebug: note: cable.frequency 3000000 becomes 200000" + why);
+  // The cable that is there stays as it is.
+  run = this->run({"command", board, "lumacore_0", "--cable", "quorla_podusb"});
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out, "connect lc hdu -cable type quorla_podusb port USB22 "
+                     "frequency 3000000 -debugdevice cpunr 1\n");
+}
+
+TEST_F(CommandCommandTest, SaysWhichSettingsExcludeEachOther) {
+  const std::string device = "devicenr=1,partname=p,irlength=6,idcode=1";
+  const struct {
+    std::vector<std::string> settings;
+    int status;
+    std::string message;
+  } rows[] = {
+      {{"--cable", "quorla_podusb", "--cable", "none"},
+       1,
+       "--cable: it is given twice, with different values"},
+      {{"--connection", "sim", "--connection", "hw"},
+       1,
+       "--connection: it is given twice, with different values"},
+      {{"--device", device, "--clear-chain"},
+       1,
+       "--device and --clear-chain exclude each other"},
+      {{"--address-map", "0", "--unset-address-map"},
+       1,
+       "--address-map and --unset-address-map exclude each other"},
+      {{"--unset", "debugDevice", "--debug-device", "3"},
+       1,
+       "--unset debugDevice and --debug-device exclude each other"},
+      {{"--from", "connect lc hdu", "--copy-from", "lumacore_1"},
+       2,
+       "--from and --copy-from exclude each other"},
+  };
+  for (const auto &row : rows) {
+    const Result run = refusalOf("lumacore_0", row.settings);
+    EXPECT_EQ(run.status, row.status) << row.message;
+    EXPECT_EQ(run.err, "zeldebug: error: " + row.message + "\n");
+  }
+}
+
+/// A number of a whole command is as exact as one of an option.
+TEST_F(CommandCommandTest, TakesNoNumberThatWouldBeCut) {
+  const struct {
+    std::string command;
+    std::string problem;
+    std::string code;
+    std::string forced;
+  } rows[] = {
+      {"connect lc hdu -debugdevice devicenr 200",
+       "column 38: '200' does not fit: debugDevice becomes -56", "value-cut",
+       "deviceNr -56"},
+      {"connect lc hdu -debugdevice devicenr abc",
+       "column 38: 'abc' is no number: it gives 0", "not-a-number", "cpunr 1"},
+      {"connect lc hdu -debugdevice devicenr 0x12zz",
+       "column 38: '0x12zz' is no number: it is read as '0x12'", "not-a-number",
+       "deviceNr 18"},
+  };
+  for (const auto &row : rows) {
+    const std::string said = "--from: " + row.problem + " [" + row.code + "]";
+    const Result refused = refusalOf("lumacore_0", {"--from", row.command});
+    EXPECT_EQ(refused.status, 1) << row.command;
+    EXPECT_EQ(refused.err, "zeldebug: error: " + said +
+                               "; --force takes it as it is read\n");
+    const Result forced = this->run(
+        {"command", board, "lumacore_0", "--force", "--from", row.command});
+    EXPECT_EQ(forced.status, 0) << row.command;
+    EXPECT_THAT(forced.err, HasSubstr("zeldebug: warning: " + said + "\n"));
+    EXPECT_THAT(forced.out, HasSubstr(row.forced));
+  }
+  // The largest number fits.
+  EXPECT_EQ(commandFor("lumacore_0",
+                       {"--from", "connect lc hdu -debugdevice devicenr 127"}),
+            "connect lc hdu -debugdevice deviceNr 127 cpunr 1");
+}
+
+TEST_F(CommandCommandTest, UnsetsByName) {
+  save("lumacore_0",
+       "connect lc hdu -cable type quorla_podusb port USB22 frequency 3000000 "
+       "-configdevice devicenr 1 partname p irlength 6 idcode 0x1 -debugdevice "
+       "deviceNr 3 cpunr 1");
+  EXPECT_EQ(commandFor("lumacore_0", {"--unset", "chain", "--unset",
+                                      "debugDevice", "--unset", "cable.port"}),
+            "connect lc hdu -cable type quorla_podusb port USB21 frequency "
+            "3000000 -debugdevice cpunr 1");
+  const struct {
+    const char *name;
+    std::string problem;
+  } rows[] = {
+      {"debugDevise", "'debugDevise' is no setting; did you mean "
+                      "'debugDevice'?"},
+      {"", "'' is no setting"},
+      {"cpuNr", "it says which processor it is, and cannot be set"},
+      {"connectionType", "it follows from other settings, and cannot be set"},
+      {"chain[0].partname", "the chain goes back as a whole, by 'chain'"},
+  };
+  for (const auto &row : rows) {
+    const Result run = refusalOf("lumacore_0", {"--unset", row.name});
+    EXPECT_EQ(run.status, 2) << row.name;
+    EXPECT_EQ(run.err, "zeldebug: error: --unset: " + row.problem + "\n");
+  }
+}
+
+TEST_F(CommandCommandTest, CopiesFromAnotherProcessor) {
+  save("lumacore_0", "connect lc hdu -cable type quorla_podusb port USB22 "
+                     "frequency 3000000 -debugdevice deviceNr 3 cpunr 1");
+  EXPECT_EQ(commandFor("lumacore_1", {"--copy-from", "lumacore_0"}),
+            "connect lc hdu -cable type quorla_podusb port USB22 frequency "
+            "3000000 -debugdevice deviceNr 3 cpunr 2");
+  EXPECT_EQ(commandFor("lumacore_1",
+                       {"--copy-from", "lumacore_0", "--debug-device", "4"}),
+            "connect lc hdu -cable type quorla_podusb port USB22 frequency "
+            "3000000 -debugdevice deviceNr 4 cpunr 2");
+  const Result unknown = refusalOf("lumacore_1", {"--copy-from", "lumacore_O"});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.err, HasSubstr("--copy-from: 'lumacore_O' is no "
+                                     "processor of the design"));
+  save("lumacore_0", "connect nothing");
+  const Result broken = refusalOf("lumacore_1", {"--copy-from", "lumacore_0"});
+  EXPECT_EQ(broken.status, 3);
+  EXPECT_THAT(broken.err, HasSubstr("etc/kvo_lumacore_0.opt:1: "));
+}
+
+TEST_F(CommandCommandTest, TakesTheSettingsOfADocument) {
+  const std::string command =
+      "connect lc hdu -cable type quorla_podusb port USB22 frequency 3000000 "
+      "-configdevice devicenr 1 partname p irlength 6 idcode 0x1 -debugdevice "
+      "deviceNr 3 cpunr ";
+  save("lumacore_0", command + "1");
+  folder.write("saved.json",
+               this->run({"show", board, "lumacore_0", "--json"}).out);
+  EXPECT_EQ(commandFor("lumacore_0", {"--settings", "saved.json"}),
+            command + "1");
+  const Result other =
+      this->run({"command", board, "lumacore_1", "--settings", "saved.json"});
+  EXPECT_EQ(other.status, 0);
+  EXPECT_EQ(other.out, command + "2\n");
+  EXPECT_THAT(other.err,
+              HasSubstr("zeldebug: note: cpuNr 1 of saved.json is left out: it "
+                        "is 2\n"));
+  // Options stand over it, and a part of a document is one.
+  EXPECT_EQ(commandFor("lumacore_1",
+                       {"--settings", "saved.json", "--clear-chain", "--unset",
+                        "cable.port", "--debug-device", "4"}),
+            "connect lc hdu -cable type quorla_podusb port USB21 frequency "
+            "3000000 -debugdevice deviceNr 4 cpunr 2");
+  Surroundings surroundings;
+  surroundings.input = R"({"connection": "sim"})";
+  const Result piped = this->run(
+      {"command", board, "lumacore_1", "--settings", "-"}, surroundings);
+  EXPECT_EQ(piped.out, "connect lc sim\n");
+}
+
+TEST_F(CommandCommandTest, NamesWhatIsWrongWithADocument) {
+  const struct {
+    const char *text;
+    std::string problem;
+  } rows[] = {
+      {"{\n  \"cable\": {,\n}", "2: this is no JSON"},
+      {"[]", "1: this is no document of settings: no object"},
+      {"{\n\"debugDevise\": 3}",
+       "2: 'debugDevise' is no setting; did you mean 'debugDevice'?"},
+      {"{\"record\": {\n\"nCpu\": 1.5}}",
+       "2: 'nCpu' is no text, whole number or flag"},
+      {"{\"chain\": 3}", "1: 'chain' is no list of devices"},
+      {"{\"cable\": []}", "1: 'cable' is no object"},
+  };
+  for (const auto &row : rows) {
+    folder.write("settings.json", row.text);
+    const Result run = refusalOf("lumacore_0", {"--settings", "settings.json"});
+    EXPECT_EQ(run.status, 3) << row.text;
+    EXPECT_EQ(run.err, "zeldebug: error: settings.json:" + row.problem + "\n");
+  }
+  folder.write("settings.json", R"({"record": {"debugDevice": 200}})");
+  const Result run = refusalOf("lumacore_0", {"--settings", "settings.json"});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_EQ(run.err,
+            "zeldebug: error: settings.json: debugDevice: '200' is no number "
+            "from 0 to 127 (decimal or 0x)\n");
+  EXPECT_EQ(refusalOf("lumacore_0", {"--settings", "nowhere.json"}).status, 3);
 }
 
 TEST_F(CommandCommandTest, TellsTheSameInJson) {
   const json document = runJson({"command", board, "lumacore_0", "--connection",
-                                 "sim", "--debug-device", "3"});
+                                 "sim", "--debug-device", "3"},
+                                1);
   EXPECT_EQ(document["instanceName"], "lumacore_0");
   EXPECT_EQ(document["connectCommand"], "connect lc sim");
   EXPECT_EQ(document["lost"],
@@ -204,6 +479,12 @@ TEST_F(CommandCommandTest, TellsTheSameInJson) {
                               "carry it"},
                    {"anchor", "other-connections"}}}));
   EXPECT_EQ(document["dropped"], json::array());
+  EXPECT_EQ(document["effects"], json::array());
+  EXPECT_EQ(document["diagnostics"], json::array());
+  ASSERT_EQ(document["warnings"].size(), 1U);
+  EXPECT_EQ(document["warnings"][0]["severity"], "warning");
+  EXPECT_EQ(document["warnings"][0]["code"], "other-connections");
+  EXPECT_EQ(document["warnings"][0]["setting"], "debugDevice");
 }
 
 TEST_F(CommandCommandTest, RefusesNumbersThatDoNotFit) {
@@ -229,13 +510,23 @@ TEST_F(CommandCommandTest, RefusesNumbersThatDoNotFit) {
       {{"--stub-baud", "2147483648"},
        "--stub-baud: '2147483648' is no number from 0 to 2147483647"},
       {{"--icache", "0x100000000"},
-       "--icache: '0x100000000' is no number from 0x0 to 0xffffffff"},
+       "--icache: '0x100000000' is no number from 0x0 to 0xffffffff that is a "
+       "multiple of 0x10000"},
       {{"--icache", "18446744073709551616"},
-       "--icache: '18446744073709551616' is no number from 0x0 to 0xffffffff"},
+       "--icache: '18446744073709551616' is no number from 0x0 to 0xffffffff "
+       "that is a multiple of 0x10000"},
+      {{"--icache", "0x18000"},
+       "--icache: '0x18000' is no number from 0x0 to 0xffffffff that is a "
+       "multiple of 0x10000"},
       {{"--address-map", "0xFFFB0000"},
-       "--address-map: '0xFFFB0000' is no number from 0x0 to 0xfffa0000"},
+       "--address-map: '0xFFFB0000' is no number from 0x0 to 0xfffa0000 that "
+       "is "
+       "a multiple of 0x10000"},
+      {{"--address-map", "0x10001"},
+       "--address-map: '0x10001' is no number from 0x0 to 0xfffa0000 that is a "
+       "multiple of 0x10000"},
       {{"--rom", "0:0x100000000"},
-       "--rom SIZE: '0x100000000' is no number from 0x0 to 0xffffffff"},
+       "--rom SIZE: '0x100000000' is no number from 0 to 4294967295"},
       {{"--rom", ":16"}, "--rom START: '' is no number from 0x0 to 0xffffffff"},
       {{"--device", "devicenr=1,partname=p,irlength=128,idcode=1"},
        "--device irlength: '128' is no number from 0 to 127"},
@@ -335,14 +626,16 @@ TEST_F(CommandCommandTest, EmptyIsNotUnset) {
 }
 
 TEST_F(CommandCommandTest, RefusesFrequenciesThatAreNoWholeHertz) {
-  for (const char *text : {"4294967296", "4295MHz", "1.5MHz", "MHz", "3 MHz",
-                           "3mhz", "-3MHz", "", "0x12zzkHz"}) {
+  for (const char *text :
+       {"4294967296", "4295MHz", "1.5", "1.5Hz", "0.0000005MHz", "1.MHz",
+        ".5MHz", "0x1.8MHz", "1.5.0MHz", "MHz", "3mhz", "-3MHz", "",
+        "0x12zzkHz"}) {
     const Result run = refusalOf("lumacore_0", {"--frequency", text});
     EXPECT_EQ(run.status, 2) << text;
     EXPECT_EQ(run.err,
               std::string("zeldebug: error: --frequency: '") + text +
-                  "' is no whole number (decimal or 0x) with Hz, kHz, MHz "
-                  "or nothing behind it, up to 4294967295 Hz\n");
+                  "' is no whole number of hertz (decimal or 0x, with Hz, "
+                  "kHz, MHz or nothing behind it), up to 4294967295 Hz\n");
   }
 }
 
@@ -388,9 +681,8 @@ TEST_F(CommandCommandTest, NamesWhatIsAccepted) {
   } rows[] = {
       {{"--cable", "quorla_usb"},
        2,
-       "--cable: 'quorla_usb' is unknown; accepted are " +
-           support::quotedCableWords() +
-           ", 'none'; did you mean 'quorla_podusb'?"},
+       "--cable: 'quorla_usb' is unknown; accepted are " + offeredCables() +
+           "; did you mean 'quorla_podusb'?"},
       {{"--connection", "serial"},
        2,
        "--connection: 'serial' is unknown; accepted are 'sim', 'hw', "
@@ -415,19 +707,10 @@ TEST_F(CommandCommandTest, NamesWhatIsAccepted) {
        "--device: 'idcode' is missing in 'devicenr=1,partname=p,irlength=6'"},
       {{"--device", "x"}, 2, "--device: 'x' is no KEY=VALUE"},
       {{"--rom", "16"}, 2, "--rom: '16' is no START:SIZE"},
-      {{"--icache", "0x18000"},
-       1,
-       "--icache: Icache Start Address should be aligned at 64k boundry"},
-      {{"--address-map", "0x10001"},
-       1,
-       "--address-map: Icache Start Address should be aligned at 64k boundry"},
-      {{"--module", "m"},
-       1,
-       "--module: Internal Error: Other Cable Options applies only for "
-       "QUORLA_PLUGIN cable type"},
       {{"--cable", "quorla_tcf"},
        1,
-       "no command can be written: Invalid Cable Type"},
+       "--cable: no command can be written with 'quorla_tcf'; accepted are " +
+           offeredCables()},
       {{"--from", ""},
        1,
        "--from: the command is refused: column 1: the command is empty"},

@@ -44,14 +44,15 @@ TEST_F(CommandLineTest, TellsItsVersion) {
 
 TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
   const std::string optionsOfSet =
-      "'--help', '--json', '-C', '--library', '--view', '--kinds', "
+      "'--help', '--json', '-C', '--color', '--quiet', '--strict', "
+      "'--library', '--view', '--kinds', "
       "'--max-instances', '--all', "
-      "'--dry-run', '--force', '--mkdir', '--from', '--connection', '--cable', "
-      "'--frequency', '--port', '--esn', '--module', '--module-arg', "
-      "'--debug-device', '--cpu-jtag', '--device', '--clear-chain', "
-      "'--stub-port', '--stub-baud', '--icache', '--dcache', '--itag', "
-      "'--dtag', '--tlb', '--dcr', '--address-map', '--unset-address-map', "
-      "'--rom'";
+      "'--dry-run', '--force', '--mkdir', '--from', '--settings', "
+      "'--copy-from', '--connection', '--stub-port', '--stub-baud', "
+      "'--debug-device', '--icache', '--dcache', '--itag', '--dtag', '--tlb', "
+      "'--dcr', '--rom', '--cable', '--frequency', '--port', '--esn', "
+      "'--module', '--module-arg', '--cpu-jtag', '--device', '--clear-chain', "
+      "'--address-map', '--unset-address-map', '--unset'";
   const struct {
     std::vector<std::string> line;
     std::string message;
@@ -69,6 +70,7 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
        "'roundtrip', 'cables', 'language', 'completion', 'manual', 'help'"},
       {{"list", "--jsn", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
+       "'--color', '--quiet', '--strict', "
        "'--library', '--view', '--kinds', '--max-instances'; did you mean "
        "'--json'?"},
       {{"set", "x", "y", "--frequncy=3MHz"},
@@ -78,17 +80,19 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
        "unknown option '--zzz' of 'set'; there are " + optionsOfSet},
       {{"cables", "--foo"},
        "unknown option '--foo' of 'cables'; there are '--help', '--json', "
-       "'-C'"},
+       "'-C', '--color', '--quiet', '--strict'"},
       {{"--foo"},
        "unknown option '--foo' of 'zeldebug'; there are '--help', '--version', "
-       "'--json', '-C'"},
+       "'--json', '-C', '--color', '--quiet', '--strict'"},
       {{"--jsn", "list", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
+       "'--color', '--quiet', '--strict', "
        "'--library', '--view', '--kinds', '--max-instances'; did you mean "
        "'--json'?"},
       {{"check", "connect", "lc", "hdu", "-cable", "type", "x"},
        "unknown option '-cable' of 'check'; there are '--help', '--json', "
-       "'-C', '--file', '--design', '--library', '--view', '--kinds', "
+       "'-C', '--color', '--quiet', '--strict', '--file', '--design', "
+       "'--library', '--view', '--kinds', "
        "'--max-instances', '--processor'; a connect command is one argument: "
        "put it in quotes"},
       {{"list", "x", "y"}, "'list' takes no more arguments, but 'y' is left"},
@@ -165,6 +169,41 @@ TEST_F(CommandLineTest, FlagsTakeNoValue) {
   }
 }
 
+TEST_F(CommandLineTest, AFailureTellsItsParts) {
+  const json unknown =
+      runJson({"set", board, "lumacore_0", "--cable", "quorla_podusp"}, 2);
+  const json failure = unknown["failure"];
+  EXPECT_EQ(failure["code"], "bad-value");
+  EXPECT_EQ(failure["option"], "--cable");
+  EXPECT_EQ(failure["value"], "quorla_podusp");
+  EXPECT_EQ(failure["suggestion"], "quorla_podusb");
+  EXPECT_THAT(failure["accepted"], testing::Contains(json("digilent_plugin")));
+  EXPECT_THAT(failure["accepted"],
+              testing::Not(testing::Contains(json("quorla_tcf"))));
+  folder.write("broken.xml", "<?xml version=\"1.0\"?>\n<design>\n</desing>\n");
+  const json broken = runJson({"list", "broken.xml"}, 3)["failure"];
+  EXPECT_EQ(broken["code"], "unreadable");
+  EXPECT_EQ(broken["file"], "broken.xml");
+  EXPECT_EQ(broken["line"], 3);
+  save("lumacore_0", "\nconnect nothing");
+  const json saved = runJson({"command", board, "lumacore_0"}, 3)["failure"];
+  EXPECT_EQ(saved["file"], "etc/kvo_lumacore_0.opt");
+  EXPECT_EQ(saved["line"], 2);
+}
+
+TEST_F(CommandLineTest, ColourIsChosen) {
+  EXPECT_THAT(this->run({"list", board, "--color", "always"}).out,
+              StartsWith("\x1b[1m"));
+  EXPECT_THAT(this->run({"lst", "--color=always"}).out, "");
+  EXPECT_THAT(this->run({"list", board, "--color=never"}).out,
+              StartsWith("PROCESSOR"));
+  const Result run = this->run({"list", board, "--color", "allways"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err,
+            "zeldebug: error: --color: 'allways' is unknown; accepted are "
+            "'auto', 'always', 'never'; did you mean 'always'?\n");
+}
+
 TEST_F(CommandLineTest, AnEmptyFolderIsNone) {
   const Result run = this->run({"show", board, "lumacore_0", "-C", ""});
   EXPECT_EQ(run.status, 3);
@@ -215,7 +254,8 @@ TEST_F(CommandLineTest, WrongUseIsADocumentInJson) {
   EXPECT_EQ(document["failure"]["status"], 2);
   EXPECT_EQ(document["failure"]["message"],
             "unknown option '--jsn' of 'list'; there are '--help', '--json', "
-            "'-C', '--library', '--view', '--kinds', '--max-instances'; did "
+            "'-C', '--color', '--quiet', '--strict', '--library', '--view', "
+            "'--kinds', '--max-instances'; did "
             "you mean '--json'?");
 }
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
+#include <sstream>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -197,7 +198,8 @@ TEST_F(FaultsTest, AnOptionFileThatIsAFolder) {
   EXPECT_EQ(forced.status, 1);
   EXPECT_EQ(
       forced.err,
-      "zeldebug: error: lumacore_0: etc/kvo_lumacore_0.opt: Is a directory\n");
+      "zeldebug: error: lumacore_0: etc/kvo_lumacore_0.opt: is a folder, no "
+      "file\n");
   EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
 }
 
@@ -206,8 +208,9 @@ TEST_F(FaultsTest, AnOptionFileThatIsALinkLoop) {
   fs::create_symlink("kvo_lumacore_0.opt", "etc/kvo_lumacore_0.opt");
   expectUnreadable(": Too many levels of symbolic links");
   EXPECT_TRUE(fs::is_symlink("etc/kvo_lumacore_0.opt"));
-  EXPECT_EQ(set({"--force"}).status, 0);
-  EXPECT_EQ(saved("lumacore_0"), "connect lc hdu -debugdevice cpunr 1");
+  // It is no regular file, and is not replaced.
+  EXPECT_EQ(set({"--force"}).status, 1);
+  EXPECT_TRUE(fs::is_symlink("etc/kvo_lumacore_0.opt"));
 }
 
 TEST_F(FaultsTest, AnOptionFileThatIsALinkToNothing) {
@@ -309,7 +312,7 @@ TEST_F(FaultsTest, ARunThatIsKilled) {
     const Result killed = set({"--debug-device", "1"}, surroundings);
     EXPECT_EQ(killed.status, 128 + SIGSYS) << call;
     EXPECT_EQ(saved("lumacore_0"), before);
-    EXPECT_EQ(etc().size(), 2U) << "nothing was left behind to clear away";
+    EXPECT_GT(etc().size(), 1U) << "nothing was left behind to clear away";
     // What it left behind is in nobody's way, and goes with the next run.
     EXPECT_EQ(this->run({"show", board, "lumacore_0"}).status, 0);
     EXPECT_EQ(set({"--debug-device", "2"}).status, 0);
@@ -375,13 +378,51 @@ TEST_F(FaultsTest, ColourIsNotForPipes) {
 TEST_F(FaultsTest, ColourIsForTerminalsThatWantIt) {
   if (!hasTerminals())
     GTEST_SKIP() << "there are no pseudo-terminals here";
+  const std::string coloured = "\x1b[1m" + std::string(tableHead);
   Surroundings surroundings;
   surroundings.terminal = true;
+  surroundings.terminalName = "xterm";
   EXPECT_THAT(this->run({"list", board}, surroundings).out,
-              testing::StartsWith("\x1b[1m" + std::string(tableHead)));
+              testing::StartsWith(coloured));
+  EXPECT_THAT(this->run({"list", board, "--color=never"}, surroundings).out,
+              testing::StartsWith(tableHead));
+  surroundings.terminalName = "dumb";
+  EXPECT_THAT(this->run({"list", board}, surroundings).out,
+              testing::StartsWith(tableHead));
+  EXPECT_THAT(this->run({"list", board, "--color=always"}, surroundings).out,
+              testing::StartsWith(coloured));
+  surroundings.terminalName = "xterm";
   surroundings.noColour = true;
   EXPECT_THAT(this->run({"list", board}, surroundings).out,
               testing::StartsWith(tableHead));
+}
+
+TEST_F(FaultsTest, TablesAndSentencesFitTheTerminal) {
+  if (!hasTerminals())
+    GTEST_SKIP() << "there are no pseudo-terminals here";
+  Surroundings surroundings;
+  surroundings.terminal = true;
+  surroundings.noColour = true;
+  const std::vector<std::vector<std::string>> lines{
+      {"list", board}, {"cables"}, {"show", board, "lumacore_0", "--origin"}};
+  for (const unsigned short columns : {60, 80, 132}) {
+    surroundings.columns = columns;
+    for (const std::vector<std::string> &line : lines) {
+      std::istringstream out(this->run(line, surroundings).out);
+      std::string shown;
+      for (std::string text; std::getline(out, text);) {
+        text.erase(text.find_last_not_of('\r') + 1);
+        EXPECT_LE(text.size(), columns) << text;
+        shown += text + " ";
+      }
+      // Nothing of a cell is left out.
+      EXPECT_THAT(shown, HasSubstr(line[0] == "cables" ? "digilent_plugin"
+                                                       : "lumacore_0"));
+    }
+  }
+  // A pipe is as wide as it takes.
+  EXPECT_THAT(this->run({"list", board}).out,
+              HasSubstr("and processors of type 'soc_cortexr5' need one.\n"));
 }
 
 } // namespace

@@ -40,6 +40,7 @@ TEST_F(ListCommandTest, TellsTheSameInJson) {
   ASSERT_EQ(document["processors"].size(), 7U);
   EXPECT_EQ(document["processors"][0],
             json({{"instanceName", "lumacore_0"},
+                  {"type", "lumacore"},
                   {"procFamily", 0},
                   {"procType", 0},
                   {"connectionMask", 0x87},
@@ -47,6 +48,7 @@ TEST_F(ListCommandTest, TellsTheSameInJson) {
                   {"fpuType", 0},
                   {"connections", {"sim", "hw", "stub-serial", "stub-jtag"}}}));
   EXPECT_EQ(document["processors"][3], json({{"instanceName", "ppc440_0"},
+                                             {"type", "ppc440_core"},
                                              {"procFamily", 1},
                                              {"procType", 2},
                                              {"connectionMask", 3},

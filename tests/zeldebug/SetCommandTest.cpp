@@ -1,8 +1,7 @@
-#include <fcntl.h>
 #include <filesystem>
 #include <set>
-#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
@@ -29,6 +28,13 @@ protected:
   }
 };
 
+/// What choosing the USB cable brings to a processor without one.
+const std::string usbNotes =
+    "zeldebug: note: lumacore_0: cable.frequency 0 becomes 6000000: choosing a "
+    "cable brings its port and frequency\n"
+    "zeldebug: note: lumacore_0: cable.port \"\" becomes \"USB21\": choosing a "
+    "cable brings its port and frequency\n";
+
 constexpr const char *usbCommand =
     "connect lc hdu -cable type quorla_podusb port USB21 frequency 6000000 "
     "-debugdevice cpunr 1";
@@ -38,8 +44,10 @@ TEST_F(SetCommandTest, SavesTheCommandAndPrintsIt) {
   const Result run = set("lumacore_0", {"--cable", "quorla_podusb"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.out, std::string(usbCommand) + "\n");
-  EXPECT_EQ(run.err,
-            "zeldebug: note: lumacore_0: saved in etc/kvo_lumacore_0.opt\n");
+  EXPECT_EQ(
+      run.err,
+      usbNotes +
+          "zeldebug: note: lumacore_0: saved in etc/kvo_lumacore_0.opt\n");
   EXPECT_EQ(saved("lumacore_0"), usbCommand);
   EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
 }
@@ -84,8 +92,8 @@ TEST_F(SetCommandTest, ADryRunSavesNothing) {
   Result run = set("lumacore_0", {"--cable", "quorla_podusb", "--dry-run"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.out, std::string(usbCommand) + "\n");
-  EXPECT_EQ(run.err, "zeldebug: note: lumacore_0: would be saved in "
-                     "etc/kvo_lumacore_0.opt\n");
+  EXPECT_EQ(run.err, usbNotes + "zeldebug: note: lumacore_0: would be saved in "
+                                "etc/kvo_lumacore_0.opt\n");
   EXPECT_TRUE(etc().empty());
   fs::remove("etc");
   EXPECT_EQ(set("lumacore_0", {"--dry-run", "--mkdir"}).err,
@@ -120,7 +128,7 @@ TEST_F(SetCommandTest, ADryRunIsRefusedWhereTheRunWouldBe) {
        "etc: cannot write there: Permission denied"},
       {[] { fs::create_directories("etc/kvo_lumacore_0.opt"); },
        {"--force"},
-       "etc/kvo_lumacore_0.opt: Is a directory"},
+       "etc/kvo_lumacore_0.opt: is a folder, no file"},
   };
   for (const auto &row : rows) {
     row.prepare();
@@ -292,6 +300,7 @@ TEST_F(SetCommandTest, TellsTheSameInJson) {
                                           {"outcome", "saved"},
                                           {"file", "etc/kvo_lumacore_0.opt"},
                                           {"connectCommand", "connect lc sim"},
+                                          {"effects", json::array()},
                                           {"lost", json::array()},
                                           {"dropped", json::array()},
                                           {"message", nullptr}}));
@@ -328,27 +337,166 @@ TEST_F(SetCommandTest, RunsAtOnceLeaveTheWholeFileOfOneOfThem) {
   EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
 }
 
-TEST_F(SetCommandTest, LeavesTheFolderOfAnotherRunAlone) {
-  fs::create_directories("etc/.zeldebug-abcdef/etc");
-  const int folderOfOther =
-      open("etc/.zeldebug-abcdef", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  ASSERT_EQ(flock(folderOfOther, LOCK_EX), 0);
-  EXPECT_EQ(set("lumacore_0", {"--cable", "quorla_podusb"}).status, 0);
-  EXPECT_EQ(saved("lumacore_0"), usbCommand);
-  EXPECT_TRUE(fs::exists("etc/.zeldebug-abcdef/etc"));
-  // Its owner has ended.
-  close(folderOfOther);
-  EXPECT_EQ(set("lumacore_0", {"--cable", "quorla_parallel3"}).status, 0);
+/// One of two settings at once was lost before there was a lock.
+TEST_F(SetCommandTest, TwoRunsAtOnceBothCount) {
+  for (int round = 1; round <= 10; ++round) {
+    const std::string device = std::to_string(round);
+    const std::string frequency = round % 2 == 0 ? "3000000" : "1500000";
+    if (round == 1)
+      save("lumacore_0", usbCommand);
+    const std::vector<Result> results =
+        runAtOnce({{"set", board, "lumacore_0", "--debug-device", device},
+                   {"set", board, "lumacore_0", "--frequency", frequency}},
+                  [] {});
+    for (const Result &result : results)
+      EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(saved("lumacore_0"),
+              "connect lc hdu -cable type quorla_podusb port USB21 frequency " +
+                  frequency + " -debugdevice deviceNr " + device + " cpunr 1");
+  }
   EXPECT_THAT(etc(), ElementsAre("kvo_lumacore_0.opt"));
 }
 
+/// Neither has a folder to wait in.
+TEST_F(SetCommandTest, TwoRunsThatMakeTheFolderBothCount) {
+  for (int round = 0; round < 5; ++round) {
+    fs::remove_all("etc");
+    const std::vector<Result> results = runAtOnce(
+        {{"set", board, "lumacore_0", "--mkdir", "--debug-device", "3"},
+         {"set", board, "lumacore_0", "--mkdir", "--cable", "quorla_podusb"}},
+        [] {});
+    for (const Result &result : results)
+      EXPECT_EQ(result.status, 0) << result.err;
+    EXPECT_EQ(
+        saved("lumacore_0"),
+        "connect lc hdu -cable type quorla_podusb port USB21 frequency 6000000 "
+        "-debugdevice deviceNr 3 cpunr 1");
+  }
+}
+
 TEST_F(SetCommandTest, LeavesOtherHiddenNamesAlone) {
-  fs::create_directories("etc/.zeldebug-abcdefg");
-  fs::create_directories("etc/.zeldebug");
-  folder.write("etc/.zeldebug-abcdef", "a file");
+  fs::create_directories("etc/.zeldebug-abcdef");
+  folder.write("etc/.kvo_lumacore_1.opt.new", "of another processor");
   EXPECT_EQ(set("lumacore_0", {}).status, 0);
-  EXPECT_THAT(etc(), ElementsAre(".zeldebug", ".zeldebug-abcdef",
-                                 ".zeldebug-abcdefg", "kvo_lumacore_0.opt"));
+  EXPECT_THAT(etc(), ElementsAre(".kvo_lumacore_1.opt.new", ".zeldebug-abcdef",
+                                 "kvo_lumacore_0.opt"));
+}
+
+TEST_F(SetCommandTest, NamesWhatACableOnASavedFileResets) {
+  save("lumacore_0", "connect lc hdu -cable type quorla_parallel3 port LPT2 "
+                     "frequency 200000 -debugdevice cpunr 1");
+  const Result run = set("lumacore_0", {"--cable", "quorla_podusb"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err,
+            "zeldebug: note: lumacore_0: cable.frequency 200000 becomes "
+            "6000000: choosing a cable brings its port and frequency\n"
+            "zeldebug: note: lumacore_0: cable.port \"LPT2\" becomes "
+            "\"USB21\": choosing a cable brings its port and frequency\n"
+            "zeldebug: note: lumacore_0: saved in etc/kvo_lumacore_0.opt\n");
+  EXPECT_EQ(saved("lumacore_0"), usbCommand);
+  // The cable that is there is not started anew.
+  EXPECT_EQ(
+      set("lumacore_0", {"--port", "USB22", "--frequency", "3MHz"}).status, 0);
+  EXPECT_EQ(set("lumacore_0", {"--cable", "quorla_podusb"}).err,
+            "zeldebug: note: lumacore_0: already saved in "
+            "etc/kvo_lumacore_0.opt\n");
+  EXPECT_THAT(saved("lumacore_0"), HasSubstr("port USB22 frequency 3000000"));
+}
+
+TEST_F(SetCommandTest, ReplacesNothingButARegularFile) {
+  fs::create_directory("etc");
+  const fs::path file = "etc/kvo_lumacore_0.opt";
+  const auto expectRefusal = [&](const std::string &problem) {
+    const Result run = set("lumacore_0", {"--force"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, "");
+    EXPECT_THAT(run.err, HasSubstr(": " + problem + "\n"));
+  };
+  ASSERT_EQ(mkfifo("fifo", 0600), 0);
+  fs::create_symlink("../fifo", file);
+  expectRefusal("is no regular file");
+  EXPECT_TRUE(fs::is_fifo(fs::status(file)));
+  fs::remove(file);
+  ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+  expectRefusal("is no regular file");
+  EXPECT_TRUE(fs::is_fifo(file));
+  fs::remove(file);
+  fs::create_symlink("nowhere", file);
+  expectRefusal("is a link to nothing");
+  EXPECT_TRUE(fs::is_symlink(file));
+  fs::remove(file);
+  // The same device as /dev/null, where this test may make one.
+  if (mknod("device", S_IFCHR | 0600, makedev(1, 3)) != 0)
+    GTEST_SKIP() << "no device can be made here";
+  fs::create_symlink("../device", file);
+  expectRefusal("is no regular file");
+  EXPECT_TRUE(fs::is_character_file(fs::status(file)));
+}
+
+TEST_F(SetCommandTest, WarnsOfASerialLineWithoutARate) {
+  fs::create_directory("etc");
+  const Result run = set("lumacore_0", {"--connection", "stub-serial"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "zeldebug: warning: lumacore_0: stubBaudRate: '0' is no "
+                     "rate of a serial line [baud-zero]\n"
+                     "zeldebug: note: lumacore_0: saved in "
+                     "etc/kvo_lumacore_0.opt\n");
+}
+
+TEST_F(SetCommandTest, StrictRunsSaveNothingThatIsWarnedOf) {
+  fs::create_directory("etc");
+  const std::vector<std::string> doubtful{"--connection", "stub-serial",
+                                          "--strict"};
+  const Result run = set("lumacore_0", doubtful);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "");
+  EXPECT_EQ(run.err,
+            "zeldebug: warning: lumacore_0: stubBaudRate: '0' is no rate of a "
+            "serial line [baud-zero]\n"
+            "zeldebug: error: lumacore_0: nothing is saved, because a warning "
+            "is a failure with --strict\n");
+  EXPECT_EQ(set("lumacore_0", {"--cpu-jtag", "--force", "--strict"}).status, 1);
+  EXPECT_TRUE(etc().empty());
+  EXPECT_EQ(set("lumacore_0", {"--debug-device", "1", "--strict"}).status, 0);
+  // A command that is printed with a warning fails as well.
+  EXPECT_EQ(this->run({"command", board, "lumacore_0", "--connection",
+                       "stub-serial", "--strict"})
+                .status,
+            1);
+}
+
+TEST_F(SetCommandTest, QuietRunsLeaveNotesOut) {
+  fs::create_directory("etc");
+  const Result run = set("lumacore_0", {"--cable", "quorla_podusb", "-q"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, std::string(usbCommand) + "\n");
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(set("lumacore_0", {"--connection", "stub-serial", "--quiet"}).err,
+              testing::StartsWith("zeldebug: warning: "));
+  EXPECT_EQ(set("lumacore_0", {"--debug-device", "200", "-q"}).status, 2);
+}
+
+TEST_F(SetCommandTest, EverythingThatIsSaidIsInTheDocument) {
+  fs::create_directory("etc");
+  const json document = runJson({"set", board, "lumacore_0", "--cable",
+                                 "quorla_podusb", "--frequency", "625kHz"});
+  const json result = document["results"][0];
+  EXPECT_EQ(
+      result["effects"],
+      json({{{"setting", "cable.port"},
+             {"before", ""},
+             {"after", "USB21"},
+             {"why", "choosing a cable brings its port and frequency"}}}));
+  ASSERT_EQ(document["warnings"].size(), 3U);
+  EXPECT_EQ(document["warnings"][0]["severity"], "note");
+  EXPECT_EQ(document["warnings"][0]["setting"], "cable.port");
+  EXPECT_EQ(document["warnings"][0]["code"], nullptr);
+  EXPECT_EQ(document["warnings"][1]["severity"], "warning");
+  EXPECT_EQ(document["warnings"][1]["code"], "frequency");
+  EXPECT_EQ(document["warnings"][1]["setting"], "cable.frequency");
+  EXPECT_EQ(document["warnings"][2]["message"],
+            "lumacore_0: saved in etc/kvo_lumacore_0.opt");
+  EXPECT_EQ(document["diagnostics"], json::array());
 }
 
 TEST_F(SetCommandTest, WarnsOfAFrequencyThatTheCableDoesNotHave) {
@@ -361,13 +509,20 @@ TEST_F(SetCommandTest, WarnsOfAFrequencyThatTheCableDoesNotHave) {
                                           "--frequency", "625kHz"};
   const Result run = set("lumacore_0", settings);
   EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.err, "zeldebug: warning: lumacore_0: " + doubt +
+  const std::string brought =
+      "cable.port \"\" becomes \"USB21\": choosing a cable brings its port and "
+      "frequency\n";
+  EXPECT_EQ(run.err, "zeldebug: note: lumacore_0: " + brought +
+                         "zeldebug: warning: lumacore_0: " + doubt +
                          "zeldebug: note: lumacore_0: saved in "
                          "etc/kvo_lumacore_0.opt\n");
   EXPECT_THAT(saved("lumacore_0"), HasSubstr("frequency 625000"));
+  fs::remove("etc/kvo_lumacore_0.opt");
   std::vector<std::string> line{"command", board, "lumacore_0"};
   line.insert(line.end(), settings.begin(), settings.end());
-  EXPECT_EQ(this->run(line).err, "zeldebug: warning: " + doubt);
+  EXPECT_EQ(this->run(line).err,
+            "zeldebug: note: " + brought + "zeldebug: warning: " + doubt);
+  EXPECT_EQ(set("lumacore_0", settings).status, 0);
   // It is not said again of what was saved before, nor of a cable that has any.
   EXPECT_THAT(set("lumacore_0", {"--debug-device", "1"}).err,
               testing::Not(HasSubstr("warning")));

@@ -15,6 +15,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -44,11 +45,14 @@ struct Pipe {
     closeEnd(writing);
   }
   /// A terminal in the place of the pipe.
-  void beTerminal() {
+  void beTerminal(unsigned short columns) {
     closeEnd(reading);
     closeEnd(writing);
     if (openpty(&reading, &writing, nullptr, nullptr, nullptr) != 0)
       throw std::system_error(errno, std::generic_category(), "openpty");
+    winsize size{};
+    size.ws_col = columns;
+    ioctl(writing, TIOCSWINSZ, &size);
   }
   static void closeEnd(int &end) {
     if (end >= 0)
@@ -105,6 +109,8 @@ void prepare(const Surroundings &surroundings, int in, int out, int err) {
   }
   setenv("LC_ALL", "C", 1);
   unsetenv("NO_COLOR");
+  if (!surroundings.terminalName.empty())
+    setenv("TERM", surroundings.terminalName.c_str(), 1);
   if (surroundings.noColour)
     setenv("NO_COLOR", "1", 1);
   if (surroundings.fatalCall >= 0)
@@ -188,7 +194,7 @@ Child::Child(const std::vector<std::string> &arguments,
   Pipe in;
   const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
   if (surroundings.terminal)
-    out.beTerminal();
+    out.beTerminal(surroundings.columns);
   if (surroundings.readerLeaves)
     Pipe::closeEnd(out.reading);
   process = fork();

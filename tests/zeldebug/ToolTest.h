@@ -30,6 +30,8 @@ struct Surroundings {
   bool readerLeaves = false;     ///< nobody reads standard output
   bool fullOutput = false;       ///< standard output is a full device
   bool terminal = false;         ///< standard output is a terminal
+  unsigned short columns = 0;    ///< of that terminal; 0: it does not say
+  std::string terminalName;      ///< TERM; as it is if empty
   bool noColour = false;         ///< NO_COLOR is set
   long fatalCall = -1;           ///< the system call that kills it; -1 for none
   std::string input;             ///< on standard input

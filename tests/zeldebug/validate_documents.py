@@ -66,7 +66,7 @@ def looseness(schema, place):
 
 
 def schema_of(document):
-    if document.keys() == {"version", "command", "text"}:
+    if document.keys() - {"warnings"} == {"version", "command", "text"}:
         return "text"
     return "failure" if "failure" in document else document["command"]
 

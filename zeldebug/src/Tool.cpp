@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "line/CommandLine.h"
+#include "line/Refused.h"
 #include "output/Failure.h"
 #include "subcommands/Subcommands.h"
 
@@ -10,11 +11,11 @@ namespace zeldebug {
 
 namespace {
 
-ExitStatus fail(Output &output, ExitStatus status, const std::string &text) {
-  output.error(text);
+ExitStatus fail(Output &output, const Failure &failure) {
+  output.lastError(failure.what());
   if (output.json())
-    output.failureDocument(status, text);
-  return status;
+    output.failureDocument(failure);
+  return failure.status();
 }
 
 } // namespace
@@ -41,9 +42,11 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   try {
     return line.run(argc, argv, output);
   } catch (const Failure &failure) {
-    return fail(output, failure.status(), failure.what());
+    return fail(output, failure);
+  } catch (const ZelDebugDialog::Refusal &refusal) {
+    return fail(output, failureOf(refusal));
   } catch (const std::exception &problem) {
-    return fail(output, ExitStatus::refused, problem.what());
+    return fail(output, Failure(ExitStatus::refused, problem.what()));
   }
 }
 

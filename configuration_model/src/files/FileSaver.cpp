@@ -89,6 +89,17 @@ void expectReplaceable(const fs::path &target, bool force) {
     refuseKind(RefusalKind::readOnly, target, "it may not be written");
 }
 
+void expectWritable(const fs::path &folder, bool mayMake) {
+  const bool isThere = lookAt(folder, fs::file_type::directory).exists;
+  if (!isThere && !mayMake)
+    return;
+  const fs::path place = isThere ? folder : folder.parent_path();
+  if (faccessat(AT_FDCWD, place.c_str(), W_OK | X_OK, AT_EACCESS) == 0)
+    return;
+  const std::string problem = std::generic_category().message(errno);
+  refuseFile(folder, isThere ? "cannot write there: " + problem : problem);
+}
+
 void flushFiles(const std::vector<const ScratchFile *> &files) {
   std::map<dev_t, std::vector<const ScratchFile *>> byFileSystem;
   for (const ScratchFile *const file : files) {

@@ -41,6 +41,10 @@ private:
 ///   file can take the place, or may not
 void expectReplaceable(const std::filesystem::path &target, bool force);
 
+/// A folder that files are to be written into, or that is to be made.
+/// @throws Refusal (fileSystem) if the file system would not have it
+void expectWritable(const std::filesystem::path &folder, bool mayMake);
+
 /// Asks the file system to keep what was written before names are moved: once
 /// for all files of one file system. @throws Refusal (fileSystem)
 void flushFiles(const std::vector<const ScratchFile *> &files);

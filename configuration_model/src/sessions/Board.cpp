@@ -9,6 +9,7 @@
 #include "HHSMHwManager.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/EngineFacts.h"
+#include "commands/Desk.h"
 #include "commands/Discovery.h"
 #include "commands/EngineLock.h"
 #include "files/FileLock.h"
@@ -134,6 +135,12 @@ BoardState::expectProcessor(const std::string &name) const {
   refusal.accepted = names;
   refusal.suggestion = model::nearestMatch(name, names);
   throw refusal;
+}
+
+std::string MemoryClassOf(const std::string &typeName) {
+  model::Desk desk;
+  const auto lock = model::lockEngine();
+  return desk.state().ClassifyMemory(typeName);
 }
 
 Board::Board(HHSMHwManager &design, const std::string &folder) {

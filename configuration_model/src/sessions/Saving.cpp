@@ -114,6 +114,8 @@ void Save::expectPlace(const fs::path &target) {
     folder = std::make_unique<SaveFolder>(around, options.makeFolder);
   if (!options.dryRun || lookAt(around, fs::file_type::directory).exists)
     expectReplaceable(target, options.force);
+  if (options.dryRun)
+    expectWritable(around, options.makeFolder);
 }
 
 void Save::expectNoLoss() {
@@ -159,8 +161,10 @@ void Save::prepare(std::set<fs::path> &taken) {
   outcome.command = isSaved ? session.loaded.text
                             : session.current->analysis.command.value_or("");
   expectNoDraft();
-  if (isSaved && !session.isChangedOnDisk())
+  if (isSaved && !session.isChangedOnDisk()) {
+    outcome.unchanged = true;
     return;
+  }
   outcome.losses = lossesOf(*session.current, session.defaults());
   expectCommand();
   const fs::path target = behindLinks(session.file);

@@ -96,6 +96,11 @@ std::string Session::Problem() const {
   return imp->problem;
 }
 
+CommandSettings Session::Loaded() {
+  const Turn turn(imp->mutex);
+  return imp->loadedSettings();
+}
+
 SessionState Session::State() const {
   const Turn turn(imp->mutex);
   return imp->state();

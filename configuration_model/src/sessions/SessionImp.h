@@ -41,6 +41,7 @@ public:
   bool isDirty() const;
   bool isChangedOnDisk() const;
   SessionState state();
+  CommandSettings loadedSettings();
 
   mutable std::mutex mutex;
   Board shownBoard; ///< for those who ask in public

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "commands/Origins.h"
 #include "losses/Applicability.h"
 #include "sessions/SessionImp.h"
 #include "settings/Values.h"
@@ -48,11 +49,12 @@ std::vector<StateWord> wordsOf(const Analysis &analysis) {
 
 std::string originOf(const Step &step, const SettingRow &row,
                      const std::string &id) {
-  // Whatever a command says: selecting takes these from the design.
-  if (row.isIdentity)
-    return "design";
   const auto found = step.origins.find(id);
-  return found == step.origins.end() ? "default" : found->second;
+  const std::string place =
+      found == step.origins.end() ? std::string() : found->second;
+  if (row.isIdentity)
+    return originOfIdentity(row, step.now.record, place);
+  return place.empty() ? "default" : place;
 }
 
 SettingState settingStateOf(const Step &step, const SettingRow &row,
@@ -140,7 +142,7 @@ SessionState SessionImp::state() {
       setting.error = draft->second.error;
     }
     for (const Choice &choice : row.info.choices)
-      setting.choices.push_back({choice, whyNotAllowed(row, choice, identity)});
+      setting.choices.push_back({choice, whyNotOffered(row, choice, identity)});
     state.settings.push_back(std::move(setting));
   }
   for (std::size_t i = 0; i < step.now.chain.size(); ++i)

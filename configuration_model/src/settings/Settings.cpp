@@ -6,6 +6,7 @@
 
 #include "ZelDebugDialog/EngineFacts.h"
 #include "settings/SettingTable.h"
+#include "settings/Values.h"
 #include "text/Printable.h"
 
 namespace ZelDebugDialog {
@@ -105,6 +106,24 @@ const std::vector<SettingInfo> &GetSettings() {
 const SettingInfo *FindSetting(std::string_view id) {
   const model::SettingRow *const row = model::findRow(id);
   return row == nullptr ? nullptr : &row->info;
+}
+
+const AddressMapInfo &GetAddressMap() {
+  static const AddressMapInfo map = [] {
+    AddressMapInfo made;
+    made.base = "debugAddressMap";
+    made.step = regionStep;
+    for (const DebugRegion &region : regionsFromBase)
+      made.regions.emplace_back(region.field);
+    return made;
+  }();
+  return map;
+}
+
+Value ReadSetting(std::string_view id, const std::string &text) {
+  const model::SettingRow &row = model::expectRow(id);
+  return model::readValue(row.isOfDevice() ? row : model::expectSettable(id),
+                          text);
 }
 
 std::string ShowValue(const SettingInfo &setting, const Value &value) {

@@ -118,13 +118,33 @@ std::optional<Value> readChoice(const std::vector<Choice> &choices,
   return std::nullopt;
 }
 
+constexpr const char *cannotBeWritten =
+    "no command can be written with this cable";
+
+/// Whether a command can be written with a cable; true for any other choice.
+bool isWritable(const SettingRow &row, const Choice &choice) {
+  if (!row.isOfCable() || !choice.value.IsNumber())
+    return true;
+  const CommandCable *const cable =
+      findCable(static_cast<std::uint32_t>(choice.value.Number()));
+  return cable == nullptr || canBeWritten(*cable);
+}
+
+/// The words to offer: of each choice all that stand for it.
 std::vector<std::string> wordsOf(const SettingRow &row) {
   std::vector<std::string> words;
-  for (const Choice &choice : row.info.choices)
-    words.push_back(choice.text);
-  for (const Choice &choice : row.synonyms)
-    if (std::find(words.begin(), words.end(), choice.text) == words.end())
-      words.push_back(choice.text);
+  const auto add = [&words](const std::string &word) {
+    if (std::find(words.begin(), words.end(), word) == words.end())
+      words.push_back(word);
+  };
+  for (const Choice &choice : row.info.choices) {
+    if (!isWritable(row, choice))
+      continue;
+    add(choice.text);
+    for (const Choice &synonym : row.synonyms)
+      if (synonym.value == choice.value)
+        add(synonym.text);
+  }
   return words;
 }
 
@@ -245,6 +265,27 @@ Value expectChain(const SettingRow &row, const Value &asked,
   return chain;
 }
 
+/// A value of the setting's kind, whatever it has now or by default.
+Value expectValueOfKind(const SettingRow &row, const Value &asked,
+                        const Value &defaultValue, const Snapshot &current) {
+  switch (row.info.kind) {
+  case SettingKind::flag:
+    return expectFlag(row, asked, defaultValue);
+  case SettingKind::number:
+  case SettingKind::address:
+  case SettingKind::frequency:
+    return expectNumberValue(row, asked);
+  case SettingKind::text:
+  case SettingKind::file:
+    return expectTextValue(row, asked);
+  case SettingKind::chain:
+    return expectChain(row, asked, current);
+  case SettingKind::word:
+    break;
+  }
+  return expectWordValue(row, asked);
+}
+
 } // namespace
 
 const SettingRow &expectRow(std::string_view id) {
@@ -287,21 +328,8 @@ Value expectValue(const SettingRow &row, const Value &asked,
   const bool isOpenToAll = row.info.kind != SettingKind::word;
   if (isThere || (isOpenToAll && asked == defaultValue))
     return asked;
-  switch (row.info.kind) {
-  case SettingKind::flag:
-    return expectFlag(row, asked, defaultValue);
-  case SettingKind::number:
-  case SettingKind::address:
-  case SettingKind::frequency:
-    return expectNumberValue(row, asked);
-  case SettingKind::text:
-  case SettingKind::file:
-    return expectTextValue(row, asked);
-  case SettingKind::chain:
-    return expectChain(row, asked, current);
-  case SettingKind::word:
-    break;
-  }
+  if (row.info.kind != SettingKind::word)
+    return expectValueOfKind(row, asked, defaultValue, current);
   Value value = expectWordValue(row, asked);
   for (const Choice &choice : row.info.choices) {
     if (choice.value != value)
@@ -319,6 +347,18 @@ Value expectValue(const SettingRow &row, const Value &asked,
     throw refusal;
   }
   return value;
+}
+
+Value readValue(const SettingRow &row, const std::string &text) {
+  Snapshot fresh;
+  fresh.chain.emplace_back();
+  return expectValueOfKind(row, text, valueIn(fresh, row), fresh);
+}
+
+std::string whyNotOffered(const SettingRow &row, const Choice &choice,
+                          const ProcessorInfoImp &processor) {
+  return isWritable(row, choice) ? whyNotAllowed(row, choice, processor)
+                                 : cannotBeWritten;
 }
 
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,

@@ -23,6 +23,15 @@ const SettingRow &expectSettable(std::string_view id);
 Value expectValue(const SettingRow &row, const Value &asked,
                   const Snapshot &current, const Snapshot &defaults);
 
+/// The value that a text means for a setting; a default is no exception.
+/// @throws Refusal (badValue)
+Value readValue(const SettingRow &row, const std::string &text);
+
+/// Why a choice is not offered: the processor does not allow it, or no command
+/// can be written with it. Empty for one that is.
+std::string whyNotOffered(const SettingRow &row, const Choice &choice,
+                          const ProcessorInfoImp &processor);
+
 /// Why the processor cannot have a choice; empty if it can.
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
                           const ProcessorInfoImp &processor);

@@ -16,9 +16,6 @@ instead(f"{catalogue}.cpp", "NamedValue, 7> cableKeywords = collectKeywords<7>()
         "NamedValue, 8> cableKeywords = collectKeywords<8>()")
 instead(f"{catalogue}.h", "NamedValue, 7> cableKeywords", "NamedValue, 8> cableKeywords")
 
-instead("zeldebug/src/LossRules.cpp", "c.cable.cableType == Engine::QUORLA_PODUSB;",
-        "c.cable.cableType == Engine::QUORLA_PODUSB ||\n         c.cable.cableType == Engine::QUORLA_NETPOD;")
-
 behind("tests/support/Cables.cpp", "static_assert(Engine::QUORLA_TCF == 7);",
        "static_assert(Engine::QUORLA_NETPOD == 8);")
 behind("tests/support/Cables.cpp", '"12000000, 15000000, 20000000, 24000000, 30000000"},', """

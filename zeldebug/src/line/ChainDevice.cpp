@@ -1,72 +1,70 @@
 #include "line/ChainDevice.h"
 
+#include <algorithm>
 #include <array>
 #include <set>
-#include <variant>
 #include <vector>
 
 #include <fmt/format.h>
 
-#include "line/Number.h"
+#include <ZelDebugDialog/ConfigurationModel/Refusal.h>
+#include <ZelDebugDialog/ConfigurationModel/Settings.h>
+
+#include "line/Refused.h"
 #include "output/Failure.h"
-#include "output/Output.h"
-#include "output/SettingText.h"
 #include "output/Suggestion.h"
 
 namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::JtagOption;
-
-using Member =
-    std::variant<std::string JtagOption::*, std::uint32_t JtagOption::*,
-                 std::int8_t JtagOption::*, std::uint8_t JtagOption::*>;
-
-struct DeviceKey {
-  const char *name;
-  bool required;
-  Range range;
-  Member member;
-};
-
-const std::array<DeviceKey, 7> deviceKeys{{
-    {"devicenr", true, {0, 127, false}, &JtagOption::devicenr},
-    {"partname", true, {}, &JtagOption::partname},
-    {"irlength", true, {0, 127, false}, &JtagOption::irlength},
-    {"idcode", true, any32Bits, &JtagOption::idcode},
-    {"isfpga", false, {0, 1, false}, &JtagOption::isfpga},
-    {"hardppc", false, {0, 2, false}, &JtagOption::hardppc},
-    {"nppc", false, {0, 255, false}, &JtagOption::nppc},
-}};
+using ZelDebugDialog::ChainDevice;
+using ZelDebugDialog::Refusal;
+using ZelDebugDialog::SettingInfo;
+using ZelDebugDialog::Value;
 
 constexpr const char *option = "--device";
+constexpr const char *settingFront = "chain[].";
 
-const DeviceKey &expectKey(const std::string &name) {
-  std::vector<std::string> names;
-  for (const DeviceKey &key : deviceKeys) {
-    if (name == key.name)
-      return key;
-    names.emplace_back(key.name);
+// What no device is without.
+constexpr std::array<const char *, 4> required{"devicenr", "partname",
+                                               "irlength", "idcode"};
+
+/// Those that are required first.
+std::vector<std::string> keys() {
+  std::vector<std::string> names(required.begin(), required.end());
+  const std::string front = settingFront;
+  for (const SettingInfo &setting : ZelDebugDialog::GetSettings()) {
+    if (setting.id.compare(0, front.size(), front) != 0)
+      continue;
+    const std::string name = setting.id.substr(front.size());
+    if (std::find(names.begin(), names.end(), name) == names.end())
+      names.push_back(name);
   }
-  throw Failure(ExitStatus::wrongUse,
-                fmt::format("{}: unknown key '{}'; accepted are {}{}", option,
-                            printable(name), quotedList(names),
-                            didYouMean(name, names)));
+  return names;
 }
 
-void store(JtagOption &device, const DeviceKey &key, const std::string &value) {
-  const std::string what = fmt::format("{} {}", option, key.name);
-  std::visit(
-      [&](auto member) {
-        using Value = std::decay_t<decltype(device.*member)>;
-        if constexpr (std::is_same_v<Value, std::string>)
-          device.*member = expectWord(what, value);
-        else
-          device.*member =
-              static_cast<Value>(expectNumber(what, value, key.range));
-      },
-      key.member);
+Failure wrongUse(const std::string &problem, const std::string &value,
+                 FailureDetails about = {}) {
+  about.option = option;
+  about.value = value;
+  return {ExitStatus::wrongUse, fmt::format("{}: {}", option, problem), about};
+}
+
+void expectKey(const std::string &name) {
+  const std::vector<std::string> names = keys();
+  if (std::find(names.begin(), names.end(), name) == names.end())
+    throw wrongUse(fmt::format("unknown key '{}'; accepted are {}{}", name,
+                               quotedList(names), didYouMean(name, names)),
+                   name, {"", "", "", names, nearestMatch(name, names)});
+}
+
+Value valueOf(const std::string &key, const std::string &text) {
+  try {
+    return ZelDebugDialog::ReadSetting(settingFront + key, text);
+  } catch (const Refusal &refusal) {
+    throw failureOf(refusal, fmt::format("{} {}", option, key));
+  }
 }
 
 std::vector<std::string> piecesOf(const std::string &text) {
@@ -83,26 +81,22 @@ std::vector<std::string> piecesOf(const std::string &text) {
 
 } // namespace
 
-JtagOption expectChainDevice(const std::string &text) {
-  JtagOption device;
+ChainDevice expectChainDevice(const std::string &text) {
+  ChainDevice device;
   std::set<std::string> seen;
   for (const std::string &piece : piecesOf(text)) {
     const std::size_t equals = piece.find('=');
     if (equals == std::string::npos)
-      throw Failure(
-          ExitStatus::wrongUse,
-          fmt::format("{}: '{}' is no KEY=VALUE", option, printable(piece)));
-    const DeviceKey &key = expectKey(piece.substr(0, equals));
-    if (!seen.insert(key.name).second)
-      throw Failure(ExitStatus::wrongUse,
-                    fmt::format("{}: '{}' is given twice", option, key.name));
-    store(device, key, piece.substr(equals + 1));
+      throw wrongUse(fmt::format("'{}' is no KEY=VALUE", piece), piece);
+    const std::string key = piece.substr(0, equals);
+    expectKey(key);
+    if (!seen.insert(key).second)
+      throw wrongUse(fmt::format("'{}' is given twice", key), text);
+    device.emplace_back(key, valueOf(key, piece.substr(equals + 1)));
   }
-  for (const DeviceKey &key : deviceKeys)
-    if (key.required && seen.count(key.name) == 0)
-      throw Failure(ExitStatus::wrongUse,
-                    fmt::format("{}: '{}' is missing in '{}'", option, key.name,
-                                printable(text)));
+  for (const char *key : required)
+    if (seen.count(key) == 0)
+      throw wrongUse(fmt::format("'{}' is missing in '{}'", key, text), text);
   return device;
 }
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include <ZelDebugDialog/CableOption.h>
+#include <ZelDebugDialog/ConfigurationModel/Value.h>
 
 namespace zeldebug {
 
@@ -13,7 +13,7 @@ namespace zeldebug {
 /// @throws Failure (wrong use): a key that is unknown, missing or given twice,
 /// or
 ///   a value that its field cannot hold.
-ZelDebugDialog::JtagOption expectChainDevice(const std::string &text);
+ZelDebugDialog::ChainDevice expectChainDevice(const std::string &text);
 
 } // namespace zeldebug
 

@@ -1,12 +1,15 @@
 #include "line/CommandLine.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include <fmt/format.h>
 
 #include "Version.h"
-#include "output/Output.h"
+#include "line/Options.h"
 #include "output/Suggestion.h"
+#include "output/Wrap.h"
 
 namespace zeldebug {
 
@@ -86,12 +89,14 @@ Failure unknownOption(const CLI::App &app, const std::string &word) {
   const bool singleDash = name.size() > 2 && name[1] != '-';
   const std::string wanted = singleDash ? "-" + name : name;
   const std::vector<std::string> names = optionNames(app);
-  std::string text = fmt::format("unknown option '{}' of '{}'; there are {}{}",
-                                 printable(name), app.get_name(),
-                                 quotedList(names), didYouMean(wanted, names));
+  std::string text =
+      fmt::format("unknown option '{}' of '{}'; there are {}{}", name,
+                  app.get_name(), quotedList(names), didYouMean(wanted, names));
   if (singleDash && takesCommands(app))
     text += "; a connect command is one argument: put it in quotes";
-  return {ExitStatus::wrongUse, text};
+  return {ExitStatus::wrongUse,
+          text,
+          {"", name, "", names, nearestMatch(wanted, names)}};
 }
 
 /// The words of the line up to a "--", behind which nothing is an option.
@@ -99,6 +104,26 @@ std::vector<std::string> optionWordsOf(int argc, const char *const *argv) {
   std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
   words.erase(std::find(words.begin(), words.end(), "--"), words.end());
   return words;
+}
+
+constexpr std::array<std::pair<const char *, Colour>, 3> colours{{
+    {"auto", Colour::automatic},
+    {"always", Colour::always},
+    {"never", Colour::never},
+}};
+
+Colour expectColour(const std::string &text) {
+  std::vector<std::string> words;
+  for (const auto &[word, choice] : colours) {
+    if (text == word)
+      return choice;
+    words.emplace_back(word);
+  }
+  throw Failure(
+      ExitStatus::wrongUse,
+      fmt::format("--color: '{}' is unknown; accepted are {}{}", text,
+                  quotedList(words), didYouMean(text, words)),
+      {"bad-value", "--color", text, words, nearestMatch(text, words)});
 }
 
 /// Also for a flag with a value, which is refused.
@@ -130,10 +155,25 @@ CommandLine::CommandLine()
   addCommonOptions(app);
 }
 
+std::string CommandLine::helpOf(const Subcommand *subcommand,
+                                const Output &output) const {
+  const std::string text =
+      subcommand == nullptr ? app.help() : subcommand->app->help("zeldebug");
+  return wrappedHelp(text, output.width(), optionColumn);
+}
+
 void CommandLine::addCommonOptions(CLI::App &target) {
   target.add_flag(
       "--json", jsonWanted,
       "print one JSON document; everything else goes to standard error");
+  completeWith(target
+                   .add_option("--color", colour,
+                               "colour: always, never, or auto for a terminal "
+                               "that wants it")
+                   ->type_name("WHEN"),
+               ValueKind::colour);
+  target.add_flag("-q,--quiet", isQuiet, "leave out notes");
+  target.add_flag("--strict", isStrict, "make warnings failures");
   completeWith(target
                    .add_option("-C", folder,
                                "working directory, whose folder etc/ holds the "
@@ -142,14 +182,21 @@ void CommandLine::addCommonOptions(CLI::App &target) {
                ValueKind::folder);
 }
 
-CLI::App &CommandLine::addSubcommand(const std::string &name,
-                                     const std::string &summary,
-                                     const std::string &example, Runner run) {
+std::vector<std::string> CommandLine::names() const {
+  std::vector<std::string> found;
+  for (const Subcommand &subcommand : visible())
+    found.push_back(subcommand.app->get_name());
+  return found;
+}
+
+Options CommandLine::addSubcommand(const std::string &name,
+                                   const std::string &summary,
+                                   const std::string &example, Runner run) {
   CLI::App *subcommand = app.add_subcommand(name, summary);
   subcommand->footer("Example:\n  " + example);
   addCommonOptions(*subcommand);
   subcommands.push_back({subcommand, std::move(run), example});
-  return *subcommand;
+  return {*this, *subcommand};
 }
 
 void CommandLine::completeWith(const CLI::Option *option, ValueKind kind) {
@@ -197,15 +244,53 @@ void CommandLine::expectNothingUnknown(int argc,
       throw Failure(
           ExitStatus::wrongUse,
           fmt::format("'{}' takes no more arguments, but '{}' is left",
-                      where.get_name(), printable(word)));
-    std::vector<std::string> names;
-    for (const Subcommand &known : visible())
-      names.push_back(known.app->get_name());
-    throw Failure(ExitStatus::wrongUse,
-                  fmt::format("unknown subcommand '{}'; there are {}{}",
-                              printable(word), quotedList(names),
-                              didYouMean(word, names)));
+                      where.get_name(), word),
+          {"", "", word});
+    expectSubcommand(word);
   }
+}
+
+const CommandLine::Subcommand &
+CommandLine::expectSubcommand(const std::string &name) const {
+  for (const Subcommand &known : subcommands)
+    if (!known.app->get_group().empty() && known.app->get_name() == name)
+      return known;
+  const std::vector<std::string> all = names();
+  throw Failure(ExitStatus::wrongUse,
+                fmt::format("unknown subcommand '{}'; there are {}{}", name,
+                            quotedList(all), didYouMean(name, all)),
+                {"", "", name, all, nearestMatch(name, all)});
+}
+
+/// An option in the place of a value: the value is what is missing, not what
+/// is left over in the end.
+void CommandLine::expectValues(const std::vector<std::string> &words) const {
+  const Subcommand *subcommand = chosen();
+  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    if (!takesValue(where, words[i]))
+      continue;
+    const bool isLast = i + 1 == words.size();
+    const std::string next = isLast ? "" : words[i + 1];
+    const bool isOption =
+        next.size() > 1 && next[0] == '-' && hasOption(where, nameIn(next));
+    if (isLast || isOption)
+      throw Failure(ExitStatus::wrongUse,
+                    isLast ? fmt::format("{}: a value is missing", words[i])
+                           : fmt::format("{}: a value is missing, in front of "
+                                         "'{}'",
+                                         words[i], next),
+                    {"missing-value", words[i]});
+    ++i;
+  }
+}
+
+void CommandLine::applyCommonOptions(Output &output) const {
+  output.useColour(expectColour(colour));
+  if (isQuiet)
+    output.beQuiet();
+  if (isStrict)
+    output.beStrict();
 }
 
 /// What is left of the line for CLI11, which would take "-cable" for several
@@ -215,7 +300,7 @@ CommandLine::withoutDashedWords(int argc, const char *const *argv) {
   std::vector<const char *> left(argv, argv + argc);
   std::size_t first = 1;
   while (first < left.size() && left[first][0] == '-')
-    first += std::string_view(left[first]) == "-C" ? 2 : 1;
+    first += takesValue(app, left[first]) ? 2 : 1;
   if (dashed == nullptr || first >= left.size() ||
       dashed->get_name() != left[first])
     return left;
@@ -231,20 +316,6 @@ CommandLine::withoutDashedWords(int argc, const char *const *argv) {
   return left;
 }
 
-/// CLI11 takes an option for the value of the one in front of it.
-void CommandLine::expectValues(const std::vector<std::string> &words) const {
-  const Subcommand *subcommand = chosen();
-  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
-  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
-    const std::string next = nameIn(words[i + 1]);
-    if (takesValue(where, words[i]) && next.compare(0, 2, "--") == 0 &&
-        hasOption(where, next))
-      throw Failure(ExitStatus::wrongUse,
-                    fmt::format("{}: a value is missing, in front of '{}'",
-                                words[i], words[i + 1]));
-  }
-}
-
 /// CLI11 takes some values of a flag for its presence, or for how often it is
 /// given.
 void CommandLine::expectFlagsAlone(
@@ -254,8 +325,9 @@ void CommandLine::expectFlagsAlone(
   for (const std::string &word : words) {
     const std::string name = nameIn(word);
     if (name != word && name.compare(0, 2, "--") == 0 && hasFlag(where, name))
-      throw Failure(ExitStatus::wrongUse, fmt::format("{} takes no value: '{}'",
-                                                      name, printable(word)));
+      throw Failure(ExitStatus::wrongUse,
+                    fmt::format("{} takes no value: '{}'", name, word),
+                    {"", name, word.substr(name.size() + 1)});
   }
 }
 
@@ -277,9 +349,7 @@ ExitStatus CommandLine::run(int given, const char *const *line,
     app.parse(wordsOf(argc, argv));
   } catch (const CLI::CallForHelp &) {
     nameSubcommand(output);
-    const Subcommand *subcommand = chosen();
-    output.print(subcommand == nullptr ? app.help()
-                                       : subcommand->app->help("zeldebug"));
+    output.print(helpOf(chosen(), output));
     return ExitStatus::done;
   } catch (const CLI::CallForVersion &) {
     output.printLine(app.version());
@@ -295,6 +365,7 @@ ExitStatus CommandLine::run(int given, const char *const *line,
   expectFlagsAlone(words);
   expectValues(words);
   expectNothingUnknown(argc, argv);
+  applyCommonOptions(output);
   return chosen()->run(output);
 }
 

@@ -25,6 +25,8 @@ enum class ValueKind {
   connection,
   device,
   processor,
+  setting,
+  colour,
   instance,
   diagnosticCode,
   languageWord,
@@ -45,6 +47,8 @@ constexpr std::array<ExitText, 4> exitTexts{{
     {ExitStatus::unreadable, "a file could not be read or understood"},
 }};
 
+class Options;
+
 class CommandLine {
 public:
   using Runner = std::function<ExitStatus(Output &)>;
@@ -59,8 +63,8 @@ public:
 
   /// Adds a subcommand with its help text. The runner is called when it is
   /// chosen and the whole line has been read.
-  CLI::App &addSubcommand(const std::string &name, const std::string &summary,
-                          const std::string &example, Runner run);
+  Options addSubcommand(const std::string &name, const std::string &summary,
+                        const std::string &example, Runner run);
   /// Says what stands for values of `option`.
   void completeWith(const CLI::Option *option, ValueKind kind);
 
@@ -76,7 +80,13 @@ public:
   const std::vector<Subcommand> &all() const { return subcommands; }
   /// Those that are meant for people.
   std::vector<Subcommand> visible() const;
+  std::vector<std::string> names() const; ///< of those
   ValueKind kindOf(const CLI::Option *option) const;
+  /// The subcommand of that name, if it is meant for people.
+  /// @throws Failure (wrong use) with those that there are
+  const Subcommand &expectSubcommand(const std::string &name) const;
+  /// The help of a subcommand, in lines that fit; of all of them for null.
+  std::string helpOf(const Subcommand *subcommand, const Output &output) const;
   /// The folder of -C; "." without it.
   const std::string &workingFolder() const { return folder; }
 
@@ -85,10 +95,11 @@ private:
   std::vector<const char *> withoutDashedWords(int argc,
                                                const char *const *argv);
   const Subcommand *chosen() const;
+  void applyCommonOptions(Output &output) const;
   void nameSubcommand(Output &output) const;
   void expectFlagsAlone(const std::vector<std::string> &words) const;
-  void expectNothingUnknown(int argc, const char *const *argv) const;
   void expectValues(const std::vector<std::string> &words) const;
+  void expectNothingUnknown(int argc, const char *const *argv) const;
 
   CLI::App app;
   std::vector<Subcommand> subcommands;
@@ -97,6 +108,9 @@ private:
   std::vector<std::string> heldBack; ///< words that begin with '-'
   std::string folder = ".";
   bool jsonWanted = false;
+  bool isQuiet = false;
+  bool isStrict = false;
+  std::string colour = "auto";
 };
 
 } // namespace zeldebug

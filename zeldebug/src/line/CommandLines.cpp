@@ -1,97 +1,19 @@
 #include "line/CommandLines.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <array>
-#include <cerrno>
-#include <iostream>
 #include <sstream>
-#include <system_error>
 
-#include <fmt/format.h>
-
-#include "output/Failure.h"
-#include "output/Place.h"
+#include "line/InputFile.h"
 
 namespace zeldebug {
 
-namespace {
-
-std::vector<CommandLineOfFile> linesOf(std::istream &stream) {
+std::vector<CommandLineOfFile> expectCommandLines(const std::string &file) {
+  std::istringstream stream(expectText(file));
   std::vector<CommandLineOfFile> lines;
   std::string text;
   for (int number = 1; std::getline(stream, text); ++number)
     if (!text.empty())
       lines.push_back({number, text});
   return lines;
-}
-
-/// A file of any kind. A pipe is waited for only while somebody writes to it.
-class InputFile {
-public:
-  explicit InputFile(const std::string &file)
-      : name(file), descriptor(open(file.c_str(), O_RDONLY | O_NONBLOCK |
-                                                      O_NOCTTY | O_CLOEXEC)) {
-    if (descriptor < 0)
-      throw systemFailure();
-  }
-  ~InputFile() { close(descriptor); }
-  InputFile(const InputFile &) = delete;
-  InputFile &operator=(const InputFile &) = delete;
-
-  std::string readAll() {
-    struct stat about = {};
-    if (fstat(descriptor, &about) != 0)
-      throw systemFailure();
-    if (S_ISDIR(about.st_mode))
-      throw failure("is a folder, no file");
-    bool isWritten = !S_ISFIFO(about.st_mode);
-    std::string text;
-    std::array<char, 65536> piece{};
-    for (;;) {
-      const ssize_t length = read(descriptor, piece.data(), piece.size());
-      if (length == 0)
-        break;
-      isWritten = isWritten || length > 0 || errno == EAGAIN;
-      if (length > 0)
-        text.append(piece.data(), static_cast<std::size_t>(length));
-      else if (errno == EAGAIN)
-        waitFromNowOn();
-      else if (errno != EINTR)
-        throw systemFailure();
-    }
-    if (!isWritten)
-      throw failure("is a pipe that nobody writes to");
-    return text;
-  }
-
-private:
-  void waitFromNowOn() {
-    if (fcntl(descriptor, F_SETFL, 0) != 0)
-      throw systemFailure();
-  }
-
-  Failure failure(const std::string &reason) const {
-    return {ExitStatus::unreadable,
-            fmt::format("{}: {}", shownName(name), reason)};
-  }
-  Failure systemFailure() const {
-    return failure(std::generic_category().message(errno));
-  }
-
-  const std::string &name;
-  int descriptor;
-};
-
-} // namespace
-
-std::vector<CommandLineOfFile> expectCommandLines(const std::string &file) {
-  if (file == "-")
-    return linesOf(std::cin);
-  std::istringstream text(InputFile(file).readAll());
-  return linesOf(text);
 }
 
 } // namespace zeldebug

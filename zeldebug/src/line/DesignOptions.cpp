@@ -22,6 +22,8 @@ using ZelDebugDialog::MissingDocument;
 
 using Severity = DesignDiagnostic::Severity;
 
+constexpr Range instanceCount{1, 100000000, false};
+
 constexpr const char *group = "The design";
 
 const char *shownSeverity(Severity severity) {
@@ -34,36 +36,6 @@ const char *shownSeverity(Severity severity) {
     return "note";
   }
   return "";
-}
-
-constexpr Range instanceCount{1, 100000000, false};
-
-/// The debug modules and controllers that a processor is connected to.
-std::vector<std::string> modulesOf(DesignModel &design,
-                                   const std::string &processor) {
-  std::vector<std::string> modules;
-  std::vector<std::string> found;
-  design.getIpInstances(modules, HW_IP_DEBUG);
-  for (const std::string &module : modules) {
-    std::vector<std::string> connected;
-    design.getHduConnectedProcessorList(connected, module);
-    if (std::find(connected.begin(), connected.end(), processor) !=
-        connected.end())
-      found.push_back(module);
-  }
-  return found;
-}
-
-void say(const DesignDiagnostic &diagnostic, const Output &output) {
-  const std::string text = shownDiagnostic(diagnostic);
-  switch (diagnostic.severity) {
-  case Severity::error:
-    return output.error(text);
-  case Severity::warning:
-    return output.warn(text);
-  case Severity::note:
-    return output.note(text);
-  }
 }
 
 /// One a line.
@@ -107,8 +79,9 @@ wordsFor(const std::string &subcommand, const DesignSources &sources,
 
 } // namespace
 
-void DesignOptions::addTo(CommandLine &line, CLI::App &app,
-                          bool designRequired) {
+void DesignOptions::addTo(Options &options, bool designRequired) {
+  CommandLine &line = options.line();
+  CLI::App &app = options.app();
   CLI::Option *design =
       addTextOption(app, "DESIGN", designFile,
                     "IP-XACT design file, or the component file on top of a "
@@ -119,7 +92,9 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
   addSourcesTo(line, app);
 }
 
-void DesignOptions::addAsOptionTo(CommandLine &line, CLI::App &app) {
+void DesignOptions::addAsOptionTo(Options &options) {
+  CommandLine &line = options.line();
+  CLI::App &app = options.app();
   line.completeWith(addTextOption(app, "--design", designFile,
                                   "IP-XACT design file, or the component file "
                                   "on top of a hierarchy")
@@ -158,10 +133,12 @@ void DesignOptions::addSourcesTo(CommandLine &line, CLI::App &app) {
 /// What is empty here means to the model that nothing was given.
 DesignSources DesignOptions::expectSources() const {
   if (view && view->empty())
-    throw Failure(ExitStatus::wrongUse, "--view: '' is no name of a view");
+    throw Failure(ExitStatus::wrongUse, "--view: '' is no name of a view",
+                  {"bad-value", "--view", ""});
   if (kindsFile && kindsFile->empty())
     throw Failure(ExitStatus::unreadable,
-                  fmt::format("{}: {}", shownName(*kindsFile), noSuchFile));
+                  fmt::format("{}: {}", shownName(*kindsFile), noSuchFile),
+                  {"", "--kinds", *kindsFile});
   DesignSources sources{designFile.value_or(""), libraryFolders,
                         view.value_or(""), kindsFile.value_or("")};
   if (maxInstances)
@@ -170,26 +147,16 @@ DesignSources DesignOptions::expectSources() const {
   return sources;
 }
 
-std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
+std::unique_ptr<DesignModel> DesignOptions::read(Output &output) const {
   auto design = std::make_unique<DesignModel>();
   const bool isRead = ReadDesign(expectSources(), *design);
   expectRead(isRead, *design, output);
   return design;
 }
 
-Json diagnosticsJson(const DesignModel &design) {
-  Json list = Json::array();
-  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
-    list.push_back({{"file", diagnostic.file},
-                    {"line", diagnostic.line},
-                    {"severity", shownSeverity(diagnostic.severity)},
-                    {"message", diagnostic.message}});
-  return list;
-}
-
 std::unique_ptr<DesignModel>
 DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
-                            const Output &output) const {
+                            Output &output) const {
   auto design = std::make_unique<DesignModel>();
   const bool isRead = ProposeKinds(expectSources(), proposal, *design);
   expectRead(isRead, *design, output);
@@ -209,24 +176,38 @@ void DesignOptions::expectView(const DesignModel &design) const {
                   printable(*view),
                   views.empty() ? std::string("are no views in this design")
                                 : "are " + quotedList(views),
-                  didYouMean(*view, views)));
+                  didYouMean(*view, views)),
+      {"bad-value", "--view", *view, views, nearestMatch(*view, views)});
 }
 
 void DesignOptions::expectRead(bool isRead, const DesignModel &design,
-                               const Output &output) const {
-  if (!isRead) {
-    std::string text = errorsOf(design);
-    if (!design.Missing().empty()) {
-      const MissingAdvice advice = adviseOnMissing(design, "list");
-      text += "\n" + advice.message;
-      if (!advice.command.empty())
-        text += "\n  " + shellLine(advice.command);
+                               Output &output) const {
+  if (isRead)
+    expectView(design);
+  output.useRemarks();
+  FailureDetails about;
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics()) {
+    const bool isFirstError =
+        diagnostic.severity == Severity::error && about.file.empty();
+    if (isFirstError) {
+      about.file = diagnostic.file;
+      about.line = diagnostic.line;
     }
-    throw Failure(ExitStatus::unreadable, text);
+    // The errors of a design that cannot be read are what the run ends with.
+    if (isRead)
+      output.remark({diagnostic.file, diagnostic.line,
+                     shownSeverity(diagnostic.severity), diagnostic.message});
   }
-  expectView(design);
-  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
-    say(diagnostic, output);
+  if (isRead)
+    return;
+  std::string text = errorsOf(design);
+  if (!design.Missing().empty()) {
+    const MissingAdvice advice = adviseOnMissing(design, "list");
+    text += "\n" + advice.message;
+    if (!advice.command.empty())
+      text += "\n  " + shellLine(advice.command);
+  }
+  throw Failure(ExitStatus::unreadable, text, about);
 }
 
 MissingAdvice
@@ -287,53 +268,19 @@ std::string shellLine(const std::vector<std::string> &words) {
   return line;
 }
 
+Json diagnosticsJson(const DesignModel &design) {
+  Json list = Json::array();
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
+    list.push_back({{"file", diagnostic.file},
+                    {"line", diagnostic.line},
+                    {"severity", shownSeverity(diagnostic.severity)},
+                    {"message", diagnostic.message}});
+  return list;
+}
+
 std::string shownDiagnostic(const DesignDiagnostic &diagnostic) {
-  const std::string file = shownName(diagnostic.file);
-  return diagnostic.line > 0 ? fmt::format("{}:{}: {}", file, diagnostic.line,
-                                           diagnostic.message)
-                             : fmt::format("{}: {}", file, diagnostic.message);
-}
-
-std::string whyNotDebuggable(DesignModel &design,
-                             const std::string &processor) {
-  const std::string type = design.getIpName(processor);
-  const std::vector<std::string> modules = modulesOf(design, processor);
-  if (modules.empty())
-    return fmt::format("no debug module or controller is connected to it, and "
-                       "processors of type '{}' need one",
-                       printable(type));
-  std::vector<std::string> shown;
-  shown.reserve(modules.size());
-  for (const std::string &module : modules)
-    shown.push_back(fmt::format("{} of type '{}'", printable(module),
-                                printable(design.getIpName(module))));
-  return fmt::format(
-      "it is connected to {}, and only modules of type 'hdu' or "
-      "'hdu_cedar' and controllers of type 'ppc_jtag_link' lead to "
-      "a processor",
-      fmt::join(shown, ", "));
-}
-
-void expectDebuggable(DesignModel &design,
-                      const std::vector<std::string> &debuggable,
-                      const std::string &processor) {
-  const auto holds = [&processor](const std::vector<std::string> &names) {
-    return std::find(names.begin(), names.end(), processor) != names.end();
-  };
-  if (holds(debuggable))
-    return;
-  std::vector<std::string> names;
-  design.getProcessorInstances(names, false);
-  if (holds(names))
-    throw Failure(ExitStatus::refused,
-                  fmt::format("'{}' cannot be debugged: {}",
-                              printable(processor),
-                              whyNotDebuggable(design, processor)));
-  throw Failure(
-      ExitStatus::wrongUse,
-      fmt::format("'{}' is no processor of the design; there are {}{}",
-                  printable(processor), quotedList(names),
-                  didYouMean(processor, names)));
+  return shownRemark({diagnostic.file, diagnostic.line,
+                      shownSeverity(diagnostic.severity), diagnostic.message});
 }
 
 } // namespace zeldebug

@@ -11,7 +11,7 @@
 #include <ZelDebugDialog/DesignModel/Kinds.h>
 #include <ZelDebugDialog/DesignModel/Libraries.h>
 
-#include "line/CommandLine.h"
+#include "line/Options.h"
 
 namespace zeldebug {
 
@@ -27,20 +27,20 @@ class DesignOptions {
 public:
   /// Adds DESIGN, --library, --view, --kinds and --max-instances to a
   /// subcommand.
-  void addTo(CommandLine &line, CLI::App &app, bool designRequired = true);
+  void addTo(Options &options, bool designRequired = true);
+
   /// The same with --design in place of DESIGN.
-  void addAsOptionTo(CommandLine &line, CLI::App &app);
+  void addAsOptionTo(Options &options);
 
   bool named() const { return designFile.has_value(); }
 
   /// Reads the design. What its diagnostics say goes to `output`.
   /// @throws Failure: (unreadable) with every error, one a line; (wrong use)
   ///   for a view without a name, and a number of instances that is none.
-  std::unique_ptr<ZelDebugDialog::DesignModel> read(const Output &output) const;
+  std::unique_ptr<ZelDebugDialog::DesignModel> read(Output &output) const;
   /// The same, and proposes a kind table; the model is the design with it.
   std::unique_ptr<ZelDebugDialog::DesignModel>
-  proposeKinds(ZelDebugDialog::KindProposal &proposal,
-               const Output &output) const;
+  proposeKinds(ZelDebugDialog::KindProposal &proposal, Output &output) const;
 
   /// Searches for what the design, read from these options, lacks.
   MissingAdvice adviseOnMissing(const ZelDebugDialog::DesignModel &design,
@@ -53,7 +53,7 @@ private:
   ZelDebugDialog::DesignSources expectSources() const;
   void expectView(const ZelDebugDialog::DesignModel &design) const;
   void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design,
-                  const Output &output) const;
+                  Output &output) const;
 
   std::optional<std::string> designFile;
   std::vector<std::string> libraryFolders;
@@ -62,24 +62,14 @@ private:
   std::optional<std::string> maxInstances;
 };
 
-/// [{"file", "line", "severity", "message"}]
-Json diagnosticsJson(const ZelDebugDialog::DesignModel &design);
-
 /// Words as a shell takes them.
 std::string shellLine(const std::vector<std::string> &words);
 
+/// [{"file", "line", "severity", "message"}]
+Json diagnosticsJson(const ZelDebugDialog::DesignModel &design);
+
 /// "file:line: message"
 std::string shownDiagnostic(const ZelDebugDialog::DesignDiagnostic &diagnostic);
-
-/// @throws Failure (wrong use) if the processor is none of the design's, which
-///   lists them; (refused) if it cannot be debugged, which says why.
-void expectDebuggable(ZelDebugDialog::DesignModel &design,
-                      const std::vector<std::string> &debuggable,
-                      const std::string &processor);
-
-/// Why a processor of the design is not among those that can be debugged.
-std::string whyNotDebuggable(ZelDebugDialog::DesignModel &design,
-                             const std::string &processor);
 
 } // namespace zeldebug
 

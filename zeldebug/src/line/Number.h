@@ -16,8 +16,6 @@ struct Range {
   bool hexadecimal; ///< how the limits are shown
 };
 
-constexpr Range any32Bits{0, 0xFFFFFFFF, true};
-
 /// Decimal or 0x, the whole of `text`; nothing for anything else, and for what
 /// needs more than 64 bits.
 std::optional<std::uint64_t> readNumber(std::string_view text);
@@ -25,11 +23,6 @@ std::optional<std::uint64_t> readNumber(std::string_view text);
 /// @throws Failure (wrong use) that names `what` and the range.
 std::uint64_t expectNumber(const std::string &what, std::string_view text,
                            const Range &range);
-
-/// A number with an optional unit: Hz, kHz or MHz.
-/// @throws Failure (wrong use), also for what is no whole number of hertz in 32
-///   bits.
-std::uint32_t expectFrequency(const std::string &what, std::string_view text);
 
 } // namespace zeldebug
 

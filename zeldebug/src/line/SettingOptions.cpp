@@ -1,337 +1,348 @@
 #include "line/SettingOptions.h"
 
-#include <array>
-#include <map>
+#include <algorithm>
 
 #include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
-#include "CableKeyword.h"
-#include "ConnectionKind.h"
+#include <ZelDebugDialog/ConfigurationModel/Language.h>
+
+#include "line/AddressMap.h"
 #include "line/ChainDevice.h"
-#include "line/CommandLine.h"
-#include "line/Number.h"
-#include "output/Output.h"
-#include "output/SettingText.h"
+#include "line/InputFile.h"
+#include "line/Options.h"
+#include "line/Refused.h"
 #include "output/Suggestion.h"
 
 namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::Engine;
-using ZelDebugDialog::JtagOption;
-using ZelDebugDialog::ProcessorInfoImp;
+using ZelDebugDialog::CableInfo;
+using ZelDebugDialog::FindSetting;
+using ZelDebugDialog::GetSettings;
+using ZelDebugDialog::ReadSetting;
+using ZelDebugDialog::Refusal;
+using ZelDebugDialog::SettingInfo;
+using ZelDebugDialog::SettingKind;
+using ZelDebugDialog::SettingValues;
+using ZelDebugDialog::Value;
 
-constexpr std::uint64_t regionStep = 0x10000;
+constexpr const char *connection = "connection";
+constexpr const char *cableType = "cable.cableType";
+constexpr const char *moduleArgs = "cable.moduleArgs";
+constexpr const char *chain = "chain";
+constexpr const char *group = "Settings, in any order";
+constexpr const char *mapGroup = "Settings, all at once";
+constexpr std::size_t fewWords = 5;
 
-/// One option: how its text becomes an action.
-struct SettingRow {
-  const char *option;
-  const char *metavar; ///< null for a flag
-  ValueKind values;    ///< what completion offers
-  const char *help;
-  SettingAction (*read)(const std::string &option, const std::string &text);
-};
-
-[[noreturn]] void refuse(const std::string &option, SettingTarget &target) {
-  throw Failure(
-      ExitStatus::refused,
-      fmt::format("{}: {}", option, reasonOf({1, target.session.message()})));
+/// A sentence as help has it: without the capital and the full stop.
+std::string shownHelp(const std::string &sentence) {
+  std::string text = sentence;
+  if (!text.empty() && text.back() == '.')
+    text.pop_back();
+  const bool isName = text.size() > 1 && text[1] >= 'A' && text[1] <= 'Z';
+  if (!text.empty() && text[0] >= 'A' && text[0] <= 'Z' && !isName)
+    text[0] = static_cast<char>(text[0] - 'A' + 'a');
+  return text;
 }
 
-using TextSetter = int (Engine::*)(const std::string &);
-using AddressSetter = int (Engine::*)(unsigned);
-
-/// A text that the engine stores as it is.
-template <TextSetter setter>
-SettingAction readText(const std::string &option, const std::string &text,
-                       const char *field) {
-  expectWord(option, text);
-  return [text, field](SettingTarget &target) {
-    (target.session.engine.*setter)(text);
-    target.given.insert(field);
-  };
+std::string shownChoices(const SettingInfo &setting) {
+  std::string words;
+  for (const ZelDebugDialog::Choice &choice : setting.choices)
+    words += (words.empty() ? "" : "|") + choice.text;
+  return setting.choices.size() <= fewWords ? words : "KEYWORD";
 }
 
-/// One region of the PowerPC debug address map.
-template <AddressSetter setter>
-SettingAction readRegion(const std::string &option, const std::string &text,
-                         const char *field) {
-  const auto address =
-      static_cast<unsigned>(expectNumber(option, text, any32Bits));
-  return [option, address, field](SettingTarget &target) {
-    if ((target.session.engine.*setter)(address) != 0)
-      refuse(option, target);
-    target.given.insert(field);
-  };
-}
-
-SettingAction readConnection(const std::string &option,
-                             const std::string &text) {
-  const ConnectionKind *kind = findConnectionKind(text);
-  if (kind == nullptr) {
-    std::vector<std::string> words;
-    for (const ConnectionKind &known : connectionKinds())
-      words.emplace_back(known.word);
-    throw Failure(ExitStatus::wrongUse,
-                  fmt::format("{}: '{}' is unknown; accepted are {}{}", option,
-                              printable(text), quotedList(words),
-                              didYouMean(text, words)));
+std::string metavarOf(const SettingInfo &setting) {
+  switch (setting.kind) {
+  case SettingKind::number:
+  case SettingKind::address:
+    return "N";
+  case SettingKind::frequency:
+    return "N[Hz|kHz|MHz]";
+  case SettingKind::word:
+    return shownChoices(setting);
+  case SettingKind::text:
+    return setting.id == "cable.moduleName" ? "NAME" : "TEXT";
+  default:
+    return "TEXT";
   }
-  return [option, kind](SettingTarget &target) {
-    const ProcessorInfoImp &record = *target.session.state->currentProcessor;
-    if ((record.connectionMask & kind->connectionType) == 0)
+}
+
+ValueKind completionOf(const SettingInfo &setting) {
+  if (setting.id == connection)
+    return ValueKind::connection;
+  if (setting.id == cableType)
+    return ValueKind::cable;
+  if (setting.kind == SettingKind::frequency)
+    return ValueKind::frequency;
+  return setting.kind == SettingKind::file ? ValueKind::file : ValueKind::text;
+}
+
+/// An option with one value each time it is given.
+CLI::Option *addRepeatable(CLI::App &app, const std::string &name,
+                           const std::string &metavar,
+                           const std::string &help) {
+  return app.add_option(name, help)
+      ->type_name(metavar)
+      ->type_size(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->allow_extra_args(false)
+      ->group(group);
+}
+
+Failure excluded(const std::string &one, const std::string &other) {
+  return {ExitStatus::refused,
+          fmt::format("{} and {} exclude each other", one, other),
+          {"excluded", one}};
+}
+
+Value expectValue(const std::string &setting, const std::string &text,
+                  const std::string &subject) {
+  try {
+    return ReadSetting(setting, text);
+  } catch (const Refusal &refusal) {
+    throw failureOf(refusal, subject);
+  }
+}
+
+/// A cable that no command can be written with is known, and of no use here.
+void expectOffered(const std::string &option, const std::string &text,
+                   const Value &type) {
+  for (const CableInfo &cable : ZelDebugDialog::GetCables())
+    if (Value(cable.type) == type && !cable.writable) {
+      const std::vector<std::string> words = offeredCables();
       throw Failure(
           ExitStatus::refused,
-          fmt::format("{} {}: '{}' does not allow it; it allows {}", option,
-                      kind->word, printable(record.instanceName),
-                      quotedList(allowedKinds(record.connectionMask))));
-    if (applyConnectionKind(target.session.engine, *kind) != 0)
-      refuse(option, target);
-    target.given.insert({"connectionType", "stubType"});
-  };
-}
-
-SettingAction readCable(const std::string &option, const std::string &text) {
-  const auto type = findCableType(text);
-  if (!type) {
-    const std::vector<std::string> words = cableKeywords();
-    throw Failure(ExitStatus::wrongUse,
-                  fmt::format("{}: '{}' is unknown; accepted are {}{}", option,
-                              printable(text), quotedList(words),
-                              didYouMean(text, words)));
-  }
-  return [type](SettingTarget &target) {
-    target.session.engine.SetCableType(*type);
-    target.given.insert("cable.cableType");
-  };
-}
-
-SettingAction readFrequency(const std::string &option,
-                            const std::string &text) {
-  const std::uint32_t frequency = expectFrequency(option, text);
-  return [frequency](SettingTarget &target) {
-    target.session.engine.SetCableSpeed(frequency);
-    target.given.insert("cable.frequency");
-  };
-}
-
-/// The plug-in's module and its arguments have no setter of their own: they go
-/// in as clauses, as a dialog would pass them.
-void setPluginOption(const std::string &option, const std::string &clause,
-                     SettingTarget &target) {
-  if (target.session.engine.SetPluginCableOptions(clause) != 0)
-    refuse(option, target);
-}
-
-SettingAction readModule(const std::string &option, const std::string &text) {
-  expectWord(option, text);
-  return [option, text](SettingTarget &target) {
-    setPluginOption(option, "-cable modulename " + text, target);
-    target.given.insert("cable.moduleName");
-  };
-}
-
-SettingAction readModuleArgument(const std::string &option,
-                                 const std::string &text) {
-  expectWord(option, text);
-  return [option, text](SettingTarget &target) {
-    // The first one of a line replaces those that were saved.
-    if (target.given.insert("cable.moduleArgs").second)
-      target.session.state->cableOption->moduleArgs.clear();
-    setPluginOption(option, "-cable modulearg " + text, target);
-  };
-}
-
-SettingAction readDebugDevice(const std::string &option,
-                              const std::string &text) {
-  const auto device =
-      static_cast<int>(expectNumber(option, text, {0, 127, false}));
-  return [device](SettingTarget &target) {
-    target.session.engine.SetDebugDevice(device);
-    target.given.insert("debugDevice");
-  };
-}
-
-SettingAction readCpuJtag(const std::string & /*option*/,
-                          const std::string & /*text*/) {
-  return [](SettingTarget &target) {
-    target.session.engine.SetCpuJtag();
-    target.given.insert("cpuJtag");
-  };
-}
-
-void clearChain(SettingTarget &target) {
-  ReleaseChainRecords(target.session.state->jtagChain);
-}
-
-SettingAction readDevice(const std::string & /*option*/,
-                         const std::string &text) {
-  const JtagOption device = expectChainDevice(text);
-  return [device](SettingTarget &target) {
-    if (target.given.insert("chain").second)
-      clearChain(target);
-    std::vector<JtagOption *> chain = target.session.state->jtagChain;
-    chain.push_back(new JtagOption(device));
-    target.session.engine.SetJtagChainOptions(chain);
-  };
-}
-
-SettingAction readClearChain(const std::string & /*option*/,
-                             const std::string & /*text*/) {
-  return [](SettingTarget &target) {
-    target.given.insert("chain");
-    clearChain(target);
-  };
-}
-
-SettingAction readStubBaud(const std::string &option, const std::string &text) {
-  const auto rate =
-      static_cast<int>(expectNumber(option, text, {0, 0x7FFFFFFF, false}));
-  return [rate](SettingTarget &target) {
-    target.session.engine.SetStubBaudrate(rate);
-    target.given.insert("stubBaudRate");
-  };
-}
-
-SettingAction readAddressMap(const std::string &option,
-                             const std::string &text) {
-  struct Region {
-    AddressSetter set;
-    const char *field;
-  };
-  static constexpr std::array<Region, 6> regions{{
-      {&Engine::SetIcacheBaseAddr, "icacheStartAdr"},
-      {&Engine::SetITagBaseAddr, "itagStartAdr"},
-      {&Engine::SetDcacheBaseAddr, "dcacheStartAdr"},
-      {&Engine::SetDTagBaseAddr, "dtagStartAdr"},
-      {&Engine::SetDcrBaseAddr, "dcrStartAdr"},
-      {&Engine::SetTlbBaseAddr, "tlbStartAdr"},
-  }};
-  constexpr std::uint64_t lastStep = 5 * regionStep;
-  const std::uint64_t base =
-      expectNumber(option, text, {0, any32Bits.most - lastStep - 0xFFFF, true});
-  return [option, base](SettingTarget &target) {
-    std::uint64_t address = base;
-    for (const Region &region : regions) {
-      if ((target.session.engine.*region.set)(static_cast<unsigned>(address)) !=
-          0)
-        refuse(option, target);
-      target.given.insert(region.field);
-      address += regionStep;
+          fmt::format("{}: no command can be written with '{}'; accepted are "
+                      "{}",
+                      option, text, quotedList(words)),
+          {"no-command", option, text, words});
     }
-  };
 }
 
-SettingAction readUnsetAddressMap(const std::string & /*option*/,
-                                  const std::string & /*text*/) {
-  return [](SettingTarget &target) {
-    target.session.engine.UnSetDebugAddressMap();
-  };
+void add(AskedSettings &asked, const std::string &setting, const Value &value,
+         const std::string &option) {
+  asked.values.emplace_back(setting, value);
+  asked.options.emplace(setting, option);
 }
-
-SettingAction readRom(const std::string &option, const std::string &text) {
-  const std::size_t colon = text.find(':');
-  if (colon == std::string::npos)
-    throw Failure(ExitStatus::wrongUse, fmt::format("{}: '{}' is no START:SIZE",
-                                                    option, printable(text)));
-  const auto start = static_cast<unsigned>(
-      expectNumber(option + " START", text.substr(0, colon), any32Bits));
-  const auto size = static_cast<unsigned>(
-      expectNumber(option + " SIZE", text.substr(colon + 1), any32Bits));
-  return [start, size](SettingTarget &target) {
-    target.session.engine.SetROMem(start, size);
-    target.given.insert({"romemStartAdr", "romemSize"});
-  };
-}
-
-// clang-format off
-constexpr std::array<SettingRow, 22> settingRows{{
-    {"--connection", "KIND", ValueKind::connection,
-     "how to connect: sim, hw, stub-serial, stub-jtag or vp; a kind that the processor does not allow is refused",
-     readConnection},
-    {"--cable", "KEYWORD", ValueKind::cable,
-     "start this cable anew, with its default frequency and port; 'none' for no cable", readCable},
-    {"--frequency", "N[Hz|kHz|MHz]", ValueKind::frequency, "clock of the cable", readFrequency},
-    {"--port", "TEXT", ValueKind::text, "port of the cable",
-     [](const std::string &o, const std::string &t) { return readText<&Engine::SetCablePort>(o, t, "cable.port"); }},
-    {"--esn", "TEXT", ValueKind::text,
-     "serial number of the cable, kept letter by letter; it takes the place of port and frequency",
-     [](const std::string &o, const std::string &t) { return readText<&Engine::SetCableESN>(o, t, "cable.esn"); }},
-    {"--module", "NAME", ValueKind::text, "module of a plug-in cable", readModule},
-    {"--module-arg", "TEXT", ValueKind::text,
-     "argument of the module; all that are given replace those that were saved", readModuleArgument},
-    {"--debug-device", "N", ValueKind::text, "number of the debug device, 0 for none", readDebugDevice},
-    {"--cpu-jtag", nullptr, ValueKind::text,
-     "the processor's own JTAG pins are the debug path; no command with this mark can be read back", readCpuJtag},
-    {"--device", "KEY=VALUE,...", ValueKind::device,
-     "device of the JTAG chain: devicenr=N,partname=T,irlength=N,idcode=N[,isfpga=N,hardppc=N,nppc=N]; "
-     "all that are given are the whole chain", readDevice},
-    {"--clear-chain", nullptr, ValueKind::text, "no devices in the JTAG chain", readClearChain},
-    {"--stub-port", "TEXT", ValueKind::file, "serial device of the stub",
-     [](const std::string &o, const std::string &t) { return readText<&Engine::SetStubSerialPort>(o, t, "stubSerialPort"); }},
-    {"--stub-baud", "N", ValueKind::text, "bits per second of the stub's line", readStubBaud},
-    {"--icache", "N", ValueKind::text, "start of the instruction cache region, and base of the address map",
-     [](const std::string &o, const std::string &t) { return readRegion<&Engine::SetIcacheBaseAddr>(o, t, "icacheStartAdr"); }},
-    {"--dcache", "N", ValueKind::text, "start of the data cache region",
-     [](const std::string &o, const std::string &t) { return readRegion<&Engine::SetDcacheBaseAddr>(o, t, "dcacheStartAdr"); }},
-    {"--itag", "N", ValueKind::text, "start of the instruction tag region",
-     [](const std::string &o, const std::string &t) { return readRegion<&Engine::SetITagBaseAddr>(o, t, "itagStartAdr"); }},
-    {"--dtag", "N", ValueKind::text, "start of the data tag region",
-     [](const std::string &o, const std::string &t) { return readRegion<&Engine::SetDTagBaseAddr>(o, t, "dtagStartAdr"); }},
-    {"--tlb", "N", ValueKind::text, "start of the TLB region",
-     [](const std::string &o, const std::string &t) { return readRegion<&Engine::SetTlbBaseAddr>(o, t, "tlbStartAdr"); }},
-    {"--dcr", "N", ValueKind::text, "start of the DCR region",
-     [](const std::string &o, const std::string &t) { return readRegion<&Engine::SetDcrBaseAddr>(o, t, "dcrStartAdr"); }},
-    {"--address-map", "BASE", ValueKind::text,
-     "all six regions, each 0x10000 after the one before: icache, itag, dcache, dtag, dcr, tlb", readAddressMap},
-    {"--unset-address-map", nullptr, ValueKind::text, "no debug address map", readUnsetAddressMap},
-    {"--rom", "START:SIZE", ValueKind::text, "range of the read-only memory, in bytes", readRom},
-}};
-// clang-format on
 
 } // namespace
 
-void SettingOptions::addTo(CommandLine &line, CLI::App &app) {
-  subcommand = &app;
-  const std::string group = "Settings, applied in the order given";
-  CLI::Option *whole =
-      app.add_option("--from", fromCommand,
-                     "start from the settings of a whole connect command, in "
-                     "place of what is saved")
-          ->type_name("COMMAND")
-          ->group(group);
-  line.completeWith(whole, ValueKind::text);
-  fromOption = whole;
-  for (const SettingRow &row : settingRows) {
+std::vector<std::string> offeredCables() {
+  std::vector<std::string> words;
+  const SettingInfo &setting = *FindSetting(cableType);
+  for (const CableInfo &cable : ZelDebugDialog::GetCables()) {
+    if (!cable.writable)
+      continue;
+    words.insert(words.end(), cable.keywords.begin(), cable.keywords.end());
+    if (cable.keywords.empty())
+      words.push_back(ShowValue(setting, cable.type));
+  }
+  return words;
+}
+
+void SettingOptions::addRow(CommandLine &line, CLI::App &app,
+                            const SettingInfo &setting) {
+  for (Row &row : rows)
+    if (row.option->check_name(setting.option)) {
+      row.settings.push_back(&setting);
+      return;
+    }
+  const std::string help = shownHelp(setting.help);
+  if (setting.id == moduleArgs) {
+    moduleArgument = addRepeatable(
+        app, setting.option, "TEXT",
+        "argument of the plug-in's module, once for each; all that are given "
+        "replace those that were saved");
+    return;
+  }
+  if (setting.id == chain) {
+    device = addRepeatable(app, setting.option, "KEY=VALUE,...",
+                           "device of the JTAG chain, once for each: "
+                           "devicenr=N,partname=T,irlength=N,idcode=N[,isfpga="
+                           "N,hardppc=N,nppc=N]; "
+                           "all that are given are the whole chain");
+    line.completeWith(device, ValueKind::device);
+    clearChain = app.add_flag("--clear-chain", "no devices in the JTAG chain")
+                     ->group(group);
+    return;
+  }
+  const bool isRange = setting.id == "romemStartAdr";
+  CLI::Option *option =
+      setting.kind == SettingKind::flag
+          ? app.add_flag(setting.option, help)->group(group)
+      : isRange ? addRepeatable(app, setting.option, "START:SIZE",
+                                "range of the read-only memory, in bytes")
+                : addRepeatable(app, setting.option, metavarOf(setting), help);
+  line.completeWith(option, completionOf(setting));
+  rows.push_back({option, {&setting}});
+}
+
+void SettingOptions::addTo(Options &options) {
+  CommandLine &line = options.line();
+  CLI::App &app = options.app();
+  const auto addWayIn = [&](const char *name, const char *metavar,
+                            ValueKind kind, const std::string &help) {
     CLI::Option *option =
-        row.metavar == nullptr
-            ? app.add_flag(row.option, row.help)
-            : app.add_option(row.option, row.help)
-                  ->type_name(row.metavar)
-                  ->type_size(1)
-                  ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-                  ->allow_extra_args(false);
-    option->group(group);
-    line.completeWith(option, row.values);
+        app.add_option(name, help)->type_name(metavar)->group(mapGroup);
+    line.completeWith(option, kind);
+    return option;
+  };
+  from = addWayIn("--from", "COMMAND", ValueKind::text,
+                  "start from the settings of a whole connect command, in "
+                  "place of what is saved");
+  settings = addWayIn("--settings", "FILE", ValueKind::file,
+                      "take the settings of a document as 'show --json' prints "
+                      "it; '-' for standard input");
+  copyFrom = addWayIn("--copy-from", "PROCESSOR", ValueKind::processor,
+                      "start from what is saved for another processor");
+  for (const SettingInfo &setting : GetSettings())
+    if (!setting.option.empty())
+      addRow(line, app, setting);
+  addressMap = addRepeatable(
+      app, "--address-map", "BASE",
+      "all six regions, each 0x10000 after the one before: icache, itag, "
+      "dcache, dtag, dcr, tlb; one that is given by itself stands over it");
+  unsetAddressMap =
+      app.add_flag("--unset-address-map", "no debug address map")->group(group);
+  unset = addRepeatable(app, "--unset", "SETTING",
+                        "back to its default, once for each; by the name that "
+                        "'show' has for it");
+  line.completeWith(unset, ValueKind::setting);
+}
+
+void SettingOptions::readRow(const Row &row, AskedSettings &asked) const {
+  const std::string option = row.option->get_name();
+  const SettingInfo &setting = *row.settings.front();
+  if (setting.kind == SettingKind::flag) {
+    if (row.option->count() != 0)
+      add(asked, setting.id, ReadSetting(setting.id, "yes"), option);
+    return;
+  }
+  for (const std::string &text : row.option->results()) {
+    if (row.settings.size() == 1) {
+      const Value value = expectValue(setting.id, text, option);
+      if (setting.id == cableType)
+        expectOffered(option, text, value);
+      add(asked, setting.id, value, option);
+      continue;
+    }
+    const std::size_t colon = text.find(':');
+    if (colon == std::string::npos)
+      throw Failure(ExitStatus::wrongUse,
+                    fmt::format("{}: '{}' is no START:SIZE", option, text),
+                    {"bad-value", option, text});
+    add(asked, setting.id,
+        expectValue(setting.id, text.substr(0, colon), option + " START"),
+        option);
+    const std::string &size = row.settings[1]->id;
+    add(asked, size,
+        expectValue(size, text.substr(colon + 1), option + " SIZE"), option);
   }
 }
 
-const std::string *SettingOptions::from() const {
-  return fromOption->count() == 0 ? nullptr : &fromCommand;
+void SettingOptions::readModuleArguments(AskedSettings &asked) const {
+  std::string all;
+  for (const std::string &text : moduleArgument->results())
+    all += (all.empty() ? "" : ";") +
+           expectValue(moduleArgs, text, moduleArgument->get_name()).Text();
+  if (moduleArgument->count() != 0)
+    add(asked, moduleArgs, all, moduleArgument->get_name());
 }
 
-std::vector<SettingAction> SettingOptions::actions() const {
-  std::vector<SettingAction> list;
-  std::map<const CLI::Option *, std::size_t> used;
-  for (const CLI::Option *option : subcommand->parse_order()) {
-    const std::string name = option->get_name();
-    for (const SettingRow &row : settingRows)
-      if (name == row.option)
-        list.push_back(row.read(name, option->results().at(used[option]++)));
+void SettingOptions::readChain(AskedSettings &asked) const {
+  if (device->count() != 0 && clearChain->count() != 0)
+    throw excluded(device->get_name(), clearChain->get_name());
+  Value::Chain devices;
+  for (const std::string &text : device->results())
+    devices.push_back(expectChainDevice(text));
+  if (device->count() != 0)
+    add(asked, chain, devices, device->get_name());
+  else if (clearChain->count() != 0)
+    add(asked, chain, devices, clearChain->get_name());
+}
+
+/// What is given by itself stands over the map as a whole.
+void SettingOptions::readAddressMap(AskedSettings &asked) const {
+  const bool isUnset = unsetAddressMap->count() != 0;
+  if (addressMap->count() != 0 && isUnset)
+    throw excluded(addressMap->get_name(), unsetAddressMap->get_name());
+  const std::string option =
+      isUnset ? unsetAddressMap->get_name() : addressMap->get_name();
+  std::vector<SettingValues> maps;
+  for (const std::string &text : addressMap->results())
+    maps.push_back(expectAddressMap(option, text));
+  if (isUnset)
+    maps.push_back(noAddressMap());
+  const std::map<std::string, std::string> single = asked.options;
+  for (const SettingValues &map : maps)
+    for (const auto &[setting, value] : map) {
+      // The base follows the first region.
+      const ZelDebugDialog::AddressMapInfo &info =
+          ZelDebugDialog::GetAddressMap();
+      const bool follows =
+          setting == info.base && single.count(info.regions.front()) != 0;
+      if (single.count(setting) == 0 && !follows)
+        add(asked, setting, value, option);
+    }
+}
+
+void SettingOptions::readUnset(AskedSettings &asked) const {
+  for (const std::string &name : unset->results()) {
+    const SettingInfo *const setting = FindSetting(name);
+    const std::string subject = unset->get_name();
+    if (name.compare(0, 6, "chain[") == 0)
+      throw Failure(ExitStatus::wrongUse,
+                    fmt::format("{}: the chain goes back as a whole, by '{}'",
+                                subject, chain),
+                    {"not-settable", subject, name, {chain}, chain});
+    // What is no setting is refused before its value would be.
+    if (setting == nullptr || !setting->settable)
+      expectValue(name, "", subject);
+    const auto option = asked.options.find(name);
+    if (option != asked.options.end())
+      throw excluded(fmt::format("{} {}", subject, name), option->second);
+    asked.unset.push_back(name);
   }
-  return list;
+}
+
+void SettingOptions::readWaysIn(AskedSettings &asked) const {
+  const CLI::Option *first = nullptr;
+  for (const CLI::Option *option : {from, settings, copyFrom}) {
+    if (option->count() == 0)
+      continue;
+    if (first != nullptr)
+      throw Failure(ExitStatus::wrongUse,
+                    fmt::format("{} and {} exclude each other",
+                                first->get_name(), option->get_name()),
+                    {"excluded", first->get_name()});
+    first = option;
+  }
+  const auto textOf = [](const CLI::Option &option) {
+    return option.results().empty() ? std::string() : option.results().back();
+  };
+  if (from->count() != 0)
+    asked.command = textOf(*from);
+  if (copyFrom->count() != 0)
+    asked.copyFrom = textOf(*copyFrom);
+  if (settings->count() == 0)
+    return;
+  asked.file = textOf(*settings);
+  asked.document = readSettingsDocument(expectText(*asked.file), *asked.file);
+}
+
+AskedSettings SettingOptions::read() const {
+  AskedSettings asked;
+  for (const Row &row : rows)
+    readRow(row, asked);
+  readModuleArguments(asked);
+  readChain(asked);
+  readAddressMap(asked);
+  readUnset(asked);
+  readWaysIn(asked);
+  return asked;
 }
 
 } // namespace zeldebug

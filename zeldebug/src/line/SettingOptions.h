@@ -1,14 +1,15 @@
-// The settings of a command line (--cable, --frequency, ...): read and checked
-// before anything happens, applied in the order in which they were given.
+// The settings of a command line (--cable, --frequency, ...): an option for
+// each row of the table of settings that has one, and the ways in for all
+// others.
 #ifndef ZELDEBUG_SETTINGOPTIONS_H
 #define ZELDEBUG_SETTINGOPTIONS_H
 
-#include <functional>
-#include <set>
 #include <string>
 #include <vector>
 
-#include "Session.h"
+#include <ZelDebugDialog/ConfigurationModel/Settings.h>
+
+#include "line/AskedSettings.h"
 
 namespace CLI {
 class App;
@@ -18,35 +19,49 @@ class Option;
 namespace zeldebug {
 
 class CommandLine;
-
-/// The configuration that settings are applied to.
-struct SettingTarget {
-  Session &session;
-  /// What the design says of the processor.
-  ZelDebugDialog::ProcessorInfoImp designed;
-  /// The settings that were asked for by name, as `settingsOf` names them; a
-  /// chain stands for all its devices.
-  std::set<std::string> given;
-};
-
-/// One checked setting. @throws Failure (refused) when the engine refuses it.
-using SettingAction = std::function<void(SettingTarget &)>;
+class Options;
 
 class SettingOptions {
 public:
   /// Adds the options to a subcommand.
-  void addTo(CommandLine &line, CLI::App &app);
+  void addTo(Options &options);
 
-  /// The settings in their order. @throws Failure (wrong use).
-  std::vector<SettingAction> actions() const;
-  /// The command of --from; null without it.
-  const std::string *from() const;
+  /// What the line asks for. @throws Failure (wrong use, refused; unreadable
+  /// for
+  ///   the file of --settings)
+  AskedSettings read() const;
 
 private:
-  CLI::App *subcommand = nullptr;
-  const CLI::Option *fromOption = nullptr;
-  std::string fromCommand;
+  /// An option that sets one setting, or one after the other with ':' between.
+  struct Row {
+    const CLI::Option *option;
+    std::vector<const ZelDebugDialog::SettingInfo *> settings;
+  };
+
+  void addRow(CommandLine &line, CLI::App &app,
+              const ZelDebugDialog::SettingInfo &setting);
+  void readRow(const Row &row, AskedSettings &asked) const;
+  void readModuleArguments(AskedSettings &asked) const;
+  void readChain(AskedSettings &asked) const;
+  void readAddressMap(AskedSettings &asked) const;
+  void readUnset(AskedSettings &asked) const;
+  void readWaysIn(AskedSettings &asked) const;
+
+  std::vector<Row> rows;
+  const CLI::Option *from = nullptr;
+  const CLI::Option *settings = nullptr;
+  const CLI::Option *copyFrom = nullptr;
+  const CLI::Option *unset = nullptr;
+  const CLI::Option *addressMap = nullptr;
+  const CLI::Option *unsetAddressMap = nullptr;
+  const CLI::Option *moduleArgument = nullptr;
+  const CLI::Option *device = nullptr;
+  const CLI::Option *clearChain = nullptr;
 };
+
+/// The words that choose a cable which a command can be written with; that for
+/// no cable is the first.
+std::vector<std::string> offeredCables();
 
 } // namespace zeldebug
 

@@ -1,37 +1,44 @@
 #include "line/WorkingFolder.h"
 
-#include <filesystem>
+#include <cerrno>
+#include <system_error>
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 
 #include "output/Failure.h"
 #include "output/Output.h"
+#include "output/Place.h"
 
 namespace zeldebug {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-const std::filesystem::path &startFolder() {
-  static const std::filesystem::path folder = std::filesystem::current_path();
-  return folder;
+std::error_code whyNotEntered(const fs::path &folder) {
+  std::error_code error;
+  if (!fs::is_directory(folder, error))
+    return error ? error : std::make_error_code(std::errc::not_a_directory);
+  const bool mayEnter =
+      faccessat(AT_FDCWD, folder.c_str(), X_OK, AT_EACCESS) == 0;
+  return {mayEnter ? 0 : errno, std::generic_category()};
 }
 
 } // namespace
 
-void enterWorkingFolder(const std::string &folder) {
-  startFolder();
+std::string optionFolder(const std::string &workingFolder) {
   std::error_code error;
-  std::filesystem::current_path(folder, error);
+  const fs::path folder = fs::canonical(workingFolder, error);
+  if (!error)
+    error = whyNotEntered(folder);
   if (error)
     throw Failure(
         ExitStatus::unreadable,
-        fmt::format("-C '{}': {}", printable(folder), error.message()));
-}
-
-std::string shownPath(const std::filesystem::path &path) {
-  const std::string relative = path.lexically_relative(startFolder()).string();
-  const bool isBelow = !relative.empty() && relative.compare(0, 2, "..") != 0;
-  return isBelow ? relative : path.string();
+        fmt::format("-C '{}': {}", printable(workingFolder), error.message()),
+        {"", "-C", workingFolder, {}, "", workingFolder});
+  return shownPath(folder / "etc");
 }
 
 } // namespace zeldebug

@@ -1,20 +1,15 @@
-// The working directory that -C names.
+// The working directory that -C names, which the program does not enter: only
+// the option files are meant from there.
 #ifndef ZELDEBUG_WORKINGFOLDER_H
 #define ZELDEBUG_WORKINGFOLDER_H
 
-#include <filesystem>
 #include <string>
 
 namespace zeldebug {
 
-/// Goes to `folder`. Call it when the other paths of
-/// the line are no longer needed: they are meant from where the program was
-/// started.
-/// @throws Failure (unreadable)
-void enterWorkingFolder(const std::string &folder);
-
-/// A path as seen from where the program was started, if it lies below.
-std::string shownPath(const std::filesystem::path &path);
+/// Where option files are in a working directory, as seen from here.
+/// @throws Failure (unreadable) for what is no folder, or may not be entered
+std::string optionFolder(const std::string &workingFolder);
 
 } // namespace zeldebug
 

@@ -4,6 +4,8 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace zeldebug {
 
@@ -14,16 +16,31 @@ enum class ExitStatus {
   unreadable = 3, ///< a file could not be read or understood
 };
 
+/// What a failure is about, as far as it applies.
+struct FailureDetails {
+  std::string code = {};   ///< a stable word; that of the status without one
+  std::string option = {}; ///< of the line, or a setting's name
+  std::string value = {};  ///< what was given
+  std::vector<std::string> accepted = {};
+  std::string suggestion = {}; ///< the nearest of them
+  std::string file = {};
+  int line = 0; ///< in the file, from 1
+};
+
 /// Ends a subcommand: the text goes to the user, the status to the caller.
 class Failure : public std::runtime_error {
 public:
-  Failure(ExitStatus status, const std::string &text)
-      : std::runtime_error(text), exitStatus(status) {}
+  Failure(ExitStatus status, const std::string &text,
+          FailureDetails details = {})
+      : std::runtime_error(text), exitStatus(status),
+        about(std::move(details)) {}
 
   ExitStatus status() const { return exitStatus; }
+  const FailureDetails &details() const { return about; }
 
 private:
   ExitStatus exitStatus;
+  FailureDetails about;
 };
 
 } // namespace zeldebug

@@ -4,9 +4,13 @@
 #include <cstdlib>
 #include <system_error>
 
-#include <ZelDebugDialog/ConfigurationModel/Text.h>
 #include <fmt/format.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
+
+#include <ZelDebugDialog/ConfigurationModel/Text.h>
+
+#include "output/Wrap.h"
 
 namespace zeldebug {
 
@@ -14,11 +18,22 @@ namespace {
 
 constexpr int formatVersion = 1;
 
+bool isSet(const char *variable) {
+  const char *value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
 bool wantsColour(int descriptor) {
-  const char *refusal = std::getenv("NO_COLOR");
-  if (refusal != nullptr && *refusal != '\0')
-    return false;
-  return isatty(descriptor) == 1;
+  const char *terminal = std::getenv("TERM");
+  const bool isDumb =
+      terminal != nullptr && std::string_view(terminal) == "dumb";
+  return !isSet("NO_COLOR") && !isDumb && isatty(descriptor) == 1;
+}
+
+/// 0 for what is no terminal, and for one that does not say.
+std::size_t columnsOf(int descriptor) {
+  winsize size{};
+  return ioctl(descriptor, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
 }
 
 /// @return 0, or the error number.
@@ -47,55 +62,153 @@ std::string printableLines(std::string_view text) {
   }
 }
 
-void say(bool colour, const char *colourCode, std::string_view kind,
-         std::string_view text) {
-  const std::string label =
-      kind.empty() ? std::string()
-      : colour     ? fmt::format("\x1b[{}m{}:\x1b[0m ", colourCode, kind)
-                   : fmt::format("{}: ", kind);
-  // Nobody is left to hear that standard error cannot be written.
-  writeAll(STDERR_FILENO,
-           fmt::format("zeldebug: {}{}\n", label, printableLines(text)));
+Json orNull(const std::string &text) {
+  return text.empty() ? Json() : Json(text);
+}
+
+const char *codeOf(ExitStatus status) {
+  switch (status) {
+  case ExitStatus::wrongUse:
+    return "wrong-use";
+  case ExitStatus::unreadable:
+    return "unreadable";
+  case ExitStatus::refused:
+  case ExitStatus::done:
+    break;
+  }
+  return "refused";
 }
 
 } // namespace
 
-Output::Output()
-    : colourOut(wantsColour(STDOUT_FILENO)),
-      colourErr(wantsColour(STDERR_FILENO)) {}
+struct Output::Severity {
+  const char *word;
+  const char *colour;
+};
+
+const Output::Severity Output::noteSeverity{"note", "36"};
+const Output::Severity Output::warningSeverity{"warning", "33"};
+const Output::Severity Output::errorSeverity{"error", "31"};
+
+Output::Output() : columns(columnsOf(STDOUT_FILENO)) {
+  useColour(Colour::automatic);
+}
+
+void Output::useColour(Colour choice) {
+  const bool isAutomatic = choice == Colour::automatic;
+  const bool isAlways = choice == Colour::always;
+  colourOut = isAutomatic ? wantsColour(STDOUT_FILENO) : isAlways;
+  colourErr = isAutomatic ? wantsColour(STDERR_FILENO) : isAlways;
+}
 
 void Output::printLine(std::string_view text) {
   result += text;
   result += '\n';
 }
 
-void Output::document(const Json &members) {
+void Output::printSentence(std::string_view text) {
+  printLine(wrapped(text, columns));
+}
+
+void Output::document(const Json &ofResult) {
+  members = ofResult;
+  isDocument = true;
+}
+
+void Output::failureDocument(const Failure &failure) {
+  const FailureDetails &about = failure.details();
+  Json told{
+      {"status", static_cast<int>(failure.status())},
+      {"code", about.code.empty() ? codeOf(failure.status()) : about.code},
+      {"message", printableLines(failure.what())}};
+  const auto add = [&told](const char *name, const std::string &text) {
+    if (!text.empty())
+      told[name] = text;
+  };
+  add("option", about.option);
+  // An empty value is one as well.
+  if (!about.option.empty() || !about.value.empty())
+    told["value"] = about.value;
+  if (!about.accepted.empty())
+    told["accepted"] = about.accepted;
+  add("suggestion", about.suggestion);
+  add("file", about.file);
+  if (about.line > 0)
+    told["line"] = about.line;
+  document({{"failure", told}});
+}
+
+std::string Output::wholeDocument() const {
   Json whole;
   whole["version"] = formatVersion;
   whole["command"] = subcommand;
   for (const auto &[name, value] : members.items())
     whole[name] = value;
+  if (!remarks.is_null() && !whole.contains("diagnostics"))
+    whole["diagnostics"] = remarks;
+  whole["warnings"] = said;
   // Bytes that are no UTF-8 can stand in an option file; JSON has no place for
   // them.
-  result = whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
-  isDocument = true;
+  return whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-void Output::failureDocument(ExitStatus status, const std::string &text) {
-  document(
-      {{"failure", {{"status", static_cast<int>(status)}, {"message", text}}}});
+void Output::say(const Severity &severity, std::string_view text) const {
+  const std::string label =
+      colourErr
+          ? fmt::format("\x1b[{}m{}:\x1b[0m", severity.colour, severity.word)
+          : fmt::format("{}:", severity.word);
+  const std::string line =
+      fmt::format("zeldebug: {} {}", label, printableLines(text));
+  // Nobody is left to hear that standard error cannot be written.
+  writeAll(STDERR_FILENO, wrapped(line, columnsOf(STDERR_FILENO)) + "\n");
 }
 
-void Output::note(std::string_view text) const {
-  say(colourErr, "36", "note", text);
+void Output::keep(const Severity &severity, std::string_view text,
+                  const About &about) {
+  said.push_back({{"severity", severity.word},
+                  {"code", orNull(about.code)},
+                  {"message", printableLines(text)},
+                  {"setting", orNull(about.setting)}});
 }
 
-void Output::warn(std::string_view text) const {
-  say(colourErr, "33", "warning", text);
+void Output::note(std::string_view text, const About &about) {
+  if (isQuiet)
+    return;
+  say(noteSeverity, text);
+  keep(noteSeverity, text, about);
 }
 
-void Output::error(std::string_view text) const {
-  say(colourErr, "31", "error", text);
+void Output::warn(std::string_view text, const About &about) {
+  hasWarned = true;
+  say(warningSeverity, text);
+  keep(warningSeverity, text, about);
+}
+
+void Output::error(std::string_view text, const About &about) {
+  say(errorSeverity, text);
+  keep(errorSeverity, text, about);
+}
+
+void Output::lastError(std::string_view text) { say(errorSeverity, text); }
+
+void Output::useRemarks() {
+  if (remarks.is_null())
+    remarks = Json::array();
+}
+
+void Output::remark(const DesignRemark &remark) {
+  useRemarks();
+  remarks.push_back({{"file", remark.file},
+                     {"line", remark.line},
+                     {"severity", remark.severity},
+                     {"message", remark.message}});
+  const std::string text = shownRemark(remark);
+  hasWarned = hasWarned || remark.severity == warningSeverity.word;
+  for (const Severity *severity :
+       {&noteSeverity, &warningSeverity, &errorSeverity})
+    if (remark.severity == severity->word &&
+        !(isQuiet && severity == &noteSeverity))
+      say(*severity, text);
 }
 
 std::string Output::heading(std::string_view text) const {
@@ -103,18 +216,34 @@ std::string Output::heading(std::string_view text) const {
 }
 
 ExitStatus Output::finish(ExitStatus status) {
+  if (status == ExitStatus::done && failsBecauseOfWarnings()) {
+    error("a warning is a failure with --strict");
+    status = ExitStatus::refused;
+  }
   if (jsonWanted && !isDocument)
     document({{"text", result}});
-  const int problem = writeAll(STDOUT_FILENO, result);
+  const int problem =
+      writeAll(STDOUT_FILENO, isDocument ? wholeDocument() : result);
   if (problem == 0 || problem == EPIPE)
     return status;
-  error(fmt::format("standard output: {}",
-                    std::generic_category().message(problem)));
+  lastError(fmt::format("standard output: {}",
+                        std::generic_category().message(problem)));
   return status == ExitStatus::done ? ExitStatus::refused : status;
+}
+
+std::string shownRemark(const DesignRemark &remark) {
+  const std::string file = shownName(remark.file);
+  return remark.line > 0
+             ? fmt::format("{}:{}: {}", file, remark.line, remark.message)
+             : fmt::format("{}: {}", file, remark.message);
 }
 
 std::string printable(std::string_view text) {
   return ZelDebugDialog::ShowText(text);
+}
+
+std::string shownName(const std::string &name) {
+  return name.empty() ? "''" : printable(name);
 }
 
 std::string counted(std::size_t number, const std::string &thing) {

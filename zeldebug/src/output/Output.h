@@ -2,11 +2,13 @@
 // standard error.
 //
 // Results are collected and leave in one piece at the end, so that a failure
-// half way leaves no half document. A reader that closes the pipe early has
-// seen enough: that is no error.
+// half way leaves no half document. A document holds everything that was said
+// beside it. A reader that closes the pipe early has seen enough: that is no
+// error.
 #ifndef ZELDEBUG_OUTPUT_H
 #define ZELDEBUG_OUTPUT_H
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -15,6 +17,30 @@
 
 namespace zeldebug {
 
+/// Whether to use colour.
+enum class Colour {
+  automatic, ///< on a terminal that knows it, unless the surroundings refuse
+  always,
+  never,
+};
+
+/// What something that is said is about, as far as it applies.
+struct About {
+  std::string code = {};    ///< known to `explain-code`
+  std::string setting = {}; ///< its name
+};
+
+/// Something that a design file is told of.
+struct DesignRemark {
+  std::string file;
+  int line = 0; ///< from 1; 0 for the file as a whole
+  std::string severity;
+  std::string message;
+};
+
+/// "file:line: message"
+std::string shownRemark(const DesignRemark &remark);
+
 class Output {
 public:
   Output();
@@ -22,42 +48,82 @@ public:
   /// From now on the result is one JSON document.
   void useJson() { jsonWanted = true; }
   bool json() const { return jsonWanted; }
+  void useColour(Colour choice);
+  /// Leaves out notes.
+  void beQuiet() { isQuiet = true; }
+  /// Makes warnings failures.
+  void beStrict() { isStrict = true; }
+  bool strict() const { return isStrict; }
+  /// Whether the run fails because of what it has warned of so far.
+  bool failsBecauseOfWarnings() const { return isStrict && hasWarned; }
 
   /// Text of the result, for people.
   void print(std::string_view text) { result += text; }
   void printLine(std::string_view text);
+  /// The same, in lines that are no longer than the terminal.
+  void printSentence(std::string_view text);
   /// Which subcommand the result is of; "" before it is known.
   void setSubcommand(const std::string &name) { subcommand = name; }
-  /// The result as a document; "version" and "command" are put in front.
+  /// The result as a document; "version" and "command" are put in front, what
+  /// was said behind.
   void document(const Json &members);
 
   /// The document of a run that failed, in place of its result.
-  void failureDocument(ExitStatus status, const std::string &text);
+  void failureDocument(const Failure &failure);
 
-  void note(std::string_view text) const;
-  void warn(std::string_view text) const;
-  void error(std::string_view text) const;
+  void note(std::string_view text, const About &about = {});
+  void warn(std::string_view text, const About &about = {});
+  void error(std::string_view text, const About &about = {});
+  /// The error that a run ends with, which its document holds by itself.
+  void lastError(std::string_view text);
+
+  /// A design is read: documents tell what there is to say of its files.
+  void useRemarks();
+  void remark(const DesignRemark &remark);
 
   /// Emphasis for a table's head, if standard output is a terminal that wants
   /// it.
   std::string heading(std::string_view text) const;
+  /// Columns of standard output; 0 for as many as it takes.
+  std::size_t width() const { return columns; }
 
   /// Writes the result out; a text, where JSON is wanted, as a document.
-  /// @return `status`, or `refused` when the result could not be written.
+  /// @return `status`, or `refused` when the result could not be written or
+  ///   warnings are failures.
   ExitStatus finish(ExitStatus status);
 
 private:
+  struct Severity;
+  static const Severity noteSeverity;
+  static const Severity warningSeverity;
+  static const Severity errorSeverity;
+
+  void say(const Severity &severity, std::string_view text) const;
+  void keep(const Severity &severity, std::string_view text,
+            const About &about);
+  std::string wholeDocument() const;
+
   bool jsonWanted = false;
   bool isDocument = false;
-  bool colourOut;
-  bool colourErr;
+  bool isQuiet = false;
+  bool isStrict = false;
+  bool hasWarned = false;
+  bool colourOut = false;
+  bool colourErr = false;
+  std::size_t columns = 0;
   std::string subcommand;
   std::string result;
+  Json members;
+  Json said = Json::array();
+  Json remarks; ///< null unless a design is read
 };
 
 /// `text` with what is no printable UTF-8 written as \xNN: neither a terminal
 /// nor a table is upset by the bytes of a damaged file.
 std::string printable(std::string_view text);
+
+/// A name of the line as messages have it: an empty one is seen.
+std::string shownName(const std::string &name);
 
 /// "1 command", "2 commands".
 std::string counted(std::size_t number, const std::string &thing);

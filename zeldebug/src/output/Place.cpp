@@ -5,7 +5,6 @@
 
 #include <fmt/format.h>
 
-#include "line/WorkingFolder.h"
 #include "output/Failure.h"
 
 namespace zeldebug {
@@ -40,8 +39,12 @@ Place lookAt(const fs::path &path, fs::file_type wanted) {
                                               : mismatch(target, wanted)};
 }
 
-std::string shownName(const std::string &name) {
-  return name.empty() ? "''" : printable(name);
+std::string shownPath(const fs::path &path) {
+  std::error_code error;
+  const fs::path start = fs::current_path(error);
+  const std::string relative = path.lexically_relative(start).string();
+  const bool isBelow = !relative.empty() && relative.compare(0, 2, "..") != 0;
+  return isBelow ? relative : path.string();
 }
 
 void refuse(const fs::path &path, const std::string &problem) {

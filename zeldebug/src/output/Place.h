@@ -18,9 +18,8 @@ Place lookAt(const std::filesystem::path &path,
 
 constexpr const char *noSuchFile = "there is no such file";
 
-/// The name of a file as messages have it: an empty one is seen, and what is
-/// not printable is escaped.
-std::string shownName(const std::string &name);
+/// A path as seen from where the program was started, if it lies below.
+std::string shownPath(const std::filesystem::path &path);
 
 /// @throws Failure (refused): "path: problem"
 [[noreturn]] void refuse(const std::filesystem::path &path,

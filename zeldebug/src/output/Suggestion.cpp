@@ -1,8 +1,9 @@
 #include "output/Suggestion.h"
 #include "output/Output.h"
 
-#include <ZelDebugDialog/ConfigurationModel/Text.h>
 #include <fmt/format.h>
+
+#include <ZelDebugDialog/ConfigurationModel/Text.h>
 
 namespace zeldebug {
 

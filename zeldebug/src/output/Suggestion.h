@@ -8,10 +8,7 @@
 
 namespace zeldebug {
 
-/// The candidate with the fewest edits (letters put in, left out, replaced or
-/// swapped, case not counted), the first of several; empty if none is near
-/// enough: at most one edit for each three letters of `word`, and one for
-/// shorter words.
+/// The candidate that is nearest; empty if none is near enough.
 std::string nearestMatch(std::string_view word,
                          const std::vector<std::string> &candidates);
 

@@ -8,8 +8,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "ScratchFolder.h"
 #include "output/Failure.h"
+#include "output/LockedFolder.h"
 #include "output/Place.h"
 
 namespace zeldebug {

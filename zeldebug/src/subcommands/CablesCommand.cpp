@@ -2,7 +2,7 @@
 #include <ZelDebugDialog/ConfigurationModel/Language.h>
 #include <fmt/format.h>
 
-#include "line/CommandLine.h"
+#include "line/Options.h"
 #include "output/CableText.h"
 #include "output/Table.h"
 #include "subcommands/Subcommands.h"

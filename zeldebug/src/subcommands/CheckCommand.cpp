@@ -3,13 +3,12 @@
 #include <optional>
 
 #include <ZelDebugDialog/ConfigurationModel/Commands.h>
-#include <ZelDebugDialog/ConfigurationModel/Refusal.h>
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
 #include "line/CommandLines.h"
 #include "line/DesignOptions.h"
-#include "line/TextOption.h"
+#include "line/Options.h"
 #include "output/Output.h"
 #include "output/Suggestion.h"
 #include "subcommands/Subcommands.h"
@@ -22,8 +21,6 @@ using ZelDebugDialog::Board;
 using ZelDebugDialog::CheckedCommand;
 using ZelDebugDialog::CommandDiagnostic;
 using ZelDebugDialog::DesignModel;
-using ZelDebugDialog::Refusal;
-using ZelDebugDialog::RefusalKind;
 using ZelDebugDialog::ShowSeverity;
 
 struct CheckLine {
@@ -138,7 +135,7 @@ Json checkedJson(const CheckedCommand &checked, int line) {
 class CheckedFor {
 public:
   CheckedFor(const CheckLine &line, const CommandLine &commandLine,
-             const Output &output) {
+             Output &output) {
     if (line.design.named() != line.processor.has_value())
       throw Failure(ExitStatus::wrongUse,
                     "check: --design and --processor go together");
@@ -152,13 +149,7 @@ public:
 
   CheckedCommand check(const std::string &text, bool ofFile) {
     options.ofFile = ofFile;
-    try {
-      return CheckCommand(text, options);
-    } catch (const Refusal &refusal) {
-      const bool isUnknown = refusal.kind == RefusalKind::unknownProcessor;
-      throw Failure(isUnknown ? ExitStatus::wrongUse : ExitStatus::refused,
-                    refusal.what());
-    }
+    return CheckCommand(text, options);
   }
   const DesignModel *designOrNull() const { return design.get(); }
 
@@ -217,26 +208,19 @@ ExitStatus run(const CheckLine &line, const CommandLine &commandLine,
 
 void addCheckCommand(CommandLine &line) {
   const auto options = std::make_shared<CheckLine>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "check", "Check connect commands: every fault with its place",
       "zeldebug check 'connect lc hdu -cable type quorla_usb'",
       [options, &line](Output &output) { return run(*options, line, output); });
-  line.completeWith(app.add_option("COMMAND", options->commands,
-                                   "a connect command, in quotes")
-                        ->type_name(""),
-                    ValueKind::text);
-  line.completeWith(
-      addTextOption(app, "--file", options->file,
-                    "check each line of this file; '-' for standard input")
-          ->type_name("FILE"),
-      ValueKind::file);
-  options->design.addAsOptionTo(line, app);
-  line.completeWith(
-      addTextOption(app, "--processor", options->processor,
-                    "check what this processor of the design allows, too")
-          ->type_name("NAME")
-          ->group("The design"),
-      ValueKind::processor);
+  app.addArguments("COMMAND", options->commands, "a connect command, in quotes",
+                   ValueKind::text);
+  app.addOption("--file", "FILE", options->file,
+                "check each line of this file; '-' for standard input",
+                ValueKind::file);
+  options->design.addAsOptionTo(app);
+  app.addOption("--processor", "NAME", options->processor,
+                "check what this processor of the design allows, too",
+                ValueKind::processor, "The design");
 }
 
 } // namespace zeldebug

@@ -3,15 +3,22 @@
 
 #include <fmt/format.h>
 
-#include "Configure.h"
-#include "Refusal.h"
 #include "line/DesignOptions.h"
+#include "line/Options.h"
+#include "line/Refused.h"
+#include "line/SettingOptions.h"
 #include "line/WorkingFolder.h"
+#include "output/Values.h"
+#include "subcommands/Configuring.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
 
 namespace {
+
+using ZelDebugDialog::Board;
+using ZelDebugDialog::Loss;
+using ZelDebugDialog::Session;
 
 struct CommandOptions {
   DesignOptions design;
@@ -20,64 +27,71 @@ struct CommandOptions {
   bool force = false;
 };
 
+/// A file that gives the same already has the command, as it is worded there.
+std::string commandOf(Session &session, bool &isSaved) {
+  const ZelDebugDialog::CommandSettings loaded = session.Loaded();
+  isSaved = session.Problem().empty() && loaded.line != 0 &&
+            session.Differences().empty();
+  return isSaved ? loaded.text : session.Command();
+}
+
+void say(const Configured &configured, const Verdict &verdict, Output &output) {
+  for (const Remark &remark : configured.remarks)
+    if (remark.isWarning)
+      output.warn(remark.text, remark.about);
+    else
+      output.note(remark.text, remark.about);
+  for (const Loss &loss : verdict.lost)
+    output.warn("does not survive: " + shownLossWithHelp(loss),
+                {loss.code, loss.field});
+  for (const Loss &loss : verdict.noLongerSaved)
+    output.note("no longer part of the command: " + shownLoss(loss),
+                {loss.code, loss.field});
+}
+
 ExitStatus run(const CommandOptions &options, const std::string &folder,
                Output &output) {
-  const std::vector<SettingAction> actions = options.settings.actions();
+  const AskedSettings asked = options.settings.read();
   const auto design = options.design.read(output);
-  enterWorkingFolder(folder);
-  Session session(design.get());
-  expectDebuggable(*design, session.processorNames(), options.processor);
-  const Configured configured = configure(
-      session, options.processor, options.settings, actions, options.force);
-
-  Session fresh(design.get());
-  const Reading reading =
-      fresh.selectFrom(options.processor, configured.command);
-  const ReadBack readBack{reading.accepted(),
-                          reading.accepted()
-                              ? std::string()
-                              : refusalOf(reading, configured.command,
-                                          design.get(), options.processor),
-                          configurationOf(*fresh.state)};
+  const Board board(*design, optionFolder(folder));
+  Configured configured =
+      configure(board, options.processor, asked,
+                {Session::Hold::whileSaving, options.force});
+  bool isSaved = false;
+  const std::string command = commandOf(configured.session, isSaved);
   const Verdict verdict =
-      judge(configured,
-            lossesOf(configured.wanted, configured.command, readBack, false));
-  const std::string doubt = doubtOf(configured);
-  if (!doubt.empty())
-    output.warn(doubt);
-  for (const Loss &loss : verdict.lost)
-    output.warn("does not survive: " + shownLoss(loss));
-  for (const Loss &loss : verdict.dropped)
-    output.note("no longer part of the command: " + shownLoss(loss));
+      isSaved ? Verdict() : judge(configured, configured.session.Losses());
+  say(configured, verdict, output);
   if (output.json())
     output.document({{"instanceName", options.processor},
-                     {"connectCommand", configured.command},
+                     {"connectCommand", command},
+                     {"effects", toJson(configured.effects)},
                      {"lost", toJson(verdict.lost)},
                      {"dropped", toJson(verdict.dropped)}});
   else
-    output.printLine(configured.command);
-  return ExitStatus::done;
+    output.printLine(command);
+  // As with `set`: what is asked for stands, or the run fails.
+  return verdict.lost.empty() || options.force ? ExitStatus::done
+                                               : ExitStatus::refused;
 }
 
 } // namespace
 
 void addCommandCommand(CommandLine &line) {
   const auto options = std::make_shared<CommandOptions>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "command", "Print the connect command for settings, without saving it",
       "zeldebug command board.xml cpu0 --cable quorla_podusb --frequency 3MHz",
       [options, &line](Output &output) {
         return run(*options, line.workingFolder(), output);
       });
-  options->design.addTo(line, app);
-  line.completeWith(app.add_option("PROCESSOR", options->processor,
-                                   "instance name of a processor")
-                        ->type_name("")
-                        ->required(),
-                    ValueKind::processor);
-  app.add_flag("--force", options->force,
-               "start from the defaults if what is saved cannot be read");
-  options->settings.addTo(line, app);
+  options->design.addTo(app);
+  app.addRequired("PROCESSOR", options->processor,
+                  "instance name of a processor", ValueKind::processor);
+  app.addFlag("--force", options->force,
+              "succeed also where settings would not survive, and start from "
+              "the defaults if what is saved cannot be read");
+  options->settings.addTo(app);
 }
 
 } // namespace zeldebug

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
+#include "line/Options.h"
 #include "output/Output.h"
 #include "output/Suggestion.h"
 #include "subcommands/CompletionShells.h"
@@ -145,14 +146,11 @@ std::vector<std::string> completionShells() {
 
 void addCompletionCommand(CommandLine &line) {
   const auto shell = std::make_shared<std::string>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "completion", "Print the completion script for a shell",
       "source <(zeldebug completion bash)",
       [shell](Output &output) { return run(*shell, output); });
-  line.completeWith(app.add_option("SHELL", *shell, "bash, zsh or fish")
-                        ->type_name("")
-                        ->required(),
-                    ValueKind::shell);
+  app.addRequired("SHELL", *shell, "bash, zsh or fish", ValueKind::shell);
 }
 
 } // namespace zeldebug

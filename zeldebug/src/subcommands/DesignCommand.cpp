@@ -2,9 +2,8 @@
 #include <memory>
 #include <optional>
 
-#include "Session.h"
 #include "line/DesignOptions.h"
-#include "line/TextOption.h"
+#include "line/Options.h"
 #include "subcommands/DesignGraph.h"
 #include "subcommands/DesignTables.h"
 #include "subcommands/Subcommands.h"
@@ -36,12 +35,11 @@ ExitStatus run(const Options &options, Output &output) {
     output.print(graph);
     return ExitStatus::done;
   }
-  Session session(design.get());
   if (!output.json()) {
-    printDesign(*design, session, output);
+    printDesign(*design, output);
     return ExitStatus::done;
   }
-  Json members = designJson(*design, session);
+  Json members = designJson(*design);
   if (options.graph)
     members["graph"] = graph;
   output.document(members);
@@ -52,23 +50,19 @@ ExitStatus run(const Options &options, Output &output) {
 
 void addDesignCommand(CommandLine &line) {
   const auto options = std::make_shared<Options>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "design",
       "Show what is known about a design: instances, debug modules, "
       "peripherals, connections",
       "zeldebug design board.xml\n"
       "  zeldebug design board.xml --graph | dot -Tsvg > board.svg",
       [options](Output &output) { return run(*options, output); });
-  options->design.addTo(line, app);
-  app.add_flag("--graph", options->graph,
-               "print text for Graphviz: who is wired to whom")
-      ->group("The graph");
-  line.completeWith(
-      addTextOption(app, "--under", options->under,
-                    "only this instance and what is inside it (a.b.c)")
-          ->type_name("PATH")
-          ->group("The graph"),
-      ValueKind::instance);
+  options->design.addTo(app);
+  app.addFlag("--graph", options->graph,
+              "print text for Graphviz: who is wired to whom", "The graph");
+  app.addOption("--under", "PATH", options->under,
+                "only this instance and what is inside it (a.b.c)",
+                ValueKind::instance, "The graph");
 }
 
 } // namespace zeldebug

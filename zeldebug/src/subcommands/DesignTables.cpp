@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include <ZelDebugDialog/ConfigurationModel/Board.h>
 #include <fmt/format.h>
 
 #include "output/Table.h"
@@ -92,7 +93,7 @@ Json connectionsJson(const DesignModel &design, const Wiring &wiring,
 }
 
 Json instanceJson(const DesignModel &design, const Wiring &wiring,
-                  std::size_t at, Session &session) {
+                  std::size_t at) {
   const DesignInstance &instance = design.Instances()[at];
   const DesignComponent &component = design.Component(instance.component);
   Json parameters = Json::object();
@@ -103,7 +104,7 @@ Json instanceJson(const DesignModel &design, const Wiring &wiring,
           {"identity", component.identity},
           {"view", instance.view.empty() ? Json(nullptr) : Json(instance.view)},
           {"views", component.views},
-          {"memoryClass", session.state->ClassifyMemory(instance.typeName)},
+          {"memoryClass", ZelDebugDialog::MemoryClassOf(instance.typeName)},
           {"parameters", parameters},
           {"connections", connectionsJson(design, wiring, at)}};
 }
@@ -130,8 +131,7 @@ std::string shownEnds(const Wiring &wiring, const FarEnds &ends) {
              : fmt::format("{} and {} more", joined(names), ends.others);
 }
 
-void printInstances(const DesignModel &design, Session &session,
-                    Output &output) {
+void printInstances(const DesignModel &design, Output &output) {
   Table instances(
       {"INSTANCE", "TYPE", "COMPONENT", "VIEW", "MEMORY CLASS", "PARAMETERS"});
   for (const DesignInstance &instance : design.Instances()) {
@@ -142,7 +142,7 @@ void printInstances(const DesignModel &design, Session &session,
     instances.addRow({instance.name, instance.typeName,
                       component.identity.empty() ? "-" : component.identity,
                       shownViews(instance, component.views),
-                      session.state->ClassifyMemory(instance.typeName),
+                      ZelDebugDialog::MemoryClassOf(instance.typeName),
                       joined(parameters)});
   }
   instances.print(output);
@@ -169,7 +169,7 @@ void printConnections(const DesignModel &design, Output &output) {
 
 } // namespace
 
-Json designJson(DesignModel &design, Session &session) {
+Json designJson(DesignModel &design) {
   const Wiring wiring(design);
   Json members{{"processors", processorsOf(design)},
                {"debugModules", Json::array()},
@@ -182,7 +182,7 @@ Json designJson(DesignModel &design, Session &session) {
          {"type", design.getIpName(module)},
          {"processors", connectedTo(design, module)}});
   for (std::size_t at = 0; at < design.Instances().size(); ++at)
-    members["instances"].push_back(instanceJson(design, wiring, at, session));
+    members["instances"].push_back(instanceJson(design, wiring, at));
   for (const std::string &processor : processorsOf(design))
     members["peripherals"][processor] = peripheralsOf(design, processor);
   for (const DesignDiagnostic &diagnostic : design.Diagnostics())
@@ -194,8 +194,8 @@ Json designJson(DesignModel &design, Session &session) {
   return members;
 }
 
-void printDesign(DesignModel &design, Session &session, Output &output) {
-  printInstances(design, session, output);
+void printDesign(DesignModel &design, Output &output) {
+  printInstances(design, output);
   output.print("\n");
   Table modules({"DEBUG MODULE", "TYPE", "PROCESSORS"});
   for (const std::string &module : modulesOf(design))

@@ -4,16 +4,14 @@
 
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
-#include "Session.h"
 #include "output/Json.h"
 #include "output/Output.h"
 
 namespace zeldebug {
 
-Json designJson(ZelDebugDialog::DesignModel &design, Session &session);
+Json designJson(ZelDebugDialog::DesignModel &design);
 
-void printDesign(ZelDebugDialog::DesignModel &design, Session &session,
-                 Output &output);
+void printDesign(ZelDebugDialog::DesignModel &design, Output &output);
 
 } // namespace zeldebug
 

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
+#include "line/Options.h"
 #include "output/Table.h"
 #include "output/ValueJson.h"
 #include "subcommands/Subcommands.h"
@@ -66,16 +67,14 @@ ExitStatus run(const Commands &commands, Output &output) {
 
 void addDiffCommand(CommandLine &line) {
   const auto commands = std::make_shared<Commands>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "diff", "Compare the settings of two connect commands",
       "zeldebug diff 'connect lc hdu' 'connect lc hdu -debugdevice cpunr 2'",
       [commands](Output &output) { return run(*commands, output); });
-  app.add_option("COMMAND1", (*commands)[0], "a connect command")
-      ->type_name("")
-      ->required();
-  app.add_option("COMMAND2", (*commands)[1], "the one to compare it with")
-      ->type_name("")
-      ->required();
+  app.addRequired("COMMAND1", (*commands)[0], "a connect command",
+                  ValueKind::text);
+  app.addRequired("COMMAND2", (*commands)[1], "the one to compare it with",
+                  ValueKind::text);
 }
 
 } // namespace zeldebug

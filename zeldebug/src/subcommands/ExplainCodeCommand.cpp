@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
-#include "line/TextOption.h"
+#include "line/Options.h"
 #include "output/Output.h"
 #include "output/Suggestion.h"
 #include "output/Table.h"
@@ -79,14 +79,12 @@ ExitStatus run(const std::optional<std::string> &code, Output &output) {
 
 void addExplainCodeCommand(CommandLine &line) {
   const auto code = std::make_shared<std::optional<std::string>>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "explain-code", "Explain a code in brackets, or list them all",
       "zeldebug explain-code refused-value",
       [code](Output &output) { return run(*code, output); });
-  line.completeWith(
-      addTextOption(app, "CODE", *code, "a code, as it stands in brackets")
-          ->type_name(""),
-      ValueKind::diagnosticCode);
+  app.addArgument("CODE", *code, "a code, as it stands in brackets",
+                  ValueKind::diagnosticCode);
 }
 
 } // namespace zeldebug

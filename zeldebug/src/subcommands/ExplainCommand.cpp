@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
+#include "line/Options.h"
 #include "output/Table.h"
 #include "output/ValueJson.h"
 #include "subcommands/Subcommands.h"
@@ -71,13 +72,12 @@ ExitStatus run(const std::string &text, Output &output) {
 
 void addExplainCommand(CommandLine &line) {
   const auto text = std::make_shared<std::string>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "explain", "Explain every word of a connect command",
       "zeldebug explain 'connect lc hdu -debugdevice devicenr 1'",
       [text](Output &output) { return run(*text, output); });
-  app.add_option("COMMAND", *text, "a connect command, in quotes")
-      ->type_name("")
-      ->required();
+  app.addRequired("COMMAND", *text, "a connect command, in quotes",
+                  ValueKind::text);
 }
 
 } // namespace zeldebug

@@ -8,9 +8,8 @@
 
 #include <ZelDebugDialog/DesignModel/Kinds.h>
 
-#include "Session.h"
 #include "line/DesignOptions.h"
-#include "line/TextOption.h"
+#include "line/Options.h"
 #include "output/WholeFile.h"
 #include "subcommands/ProcessorList.h"
 #include "subcommands/Subcommands.h"
@@ -177,8 +176,7 @@ ExitStatus run(const Options &options, Output &output) {
                             isNew ? "written to" : "already in",
                             *options.file));
   }
-  Session session(design.get());
-  const ProcessorList list(*design, session);
+  const ProcessorList list(*design);
   if (output.json()) {
     Json members = proposalJson(proposal);
     members["written"] = options.file ? Json(*options.file) : Json(nullptr);
@@ -196,22 +194,19 @@ ExitStatus run(const Options &options, Output &output) {
 
 void addKindsCommand(CommandLine &line) {
   const auto options = std::make_shared<Options>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "kinds",
       "Propose a kind table: what could be the processors, debug modules, "
       "serial ports and memories of a design",
       "zeldebug kinds soc.xml --library ip --write soc.kinds",
       [options](Output &output) { return run(*options, output); });
-  options->design.addTo(line, app);
-  line.completeWith(addTextOption(app, "--write", options->file,
-                                  "write the table that is proposed, with its "
-                                  "evidence as comments")
-                        ->type_name("FILE")
-                        ->group("The table"),
-                    ValueKind::file);
-  app.add_flag("--force", options->force,
-               "replace the file of --write if there is one")
-      ->group("The table");
+  options->design.addTo(app);
+  app.addOption("--write", "FILE", options->file,
+                "write the table that is proposed, with its "
+                "evidence as comments",
+                ValueKind::file, "The table");
+  app.addFlag("--force", options->force,
+              "replace the file of --write if there is one", "The table");
 }
 
 } // namespace zeldebug

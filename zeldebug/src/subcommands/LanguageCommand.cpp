@@ -8,6 +8,7 @@
 #include <strings.h>
 
 #include "line/CommandLine.h"
+#include "line/Options.h"
 #include "output/CableText.h"
 #include "output/Suggestion.h"
 #include "output/Table.h"
@@ -277,7 +278,7 @@ std::vector<std::string> languageWords() { return knownWords(); }
 
 void addLanguageCommand(CommandLine &line) {
   const auto words = std::make_shared<std::vector<std::string>>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "language", "Show the connect language, or one word of it",
       "zeldebug language -cable", [words, &line](Output &output) {
         std::vector<std::string> all = *words;
@@ -285,12 +286,11 @@ void addLanguageCommand(CommandLine &line) {
                    line.dashedWords().end());
         return run(all, output);
       });
-  line.takeDashedWords(app);
-  line.completeWith(app.add_option("WORD", *words,
-                                   "an option, a target or a cable; all "
-                                   "without it")
-                        ->type_name(""),
-                    ValueKind::languageWord);
+  app.takeDashedWords();
+  app.addArguments("WORD", *words,
+                   "an option, a target or a cable; all "
+                   "without it",
+                   ValueKind::languageWord);
 }
 
 } // namespace zeldebug

@@ -55,7 +55,7 @@ Json adviceJson(const DesignModel &design, const std::vector<Advice> &advice) {
 void printAdvice(const std::vector<Advice> &advice, Output &output) {
   for (const Advice &each : advice) {
     output.print("\n");
-    output.printLine(printable(each.message));
+    output.printSentence(printable(each.message));
     if (!each.command.empty())
       output.printLine("  " + printable(shellLine(each.command)));
   }

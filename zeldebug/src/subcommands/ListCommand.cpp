@@ -1,8 +1,8 @@
 // list: the processors of a design that can be debugged, and why others cannot.
 #include <memory>
 
-#include "Session.h"
 #include "line/DesignOptions.h"
+#include "line/Options.h"
 #include "subcommands/ListAdvice.h"
 #include "subcommands/ProcessorList.h"
 #include "subcommands/Subcommands.h"
@@ -15,8 +15,7 @@ using ZelDebugDialog::DesignModel;
 
 ExitStatus run(const DesignOptions &options, Output &output) {
   const std::unique_ptr<DesignModel> design = options.read(output);
-  Session session(design.get());
-  const ProcessorList list(*design, session);
+  const ProcessorList list(*design);
   const std::vector<Advice> advice = adviceFor(options, *design, list);
   if (output.json()) {
     Json members = list.json();
@@ -33,11 +32,11 @@ ExitStatus run(const DesignOptions &options, Output &output) {
 
 void addListCommand(CommandLine &line) {
   const auto options = std::make_shared<DesignOptions>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "list", "List the processors of a design that can be debugged",
       "zeldebug list board.xml",
       [options](Output &output) { return run(*options, output); });
-  options->addTo(line, app);
+  options->addTo(app);
 }
 
 } // namespace zeldebug

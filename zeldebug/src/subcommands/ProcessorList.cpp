@@ -1,33 +1,27 @@
 #include "subcommands/ProcessorList.h"
 
 #include <unordered_map>
-#include <unordered_set>
 
 #include <fmt/format.h>
 
-#include "ConnectionKind.h"
-#include "line/DesignOptions.h"
 #include "output/Table.h"
 
 namespace zeldebug {
 
 namespace {
 
+using ZelDebugDialog::BoardProcessor;
 using ZelDebugDialog::DesignModel;
-using ZelDebugDialog::ProcessorInfoImp;
 
-const char *shownFpu(std::uint32_t fpuType) {
-  return fpuType == 0 ? "-" : fpuType == 1 ? "sp" : "dp";
-}
-
-Json processorJson(const ProcessorInfoImp &record) {
-  return {{"instanceName", record.instanceName},
-          {"procFamily", record.procFamily},
-          {"procType", record.procType},
-          {"connectionMask", record.connectionMask},
-          {"cpuNr", record.cpuNr},
-          {"fpuType", record.fpuType},
-          {"connections", allowedKinds(record.connectionMask)}};
+Json toJson(const BoardProcessor &processor) {
+  return {{"instanceName", processor.name},
+          {"type", processor.type},
+          {"procFamily", processor.family},
+          {"procType", processor.procType},
+          {"connectionMask", processor.mask},
+          {"cpuNr", processor.number},
+          {"fpuType", processor.fpu},
+          {"connections", processor.connections}};
 }
 
 constexpr std::size_t mostInterfaces = 8;
@@ -53,31 +47,23 @@ std::vector<std::string> wiresOf(const DesignModel &design,
 
 } // namespace
 
-ProcessorList::ProcessorList(DesignModel &listed, Session &found)
-    : design(listed), session(found) {
-  design.getProcessorInstances(allNames, false);
-  for (ProcessorInfoImp *record : found.state->processorList) {
-    found.state->currentProcessor = record;
-    found.state->GetFPUType();
-  }
-  const std::vector<std::string> names = found.processorNames();
-  const std::unordered_set<std::string> debuggable(names.begin(), names.end());
+// The folder of the option files does not matter: none is looked at.
+ProcessorList::ProcessorList(DesignModel &design) : board(design, "etc") {
   std::unordered_map<std::string, std::size_t> byName;
   for (std::size_t at = 0; at < design.Instances().size(); ++at)
     byName.emplace(design.Instances()[at].name, at);
-  for (const std::string &name : allNames)
-    if (debuggable.count(name) == 0)
-      others.push_back({name, design.getIpName(name),
-                        whyNotDebuggable(design, name),
-                        wiresOf(design, byName.at(name))});
+  for (const ZelDebugDialog::UndebuggableProcessor &other :
+       board.Undebuggable())
+    others.push_back({other.name, other.type, other.reason,
+                      wiresOf(design, byName.at(other.name))});
 }
 
 Json ProcessorList::json() const {
-  Json members{{"names", allNames},
+  Json members{{"names", board.Names()},
                {"processors", Json::array()},
                {"undebuggable", Json::array()}};
-  for (const ProcessorInfoImp *record : session.state->processorList)
-    members["processors"].push_back(processorJson(*record));
+  for (const BoardProcessor &processor : board.Processors())
+    members["processors"].push_back(toJson(processor));
   for (const Undebuggable &other : others)
     members["undebuggable"].push_back({{"instanceName", other.name},
                                        {"type", other.type},
@@ -88,22 +74,20 @@ Json ProcessorList::json() const {
 
 void ProcessorList::print(Output &output) const {
   Table table({"PROCESSOR", "TYPE", "NUMBER", "FPU", "CONNECTIONS"});
-  for (const ProcessorInfoImp *record : session.state->processorList)
-    table.addRow(
-        {record->instanceName, design.getIpName(record->instanceName),
-         fmt::format("{}", record->cpuNr), shownFpu(record->fpuType),
-         fmt::format("{}",
-                     fmt::join(allowedKinds(record->connectionMask), " "))});
+  for (const BoardProcessor &processor : board.Processors())
+    table.addRow({processor.name, processor.type,
+                  fmt::format("{}", processor.number), processor.fpuText,
+                  fmt::format("{}", fmt::join(processor.connections, " "))});
   if (table.empty())
     output.printLine("No processor of this design can be debugged.");
   else
     table.print(output);
   for (const Undebuggable &other : others) {
-    output.printLine(fmt::format("\n'{}' ({}) cannot be debugged: {}.",
-                                 printable(other.name), printable(other.type),
-                                 printable(other.reason)));
+    output.printSentence(fmt::format(
+        "\n'{}' ({}) cannot be debugged: {}.", printable(other.name),
+        printable(other.type), printable(other.reason)));
     if (!other.wiredTo.empty())
-      output.printLine(printable(
+      output.printSentence(printable(
           fmt::format("It is wired by {}.", fmt::join(other.wiredTo, ", "))));
   }
 }

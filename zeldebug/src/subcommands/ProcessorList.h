@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
+#include <ZelDebugDialog/ConfigurationModel/Board.h>
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
-#include "Session.h"
 #include "output/Json.h"
 #include "output/Output.h"
 
@@ -24,23 +24,20 @@ struct Undebuggable {
 
 class ProcessorList {
 public:
-  /// Both have to outlive it; the session is of the design.
-  ProcessorList(ZelDebugDialog::DesignModel &design, Session &session);
+  explicit ProcessorList(ZelDebugDialog::DesignModel &design);
 
   /// Every processor of the design.
-  const std::vector<std::string> &names() const { return allNames; }
+  const std::vector<std::string> &names() const { return board.Names(); }
   const std::vector<Undebuggable> &undebuggable() const { return others; }
   /// None can be debugged.
-  bool isEmpty() const { return session.state->processorList.empty(); }
+  bool isEmpty() const { return board.Processors().empty(); }
 
   /// `names`, `processors` and `undebuggable`.
   Json json() const;
   void print(Output &output) const;
 
 private:
-  ZelDebugDialog::DesignModel &design;
-  const Session &session;
-  std::vector<std::string> allNames;
+  ZelDebugDialog::Board board;
   std::vector<Undebuggable> others;
 };
 

@@ -8,7 +8,7 @@
 
 #include "line/CommandLine.h"
 #include "line/CommandLines.h"
-#include "line/TextOption.h"
+#include "line/Options.h"
 #include "output/ValueJson.h"
 #include "subcommands/Subcommands.h"
 
@@ -114,15 +114,14 @@ ExitStatus run(const std::optional<std::string> &file, Output &output) {
 
 void addRoundtripCommand(CommandLine &line) {
   const auto file = std::make_shared<std::optional<std::string>>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "roundtrip", "Read, write and read again each command of a file",
       "zeldebug roundtrip commands.txt",
       [file](Output &output) { return run(*file, output); });
-  line.completeWith(addTextOption(app, "FILE", *file,
-                                  "a connect command a line; standard input "
-                                  "without it, or for '-'")
-                        ->type_name(""),
-                    ValueKind::file);
+  app.addArgument("FILE", *file,
+                  "a connect command a line; standard input "
+                  "without it, or for '-'",
+                  ValueKind::file);
 }
 
 } // namespace zeldebug

@@ -1,16 +1,21 @@
-// set: change what is saved for a processor.
+// set: change what is saved for a processor, or for all of them at once.
+#include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
+#include <fcntl.h>
 #include <fmt/format.h>
+#include <unistd.h>
 
-#include "Configure.h"
-#include "OptionFileSaver.h"
-#include "OptionFolder.h"
 #include "line/DesignOptions.h"
-#include "line/TextOption.h"
+#include "line/Options.h"
+#include "line/Refused.h"
+#include "line/SettingOptions.h"
 #include "line/WorkingFolder.h"
 #include "output/Table.h"
+#include "output/Values.h"
+#include "subcommands/Configuring.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
@@ -19,7 +24,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-using ZelDebugDialog::DesignModel;
+using ZelDebugDialog::Board;
+using ZelDebugDialog::BoardProcessor;
+using ZelDebugDialog::Loss;
+using ZelDebugDialog::Refusal;
+using ZelDebugDialog::RefusalKind;
+using ZelDebugDialog::SaveOptions;
+using ZelDebugDialog::SaveOutcome;
+using ZelDebugDialog::Session;
 
 struct SetOptions {
   DesignOptions design;
@@ -34,146 +46,251 @@ struct SetOptions {
 /// What became of one processor.
 struct Outcome {
   std::string processor;
-  std::string
-      word; ///< "saved", "unchanged", "dry-run", "refused", "unreadable"
-  ExitStatus status = ExitStatus::done;
-  std::string file;
-  std::string command;
-  std::string doubt;        ///< about what is saved
-  bool lacksFolder = false; ///< that a dry run would be saved in
+  std::optional<Configured> configured; ///< unless it was refused before
+  SaveOutcome saved;
   Verdict verdict;
-  std::string message; ///< for a refusal
+  std::optional<Failure> failure;
+  bool wasHeld = false; ///< from its loading on
+
+  ExitStatus status() const {
+    return failure ? failure->status() : ExitStatus::done;
+  }
 };
 
-std::string listOf(const std::vector<Loss> &losses) {
-  std::string text;
+constexpr const char *savedNothingStrictly =
+    "nothing is saved, because a warning is a failure with --strict";
+
+const char *wordOf(const Outcome &outcome, bool isDryRun) {
+  if (outcome.status() == ExitStatus::unreadable)
+    return "unreadable";
+  if (outcome.failure)
+    return "refused";
+  if (outcome.saved.unchanged)
+    return "unchanged";
+  return isDryRun ? "dry-run" : "saved";
+}
+
+/// Others that would save wait from the loading on. Without a folder to lock
+/// in there is nothing yet that could get lost.
+Session::Hold holdFor(const Board &board, bool isDryRun) {
+  std::error_code error;
+  const fs::path folder = board.Folder();
+  const bool canHold =
+      !isDryRun && fs::is_directory(folder, error) &&
+      faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+  return canHold ? Session::Hold::untilSaved : Session::Hold::whileSaving;
+}
+
+Failure lossFailure(const std::vector<Loss> &losses) {
+  std::string list;
   for (const Loss &loss : losses)
-    text += "\n  " + shownLoss(loss);
-  return text;
+    list += "\n  " + shownLossWithHelp(loss);
+  return {ExitStatus::refused,
+          fmt::format("nothing is saved, because it would not survive:{}\n"
+                      "--force saves it all the same; docs/round-trip.md "
+                      "tells what to do",
+                      list),
+          {losses.front().code, losses.front().field}};
 }
 
-/// Writes, reads back, and moves into place what survives.
-void save(const SetOptions &options, DesignModel &design, Session &session,
-          const Configured &configured, Outcome &outcome) {
-  const fs::path target = behindLinks(configured.saved.path);
-  const fs::path place = target.parent_path();
-  std::optional<OptionFolder> folder;
-  if (options.dryRun)
-    outcome.lacksFolder = !isWritableOptionFolder(place) && !options.makeFolder;
-  else
-    folder.emplace(place, options.makeFolder);
-  expectReplaceable(target);
-  const OptionFileSaver saver(
-      session, options.dryRun ? fs::temp_directory_path() : place);
-  outcome.verdict =
-      judge(configured, lossesOf(configured.wanted, saver.command(),
-                                 saver.readBack(&design), true));
-  if (!outcome.verdict.lost.empty() && !options.force)
-    throw Failure(ExitStatus::refused,
-                  "nothing is saved, because it would not survive:" +
-                      listOf(outcome.verdict.lost) +
-                      "\n--force saves it all the same; docs/round-trip.md "
-                      "tells what to do");
-  if (options.dryRun)
-    return;
-  saver.moveTo(target);
-}
+bool isBlocking(const Loss &loss) { return loss.blocking; }
 
-void configureAndSave(const SetOptions &options,
-                      const std::vector<SettingAction> &actions,
-                      DesignModel &design, Outcome &outcome) {
-  Session session(&design);
-  const Configured configured = configure(
-      session, outcome.processor, options.settings, actions, options.force);
-  outcome.file = shownPath(configured.saved.path);
-  outcome.command = configured.command;
-  outcome.doubt = doubtOf(configured);
-  if (!configured.changed()) {
-    outcome.word = "unchanged";
-    return;
-  }
-  save(options, design, session, configured, outcome);
-  outcome.word = options.dryRun ? "dry-run" : "saved";
-}
+class Run {
+public:
+  Run(const SetOptions &setOptions, const AskedSettings &askedSettings,
+      const Board &usedBoard, Output &runOutput)
+      : options(setOptions), asked(askedSettings), board(usedBoard),
+        output(runOutput) {}
 
-Outcome outcomeOf(const SetOptions &options,
-                  const std::vector<SettingAction> &actions,
-                  DesignModel &design, const std::string &processor) {
+  /// Configures all, saves them together, and tells what became of each.
+  ExitStatus run(const std::vector<std::string> &processors);
+
+private:
+  Outcome open(const std::string &processor) const;
+  void expectNoWarning(const Configured &configured) const;
+  SaveOptions saveOptions() const;
+  void save();
+  void saveAgain(Outcome &outcome) const;
+  void take(Outcome &outcome, const SaveOutcome &saved) const;
+  void report(const Outcome &outcome);
+  Json resultOf(const Outcome &outcome) const;
+  void printResults() const;
+
+  const SetOptions &options;
+  const AskedSettings &asked;
+  const Board &board;
+  Output &output;
+  std::vector<Outcome> outcomes;
+};
+
+Outcome Run::open(const std::string &processor) const {
   Outcome outcome;
   outcome.processor = processor;
   try {
-    configureAndSave(options, actions, design, outcome);
+    const Session::Hold hold = holdFor(board, options.dryRun);
+    outcome.wasHeld = hold == Session::Hold::untilSaved;
+    outcome.configured =
+        configure(board, processor, asked, {hold, options.force});
+    if (output.strict())
+      expectNoWarning(*outcome.configured);
   } catch (const Failure &failure) {
-    outcome.status = failure.status();
-    outcome.word =
-        failure.status() == ExitStatus::unreadable ? "unreadable" : "refused";
-    outcome.message = failure.what();
+    outcome.failure = failure;
+  } catch (const Refusal &refusal) {
+    const bool isOfLine = refusal.kind == RefusalKind::unknownProcessor ||
+                          refusal.kind == RefusalKind::notDebuggable;
+    if (isOfLine)
+      throw;
+    outcome.failure = failureOf(refusal);
   }
   return outcome;
 }
 
-void report(const Outcome &outcome, const Output &output) {
-  const std::string &name = outcome.processor;
-  if (outcome.status != ExitStatus::done) {
-    output.error(fmt::format("{}: {}", name, outcome.message));
-    return;
-  }
-  if (!outcome.doubt.empty())
-    output.warn(fmt::format("{}: {}", name, outcome.doubt));
-  for (const Loss &loss : outcome.verdict.lost)
-    output.warn(fmt::format("{}: does not survive: {}", name, shownLoss(loss)));
-  for (const Loss &loss : outcome.verdict.dropped)
-    output.note(fmt::format("{}: no longer saved: {}", name, shownLoss(loss)));
-  const std::string what = outcome.word == "saved"     ? "saved in"
-                           : outcome.word == "dry-run" ? "would be saved in"
-                                                       : "already saved in";
-  output.note(fmt::format(
-      "{}: {} {}{}", name, what, outcome.file,
-      outcome.lacksFolder ? fmt::format(", but {}", missingFolder) : ""));
+/// What is lost by force is warned of as well.
+void Run::expectNoWarning(const Configured &configured) const {
+  const std::vector<Loss> losses = configured.session.Losses();
+  const bool isForced =
+      options.force && std::any_of(losses.begin(), losses.end(), isBlocking);
+  if (configured.hasWarnings() || isForced)
+    throw Failure(ExitStatus::refused, savedNothingStrictly);
 }
 
-Json outcomeJson(const Outcome &outcome) {
+SaveOptions Run::saveOptions() const {
+  SaveOptions how;
+  how.force = options.force;
+  how.makeFolder = options.makeFolder;
+  how.dryRun = options.dryRun;
+  return how;
+}
+
+void Run::save() {
+  std::vector<Session *> sessions;
+  std::vector<Outcome *> saved;
+  for (Outcome &outcome : outcomes)
+    if (!outcome.failure) {
+      sessions.push_back(&outcome.configured->session);
+      saved.push_back(&outcome);
+    }
+  const std::vector<SaveOutcome> results =
+      ZelDebugDialog::SaveSessions(sessions, saveOptions());
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    take(*saved[i], results[i]);
+    const bool wasOvertaken =
+        results[i].refusal &&
+        results[i].refusal->kind == RefusalKind::changedOnDisk;
+    if (wasOvertaken)
+      saveAgain(*saved[i]);
+  }
+}
+
+/// Another run has made the folder and saved there: now there is something to
+/// hold, and to start from.
+void Run::saveAgain(Outcome &outcome) const {
+  if (outcome.wasHeld)
+    return;
+  Outcome again = open(outcome.processor);
+  if (!again.failure)
+    take(again, ZelDebugDialog::SaveSessions({&again.configured->session},
+                                             saveOptions())
+                    .front());
+  outcome = std::move(again);
+}
+
+void Run::take(Outcome &outcome, const SaveOutcome &saved) const {
+  outcome.saved = saved;
+  outcome.verdict = judge(*outcome.configured, saved.losses);
+  if (!saved.refusal)
+    return;
+  const bool isLoss = saved.refusal->kind == RefusalKind::wouldBeLost &&
+                      !outcome.verdict.lost.empty();
+  outcome.failure =
+      isLoss ? lossFailure(outcome.verdict.lost) : failureOf(*saved.refusal);
+}
+
+void Run::report(const Outcome &outcome) {
+  const std::string &name = outcome.processor;
+  const auto about = [&name](const std::string &text) {
+    return fmt::format("{}: {}", name, text);
+  };
+  const bool isRefused = outcome.failure.has_value();
+  // A warning that is a failure is told, and is what nothing is saved for.
+  const bool isTold = !isRefused || output.strict();
+  if (outcome.configured && isTold)
+    for (const Remark &remark : outcome.configured->remarks) {
+      if (remark.isWarning)
+        output.warn(about(remark.text), remark.about);
+      else if (!isRefused)
+        output.note(about(remark.text), remark.about);
+    }
+  if (isRefused) {
+    output.error(
+        about(outcome.failure->what()),
+        {outcome.failure->details().code, outcome.failure->details().option});
+    return;
+  }
+  for (const Loss &loss : outcome.verdict.lost)
+    output.warn(about("does not survive: " + shownLossWithHelp(loss)),
+                {loss.code, loss.field});
+  for (const Loss &loss : outcome.verdict.noLongerSaved)
+    output.note(about("no longer saved: " + shownLoss(loss)),
+                {loss.code, loss.field});
+  const std::string what = outcome.saved.unchanged ? "already saved in"
+                           : options.dryRun        ? "would be saved in"
+                                                   : "saved in";
+  std::error_code error;
+  const bool lacksFolder = options.dryRun && !options.makeFolder &&
+                           !fs::exists(board.Folder(), error);
+  output.note(about(fmt::format(
+      "{} {}{}", what, outcome.saved.file,
+      lacksFolder ? ", but there is no such folder (--mkdir makes it)" : "")));
+}
+
+Json Run::resultOf(const Outcome &outcome) const {
   const auto orNull = [](const std::string &text) {
     return text.empty() ? Json() : Json(text);
   };
-  return {{"instanceName", outcome.processor},
-          {"outcome", outcome.word},
-          {"file", orNull(outcome.file)},
-          {"connectCommand", orNull(outcome.command)},
-          {"lost", toJson(outcome.verdict.lost)},
-          {"dropped", toJson(outcome.verdict.dropped)},
-          {"message", orNull(outcome.message)}};
+  return {
+      {"instanceName", outcome.processor},
+      {"outcome", wordOf(outcome, options.dryRun)},
+      {"file", orNull(outcome.saved.file)},
+      {"connectCommand", orNull(outcome.saved.command)},
+      {"effects", outcome.configured ? toJson(outcome.configured->effects)
+                                     : Json::array()},
+      {"lost", toJson(outcome.verdict.lost)},
+      {"dropped", toJson(outcome.verdict.dropped)},
+      {"message", outcome.failure ? Json(outcome.failure->what()) : Json()}};
 }
 
-void printResults(const SetOptions &options,
-                  const std::vector<Outcome> &outcomes, Output &output) {
+void Run::printResults() const {
   if (output.json()) {
     Json list = Json::array();
     for (const Outcome &outcome : outcomes)
-      list.push_back(outcomeJson(outcome));
+      list.push_back(resultOf(outcome));
     output.document({{"results", list}});
     return;
   }
   if (!options.all) {
-    if (outcomes.front().status == ExitStatus::done)
-      output.printLine(outcomes.front().command);
+    if (!outcomes.front().failure)
+      output.printLine(outcomes.front().saved.command);
     return;
   }
   Table table({"PROCESSOR", "RESULT", "COMMAND"});
   for (const Outcome &outcome : outcomes)
-    table.addRow({outcome.processor, outcome.word,
-                  outcome.status == ExitStatus::done ? outcome.command : "-"});
+    table.addRow({outcome.processor, wordOf(outcome, options.dryRun),
+                  outcome.failure ? "-" : outcome.saved.command});
   table.print(output);
 }
 
-std::vector<std::string> processorsOf(const SetOptions &options,
-                                      DesignModel &design) {
-  const Session session(&design);
-  std::vector<std::string> names = session.processorNames();
-  if (options.all)
-    return names;
-  expectDebuggable(design, names, *options.processor);
-  return {*options.processor};
+ExitStatus Run::run(const std::vector<std::string> &processors) {
+  for (const std::string &processor : processors)
+    outcomes.push_back(open(processor));
+  save();
+  ExitStatus worst = ExitStatus::done;
+  for (const Outcome &outcome : outcomes) {
+    report(outcome);
+    worst = std::max(worst, outcome.status());
+  }
+  printResults();
+  return worst;
 }
 
 ExitStatus run(const SetOptions &options, const std::string &folder,
@@ -181,46 +298,44 @@ ExitStatus run(const SetOptions &options, const std::string &folder,
   if (options.all == options.processor.has_value())
     throw Failure(ExitStatus::wrongUse,
                   "set: give either a PROCESSOR or --all");
-  const std::vector<SettingAction> actions = options.settings.actions();
+  const AskedSettings asked = options.settings.read();
   const auto design = options.design.read(output);
-  enterWorkingFolder(folder);
-  std::vector<Outcome> outcomes;
-  ExitStatus worst = ExitStatus::done;
-  for (const std::string &processor : processorsOf(options, *design)) {
-    outcomes.push_back(outcomeOf(options, actions, *design, processor));
-    report(outcomes.back(), output);
-    worst = std::max(worst, outcomes.back().status);
-  }
-  printResults(options, outcomes, output);
-  return worst;
+  if (output.failsBecauseOfWarnings())
+    throw Failure(ExitStatus::refused, savedNothingStrictly);
+  const Board board(*design, optionFolder(folder));
+  std::vector<std::string> processors;
+  if (options.all)
+    for (const BoardProcessor &processor : board.Processors())
+      processors.push_back(processor.name);
+  else
+    processors.push_back(*options.processor);
+  return Run(options, asked, board, output).run(processors);
 }
 
 } // namespace
 
 void addSetCommand(CommandLine &line) {
   const auto options = std::make_shared<SetOptions>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "set", "Change and save the configuration of a processor",
       "zeldebug set board.xml cpu0 --cable quorla_podusb --frequency 3MHz "
       "--mkdir",
       [options, &line](Output &output) {
         return run(*options, line.workingFolder(), output);
       });
-  options->design.addTo(line, app);
-  line.completeWith(addTextOption(app, "PROCESSOR", options->processor,
-                                  "instance name of a processor")
-                        ->type_name(""),
-                    ValueKind::processor);
-  app.add_flag("--all", options->all,
-               "every processor that can be debugged, in place of PROCESSOR");
-  app.add_flag("--dry-run", options->dryRun, "save nothing");
-  app.add_flag(
-      "--force", options->force,
-      "save settings that would not survive, and start from the defaults "
-      "if what is saved cannot be read");
-  app.add_flag("--mkdir", options->makeFolder,
-               "make the folder etc/ if it is missing");
-  options->settings.addTo(line, app);
+  options->design.addTo(app);
+  app.addArgument("PROCESSOR", options->processor,
+                  "instance name of a processor", ValueKind::processor);
+  app.addFlag("--all", options->all,
+              "every processor that can be debugged, in place of PROCESSOR");
+  app.addFlag("--dry-run", options->dryRun, "save nothing");
+  app.addFlag("--force", options->force,
+              "save settings that would not survive and over a file that is "
+              "read-only, take a number of --from that does not fit, and "
+              "start from the defaults if what is saved cannot be read");
+  app.addFlag("--mkdir", options->makeFolder,
+              "make the folder etc/ if it is missing");
+  options->settings.addTo(app);
 }
 
 } // namespace zeldebug

@@ -1,31 +1,37 @@
 // show: a saved configuration, of a processor or from any file with a command.
+#include <algorithm>
 #include <memory>
 #include <optional>
 
 #include <fmt/format.h>
 
-#include "CableKeyword.h"
-#include "Configure.h"
-#include "ConnectionKind.h"
-#include "Origin.h"
-#include "Refusal.h"
-#include "SavedConfiguration.h"
-#include "Session.h"
-#include "TracedCommand.h"
 #include "line/DesignOptions.h"
-#include "line/TextOption.h"
+#include "line/Options.h"
+#include "line/Refused.h"
+#include "line/SettingOptions.h"
 #include "line/WorkingFolder.h"
-#include "output/Output.h"
-#include "output/Place.h"
 #include "output/Table.h"
+#include "output/Values.h"
+#include "subcommands/Configuring.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::AfterFault;
-using ZelDebugDialog::ProcessorInfoImp;
+using ZelDebugDialog::Board;
+using ZelDebugDialog::CommandSetting;
+using ZelDebugDialog::CommandSettings;
+using ZelDebugDialog::FindSetting;
+using ZelDebugDialog::Session;
+using ZelDebugDialog::SessionState;
+using ZelDebugDialog::SettingState;
+using ZelDebugDialog::Value;
+
+constexpr const char *connection = "connection";
+constexpr const char *connectCommand = "connectCommand";
+constexpr const char *cpuJtag = "cpuJtag";
+constexpr const char *cableFront = "cable.";
 
 struct ShowOptions {
   DesignOptions design;
@@ -45,165 +51,204 @@ void expectOneSource(const ShowOptions &options, bool withSettings) {
                   "show: DESIGN and PROCESSOR are required without --file");
 }
 
-/// What there is to show, from wherever it was read.
-struct Shown {
-  Configuration configuration;
-  Reading reading{};
-  Origins origins;
-};
+const CommandSetting &settingOf(const CommandSettings &shown,
+                                const std::string &id) {
+  const auto found = std::find_if(
+      shown.settings.begin(), shown.settings.end(),
+      [&id](const CommandSetting &setting) { return setting.id == id; });
+  if (found == shown.settings.end())
+    throw std::logic_error("no setting '" + id + "' to show");
+  return *found;
+}
 
-void printTable(const Shown &shown, bool withOrigin, Output &output) {
+// --- For people --------------------------------------------------------------
+
+/// The word for how to connect; the number where no word stands for it.
+std::string shownConnection(const CommandSettings &shown) {
+  const Value value = settingOf(shown, connection).value;
+  return value.IsText()
+             ? value.Text()
+             : fmt::format("{:#x}",
+                           settingOf(shown, "connectionType").value.Number());
+}
+
+void printTable(const CommandSettings &shown, bool withOrigin, Output &output) {
   Table table(withOrigin ? std::vector<std::string>{"SETTING", "VALUE", "FROM"}
                          : std::vector<std::string>{"SETTING", "VALUE"});
   const auto add = [&](const std::string &name, const std::string &value,
-                       const std::string &setting) {
+                       const std::string &origin) {
     if (withOrigin)
-      table.addRow({name, value, shown.origins.of(setting)});
+      table.addRow({name, value, origin});
     else
       table.addRow({name, value});
   };
-  add("connection", kindOf(shown.configuration.record), "connectionType");
-  add("cable", shownCable(shown.configuration.cable.cableType),
-      "cable.cableType");
-  for (const Setting &setting : settingsOf(shown.configuration))
-    add(setting.name, shownValue(setting.value, setting.kind), setting.name);
+  const CommandSetting &cable = settingOf(shown, "cable.cableType");
+  add(connection, shownConnection(shown), settingOf(shown, connection).origin);
+  add("cable", ShowValue(*FindSetting(cable.id), cable.value), cable.origin);
+  const auto addAll = [&](const std::vector<CommandSetting> &settings) {
+    for (const CommandSetting &setting : settings)
+      if (setting.id != connection && setting.id != connectCommand)
+        add(setting.id, ShowStored(*FindSetting(setting.id), setting.value),
+            setting.origin);
+  };
+  addAll(shown.settings);
+  for (const std::vector<CommandSetting> &device : shown.chain)
+    addAll(device);
   table.print(output);
 }
 
-void print(const Shown &shown, bool withOrigin, Output &output) {
-  const std::string &command = shown.configuration.record.connectCommand;
+// --- For programs ------------------------------------------------------------
+
+/// The settings in the shape of a document, each as `tell` has it.
+template <typename Tell>
+Json shapedOf(const CommandSettings &shown, const Tell &tell) {
+  Json json{{"record", Json::object()},
+            {"cable", Json::object()},
+            {cpuJtag, Json()},
+            {"chain", Json::array()},
+            {connection, Json()}};
+  const std::string front = cableFront;
+  for (const CommandSetting &setting : shown.settings) {
+    if (setting.id == connection || setting.id == cpuJtag)
+      json[setting.id] = tell(setting);
+    else if (setting.id.compare(0, front.size(), front) == 0)
+      json["cable"][setting.id.substr(front.size())] = tell(setting);
+    else
+      json["record"][setting.id] = tell(setting);
+  }
+  for (const std::vector<CommandSetting> &device : shown.chain) {
+    Json fields = Json::object();
+    for (const CommandSetting &setting : device)
+      fields[setting.id.substr(setting.id.find('.') + 1)] = tell(setting);
+    json["chain"].push_back(fields);
+  }
+  return json;
+}
+
+void print(const CommandSettings &shown, bool withOrigin, Output &output) {
+  const std::string command = settingOf(shown, connectCommand).value.Text();
   if (!output.json()) {
     if (!command.empty())
       output.printLine(printable(command) + "\n");
     printTable(shown, withOrigin, output);
     return;
   }
-  Json members = toJson(shown.configuration);
-  members["connectCommand"] = command;
-  members["result"] = shown.reading.result;
-  members["error"] = shown.reading.message;
+  Json members = shapedOf(shown, [](const CommandSetting &setting) {
+    return toJson(setting.value);
+  });
+  members[connectCommand] = command;
+  members["result"] = shown.result;
+  members["error"] = shown.error;
   if (withOrigin)
-    members["origin"] = shown.origins.toJson(shown.configuration);
+    members["origin"] = shapedOf(shown, [](const CommandSetting &setting) {
+      return Json(setting.origin);
+    });
   output.document(members);
 }
 
-/// The origins of what a selection gave.
-void noteSelected(Origins &origins, const ShowOptions &options,
-                  const SavedConfiguration &saved, HHSMHwManager *design,
-                  const ProcessorInfoImp &selected) {
-  origins.noteDesign();
-  const std::string *const from = options.settings.from();
-  if (from != nullptr)
-    origins.noteCommandOfLine(traceOf(*from, *options.processor, design));
-  else if (saved.file.exists && saved.file.line != 0 &&
-           saved.reading.accepted())
-    origins.noteCommand(traceOf(saved.file.text.substr(0, optionLineLimit),
-                                *options.processor, design));
-  origins.noteSelection(selected);
+// --- What is saved -----------------------------------------------------------
+
+/// What the line has changed, or asks for by name, comes from its options.
+CommandSetting shownSetting(const SettingState &state,
+                            const AskedSettings &asked) {
+  const std::string byFile = "file:";
+  const bool isAsked =
+      asked.asksFor(state.id) ||
+      (state.id.compare(0, 6, "chain[") == 0 && asked.asksFor("chain"));
+  const bool isOfLine = isAsked || state.origin == "changed" ||
+                        state.origin.compare(0, 8, "command:") == 0;
+  return {state.id, state.value, isOfLine ? "option" : state.origin};
+}
+
+CommandSettings settingsWith(Session &session, const AskedSettings &asked) {
+  CommandSettings shown = session.Loaded();
+  shown.settings.clear();
+  shown.chain.clear();
+  const SessionState state = session.State();
+  for (const SettingState &setting : state.settings)
+    if (FindSetting(setting.id)->kind != ZelDebugDialog::SettingKind::chain)
+      shown.settings.push_back(shownSetting(setting, asked));
+  for (const std::vector<SettingState> &device : state.chain) {
+    std::vector<CommandSetting> fields;
+    for (const SettingState &field : device)
+      fields.push_back(shownSetting(field, asked));
+    shown.chain.push_back(fields);
+  }
+  return shown;
 }
 
 ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
-                     const std::vector<SettingAction> &actions,
-                     Output &output) {
+                     const AskedSettings &asked, Output &output) {
   const auto design = options.design.read(output);
-  enterWorkingFolder(folder);
-  Session session(design.get());
-  const std::string &processor = *options.processor;
-  expectDebuggable(*design, session.processorNames(), processor);
-  SettingTarget target{session, session.recordOf(processor), {}};
-  const SavedConfiguration saved = selectSaved(session, processor);
-  applyCommand(target, options.settings);
-  const Configuration selected = configurationOf(*session.state);
-  for (const SettingAction &apply : actions)
-    apply(target);
-
-  Shown shown{configurationOf(*session.state), saved.reading, {}};
-  noteSelected(shown.origins, options, saved, design.get(), selected.record);
-  shown.origins.noteOptions(selected, shown.configuration, target.given);
-  print(shown, options.origin, output);
-
-  const std::string problem = saved.problem();
-  if (!problem.empty() && saved.file.isCut() && saved.reading.accepted()) {
-    output.warn(problem);
+  const Board board(*design, optionFolder(folder));
+  Session session(board, *options.processor);
+  if (!asked.empty()) {
+    expectLoaded(session, "");
+    std::vector<Remark> remarks;
+    applySettings(board, session, asked, false, remarks);
+    print(settingsWith(session, asked), options.origin, output);
     return ExitStatus::done;
   }
-  if (!problem.empty()) {
-    output.error(problem);
+  const CommandSettings loaded = session.Loaded();
+  print(loaded, options.origin, output);
+  const std::string place =
+      loaded.line == 0 ? session.File()
+                       : fmt::format("{}:{}", session.File(), loaded.line);
+  if (!loaded.refusal.empty()) {
+    output.error(fmt::format("{}: {}", place, loaded.refusal));
     return ExitStatus::unreadable;
   }
-  if (saved.file.line == 0)
+  if (!loaded.doubt.empty())
+    output.warn(fmt::format("{}: {}", place, loaded.doubt), {"long-line", ""});
+  if (loaded.line == 0)
     output.note(fmt::format("nothing is saved in {}: these are the defaults",
-                            printable(shownPath(saved.path))));
+                            session.File()));
   return ExitStatus::done;
 }
 
-CommandFile expectCommandFile(const std::string &name) {
-  CommandFile file = readCommandFile(name);
-  const std::string problem = !file.exists            ? noSuchFile
-                              : !file.problem.empty() ? file.problem
-                              : file.line == 0 ? "there is no command in it"
-                                               : "";
-  if (!problem.empty())
-    throw Failure(ExitStatus::unreadable,
-                  fmt::format("{}: {}", shownName(name), problem));
-  return file;
-}
-
 ExitStatus showFile(const ShowOptions &options, Output &output) {
-  const CommandFile file = expectCommandFile(*options.file);
-  const TracedCommand command(file.text, AfterFault::stop);
-  Shown shown{command.configuration(), command.reading(), {}};
-  shown.origins.noteCommand(command.trace());
-  print(shown, options.origin, output);
-  const std::string place = fmt::format("{}:{}", *options.file, file.line);
-  if (!command.reading().accepted()) {
-    output.error(fmt::format("{}: the command is refused: {}", place,
-                             refusalOf(command.reading(), file.text)));
+  const CommandSettings read = ZelDebugDialog::ReadCommandFile(*options.file);
+  print(read, options.origin, output);
+  const std::string place = fmt::format("{}:{}", *options.file, read.line);
+  if (!read.refusal.empty()) {
+    output.error(fmt::format("{}: {}", place, read.refusal));
     return ExitStatus::unreadable;
   }
-  if (file.isCut())
-    output.warn(
-        fmt::format("{}: the command has {} characters, but only {} of a "
-                    "line of an option file are read",
-                    place, file.text.size(), optionLineLimit));
+  if (!read.doubt.empty())
+    output.warn(fmt::format("{}: {}", place, read.doubt), {"long-line", ""});
   return ExitStatus::done;
 }
 
 ExitStatus run(const ShowOptions &options, const std::string &folder,
                Output &output) {
-  const std::vector<SettingAction> actions = options.settings.actions();
-  expectOneSource(options,
-                  !actions.empty() || options.settings.from() != nullptr);
-  if (options.file)
-    return showFile(options, output);
-  return showSaved(options, folder, actions, output);
+  const AskedSettings asked = options.settings.read();
+  expectOneSource(options, !asked.empty());
+  return options.file ? showFile(options, output)
+                      : showSaved(options, folder, asked, output);
 }
 
 } // namespace
 
 void addShowCommand(CommandLine &line) {
   const auto options = std::make_shared<ShowOptions>();
-  CLI::App &app = line.addSubcommand(
+  Options app = line.addSubcommand(
       "show", "Show the saved configuration of a processor",
       "zeldebug show board.xml cpu0\n  zeldebug show --file etc/kvo_cpu0.opt",
       [options, &line](Output &output) {
         return run(*options, line.workingFolder(), output);
       });
-  options->design.addTo(line, app, false);
-  line.completeWith(addTextOption(app, "PROCESSOR", options->processor,
-                                  "instance name of a processor")
-                        ->type_name(""),
-                    ValueKind::processor);
-  line.completeWith(addTextOption(app, "--file", options->file,
-                                  "show the command in this file, without a "
-                                  "design")
-                        ->type_name("FILE"),
-                    ValueKind::file);
-  app.add_flag(
+  options->design.addTo(app, false);
+  app.addArgument("PROCESSOR", options->processor,
+                  "instance name of a processor", ValueKind::processor);
+  app.addOption("--file", "FILE", options->file,
+                "show the command in this file, without a "
+                "design",
+                ValueKind::file);
+  app.addFlag(
       "--origin", options->origin,
       "tell where each value comes from: default, design, file:COLUMN or "
       "option");
-  options->settings.addTo(line, app);
+  options->settings.addTo(app);
 }
 
 } // namespace zeldebug

@@ -50,6 +50,11 @@ struct UndebuggableProcessor {
   std::string reason;               ///< Why, as a sentence without full stop.
 };
 
+/// What kind of memory an IP type is to the debugger, as it shows it; any type
+/// may be asked for.
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
+MemoryClassOf(const std::string &typeName);
+
 class BoardState;
 
 /// A board. Copies are the same board.

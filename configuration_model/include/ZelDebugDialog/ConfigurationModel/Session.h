@@ -24,6 +24,7 @@
 #include <vector>
 
 #include "ZelDebugDialog/ConfigurationModel/Board.h"
+#include "ZelDebugDialog/ConfigurationModel/CommandSettings.h"
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
 #include "ZelDebugDialog/ConfigurationModel/Export.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
@@ -140,6 +141,7 @@ struct ChangeRequest {
 struct SaveOutcome {
   std::optional<Refusal> refusal; ///< Why it was not saved.
   bool written = false;           ///< False as well where nothing had changed.
+  bool unchanged = false;         ///< The file gives it already.
   std::string file;               ///< The option file.
   std::string command;            ///< What the file holds now, or would hold.
   std::vector<Loss> losses;       ///< What does not come back.
@@ -226,6 +228,9 @@ public:
   std::string File() const;
   /// Why what is saved could not be read; empty if it could.
   std::string Problem() const;
+  /// What the file gives by itself, also where it cannot be taken whole; the
+  /// defaults without a file.
+  CommandSettings Loaded();
   /// Everything at once.
   SessionState State() const;
   /// @throws Refusal (unknownSetting)

@@ -78,6 +78,23 @@ GetSettings();
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const SettingInfo *
 FindSetting(std::string_view id);
 
+/// The regions of the debug address map.
+struct AddressMapInfo {
+  std::string base;                 ///< The setting that has its base.
+  std::vector<std::string> regions; ///< Those of its regions, as they lie.
+  std::int64_t step = 0;            ///< How far one is behind the one before.
+};
+
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const AddressMapInfo &GetAddressMap();
+
+/// The value that a text means, as a person types it for a setting, before
+/// there is a configuration. What a setting has by default is no exception
+/// here: an empty text is no value.
+/// @param id  also a field of the chain's devices, "chain[].idcode"
+/// @throws Refusal (unknownSetting, notSettable, badValue)
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Value
+ReadSetting(std::string_view id, const std::string &text);
+
 /// A value for people: "quorla_podusb", "3 MHz", "0x40000000", "not set". It is
 /// UTF-8: bytes of a text that are none are shown as U+FFFD.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string

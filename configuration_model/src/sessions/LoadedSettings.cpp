@@ -1,0 +1,31 @@
+// What the file of a session gives by itself.
+#include "commands/Origins.h"
+#include "losses/Writing.h"
+#include "sessions/SessionImp.h"
+
+namespace ZelDebugDialog::model {
+
+CommandSettings SessionImp::loadedSettings() {
+  CommandSettings read;
+  read.text = loaded.text;
+  read.line = loaded.line;
+  const std::string command = lineOfFile(loaded.text);
+  const bool hasCommand = loaded.line != 0;
+  const Reading reading =
+      hasCommand ? desk.selectFile(file.string()) : Reading{4, ""};
+  if (!hasCommand)
+    desk.startFromDefaults();
+  const Snapshot snapshot = desk.snapshot();
+  read.result = reading.result;
+  read.error = reading.message;
+  const bool isCutOnly = reading.accepted() && loaded.isText() &&
+                         loaded.problem.empty() && loaded.isCut();
+  (isCutOnly ? read.doubt : read.refusal) = problem;
+  CommandTrace trace;
+  if (hasCommand && reading.accepted())
+    desk.traceCommand(command, AfterFault::stop, trace);
+  appendSettings(read, snapshot, trace, true);
+  return read;
+}
+
+} // namespace ZelDebugDialog::model

@@ -1,0 +1,162 @@
+#include "output/SettingsDocument.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include <fmt/format.h>
+
+#include "output/Failure.h"
+#include "output/Json.h"
+#include "output/Output.h"
+#include "output/Suggestion.h"
+
+namespace zeldebug {
+
+namespace {
+
+using ZelDebugDialog::ChainDevice;
+using ZelDebugDialog::FindSetting;
+using ZelDebugDialog::GetSettings;
+using ZelDebugDialog::SettingInfo;
+using ZelDebugDialog::Value;
+
+// What stands beside the settings in a document of `show`.
+constexpr std::array<const char *, 8> results{
+    "version", "command", "connectCommand", "result",
+    "error",   "origin",  "diagnostics",    "warnings"};
+
+class Reader {
+public:
+  Reader(const std::string &read, const std::string &fileName)
+      : text(read), file(fileName) {}
+
+  SettingsDocument read();
+
+private:
+  [[noreturn]] void fail(const std::string &problem, std::size_t offset,
+                         FailureDetails about = {}) const;
+  /// The same of a member, whose first occurrence is taken for it.
+  [[noreturn]] void failAt(const std::string &member,
+                           const std::string &problem,
+                           const FailureDetails &about = {}) const;
+  void take(const std::string &member, const std::string &setting,
+            const Json &value);
+  void takeMembers(const std::string &prefix, const std::string &name,
+                   const Json &object);
+  Value valueOf(const std::string &member, const Json &json) const;
+  Value chainOf(const Json &json) const;
+
+  const std::string &text;
+  const std::string &file;
+  SettingsDocument document;
+};
+
+void Reader::fail(const std::string &problem, std::size_t offset,
+                  FailureDetails about) const {
+  const auto end =
+      text.begin() + static_cast<std::ptrdiff_t>(std::min(offset, text.size()));
+  about.file = file;
+  about.line = 1 + static_cast<int>(std::count(text.begin(), end, '\n'));
+  throw Failure(ExitStatus::unreadable,
+                fmt::format("{}:{}: {}", shownName(file), about.line, problem),
+                about);
+}
+
+void Reader::failAt(const std::string &member, const std::string &problem,
+                    const FailureDetails &about) const {
+  const std::size_t offset = text.find('"' + member + '"');
+  fail(problem, offset == std::string::npos ? 0 : offset, about);
+}
+
+Value Reader::valueOf(const std::string &member, const Json &json) const {
+  if (json.is_boolean())
+    return json.get<bool>();
+  if (json.is_string())
+    return json.get<std::string>();
+  const bool isHuge =
+      json.is_number_unsigned() &&
+      json.get<std::uint64_t>() >
+          static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+  if (json.is_number_integer() && !isHuge)
+    return json.get<std::int64_t>();
+  failAt(
+      member,
+      fmt::format("'{}' is no text, whole number or flag", printable(member)),
+      {"bad-value", member,
+       json.dump(-1, ' ', true, Json::error_handler_t::replace)});
+}
+
+Value Reader::chainOf(const Json &json) const {
+  if (!json.is_array())
+    failAt("chain", "'chain' is no list of devices", {"bad-value", "chain"});
+  Value::Chain chain;
+  for (const Json &device : json) {
+    if (!device.is_object())
+      failAt("chain", "a device of the chain is no object",
+             {"bad-value", "chain"});
+    ChainDevice fields;
+    for (const auto &[name, value] : device.items())
+      fields.emplace_back(name, valueOf(name, value));
+    chain.push_back(std::move(fields));
+  }
+  return chain;
+}
+
+void Reader::take(const std::string &member, const std::string &setting,
+                  const Json &value) {
+  const SettingInfo *const info = FindSetting(setting);
+  if (info == nullptr || setting.compare(0, 6, "chain[") == 0) {
+    std::vector<std::string> names;
+    for (const SettingInfo &known : GetSettings())
+      names.push_back(known.id);
+    failAt(
+        member,
+        fmt::format("'{}' is no setting{}", printable(setting),
+                    didYouMean(setting, names)),
+        {"unknown-setting", setting, "", names, nearestMatch(setting, names)});
+  }
+  if (setting == "chain")
+    document.values.emplace_back(setting, chainOf(value));
+  else
+    (info->settable ? document.values : document.leftOut)
+        .emplace_back(setting, valueOf(member, value));
+}
+
+void Reader::takeMembers(const std::string &prefix, const std::string &name,
+                         const Json &object) {
+  if (!object.is_object())
+    failAt(name, fmt::format("'{}' is no object", name), {"bad-value", name});
+  for (const auto &[member, value] : object.items())
+    if (prefix + member != "connectCommand")
+      take(member, prefix + member, value);
+}
+
+SettingsDocument Reader::read() {
+  Json json;
+  try {
+    json = Json::parse(text);
+  } catch (const Json::parse_error &error) {
+    fail("this is no JSON", error.byte == 0 ? 0 : error.byte - 1);
+  }
+  if (!json.is_object())
+    fail("this is no document of settings: no object", 0);
+  for (const auto &[name, value] : json.items()) {
+    if (name == "record")
+      takeMembers("", name, value);
+    else if (name == "cable")
+      takeMembers("cable.", name, value);
+    else if (std::find(results.begin(), results.end(), name) == results.end())
+      take(name, name, value);
+  }
+  return std::move(document);
+}
+
+} // namespace
+
+SettingsDocument readSettingsDocument(const std::string &text,
+                                      const std::string &file) {
+  return Reader(text, file).read();
+}
+
+} // namespace zeldebug

@@ -1,0 +1,245 @@
+#include "subcommands/Configuring.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+#include <fmt/format.h>
+
+#include <ZelDebugDialog/ConfigurationModel/Language.h>
+
+#include "line/Refused.h"
+#include "line/WorkingFolder.h"
+#include "output/Values.h"
+
+namespace zeldebug {
+
+namespace {
+
+using ZelDebugDialog::Board;
+using ZelDebugDialog::CableInfo;
+using ZelDebugDialog::CheckCommand;
+using ZelDebugDialog::CodeSeverity;
+using ZelDebugDialog::CommandDiagnostic;
+using ZelDebugDialog::Effect;
+using ZelDebugDialog::FindSetting;
+using ZelDebugDialog::Loss;
+using ZelDebugDialog::Refusal;
+using ZelDebugDialog::RefusalKind;
+using ZelDebugDialog::Session;
+using ZelDebugDialog::SettingInfo;
+using ZelDebugDialog::Value;
+
+constexpr const char *frequency = "cable.frequency";
+
+// Told in other words: of the setting, and with the losses.
+const std::set<std::string> toldElsewhere{"frequency-not-checked",
+                                          "frequency-without-cable",
+                                          "long-line",
+                                          "value-cut",
+                                          "not-a-number",
+                                          "octal-number"};
+// Numbers that become others than those that are written.
+const std::set<std::string> cutNumbers{"value-cut", "not-a-number"};
+
+std::string codeText(const CommandDiagnostic &diagnostic) {
+  return fmt::format("column {}: {} [{}]", diagnostic.offset + 1,
+                     diagnostic.message, diagnostic.code);
+}
+
+/// A number that would be cut, or is none, is not taken in silence.
+void expectWholeNumbers(const std::string &command, bool force,
+                        std::vector<Remark> &remarks) {
+  for (const CommandDiagnostic &diagnostic :
+       CheckCommand(command).diagnostics) {
+    if (cutNumbers.count(diagnostic.code) == 0)
+      continue;
+    const std::string text = "--from: " + codeText(diagnostic);
+    if (!force)
+      throw Failure(ExitStatus::refused,
+                    text + "; --force takes it as it is read",
+                    {diagnostic.code, "--from", command});
+    remarks.push_back({true, text, {diagnostic.code, ""}});
+  }
+}
+
+std::optional<Session> copiedSession(const Board &board,
+                                     const AskedSettings &asked) {
+  if (!asked.copyFrom)
+    return std::nullopt;
+  try {
+    std::optional<Session> copied(std::in_place, board, *asked.copyFrom);
+    expectLoaded(*copied, "");
+    return copied;
+  } catch (const Refusal &refusal) {
+    throw failureOf(refusal, "--copy-from");
+  }
+}
+
+bool isTold(const Effect &effect) {
+  const SettingInfo *const setting = FindSetting(effect.setting);
+  return setting != nullptr && setting->settable;
+}
+
+/// What stands in a document and is no setting to take.
+void tellLeftOut(const Session &session, const AskedSettings &asked,
+                 std::vector<Remark> &remarks) {
+  for (const auto &[setting, value] : asked.document.leftOut) {
+    const Value now = session.Get(setting);
+    if (now != value)
+      remarks.push_back(
+          {false,
+           fmt::format("{} {} of {} is left out: it is {}", setting,
+                       shownStored(setting, value), shownName(*asked.file),
+                       shownStored(setting, now)),
+           {"", setting}});
+  }
+}
+
+/// A frequency of the line that the cable does not have: it comes back, and is
+/// surely not meant.
+void tellFrequency(const Session &session, const AskedSettings &asked,
+                   std::vector<Remark> &remarks) {
+  if (!asked.asksFor(frequency) || !session.Get("cable.esn").Text().empty())
+    return;
+  const Value type = session.Get("cable.cableType");
+  const Value value = session.Get(frequency);
+  for (const CableInfo &cable : ZelDebugDialog::GetCables()) {
+    const auto &accepted = cable.acceptedFrequencies;
+    const bool isFine =
+        accepted.empty() || std::any_of(accepted.begin(), accepted.end(),
+                                        [&value](std::uint32_t hertz) {
+                                          return Value(hertz) == value;
+                                        });
+    if (Value(cable.type) != type || isFine)
+      continue;
+    remarks.push_back(
+        {true,
+         fmt::format("{} {}: '{}' has only {}, and it is read unseen "
+                     "[frequency]",
+                     frequency, value.Number(),
+                     ShowValue(*FindSetting("cable.cableType"), type),
+                     fmt::join(accepted, ", ")),
+         {"frequency", frequency}});
+  }
+}
+
+/// The setting of the word at a place of a command.
+std::string settingAt(const std::string &command, std::size_t offset) {
+  for (const auto &word : ZelDebugDialog::ExplainCommand(command).words)
+    if (word.offset == offset && !word.changes.empty())
+      return word.changes.front().setting;
+  return "the command";
+}
+
+/// What is read as it is written, and surely not meant.
+void tellDoubts(const Session &session, std::vector<Remark> &remarks) {
+  std::string command;
+  try {
+    command = session.Command();
+  } catch (const Refusal &) {
+    return; // There is no command to doubt.
+  }
+  for (const CommandDiagnostic &diagnostic :
+       CheckCommand(command).diagnostics) {
+    if (diagnostic.severity != CodeSeverity::warning ||
+        toldElsewhere.count(diagnostic.code) != 0)
+      continue;
+    const std::string setting = settingAt(command, diagnostic.offset);
+    remarks.push_back({true,
+                       fmt::format("{}: {} [{}]", setting, diagnostic.message,
+                                   diagnostic.code),
+                       {diagnostic.code, setting}});
+  }
+}
+
+} // namespace
+
+bool Configured::hasWarnings() const {
+  return std::any_of(remarks.begin(), remarks.end(),
+                     [](const Remark &remark) { return remark.isWarning; });
+}
+
+void expectLoaded(Session &session, const std::string &advice) {
+  const std::string problem = session.Problem();
+  if (problem.empty())
+    return;
+  const std::string file = session.File();
+  const int line = session.Loaded().line;
+  throw Failure(ExitStatus::unreadable,
+                fmt::format("{}{}: {}{}", printable(file),
+                            line == 0 ? "" : fmt::format(":{}", line), problem,
+                            advice),
+                {"", "", "", {}, "", file, line});
+}
+
+std::vector<Effect> applySettings(const Board &board, Session &session,
+                                  const AskedSettings &asked, bool force,
+                                  std::vector<Remark> &remarks) {
+  if (asked.command)
+    expectWholeNumbers(*asked.command, force, remarks);
+  const std::optional<Session> copied = copiedSession(board, asked);
+  std::vector<Effect> effects;
+  try {
+    for (Effect &effect :
+         session.Change(asked.request(copied ? &*copied : nullptr)))
+      if (isTold(effect))
+        effects.push_back(std::move(effect));
+  } catch (const Refusal &refusal) {
+    throw asked.failureOf(refusal);
+  }
+  for (const Effect &effect : effects)
+    remarks.push_back({false, shownEffect(effect), {"", effect.setting}});
+  tellLeftOut(session, asked, remarks);
+  tellFrequency(session, asked, remarks);
+  if (!asked.empty())
+    tellDoubts(session, remarks);
+  return effects;
+}
+
+Configured configure(const Board &board, const std::string &processor,
+                     const AskedSettings &asked,
+                     const ConfigureOptions &options) {
+  Configured configured{Session(board, processor, options.hold), {}, {}, {}};
+  if (!options.force)
+    expectLoaded(configured.session,
+                 "; it stays as it is (--force starts from the defaults)");
+  if (!asked.empty())
+    configured.lossesBefore = configured.session.Losses();
+  configured.effects = applySettings(board, configured.session, asked,
+                                     options.force, configured.remarks);
+  return configured;
+}
+
+Verdict judge(const Configured &configured, const std::vector<Loss> &losses) {
+  Verdict verdict;
+  const auto isNew = [&configured](const Loss &loss) {
+    const auto &before = configured.lossesBefore;
+    const auto &effects = configured.effects;
+    return std::none_of(before.begin(), before.end(),
+                        [&loss](const Loss &other) {
+                          return other.field == loss.field;
+                        }) &&
+           std::none_of(effects.begin(), effects.end(),
+                        [&loss](const Effect &effect) {
+                          return effect.setting == loss.field;
+                        });
+  };
+  for (const Loss &loss : losses) {
+    (loss.blocking ? verdict.lost : verdict.dropped).push_back(loss);
+    if (!loss.blocking && isNew(loss))
+      verdict.noLongerSaved.push_back(loss);
+  }
+  return verdict;
+}
+
+std::string shownLossWithHelp(const Loss &loss) {
+  const bool isOfModule =
+      loss.field == "cable.moduleName" || loss.field == "cable.moduleArgs";
+  return shownLoss(loss) + (isOfModule && loss.code == "other-cables"
+                                ? "; a plug-in cable takes modules: --cable "
+                                  "quorla_plugin"
+                                : "");
+}
+
+} // namespace zeldebug
