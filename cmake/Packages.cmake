@@ -29,7 +29,8 @@ set(CPACK_COMPONENT_ZELDEBUGDIALOG_RUNTIME_DESCRIPTION
  The engine behind a debug-configuration dialog: sets, checks and reads the
  configuration of a debug target, and translates it to and from the connect
  command of the target debugger. With the design model, which answers the
- engine's questions from IP-XACT designs.")
+ engine's questions from IP-XACT designs, and the configuration model, which
+ lets people change configurations without losing anything.")
 
 set(CPACK_DEBIAN_ZELDEBUGDIALOG_DEVELOPMENT_PACKAGE_NAME libzeldebugdialog-dev)
 set(CPACK_DEBIAN_ZELDEBUGDIALOG_DEVELOPMENT_PACKAGE_SECTION libdevel)

@@ -43,15 +43,17 @@ find_package_consumer() {
   build find_package "$consumers/find_package" -DCMAKE_PREFIX_PATH="$prefix"
   "$scratch/find_package/dialog"
   "$scratch/find_package/model_dialog"
+  "$scratch/find_package/session"
 }
 
 pkg_config_consumer() {
-  local flags=() libraries
+  local flags=() all=() libraries
   say "-- pkg-config: $CXX, C++$CXX_STANDARD"
   libraries=$(dirname "$(find "$prefix" -name pkgconfig -type d)")
   export PKG_CONFIG_PATH="$libraries/pkgconfig"
   read -ra flags <<<"$(pkg-config --cflags --libs zeldebugdialog zeldebugdialog-design-model)"
-  flags+=("-std=c++$CXX_STANDARD" -Wall -Wextra -Wpedantic -Werror "-Wl,-rpath,$libraries")
+  all=("-std=c++$CXX_STANDARD" -Wall -Wextra -Wpedantic -Werror "-Wl,-rpath,$libraries")
+  flags+=("${all[@]}")
   mkdir -p "$scratch/pkg_config"
   "$CXX" "$consumers/dialog.cpp" "$consumers/ModelDesign.cpp" "${flags[@]}" \
     -o "$scratch/pkg_config/dialog"
@@ -61,6 +63,11 @@ pkg_config_consumer() {
   fenced_block '```cpp' README.md >"$scratch/pkg_config/readme.cpp"
   "$CXX" "$scratch/pkg_config/readme.cpp" "${flags[@]}" -o "$scratch/pkg_config/readme"
   "$scratch/pkg_config/readme"
+
+  read -ra flags <<<"$(pkg-config --cflags --libs zeldebugdialog-configuration-model)"
+  "$CXX" "$consumers/session.cpp" "$consumers/OwnDesign.cpp" "${flags[@]}" "${all[@]}" \
+    -o "$scratch/pkg_config/session"
+  "$scratch/pkg_config/session"
 }
 
 add_subdirectory_consumer() {

@@ -19,20 +19,12 @@ constexpr Identity cortexM3{familyArm, typeCortexM3,
                             IdentityComes::afterOptions};
 """)
 ahead(targets, "/// Any design or none: the mask is replaced", """
-template <class Observer>
-int readArmM3(WordCursor<Observer> &cursor, EngineImp &imp) {
-  return readTarget(cursor, imp, armConnections<Observer>, cortexM3);
+int readArmM3(WordCursor &cursor, EngineImp &imp) {
+  return readTarget(cursor, imp, armConnections, cortexM3);
 }
 
 """)
-ahead(targets, "template int readArmR5(WordCursor<NoObserver> &", """
-template int readArmM3(WordCursor<NoObserver> &, EngineImp &);
-template int readArmM3(WordCursor<Recorder> &, EngineImp &);
-""")
-behind(f"{parser}/Readers.h", "int readArmR5(", """
-template <class Observer>
-int readArmM3(WordCursor<Observer> &cursor, EngineImp &imp);
-""")
+behind(f"{parser}/Readers.h", "int readArmR5(", "int readArmM3(WordCursor &cursor, EngineImp &imp);")
 
 instead("tests/engine/EngineFactsTest.cpp", '{6, {1, "PowerPC"}}', '{6, {1, "PowerPC"}}, {7, {2, "Cortex-M3"}}')
 ahead("tests/language/CommandReaderTest.cpp", '{"r5", "hw",', """

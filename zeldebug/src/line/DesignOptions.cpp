@@ -22,6 +22,20 @@ using ZelDebugDialog::MissingDocument;
 
 using Severity = DesignDiagnostic::Severity;
 
+constexpr const char *group = "The design";
+
+const char *shownSeverity(Severity severity) {
+  switch (severity) {
+  case Severity::error:
+    return "error";
+  case Severity::warning:
+    return "warning";
+  case Severity::note:
+    return "note";
+  }
+  return "";
+}
+
 constexpr Range instanceCount{1, 100000000, false};
 
 /// The debug modules and controllers that a processor is connected to.
@@ -95,7 +109,6 @@ wordsFor(const std::string &subcommand, const DesignSources &sources,
 
 void DesignOptions::addTo(CommandLine &line, CLI::App &app,
                           bool designRequired) {
-  const std::string group = "The design";
   CLI::Option *design =
       addTextOption(app, "DESIGN", designFile,
                     "IP-XACT design file, or the component file on top of a "
@@ -103,6 +116,20 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
           ->type_name("")
           ->required(designRequired);
   line.completeWith(design, ValueKind::file);
+  addSourcesTo(line, app);
+}
+
+void DesignOptions::addAsOptionTo(CommandLine &line, CLI::App &app) {
+  line.completeWith(addTextOption(app, "--design", designFile,
+                                  "IP-XACT design file, or the component file "
+                                  "on top of a hierarchy")
+                        ->type_name("DESIGN")
+                        ->group(group),
+                    ValueKind::file);
+  addSourcesTo(line, app);
+}
+
+void DesignOptions::addSourcesTo(CommandLine &line, CLI::App &app) {
   line.completeWith(app.add_option("--library", libraryFolders,
                                    "folder to look for components in, once for "
                                    "each (default: below the folder of DESIGN)")
@@ -150,6 +177,16 @@ std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
   return design;
 }
 
+Json diagnosticsJson(const DesignModel &design) {
+  Json list = Json::array();
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
+    list.push_back({{"file", diagnostic.file},
+                    {"line", diagnostic.line},
+                    {"severity", shownSeverity(diagnostic.severity)},
+                    {"message", diagnostic.message}});
+  return list;
+}
+
 std::unique_ptr<DesignModel>
 DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
                             const Output &output) const {
@@ -157,6 +194,22 @@ DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
   const bool isRead = ProposeKinds(expectSources(), proposal, *design);
   expectRead(isRead, *design, output);
   return design;
+}
+
+/// A name that no component has would be passed over in silence. One that is
+/// not there may have it.
+void DesignOptions::expectView(const DesignModel &design) const {
+  const std::vector<std::string> views = design.Views();
+  if (!view || !design.Missing().empty() ||
+      std::find(views.begin(), views.end(), *view) != views.end())
+    return;
+  throw Failure(
+      ExitStatus::wrongUse,
+      fmt::format("--view: '{}' is the view of no component; there {}{}",
+                  printable(*view),
+                  views.empty() ? std::string("are no views in this design")
+                                : "are " + quotedList(views),
+                  didYouMean(*view, views)));
 }
 
 void DesignOptions::expectRead(bool isRead, const DesignModel &design,
@@ -171,6 +224,7 @@ void DesignOptions::expectRead(bool isRead, const DesignModel &design,
     }
     throw Failure(ExitStatus::unreadable, text);
   }
+  expectView(design);
   for (const DesignDiagnostic &diagnostic : design.Diagnostics())
     say(diagnostic, output);
 }

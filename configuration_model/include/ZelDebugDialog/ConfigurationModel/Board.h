@@ -56,10 +56,13 @@ class BoardState;
 class ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Board {
 public:
   /// Discovers the processors.
+  /// @param design  answers for them; it stays the caller's
   /// @param folder  holds `kvo_<processor>.opt`; it need not exist. A relative
   ///   path is resolved now, against the working directory of the process.
   Board(HHSMHwManager &design, const std::string &folder);
+  /// The same board.
   Board(const Board &other);
+  /// The same board.
   Board &operator=(const Board &other);
   ~Board();
 

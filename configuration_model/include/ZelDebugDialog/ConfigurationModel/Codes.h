@@ -28,8 +28,8 @@ ShowSeverity(CodeSeverity severity);
 
 /// What a code stands for.
 struct Code {
-  std::string code;
-  CodeSeverity severity = CodeSeverity::error;
+  std::string code;                            ///< The word in brackets.
+  CodeSeverity severity = CodeSeverity::error; ///< How much it matters.
   /// What it says of a word, behind its quotation; of a setting, behind its
   /// value.
   std::string summary;

@@ -26,9 +26,9 @@ namespace ZelDebugDialog {
 struct CommandDiagnostic {
   std::size_t offset = 0; ///< The end of the text for what is missing.
   std::size_t length = 0; ///< 0 for what is missing.
-  CodeSeverity severity = CodeSeverity::error;
-  std::string code;                  ///< Known to `FindCode`.
-  std::string message;               ///< A sentence about the word.
+  CodeSeverity severity = CodeSeverity::error; ///< How much it matters.
+  std::string code;                            ///< Known to `FindCode`.
+  std::string message;                         ///< A sentence about the word.
   std::string engineMessage;         ///< As the engine words it; may be empty.
   std::vector<std::string> accepted; ///< What would be accepted instead.
   std::string suggestion;            ///< The nearest of them; may be empty.
@@ -46,7 +46,7 @@ struct CheckOptions {
 
 /// A command, and all that is to be said of it.
 struct CheckedCommand {
-  std::string text;
+  std::string text;      ///< The command, as it was given.
   int result = 0;        ///< Of the engine's reader: 0 read, 3 refused.
   std::string error;     ///< As the engine words it; may be empty.
   bool accepted = false; ///< By the reader, and for the processor.
@@ -62,31 +62,31 @@ CheckCommand(const std::string &text, const CheckOptions &options = {});
 
 /// A setting that a word gives another value, or the value that it had.
 struct WordChange {
-  std::string setting;
-  Value before; ///< Of a new device: its default.
-  Value after;  ///< Nothing for one that was dropped with its clause.
+  std::string setting; ///< Its name.
+  Value before;        ///< Of a new device: its default.
+  Value after;         ///< Nothing for one that was dropped with its clause.
 };
 
 /// One word of a command.
 struct ExplainedWord {
-  std::size_t offset = 0;
-  std::size_t length = 0;
-  std::string text;
+  std::size_t offset = 0; ///< In bytes.
+  std::size_t length = 0; ///< In bytes.
+  std::string text;       ///< The word itself.
   /// "head", "target", "connection", "option", "name", "value", "ignored" or
   /// "lost".
   std::string role;
-  std::vector<WordChange> changes;
-  bool atFault = false; ///< The command is refused because of it.
+  std::vector<WordChange> changes; ///< What it changes.
+  bool atFault = false;            ///< The command is refused because of it.
 };
 
 /// A command word by word, up to its first fault.
 struct ExplainedCommand {
-  std::string text;
+  std::string text;      ///< The command, as it was given.
   int result = 0;        ///< As of `CheckedCommand`, as the next two are.
   std::string error;     ///< May be empty.
   bool accepted = false; ///< Otherwise `refusal` says why not.
   std::string refusal;   ///< With the column, also where `error` is empty.
-  std::vector<ExplainedWord> words;
+  std::vector<ExplainedWord> words; ///< In the order of the text.
 };
 
 /// Tells what every word of a command is, and what it changes.
@@ -96,9 +96,9 @@ ExplainCommand(const std::string &text);
 /// A setting in which two commands differ. A device that only one chain has
 /// stands for itself ("chain[2]").
 struct CommandDifference {
-  std::string setting;
-  Value first;
-  Value second;
+  std::string setting; ///< Its name.
+  Value first;         ///< What the first one means.
+  Value second;        ///< What the second one means.
   /// Why the same words mean another thing here; empty where the words differ.
   std::string reason;
 };
@@ -131,10 +131,10 @@ struct RoundtripField {
 
 /// What became of one command.
 struct RoundtripResult {
-  RoundtripOutcome outcome = RoundtripOutcome::refused;
+  RoundtripOutcome outcome = RoundtripOutcome::refused; ///< What became of it.
   std::string written; ///< Empty if nothing could be written.
   std::string message; ///< Of the step that is refused; empty otherwise.
-  std::vector<RoundtripField> fields;
+  std::vector<RoundtripField> fields; ///< What does not come back.
 };
 
 /// Reads, writes and reads a command again.
@@ -143,7 +143,7 @@ RoundtripCommand(const std::string &text);
 
 /// A word that fits where a command is being typed.
 struct CompletionWord {
-  std::string text;
+  std::string text;  ///< What to put there.
   std::string label; ///< What it is for.
 };
 
@@ -154,6 +154,7 @@ struct CommandCompletion {
   std::vector<CompletionWord> words; ///< Those that begin as it does.
 };
 
+/// @param text    the command, as far as it has been typed
 /// @param offset  where the cursor stands, up to the end of the text
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API CommandCompletion
 CompleteCommand(const std::string &text, std::size_t offset);

@@ -29,54 +29,57 @@ struct LanguageValue {
 
 /// A name in an option clause, and the value behind it.
 struct LanguageParameter {
-  std::string keyword;
-  LanguageValue value;
+  std::string keyword; ///< The word.
+  LanguageValue value; ///< What stands behind it.
 };
 
 /// An option. Behind its word stand any number of parameters, or one value, or
 /// the options of another set to the end of the command, or nothing.
 struct LanguageOption {
-  std::string keyword; ///< With its '-'.
-  std::vector<LanguageParameter> parameters;
-  std::optional<LanguageValue> value;
+  std::string keyword;                       ///< With its '-'.
+  std::vector<LanguageParameter> parameters; ///< Its names and values.
+  std::optional<LanguageValue> value;        ///< Its value, where it takes one.
   std::string optionSet;             ///< Name of the other set; may be empty.
   std::vector<std::string> settings; ///< Those that the option word changes.
 };
 
 /// The options that may follow a connection or a target.
 struct LanguageOptionSet {
-  std::string name;
-  std::vector<LanguageOption> options;
+  std::string name;                    ///< Its name.
+  std::vector<LanguageOption> options; ///< Its options.
 };
 
 /// How to connect to a target.
 struct LanguageConnection {
-  std::string keyword;
+  std::string keyword;    ///< The word.
   std::uint32_t type = 0; ///< As `connectionType`.
   std::string optionSet;  ///< The options that may follow.
 };
 
 /// What to connect to. Either a connection follows, or the options of a set.
 struct LanguageTarget {
-  std::string keyword;
+  std::string keyword;       ///< The word.
   bool inOptionFile = false; ///< Whether option files know the word.
-  std::vector<LanguageConnection> connections;
+  std::vector<LanguageConnection>
+      connections;       ///< How to connect to it; may be none.
   std::string optionSet; ///< Without connections: what may follow.
 };
 
 /// How a command begins. A target follows.
 struct LanguageHead {
-  std::string keyword;
-  bool inOptionFile = false; ///< Whether option files know the word.
-  std::vector<LanguageTarget> targets;
+  std::string keyword;                 ///< The word.
+  bool inOptionFile = false;           ///< Whether option files know the word.
+  std::vector<LanguageTarget> targets; ///< What may stand behind it.
 };
 
 /// Every word that the readers know. Letter case does not count.
 struct Language {
-  std::vector<LanguageHead> heads;
-  std::vector<LanguageOptionSet> optionSets;
+  std::vector<LanguageHead> heads; ///< In the order in which readers look.
+  std::vector<LanguageOptionSet>
+      optionSets; ///< Named by the targets and connections.
 };
 
+/// The whole language.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const Language &GetLanguage();
 
 /// @return null for a name that no option set has.
@@ -85,12 +88,12 @@ FindOptionSet(std::string_view name);
 
 /// A JTAG cable.
 struct CableInfo {
-  std::uint32_t type = 0;            ///< As `cable.cableType`; 0: no cable.
-  std::vector<std::string> keywords; ///< Words that are read; may be none.
-  std::string written;               ///< The word that is written; or empty.
-  bool writable = false;             ///< Whether a command with it is written.
+  std::uint32_t type = 0;             ///< As `cable.cableType`; 0: no cable.
+  std::vector<std::string> keywords;  ///< Words that are read; may be none.
+  std::string written;                ///< The word that is written; or empty.
+  bool writable = false;              ///< Whether a command with it is written.
   std::uint32_t defaultFrequency = 0; ///< In hertz.
-  std::string defaultPort;
+  std::string defaultPort;            ///< That it starts with; may be empty.
   std::vector<std::uint32_t> offeredFrequencies;  ///< To offer, in hertz.
   std::vector<std::uint32_t> acceptedFrequencies; ///< That pass a check.
 };

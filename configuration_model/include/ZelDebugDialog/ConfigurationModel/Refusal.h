@@ -51,10 +51,14 @@ ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const char *ShowKind(RefusalKind kind);
 class ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Refusal
     : public std::runtime_error {
 public:
+  /// @param refusalKind  what kind of thing was wrong
   /// @param subject  what it is about, in front of the problem; may be empty
+  /// @param problem  what is wrong, without its subject
   Refusal(RefusalKind refusalKind, const std::string &subject,
           std::string problem);
+  /// The same refusal.
   Refusal(const Refusal &copied);
+  /// The same refusal.
   Refusal &operator=(const Refusal &copied);
   ~Refusal() override;
 

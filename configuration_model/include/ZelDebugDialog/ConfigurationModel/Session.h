@@ -39,9 +39,9 @@ using SettingValues = std::vector<std::pair<std::string, Value>>;
 /// A setting that is not what it was.
 struct Effect {
   std::string setting; ///< Its name; the chain is always "chain".
-  Value before;
-  Value after;
-  std::string why; ///< "choosing a cable brings its port and frequency"
+  Value before;        ///< What it was.
+  Value after;         ///< What it is.
+  std::string why;     ///< "choosing a cable brings its port and frequency"
 };
 
 /// A setting that the written command does not bring back.
@@ -64,19 +64,19 @@ struct Loss {
 struct Difference {
   std::string setting; ///< Its name; the chain is always "chain".
   Value saved;         ///< What the file, read anew, gives.
-  Value now;
+  Value now;           ///< What the session has.
 };
 
 /// A choice of a setting, as this processor has it.
 struct ChoiceState {
-  Choice choice;
+  Choice choice;      ///< The choice itself.
   std::string reason; ///< Why it cannot be chosen; empty if it can.
 };
 
 /// One setting of a configuration.
 struct SettingState {
-  std::string id;
-  Value value;
+  std::string id;     ///< Its name.
+  Value value;        ///< What it is.
   std::string text;   ///< The value for people.
   Value defaultValue; ///< Of a cable's setting: that of the present cable.
   /// "default", "design", "file:<column>", "command:<column>", "changed".
@@ -87,7 +87,7 @@ struct SettingState {
   std::string reason;               ///< Why it is not applicable.
   std::optional<std::string> draft; ///< A text that is no value.
   std::string error;                ///< What is wrong with the draft.
-  std::vector<ChoiceState> choices;
+  std::vector<ChoiceState> choices; ///< Of a setting that has few.
 };
 
 /// A word of the command that would be written.
@@ -100,26 +100,26 @@ struct StateWord {
 
 /// Everything that is known of a configuration.
 struct SessionState {
-  std::string processor;
-  std::string file;
+  std::string processor;      ///< Its name.
+  std::string file;           ///< The option file.
   bool exists = false;        ///< Whether the file is there.
   bool changedOnDisk = false; ///< Whether it is no longer what was loaded.
-  std::string problem; ///< Why what is saved could not be read; may be empty.
-  bool dirty = false;  ///< Whether it is not what is saved.
-  bool canUndo = false;
-  bool canRedo = false;
+  std::string problem;  ///< Why what is saved could not be read; may be empty.
+  bool dirty = false;   ///< Whether it is not what is saved.
+  bool canUndo = false; ///< Whether `Undo` has a step.
+  bool canRedo = false; ///< Whether `Redo` has a step.
   /// What would be written; none where no command can be written.
   std::optional<std::string> command;
   std::string commandError; ///< Why none can be written.
   /// The command that was accepted, where it is not the one that would be
   /// written.
   std::optional<std::string> editedCommand;
-  std::optional<std::string> draft; ///< A command that is refused.
-  std::vector<SettingState> settings;
+  std::optional<std::string> draft;             ///< A command that is refused.
+  std::vector<SettingState> settings;           ///< In the order of the table.
   std::vector<std::vector<SettingState>> chain; ///< A device's fields each.
-  std::vector<StateWord> words;
-  std::vector<Loss> losses;
-  std::vector<Difference> differences;
+  std::vector<StateWord> words;                 ///< Of the command.
+  std::vector<Loss> losses;                     ///< As `Session::Losses`.
+  std::vector<Difference> differences;          ///< As `Session::Differences`.
   /// Of the draft where there is one, else of the command.
   std::vector<CommandDiagnostic> diagnostics;
 };
@@ -130,7 +130,7 @@ struct ChangeRequest {
   const class Session *copyFrom = nullptr;
   /// Starts from the settings of a whole command.
   std::optional<std::string> command = std::nullopt;
-  SettingValues values = {};
+  SettingValues values = {}; ///< What each is to become.
   /// Settings that go back to their defaults; those in `values` stand over
   /// them.
   std::vector<std::string> reset = {};
@@ -140,9 +140,9 @@ struct ChangeRequest {
 struct SaveOutcome {
   std::optional<Refusal> refusal; ///< Why it was not saved.
   bool written = false;           ///< False as well where nothing had changed.
-  std::string file;
-  std::string command;      ///< What the file holds now, or would hold.
-  std::vector<Loss> losses; ///< What does not come back.
+  std::string file;               ///< The option file.
+  std::string command;            ///< What the file holds now, or would hold.
+  std::vector<Loss> losses;       ///< What does not come back.
 };
 
 /// How to save.
@@ -175,7 +175,9 @@ public:
   ///   noFolder, fileSystem)
   Session(const Board &board, const std::string &processor,
           Hold hold = Hold::whileSaving);
+  /// The same session.
   Session(Session &&other) noexcept;
+  /// Closes this one first.
   Session &operator=(Session &&other) noexcept;
   Session(const Session &) = delete;
   Session &operator=(const Session &) = delete;
@@ -218,7 +220,9 @@ public:
 
   // Asking.
 
+  /// The name of its processor.
   const std::string &Processor() const;
+  /// The option file that it saves.
   std::string File() const;
   /// Why what is saved could not be read; empty if it could.
   std::string Problem() const;
@@ -228,7 +232,9 @@ public:
   Value Get(const std::string &setting) const;
   /// @throws Refusal (noCommand)
   std::string Command() const;
+  /// What would not survive saving.
   std::vector<Loss> Losses() const;
+  /// What is not as it is saved.
   std::vector<Difference> Differences() const;
   /// Whether the file is no longer what was loaded or saved last.
   bool ChangedOnDisk() const;

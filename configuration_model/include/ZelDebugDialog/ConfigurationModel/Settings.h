@@ -51,11 +51,11 @@ struct SettingInfo {
   std::string group; ///< What it belongs to, as a heading: "Cable".
   std::string label; ///< Its name for people: "Frequency".
   std::string help;  ///< One sentence.
-  SettingKind kind = SettingKind::text;
+  SettingKind kind = SettingKind::text; ///< What it is to people.
   std::string unit; ///< "Hz", "bytes", "bit/s", "ms", "bits"; may be empty.
   /// Of numbers, addresses and frequencies: what a change takes.
   std::optional<std::int64_t> minimum;
-  std::optional<std::int64_t> maximum;
+  std::optional<std::int64_t> maximum; ///< The same, upwards.
   /// Whether a change takes it. What says which processor it is, and what
   /// follows from other settings, is only shown.
   bool settable = true;

@@ -45,19 +45,30 @@ public:
   Value(const char *text) : data(std::string(text)) {} ///< A text.
   Value(Chain chain) : data(std::move(chain)) {}       ///< A whole chain.
 
+  /// Whether it is none.
   bool IsNothing() const { return Holds<std::monostate>(); }
+  /// Whether `Flag` has it.
   bool IsFlag() const { return Holds<bool>(); }
+  /// Whether `Number` has it.
   bool IsNumber() const { return Holds<std::int64_t>(); }
+  /// Whether `Text` has it.
   bool IsText() const { return Holds<std::string>(); }
+  /// Whether `Devices` has it.
   bool IsChain() const { return Holds<Chain>(); }
 
   // Each needs a value of its kind: std::bad_variant_access otherwise.
+  /// The flag.
   bool Flag() const { return std::get<bool>(data); }
+  /// The number.
   std::int64_t Number() const { return std::get<std::int64_t>(data); }
+  /// The text.
   const std::string &Text() const { return std::get<std::string>(data); }
+  /// The devices.
   const Chain &Devices() const { return std::get<Chain>(data); }
 
+  /// The same kind with the same value.
   bool operator==(const Value &other) const { return data == other.data; }
+  /// Another kind or another value.
   bool operator!=(const Value &other) const { return data != other.data; }
 
 private:

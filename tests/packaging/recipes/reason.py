@@ -1,0 +1,39 @@
+# USER3 and USER4, told so far as one of the settings that no command holds.
+instead("configuration_model/src/losses/Reasons.cpp",
+        '{OmissionReason::registerWithoutWord, "only USER1 and USER2 can be written", "never-written"}',
+        '{OmissionReason::registerWithoutWord, "only USER1 and USER2 can be written", "register-without-word"}')
+ahead("configuration_model/src/commands/LossCodes.cpp", '{"long-file", CodeSeverity::loss,', """
+      {"register-without-word", CodeSeverity::loss,
+       "only USER1 and USER2 can be written",
+       "A command is written with the boundary-scan register USER1, and USER2 "
+       "is what a record starts with.",
+       "connect lc hdu -bscan USER3", "",
+       "Give the register in a command of your own each time."},
+""")
+page = "docs/round-trip.md"
+instead(page, """
+and `nppc` of a chain device, the boundary scan registers USER3 and USER4, the
+memory size of the simulator,""", """
+and `nppc` of a chain device, the memory size of the simulator,""")
+instead(page, " USER2 is what a record starts with.\n", "\n")
+ahead(page, "## It is written, but the file is cut", """
+<a id="register-without-word"></a>
+### Boundary scan registers
+
+USER1 is written, and USER2 is what a record starts with; USER3 and USER4 are
+read only.
+
+*Instead:* give them in a command (`ParseProcessorInfo`) each time.
+
+""")
+
+instead("tests/configuration_model/CodesTest.cpp", "EXPECT_EQ(codes.size(), 32U);", "EXPECT_EQ(codes.size(), 33U);")
+instead("tests/configuration_model/LossTest.cpp", "bscanUserReg: USER3 -> USER2 [never-written]",
+        "bscanUserReg: USER3 -> USER2 [register-without-word]")
+losses = "tests/support/RoundTrip.h"
+behind(losses, "  NeverWritten,", "  RegisterWithoutWord,")
+behind(losses, '"never-written",', '    "register-without-word",')
+instead(losses, "std::array<const char *, 29> kLossIds", "std::array<const char *, 30> kLossIds")
+instead("tests/support/RoundTripPrediction.cpp", """? Loss::OtherConnections
+                                  : Loss::NeverWritten);""", """? Loss::OtherConnections
+                                  : Loss::RegisterWithoutWord);""")
