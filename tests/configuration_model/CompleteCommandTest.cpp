@@ -10,7 +10,6 @@ namespace {
 
 using namespace ZelDebugDialog;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 std::vector<std::string> words(const CommandCompletion &completion) {
   std::vector<std::string> found;

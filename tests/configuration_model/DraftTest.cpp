@@ -10,7 +10,6 @@ namespace {
 using namespace ZelDebugDialog;
 using namespace model_test;
 using testing::Contains;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class DraftTest : public ModelTest {};

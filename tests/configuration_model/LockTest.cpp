@@ -14,7 +14,6 @@ namespace {
 using namespace ZelDebugDialog;
 using namespace model_test;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class LockTest : public ModelTest {
 protected:

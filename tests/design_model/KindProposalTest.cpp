@@ -13,11 +13,9 @@
 namespace ZelDebugDialog {
 namespace {
 
-using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Not;
 
 /// A bus interface whose bus is of a kind "x:bus:type:1".
 std::string port(const std::string &name, const std::string &type,

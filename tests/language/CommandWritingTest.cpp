@@ -20,7 +20,6 @@ namespace {
 
 using namespace std::string_literals;
 using namespace LanguageTest;
-using ZelDebugDialog::CableOption;
 using ZelDebugDialog::CommandWriting;
 using ZelDebugDialog::Engine;
 using ZelDebugDialog::EngineImp;

@@ -38,7 +38,7 @@ public:
   }
   template <typename Record> void addAll(const Record &record) {
     eachField(record, [this](const char *name, const auto &value) {
-      add(name, value);
+      this->add(name, value);
     });
   }
   void append(const std::string &more) { lines << more; }

@@ -1,6 +1,7 @@
 #include "commands/Desk.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "commands/EngineLock.h"
@@ -28,8 +29,8 @@ template <typename Read> Reading readingOf(Engine &engine, const Read &read) {
 
 Desk::Desk() : Desk(nullptr, ProcessorInfoImp()) {}
 
-Desk::Desk(HHSMHwManager *design, const ProcessorInfoImp &identity)
-    : processor(identity), imp(engine.GetProcessorList(nullptr)) {
+Desk::Desk(HHSMHwManager *design, ProcessorInfoImp identity)
+    : processor(std::move(identity)), imp(engine.GetProcessorList(nullptr)) {
   imp->hwManager = design;
   imp->processorList.push_back(&record);
   begin();

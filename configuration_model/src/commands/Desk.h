@@ -35,8 +35,8 @@ public:
   /// Commands alone decide which processor they are for.
   Desk();
   /// @param design     may be null
-  /// @param processor  as discovery found it
-  Desk(HHSMHwManager *design, const ProcessorInfoImp &processor);
+  /// @param identity   as discovery found it
+  Desk(HHSMHwManager *design, ProcessorInfoImp identity);
   ~Desk();
   Desk(const Desk &) = delete;
   Desk &operator=(const Desk &) = delete;

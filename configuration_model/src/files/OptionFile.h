@@ -22,7 +22,7 @@ struct OptionFile {
 };
 
 /// More than any option file has. What is behind it is not compared.
-constexpr std::size_t mostBytes = 1024 * 1024;
+constexpr std::size_t mostBytes = std::size_t{1024} * 1024;
 
 /// Only a regular file is opened.
 OptionFile readOptionFile(const std::filesystem::path &file);

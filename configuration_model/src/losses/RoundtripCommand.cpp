@@ -1,6 +1,7 @@
 // What becomes of a command that is read, written and read again, without a
 // design and without the limits of an option file.
 #include <algorithm>
+#include <array>
 
 #include <fmt/format.h>
 
@@ -23,8 +24,8 @@ struct UnlikeItsText {
   const char *code;
 };
 
-constexpr UnlikeItsText unlikeTheirText[] = {{"value-cut", "eight-bit-numbers"},
-                                             {"not-a-number", "no-number"}};
+constexpr std::array<UnlikeItsText, 2> unlikeTheirText{
+    {{"value-cut", "eight-bit-numbers"}, {"not-a-number", "no-number"}}};
 
 const Omission *findFor(const std::vector<Omission> &omissions,
                         const std::string &field) {

@@ -144,6 +144,7 @@ std::vector<SaveOutcome> SaveSessions(const std::vector<Session *> &sessions,
                                       const SaveOptions &options) {
   // Each once, and locked in one order whoever else saves some of them.
   std::vector<model::SessionImp *> each;
+  each.reserve(sessions.size());
   for (const Session *session : sessions)
     each.push_back(session->imp.get());
   std::sort(each.begin(), each.end());

@@ -64,10 +64,10 @@ void forgetReset(Step &step, const std::string &setting,
 
 } // namespace
 
-SessionImp::SessionImp(Board ofBoard,
+SessionImp::SessionImp(const Board &ofBoard,
                        std::shared_ptr<const BoardState> stateOfBoard,
                        const std::string &processor, Session::Hold hold)
-    : shownBoard(std::move(ofBoard)), board(std::move(stateOfBoard)),
+    : shownBoard(ofBoard), board(std::move(stateOfBoard)),
       identity(board->expectProcessor(processor)),
       file(optionFilePath(board->absolute, processor)),
       shownFile(optionFilePath(board->folder, processor).string()),

@@ -21,7 +21,8 @@ namespace ZelDebugDialog::model {
 /// Operations of one session; whoever calls holds its mutex.
 class SessionImp {
 public:
-  SessionImp(Board ofBoard, std::shared_ptr<const BoardState> stateOfBoard,
+  SessionImp(const Board &ofBoard,
+             std::shared_ptr<const BoardState> stateOfBoard,
              const std::string &processor, Session::Hold hold);
 
   std::vector<Effect> change(const ChangeRequest &request, const Step *copied);

@@ -281,7 +281,9 @@ std::vector<Draft> drafts() {
 FieldValue fieldValueOf(const Value &value) {
   if (value.IsText())
     return value.Text();
-  return value.IsFlag() ? std::int64_t{value.Flag()} : value.Number();
+  if (value.IsFlag())
+    return std::int64_t{value.Flag() ? 1 : 0};
+  return value.Number();
 }
 
 bool startsWith(std::string_view text, std::string_view front) {

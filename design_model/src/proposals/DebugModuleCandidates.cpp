@@ -166,6 +166,7 @@ private:
       finding.isBySide = finding.isBySide || isBySide;
       if (modules.size() > 1) {
         std::vector<std::string> names;
+        names.reserve(modules.size());
         for (const std::size_t module : modules)
           names.push_back(facts.instances()[module].name);
         finding.question = named(processor) + " is on one of " + listed(names) +

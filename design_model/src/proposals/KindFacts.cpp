@@ -1,5 +1,7 @@
 #include "proposals/KindFacts.h"
 
+#include <algorithm>
+
 #include "messages/Quote.h"
 #include "proposals/Words.h"
 
@@ -34,10 +36,10 @@ KindFacts::KindFacts(DesignModel &searched) : model(searched) {
 bool KindFacts::isPassage(const DesignComponent &component) {
   if (!component.channels.empty())
     return true;
-  for (const DesignInterface &interface : component.interfaces)
-    if (!interface.bridgedTo.empty())
-      return true;
-  return false;
+  return std::any_of(component.interfaces.begin(), component.interfaces.end(),
+                     [](const DesignInterface &interface) {
+                       return !interface.bridgedTo.empty();
+                     });
 }
 
 bool KindFacts::isSettled(const DesignComponent &component) {

@@ -1,5 +1,6 @@
 #include "proposals/KindTableText.h"
 
+#include <array>
 #include <string_view>
 
 #include "messages/Quote.h"
@@ -13,12 +14,12 @@ struct PartWords {
   const char *kind; ///< The second word of a row.
 };
 
-constexpr PartWords parts[] = {
+constexpr std::array<PartWords, 4> parts{{
     {KindPart::processor, "processor", "processor"},
     {KindPart::debugModule, "debug module", "debug-module"},
     {KindPart::uart, "serial port", "other"},
     {KindPart::memory, "memory", "other"},
-};
+}};
 
 const PartWords &wordsOf(KindPart part) {
   for (const PartWords &known : parts)
@@ -68,7 +69,13 @@ void append(const KindCandidate &candidate, std::string &text) {
   case KindVerdict::undecided:
     text += "#   undecided: " + onOneLine(candidate.question) + "\n";
     for (const std::string &type : candidate.typeNames)
-      text += "#" + pattern + "   " + words.kind + "   " + type + "\n";
+      text.append("#")
+          .append(pattern)
+          .append("   ")
+          .append(words.kind)
+          .append("   ")
+          .append(type)
+          .append("\n");
     return;
   case KindVerdict::proposed:
     text += pattern + "   " + words.kind + "   " + candidate.typeNames.front() +

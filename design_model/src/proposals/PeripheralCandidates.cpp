@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <unordered_set>
@@ -58,10 +59,10 @@ public:
 
 private:
   bool isReached(std::size_t component) const {
-    for (const std::size_t instance : facts.instancesOf(component))
-      if (reached.count(instance) != 0)
-        return true;
-    return false;
+    const auto &instances = facts.instancesOf(component);
+    return std::any_of(
+        instances.begin(), instances.end(),
+        [this](std::size_t instance) { return reached.count(instance) != 0; });
   }
 
   /// Of one that may be one: whether a processor has it.

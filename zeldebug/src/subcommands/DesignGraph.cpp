@@ -20,7 +20,6 @@ using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignPort;
 using ZelDebugDialog::DesignRole;
 using ZelDebugDialog::DesignWire;
-using ZelDebugDialog::InterfaceMode;
 
 /// The last part of the name.
 std::string localName(const DesignModel &design, std::size_t instance) {

@@ -33,6 +33,8 @@ public:
 
   /// Nothing: no such setting, or a reading that gave no value.
   Value() = default;
+  // A change reads as a list of values: {{"cable.frequency", 3000000}}.
+  // NOLINTBEGIN(google-explicit-constructor)
   /// A flag that is true or false. Flags that the records keep as a number are
   /// numbers here as well.
   Value(bool flag) : data(flag) {}
@@ -44,6 +46,8 @@ public:
   Value(std::string text) : data(std::move(text)) {}   ///< A text.
   Value(const char *text) : data(std::string(text)) {} ///< A text.
   Value(Chain chain) : data(std::move(chain)) {}       ///< A whole chain.
+
+  // NOLINTEND(google-explicit-constructor)
 
   /// Whether it is none.
   bool IsNothing() const { return Holds<std::monostate>(); }
