@@ -87,6 +87,7 @@ std::set<std::string> applyValues(Snapshot &snapshot,
 }
 
 std::vector<std::string> copySettings(Snapshot &snapshot,
+                                      const ProcessorInfoImp &identity,
                                       const Snapshot &from) {
   std::vector<std::string> left;
   Snapshot copied = from;
@@ -98,10 +99,9 @@ std::vector<std::string> copySettings(Snapshot &snapshot,
     if (row.info.kind != SettingKind::word)
       continue;
     for (const Choice &choice : row.info.choices) {
-      const bool isRefused =
-          choice.value == valueIn(copied, row) &&
-          choice.value != valueIn(snapshot, row) &&
-          !whyNotAllowed(row, choice, snapshot.record).empty();
+      const bool isRefused = choice.value == valueIn(copied, row) &&
+                             choice.value != valueIn(snapshot, row) &&
+                             !whyNotAllowed(row, choice, identity).empty();
       if (!isRefused)
         continue;
       left.push_back(row.info.id);

@@ -24,8 +24,11 @@ std::set<std::string> applyValues(Snapshot &snapshot,
 
 /// Gives a configuration all settings of another one but those that say which
 /// processor it is.
+/// @param identity  the processor as discovery found it
 /// @return those that this processor does not allow, which stay as they are
-std::vector<std::string> copySettings(Snapshot &snapshot, const Snapshot &from);
+std::vector<std::string> copySettings(Snapshot &snapshot,
+                                      const ProcessorInfoImp &identity,
+                                      const Snapshot &from);
 
 /// What differs between two configurations, with the reason of each: that of
 /// the setting in `asked` that brings it along, or `why`.

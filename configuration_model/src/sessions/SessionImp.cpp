@@ -219,7 +219,7 @@ std::vector<Effect> SessionImp::change(const ChangeRequest &request,
 
 std::vector<std::string> SessionImp::takeCopy(Step &step, const Step &copied) {
   const Snapshot before = step.now;
-  std::vector<std::string> left = copySettings(step.now, copied.now);
+  std::vector<std::string> left = copySettings(step.now, identity, copied.now);
   step.displaced.insert(copied.displaced.begin(), copied.displaced.end());
   step.drafts.clear();
   step.commandDraft.reset();

@@ -72,9 +72,8 @@ SettingState settingStateOf(const Step &step, const SettingRow &row,
 std::vector<SettingState> deviceStateOf(const Step &step, std::size_t device) {
   static const ChainDevice fresh = deviceValue(JtagOption());
   std::vector<SettingState> fields;
-  for (const SettingRow &row : settingRows()) {
-    if (!row.isOfDevice())
-      continue;
+  for (const SettingRow *const each : deviceRows()) {
+    const SettingRow &row = *each;
     const auto known =
         std::find_if(fresh.begin(), fresh.end(), [&row](const auto &field) {
           return field.first == row.deviceField();

@@ -42,10 +42,9 @@ void eraseDevices(std::map<std::string, std::string> &origins,
 /// A field of a device that has its old value keeps its origin.
 void noteChangedDevices(const Snapshot &before, Step &after) {
   for (std::size_t i = 0; i < after.now.chain.size(); ++i)
-    for (const SettingRow &row : settingRows())
-      if (row.isOfDevice() &&
-          valueIn(before, row, i) != valueIn(after.now, row, i))
-        after.origins[deviceName(i) + "." + row.deviceField()] = changed;
+    for (const SettingRow *const row : deviceRows())
+      if (valueIn(before, *row, i) != valueIn(after.now, *row, i))
+        after.origins[deviceName(i) + "." + row->deviceField()] = changed;
   eraseDevices(after.origins, after.now.chain.size());
 }
 

@@ -313,6 +313,17 @@ const std::vector<SettingRow> &settingRows() {
   return rows;
 }
 
+const std::vector<const SettingRow *> &deviceRows() {
+  static const std::vector<const SettingRow *> rows = [] {
+    std::vector<const SettingRow *> found;
+    for (const SettingRow &row : settingRows())
+      if (row.isOfDevice())
+        found.push_back(&row);
+    return found;
+  }();
+  return rows;
+}
+
 const SettingRow *findRow(std::string_view id) {
   static const std::unordered_map<std::string_view, const SettingRow *> byName =
       [] {
@@ -399,9 +410,8 @@ ChainDevice deviceValue(const JtagOption &device) {
   Snapshot one;
   one.chain.push_back(device);
   ChainDevice fields;
-  for (const SettingRow &row : settingRows())
-    if (row.isOfDevice())
-      fields.emplace_back(row.deviceField(), valueIn(one, row));
+  for (const SettingRow *const row : deviceRows())
+    fields.emplace_back(row->deviceField(), valueIn(one, *row));
   return fields;
 }
 
@@ -409,9 +419,9 @@ JtagOption deviceOf(const ChainDevice &value) {
   Snapshot one;
   one.chain.resize(1);
   for (const auto &[name, field] : value)
-    for (const SettingRow &row : settingRows())
-      if (row.isOfDevice() && row.deviceField() == name)
-        storeIn(one, row, field);
+    for (const SettingRow *const row : deviceRows())
+      if (row->deviceField() == name)
+        storeIn(one, *row, field);
   return one.chain.front();
 }
 

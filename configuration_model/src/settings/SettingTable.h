@@ -47,6 +47,9 @@ struct SettingRow {
 /// In the order of `GetSettings`.
 const std::vector<SettingRow> &settingRows();
 
+/// Those of a device's fields.
+const std::vector<const SettingRow *> &deviceRows();
+
 /// The row of a name, "chain[2].idcode" included; null if there is none.
 const SettingRow *findRow(std::string_view id);
 

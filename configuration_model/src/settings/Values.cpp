@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <unordered_set>
 
 #include <fmt/format.h>
 
@@ -249,19 +250,42 @@ ChainDevice expectDevice(const ChainDevice &asked, std::size_t position) {
   return device;
 }
 
-/// Devices that the chain has already are taken as they are.
+/// The devices that a chain has already, which are taken as they are.
+class PresentDevices {
+public:
+  explicit PresentDevices(const Value &chain) {
+    for (const ChainDevice &device : chain.Devices())
+      keys.insert(keyOf(device));
+  }
+  bool contains(const ChainDevice &device) const {
+    return keys.count(keyOf(device)) != 0;
+  }
+
+private:
+  static std::string keyOf(const ChainDevice &device) {
+    std::string key;
+    for (const auto &[name, value] : device) {
+      const std::string text = value.IsText() ? '"' + value.Text()
+                               : value.IsNumber()
+                                   ? std::to_string(value.Number())
+                                   : std::string();
+      key += fmt::format("{} {} {} ", name, text.size(), text);
+    }
+    return key;
+  }
+
+  std::unordered_set<std::string> keys;
+};
+
 Value expectChain(const SettingRow &row, const Value &asked,
                   const Snapshot &current) {
   if (!asked.IsChain())
     refuse(row.info.id, asked, "is no list of devices");
-  const Value present = valueIn(current, row);
+  const PresentDevices present(valueIn(current, row));
   Value::Chain chain;
-  for (const ChainDevice &device : asked.Devices()) {
-    const auto &there = present.Devices();
-    const bool isThere =
-        std::find(there.begin(), there.end(), device) != there.end();
-    chain.push_back(isThere ? device : expectDevice(device, chain.size()));
-  }
+  for (const ChainDevice &device : asked.Devices())
+    chain.push_back(
+        present.contains(device) ? device : expectDevice(device, chain.size()));
   return chain;
 }
 
