@@ -10,7 +10,6 @@
 #include "kinds/BuiltInKinds.h"
 #include "messages/Quote.h"
 #include "names/InstanceNames.h"
-#include "names/Room.h"
 
 namespace ZelDebugDialog {
 
@@ -110,15 +109,11 @@ bool DesignModel::Attach(InstanceId processor, InstanceId debugModule,
 }
 
 void DesignModel::AddMissing(const MissingDocument &document) {
-  makeRoom(contents->missing, 1);
-  MissingDocument added = document;
-  if (contents->missingKeys.insert(document.type + ":" + document.identity)
-          .second)
-    contents->missing.push_back(std::move(added));
+  contents->missing.add(document);
 }
 
 const std::vector<MissingDocument> &DesignModel::Missing() const {
-  return contents->missing;
+  return contents->missing.all();
 }
 
 void DesignModel::Report(DesignDiagnostic diagnostic) {
@@ -170,6 +165,10 @@ std::vector<std::string> DesignModel::DebugModules() const {
   std::vector<std::string> names;
   contents->appendNames(contents->debugModules, names);
   return names;
+}
+
+std::vector<std::string> DesignModel::Views() const {
+  return {contents->views.begin(), contents->views.end()};
 }
 
 const std::vector<DesignDiagnostic> &DesignModel::Diagnostics() const {

@@ -32,19 +32,24 @@ TEST(Missing, IsWhatIsReferredToAndNotFound) {
        {"box.xml", component("box", "", viewOf("nowhere"))},
        {"cfg.xml",
         component("cfg", "",
-                  "<model><views><view><name>v</name>"
-                  "<designConfigurationInstantiationRef>c"
-                  "</designConfigurationInstantiationRef></view></views>"
-                  "<instantiations><designConfigurationInstantiation>"
-                  "<name>c</name><designConfigurationRef vendor='x' "
-                  "library='y' name='config' version='1'/>"
-                  "</designConfigurationInstantiation></instantiations>"
-                  "</model>")},
+                  "<ipxact:model><ipxact:views><ipxact:view>"
+                  "<ipxact:name>v</ipxact:name>"
+                  "<ipxact:designConfigurationInstantiationRef>c"
+                  "</ipxact:designConfigurationInstantiationRef>"
+                  "</ipxact:view></ipxact:views><ipxact:instantiations>"
+                  "<ipxact:designConfigurationInstantiation>"
+                  "<ipxact:name>c</ipxact:name>"
+                  "<ipxact:designConfigurationRef vendor=\"x\" library=\"y\" "
+                  "name=\"config\" version=\"1\"/>"
+                  "</ipxact:designConfigurationInstantiation>"
+                  "</ipxact:instantiations></ipxact:model>")},
        {"old.xml",
-        component("old", "",
-                  "<model><views><view><name>v</name><hierarchyRef vendor='x' "
-                  "library='y' name='inner' version='1'/></view></views>"
-                  "</model>")}});
+        "<s:component xmlns:s=\"http://www.spiritconsortium.org/XMLSchema/"
+        "SPIRIT/1685-2009\"><s:vendor>x</s:vendor><s:library>y</s:library>"
+        "<s:name>old</s:name><s:version>1</s:version><s:model><s:views>"
+        "<s:view><s:name>v</s:name><s:envIdentifier>a:b:c</s:envIdentifier>"
+        "<s:hierarchyRef s:vendor=\"x\" s:library=\"y\" s:name=\"inner\" "
+        "s:version=\"1\"/></s:view></s:views></s:model></s:component>"}});
   EXPECT_THAT(linesOf(reading.model.Missing()),
               ElementsAre("component x:y:gone:1", "design x:y:nowhere:1",
                           "designConfiguration x:y:config:1",

@@ -129,6 +129,17 @@ TEST(Views, ThatNoComponentHasAreReported) {
   EXPECT_THAT(readBoxes(files, "one").diagnostics(), IsEmpty());
 }
 
+TEST(Views, AreNamedByTheModel) {
+  const Reading alone = readBoxes({{"top.xml", twoBoxes}});
+  EXPECT_THAT(alone.model.Views(), ElementsAre("flat", "one", "two"));
+  const Reading top =
+      readBoxes({{"top.xml", topOf("inner", "c")},
+                 {"inner.xml", design("inner", instance("a", "box"))},
+                 {"c.xml", configuration("c", "inner", {})}});
+  EXPECT_THAT(top.model.Views(), ElementsAre("flat", "one", "two", "v"));
+  EXPECT_THAT(DesignModel().Views(), IsEmpty());
+}
+
 TEST(Views, LeadToADesignByAConfigurationAlone) {
   const Reading reading =
       readBoxes({{"top.xml", topOf("", "c")},

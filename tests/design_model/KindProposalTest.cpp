@@ -22,9 +22,9 @@ using testing::Not;
 /// A bus interface whose bus is of a kind "x:bus:type:1".
 std::string port(const std::string &name, const std::string &type,
                  const std::string &mode) {
-  return interface(name, "<ipxact:" + mode + "/>",
+  return interface(name,
                    "<ipxact:busType vendor=\"x\" library=\"bus\" name=\"" +
-                       type + "\" version=\"1\"/>");
+                       type + "\" version=\"1\"/><ipxact:" + mode + "/>");
 }
 
 std::string bridge(const std::string &name, const std::string &to) {
@@ -33,10 +33,21 @@ std::string bridge(const std::string &name, const std::string &to) {
                        "\"/></ipxact:slave>");
 }
 
+/// In place of what else a component has: it is a processor.
+const std::string cpus = "cpus";
+
+/// A component, which may say that it is a processor.
+std::string part(const std::string &name, const std::string &interfaces,
+                 const std::string &others = "") {
+  return others == cpus ? processor(name, interfaces)
+                        : component(name, interfaces, others);
+}
+
 class Proposing {
 public:
   explicit Proposing(Files files, const std::string &kinds = "") {
     MemorySource memory;
+    keepDocuments(files);
     DesignSources sources;
     sources.designFile = "top.xml";
     if (!kinds.empty()) {
@@ -48,7 +59,6 @@ public:
       memory.files[name == "given" || name == "top.xml" ? name : "ip/" + name] =
           text;
     sources.libraryFolders = {"ip"};
-    keep(files);
     isRead = proposeKindsFrom(memory, sources, limitsOf(sources.maxInstances),
                               proposal, result.model);
   }
@@ -116,11 +126,11 @@ TEST(KindProposal, KnowsAProcessorByWhatItSaysAndDoes) {
   const std::string bus = port("bus", "mem", "master");
   const std::string debug = port("dbg", "dm_link", "slave");
   const ProcessorRow rows[] = {
-      {"x", bus, cpus(), "processor proposed x lumacore"},
-      {"x", "", cpus(), "processor proposed x lumacore"},
+      {"x", bus, cpus, "processor proposed x lumacore"},
+      {"x", "", cpus, "processor proposed x lumacore"},
       {"x", code + data, "", "processor proposed x lumacore"},
-      {"x", port("M_INSTR", "a", "master") + port("M_DATA", "a", "initiator"),
-       "", "processor proposed x lumacore"},
+      {"x", port("M_INSTR", "a", "master") + port("M_DATA", "a", "master"), "",
+       "processor proposed x lumacore"},
       {"x", port("iBus", "a", "master") + port("dBus", "a", "master"), "",
        "processor proposed x lumacore"},
       // One of the two alone, both in one, or on the wrong side.
@@ -151,14 +161,13 @@ TEST(KindProposal, KnowsAProcessorByWhatItSaysAndDoes) {
        ""},
       {"x", code + data + bridge("in", "dmem"), "", ""},
       // By its name it is one of another family.
-      {"ppc405", bus, cpus(), "processor proposed ppc405 ppc405_core"},
-      {"my_ppc440_x", bus, cpus(),
-       "processor proposed my_ppc440_x ppc440_core"},
-      {"ppc", bus, cpus(), "processor undecided ppc ppc405_core ppc440_core"},
-      {"Cortex-A9", bus, cpus(), "processor proposed Cortex-A9 soc_cortexa9"},
-      {"cortex_r5", bus, cpus(), "processor proposed cortex_r5 soc_cortexr5"},
-      {"cortex_a5", bus, cpus(), "processor proposed cortex_a5 lumacore"},
-      {"core4405", bus, cpus(), "processor proposed core4405 lumacore"},
+      {"ppc405", bus, cpus, "processor proposed ppc405 ppc405_core"},
+      {"my_ppc440_x", bus, cpus, "processor proposed my_ppc440_x ppc440_core"},
+      {"ppc", bus, cpus, "processor undecided ppc ppc405_core ppc440_core"},
+      {"Cortex-A9", bus, cpus, "processor proposed Cortex-A9 soc_cortexa9"},
+      {"cortex_r5", bus, cpus, "processor proposed cortex_r5 soc_cortexr5"},
+      {"cortex_a5", bus, cpus, "processor proposed cortex_a5 lumacore"},
+      {"core4405", bus, cpus, "processor proposed core4405 lumacore"},
   };
   for (const ProcessorRow &row : rows) {
     const std::string wired =
@@ -166,8 +175,8 @@ TEST(KindProposal, KnowsAProcessorByWhatItSaysAndDoes) {
             ? connection("w", {"x.bus", "y.p"})
             : "";
     const Proposing found(
-        {{"x.xml", component(row.name, row.interfaces, row.others)},
-         {"y.xml", component("y", port("p", "mem", "slave"))},
+        {{"x.xml", part(row.name, row.interfaces, row.others)},
+         {"y.xml", part("y", port("p", "mem", "slave"))},
          {"top.xml",
           design("d", instance("x", row.name) + instance("y", "y"), wired)}});
     EXPECT_TRUE(found.isRead);
@@ -182,10 +191,10 @@ TEST(KindProposal, KnowsAProcessorByWhatItSaysAndDoes) {
 
 TEST(KindProposal, NeedsNoRowForWhatIsKnown) {
   const Files files = {
-      {"lumacore.xml", component("lumacore", port("bus", "mem", "master"))},
-      {"hdu.xml", component("hdu", "")},
-      {"uart.xml", component("uart_mini_ember", port("p", "mem", "slave"))},
-      {"ram.xml", component("DDR3_ctl", port("p", "mem", "slave"))},
+      {"lumacore.xml", part("lumacore", port("bus", "mem", "master"))},
+      {"hdu.xml", part("hdu", "")},
+      {"uart.xml", part("uart_mini_ember", port("p", "mem", "slave"))},
+      {"ram.xml", part("DDR3_ctl", port("p", "mem", "slave"))},
       {"top.xml", design("d", instance("c", "lumacore") + instance("h", "hdu") +
                                   instance("u", "uart_mini_ember") +
                                   instance("r", "DDR3_ctl"))}};
@@ -203,8 +212,8 @@ TEST(KindProposal, TakesTheProcessorInside) {
   const std::string pair =
       port("imem", "mem", "master") + port("dmem", "mem", "master");
   const Proposing found(
-      {{"box.xml", component("cpu_box", pair, viewOf("inner"))},
-       {"core.xml", component("core", pair)},
+      {{"box.xml", part("cpu_box", pair, viewOf("inner"))},
+       {"core.xml", part("core", pair)},
        {"inner.xml", design("inner", instance("core", "core"),
                             connection("a", {"imem", "core.imem"}) +
                                 connection("b", {"dmem", "core.dmem"}))},
@@ -219,10 +228,10 @@ TEST(KindProposal, TakesTheProcessorInside) {
 TEST(KindProposal, LooksForNothingInsideAProcessor) {
   const Proposing found(
       {{"core.xml",
-        component("core",
-                  port("imem", "mem", "master") + port("dmem", "mem", "master"),
-                  viewOf("inner"))},
-       {"cache.xml", component("cache_ram", port("p", "mem", "slave"))},
+        part("core",
+             port("imem", "mem", "master") + port("dmem", "mem", "master"),
+             viewOf("inner"))},
+       {"cache.xml", part("cache_ram", port("p", "mem", "slave"))},
        {"inner.xml", design("inner", instance("ram", "cache_ram"))},
        {"top.xml", design("d", instance("core", "core"))}});
   EXPECT_THAT(found.candidates(),
@@ -234,18 +243,18 @@ TEST(KindProposal, LooksForNothingInsideAProcessor) {
 /// A core whose debug interface is wired to a bridge, behind a bus on which a
 /// component is that is called a debug module.
 const Files behindABridge = {
-    {"core.xml", component("core",
-                           port("bus", "mem", "master") +
-                               port("debug", "dbg_link", "slave") +
-                               port("rst", "reset", "slave"),
-                           cpus())},
-    {"adv.xml", component("adv_dbg_if", port("jtag", "jtag", "slave") +
-                                            port("out", "mem", "master") +
-                                            port("rst_o", "reset", "master"))},
-    {"bus.xml", component("bus", port("in", "mem", "mirroredMaster") +
-                                     port("out", "mem", "mirroredSlave"))},
-    {"per.xml", component("bus2per", bridge("in", "out") +
-                                         port("out", "dbg_link", "master"))},
+    {"core.xml",
+     part("core",
+          port("bus", "mem", "master") + port("debug", "dbg_link", "slave") +
+              port("rst", "reset", "slave"),
+          cpus)},
+    {"adv.xml", part("adv_dbg_if", port("jtag", "jtag", "slave") +
+                                       port("out", "mem", "master") +
+                                       port("rst_o", "reset", "master"))},
+    {"bus.xml", part("bus", port("in", "mem", "mirroredMaster") +
+                                port("out", "mem", "mirroredSlave"))},
+    {"per.xml",
+     part("bus2per", bridge("in", "out") + port("out", "dbg_link", "master"))},
     {"top.xml",
      design("d",
             instance("core", "core") + instance("adv", "adv_dbg_if") +
@@ -347,8 +356,8 @@ TEST(KindProposal, TellsDebugModulesFromOthersOnTheProcessor) {
   for (const ModuleRow &row : rows) {
     const Proposing found(
         {{"core.xml",
-          component("core", port("bus", "mem", "master") + row.core, cpus())},
-         {"m.xml", component(row.name, row.module)},
+          part("core", port("bus", "mem", "master") + row.core, cpus)},
+         {"m.xml", part(row.name, row.module)},
          {"top.xml",
           design("d", instance("core", "core") + instance("m", row.name),
                  row.wires.empty() ? "" : connection("w", row.wires))}});
@@ -362,8 +371,8 @@ TEST(KindProposal, TellsDebugModulesFromOthersOnTheProcessor) {
 
 TEST(KindProposal, StatesAConnectionThatTheWiresDoNotMake) {
   Proposing found(
-      {{"core.xml", component("core", port("debug", "link", "master"), cpus())},
-       {"m.xml", component("m", port("o", "link", "slave"))},
+      {{"core.xml", part("core", port("debug", "link", "master"), cpus)},
+       {"m.xml", part("m", port("o", "link", "slave"))},
        {"top.xml", design("d", instance("a core", "core") + instance("m", "m"),
                           connection("w", {"m.o", "a core.debug"}))}});
   EXPECT_THAT(found.rows(), ElementsAre("x:y:core:1   processor   lumacore",
@@ -375,12 +384,12 @@ TEST(KindProposal, StatesAConnectionThatTheWiresDoNotMake) {
 
 TEST(KindProposal, SaysBetweenWhatItCannotDecide) {
   Proposing found(
-      {{"core.xml", component("core",
-                              port("dbg", "link", "slave") +
-                                  port("trace_dbg", "link", "slave"),
-                              cpus())},
-       {"m.xml", component("m", port("o", "link", "master"))},
-       {"n.xml", component("n", port("o", "link", "master"))},
+      {{"core.xml",
+        part("core",
+             port("dbg", "link", "slave") + port("trace_dbg", "link", "slave"),
+             cpus)},
+       {"m.xml", part("m", port("o", "link", "master"))},
+       {"n.xml", part("n", port("o", "link", "master"))},
        {"top.xml", design("d",
                           instance("core", "core") + instance("m", "m") +
                               instance("n", "n"),
@@ -400,8 +409,8 @@ TEST(KindProposal, SaysBetweenWhatItCannotDecide) {
 /// The only one that is called so: the row is there, but not in force.
 TEST(KindProposal, LeavesAConnectionOpenThatOnlyANameSpeaksFor) {
   Proposing found(
-      {{"core.xml", component("core", port("bus", "mem", "master"), cpus())},
-       {"m.xml", component("jtag_link", port("jtag", "jtag", "slave"))},
+      {{"core.xml", part("core", port("bus", "mem", "master"), cpus)},
+       {"m.xml", part("jtag_link", port("jtag", "jtag", "slave"))},
        {"top.xml", design("d", instance("core", "core") +
                                    instance("link", "jtag_link"))}});
   ASSERT_EQ(found.proposal.connections.size(), 1u);
@@ -417,10 +426,10 @@ TEST(KindProposal, GivesEachFamilyItsController) {
   const std::string debug = port("dbg", "link", "slave");
   const std::string out = port("o", "link", "master");
   Proposing found(
-      {{"p.xml", component("ppc405", debug, cpus())},
-       {"a.xml", component("cortexa9", debug, cpus())},
-       {"m.xml", component("m", out)},
-       {"n.xml", component("n", out)},
+      {{"p.xml", part("ppc405", debug, cpus)},
+       {"a.xml", part("cortexa9", debug, cpus)},
+       {"m.xml", part("m", out)},
+       {"n.xml", part("n", out)},
        {"top.xml", design("d",
                           instance("p", "ppc405") + instance("a", "cortexa9") +
                               instance("m", "m") + instance("n", "n"),
@@ -461,8 +470,12 @@ struct PeripheralRow {
 };
 
 TEST(KindProposal, TellsSerialPortsAndMemories) {
+  const std::string block =
+      "<ipxact:addressBlock><ipxact:name>b</ipxact:name><ipxact:baseAddress>0"
+      "</ipxact:baseAddress><ipxact:range>16</ipxact:range><ipxact:width>32"
+      "</ipxact:width>";
   const std::string memory =
-      "<addressBlock><usage>memory</usage></addressBlock>";
+      block + "<ipxact:usage>memory</ipxact:usage></ipxact:addressBlock>";
   const std::string line = port("line", "UART", "master");
   const PeripheralRow rows[] = {
       {"apb_uart", "", "", "uart proposed apb_uart uart_mini_cedar"},
@@ -476,7 +489,7 @@ TEST(KindProposal, TellsSerialPortsAndMemories) {
       {"io", port("uart", "x", "master"), "",
        "uart undecided io uart_mini_cedar"},
       {"x", "", memory, "memory proposed x ocm_ctl_cedar"},
-      {"x", "", "<addressBlock/>", ""},
+      {"x", "", block + "</ipxact:addressBlock>", ""},
       {"sp_sram", "", "", "memory proposed sp_sram ocm_ctl_cedar"},
       {"boot_rom", "", "", "memory proposed boot_rom ocm_ctl_cedar"},
       {"sp_srams", "", "", ""},
@@ -494,15 +507,16 @@ TEST(KindProposal, TellsSerialPortsAndMemories) {
   };
   for (const PeripheralRow &row : rows) {
     const Proposing found(
-        {{"core.xml", component("lumacore", port("bus", "mem", "master"))},
-         {"hdu.xml", component("hdu", "")},
+        {{"core.xml", part("lumacore", port("bus", "mem", "master"))},
+         {"hdu.xml", part("hdu", "")},
          {"x.xml",
-          component(row.name,
-                    interface("p", "<ipxact:slave><ipxact:memoryMapRef "
-                                   "memoryMapRef=\"m\"/></ipxact:slave>") +
-                        row.others,
-                    "<memoryMaps><memoryMap><name>m</name>" + row.map +
-                        "</memoryMap></memoryMaps>")},
+          part(row.name,
+               interface("p", "<ipxact:slave><ipxact:memoryMapRef "
+                              "memoryMapRef=\"m\"/></ipxact:slave>") +
+                   row.others,
+               "<ipxact:memoryMaps><ipxact:memoryMap><ipxact:name>m"
+               "</ipxact:name>" +
+                   row.map + "</ipxact:memoryMap></ipxact:memoryMaps>")},
          {"top.xml",
           design("d", instance("c", "lumacore") + instance("x", row.name),
                  connection("w", {"c.bus", "x.p"}))}});
@@ -517,10 +531,10 @@ TEST(KindProposal, TellsSerialPortsAndMemories) {
 
 TEST(KindProposal, WantsThemReached) {
   const Files files = {
-      {"core.xml", component("core", port("bus", "mem", "master"), cpus())},
-      {"uart.xml", component("uart", port("p", "mem", "slave"))},
-      {"ram.xml", component("ram", port("p", "mem", "slave"))},
-      {"pads.xml", component("pads", port("p", "uart", "slave"))},
+      {"core.xml", part("core", port("bus", "mem", "master"), cpus)},
+      {"uart.xml", part("uart", port("p", "mem", "slave"))},
+      {"ram.xml", part("ram", port("p", "mem", "slave"))},
+      {"pads.xml", part("pads", port("p", "uart", "slave"))},
       {"top.xml",
        design("d", instance("c", "core") + instance("u", "uart") +
                        instance("r", "ram") + instance("p", "pads"))},
@@ -558,7 +572,7 @@ TEST(KindProposal, IsATableThatCanBeRead) {
 TEST(KindProposal, WritesRowsWhateverTheNames) {
   const std::string name = "a b#c";
   Proposing found(
-      {{"x.xml", component(name, "", cpus())},
+      {{"x.xml", part(name, "", cpus)},
        {"top.xml", design("d", instance("line\nend # \xc2\xa0", name))}});
   EXPECT_THAT(found.rows(), ElementsAre("x:y:a?b?c:1   processor   lumacore"));
   EXPECT_EQ(found.result.model.getIpName(found.result.instances().front()),
@@ -583,7 +597,7 @@ TEST(KindProposal, ListsAFewOfMany) {
   std::string instances;
   for (int i = 0; i < 30; ++i)
     instances += instance("c" + std::to_string(i), "core");
-  const Proposing found({{"core.xml", component("core", "", cpus())},
+  const Proposing found({{"core.xml", part("core", "", cpus)},
                          {"top.xml", design("d", instances)}});
   EXPECT_EQ(found.named("core").instances.size(), 20u);
   EXPECT_EQ(found.named("core").otherInstances, 10u);

@@ -119,9 +119,82 @@ TEST(KindTable, DoubtsDebugModulesThatNobodyKnows) {
   const Reading reading = readWith("x:y:dm:1 debug-module Hdu\n"
                                    "x:y:core:1 debug-module ppc_jtag_link\n");
   EXPECT_TRUE(reading.isRead);
-  EXPECT_EQ(reading.diagnostics()[0], "warning kinds:1: the debugger knows no "
-                                      "debug module of type 'Hdu'");
+  EXPECT_EQ(reading.diagnostics()[0],
+            "warning kinds:1: the debugger knows no debug module of type "
+            "'Hdu'; did you mean 'hdu'?");
   EXPECT_EQ(reading.model.DebugModules().size(), 2u);
+}
+
+struct TypeRow {
+  const char *row, *doubt;
+};
+
+TEST(KindTable, DoubtsTypesThatNobodyKnows) {
+  const TypeRow rows[] = {
+      {"processor lumacore", ""},
+      {"processor soc_cortexr5", ""},
+      {"processor lumacor",
+       "processor of type 'lumacor'; did you mean 'lumacore'?"},
+      {"processor Lumacore",
+       "processor of type 'Lumacore'; did you mean 'lumacore'?"},
+      {"processor hdu", "processor of type 'hdu'"},
+      {"processor unlike", "processor of type 'unlike'"},
+      {"debug-module hdu_cedar", ""},
+      {"debug-module hdu_ceder",
+       "debug module of type 'hdu_ceder'; did you mean 'hdu_cedar'?"},
+      {"debug-module lumacore", "debug module of type 'lumacore'"},
+      {"other uart_mini_cedar", ""},
+      {"other aux_fpu", ""},
+      {"other soc_ocram", ""},
+      {"other SOC_OCRAM", ""},
+      {"other my_DDR_ctl", ""},
+      {"other uart_mini_ceder",
+       "memory, floating-point unit or serial port of type 'uart_mini_ceder'; "
+       "did you mean 'uart_mini_cedar'?"},
+      {"other thing",
+       "memory, floating-point unit or serial port of type 'thing'"},
+  };
+  for (const TypeRow &row : rows) {
+    const Reading reading = readWith(std::string("x:y:uart:1 ") + row.row);
+    EXPECT_TRUE(reading.isRead);
+    Names doubts;
+    for (const std::string &line : reading.diagnostics())
+      if (line.find(" kinds:") != std::string::npos)
+        doubts.push_back(line);
+    if (*row.doubt == '\0')
+      EXPECT_THAT(doubts, IsEmpty()) << row.row;
+    else
+      EXPECT_THAT(doubts,
+                  ElementsAre(std::string("warning kinds:1: the debugger knows "
+                                          "no ") +
+                              row.doubt))
+          << row.row;
+  }
+}
+
+TEST(KindTable, DoubtsPatternsThatFitNothing) {
+  Files files = parts;
+  files["spare.xml"] = component("spare", "");
+  files["kinds"] = "x:y:core:1 processor lumacore\n"
+                   "# none of these\n"
+                   "x:y:core:2 processor lumacore\n"
+                   "*:*:cor:* processor lumacore\n"
+                   "x:y:d:1 other soc_ocram\n"
+                   "# in the library alone, missing, and behind another row\n"
+                   "x:y:spare:? other soc_ocram\n"
+                   "x:y:gone:1 other soc_ocram\n"
+                   "x:y:co*:1 processor lumacore\n";
+  Names doubts;
+  for (const std::string &line : readFiles(files).diagnostics())
+    if (line.find(" kinds:") != std::string::npos)
+      doubts.push_back(line);
+  EXPECT_THAT(doubts,
+              ElementsAre("warning kinds:3: no component of the design or its "
+                          "libraries fits 'x:y:core:2'",
+                          "warning kinds:4: no component of the design or its "
+                          "libraries fits '*:*:cor:*'",
+                          "warning kinds:5: no component of the design or its "
+                          "libraries fits 'x:y:d:1'"));
 }
 
 TEST(KindTable, HasToBeThere) {

@@ -22,9 +22,12 @@ std::string MemorySource::read(const std::string &path, std::size_t most,
 std::string MemorySource::list(const std::string &folder,
                                std::vector<std::string> &found) const {
   const std::string start = folder == "." ? "" : folder + "/";
-  for (const auto &file : files)
-    if (file.first.compare(0, start.size(), start) == 0)
-      found.push_back(file.first);
+  const std::string end = ".xml";
+  for (const auto &[name, text] : files)
+    if (name.compare(0, start.size(), start) == 0 &&
+        name.size() >= end.size() &&
+        name.compare(name.size() - end.size(), end.size(), end) == 0)
+      found.push_back(name);
   return "";
 }
 

@@ -94,7 +94,7 @@ Names Reading::diagnostics() const {
   return lines;
 }
 
-void keep(const Files &files) {
+void keepDocuments(const Files &files) {
   // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody changes the environment.
   const char *const folder = std::getenv("ZELDEBUGDIALOG_DOCUMENTS");
   if (folder == nullptr)
@@ -115,7 +115,7 @@ void keep(const Files &files) {
 }
 
 Reading readFrom(const Files &files, const DesignSources &sources) {
-  keep(files);
+  keepDocuments(files);
   MemorySource memory;
   memory.files = files;
   Reading reading;
@@ -145,20 +145,17 @@ std::string component(const std::string &name, const std::string &interfaces,
                   list("busInterfaces", interfaces) + others);
 }
 
-std::string cpus(const std::string &model) {
-  return "<ipxact:addressSpaces><ipxact:addressSpace><ipxact:name>all"
-         "</ipxact:name><ipxact:range>4096</ipxact:range>"
-         "<ipxact:width>32</ipxact:width></ipxact:addressSpace>"
-         "</ipxact:addressSpaces>" +
-         model +
-         "<ipxact:cpus><ipxact:cpu><ipxact:name>core</ipxact:name>"
-         "<ipxact:addressSpaceRef addressSpaceRef=\"all\"/></ipxact:cpu>"
-         "</ipxact:cpus>";
-}
-
 std::string processor(const std::string &name, const std::string &interfaces,
                       const std::string &model) {
-  return component(name, interfaces, cpus(model));
+  return component(name, interfaces,
+                   "<ipxact:addressSpaces><ipxact:addressSpace><ipxact:name>all"
+                   "</ipxact:name><ipxact:range>4096</ipxact:range>"
+                   "<ipxact:width>32</ipxact:width></ipxact:addressSpace>"
+                   "</ipxact:addressSpaces>" +
+                       model +
+                       "<ipxact:cpus><ipxact:cpu><ipxact:name>core"
+                       "</ipxact:name><ipxact:addressSpaceRef "
+                       "addressSpaceRef=\"all\"/></ipxact:cpu></ipxact:cpus>");
 }
 
 std::string interface(const std::string &name, const std::string &mode,

@@ -33,8 +33,8 @@ public:
 /// of the test's own.
 Reading readFrom(const Files &files, const DesignSources &sources);
 
-/// For a test that reads by other means: writes the files as `readFrom` does.
-void keep(const Files &files);
+/// Only that: for tests that read files in memory by themselves.
+void keepDocuments(const Files &files);
 
 /// Reads "top.xml"; "kinds" is the kind table if it is among the files.
 Reading readFiles(const Files &files, const std::string &view = "");
@@ -47,10 +47,7 @@ Reading readBeside(const Files &parts, const std::string &design);
 /// A component "x:y:name:1" with these interfaces and anything else.
 std::string component(const std::string &name, const std::string &interfaces,
                       const std::string &others = "");
-/// What makes a processor of a component: a cpu, and the address space that it
-/// accesses; between them stands `model`, that element or nothing.
-std::string cpus(const std::string &model = "");
-/// A component with them.
+/// The same with a cpu; `model` is that element or nothing.
 std::string processor(const std::string &name, const std::string &interfaces,
                       const std::string &model = "");
 /// A bus interface; `mode` is an element, and so are `types`, in the place of a

@@ -18,27 +18,26 @@ constexpr const char *wholeCommand = "connectCommand";
 constexpr const char *connection = "connection";
 constexpr const char *chain = "chain";
 
-bool isOneOf(const std::string &field, const char *const *first,
-             const char *const *last) {
-  return std::find(first, last, field) != last;
+bool isPartOfChain(const Omission &omission) {
+  return omission.field.compare(0, 5, chain) == 0;
 }
 
-/// Whether a field of the records belongs to what a setting stands for.
-bool belongsTo(const std::string &field, const SettingRow &row) {
-  constexpr const char *parts[] = {"connectionType", "stubType"};
-  if (row.info.id == connection)
-    return isOneOf(field, std::begin(parts), std::end(parts));
-  if (row.info.id == chain)
-    return field.compare(0, 5, chain) == 0;
-  return field == row.info.id;
+bool isPartOfConnection(const Omission &omission) {
+  return omission.field == "connectionType" || omission.field == "stubType";
 }
 
 const Omission *findFor(const std::vector<Omission> &omissions,
                         const SettingRow &row) {
-  for (const Omission &omission : omissions)
-    if (belongsTo(omission.field, row))
-      return &omission;
-  return nullptr;
+  const auto isIt = [&row](const Omission &omission) {
+    return omission.field == row.info.id;
+  };
+  const auto found =
+      row.get == nullptr
+          ? std::find_if(omissions.begin(), omissions.end(), isIt)
+          : std::find_if(omissions.begin(), omissions.end(),
+                         row.info.id == chain ? isPartOfChain
+                                              : isPartOfConnection);
+  return found == omissions.end() ? nullptr : &*found;
 }
 
 /// Of the chain, only a device's field that is not as it was is worth naming.
@@ -48,9 +47,8 @@ const Omission *findFor(const std::vector<Omission> &omissions,
   if (row.info.id != chain)
     return findFor(omissions, row);
   for (const Omission &omission : omissions)
-    if (belongsTo(omission.field, row) &&
-        fieldNamed(wanted, omission.field) !=
-            fieldNamed(readBack, omission.field))
+    if (isPartOfChain(omission) && fieldNamed(wanted, omission.field) !=
+                                       fieldNamed(readBack, omission.field))
       return &omission;
   return nullptr;
 }
@@ -114,7 +112,7 @@ RawLoss cutLoss(const std::string &command) {
 RawLoss refusalLoss(const Snapshot &wanted, const std::string &command,
                     const CommandWriting &writing, const std::string &refusal) {
   for (const Omission &omission : writing.unreadable) {
-    const bool isOfChain = omission.field.compare(0, 5, chain) == 0;
+    const bool isOfChain = isPartOfChain(omission);
     const bool isOfConnection = omission.field == "connectionType";
     const SettingRow *const row = findRow(isOfChain        ? chain
                                           : isOfConnection ? connection

@@ -144,7 +144,9 @@ Step SessionImp::startStep() const {
 
 std::vector<Effect> SessionImp::take(Step next, const std::string &why,
                                      bool withAsked) {
-  if (settingsThatDiffer(current->now, next.now).empty()) {
+  const std::vector<FieldDifference> differences =
+      settingsThatDiffer(current->now, next.now);
+  if (differences.empty()) {
     next.analysis = current->analysis;
     next.asked = current->asked;
     next.displaced = current->displaced;
@@ -157,7 +159,7 @@ std::vector<Effect> SessionImp::take(Step next, const std::string &why,
   }
   if (next.editedCommand == next.analysis.command)
     next.editedCommand.reset();
-  if (!next.differsFrom(*current))
+  if (differences.empty() && !next.differsInTextsFrom(*current))
     return {};
   static const std::set<std::string> none;
   std::vector<Effect> effects = effectsBetween(

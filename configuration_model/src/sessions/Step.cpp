@@ -51,11 +51,10 @@ void noteChangedDevices(const Snapshot &before, Step &after) {
 
 } // namespace
 
-bool Step::differsFrom(const Step &other) const {
+bool Step::differsInTextsFrom(const Step &other) const {
   return drafts != other.drafts || commandDraft != other.commandDraft ||
          editedCommand != other.editedCommand ||
-         now.record.connectCommand != other.now.record.connectCommand ||
-         !settingsThatDiffer(now, other.now).empty();
+         now.record.connectCommand != other.now.record.connectCommand;
 }
 
 std::vector<Loss> lossesOf(const Step &step, const Snapshot &defaults) {

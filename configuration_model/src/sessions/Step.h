@@ -40,8 +40,8 @@ struct Step {
   std::set<std::string> displaced;
   Analysis analysis; ///< of `now`
 
-  /// Whether anything that a person sees differs.
-  bool differsFrom(const Step &other) const;
+  /// Whether a text that a person sees differs: a draft, or a command.
+  bool differsInTextsFrom(const Step &other) const;
 };
 
 using StepPointer = std::shared_ptr<const Step>;

@@ -360,6 +360,22 @@ Value valueIn(const Snapshot &snapshot, const SettingRow &row,
   return snapshot.cpuJtag;
 }
 
+bool isSameIn(const Snapshot &before, const Snapshot &after,
+              const SettingRow &row) {
+  if (row.get != nullptr)
+    return row.get(before) == row.get(after);
+  switch (GetSettingFields()[row.field].owner) {
+  case FieldOwner::processor:
+    return GetField(before.record, row.field) ==
+           GetField(after.record, row.field);
+  case FieldOwner::cable:
+    return GetField(before.cable, row.field) ==
+           GetField(after.cable, row.field);
+  default:
+    return valueIn(before, row) == valueIn(after, row);
+  }
+}
+
 void storeIn(Snapshot &snapshot, const SettingRow &row, const Value &value,
              std::size_t device) {
   if (row.set != nullptr)

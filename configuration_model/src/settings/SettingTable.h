@@ -56,6 +56,9 @@ Value valueOf(const FieldValue &value, const SettingRow &row);
 /// @param device  of a device's field: which one
 Value valueIn(const Snapshot &snapshot, const SettingRow &row,
               std::size_t device = 0);
+/// Whether two configurations share a setting, at less cost than by its values.
+bool isSameIn(const Snapshot &before, const Snapshot &after,
+              const SettingRow &row);
 /// Stores a value as it is, cut to its field. Its type is the setting's.
 void storeIn(Snapshot &snapshot, const SettingRow &row, const Value &value,
              std::size_t device = 0);

@@ -9,10 +9,14 @@ namespace ZelDebugDialog::model {
 
 namespace {
 
-constexpr const char *command = "connectCommand";
+/// No setting to compare: it follows from the others.
+bool isCommand(const SettingRow &row) {
+  static const std::size_t command = FindField("connectCommand");
+  return row.field == command;
+}
 
 bool isField(const SettingRow &row) {
-  return row.get == nullptr && row.info.id != command;
+  return row.get == nullptr && !isCommand(row);
 }
 
 /// Calls `visit` with the rows of both, device fields apart.
@@ -132,12 +136,9 @@ std::vector<FieldDifference> settingsThatDiffer(const Snapshot &before,
                                                 const Snapshot &after) {
   std::vector<FieldDifference> differences;
   for (const SettingRow &row : settingRows()) {
-    if (row.isOfDevice() || row.info.id == command)
-      continue;
-    Value left = valueIn(before, row);
-    Value right = valueIn(after, row);
-    if (left != right)
-      differences.push_back({row.info.id, std::move(left), std::move(right)});
+    if (!row.isOfDevice() && !isCommand(row) && !isSameIn(before, after, row))
+      differences.push_back(
+          {row.info.id, valueIn(before, row), valueIn(after, row)});
   }
   return differences;
 }

@@ -31,6 +31,7 @@ void Elaboration::elaborate(const DesignRecord &design) {
 }
 
 bool Elaboration::elaborate(const ComponentRecord &component) {
+  noteViews(component);
   const ViewRecord *const view = views.choose(component, nullptr, "");
   if (view == nullptr || !view->leadsToDesign()) {
     report(Severity::error, component.interfaces.origin.file,
@@ -213,6 +214,7 @@ Elaboration::componentOf(const Identity &identity) {
   DesignComponent data;
   data.typeName = identity.name;
   if (component.record != nullptr) {
+    noteViews(*component.record);
     data = component.record->interfaces;
     if (data.hasCpus)
       data.role = DesignRole::processor;
@@ -235,6 +237,19 @@ Elaboration::componentOf(const Identity &identity) {
                        : data.role;
   component.id = model.AddComponent(std::move(data));
   return component;
+}
+
+void Elaboration::noteViews(const ComponentRecord &record) {
+  for (const ViewRecord &view : record.views)
+    DesignContents::of(model).views.insert(view.name);
+}
+
+std::vector<Identity> Elaboration::identities() const {
+  std::vector<Identity> found;
+  found.reserve(components.size());
+  for (const auto &entry : components)
+    found.push_back(entry.first);
+  return found;
 }
 
 bool Elaboration::spendInstance(const Item &item) {

@@ -25,7 +25,8 @@ public:
               const std::string &view, const ModelLimits &limits,
               DesignModel &target)
       : store(documents), kinds(table),
-        views(documents, view, DesignContents::of(target).diagnostics),
+        views(documents, view, DesignContents::of(target).diagnostics,
+              DesignContents::of(target).missing),
         most(limits), room(limits), model(target),
         diagnostics(DesignContents::of(target).diagnostics) {}
 
@@ -35,6 +36,9 @@ public:
   /// The component on top of a hierarchy. False: no view of it leads to a
   /// design that can be read; an error says so.
   bool elaborate(const ComponentRecord &component);
+
+  /// The components that instances refer to, found or not.
+  std::vector<Identity> identities() const;
 
 private:
   /// What is known of a component that instances refer to.
@@ -83,6 +87,7 @@ private:
                     const EndRecord &end);
   void checkSelections(const Level &level);
   const Component &componentOf(const Identity &identity);
+  void noteViews(const ComponentRecord &record);
   bool spendInstance(const Item &item);
   bool spend(std::size_t bytes, const Item &item);
   void close(const Item &item, const std::string &reason);

@@ -72,6 +72,10 @@ bool readDesignFrom(const DocumentSource &documents,
     top.reset();
     elaboration.elaborate(*design);
   }
+  std::vector<Identity> known = elaboration.identities();
+  known.insert(known.end(), library.components().begin(),
+               library.components().end());
+  kinds.reportUnused(known, diagnostics);
   applyConnectRows(kinds.connectRows(), sources.kindsFile, model);
   return true;
 }

@@ -64,8 +64,7 @@ void ViewChooser::followConfiguration(const ComponentRecord &component,
   const ConfigurationRecord *const configuration =
       store.findConfiguration(reference.identity);
   if (configuration == nullptr)
-    model.AddMissing({std::string(toText(DocumentType::designConfiguration)),
-                      toText(reference.identity)});
+    miss(DocumentType::designConfiguration, reference);
   if (configuration == nullptr)
     return report(Severity::error, fileOf(component), reference.line,
                   "design configuration " + quote(toText(reference.identity)) +
@@ -94,8 +93,7 @@ void ViewChooser::followHierarchy(const ComponentRecord &component,
   }
   inner.configuration = store.findConfiguration(reference.identity);
   if (inner.configuration == nullptr)
-    model.AddMissing({std::string(toText(DocumentType::design)),
-                      toText(reference.identity)});
+    miss(DocumentType::design, reference);
   if (inner.configuration == nullptr)
     return report(Severity::error, fileOf(component), reference.line,
                   "there is neither a design nor a design configuration " +
@@ -118,11 +116,14 @@ const DesignRecord *ViewChooser::findDesign(const std::string &file,
   const DesignRecord *const design = store.findDesign(reference.identity);
   if (design != nullptr)
     return design;
-  model.AddMissing(
-      {std::string(toText(DocumentType::design)), toText(reference.identity)});
+  miss(DocumentType::design, reference);
   report(Severity::error, file, reference.line,
          "design " + quote(toText(reference.identity)) + " is not found");
   return design;
+}
+
+void ViewChooser::miss(DocumentType type, const ReferenceRecord &reference) {
+  missing.add({std::string(toText(type)), toText(reference.identity)});
 }
 
 void ViewChooser::report(Severity severity, const std::string &file, int line,

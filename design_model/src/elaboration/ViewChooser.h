@@ -6,6 +6,7 @@
 
 #include "elaboration/DocumentStore.h"
 #include "messages/DiagnosticList.h"
+#include "messages/MissingList.h"
 #include "records/Records.h"
 
 namespace ZelDebugDialog {
@@ -23,8 +24,8 @@ class ViewChooser {
 public:
   /// `name` is the user's choice, or empty.
   ViewChooser(DocumentStore &documents, const std::string &name,
-              DiagnosticList &list)
-      : store(documents), wanted(name), diagnostics(list) {}
+              DiagnosticList &list, MissingList &absent)
+      : store(documents), wanted(name), diagnostics(list), missing(absent) {}
 
   /// The view that the configuration around an instance selects for it, if it
   /// does and the component has it; else the user's choice, if the component
@@ -50,6 +51,7 @@ private:
   const DesignRecord *findDesignOf(const ConfigurationRecord &configuration);
   const DesignRecord *findDesign(const std::string &file,
                                  const ReferenceRecord &reference);
+  void miss(DocumentType type, const ReferenceRecord &reference);
   void report(DesignDiagnostic::Severity severity, const std::string &file,
               int line, std::string message);
 
@@ -57,6 +59,7 @@ private:
   const std::string &wanted;
   bool isWantedKnown = false; ///< To some component.
   DiagnosticList &diagnostics;
+  MissingList &missing;
 };
 
 } // namespace ZelDebugDialog

@@ -3,6 +3,7 @@
 #define ZELDEBUGDIALOG_DESIGNMODEL_DESIGNCONTENTS_H
 
 #include <cstdint>
+#include <set>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
@@ -12,6 +13,7 @@
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "graph/ConnectionGraph.h"
 #include "messages/DiagnosticList.h"
+#include "messages/MissingList.h"
 #include "names/NameIndex.h"
 
 namespace ZelDebugDialog {
@@ -25,14 +27,14 @@ struct DesignContents {
   ConnectionGraph graph;
   std::vector<DesignInstance> instances; ///< Of the graph, by index.
   DiagnosticList diagnostics;
-  std::vector<MissingDocument> missing;
-  std::unordered_set<std::string> missingKeys; ///< "type:identity"
+  MissingList missing;
   NameIndex firstByName;
   /// "parent/name" of the instances whose full name another had before them.
   std::unordered_set<std::string> namesakes;
   std::unordered_map<std::string, std::vector<Index>> byTypeName;
   std::vector<Index> processors;
   std::vector<Index> debugModules;
+  std::set<std::string> views; ///< The names of those of all components.
   /// For a debug module the processors that are stated to be on it.
   std::unordered_map<Index, std::vector<Index>> stated;
   /// The pairs of `stated`: processor and module.

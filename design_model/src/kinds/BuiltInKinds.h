@@ -3,6 +3,7 @@
 #define ZELDEBUGDIALOG_DESIGNMODEL_BUILTINKINDS_H
 
 #include <string_view>
+#include <vector>
 
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 
@@ -11,11 +12,8 @@ namespace ZelDebugDialog {
 /// `other` for a type name that the table doesn't hold.
 DesignRole findBuiltInRole(std::string_view typeName);
 
-/// A serial port that a debug stub can use.
-bool isStubUart(std::string_view typeName);
-
-/// The debugger has a class for memories of this type.
-bool isMemoryType(std::string_view typeName);
+/// The type names of a role.
+std::vector<std::string_view> builtInTypes(DesignRole role);
 
 } // namespace ZelDebugDialog
 

@@ -1,10 +1,11 @@
 #include "kinds/KindTable.h"
 
+#include <algorithm>
 #include <array>
 #include <sstream>
 #include <utility>
 
-#include "kinds/BuiltInKinds.h"
+#include "kinds/KnownTypes.h"
 #include "messages/Quote.h"
 #include "names/Utf8.h"
 #include "names/WildcardMatch.h"
@@ -83,12 +84,16 @@ std::vector<std::string> splitRow(const std::string &line) {
   return row;
 }
 
-/// The engine goes by the type name of a debug module: one that it doesn't know
-/// helps nobody.
-bool isUseful(const Kind &kind) {
-  return kind.role != DesignRole::debugModule ||
-         findBuiltInRole(kind.typeName) == DesignRole::debugModule;
+bool fits(const Identity &pattern, const Identity &identity) {
+  return matchesWildcard(pattern.vendor, identity.vendor) &&
+         matchesWildcard(pattern.library, identity.library) &&
+         matchesWildcard(pattern.name, identity.name) &&
+         matchesWildcard(pattern.version, identity.version);
 }
+
+/// A table with many patterns for a library with many components is a mistake;
+/// without a limit it takes its time.
+constexpr std::size_t mostComparisons = 20000000;
 
 } // namespace
 
@@ -102,6 +107,7 @@ bool KindTable::read(const DocumentSource &source, const std::string &file,
   }
   std::istringstream lines(text);
   lines.exceptions(std::ios::badbit);
+  tableFile = file;
   bool isGood = true;
   int number = 0;
   for (std::string line; std::getline(lines, line);)
@@ -131,22 +137,37 @@ bool KindTable::readLine(const std::string &file, int number,
     connects.push_back(std::move(connect));
     return true;
   }
-  if (!isUseful(row.kind))
-    diagnostics.add({Severity::warning, file, number,
-                     "the debugger knows no debug module of type " +
-                         quote(row.kind.typeName)});
+  row.line = number;
+  std::string doubt = findTypeFault(row.kind.role, row.kind.typeName);
+  if (!doubt.empty())
+    diagnostics.add({Severity::warning, file, number, std::move(doubt)});
   rows.push_back(std::move(row));
   return true;
 }
 
 const Kind *KindTable::find(const Identity &identity) const {
   for (const Row &row : rows)
-    if (matchesWildcard(row.pattern.vendor, identity.vendor) &&
-        matchesWildcard(row.pattern.library, identity.library) &&
-        matchesWildcard(row.pattern.name, identity.name) &&
-        matchesWildcard(row.pattern.version, identity.version))
+    if (fits(row.pattern, identity))
       return &row.kind;
   return nullptr;
+}
+
+void KindTable::reportUnused(const std::vector<Identity> &components,
+                             DiagnosticList &diagnostics) const {
+  std::size_t left = mostComparisons;
+  for (const Row &row : rows) {
+    if (components.size() > left)
+      return;
+    left -= components.size();
+    const bool isUsed = std::any_of(components.begin(), components.end(),
+                                    [&row](const Identity &identity) {
+                                      return fits(row.pattern, identity);
+                                    });
+    if (!isUsed)
+      diagnostics.add({Severity::warning, tableFile, row.line,
+                       "no component of the design or its libraries fits " +
+                           quote(toText(row.pattern))});
+  }
 }
 
 } // namespace ZelDebugDialog

@@ -47,6 +47,10 @@ public:
   /// Null when no row fits.
   const Kind *find(const Identity &identity) const;
 
+  /// Reports the rows that fit none of the components.
+  void reportUnused(const std::vector<Identity> &components,
+                    DiagnosticList &diagnostics) const;
+
   /// In the order of the file.
   const std::vector<ConnectRow> &connectRows() const { return connects; }
 
@@ -54,11 +58,13 @@ private:
   struct Row {
     Identity pattern;
     Kind kind;
+    int line = 0;
   };
 
   bool readLine(const std::string &file, int number, const std::string &line,
                 DiagnosticList &diagnostics);
 
+  std::string tableFile;
   std::vector<Row> rows;
   std::vector<ConnectRow> connects;
 };

@@ -136,6 +136,8 @@ void Library::searchFile(const std::string &file) {
 void Library::enter(Files &files, DocumentType type, const Identity &identity,
                     const DesignOrigin &origin, const std::string &file) {
   const auto [first, isNew] = files.emplace(keyOf(type, identity), file);
+  if (isNew && type == DocumentType::component)
+    known.push_back(identity);
   if (isNew || source.identify(first->second) == source.identify(file))
     return;
   diagnostics.add({Severity::warning, origin.file, origin.line,

@@ -28,6 +28,9 @@ public:
   std::vector<std::string> find(DocumentType type,
                                 const Identity &identity) const;
 
+  /// Every component that a file is said to hold.
+  const std::vector<Identity> &components() const { return known; }
+
 private:
   using Files = std::unordered_map<std::string, std::string>;
 
@@ -42,6 +45,7 @@ private:
   Files catalogued;
   Files searched;
   std::vector<std::string> catalogs;
+  std::vector<Identity> known;
 };
 
 } // namespace ZelDebugDialog

@@ -4,7 +4,6 @@
 #include <string_view>
 #include <utility>
 
-#include "kinds/BuiltInKinds.h"
 #include "proposals/KindCandidates.h"
 #include "proposals/Words.h"
 

@@ -3,7 +3,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "kinds/BuiltInKinds.h"
+#include "kinds/KnownTypes.h"
 #include "proposals/KindCandidates.h"
 #include "proposals/Words.h"
 

@@ -415,7 +415,7 @@ void Walk::expectSaved(const SessionState &state) {
     }
     return std::string();
   };
-  const bool isAsSaved = !state.dirty && state.exists;
+  const bool isAsSaved = !state.dirty && state.exists && !state.changedOnDisk;
   if (!state.changedOnDisk && state.problem.empty() && !isAsSaved)
     expect((save() == "would-be-lost") == isBlocked,
            "6: saving is refused for a blocking loss");

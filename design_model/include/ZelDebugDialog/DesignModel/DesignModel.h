@@ -265,6 +265,10 @@ public:
                                   std::size_t most = 100) const;
   /// Names of the instances whose role is `debugModule`.
   std::vector<std::string> DebugModules() const;
+  /// The names of the views of all components that a read design consists of,
+  /// the one on top included; sorted, each once. What `DesignSources::view` can
+  /// be.
+  std::vector<std::string> Views() const;
   /// In the order in which they were found.
   const std::vector<DesignDiagnostic> &Diagnostics() const;
   /// What the design refers to and was not found, in the order of reference.

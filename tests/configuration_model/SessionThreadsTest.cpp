@@ -1,0 +1,104 @@
+// Sessions in several threads: of boards with different designs, each thread
+// with its own, and one session that two threads share.
+#include <atomic>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "configuration_model/ModelTest.h"
+
+namespace {
+
+using namespace ZelDebugDialog;
+
+constexpr int rounds = 50;
+
+/// Another design than that of the other tests, with names of its own.
+void fillOther(support::FakeDesign &design) {
+  design.processors = {"core0", "core1"};
+  design.typeOf = {{"core0", "ppc405_core"}, {"core1", "ppc440_core"}};
+  design.addDebugModule("link", "ppc_jtag_link", {"core0", "core1"});
+  design.addPeripheral("core1", "fpu", "aux_fpu_gen5");
+  design.parameterOf[{"fpu", "C_DOUBLE_PRECISION"}] = "1";
+}
+
+class SessionThreadsTest : public model_test::ModelTest {
+protected:
+  SessionThreadsTest() : other(otherBoard()) {}
+
+  Board otherBoard() {
+    fillOther(otherDesign);
+    return {otherDesign, (work.path() / "etc").string()};
+  }
+
+  support::FakeDesign otherDesign;
+  Board other;
+};
+
+/// A dialog's life: each step answers as if it were alone.
+int livesIn(const Board &board, const std::string &processor) {
+  int good = 0;
+  for (int round = 1; round <= rounds; ++round) {
+    Session session(board, processor);
+    session.Change({{"debugDevice", round}, {"cable.cableType", 3}});
+    session.Draft("stubTimeout", "soon");
+    const std::string command = session.Command();
+    const SessionState state = session.State();
+    session.DropDraft("stubTimeout");
+    session.Edit(command + " -quiet");
+    session.Undo();
+    const bool isSaved = !SaveSessions({&session}).front().refusal;
+    const Session anew(board, processor);
+    const bool isSame = anew.Command() == command && state.command == command;
+    good += isSaved && isSame && CheckCommand(command).accepted ? 1 : 0;
+  }
+  return good;
+}
+
+TEST_F(SessionThreadsTest, FourWithSessionsOfTheirOwn) {
+  struct Place {
+    const Board *board;
+    const char *processor;
+  } const places[] = {
+      {&board, "lc"}, {&board, "ppc440"}, {&other, "core0"}, {&other, "core1"}};
+  std::vector<int> good(std::size(places));
+  std::vector<std::thread> threads;
+  for (std::size_t i = 0; i < good.size(); ++i)
+    threads.emplace_back([&good, &places, i] {
+      good[i] = livesIn(*places[i].board, places[i].processor);
+    });
+  for (std::thread &thread : threads)
+    thread.join();
+  for (const int count : good)
+    EXPECT_EQ(count, rounds);
+}
+
+TEST_F(SessionThreadsTest, TwoWithOneSession) {
+  Session session = open();
+  Session source = open("ppc405");
+  std::atomic<int> answers{0};
+  const auto use = [&](const char *setting) {
+    for (int round = 1; round <= rounds; ++round) {
+      session.Change({{setting, round}});
+      session.State();
+      session.Losses();
+      session.Get(setting);
+      session.ChangedOnDisk();
+      source.CopyFrom(session);
+      session.CopyFrom(source);
+      SaveSessions({&session, &source});
+      SaveSessions({&source, &session});
+      ++answers;
+    }
+  };
+  std::thread first(use, "debugDevice");
+  std::thread second(use, "stubTimeout");
+  first.join();
+  second.join();
+  EXPECT_EQ(answers, 2 * rounds);
+  EXPECT_TRUE(session.State().canUndo);
+}
+
+} // namespace
