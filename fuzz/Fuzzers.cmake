@@ -68,7 +68,8 @@ if(ZELDEBUGDIALOG_TOOL)
     set(fuzz_arguments_includes ${PROJECT_SOURCE_DIR}/zeldebug/src)
     set(fuzz_arguments_definitions BOARD_FOLDER="${PROJECT_SOURCE_DIR}/examples/board")
     set(fuzz_arguments_libraries FuzzCommon
-        ZelDebugDialog::ZelDebugDialog ZelDebugDialog::DesignModel
+        ZelDebugDialog::ConfigurationModel ZelDebugDialog::ZelDebugDialog
+        ZelDebugDialog::DesignModel
         CLI11::CLI11 fmt::fmt nlohmann_json::nlohmann_json
         -Wl,--wrap=write)
 endif()

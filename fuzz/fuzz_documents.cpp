@@ -15,6 +15,7 @@
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "design_model/MemorySource.h"
 #include "elaboration/ReadDesignFrom.h"
+#include "proposals/ProposeKindsFrom.h"
 
 namespace {
 
@@ -98,6 +99,39 @@ void ask(DesignModel &model) {
   }
 }
 
+/// Both ways to ask for wires agree on which interfaces there are.
+void askForWires(const DesignModel &model) {
+  constexpr std::size_t mostEnds = 5;
+  const auto interfacesOf = [&model](std::size_t instance) {
+    return model.Component(model.Instances()[instance].component)
+        .interfaces.size();
+  };
+  for (const DesignWire &wire : model.Connections())
+    for (const DesignPort &end : wire.ends) {
+      require(end.interface < interfacesOf(end.instance));
+      require(wire.within == end.instance ||
+              wire.within == model.Instances()[end.instance].parent);
+      for (const DesignPort &far : model.WiredTo(end, mostEnds))
+        require(far.interface < interfacesOf(far.instance));
+    }
+}
+
+/// What is proposed can be read, and what is to play a processor does.
+void propose(const MemorySource &source, const DesignSources &sources,
+             bool isRead) {
+  KindProposal proposal;
+  DesignModel model;
+  require(proposeKindsFrom(source, sources, limits, proposal, model) == isRead);
+  std::set<std::string> processors;
+  for (const DesignInstance &instance : model.Instances())
+    if (instance.role == DesignRole::processor)
+      processors.insert(model.Component(instance.component).identity);
+  for (const KindCandidate &candidate : proposal.candidates)
+    require(candidate.part != KindPart::processor ||
+            candidate.verdict != KindVerdict::proposed ||
+            processors.count(candidate.identity) != 0);
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data,
@@ -121,5 +155,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data,
   const bool isRead = readDesignFrom(source, sources, limits, model);
   checkOutcome(isRead, model);
   ask(model);
+  askForWires(model);
+  propose(source, sources, isRead);
   return 0;
 }

@@ -22,9 +22,9 @@ using testing::Not;
 /// A bus interface whose bus is of a kind "x:bus:type:1".
 std::string port(const std::string &name, const std::string &type,
                  const std::string &mode) {
-  return interface(name,
+  return interface(name, "<ipxact:" + mode + "/>",
                    "<ipxact:busType vendor=\"x\" library=\"bus\" name=\"" +
-                       type + "\" version=\"1\"/><ipxact:" + mode + "/>");
+                       type + "\" version=\"1\"/>");
 }
 
 std::string bridge(const std::string &name, const std::string &to) {
@@ -215,8 +215,8 @@ TEST(KindProposal, TakesTheProcessorInside) {
       {{"box.xml", part("cpu_box", pair, viewOf("inner"))},
        {"core.xml", part("core", pair)},
        {"inner.xml", design("inner", instance("core", "core"),
-                            connection("a", {"imem", "core.imem"}) +
-                                connection("b", {"dmem", "core.dmem"}))},
+                            connection("a", {"core.imem", "imem"}) +
+                                connection("b", {"core.dmem", "dmem"}))},
        {"top.xml", design("d", instance("box", "cpu_box"))}});
   EXPECT_THAT(found.candidates(),
               ElementsAre("processor rejected cpu_box",
@@ -577,6 +577,18 @@ TEST(KindProposal, WritesRowsWhateverTheNames) {
   EXPECT_THAT(found.rows(), ElementsAre("x:y:a?b?c:1   processor   lumacore"));
   EXPECT_EQ(found.result.model.getIpName(found.result.instances().front()),
             "lumacore");
+}
+
+/// A colon parts the first word of a row.
+TEST(KindProposal, WritesNoRowThatIsNone) {
+  const Proposing found({{"x.xml", part("a:b", "", cpus)},
+                         {"top.xml", design("d", instance("x", "a:b"))}});
+  EXPECT_TRUE(found.isRead);
+  EXPECT_THAT(found.rows(), IsEmpty());
+  ASSERT_EQ(found.proposal.candidates.size(), 1u);
+  EXPECT_EQ(found.proposal.candidates[0].verdict, KindVerdict::undecided);
+  EXPECT_EQ(found.proposal.candidates[0].question,
+            "a part of its identity holds a colon: put '?' in its place");
 }
 
 TEST(KindProposal, IsEmptyForADesignThatCannotBeRead) {

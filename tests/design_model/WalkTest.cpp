@@ -291,6 +291,41 @@ TEST_F(Hierarchy, LeavesTheAnswerToTheInnermost) {
   EXPECT_THAT(built.peripherals("cpu"), ElementsAre("box.inner"));
 }
 
+/// The cpu is in the box, beside what only passes on; the box is reached from
+/// outside too, at an interface that leads to nothing in it.
+TEST_F(Hierarchy, AnswersItselfBesideWhatPassesOn) {
+  const Id box = addBox({{"up", initiator}, {"bare", target}});
+  const Id cpu = add("cpu", {{"a", initiator}, {"b", initiator}},
+                     DesignRole::processor, box);
+  const Id pass =
+      add("pass", {{"in", target}, {"out", initiator}}, DesignRole::other, box);
+  join({{pass, "in"}, {pass, "out"}}, pass);
+  join({{cpu, "a"}, {pass, "in"}}, box);
+  join({{cpu, "b"}, {box, "up"}}, box);
+  join({{box, "up"}, {box, "bare"}});
+  EXPECT_THAT(built.peripherals("box.cpu"), ElementsAre("box"));
+  // The same with one that answers in its place.
+  const Id ram = addRam("ram", box);
+  join({{cpu, "a"}, {ram, "bus"}}, box);
+  EXPECT_THAT(built.peripherals("box.cpu"), ElementsAre("box.ram"));
+}
+
+/// Three deep, each reached by a way of its own, in either order.
+TEST_F(Hierarchy, LeavesTheAnswerToTheInnermostInAnyOrder) {
+  const Id cpu =
+      add("cpu", {{"i", initiator}, {"d", initiator}}, DesignRole::processor);
+  const Id box = addBox({{"bare", target}, {"bus", target}});
+  const Id middle = add("middle", {{"bare", target}, {"bus", target}},
+                        DesignRole::other, box);
+  const Id inner = add("inner", {{"bus", target}}, DesignRole::other, middle);
+  addRam("unreached", inner);
+  join({{cpu, "i"}, {box, "bare"}});
+  join({{cpu, "d"}, {box, "bus"}});
+  join({{box, "bus"}, {middle, "bare"}, {middle, "bus"}}, box);
+  join({{middle, "bus"}, {inner, "bus"}}, middle);
+  EXPECT_THAT(built.peripherals("cpu"), ElementsAre("box.middle.inner"));
+}
+
 TEST_F(Hierarchy, NeverAnswersForItsInitiatorsAndSystems) {
   const Id cpu = addCpu();
   const Id box = addBox({{"i", initiator},
@@ -487,6 +522,18 @@ TEST_F(DebugModule, ReachesThroughTheHierarchyBothWays) {
   join({{outer, "up"}, {box, "down"}});
   join({{box, "down"}, {cpu, "d"}, {ram, "bus"}}, box);
   EXPECT_THAT(built.attached("outer.module"), ElementsAre("box.cpu"));
+}
+
+TEST_F(DebugModule, ReachesNothingByAMonitor) {
+  const Id module = addModule({{"d", initiator}});
+  const Id box = add("box", {{"m", InterfaceMode::monitor}, {"s", target}});
+  const Id cpu = add("cpu", {{"d", target}}, DesignRole::processor, box);
+  join({{box, "m"}, {cpu, "d"}}, box);
+  join({{module, "d"}, {box, "m"}});
+  EXPECT_THAT(built.attached("module"), IsEmpty());
+  join({{box, "s"}, {cpu, "d"}}, box);
+  join({{module, "d"}, {box, "s"}});
+  EXPECT_THAT(built.attached("module"), ElementsAre("box.cpu"));
 }
 
 TEST_F(DebugModule, IsWhatIsAsked) {

@@ -218,10 +218,9 @@ TEST_F(CheckCommandTest, DrawsEachKindOfFault) {
        "                          ^^^^^^^^^^^\n"},
       {"vpconnect lc -ipcport host", 0, ""},
       {"vpconnect lc -ipcport h:010", 0, ""},
-      // No type of cable has any frequency.
       {"connect lc hdu -cable frequency 5 -quiet", 0,
-       "33: warning: '5' is no frequency of this cable, and is read all the "
-       "same [frequency-not-checked]\n"
+       "33: warning: '5' is the frequency of no cable "
+       "[frequency-without-cable]\n"
        "  connect lc hdu -cable frequency 5 -quiet\n"
        "                                  ^\n"},
       // The clause that ends the command puts another frequency in its place.
@@ -406,29 +405,72 @@ TEST_F(CheckCommandTest, WantsCommandsOrAFile) {
   EXPECT_EQ(unnamed.err, "zeldebug: error: '': No such file or directory\n");
 }
 
-TEST_F(CheckCommandTest, EachExampleOfACodeHasThatCode) {
+TEST_F(CheckCommandTest, EveryCodeIsExplained) {
   const json codes = runJson({"explain-code"})["codes"];
-  EXPECT_EQ(codes.size(), 27U);
+  EXPECT_EQ(codes.size(), 64U);
   std::set<std::string> names;
   for (const json &row : codes) {
-    names.insert(row["code"].get<std::string>());
-    const std::string example = row["example"];
-    EXPECT_NE(example, "");
-    const bool ofFile = row["where"] == "in an option file";
-    if (ofFile)
-      folder.write("commands.txt", example + "\n");
-    else if (!row["where"].is_null()) // no command alone has the fault
-      continue;
-    const std::vector<std::string> line =
-        ofFile ? std::vector<std::string>{"check", "--file", "commands.txt"}
-               : std::vector<std::string>{"check", example};
-    const json document = runJson(line, row["severity"] == "error" ? 1 : 0);
-    bool isFound = false;
-    for (const json &diagnostic : document["commands"][0]["diagnostics"])
-      isFound = isFound || diagnostic["code"] == row["code"];
-    EXPECT_TRUE(isFound) << row["code"];
+    const std::string code = row["code"];
+    names.insert(code);
+    const bool isLoss = row["severity"] == "loss";
+    EXPECT_TRUE(isLoss || row["example"].is_string()) << code;
+    EXPECT_THAT(this->run({"explain-code", code}).out,
+                testing::StartsWith(code + " ("));
   }
   EXPECT_EQ(names.size(), codes.size());
+  // The reason of a loss, with an example and without one.
+  EXPECT_EQ(this->run({"explain-code", "rom-range"}).out,
+            "rom-range (loss)\n\n"
+            "A ROM range is written when it has a start and a size other than "
+            "0.\n\n"
+            "Example:\n  connect lc hdu -debugdevice romemStartAdr 0x100\n\n"
+            "What to do: Give both.\n");
+  EXPECT_EQ(this->run({"explain-code", "odd-values"}).out,
+            "odd-values (loss)\n\n"
+            "A stub type, a flag of the virtual platform or an FPU type that "
+            "is none of the named values comes back as one of them.\n\n"
+            "What to do: Use the named values.\n");
+}
+
+TEST_F(CheckCommandTest, KnowsWhatAProcessorDoesNotAllow) {
+  const auto check = [this](const std::string &processor,
+                            const std::string &command) {
+    return this->run(
+        {"check", "--design", board, "--processor", processor, command});
+  };
+  EXPECT_EQ(check("lumacore_0", "connect lc stub").out,
+            "1 command checked, 0 refused\n");
+  Result run = check("lumacore_1", "connect lc stub");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, "12: error: 'stub' is a connection that the processor "
+                     "does not allow [connection-not-allowed]\n"
+                     "  connect lc stub\n"
+                     "             ^^^^\n"
+                     "  accepted: 'sim', 'hdu'\n"
+                     "1 command checked, 1 refused\n");
+  EXPECT_EQ(check("lumacore_0", "connect lc hdu -debugdevice cpunr 2").status,
+            1);
+  run = check("ppc405_0", "connect lc hdu");
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.out, HasSubstr("9: warning: 'lc' is the target of another "
+                                 "processor [target-differs]\n"));
+  EXPECT_EQ(check("lumacore_9", "connect lc hdu").status, 2);
+  EXPECT_EQ(check("r5_0", "connect lc hdu").status, 1);
+  const json document = runJson({"check", "--design", board, "--processor",
+                                 "lumacore_0", "connect lc hdu"});
+  EXPECT_EQ(document["diagnostics"], json::array());
+  EXPECT_EQ(document["commands"].size(), 1U);
+}
+
+TEST_F(CheckCommandTest, TakesADesignWithAProcessorOnly) {
+  const std::string message =
+      "zeldebug: error: check: --design and --processor go together\n";
+  Result run = this->run({"check", "--design", board, "connect lc hdu"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, message);
+  run = this->run({"check", "--processor", "lumacore_0", "connect lc hdu"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, message);
 }
 
 TEST_F(CheckCommandTest, ExplainsACode) {

@@ -354,10 +354,12 @@ TEST_F(CommandCommandTest, RefusesTextsThatAreNoWord) {
     const struct {
       const char *text;
       const char *reason;
+      const char *shown = text;
     } rows[] = {
         {"", "it is empty, and a command cannot carry an empty value"},
         {"a b", "it holds white space, and a command ends its words there"},
-        {"a\t", "it holds white space, and a command ends its words there"},
+        {"a\t", "it holds white space, and a command ends its words there",
+         "a\\x09"},
         {"-x", "it begins with '-', and a command takes it for an option word"},
         {"-", "it begins with '-', and a command takes it for an option word"},
     };
@@ -366,7 +368,7 @@ TEST_F(CommandCommandTest, RefusesTextsThatAreNoWord) {
           "lumacore_0", {"--cable", "quorla_plugin", option, row.text});
       EXPECT_EQ(run.status, 2) << option << row.text;
       EXPECT_EQ(run.err,
-                prefix + row.text + "' is refused: " + row.reason + "\n");
+                prefix + row.shown + "' is refused: " + row.reason + "\n");
     }
   }
 }

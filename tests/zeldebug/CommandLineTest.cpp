@@ -12,9 +12,9 @@ using testing::StartsWith;
 using CommandLineTest = ToolTest;
 
 const std::vector<std::string> subcommands{
-    "list",   "design",     "show",         "set",  "command",
-    "check",  "explain",    "explain-code", "diff", "roundtrip",
-    "cables", "completion", "manual"};
+    "list",   "design",   "show",         "set",    "command",
+    "check",  "explain",  "explain-code", "diff",   "roundtrip",
+    "cables", "language", "completion",   "manual", "help"};
 
 TEST_F(CommandLineTest, EveryLevelHasHelpWithAnExample) {
   Result run = this->run({"--help"});
@@ -60,12 +60,13 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
        "unknown subcommand 'lst'; there are 'list', 'design', 'kinds', 'show', "
        "'set', "
        "'command', 'check', 'explain', 'explain-code', 'diff', 'roundtrip', "
-       "'cables', 'completion', 'manual'; did you mean 'list'?"},
+       "'cables', 'language', 'completion', 'manual', 'help'; did you mean "
+       "'list'?"},
       {{"frobnicate"},
        "unknown subcommand 'frobnicate'; there are 'list', 'design', 'kinds', "
        "'show', "
        "'set', 'command', 'check', 'explain', 'explain-code', 'diff', "
-       "'roundtrip', 'cables', 'completion', 'manual'"},
+       "'roundtrip', 'cables', 'language', 'completion', 'manual', 'help'"},
       {{"list", "--jsn", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
        "'--library', '--view', '--kinds', '--max-instances'; did you mean "
@@ -87,7 +88,8 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
        "'--json'?"},
       {{"check", "connect", "lc", "hdu", "-cable", "type", "x"},
        "unknown option '-cable' of 'check'; there are '--help', '--json', "
-       "'-C', '--file'; a connect command is one argument: put it in quotes"},
+       "'-C', '--file', '--design', '--library', '--view', '--kinds', "
+       "'--processor'; a connect command is one argument: put it in quotes"},
       {{"list", "x", "y"}, "'list' takes no more arguments, but 'y' is left"},
   };
   for (const auto &row : rows) {
@@ -96,6 +98,45 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.err, "zeldebug: error: " + row.message + "\n");
   }
+}
+
+TEST_F(CommandLineTest, AnOptionIsNoValueOfTheOneInFrontOfIt) {
+  const struct {
+    std::vector<std::string> line;
+    const char *message;
+  } rows[] = {
+      {{"--cable", "--frequency", "3MHz"},
+       "--cable: a value is missing, in front of '--frequency'"},
+      {{"--cable", "--frequency=3MHz"},
+       "--cable: a value is missing, in front of '--frequency=3MHz'"},
+      {{"--port", "--json"},
+       "--port: a value is missing, in front of "
+       "'--json'"},
+      {{"--cable", "quorla_podusb", "--port", "--esn", "x"},
+       "--port: a value is missing, in front of '--esn'"},
+  };
+  for (const auto &row : rows) {
+    std::vector<std::string> line{"command", board, "lumacore_0"};
+    line.insert(line.end(), row.line.begin(), row.line.end());
+    const Result run = this->run(line);
+    EXPECT_EQ(run.status, 2) << row.message;
+    EXPECT_EQ(run.err, "zeldebug: error: " + std::string(row.message) + "\n");
+  }
+  // A text that only looks like one is a text, where it is written as one.
+  const Result run = this->run({"command", board, "lumacore_0", "--cable",
+                                "quorla_podusb", "--esn=-1--port"});
+  EXPECT_EQ(run.status, 0);
+}
+
+TEST_F(CommandLineTest, HelpMayStandInFront) {
+  EXPECT_EQ(this->run({"help", "list"}).out, this->run({"list", "--help"}).out);
+  EXPECT_EQ(this->run({"help"}).out, this->run({"--help"}).out);
+  const Result unknown = this->run({"help", "lst"});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.err,
+              StartsWith("zeldebug: error: unknown subcommand 'lst'; there are "
+                         "'list', "));
+  EXPECT_THAT(unknown.err, HasSubstr("; did you mean 'list'?\n"));
 }
 
 TEST_F(CommandLineTest, FlagsTakeNoValue) {

@@ -38,11 +38,27 @@ TEST_F(DiffCommandTest, TellsTheSameInJson) {
                       "connect lc hdu -debugdevice devicenr 3"});
   EXPECT_EQ(document["equal"], false);
   ASSERT_EQ(document["differences"].size(), 2U);
-  EXPECT_EQ(document["differences"][0],
-            json({{"name", "debugDevice"}, {"before", 0}, {"after", 3}}));
+  EXPECT_EQ(document["differences"][0], json({{"name", "debugDevice"},
+                                              {"before", 0},
+                                              {"after", 3},
+                                              {"reason", nullptr}}));
   EXPECT_EQ(document["differences"][1]["name"], "chain[0]");
   EXPECT_EQ(document["differences"][1]["before"]["partname"], "p");
   EXPECT_EQ(document["differences"][1]["after"], nullptr);
+}
+
+TEST_F(DiffCommandTest, SaysWhereTheOrderMakesTheDifference) {
+  const std::string reason = "the cable's default is taken only where the "
+                             "cable clause ends the command";
+  const std::vector<std::string> line{
+      "diff", "connect lc hdu -cable type quorla_podusb -quiet",
+      "connect lc hdu -quiet -cable type quorla_podusb"};
+  const Result run = this->run(line);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "SETTING          FIRST  SECOND\n"
+                     "cable.frequency  0      6000000\n");
+  EXPECT_EQ(run.err, "zeldebug: note: cable.frequency: " + reason + "\n");
+  EXPECT_EQ(runJson(line)["differences"][0]["reason"], reason);
 }
 
 TEST_F(DiffCommandTest, RefusesACommandThatCannotBeRead) {

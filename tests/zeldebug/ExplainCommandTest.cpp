@@ -9,6 +9,10 @@ using nlohmann::json;
 
 using ExplainCommandTest = ToolTest;
 
+json change(const char *name, const json &before, const json &value) {
+  return {{"name", name}, {"before", before}, {"value", value}};
+}
+
 TEST_F(ExplainCommandTest, ExplainsEveryWord) {
   const Result run =
       this->run({"explain", "connect lc hdu -cable port A port B "
@@ -48,7 +52,7 @@ TEST_F(ExplainCommandTest, TellsTheSameInJson) {
                   {"role", "value"},
                   {"field", "simMemSize"},
                   {"value", 64},
-                  {"changes", {{{"name", "simMemSize"}, {"value", 64}}}}}));
+                  {"changes", {change("simMemSize", 16, 64)}}}));
   EXPECT_EQ(document["words"][5]["role"], "ignored");
 }
 
@@ -160,18 +164,18 @@ TEST_F(ExplainCommandTest, NamesOnlyWhatAValueChanges) {
     json changes;
   } rows[] = {
       {"connect lc hdu -cable port A type quorla_tcf",
-       json::array({{{"name", "cable.cableType"}, {"value", 7}}})},
+       json::array({change("cable.cableType", 0, 7)})},
       {"connect lc hdu -cable port A type quorla_podusb",
-       json::array({{{"name", "cable.cableType"}, {"value", 3}},
-                    {{"name", "cable.port"}, {"value", "USB21"}}})},
+       json::array({change("cable.cableType", 0, 3),
+                    change("cable.port", "A", "USB21")})},
       {"vpconnect lc -ipcport host",
-       json::array({{{"name", "simIpcPort"}, {"value", 2340}}})},
+       json::array({change("simIpcPort", 0, 2340)})},
       {"vpconnect lc -ipcport :165",
-       json::array({{{"name", "simIpcHost"}, {"value", "localhost"}},
-                    {{"name", "simIpcPort"}, {"value", 165}}})},
+       json::array({change("simIpcHost", "", "localhost"),
+                    change("simIpcPort", 0, 165)})},
       {"connect lc hdu -sim -ipcport host", json::array()},
       {"connect ppc sim -ipcport h:1 -ipcport g",
-       json::array({{{"name", "simIpcPort"}, {"value", 6470}}})},
+       json::array({change("simIpcPort", 1, 6470)})},
   };
   for (const auto &row : rows) {
     SCOPED_TRACE(row.command);
@@ -181,16 +185,14 @@ TEST_F(ExplainCommandTest, NamesOnlyWhatAValueChanges) {
   const json refused =
       this->runJson({"explain", "connect ppc sim -debugdevice fputype dp "
                                 "fputype x"})["words"];
-  EXPECT_EQ(refused[5]["changes"],
-            json::array({{{"name", "fpuType"}, {"value", 2}}}));
+  EXPECT_EQ(refused[5]["changes"], json::array({change("fpuType", 0, 2)}));
   EXPECT_EQ(refused[7]["text"], "x");
   EXPECT_EQ(refused[7]["changes"], json::array());
   // The target's type is told before the option's.
   const json target = this->runJson(
       {"explain", "connect ppc hw -debugdevice proctype ppc440"})["words"][1];
-  EXPECT_EQ(target["changes"],
-            json::array({{{"name", "procFamily"}, {"value", 1}},
-                         {{"name", "procType"}, {"value", 6}}}));
+  EXPECT_EQ(target["changes"], json::array({change("procFamily", 0, 1),
+                                            change("procType", 0, 6)}));
   const json words =
       this->runJson({"explain", "connect lc stub -bogus"}, 1)["words"];
   for (const json &word : words)
@@ -211,26 +213,26 @@ TEST_F(ExplainCommandTest, TellsWhatIsOverwritten) {
         return word["changes"];
     return json();
   };
-  const auto change = [](const char *name, const json &value) {
-    return json({{"name", name}, {"value", value}});
-  };
-  EXPECT_EQ(changesOf("A"), json::array({change("cable.port", "A")}));
+  EXPECT_EQ(changesOf("A"), json::array({change("cable.port", "", "A")}));
   // A plug-in cable brings no port.
   EXPECT_EQ(changesOf("quorla_plugin"),
-            json::array({change("cable.cableType", 5)}));
+            json::array({change("cable.cableType", 0, 5)}));
   EXPECT_EQ(changesOf("quorla_podusb"),
-            json::array(
-                {change("cable.cableType", 3), change("cable.port", "USB21")}));
-  EXPECT_EQ(changesOf("a"), json::array({change("cable.moduleArgs", "a")}));
-  EXPECT_EQ(changesOf("b"), json::array({change("cable.moduleArgs", "a;b")}));
-  EXPECT_EQ(changesOf("1"), json::array({change("debugDevice", 1)}));
-  EXPECT_EQ(changesOf("200"), json::array({change("debugDevice", -56)}));
-  EXPECT_EQ(changesOf("0x2"), json::array({change("chain[0].idcode", 2)}));
-  EXPECT_EQ(changesOf("3"), json::array({change("chain[1].idcode", 3)}));
-  EXPECT_EQ(changesOf("h:1"), json::array({change("modelSimHost", "h"),
-                                           change("modelSimPort", 1)}));
-  EXPECT_EQ(changesOf("g:2"), json::array({change("modelSimHost", "g"),
-                                           change("modelSimPort", 2)}));
+            json::array({change("cable.cableType", 5, 3),
+                         change("cable.port", "A", "USB21")}));
+  EXPECT_EQ(changesOf("a"), json::array({change("cable.moduleArgs", "", "a")}));
+  EXPECT_EQ(changesOf("b"),
+            json::array({change("cable.moduleArgs", "a", "a;b")}));
+  EXPECT_EQ(changesOf("1"), json::array({change("debugDevice", 0, 1)}));
+  EXPECT_EQ(changesOf("200"), json::array({change("debugDevice", 1, -56)}));
+  EXPECT_EQ(changesOf("0x2"), json::array({change("chain[0].idcode", 1, 2)}));
+  EXPECT_EQ(changesOf("3"),
+            json::array({change("chain[1].idcode", nullptr, 3)}));
+  EXPECT_EQ(changesOf("h:1"),
+            json::array({change("modelSimHost", "localhost", "h"),
+                         change("modelSimPort", 9998, 1)}));
+  EXPECT_EQ(changesOf("g:2"), json::array({change("modelSimHost", "h", "g"),
+                                           change("modelSimPort", 1, 2)}));
 }
 
 } // namespace

@@ -24,10 +24,10 @@ TEST_F(RoundtripCommandTest, TellsWhatBecomesOfEachCommand) {
       run.out,
       "same     connect lc hdu -debugdevice cpunr 1\n"
       "changed  connect arm hw\n"
-      "         procFamily 2 (comes back as 1): an ARM processor is written as "
-      "the target 'ppc' [other-targets]\n"
-      "         procType 4 (comes back as 6): an ARM processor is written as "
-      "the target 'ppc' [other-targets]\n"
+      "         procFamily 2 (comes back as 1): a processor of this family is "
+      "written as the target 'ppc' [other-targets]\n"
+      "         procType 4 (comes back as 6): a processor of this family is "
+      "written as the target 'ppc' [other-targets]\n"
       "refused  connect lc hdu -foo\n"
       "         reading: column 16: '-foo' is no option here (UNKNOWN Option "
       "'-foo')\n"
@@ -74,6 +74,26 @@ TEST_F(RoundtripCommandTest, TellsTheSameInJson) {
   EXPECT_EQ(document["lines"][2]["outcome"], "refused");
   EXPECT_EQ(document["lines"][2]["written"], nullptr);
   EXPECT_EQ(document["lines"][3]["message"], "writing: Invalid Cable Type");
+}
+
+TEST_F(RoundtripCommandTest, ANumberThatIsCutIsNotTheSame) {
+  folder.write("commands", "\nconnect lc hdu -debugdevice devicenr 300\n"
+                           "connect lc hdu -debugdevice devicenr abc\n");
+  const Result run = this->run({"roundtrip", "commands"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out,
+            "changed  connect lc hdu -debugdevice devicenr 300\n"
+            "         debugDevice \"300\" (comes back as 44): it does not fit "
+            "[eight-bit-numbers]\n"
+            "changed  connect lc hdu -debugdevice devicenr abc\n"
+            "         debugDevice \"abc\" (comes back as 0): it is no number "
+            "[no-number]\n"
+            "2 commands: 0 same, 2 changed, 0 refused\n");
+  const json line = runJson({"roundtrip", "commands"}, 1)["lines"][0];
+  EXPECT_EQ(line["line"], 2);
+  EXPECT_EQ(
+      line["fields"],
+      json({{{"name", "debugDevice"}, {"before", "300"}, {"after", 44}}}));
 }
 
 TEST_F(RoundtripCommandTest, RefusesAFileThatCannotBeRead) {

@@ -33,8 +33,10 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   addDiffCommand(line);
   addRoundtripCommand(line);
   addCablesCommand(line);
+  addLanguageCommand(line);
   addCompletionCommand(line);
   addManualCommand(line);
+  addHelpCommand(line);
   addCompleteCommand(line);
   try {
     return line.run(argc, argv, output);

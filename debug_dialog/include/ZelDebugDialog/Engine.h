@@ -342,9 +342,8 @@ public:
                          std::string command);
   /// The same from the processor's option file (see `Generate`).
   /// @return 0; 4 without a file, or a file with nothing in it: the processor
-  /// is
-  ///   current with default settings; 2 with "Processor Instance ... cannot be
-  ///   Debugged !!, ..."; 3 as above.
+  ///   is current with default settings; 2 with "Processor Instance ... cannot
+  ///   be Debugged !!, ..."; 3 as above.
   int SetProcessor(std::string name, ProcessorInfo &info);
   /// The same from the option file at `path`, wherever the process works.
   /// @param name  its instance name; the file may be named otherwise.

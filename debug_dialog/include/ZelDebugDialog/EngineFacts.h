@@ -25,8 +25,7 @@ struct NamedValue {
   std::uint32_t value = 0;  ///< What it stands for.
 };
 
-// --- Processors
-// ---------------------------------------------------------------
+// --- Processors --------------------------------------------------------------
 
 /// `procFamily` of a Lumacore.
 inline constexpr std::uint32_t familyLumacore = 0;
@@ -85,8 +84,7 @@ inline constexpr std::array<NamedValue, 2> fpuTypes{
 inline constexpr std::array<NamedValue, 4> boundaryScanRegisters{
     {{"USER1", 2}, {"USER2", 3}, {"USER3", 0x22}, {"USER4", 0x23}}};
 
-// --- Connections
-// --------------------------------------------------------------
+// --- Connections -------------------------------------------------------------
 
 /// In a mask or a connection type: a stub can be reached over JTAG.
 inline constexpr std::uint32_t stubOverJtag = 0x40;
@@ -127,8 +125,7 @@ inline constexpr std::array<ConnectionKind, 5> connectionKinds{
      {"stub-jtag", Engine::CONNECT_STUB, stubOverJtag, Engine::STUB_JTAG},
      {"vp", Engine::CONNECT_VP, stubOverJtag, Engine::STUB_JTAG}}};
 
-// --- Addresses
-// ----------------------------------------------------------------
+// --- Addresses ---------------------------------------------------------------
 
 /// What an address holds that is not set.
 inline constexpr std::uint32_t unsetAddress = 0xFFFFFFFF;
@@ -165,8 +162,7 @@ inline constexpr std::array<DebugRegion, 6> regionsFromBase{
      {"tlbStartAdr", &ProcessorInfoImp::tlbStartAdr, &Engine::SetTlbBaseAddr,
       &Engine::GetTlbBaseAddr}}};
 
-// --- Words and lines
-// ----------------------------------------------------------
+// --- Words and lines ---------------------------------------------------------
 
 /// Whether a word begins an option clause: '-' and no digit behind it. A lone
 /// "-" is neither an option nor a value: readers raise std::out_of_range.
@@ -177,8 +173,7 @@ constexpr bool IsOptionWord(std::string_view word) {
 /// How many characters of an option file's line are read.
 inline constexpr std::size_t longestOptionLine = 1023;
 
-// --- Type names in a design, compared exactly
-// ---------------------------------
+// --- Type names in a design, compared exactly --------------------------------
 
 /// Debug modules, which lead to Lumacores.
 inline constexpr std::array<std::string_view, 2> debugModuleTypes{"hdu_cedar",

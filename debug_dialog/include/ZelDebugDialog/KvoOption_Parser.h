@@ -156,9 +156,9 @@ public:
   /// Writes nothing: the cable has no parameters. @return 0
   static int write_digilent_cableoptions(std::string &out, CableOption cable);
   /// Gives the cable its default frequency, or (`useDefault` 0) checks the one
-  /// that it has. @return 0; 2: refused with a message for the types 2, 3, 4
-  /// and
-  ///   7, without one for the others, which have no frequencies.
+  /// that it has.
+  /// @return 0; 2: refused with a message for the types 2, 3, 4 and 7, without
+  ///   one for the others, which have no frequencies.
   static int setcable_frequency(EngineImp &imp, int useDefault);
 };
 

@@ -24,8 +24,7 @@ public:
 
   bool goesOn() const { return afterFault == AfterFault::goOn; }
 
-  // --- Words
-  // ------------------------------------------------------------------
+  // --- Words -----------------------------------------------------------------
 
   /// A word was read; `offset` is its place in the text.
   void took(std::size_t offset, std::string_view word, WordRole role);
@@ -40,8 +39,7 @@ public:
   /// The last word that has a change of the field; `otherwise` for none.
   std::size_t wordThatChanged(std::uint8_t field, std::size_t otherwise) const;
 
-  // --- Changes
-  // ----------------------------------------------------------------
+  // --- Changes ---------------------------------------------------------------
 
   /// The fields of a device are those of this one, which is not in the chain
   /// yet.
@@ -63,8 +61,7 @@ public:
   /// is replaced by no word.
   void replaced(std::size_t word, const void *field);
 
-  // --- Faults
-  // -----------------------------------------------------------------
+  // --- Faults ----------------------------------------------------------------
 
   /// The word `back` words before the last is at fault.
   template <class Keywords = NamedValues>

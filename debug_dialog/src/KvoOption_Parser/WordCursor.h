@@ -31,8 +31,7 @@ public:
   WordCursor(const WordCursor &) = delete;
   WordCursor &operator=(const WordCursor &) = delete;
 
-  // --- Reading
-  // ----------------------------------------------------------------
+  // --- Reading ---------------------------------------------------------------
 
   /// Reads the next word: `code::value`, or `code::option`, which is also
   /// copied to `current_option`, or `code::end` with `word` as it was. A lone
@@ -93,8 +92,7 @@ public:
   /// Passes what is left of the text.
   void ignoreRest();
 
-  // --- Storing
-  // ----------------------------------------------------------------
+  // --- Storing ---------------------------------------------------------------
 
   /// Gives a field of the state the value that the last word says.
   template <class Field, class Value>
@@ -120,8 +118,7 @@ public:
     recorder->storedFor(word, &field);
   }
 
-  // --- Telling
-  // ----------------------------------------------------------------
+  // --- Telling ---------------------------------------------------------------
 
   /// How the last word is read.
   void reads(const ValueForm &form) const {

@@ -13,8 +13,7 @@
 
 namespace ZelDebugDialog::kvo {
 
-// --- Whole commands. A code of Codes.h
-// ----------------------------------------
+// --- Whole commands. A code of Codes.h ---------------------------------------
 
 /// The connect command of the current processor into `command`, which stays as
 /// it was if there is none.
@@ -30,8 +29,7 @@ int writeLumacore(CommandText out, const EngineImp &imp);
 int writePpc(CommandText out, const EngineImp &imp);
 int writeVirtualPlatform(CommandText out, const EngineImp &imp);
 
-// --- Clauses
-// ------------------------------------------------------------------
+// --- Clauses -----------------------------------------------------------------
 
 /// Cable, boundary scan and chain. @return a code.
 int writeJtagOptions(CommandText out, const EngineImp &imp);

@@ -187,21 +187,12 @@ void PeripheralWalk::markAround(Index instance) {
   }
 }
 
-/// Innermost first: an instance comes before all that is inside it.
+/// Marks what is around each that answers or might. One that does not, because
+/// something inside it does, stands inside nothing that this hasn't marked too.
 void PeripheralWalk::settleHierarchies() {
-  std::vector<Answer> hierarchies;
   for (const Answer &answer : answers)
-    if (answer.isHierarchy)
-      hierarchies.push_back(answer);
-    else
+    if (!answer.isHierarchy || led.count(answer.port) == 0)
       markAround(graph.ports[answer.port].instance);
-  std::sort(hierarchies.begin(), hierarchies.end(),
-            [](const Answer &a, const Answer &b) { return a.port > b.port; });
-  for (const Answer &answer : hierarchies) {
-    const Index instance = graph.ports[answer.port].instance;
-    if (led.count(answer.port) == 0 && answeredInside.count(instance) == 0)
-      markAround(instance);
-  }
 }
 
 std::vector<Index> PeripheralWalk::peripherals() {

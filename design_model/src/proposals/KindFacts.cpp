@@ -41,8 +41,13 @@ bool KindFacts::isPassage(const DesignComponent &component) {
 }
 
 bool KindFacts::isSettled(const DesignComponent &component) {
-  return !component.identity.empty() &&
-         component.typeName != nameIn(component.identity);
+  if (component.identity.empty())
+    return false;
+  // The name stands before the version, and may hold a colon itself.
+  const std::string name = ":" + component.typeName + ":";
+  const std::size_t at = component.identity.rfind(name);
+  return at == std::string::npos ||
+         component.identity.find(':', at + name.size()) != std::string::npos;
 }
 
 std::string KindFacts::nameOf(const DesignPort &port) const {

@@ -1,5 +1,6 @@
 #include "proposals/ProposeKindsFrom.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "elaboration/ReadDesignFrom.h"
@@ -62,6 +63,20 @@ bool readWith(const DocumentSource &documents, const DesignSources &sources,
                         model);
 }
 
+/// A row for a component whose name holds a colon would be none, and a table
+/// with it could not be read.
+void expectWritable(std::vector<KindCandidate> &candidates) {
+  constexpr int partEnds = 3;
+  for (KindCandidate &candidate : candidates)
+    if (candidate.verdict == KindVerdict::proposed &&
+        std::count(candidate.identity.begin(), candidate.identity.end(), ':') !=
+            partEnds) {
+      candidate.verdict = KindVerdict::undecided;
+      candidate.question = "a part of its identity holds a colon: put '?' in "
+                           "its place";
+    }
+}
+
 } // namespace
 
 /// Twice: what is a processor has to be known before it shows what is wired to
@@ -75,6 +90,7 @@ bool proposeKindsFrom(const DocumentSource &documents,
     return false;
   const std::string given = givenTable(documents, sources);
   proposal.candidates = findProcessorCandidates(KindFacts(model));
+  expectWritable(proposal.candidates);
   const std::string processors = given + kindTableText(proposal, sources);
   if (!readWith(documents, sources, limits, processors, model))
     return false;
@@ -84,6 +100,7 @@ bool proposeKindsFrom(const DocumentSource &documents,
     for (KindCandidate &candidate : findPeripheralCandidates(facts))
       proposal.candidates.push_back(std::move(candidate));
   }
+  expectWritable(proposal.candidates);
   proposal.table = given + kindTableText(proposal, sources);
   return readWith(documents, sources, limits, proposal.table, model);
 }

@@ -57,6 +57,21 @@ bool hasFlag(const CLI::App &app, const std::string &name) {
                      });
 }
 
+bool hasOption(const CLI::App &app, const std::string &name) {
+  const std::vector<const CLI::Option *> options = app.get_options();
+  return std::any_of(
+      options.begin(), options.end(), [&name](const CLI::Option *option) {
+        return !option->get_positional() && option->check_name(name);
+      });
+}
+
+/// Whether `word` is an option whose value is the next word.
+bool takesValue(const CLI::App &app, const std::string &word) {
+  return word.size() > 1 && word[0] == '-' &&
+         word.find('=') == std::string::npos && hasOption(app, word) &&
+         !hasFlag(app, word);
+}
+
 bool takesCommands(const CLI::App &app) {
   const std::vector<const CLI::Option *> options = app.get_options();
   return std::any_of(options.begin(), options.end(),
@@ -193,6 +208,43 @@ void CommandLine::expectNothingUnknown(int argc,
   }
 }
 
+/// What is left of the line for CLI11, which would take "-cable" for several
+/// options of one letter.
+std::vector<const char *>
+CommandLine::withoutDashedWords(int argc, const char *const *argv) {
+  std::vector<const char *> left(argv, argv + argc);
+  std::size_t first = 1;
+  while (first < left.size() && left[first][0] == '-')
+    first += std::string_view(left[first]) == "-C" ? 2 : 1;
+  if (dashed == nullptr || first >= left.size() ||
+      dashed->get_name() != left[first])
+    return left;
+  const auto isDashed = [](const char *word) {
+    return word[0] == '-' && word[1] != '-' && word[1] != '\0' &&
+           word[2] != '\0';
+  };
+  const auto behind = left.begin() + static_cast<std::ptrdiff_t>(first);
+  const auto held = std::stable_partition(
+      behind, left.end(), [&](const char *word) { return !isDashed(word); });
+  heldBack.assign(held, left.end());
+  left.erase(held, left.end());
+  return left;
+}
+
+/// CLI11 takes an option for the value of the one in front of it.
+void CommandLine::expectValues(const std::vector<std::string> &words) const {
+  const Subcommand *subcommand = chosen();
+  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
+  for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+    const std::string next = nameIn(words[i + 1]);
+    if (takesValue(where, words[i]) && next.compare(0, 2, "--") == 0 &&
+        hasOption(where, next))
+      throw Failure(ExitStatus::wrongUse,
+                    fmt::format("{}: a value is missing, in front of '{}'",
+                                words[i], words[i + 1]));
+  }
+}
+
 /// CLI11 takes some values of a flag for its presence, or for how often it is
 /// given.
 void CommandLine::expectFlagsAlone(
@@ -213,7 +265,11 @@ void CommandLine::nameSubcommand(Output &output) const {
     output.setSubcommand(subcommand->app->get_name());
 }
 
-ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
+ExitStatus CommandLine::run(int given, const char *const *line,
+                            Output &output) {
+  const std::vector<const char *> taken = withoutDashedWords(given, line);
+  const int argc = static_cast<int>(taken.size());
+  const char *const *const argv = taken.data();
   const std::vector<std::string> words = optionWordsOf(argc, argv);
   if (asksForJson(words))
     output.useJson();
@@ -231,11 +287,13 @@ ExitStatus CommandLine::run(int argc, const char *const *argv, Output &output) {
   } catch (const CLI::ParseError &problem) {
     nameSubcommand(output);
     expectFlagsAlone(words);
+    expectValues(words);
     expectNothingUnknown(argc, argv);
     throw Failure(ExitStatus::wrongUse, problem.what());
   }
   nameSubcommand(output);
   expectFlagsAlone(words);
+  expectValues(words);
   expectNothingUnknown(argc, argv);
   return chosen()->run(output);
 }

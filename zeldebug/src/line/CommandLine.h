@@ -27,6 +27,8 @@ enum class ValueKind {
   processor,
   instance,
   diagnosticCode,
+  languageWord,
+  subcommand,
   shell,
 };
 
@@ -62,6 +64,11 @@ public:
   /// Says what stands for values of `option`.
   void completeWith(const CLI::Option *option, ValueKind kind);
 
+  /// Lets words that begin with '-' be arguments of a subcommand.
+  void takeDashedWords(const CLI::App &taker) { dashed = &taker; }
+  /// Those of the line.
+  const std::vector<std::string> &dashedWords() const { return heldBack; }
+
   /// Reads the line and runs what it asks for. @throws Failure.
   ExitStatus run(int argc, const char *const *argv, Output &output);
 
@@ -75,14 +82,19 @@ public:
 
 private:
   void addCommonOptions(CLI::App &target);
+  std::vector<const char *> withoutDashedWords(int argc,
+                                               const char *const *argv);
   const Subcommand *chosen() const;
   void nameSubcommand(Output &output) const;
   void expectFlagsAlone(const std::vector<std::string> &words) const;
   void expectNothingUnknown(int argc, const char *const *argv) const;
+  void expectValues(const std::vector<std::string> &words) const;
 
   CLI::App app;
   std::vector<Subcommand> subcommands;
   std::map<const CLI::Option *, ValueKind> kinds;
+  const CLI::App *dashed = nullptr;
+  std::vector<std::string> heldBack; ///< words that begin with '-'
   std::string folder = ".";
   bool jsonWanted = false;
 };

@@ -22,6 +22,20 @@ using ZelDebugDialog::MissingDocument;
 
 using Severity = DesignDiagnostic::Severity;
 
+constexpr const char *group = "The design";
+
+const char *shownSeverity(Severity severity) {
+  switch (severity) {
+  case Severity::error:
+    return "error";
+  case Severity::warning:
+    return "warning";
+  case Severity::note:
+    return "note";
+  }
+  return "";
+}
+
 constexpr Range instanceCount{1, 100000000, false};
 
 /// The debug modules and controllers that a processor is connected to.
@@ -95,7 +109,6 @@ wordsFor(const std::string &subcommand, const DesignSources &sources,
 
 void DesignOptions::addTo(CommandLine &line, CLI::App &app,
                           bool designRequired) {
-  const std::string group = "The design";
   CLI::Option *design =
       addTextOption(app, "DESIGN", designFile,
                     "IP-XACT design file, or the component file on top of a "
@@ -103,6 +116,20 @@ void DesignOptions::addTo(CommandLine &line, CLI::App &app,
           ->type_name("")
           ->required(designRequired);
   line.completeWith(design, ValueKind::file);
+  addSourcesTo(line, app);
+}
+
+void DesignOptions::addAsOptionTo(CommandLine &line, CLI::App &app) {
+  line.completeWith(addTextOption(app, "--design", designFile,
+                                  "IP-XACT design file, or the component file "
+                                  "on top of a hierarchy")
+                        ->type_name("DESIGN")
+                        ->group(group),
+                    ValueKind::file);
+  addSourcesTo(line, app);
+}
+
+void DesignOptions::addSourcesTo(CommandLine &line, CLI::App &app) {
   line.completeWith(app.add_option("--library", libraryFolders,
                                    "folder to look for components in, once for "
                                    "each (default: below the folder of DESIGN)")
@@ -148,6 +175,16 @@ std::unique_ptr<DesignModel> DesignOptions::read(const Output &output) const {
   const bool isRead = ReadDesign(expectSources(), *design);
   expectRead(isRead, *design, output);
   return design;
+}
+
+Json diagnosticsJson(const DesignModel &design) {
+  Json list = Json::array();
+  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
+    list.push_back({{"file", diagnostic.file},
+                    {"line", diagnostic.line},
+                    {"severity", shownSeverity(diagnostic.severity)},
+                    {"message", diagnostic.message}});
+  return list;
 }
 
 std::unique_ptr<DesignModel>

@@ -28,6 +28,8 @@ public:
   /// Adds DESIGN, --library, --view, --kinds and --max-instances to a
   /// subcommand.
   void addTo(CommandLine &line, CLI::App &app, bool designRequired = true);
+  /// The same with --design in place of DESIGN.
+  void addAsOptionTo(CommandLine &line, CLI::App &app);
 
   bool named() const { return designFile.has_value(); }
 
@@ -47,6 +49,7 @@ public:
   std::vector<std::string> commandLine(const std::string &subcommand) const;
 
 private:
+  void addSourcesTo(CommandLine &line, CLI::App &app);
   ZelDebugDialog::DesignSources expectSources() const;
   void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design,
                   const Output &output) const;
@@ -57,6 +60,9 @@ private:
   std::optional<std::string> kindsFile;
   std::optional<std::string> maxInstances;
 };
+
+/// [{"file", "line", "severity", "message"}]
+Json diagnosticsJson(const ZelDebugDialog::DesignModel &design);
 
 /// Words as a shell takes them.
 std::string shellLine(const std::vector<std::string> &words);

@@ -1,8 +1,9 @@
 // cables: what is known about every JTAG cable.
+#include <ZelDebugDialog/ConfigurationModel/Language.h>
 #include <fmt/format.h>
 
-#include "CableKeyword.h"
 #include "line/CommandLine.h"
+#include "output/CableText.h"
 #include "output/Table.h"
 #include "subcommands/Subcommands.h"
 
@@ -10,46 +11,20 @@ namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::CommandCable;
-
-std::string dashIfEmpty(const std::string &text) {
-  return text.empty() ? "-" : text;
-}
-
-template <class List> std::string joined(const List &list) {
-  return dashIfEmpty(fmt::format("{}", fmt::join(list, " ")));
-}
-
-bool isWritable(const CommandCable &cable) { return !cable.written.empty(); }
-
-Json cableJson(const CommandCable &cable) {
-  return {{"type", static_cast<std::uint32_t>(cable.type)},
-          {"keywords", cable.keywords},
-          {"written", isWritable(cable) ? Json(cable.written) : Json()},
-          {"writable", isWritable(cable)},
-          {"frequencies", cable.acceptedFrequencies},
-          {"offeredFrequencies", cable.offeredFrequencies},
-          {"defaultFrequency", cable.defaultFrequency},
-          {"defaultPort", cable.defaultPort}};
-}
+using ZelDebugDialog::CableInfo;
+using ZelDebugDialog::GetCables;
 
 ExitStatus run(Output &output) {
   if (output.json()) {
     Json list = Json::array();
-    for (const CommandCable &cable : cables())
+    for (const CableInfo &cable : GetCables())
       list.push_back(cableJson(cable));
     output.document({{"cables", list}});
     return ExitStatus::done;
   }
-  Table table({"TYPE", "KEYWORD READ", "TEXT WRITTEN", "WRITABLE", "DEFAULT HZ",
-               "DEFAULT PORT", "FREQUENCIES IN HZ"});
-  for (const CommandCable &cable : cables())
-    table.addRow({fmt::format("{}", static_cast<std::uint32_t>(cable.type)),
-                  joined(cable.keywords), dashIfEmpty(cable.written),
-                  isWritable(cable) ? "yes" : "no",
-                  fmt::format("{}", cable.defaultFrequency),
-                  dashIfEmpty(cable.defaultPort),
-                  joined(cable.acceptedFrequencies)});
+  Table table(cableHeadings());
+  for (const CableInfo &cable : GetCables())
+    table.addRow(cableCells(cable));
   table.print(output);
   return ExitStatus::done;
 }

@@ -2,11 +2,13 @@
 #include <memory>
 #include <optional>
 
+#include <ZelDebugDialog/ConfigurationModel/Commands.h>
+#include <ZelDebugDialog/ConfigurationModel/Refusal.h>
 #include <fmt/format.h>
 
-#include "Diagnose.h"
 #include "line/CommandLine.h"
 #include "line/CommandLines.h"
+#include "line/DesignOptions.h"
 #include "line/TextOption.h"
 #include "output/Output.h"
 #include "output/Suggestion.h"
@@ -16,9 +18,19 @@ namespace zeldebug {
 
 namespace {
 
-struct CheckOptions {
+using ZelDebugDialog::Board;
+using ZelDebugDialog::CheckedCommand;
+using ZelDebugDialog::CommandDiagnostic;
+using ZelDebugDialog::DesignModel;
+using ZelDebugDialog::Refusal;
+using ZelDebugDialog::RefusalKind;
+using ZelDebugDialog::ShowSeverity;
+
+struct CheckLine {
   std::vector<std::string> commands;
   std::optional<std::string> file;
+  DesignOptions design;
+  std::optional<std::string> processor;
 };
 
 std::size_t columnsOf(const std::string &text) {
@@ -39,7 +51,8 @@ struct Excerpt {
   std::string behind;
 };
 
-Excerpt excerptOf(const std::string &text, const Diagnostic &diagnostic) {
+Excerpt excerptOf(const std::string &text,
+                  const CommandDiagnostic &diagnostic) {
   const std::size_t start = diagnostic.offset;
   const std::size_t end = start + diagnostic.length;
   Excerpt shown{text.substr(0, start), text.substr(start, end - start),
@@ -56,7 +69,8 @@ Excerpt excerptOf(const std::string &text, const Diagnostic &diagnostic) {
 }
 
 /// The command, and carets under the word.
-std::string pictureOf(const std::string &text, const Diagnostic &diagnostic) {
+std::string pictureOf(const std::string &text,
+                      const CommandDiagnostic &diagnostic) {
   const Excerpt shown = excerptOf(text, diagnostic);
   const std::size_t before = columnsOf(shown.before);
   const std::size_t width = columnsOf(shown.word);
@@ -65,16 +79,29 @@ std::string pictureOf(const std::string &text, const Diagnostic &diagnostic) {
          "\n";
 }
 
+/// On one line.
+std::string shownMessage(const std::string &message) {
+  std::string text;
+  for (const char c : message) {
+    const bool blank = c == ' ' || c == '\n' || c == '\t';
+    if (!blank)
+      text += c;
+    else if (!text.empty() && text.back() != ' ')
+      text += ' ';
+  }
+  if (!text.empty() && text.back() == ' ')
+    text.pop_back();
+  return printable(text);
+}
+
 void print(Output &output, const std::string &place, const std::string &text,
-           const Diagnostic &diagnostic) {
-  output.printLine(fmt::format("{}{}: {}: {} [{}]", place,
-                               diagnostic.offset + 1,
-                               shownSeverity(diagnostic.severity),
-                               diagnostic.summary, diagnostic.code->code));
+           const CommandDiagnostic &diagnostic) {
+  output.printLine(fmt::format(
+      "{}{}: {}: {} [{}]", place, diagnostic.offset + 1,
+      ShowSeverity(diagnostic.severity), diagnostic.message, diagnostic.code));
   output.print(pictureOf(text, diagnostic));
   if (!diagnostic.engineMessage.empty())
-    output.printLine("  engine: " +
-                     printable(reasonOf({1, diagnostic.engineMessage})));
+    output.printLine("  engine: " + shownMessage(diagnostic.engineMessage));
   if (!diagnostic.accepted.empty())
     output.printLine("  accepted: " + quotedList(diagnostic.accepted));
   if (!diagnostic.suggestion.empty())
@@ -82,71 +109,118 @@ void print(Output &output, const std::string &place, const std::string &text,
         fmt::format("  did you mean '{}'?", diagnostic.suggestion));
 }
 
-Json diagnosticJson(const Diagnostic &diagnostic) {
+Json diagnosticJson(const CommandDiagnostic &diagnostic) {
   const bool isSilent = diagnostic.engineMessage.empty();
   return {{"offset", diagnostic.offset},
           {"length", diagnostic.length},
-          {"severity", shownSeverity(diagnostic.severity)},
-          {"code", diagnostic.code->code},
-          {"message", isSilent ? diagnostic.summary : diagnostic.engineMessage},
-          {"summary", diagnostic.summary},
+          {"severity", ShowSeverity(diagnostic.severity)},
+          {"code", diagnostic.code},
+          {"message", isSilent ? diagnostic.message : diagnostic.engineMessage},
+          {"summary", diagnostic.message},
           {"accepted", diagnostic.accepted},
           {"suggestion", diagnostic.suggestion.empty()
                              ? Json()
                              : Json(diagnostic.suggestion)}};
 }
 
-Json diagnosisJson(const Diagnosis &diagnosis, int line) {
+Json checkedJson(const CheckedCommand &checked, int line) {
   Json list = Json::array();
-  for (const Diagnostic &diagnostic : diagnosis.diagnostics)
+  for (const CommandDiagnostic &diagnostic : checked.diagnostics)
     list.push_back(diagnosticJson(diagnostic));
-  return {{"text", diagnosis.text},
+  return {{"text", checked.text},
           {"line", line == 0 ? Json() : Json(line)},
-          {"result", diagnosis.reading.result},
-          {"error", diagnosis.reading.message},
+          {"result", checked.result},
+          {"error", checked.error},
           {"diagnostics", list}};
 }
 
-ExitStatus run(const CheckOptions &options, Output &output) {
-  const bool fromFile = options.file.has_value();
-  if (fromFile == !options.commands.empty())
+/// The processor that the commands are checked for, if the line names one.
+class CheckedFor {
+public:
+  CheckedFor(const CheckLine &line, const CommandLine &commandLine,
+             const Output &output) {
+    if (line.design.named() != line.processor.has_value())
+      throw Failure(ExitStatus::wrongUse,
+                    "check: --design and --processor go together");
+    if (!line.design.named())
+      return;
+    design = line.design.read(output);
+    board.emplace(*design, commandLine.workingFolder());
+    options.board = &*board;
+    options.processor = *line.processor;
+  }
+
+  CheckedCommand check(const std::string &text, bool ofFile) {
+    options.ofFile = ofFile;
+    try {
+      return CheckCommand(text, options);
+    } catch (const Refusal &refusal) {
+      const bool isUnknown = refusal.kind == RefusalKind::unknownProcessor;
+      throw Failure(isUnknown ? ExitStatus::wrongUse : ExitStatus::refused,
+                    refusal.what());
+    }
+  }
+  const DesignModel *designOrNull() const { return design.get(); }
+
+private:
+  std::unique_ptr<DesignModel> design;
+  std::optional<Board> board;
+  ZelDebugDialog::CheckOptions options;
+};
+
+std::vector<CommandLineOfFile> expectCommands(const CheckLine &line) {
+  const bool fromFile = line.file.has_value();
+  if (fromFile == !line.commands.empty())
     throw Failure(ExitStatus::wrongUse,
                   "check: give either commands or --file");
-  std::vector<CommandLineOfFile> lines;
   if (fromFile)
-    lines = expectCommandLines(*options.file);
-  for (const std::string &command : options.commands)
-    lines.push_back({0, command});
+    return expectCommandLines(*line.file);
+  std::vector<CommandLineOfFile> commands;
+  for (const std::string &command : line.commands)
+    commands.push_back({0, command});
+  return commands;
+}
+
+ExitStatus run(const CheckLine &line, const CommandLine &commandLine,
+               Output &output) {
+  const bool fromFile = line.file.has_value();
+  const std::vector<CommandLineOfFile> commands = expectCommands(line);
+  CheckedFor checker(line, commandLine, output);
   Json list = Json::array();
   std::size_t faulty = 0;
-  for (const CommandLineOfFile &line : lines) {
-    const Diagnosis diagnosis = diagnose(line.text, fromFile);
-    faulty += diagnosis.hasError() ? 1 : 0;
+  for (const CommandLineOfFile &command : commands) {
+    const CheckedCommand checked = checker.check(command.text, fromFile);
+    faulty += checked.accepted ? 0 : 1;
     if (output.json()) {
-      list.push_back(diagnosisJson(diagnosis, line.number));
+      list.push_back(checkedJson(checked, command.number));
       continue;
     }
     const std::string place =
-        fromFile ? fmt::format("{}:{}:", *options.file, line.number) : "";
-    for (const Diagnostic &diagnostic : diagnosis.diagnostics)
-      print(output, place, line.text, diagnostic);
+        fromFile ? fmt::format("{}:{}:", printable(*line.file), command.number)
+                 : "";
+    for (const CommandDiagnostic &diagnostic : checked.diagnostics)
+      print(output, place, command.text, diagnostic);
   }
   if (output.json())
-    output.document({{"commands", list}});
+    output.document(
+        {{"commands", list},
+         {"diagnostics", checker.designOrNull() == nullptr
+                             ? Json::array()
+                             : diagnosticsJson(*checker.designOrNull())}});
   else
     output.printLine(fmt::format("{} checked, {} refused",
-                                 counted(lines.size(), "command"), faulty));
+                                 counted(commands.size(), "command"), faulty));
   return faulty == 0 ? ExitStatus::done : ExitStatus::refused;
 }
 
 } // namespace
 
 void addCheckCommand(CommandLine &line) {
-  const auto options = std::make_shared<CheckOptions>();
+  const auto options = std::make_shared<CheckLine>();
   CLI::App &app = line.addSubcommand(
       "check", "Check connect commands: every fault with its place",
       "zeldebug check 'connect lc hdu -cable type quorla_usb'",
-      [options](Output &output) { return run(*options, output); });
+      [options, &line](Output &output) { return run(*options, line, output); });
   line.completeWith(app.add_option("COMMAND", options->commands,
                                    "a connect command, in quotes")
                         ->type_name(""),
@@ -156,6 +230,13 @@ void addCheckCommand(CommandLine &line) {
                     "check each line of this file; '-' for standard input")
           ->type_name("FILE"),
       ValueKind::file);
+  options->design.addAsOptionTo(line, app);
+  line.completeWith(
+      addTextOption(app, "--processor", options->processor,
+                    "check what this processor of the design allows, too")
+          ->type_name("NAME")
+          ->group("The design"),
+      ValueKind::processor);
 }
 
 } // namespace zeldebug

@@ -6,15 +6,16 @@
 
 #include <fmt/format.h>
 
+#include <ZelDebugDialog/ConfigurationModel/Codes.h>
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
 #include "CableKeyword.h"
 #include "ConnectionKind.h"
-#include "DiagnosticCode.h"
 #include "Session.h"
 #include "line/CommandLine.h"
 #include "line/Number.h"
 #include "subcommands/CompletionShells.h"
+#include "subcommands/LanguageWords.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
@@ -127,10 +128,11 @@ TypedLine readLine(const CommandLine &line,
 /// The design that the line names; an empty one if it cannot be read.
 std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
   auto design = std::make_unique<DesignModel>();
-  if (line.arguments.empty())
+  const std::string named = line.value("--design");
+  if (named.empty() && line.arguments.empty())
     return design;
   DesignSources sources;
-  sources.designFile = line.arguments.front();
+  sources.designFile = named.empty() ? line.arguments.front() : named;
   const auto libraries = line.values.find("--library");
   if (libraries != line.values.end())
     sources.libraryFolders = libraries->second;
@@ -180,7 +182,16 @@ std::vector<std::string> frequenciesOf(const TypedLine &line) {
   return words;
 }
 
-std::vector<std::string> valuesOf(ValueKind kind, const TypedLine &line) {
+/// Those that are meant for people.
+std::vector<std::string> subcommandsOf(const CommandLine &line) {
+  std::vector<std::string> names;
+  for (const CommandLine::Subcommand &subcommand : line.visible())
+    names.push_back(subcommand.app->get_name());
+  return names;
+}
+
+std::vector<std::string> valuesOf(const CommandLine &line, ValueKind kind,
+                                  const TypedLine &typed) {
   switch (kind) {
   case ValueKind::file:
     return {filesWanted};
@@ -189,21 +200,25 @@ std::vector<std::string> valuesOf(ValueKind kind, const TypedLine &line) {
   case ValueKind::cable:
     return cableKeywords();
   case ValueKind::frequency:
-    return frequenciesOf(line);
+    return frequenciesOf(typed);
   case ValueKind::connection:
-    return connectionsOf(line);
+    return connectionsOf(typed);
   case ValueKind::device:
     return {"devicenr="};
   case ValueKind::processor:
-    return processorsOf(line);
+    return processorsOf(typed);
   case ValueKind::instance:
-    return instancesOf(line);
+    return instancesOf(typed);
   case ValueKind::diagnosticCode: {
     std::vector<std::string> words;
-    for (const DiagnosticCode &row : diagnosticCodes())
+    for (const ZelDebugDialog::Code &row : ZelDebugDialog::GetCodes())
       words.emplace_back(row.code);
     return words;
   }
+  case ValueKind::languageWord:
+    return languageWords();
+  case ValueKind::subcommand:
+    return subcommandsOf(line);
   case ValueKind::shell:
     return completionShells();
   case ValueKind::text:
@@ -226,19 +241,21 @@ std::vector<std::string> optionsOf(const CLI::App &app) {
 std::vector<std::string> candidatesOf(const CommandLine &line,
                                       const TypedLine &read) {
   if (read.valueOf != nullptr)
-    return valuesOf(line.kindOf(read.valueOf), read);
-  if (!read.last.empty() && read.last[0] == '-')
-    return optionsOf(*read.app);
-  if (read.app == &line.application()) {
-    std::vector<std::string> names;
-    for (const CommandLine::Subcommand &subcommand : line.visible())
-      names.push_back(subcommand.app->get_name());
-    return names;
+    return valuesOf(line, line.kindOf(read.valueOf), read);
+  if (!read.last.empty() && read.last[0] == '-') {
+    std::vector<std::string> words = optionsOf(*read.app);
+    for (const CLI::Option *option : read.app->get_options())
+      if (line.kindOf(option) == ValueKind::languageWord)
+        for (const std::string &word : languageWords())
+          words.push_back(word);
+    return words;
   }
+  if (read.app == &line.application())
+    return subcommandsOf(line);
   std::size_t position = 0;
   for (const CLI::Option *option : read.app->get_options())
     if (option->get_positional() && position++ == read.arguments.size())
-      return valuesOf(line.kindOf(option), read);
+      return valuesOf(line, line.kindOf(option), read);
   return {};
 }
 

@@ -2,54 +2,63 @@
 #include <array>
 #include <memory>
 
+#include <ZelDebugDialog/ConfigurationModel/Commands.h>
+#include <ZelDebugDialog/ConfigurationModel/Refusal.h>
 #include <fmt/format.h>
 
-#include "Refusal.h"
-#include "Session.h"
 #include "line/CommandLine.h"
 #include "output/Table.h"
+#include "output/ValueJson.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
 
 namespace {
 
-using Commands = std::array<std::string, 2>;
+using ZelDebugDialog::CommandDifference;
 
-/// What a command is refused for goes to `refusals`, a line each.
-Configuration readConfiguration(const std::string &command,
-                                std::string &refusals) {
-  Session session(nullptr);
-  const Reading reading = session.readCommand(command);
-  if (!reading.accepted())
-    refusals +=
-        fmt::format("{}'{}' is refused: {}", refusals.empty() ? "" : "\n",
-                    printable(command), refusalOf(reading, command));
-  return configurationOf(*session.state);
+using Commands = std::array<std::string, 2>;
+using Differences = std::vector<CommandDifference>;
+
+Differences expectDifferences(const Commands &commands) {
+  try {
+    return ZelDebugDialog::DiffCommands(commands[0], commands[1]);
+  } catch (const ZelDebugDialog::Refusal &refusal) {
+    throw Failure(ExitStatus::refused, refusal.what());
+  }
+}
+
+Json differencesJson(const Differences &differences) {
+  Json list = Json::array();
+  for (const CommandDifference &one : differences)
+    list.push_back(
+        {{"name", one.setting},
+         {"before", fieldJson(one.setting, one.first)},
+         {"after", fieldJson(one.setting, one.second)},
+         {"reason", one.reason.empty() ? Json() : Json(one.reason)}});
+  return list;
+}
+
+void print(const Differences &differences, Output &output) {
+  Table table({"SETTING", "FIRST", "SECOND"});
+  for (const CommandDifference &one : differences)
+    table.addRow({one.setting, shownField(one.setting, one.first),
+                  shownField(one.setting, one.second)});
+  table.print(output);
+  for (const CommandDifference &one : differences)
+    if (!one.reason.empty())
+      output.note(fmt::format("{}: {}", one.setting, one.reason));
 }
 
 ExitStatus run(const Commands &commands, Output &output) {
-  std::string refusals;
-  const Configuration first = readConfiguration(commands[0], refusals);
-  const Configuration second = readConfiguration(commands[1], refusals);
-  if (!refusals.empty())
-    throw Failure(ExitStatus::refused, refusals);
-  const std::vector<Difference> differences = differencesBetween(first, second);
-  if (output.json()) {
-    output.document(
-        {{"equal", differences.empty()}, {"differences", toJson(differences)}});
-    return ExitStatus::done;
-  }
-  if (differences.empty()) {
+  const Differences differences = expectDifferences(commands);
+  if (output.json())
+    output.document({{"equal", differences.empty()},
+                     {"differences", differencesJson(differences)}});
+  else if (differences.empty())
     output.printLine("The commands have the same settings.");
-    return ExitStatus::done;
-  }
-  Table table({"SETTING", "FIRST", "SECOND"});
-  for (const Difference &difference : differences)
-    table.addRow({difference.name,
-                  shownSide(difference.before, difference.kind),
-                  shownSide(difference.after, difference.kind)});
-  table.print(output);
+  else
+    print(differences, output);
   return ExitStatus::done;
 }
 

@@ -1,10 +1,10 @@
-// explain-code: what the codes of `check` mean.
+// explain-code: what the words in brackets mean.
 #include <memory>
 #include <optional>
 
+#include <ZelDebugDialog/ConfigurationModel/Codes.h>
 #include <fmt/format.h>
 
-#include "DiagnosticCode.h"
 #include "line/CommandLine.h"
 #include "line/TextOption.h"
 #include "output/Output.h"
@@ -16,17 +16,20 @@ namespace zeldebug {
 
 namespace {
 
+using ZelDebugDialog::Code;
+using ZelDebugDialog::GetCodes;
+using ZelDebugDialog::ShowSeverity;
+
 std::vector<std::string> knownCodes() {
   std::vector<std::string> codes;
-  for (const DiagnosticCode &row : diagnosticCodes())
+  for (const Code &row : GetCodes())
     codes.emplace_back(row.code);
   return codes;
 }
 
-std::vector<const DiagnosticCode *>
-expectCodes(const std::optional<std::string> &code) {
-  std::vector<const DiagnosticCode *> rows;
-  for (const DiagnosticCode &row : diagnosticCodes())
+std::vector<const Code *> expectCodes(const std::optional<std::string> &code) {
+  std::vector<const Code *> rows;
+  for (const Code &row : GetCodes())
     if (!code || *code == row.code)
       rows.push_back(&row);
   if (rows.empty())
@@ -37,38 +40,37 @@ expectCodes(const std::optional<std::string> &code) {
   return rows;
 }
 
-Json codeJson(const DiagnosticCode &row) {
-  const std::string where = row.where;
+Json codeJson(const Code &row) {
   return {{"code", row.code},
-          {"severity", shownSeverity(row.severity)},
+          {"severity", ShowSeverity(row.severity)},
           {"meaning", row.meaning},
-          {"example", row.example},
-          {"where", where.empty() ? Json() : Json(where)},
+          {"example", row.example.empty() ? Json() : Json(row.example)},
+          {"where", row.where.empty() ? Json() : Json(row.where)},
           {"advice", row.advice}};
 }
 
 ExitStatus run(const std::optional<std::string> &code, Output &output) {
-  const std::vector<const DiagnosticCode *> rows = expectCodes(code);
+  const std::vector<const Code *> rows = expectCodes(code);
   if (output.json()) {
     Json list = Json::array();
-    for (const DiagnosticCode *row : rows)
+    for (const Code *row : rows)
       list.push_back(codeJson(*row));
     output.document({{"codes", list}});
     return ExitStatus::done;
   }
   if (!code) {
     Table table({"CODE", "SEVERITY", "MEANING"});
-    for (const DiagnosticCode *row : rows)
-      table.addRow({row->code, shownSeverity(row->severity), row->meaning});
+    for (const Code *row : rows)
+      table.addRow({row->code, ShowSeverity(row->severity), row->meaning});
     table.print(output);
     return ExitStatus::done;
   }
-  const DiagnosticCode &row = *rows.front();
+  const Code &row = *rows.front();
   output.printLine(fmt::format("{} ({})\n\n{}", row.code,
-                               shownSeverity(row.severity), row.meaning));
-  const std::string where = row.where;
-  output.printLine(fmt::format(
-      "\nExample{}:\n  {}", where.empty() ? where : ", " + where, row.example));
+                               ShowSeverity(row.severity), row.meaning));
+  const std::string where = row.where.empty() ? "" : ", " + row.where;
+  if (!row.example.empty())
+    output.printLine(fmt::format("\nExample{}:\n  {}", where, row.example));
   output.printLine(fmt::format("\nWhat to do: {}", row.advice));
   return ExitStatus::done;
 }
@@ -78,11 +80,11 @@ ExitStatus run(const std::optional<std::string> &code, Output &output) {
 void addExplainCodeCommand(CommandLine &line) {
   const auto code = std::make_shared<std::optional<std::string>>();
   CLI::App &app = line.addSubcommand(
-      "explain-code", "Explain a code of 'check', or list them all",
+      "explain-code", "Explain a code in brackets, or list them all",
       "zeldebug explain-code refused-value",
       [code](Output &output) { return run(*code, output); });
   line.completeWith(
-      addTextOption(app, "CODE", *code, "a code, as 'check' prints it")
+      addTextOption(app, "CODE", *code, "a code, as it stands in brackets")
           ->type_name(""),
       ValueKind::diagnosticCode);
 }

@@ -1,71 +1,69 @@
 // explain: what every word of a command is, and what it changes.
 #include <memory>
 
+#include <ZelDebugDialog/ConfigurationModel/Commands.h>
 #include <fmt/format.h>
 
-#include "Refusal.h"
-#include "TracedCommand.h"
 #include "line/CommandLine.h"
 #include "output/Table.h"
+#include "output/ValueJson.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::AfterFault;
-using ZelDebugDialog::CommandWord;
+using ZelDebugDialog::ExplainedCommand;
+using ZelDebugDialog::ExplainedWord;
+using ZelDebugDialog::WordChange;
 
-Json wordJson(const TracedCommand &command, std::size_t index) {
-  const CommandWord &word = command.trace().words[index];
-  const std::vector<Setting> changes = command.changesOf(index);
+Json wordJson(const ExplainedWord &word) {
   Json list = Json::array();
-  for (const Setting &setting : changes)
-    list.push_back({{"name", setting.name}, {"value", setting.value}});
-  const bool isPlain = changes.empty();
+  for (const WordChange &change : word.changes)
+    list.push_back({{"name", change.setting},
+                    {"before", fieldJson(change.setting, change.before)},
+                    {"value", fieldJson(change.setting, change.after)}});
+  const bool isPlain = list.empty();
   return {{"offset", word.offset},
           {"length", word.length},
-          {"text", command.wordText(index)},
-          {"role", shownRole(word.role)},
-          {"field", isPlain ? Json() : Json(changes.front().name)},
-          {"value", isPlain ? Json() : changes.front().value},
+          {"text", word.text},
+          {"role", word.role},
+          {"field", isPlain ? Json() : list[0]["name"]},
+          {"value", isPlain ? Json() : list[0]["value"]},
           {"changes", list}};
 }
 
-void printWords(const TracedCommand &command, Output &output) {
+void printWords(const ExplainedCommand &command, Output &output) {
   Table table({"COLUMN", "WORD", "ROLE", "CHANGES"});
-  for (std::size_t i = 0; i < command.trace().words.size(); ++i) {
-    const CommandWord &word = command.trace().words[i];
+  for (const ExplainedWord &word : command.words) {
     std::vector<std::string> changes;
-    for (const Setting &setting : command.changesOf(i))
-      changes.push_back(setting.name + " = " +
-                        shownSide(setting.value, setting.kind));
-    table.addRow({fmt::format("{}", word.offset + 1), command.wordText(i),
-                  shownRole(word.role),
+    for (const WordChange &change : word.changes)
+      changes.push_back(change.setting + " = " +
+                        shownField(change.setting, change.after));
+    table.addRow({fmt::format("{}", word.offset + 1), word.text, word.role,
                   fmt::format("{}", fmt::join(changes, ", "))});
   }
   table.print(output);
 }
 
 ExitStatus run(const std::string &text, Output &output) {
-  const TracedCommand command(text, AfterFault::stop);
-  const Reading &reading = command.reading();
+  const ExplainedCommand command = ZelDebugDialog::ExplainCommand(text);
   if (output.json()) {
     Json list = Json::array();
-    for (std::size_t i = 0; i < command.trace().words.size(); ++i)
-      list.push_back(wordJson(command, i));
+    for (const ExplainedWord &word : command.words)
+      list.push_back(wordJson(word));
     output.document({{"text", text},
-                     {"result", reading.result},
-                     {"error", reading.message},
+                     {"result", command.result},
+                     {"error", command.error},
                      {"words", list}});
   } else {
     printWords(command, output);
   }
-  if (reading.accepted())
+  if (command.accepted)
     return ExitStatus::done;
   output.error(
       fmt::format("the command is refused: {} ('zeldebug check' tells more)",
-                  refusalOf(reading, text)));
+                  command.refusal));
   return ExitStatus::refused;
 }
 

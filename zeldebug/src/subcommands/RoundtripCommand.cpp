@@ -1,103 +1,113 @@
 // roundtrip: what becomes of commands that are read, written and read again.
+#include <array>
 #include <memory>
 #include <optional>
 
+#include <ZelDebugDialog/ConfigurationModel/Commands.h>
 #include <fmt/format.h>
 
-#include "Loss.h"
-#include "Refusal.h"
-#include "Session.h"
 #include "line/CommandLine.h"
 #include "line/CommandLines.h"
 #include "line/TextOption.h"
-#include "output/Table.h"
+#include "output/ValueJson.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
 
 namespace {
 
-/// What became of one command.
-struct Trip {
-  std::string text;
-  std::string outcome; ///< "same", "changed", "refused"
-  std::string written; ///< empty when nothing could be written
-  std::string message; ///< for "refused"
-  std::vector<Difference> fields;
-  std::vector<Loss> losses;
-};
+using ZelDebugDialog::RoundtripField;
+using ZelDebugDialog::RoundtripOutcome;
+using ZelDebugDialog::RoundtripResult;
+using ZelDebugDialog::ShowOutcome;
 
-Trip travel(const std::string &text) {
-  Trip trip{text, "refused", "", "", {}, {}};
-  Session session(nullptr);
-  const Reading first = session.readCommand(text);
-  if (!first.accepted()) {
-    trip.message = "reading: " + refusalOf(first, text);
-    return trip;
-  }
-  Configuration before = configurationOf(*session.state);
-  if (session.engine.GenerateCmdString(trip.written) != 0) {
-    trip.message = "writing: " + reasonOf({1, session.message()});
-    return trip;
-  }
-  before.record.connectCommand = trip.written;
-  const Reading second = session.readCommand(trip.written);
-  const Configuration after = configurationOf(*session.state);
-  trip.losses = lossesOf(before, trip.written,
-                         {second.accepted(), reasonOf(second), after}, false);
-  if (!second.accepted()) {
-    trip.message = "reading again: " + refusalOf(second, trip.written);
-    return trip;
-  }
-  trip.fields = differencesBetween(before, after);
-  trip.outcome = trip.fields.empty() ? "same" : "changed";
-  return trip;
+/// "debugDevice 3 (comes back as 0): reason [code]"
+std::string shownLoss(const RoundtripField &field) {
+  const std::string reason = fmt::format("{} [{}]", field.reason, field.code);
+  if (field.name == "connectCommand")
+    return "the command: " + reason;
+  const std::string value = shownField(field.name, field.before);
+  return field.after.IsNothing()
+             ? fmt::format("{} {}: {}", field.name, value, reason)
+             : fmt::format("{} {} (comes back as {}): {}", field.name, value,
+                           shownField(field.name, field.after), reason);
 }
 
-void print(Output &output, const Trip &trip) {
-  output.printLine(fmt::format("{:<8} {}", trip.outcome, printable(trip.text)));
+void print(Output &output, const std::string &text,
+           const RoundtripResult &trip) {
+  output.printLine(
+      fmt::format("{:<8} {}", ShowOutcome(trip.outcome), printable(text)));
   if (!trip.message.empty())
     output.printLine(fmt::format("         {}", printable(trip.message)));
-  for (const Loss &loss : trip.losses)
-    output.printLine(fmt::format("         {}", printable(shownLoss(loss))));
+  for (const RoundtripField &field : trip.fields)
+    output.printLine(fmt::format("         {}", printable(shownLoss(field))));
 }
 
-Json tripJson(const Trip &trip) {
-  return {{"text", trip.text},
-          {"outcome", trip.outcome},
-          {"written", trip.written.empty() ? Json() : Json(trip.written)},
-          {"message", trip.message.empty() ? Json() : Json(trip.message)},
-          {"fields", toJson(trip.fields)},
-          {"lost", toJson(trip.losses)}};
+Json fieldsJson(const RoundtripResult &trip) {
+  Json list = Json::array();
+  if (trip.outcome != RoundtripOutcome::changed)
+    return list;
+  for (const RoundtripField &field : trip.fields)
+    list.push_back({{"name", field.name},
+                    {"before", fieldJson(field.name, field.before)},
+                    {"after", fieldJson(field.name, field.after)}});
+  return list;
+}
+
+Json lossesJson(const RoundtripResult &trip) {
+  Json list = Json::array();
+  for (const RoundtripField &field : trip.fields)
+    list.push_back({{"field", field.name},
+                    {"value", fieldJson(field.name, field.before)},
+                    {"readBack", fieldJson(field.name, field.after)},
+                    {"reason", field.reason},
+                    {"anchor", field.code}});
+  return list;
+}
+
+Json nullIfEmpty(const std::string &text) {
+  return text.empty() ? Json() : Json(text);
+}
+
+Json tripJson(const CommandLineOfFile &line, const RoundtripResult &trip) {
+  return {{"line", line.number},
+          {"text", line.text},
+          {"outcome", ShowOutcome(trip.outcome)},
+          {"written", nullIfEmpty(trip.written)},
+          {"message", nullIfEmpty(trip.message)},
+          {"fields", fieldsJson(trip)},
+          {"lost", lossesJson(trip)}};
 }
 
 ExitStatus run(const std::optional<std::string> &file, Output &output) {
-  std::size_t same = 0;
-  std::size_t changed = 0;
-  std::size_t total = 0;
+  std::array<std::size_t, 3> counts{};
+  const auto countOf = [&counts](RoundtripOutcome outcome) -> std::size_t & {
+    return counts.at(static_cast<std::size_t>(outcome));
+  };
   Json list = Json::array();
-  for (const CommandLineOfFile &line : expectCommandLines(file.value_or("-"))) {
-    const Trip trip = travel(line.text);
-    ++total;
-    same += trip.outcome == "same" ? 1 : 0;
-    changed += trip.outcome == "changed" ? 1 : 0;
+  const auto lines = expectCommandLines(file.value_or("-"));
+  for (const CommandLineOfFile &line : lines) {
+    const RoundtripResult trip = ZelDebugDialog::RoundtripCommand(line.text);
+    ++countOf(trip.outcome);
     if (output.json())
-      list.push_back(tripJson(trip));
+      list.push_back(tripJson(line, trip));
     else
-      print(output, trip);
+      print(output, line.text, trip);
   }
-  const std::size_t refused = total - same - changed;
+  const std::size_t same = countOf(RoundtripOutcome::same);
+  const std::size_t changed = countOf(RoundtripOutcome::changed);
+  const std::size_t refused = countOf(RoundtripOutcome::refused);
   if (output.json())
     output.document({{"lines", list},
-                     {"total", total},
+                     {"total", lines.size()},
                      {"same", same},
                      {"changed", changed},
                      {"refused", refused}});
   else
     output.printLine(fmt::format("{}: {} same, {} changed, {} refused",
-                                 counted(total, "command"), same, changed,
-                                 refused));
-  return same == total ? ExitStatus::done : ExitStatus::refused;
+                                 counted(lines.size(), "command"), same,
+                                 changed, refused));
+  return same == lines.size() ? ExitStatus::done : ExitStatus::refused;
 }
 
 } // namespace

@@ -18,9 +18,11 @@ void addExplainCodeCommand(CommandLine &line);
 void addDiffCommand(CommandLine &line);
 void addRoundtripCommand(CommandLine &line);
 void addCablesCommand(CommandLine &line);
+void addLanguageCommand(CommandLine &line);
 void addCompletionCommand(CommandLine &line);
 void addCompleteCommand(CommandLine &line);
 void addManualCommand(CommandLine &line);
+void addHelpCommand(CommandLine &line);
 
 } // namespace zeldebug
 

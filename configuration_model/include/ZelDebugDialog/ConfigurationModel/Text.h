@@ -1,0 +1,29 @@
+// Texts for people: made fit to be shown, and the nearest match of a word that
+// was mistyped.
+//
+// Functions without a state; usable from any thread.
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ZelDebugDialog/ConfigurationModel/Export.h"
+
+namespace ZelDebugDialog {
+
+/// `text` with every control character and every byte that belongs to no UTF-8
+/// written as \xNN: fit for a terminal and for a table.
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
+ShowText(std::string_view text);
+
+/// The candidate with the fewest edits (letters put in, left out, replaced or
+/// swapped, case not counted), the first of several; empty if none is near
+/// enough: at most one edit for each three letters of `word`.
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
+FindNearest(std::string_view word, const std::vector<std::string> &candidates);
+
+} // namespace ZelDebugDialog
+
+#endif

@@ -1,0 +1,47 @@
+#include "output/CableText.h"
+
+#include <fmt/format.h>
+
+namespace zeldebug {
+
+namespace {
+
+using ZelDebugDialog::CableInfo;
+
+std::string dashIfEmpty(const std::string &text) {
+  return text.empty() ? "-" : text;
+}
+
+template <class List> std::string joined(const List &list) {
+  return dashIfEmpty(fmt::format("{}", fmt::join(list, " ")));
+}
+
+} // namespace
+
+std::vector<std::string> cableHeadings() {
+  return {"TYPE",       "KEYWORD READ", "TEXT WRITTEN",     "WRITABLE",
+          "DEFAULT HZ", "DEFAULT PORT", "FREQUENCIES IN HZ"};
+}
+
+std::vector<std::string> cableCells(const CableInfo &cable) {
+  return {fmt::format("{}", cable.type),
+          joined(cable.keywords),
+          dashIfEmpty(cable.written),
+          cable.writable ? "yes" : "no",
+          fmt::format("{}", cable.defaultFrequency),
+          dashIfEmpty(cable.defaultPort),
+          joined(cable.acceptedFrequencies)};
+}
+
+Json cableJson(const CableInfo &cable) {
+  return {{"type", cable.type},
+          {"keywords", cable.keywords},
+          {"written", cable.writable ? Json(cable.written) : Json()},
+          {"writable", cable.writable},
+          {"frequencies", cable.acceptedFrequencies},
+          {"offeredFrequencies", cable.offeredFrequencies},
+          {"defaultFrequency", cable.defaultFrequency},
+          {"defaultPort", cable.defaultPort}};
+}
+
+} // namespace zeldebug
