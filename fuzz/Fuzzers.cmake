@@ -58,6 +58,13 @@ if(ZELDEBUGDIALOG_DESIGN_MODEL)
     set(fuzz_documents_libraries DesignModelCore)
 endif()
 
+if(ZELDEBUGDIALOG_CONFIGURATION_MODEL)
+    find_package(fmt 9 REQUIRED)
+    list(APPEND fuzzers session)
+    set(fuzz_session_sources ${fuzz_folder}/fuzz_session.cpp)
+    set(fuzz_session_libraries ConfigurationModelCore ${fuzz_engine_libraries} fmt::fmt)
+endif()
+
 if(ZELDEBUGDIALOG_TOOL)
     find_package(CLI11 2.1 REQUIRED)
     find_package(fmt 9 REQUIRED)

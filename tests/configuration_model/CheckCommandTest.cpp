@@ -46,6 +46,9 @@ TEST(CheckCommand, FindsEachFaultInItsPlace) {
       {"connect lc hdu -cable type quorla_podusb frequency 625000",
        "51+6 error refused-frequency"},
       {"connect lc hdu -", "15+1 error lone-dash"},
+      {"connect lc hdu -cable port -cable esn -debugdevice devicenr 1",
+       "27+6 error missing-value; 27+6 warning option-repeated; "
+       "38+12 error missing-value"},
       {"connect lc hdu -cable typ x -foo -debugdevice devicenr 300 fpuType xp "
        "-bscan USER5",
        "22+3 error unknown-parameter; 28+4 error unknown-option; "

@@ -297,6 +297,9 @@ TEST(DesignAllocation, OfQueries) {
   expectAllOrNothing("DesignModel::Missing", [](DesignScene &scene) {
     EXPECT_EQ(scene.model.Missing().size(), 0U);
   });
+  expectAllOrNothing("DesignModel::Views", [](DesignScene &scene) {
+    EXPECT_EQ(scene.model.Views().size(), 0U);
+  });
   expectAllOrNothing("DesignModel::DebugModules", [](DesignScene &scene) {
     std::string name = scene.model.DebugModules().front();
     scene.text.swap(name);

@@ -89,7 +89,8 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
       {{"check", "connect", "lc", "hdu", "-cable", "type", "x"},
        "unknown option '-cable' of 'check'; there are '--help', '--json', "
        "'-C', '--file', '--design', '--library', '--view', '--kinds', "
-       "'--processor'; a connect command is one argument: put it in quotes"},
+       "'--max-instances', '--processor'; a connect command is one argument: "
+       "put it in quotes"},
       {{"list", "x", "y"}, "'list' takes no more arguments, but 'y' is left"},
   };
   for (const auto &row : rows) {

@@ -175,9 +175,35 @@ TEST_F(DesignOptionsTest, AViewSaysWhatIsInside) {
   EXPECT_EQ(
       run({"complete", "--", "show", "top.xml", "--view", "large", ""}).out,
       "in_large\n");
-  // A view that a component does not have is not the one to take.
-  EXPECT_THAT(debuggable({"top.xml", "--view", "middle"}),
-              ElementsAre("in_small"));
+}
+
+TEST_F(DesignOptionsTest, AViewThatNoComponentHasIsRefused) {
+  const auto refusalOf = [this](const std::string &name) {
+    const Result run = this->run({"list", board, "--view", name});
+    EXPECT_EQ(run.status, 2) << name;
+    EXPECT_EQ(run.out, "") << name;
+    return run.err;
+  };
+  EXPECT_EQ(refusalOf("middle"),
+            "zeldebug: error: --view: 'middle' is the view of no component; "
+            "there are no views in this design\n");
+  folder.write("top.xml",
+               "<component><vendor>x</vendor><library>y</library>"
+               "<name>top</name><version>1</version><model><views>"
+               "<view><name>small</name></view><view><name>large</name></view>"
+               "</views></model></component>");
+  folder.write("holder.xml",
+               "<design><vendor>x</vendor><library>y</library>"
+               "<name>holder</name><version>1</version><componentInstances>"
+               "<componentInstance><instanceName>a</instanceName>"
+               "<componentRef vendor='x' library='y' name='top' version='1'/>"
+               "</componentInstance></componentInstances></design>");
+  const Result run = this->run({"list", "holder.xml", "--view", "larg"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(
+      run.err,
+      "zeldebug: error: --view: 'larg' is the view of no component; there "
+      "are 'large', 'small'; did you mean 'large'?\n");
 }
 
 TEST_F(DesignOptionsTest, InstancesAreLimited) {

@@ -226,8 +226,7 @@ TEST_F(ExplainCommandTest, TellsWhatIsOverwritten) {
   EXPECT_EQ(changesOf("1"), json::array({change("debugDevice", 0, 1)}));
   EXPECT_EQ(changesOf("200"), json::array({change("debugDevice", 1, -56)}));
   EXPECT_EQ(changesOf("0x2"), json::array({change("chain[0].idcode", 1, 2)}));
-  EXPECT_EQ(changesOf("3"),
-            json::array({change("chain[1].idcode", nullptr, 3)}));
+  EXPECT_EQ(changesOf("3"), json::array({change("chain[1].idcode", 0, 3)}));
   EXPECT_EQ(changesOf("h:1"),
             json::array({change("modelSimHost", "localhost", "h"),
                          change("modelSimPort", 9998, 1)}));

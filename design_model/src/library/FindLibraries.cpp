@@ -21,10 +21,10 @@ bool operator==(const MissingDocument &a, const MissingDocument &b) {
   return a.type == b.type && a.identity == b.identity;
 }
 
-bool isBelow(const fs::path &path, const fs::path &folder) {
+bool isBelow(const fs::path &inner, const fs::path &outer) {
   const auto ends =
-      std::mismatch(folder.begin(), folder.end(), path.begin(), path.end());
-  return ends.first == folder.end();
+      std::mismatch(outer.begin(), outer.end(), inner.begin(), inner.end());
+  return ends.first == outer.end();
 }
 
 /// The innermost folder that holds both.
@@ -157,11 +157,11 @@ private:
     branches.push_back(folder);
   }
 
-  static bool isCovered(const fs::path &folder,
+  static bool isCovered(const fs::path &inner,
                         const std::vector<fs::path> &others) {
     return std::any_of(
         others.begin(), others.end(),
-        [&folder](const fs::path &other) { return isBelow(folder, other); });
+        [&inner](const fs::path &outer) { return isBelow(inner, outer); });
   }
 
   static fs::path absolute(const std::string &path) {

@@ -196,6 +196,22 @@ DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
   return design;
 }
 
+/// A name that no component has would be passed over in silence. One that is
+/// not there may have it.
+void DesignOptions::expectView(const DesignModel &design) const {
+  const std::vector<std::string> views = design.Views();
+  if (!view || !design.Missing().empty() ||
+      std::find(views.begin(), views.end(), *view) != views.end())
+    return;
+  throw Failure(
+      ExitStatus::wrongUse,
+      fmt::format("--view: '{}' is the view of no component; there {}{}",
+                  printable(*view),
+                  views.empty() ? std::string("are no views in this design")
+                                : "are " + quotedList(views),
+                  didYouMean(*view, views)));
+}
+
 void DesignOptions::expectRead(bool isRead, const DesignModel &design,
                                const Output &output) const {
   if (!isRead) {
@@ -208,6 +224,7 @@ void DesignOptions::expectRead(bool isRead, const DesignModel &design,
     }
     throw Failure(ExitStatus::unreadable, text);
   }
+  expectView(design);
   for (const DesignDiagnostic &diagnostic : design.Diagnostics())
     say(diagnostic, output);
 }

@@ -51,6 +51,7 @@ public:
 private:
   void addSourcesTo(CommandLine &line, CLI::App &app);
   ZelDebugDialog::DesignSources expectSources() const;
+  void expectView(const ZelDebugDialog::DesignModel &design) const;
   void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design,
                   const Output &output) const;
 

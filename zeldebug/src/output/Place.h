@@ -18,8 +18,8 @@ Place lookAt(const std::filesystem::path &path,
 
 constexpr const char *noSuchFile = "there is no such file";
 
-/// The name of a file as messages have it: an empty one is seen, and what is not
-/// printable is escaped.
+/// The name of a file as messages have it: an empty one is seen, and what is
+/// not printable is escaped.
 std::string shownName(const std::string &name);
 
 /// @throws Failure (refused): "path: problem"
