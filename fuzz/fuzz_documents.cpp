@@ -6,6 +6,7 @@
 // libraries are the lines of "places".
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <set>
 #include <sstream>
@@ -23,6 +24,30 @@ using namespace ZelDebugDialog;
 
 /// Enough for every kind of ending, and little enough to go fast.
 constexpr ModelLimits limits{2000, std::size_t{1} << 20};
+
+/// How many inputs got past their documents, for who wants to know whether the
+/// fuzzer spends its time where it should.
+class Share {
+public:
+  Share() = default;
+  Share(const Share &) = delete;
+  Share &operator=(const Share &) = delete;
+  ~Share() {
+    if (inputs > 0)
+      std::fprintf(stderr, "elaborated: %llu of %llu inputs (%llu %%)\n",
+                   elaborated, inputs, 100 * elaborated / inputs);
+  }
+  void count(bool isElaborated) {
+    ++inputs;
+    elaborated += isElaborated ? 1 : 0;
+  }
+
+private:
+  unsigned long long inputs = 0;
+  unsigned long long elaborated = 0;
+};
+
+Share share;
 
 MemorySource split(const std::string &input) {
   const std::string mark = "==== ";
@@ -153,6 +178,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data,
   }
   DesignModel model;
   const bool isRead = readDesignFrom(source, sources, limits, model);
+  // What can't be read is refused before there is an instance.
+  share.count(isRead);
   checkOutcome(isRead, model);
   ask(model);
   askForWires(model);
