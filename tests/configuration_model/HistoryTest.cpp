@@ -175,9 +175,12 @@ TEST_F(HistoryTest, OriginsNameTheColumnOfTheWord) {
   EXPECT_EQ(originOf(session, "chain[1].irlength"), "file:125");
   EXPECT_EQ(originOf(session, "connectCommand"), "file:1");
   EXPECT_EQ(originOf(session, "stubTimeout"), "default");
-  for (const char *identity : {"instanceName", "procFamily", "procType",
-                               "connectionMask", "cpuNr", "fpuType"})
+  for (const char *identity :
+       {"instanceName", "procFamily", "procType", "connectionMask", "cpuNr"})
     EXPECT_EQ(originOf(session, identity), "design");
+  // A design is asked for it only where the processor is a hard one.
+  EXPECT_EQ(originOf(session, "fpuType"), "default");
+  EXPECT_EQ(originOf(open("ppc405"), "fpuType"), "design");
 }
 
 TEST_F(HistoryTest, OriginsFollowEditsChangesAndResets) {

@@ -39,7 +39,7 @@ TEST_F(CablesCommandTest, ShowsTheCatalogue) {
   EXPECT_EQ(run.status, 0);
   std::string lines =
       "TYPE  KEYWORD READ                      TEXT WRITTEN      WRITABLE  "
-      "DEFAULT HZ  DEFAULT PORT  FREQUENCIES IN HZ\n"
+      "DEFAULT HZ  DEFAULT PORT  ACCEPTED HZ\n"
       "0     -                                 -                 no        "
       "0           -             -\n";
   for (const support::Cable &cable : support::cables())

@@ -83,7 +83,8 @@ TEST_F(DesignOptionsTest, ALibraryThatIsNotThere) {
             "or catalog\n");
 }
 
-TEST_F(DesignOptionsTest, DiagnosticsAreToldByTheirSeverity) {
+/// A design with an error, and a kind table with two warnings.
+void writeHoles(support::TemporaryDirectory &folder) {
   folder.write("holes.xml",
                "<design><vendor>x</vendor><library>y</library>"
                "<name>holes</name><version>1</version>\n"
@@ -92,19 +93,53 @@ TEST_F(DesignOptionsTest, DiagnosticsAreToldByTheirSeverity) {
                "<componentRef vendor='x' library='y' name='absent' "
                "version='1'/>\n"
                "</componentInstance></componentInstances></design>");
-  const std::vector<std::string> rest{"holes.xml", "--view", "middle"};
-  for (const char *subcommand : {"list", "design"}) {
-    std::vector<std::string> line{subcommand};
-    line.insert(line.end(), rest.begin(), rest.end());
-    const Result run = this->run(line);
-    EXPECT_EQ(run.status, 0) << subcommand;
-    EXPECT_EQ(run.err,
-              "zeldebug: error: holes.xml:4: instance 'cpu': component "
-              "'x:y:absent:1' is not found\n"
-              "zeldebug: warning: holes.xml: no component of the design has "
-              "the view 'middle'\n")
-        << subcommand;
-  }
+  folder.write("odd.kinds", "x:y:absent:1 processor lumacor\n"
+                            "x:y:other:1 processor lumacore\n");
+}
+
+TEST_F(DesignOptionsTest, DiagnosticsAreToldByTheirSeverity) {
+  writeHoles(folder);
+  const Result run = this->run(
+      {"design", "holes.xml", "--kinds", "odd.kinds", "--view", "middle"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err,
+            "zeldebug: warning: odd.kinds:1: the debugger knows no processor "
+            "of type 'lumacor'; did you mean 'lumacore'?\n"
+            "zeldebug: error: holes.xml:4: instance 'cpu': component "
+            "'x:y:absent:1' is not found\n"
+            "zeldebug: warning: holes.xml: no component of the design has "
+            "the view 'middle'\n"
+            "zeldebug: warning: odd.kinds:2: no component of the design or its "
+            "libraries fits 'x:y:other:1'\n");
+}
+
+TEST_F(DesignOptionsTest, DiagnosticsAreCountedByOtherCommands) {
+  writeHoles(folder);
+  const Result one = run({"list", "holes.xml"});
+  EXPECT_EQ(one.status, 0);
+  EXPECT_EQ(one.err,
+            "zeldebug: warning: reading the design left 1 error; 'zeldebug "
+            "design holes.xml' shows it\n");
+  const Result more = run({"list", "holes.xml", "--kinds", "odd.kinds",
+                           "--library", ".", "--max-instances", "7"});
+  EXPECT_EQ(more.err,
+            "zeldebug: warning: reading the design left 1 error, 2 warnings; "
+            "'zeldebug design holes.xml --library . --kinds odd.kinds "
+            "--max-instances 7' shows them\n");
+  const json document = runJson({"list", "holes.xml", "--kinds", "odd.kinds"});
+  ASSERT_EQ(document["diagnostics"].size(), 3u);
+  EXPECT_EQ(document["diagnostics"], runJson({"design", "holes.xml", "--kinds",
+                                              "odd.kinds"})["diagnostics"]);
+  EXPECT_EQ(document["diagnostics"][1]["line"], 4);
+  EXPECT_EQ(document["diagnostics"][1]["severity"], "error");
+  EXPECT_EQ(run({"list", board}).err, "");
+  EXPECT_EQ(runJson({"list", board})["diagnostics"], json::array());
+}
+
+TEST_F(DesignOptionsTest, WarningsOfADesignAreFailuresWhereTheyAreAskedToBe) {
+  writeHoles(folder);
+  EXPECT_EQ(run({"list", "holes.xml", "--strict"}).status, 1);
+  EXPECT_EQ(run({"list", board, "--strict"}).status, 0);
 }
 
 TEST_F(DesignOptionsTest, AKindTableGivesPartsToPlay) {

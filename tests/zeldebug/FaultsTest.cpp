@@ -405,7 +405,8 @@ TEST_F(FaultsTest, TablesAndSentencesFitTheTerminal) {
   surroundings.noColour = true;
   const std::vector<std::vector<std::string>> lines{
       {"list", board}, {"cables"}, {"show", board, "lumacore_0", "--origin"}};
-  for (const unsigned short columns : {60, 80, 132}) {
+  for (const unsigned short columns :
+       std::vector<unsigned short>{60, 80, 132}) {
     surroundings.columns = columns;
     for (const std::vector<std::string> &line : lines) {
       std::istringstream out(this->run(line, surroundings).out);

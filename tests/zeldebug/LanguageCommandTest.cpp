@@ -47,7 +47,7 @@ TEST_F(LanguageCommandTest, ShowsOneWord) {
        "kconnect  kmtc    no        -           kmtc\n"},
       {{"language", "QUORLA_PARALLEL4"},
        "TYPE  KEYWORD READ                      TEXT WRITTEN     WRITABLE  "
-       "DEFAULT HZ  DEFAULT PORT  FREQUENCIES IN HZ\n"
+       "DEFAULT HZ  DEFAULT PORT  ACCEPTED HZ\n"
        "2     quorla_parallel quorla_parallel4  quorla_parallel  yes       "
        "5000000     LPT1          200000 625000 2500000 5000000\n"},
   };
@@ -96,7 +96,8 @@ TEST_F(LanguageCommandTest, RefusesWhatIsNoWord) {
             "is left\n");
   EXPECT_EQ(this->run({"language", "--jsn"}).err,
             "zeldebug: error: unknown option '--jsn' of 'language'; there are "
-            "'--help', '--json', '-C'; did you mean '--json'?\n");
+            "'--help', '--json', '-C', '--color', '--quiet', '--strict'; did "
+            "you mean '--json'?\n");
 }
 
 } // namespace

@@ -112,9 +112,13 @@ void Save::expectPlace(const fs::path &target) {
   const fs::path around = target.parent_path();
   if (!options.dryRun)
     folder = std::make_unique<SaveFolder>(around, options.makeFolder);
+  // What cannot be entered says nothing of what is in it.
+  const Place here = lookAt(around, fs::file_type::directory);
+  if (here.exists && here.problem.empty())
+    expectWritable(around, options.makeFolder);
   if (!options.dryRun || lookAt(around, fs::file_type::directory).exists)
     expectReplaceable(target, options.force);
-  if (options.dryRun)
+  if (options.dryRun && !here.exists)
     expectWritable(around, options.makeFolder);
 }
 

@@ -12,6 +12,7 @@
 
 #include "line/Refused.h"
 #include "output/Failure.h"
+#include "output/Output.h"
 #include "output/Suggestion.h"
 
 namespace zeldebug {
@@ -54,8 +55,9 @@ Failure wrongUse(const std::string &problem, const std::string &value,
 void expectKey(const std::string &name) {
   const std::vector<std::string> names = keys();
   if (std::find(names.begin(), names.end(), name) == names.end())
-    throw wrongUse(fmt::format("unknown key '{}'; accepted are {}{}", name,
-                               quotedList(names), didYouMean(name, names)),
+    throw wrongUse(fmt::format("unknown key '{}'; accepted are {}{}",
+                               printable(name), quotedList(names),
+                               didYouMean(name, names)),
                    name, {"", "", "", names, nearestMatch(name, names)});
 }
 
@@ -87,7 +89,8 @@ ChainDevice expectChainDevice(const std::string &text) {
   for (const std::string &piece : piecesOf(text)) {
     const std::size_t equals = piece.find('=');
     if (equals == std::string::npos)
-      throw wrongUse(fmt::format("'{}' is no KEY=VALUE", piece), piece);
+      throw wrongUse(fmt::format("'{}' is no KEY=VALUE", printable(piece)),
+                     piece);
     const std::string key = piece.substr(0, equals);
     expectKey(key);
     if (!seen.insert(key).second)
@@ -96,7 +99,8 @@ ChainDevice expectChainDevice(const std::string &text) {
   }
   for (const char *key : required)
     if (seen.count(key) == 0)
-      throw wrongUse(fmt::format("'{}' is missing in '{}'", key, text), text);
+      throw wrongUse(
+          fmt::format("'{}' is missing in '{}'", key, printable(text)), text);
   return device;
 }
 

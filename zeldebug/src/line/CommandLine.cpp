@@ -89,9 +89,9 @@ Failure unknownOption(const CLI::App &app, const std::string &word) {
   const bool singleDash = name.size() > 2 && name[1] != '-';
   const std::string wanted = singleDash ? "-" + name : name;
   const std::vector<std::string> names = optionNames(app);
-  std::string text =
-      fmt::format("unknown option '{}' of '{}'; there are {}{}", name,
-                  app.get_name(), quotedList(names), didYouMean(wanted, names));
+  std::string text = fmt::format("unknown option '{}' of '{}'; there are {}{}",
+                                 printable(name), app.get_name(),
+                                 quotedList(names), didYouMean(wanted, names));
   if (singleDash && takesCommands(app))
     text += "; a connect command is one argument: put it in quotes";
   return {ExitStatus::wrongUse,
@@ -121,8 +121,8 @@ Colour expectColour(const std::string &text) {
   }
   throw Failure(
       ExitStatus::wrongUse,
-      fmt::format("--color: '{}' is unknown; accepted are {}{}", text,
-                  quotedList(words), didYouMean(text, words)),
+      fmt::format("--color: '{}' is unknown; accepted are {}{}",
+                  printable(text), quotedList(words), didYouMean(text, words)),
       {"bad-value", "--color", text, words, nearestMatch(text, words)});
 }
 
@@ -157,8 +157,12 @@ CommandLine::CommandLine()
 
 std::string CommandLine::helpOf(const Subcommand *subcommand,
                                 const Output &output) const {
+  // `App::help` would be that of the subcommand that is parsed.
   const std::string text =
-      subcommand == nullptr ? app.help() : subcommand->app->help("zeldebug");
+      subcommand == nullptr
+          ? app.get_formatter()->make_help(&app, app.get_name(),
+                                           CLI::AppFormatMode::Normal)
+          : subcommand->app->help("zeldebug");
   return wrappedHelp(text, output.width(), optionColumn);
 }
 
@@ -167,6 +171,12 @@ void CommandLine::addCommonOptions(CLI::App &target) {
       "--json", jsonWanted,
       "print one JSON document; everything else goes to standard error");
   completeWith(target
+                   .add_option("-C", folder,
+                               "working directory, whose folder etc/ holds the "
+                               "option files (default: the current one)")
+                   ->type_name("DIR"),
+               ValueKind::folder);
+  completeWith(target
                    .add_option("--color", colour,
                                "colour: always, never, or auto for a terminal "
                                "that wants it")
@@ -174,12 +184,6 @@ void CommandLine::addCommonOptions(CLI::App &target) {
                ValueKind::colour);
   target.add_flag("-q,--quiet", isQuiet, "leave out notes");
   target.add_flag("--strict", isStrict, "make warnings failures");
-  completeWith(target
-                   .add_option("-C", folder,
-                               "working directory, whose folder etc/ holds the "
-                               "option files (default: the current one)")
-                   ->type_name("DIR"),
-               ValueKind::folder);
 }
 
 std::vector<std::string> CommandLine::names() const {
@@ -244,7 +248,7 @@ void CommandLine::expectNothingUnknown(int argc,
       throw Failure(
           ExitStatus::wrongUse,
           fmt::format("'{}' takes no more arguments, but '{}' is left",
-                      where.get_name(), word),
+                      where.get_name(), printable(word)),
           {"", "", word});
     expectSubcommand(word);
   }
@@ -257,8 +261,9 @@ CommandLine::expectSubcommand(const std::string &name) const {
       return known;
   const std::vector<std::string> all = names();
   throw Failure(ExitStatus::wrongUse,
-                fmt::format("unknown subcommand '{}'; there are {}{}", name,
-                            quotedList(all), didYouMean(name, all)),
+                fmt::format("unknown subcommand '{}'; there are {}{}",
+                            printable(name), quotedList(all),
+                            didYouMean(name, all)),
                 {"", "", name, all, nearestMatch(name, all)});
 }
 
@@ -279,7 +284,7 @@ void CommandLine::expectValues(const std::vector<std::string> &words) const {
                     isLast ? fmt::format("{}: a value is missing", words[i])
                            : fmt::format("{}: a value is missing, in front of "
                                          "'{}'",
-                                         words[i], next),
+                                         words[i], printable(next)),
                     {"missing-value", words[i]});
     ++i;
   }
@@ -325,9 +330,10 @@ void CommandLine::expectFlagsAlone(
   for (const std::string &word : words) {
     const std::string name = nameIn(word);
     if (name != word && name.compare(0, 2, "--") == 0 && hasFlag(where, name))
-      throw Failure(ExitStatus::wrongUse,
-                    fmt::format("{} takes no value: '{}'", name, word),
-                    {"", name, word.substr(name.size() + 1)});
+      throw Failure(
+          ExitStatus::wrongUse,
+          fmt::format("{} takes no value: '{}'", name, printable(word)),
+          {"", name, word.substr(name.size() + 1)});
   }
 }
 

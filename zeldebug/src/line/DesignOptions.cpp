@@ -38,13 +38,34 @@ const char *shownSeverity(Severity severity) {
   return "";
 }
 
+DesignRemark remarkOf(const DesignDiagnostic &diagnostic) {
+  return {diagnostic.file, diagnostic.line, shownSeverity(diagnostic.severity),
+          diagnostic.message};
+}
+
 /// One a line.
 std::string errorsOf(const DesignModel &design) {
   std::string text;
   for (const DesignDiagnostic &diagnostic : design.Diagnostics())
     if (diagnostic.severity == Severity::error)
-      text += (text.empty() ? "" : "\n") + shownDiagnostic(diagnostic);
+      text += (text.empty() ? "" : "\n") + shownRemark(remarkOf(diagnostic));
   return text;
+}
+
+/// "2 errors, 1 warning"
+std::string countsOf(const std::vector<DesignDiagnostic> &diagnostics) {
+  std::vector<std::string> counts;
+  for (const Severity severity :
+       {Severity::error, Severity::warning, Severity::note}) {
+    const auto number = std::count_if(diagnostics.begin(), diagnostics.end(),
+                                      [severity](const DesignDiagnostic &one) {
+                                        return one.severity == severity;
+                                      });
+    if (number != 0)
+      counts.push_back(
+          counted(static_cast<std::size_t>(number), shownSeverity(severity)));
+  }
+  return fmt::format("{}", fmt::join(counts, ", "));
 }
 
 constexpr std::size_t mostNamed = 5;
@@ -74,6 +95,8 @@ wordsFor(const std::string &subcommand, const DesignSources &sources,
     add("--view", sources.view);
   if (!sources.kindsFile.empty())
     add("--kinds", sources.kindsFile);
+  if (sources.maxInstances != DesignSources().maxInstances)
+    add("--max-instances", std::to_string(sources.maxInstances));
   return words;
 }
 
@@ -147,19 +170,24 @@ DesignSources DesignOptions::expectSources() const {
   return sources;
 }
 
-std::unique_ptr<DesignModel> DesignOptions::read(Output &output) const {
+std::unique_ptr<DesignModel> DesignOptions::read(Output &output,
+                                                 Telling telling) const {
+  output.useRemarks();
   auto design = std::make_unique<DesignModel>();
   const bool isRead = ReadDesign(expectSources(), *design);
-  expectRead(isRead, *design, output);
+  expectRead(isRead, *design);
+  tell(*design, telling, output);
   return design;
 }
 
 std::unique_ptr<DesignModel>
 DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
                             Output &output) const {
+  output.useRemarks();
   auto design = std::make_unique<DesignModel>();
   const bool isRead = ProposeKinds(expectSources(), proposal, *design);
-  expectRead(isRead, *design, output);
+  expectRead(isRead, *design);
+  tell(*design, Telling::counted, output);
   return design;
 }
 
@@ -180,26 +208,21 @@ void DesignOptions::expectView(const DesignModel &design) const {
       {"bad-value", "--view", *view, views, nearestMatch(*view, views)});
 }
 
-void DesignOptions::expectRead(bool isRead, const DesignModel &design,
-                               Output &output) const {
-  if (isRead)
+void DesignOptions::expectRead(bool isRead, const DesignModel &design) const {
+  if (isRead) {
     expectView(design);
-  output.useRemarks();
-  FailureDetails about;
-  for (const DesignDiagnostic &diagnostic : design.Diagnostics()) {
-    const bool isFirstError =
-        diagnostic.severity == Severity::error && about.file.empty();
-    if (isFirstError) {
-      about.file = diagnostic.file;
-      about.line = diagnostic.line;
-    }
-    // The errors of a design that cannot be read are what the run ends with.
-    if (isRead)
-      output.remark({diagnostic.file, diagnostic.line,
-                     shownSeverity(diagnostic.severity), diagnostic.message});
-  }
-  if (isRead)
     return;
+  }
+  const std::vector<DesignDiagnostic> &all = design.Diagnostics();
+  const auto first =
+      std::find_if(all.begin(), all.end(), [](const DesignDiagnostic &one) {
+        return one.severity == Severity::error;
+      });
+  FailureDetails about;
+  if (first != all.end()) {
+    about.file = first->file;
+    about.line = first->line;
+  }
   std::string text = errorsOf(design);
   if (!design.Missing().empty()) {
     const MissingAdvice advice = adviseOnMissing(design, "list");
@@ -208,6 +231,31 @@ void DesignOptions::expectRead(bool isRead, const DesignModel &design,
       text += "\n  " + shellLine(advice.command);
   }
   throw Failure(ExitStatus::unreadable, text, about);
+}
+
+/// There can be much to say of a library, which nobody wants to read again with
+/// every command.
+void DesignOptions::tell(const DesignModel &design, Telling telling,
+                         Output &output) const {
+  const std::vector<DesignDiagnostic> &all = design.Diagnostics();
+  for (const DesignDiagnostic &diagnostic : all)
+    if (telling == Telling::whole)
+      output.remark(remarkOf(diagnostic));
+    else
+      output.keepRemark(remarkOf(diagnostic));
+  if (telling == Telling::whole || all.empty())
+    return;
+  const std::string text = fmt::format(
+      "reading the design left {}; '{}' shows {}", countsOf(all),
+      shellLine(commandLine("design")), all.size() == 1 ? "it" : "them");
+  const bool areNotes =
+      std::all_of(all.begin(), all.end(), [](const DesignDiagnostic &one) {
+        return one.severity == Severity::note;
+      });
+  if (areNotes)
+    output.note(text);
+  else
+    output.warn(text);
 }
 
 MissingAdvice
@@ -276,11 +324,6 @@ Json diagnosticsJson(const DesignModel &design) {
                     {"severity", shownSeverity(diagnostic.severity)},
                     {"message", diagnostic.message}});
   return list;
-}
-
-std::string shownDiagnostic(const DesignDiagnostic &diagnostic) {
-  return shownRemark({diagnostic.file, diagnostic.line,
-                      shownSeverity(diagnostic.severity), diagnostic.message});
 }
 
 } // namespace zeldebug

@@ -34,10 +34,19 @@ public:
 
   bool named() const { return designFile.has_value(); }
 
-  /// Reads the design. What its diagnostics say goes to `output`.
+  /// How much a person is told of what there is to say of a design that can be
+  /// read.
+  enum class Telling {
+    counted, ///< One line, with the command that shows it all.
+    whole,
+  };
+
+  /// Reads the design. All of its diagnostics go to the document of `output`.
   /// @throws Failure: (unreadable) with every error, one a line; (wrong use)
-  ///   for a view without a name, and a number of instances that is none.
-  std::unique_ptr<ZelDebugDialog::DesignModel> read(Output &output) const;
+  ///   for a view that no component has, and a number of instances that is
+  ///   none.
+  std::unique_ptr<ZelDebugDialog::DesignModel>
+  read(Output &output, Telling telling = Telling::counted) const;
   /// The same, and proposes a kind table; the model is the design with it.
   std::unique_ptr<ZelDebugDialog::DesignModel>
   proposeKinds(ZelDebugDialog::KindProposal &proposal, Output &output) const;
@@ -52,8 +61,9 @@ private:
   void addSourcesTo(CommandLine &line, CLI::App &app);
   ZelDebugDialog::DesignSources expectSources() const;
   void expectView(const ZelDebugDialog::DesignModel &design) const;
-  void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design,
-                  Output &output) const;
+  void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design) const;
+  void tell(const ZelDebugDialog::DesignModel &design, Telling telling,
+            Output &output) const;
 
   std::optional<std::string> designFile;
   std::vector<std::string> libraryFolders;
@@ -67,9 +77,6 @@ std::string shellLine(const std::vector<std::string> &words);
 
 /// [{"file", "line", "severity", "message"}]
 Json diagnosticsJson(const ZelDebugDialog::DesignModel &design);
-
-/// "file:line: message"
-std::string shownDiagnostic(const ZelDebugDialog::DesignDiagnostic &diagnostic);
 
 } // namespace zeldebug
 

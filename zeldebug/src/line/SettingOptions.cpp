@@ -107,17 +107,23 @@ Value expectValue(const std::string &setting, const std::string &text,
   }
 }
 
+/// Without a cable a command is written as well, in fewer words.
+bool isOffered(const CableInfo &cable) {
+  constexpr std::uint32_t noCable = 0;
+  return cable.writable || cable.type == noCable;
+}
+
 /// A cable that no command can be written with is known, and of no use here.
 void expectOffered(const std::string &option, const std::string &text,
                    const Value &type) {
   for (const CableInfo &cable : ZelDebugDialog::GetCables())
-    if (Value(cable.type) == type && !cable.writable) {
+    if (Value(cable.type) == type && !isOffered(cable)) {
       const std::vector<std::string> words = offeredCables();
       throw Failure(
           ExitStatus::refused,
           fmt::format("{}: no command can be written with '{}'; accepted are "
                       "{}",
-                      option, text, quotedList(words)),
+                      option, printable(text), quotedList(words)),
           {"no-command", option, text, words});
     }
 }
@@ -134,7 +140,7 @@ std::vector<std::string> offeredCables() {
   std::vector<std::string> words;
   const SettingInfo &setting = *FindSetting(cableType);
   for (const CableInfo &cable : ZelDebugDialog::GetCables()) {
-    if (!cable.writable)
+    if (!isOffered(cable))
       continue;
     words.insert(words.end(), cable.keywords.begin(), cable.keywords.end());
     if (cable.keywords.empty())
@@ -231,9 +237,10 @@ void SettingOptions::readRow(const Row &row, AskedSettings &asked) const {
     }
     const std::size_t colon = text.find(':');
     if (colon == std::string::npos)
-      throw Failure(ExitStatus::wrongUse,
-                    fmt::format("{}: '{}' is no START:SIZE", option, text),
-                    {"bad-value", option, text});
+      throw Failure(
+          ExitStatus::wrongUse,
+          fmt::format("{}: '{}' is no START:SIZE", option, printable(text)),
+          {"bad-value", option, text});
     add(asked, setting.id,
         expectValue(setting.id, text.substr(0, colon), option + " START"),
         option);

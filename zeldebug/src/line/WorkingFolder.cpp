@@ -30,7 +30,9 @@ std::error_code whyNotEntered(const fs::path &folder) {
 
 std::string optionFolder(const std::string &workingFolder) {
   std::error_code error;
-  const fs::path folder = fs::canonical(workingFolder, error);
+  // The library finds an empty name not missing, but wrong.
+  const fs::path folder =
+      workingFolder.empty() ? fs::path() : fs::canonical(workingFolder, error);
   if (!error)
     error = whyNotEntered(folder);
   if (error)

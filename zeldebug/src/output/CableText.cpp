@@ -19,8 +19,8 @@ template <class List> std::string joined(const List &list) {
 } // namespace
 
 std::vector<std::string> cableHeadings() {
-  return {"TYPE",       "KEYWORD READ", "TEXT WRITTEN",     "WRITABLE",
-          "DEFAULT HZ", "DEFAULT PORT", "FREQUENCIES IN HZ"};
+  return {"TYPE",       "KEYWORD READ", "TEXT WRITTEN", "WRITABLE",
+          "DEFAULT HZ", "DEFAULT PORT", "ACCEPTED HZ"};
 }
 
 std::vector<std::string> cableCells(const CableInfo &cable) {

@@ -196,12 +196,16 @@ void Output::useRemarks() {
     remarks = Json::array();
 }
 
-void Output::remark(const DesignRemark &remark) {
+void Output::keepRemark(const DesignRemark &remark) {
   useRemarks();
   remarks.push_back({{"file", remark.file},
                      {"line", remark.line},
                      {"severity", remark.severity},
                      {"message", remark.message}});
+}
+
+void Output::remark(const DesignRemark &remark) {
+  keepRemark(remark);
   const std::string text = shownRemark(remark);
   hasWarned = hasWarned || remark.severity == warningSeverity.word;
   for (const Severity *severity :

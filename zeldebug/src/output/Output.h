@@ -80,6 +80,8 @@ public:
   /// A design is read: documents tell what there is to say of its files.
   void useRemarks();
   void remark(const DesignRemark &remark);
+  /// The same for the document alone.
+  void keepRemark(const DesignRemark &remark);
 
   /// Emphasis for a table's head, if standard output is a terminal that wants
   /// it.

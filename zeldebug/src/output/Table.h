@@ -17,8 +17,9 @@ public:
   void addRow(std::vector<std::string> row) { rows.push_back(std::move(row)); }
   bool empty() const { return rows.empty(); }
   /// Two blanks between columns, nothing behind the last; bytes that are no
-  /// text are shown as \xNN. On a terminal cells are broken into several lines
-  /// where the table would be wider.
+  /// text are shown as \xNN. On a terminal cells are broken at their blanks
+  /// where the table would be wider, and rows become lists where that is not
+  /// enough.
   void print(Output &output) const;
 
 private:

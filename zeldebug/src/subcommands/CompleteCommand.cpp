@@ -57,7 +57,8 @@ std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
 std::vector<std::string> processorsOf(const TypedLine &line) {
   const auto design = designOf(line);
   std::vector<std::string> names;
-  for (const BoardProcessor &processor : Board(*design, "etc").Processors())
+  const Board board(*design, "etc");
+  for (const BoardProcessor &processor : board.Processors())
     names.push_back(processor.name);
   return names;
 }
@@ -73,8 +74,9 @@ std::vector<std::string> instancesOf(const TypedLine &line) {
 /// Those that the processor of the line allows; all without a processor.
 std::vector<std::string> connectionsOf(const TypedLine &line) {
   const auto design = designOf(line);
+  const Board board(*design, "etc");
   if (line.arguments.size() > 1)
-    for (const BoardProcessor &processor : Board(*design, "etc").Processors())
+    for (const BoardProcessor &processor : board.Processors())
       if (processor.name == line.arguments[1])
         return processor.connections;
   std::vector<std::string> words;

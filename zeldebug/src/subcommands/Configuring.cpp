@@ -21,6 +21,8 @@ using ZelDebugDialog::CableInfo;
 using ZelDebugDialog::CheckCommand;
 using ZelDebugDialog::CodeSeverity;
 using ZelDebugDialog::CommandDiagnostic;
+using ZelDebugDialog::CommandSetting;
+using ZelDebugDialog::CommandSettings;
 using ZelDebugDialog::Effect;
 using ZelDebugDialog::FindSetting;
 using ZelDebugDialog::Loss;
@@ -153,6 +155,18 @@ void tellDoubts(const Session &session, std::vector<Remark> &remarks) {
   }
 }
 
+/// What only follows from a word of the file was never saved.
+std::set<std::string> settingsInFile(Session &session) {
+  const CommandSettings loaded = session.Loaded();
+  std::set<std::string> names;
+  for (const CommandSetting &setting : loaded.settings)
+    if (setting.origin.compare(0, 5, "file:") == 0)
+      names.insert(setting.id);
+  if (!loaded.chain.empty())
+    names.insert("chain");
+  return names;
+}
+
 } // namespace
 
 bool Configured::hasWarnings() const {
@@ -200,12 +214,15 @@ std::vector<Effect> applySettings(const Board &board, Session &session,
 Configured configure(const Board &board, const std::string &processor,
                      const AskedSettings &asked,
                      const ConfigureOptions &options) {
-  Configured configured{Session(board, processor, options.hold), {}, {}, {}};
+  Configured configured{
+      Session(board, processor, options.hold), {}, {}, {}, {}};
   if (!options.force)
     expectLoaded(configured.session,
                  "; it stays as it is (--force starts from the defaults)");
-  if (!asked.empty())
+  if (!asked.empty()) {
     configured.lossesBefore = configured.session.Losses();
+    configured.saved = settingsInFile(configured.session);
+  }
   configured.effects = applySettings(board, configured.session, asked,
                                      options.force, configured.remarks);
   return configured;
@@ -216,7 +233,8 @@ Verdict judge(const Configured &configured, const std::vector<Loss> &losses) {
   const auto isNew = [&configured](const Loss &loss) {
     const auto &before = configured.lossesBefore;
     const auto &effects = configured.effects;
-    return std::none_of(before.begin(), before.end(),
+    return configured.saved.count(loss.field) != 0 &&
+           std::none_of(before.begin(), before.end(),
                         [&loss](const Loss &other) {
                           return other.field == loss.field;
                         }) &&

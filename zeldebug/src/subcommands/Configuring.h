@@ -3,6 +3,7 @@
 #ifndef ZELDEBUG_CONFIGURING_H
 #define ZELDEBUG_CONFIGURING_H
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,8 @@ struct Configured {
   std::vector<Remark> remarks;
   /// What did not come back before, either, or came by the line itself.
   std::vector<ZelDebugDialog::Loss> lossesBefore;
+  /// The settings that words of the file carry.
+  std::set<std::string> saved;
 
   bool hasWarnings() const;
 };

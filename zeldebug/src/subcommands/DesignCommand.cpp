@@ -14,17 +14,18 @@ namespace {
 
 using ZelDebugDialog::DesignModel;
 
-struct Options {
+struct GraphOptions {
   DesignOptions design;
   bool graph = false;
   std::optional<std::string> under;
 };
 
-ExitStatus run(const Options &options, Output &output) {
+ExitStatus run(const GraphOptions &options, Output &output) {
   if (options.under && !options.graph)
     throw Failure(ExitStatus::wrongUse,
                   "--under chooses a part of the graph: give --graph as well");
-  const std::unique_ptr<DesignModel> design = options.design.read(output);
+  const std::unique_ptr<DesignModel> design =
+      options.design.read(output, DesignOptions::Telling::whole);
   std::string graph;
   if (options.graph)
     graph = designGraph(
@@ -49,7 +50,7 @@ ExitStatus run(const Options &options, Output &output) {
 } // namespace
 
 void addDesignCommand(CommandLine &line) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<GraphOptions>();
   Options app = line.addSubcommand(
       "design",
       "Show what is known about a design: instances, debug modules, "

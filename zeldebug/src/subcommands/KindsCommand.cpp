@@ -62,7 +62,7 @@ const char *wordOf(KindVerdict verdict) {
   return "rejected";
 }
 
-struct Options {
+struct KindsOptions {
   DesignOptions design;
   std::optional<std::string> file;
   bool force = false;
@@ -161,7 +161,7 @@ void printProposal(const KindProposal &proposal, Output &output) {
     output.print("\n");
 }
 
-ExitStatus run(const Options &options, Output &output) {
+ExitStatus run(const KindsOptions &options, Output &output) {
   if (options.force && !options.file)
     throw Failure(ExitStatus::wrongUse,
                   "--force is for the file of --write: give that as well");
@@ -193,7 +193,7 @@ ExitStatus run(const Options &options, Output &output) {
 } // namespace
 
 void addKindsCommand(CommandLine &line) {
-  const auto options = std::make_shared<Options>();
+  const auto options = std::make_shared<KindsOptions>();
   Options app = line.addSubcommand(
       "kinds",
       "Propose a kind table: what could be the processors, debug modules, "
