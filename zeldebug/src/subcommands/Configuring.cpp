@@ -155,13 +155,17 @@ void tellDoubts(const Session &session, std::vector<Remark> &remarks) {
   }
 }
 
-/// What only follows from a word of the file was never saved.
+/// Of several settings that one word brings, the first; the others only follow
+/// from it and were never saved.
 std::set<std::string> settingsInFile(Session &session) {
   const CommandSettings loaded = session.Loaded();
   std::set<std::string> names;
-  for (const CommandSetting &setting : loaded.settings)
-    if (setting.origin.compare(0, 5, "file:") == 0)
+  std::set<std::string> words;
+  for (const CommandSetting &setting : loaded.settings) {
+    const bool isOfFile = setting.origin.compare(0, 5, "file:") == 0;
+    if (isOfFile && words.insert(setting.origin).second)
       names.insert(setting.id);
+  }
   if (!loaded.chain.empty())
     names.insert("chain");
   return names;
