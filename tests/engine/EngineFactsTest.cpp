@@ -14,6 +14,7 @@
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "ZelDebugDialog/SettingFields.h"
+#include "ZelDebugDialog/TypeNames.h"
 #include "support/EngineFixture.h"
 
 using namespace ZelDebugDialog;

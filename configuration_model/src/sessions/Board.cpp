@@ -9,6 +9,7 @@
 #include "HHSMHwManager.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/EngineFacts.h"
+#include "ZelDebugDialog/TypeNames.h"
 #include "commands/Desk.h"
 #include "commands/Discovery.h"
 #include "commands/EngineLock.h"

@@ -1,6 +1,7 @@
 // The numbers, names and words that the engine goes by, for programs that show
 // or check settings: each stands here and nowhere else. Cables are in
-// CableCatalogue.h, the words of the connect command in CommandTables.h.
+// CableCatalogue.h, the words of the connect command in CommandTables.h, the
+// type names of a design in TypeNames.h.
 //
 // Constants and pure functions, usable from any thread.
 //
@@ -172,21 +173,6 @@ constexpr bool IsOptionWord(std::string_view word) {
 
 /// How many characters of an option file's line are read.
 inline constexpr std::size_t longestOptionLine = 1023;
-
-// --- Type names in a design, compared exactly --------------------------------
-
-/// Debug modules, which lead to Lumacores.
-inline constexpr std::array<std::string_view, 2> debugModuleTypes{"hdu_cedar",
-                                                                  "hdu"};
-/// The controller that leads to PowerPCs.
-inline constexpr std::string_view ppcControllerType = "ppc_jtag_link";
-/// A Lumacore, which needs no debug module for its simulator.
-inline constexpr std::string_view lumacoreTypeName = "lumacore";
-/// A Cortex-A9, which needs none at all.
-inline constexpr std::string_view cortexA9TypeName = "soc_cortexa9";
-/// UARTs that a serial stub works over.
-inline constexpr std::array<std::string_view, 2> stubUartTypes{
-    "uart_mini_cedar", "uart_mini_ember"};
 
 } // namespace ZelDebugDialog
 

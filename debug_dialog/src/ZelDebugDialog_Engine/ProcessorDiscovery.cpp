@@ -12,6 +12,7 @@
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/EngineImp.h"
+#include "ZelDebugDialog/TypeNames.h"
 #include "facts/Results.h"
 
 namespace ZelDebugDialog {

@@ -14,6 +14,7 @@
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/EngineImp.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
+#include "ZelDebugDialog/TypeNames.h"
 #include "facts/CurrentRecord.h"
 #include "facts/Results.h"
 
@@ -53,9 +54,6 @@ const ProcessorInfoImp *findByNumber(const EngineImp &imp,
                    });
   return found == imp.processorList.end() ? nullptr : *found;
 }
-
-constexpr std::string_view fpuTypeName = "aux_fpu";
-constexpr std::string_view gen5FpuTypeName = "aux_fpu_gen5";
 
 bool isOtherTarget(const ProcessorInfoImp &record) {
   return std::find(masksOfOtherTargets.begin(), masksOfOtherTargets.end(),

@@ -8,6 +8,7 @@
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/EngineImp.h"
+#include "ZelDebugDialog/TypeNames.h"
 
 namespace ZelDebugDialog {
 

@@ -11,14 +11,14 @@ struct Row {
 };
 
 constexpr std::array<Row, 8> table = {{
-    {"hdu", DesignRole::debugModule},
-    {"hdu_cedar", DesignRole::debugModule},
-    {"ppc_jtag_link", DesignRole::debugModule},
-    {"lumacore", DesignRole::processor},
-    {"ppc405_core", DesignRole::processor},
-    {"ppc440_core", DesignRole::processor},
-    {"soc_cortexa9", DesignRole::processor},
-    {"soc_cortexr5", DesignRole::processor},
+    {debugModuleTypes[1], DesignRole::debugModule},
+    {debugModuleTypes[0], DesignRole::debugModule},
+    {ppcControllerType, DesignRole::debugModule},
+    {lumacoreTypeName, DesignRole::processor},
+    {ppc405TypeName, DesignRole::processor},
+    {ppc440TypeName, DesignRole::processor},
+    {cortexA9TypeName, DesignRole::processor},
+    {cortexR5TypeName, DesignRole::processor},
 }};
 
 } // namespace

@@ -1,28 +1,14 @@
 #include "kinds/KnownTypes.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
 
+#include "ZelDebugDialog/TypeNames.h"
 #include "kinds/BuiltInKinds.h"
 #include "messages/Quote.h"
 #include "names/NearMatch.h"
 
 namespace ZelDebugDialog {
 namespace {
-
-constexpr std::array<std::string_view, 2> stubUarts = {"uart_mini_cedar",
-                                                       "uart_mini_ember"};
-constexpr std::array<std::string_view, 2> fpus = {"aux_fpu", "aux_fpu_gen5"};
-/// Besides all that have "ddr" in their names.
-constexpr std::array<std::string_view, 17> memories = {
-    "ocm_ctl_amber",   "ocm_ctl_ember",      "ocm_ctl_delta",
-    "ocm_ctl_birch",   "ocm_ctl_cedar",      "ocm_iside_ctl",
-    "ocm_dside_ctl",   "soc_ocram",          "multiport_memctl",
-    "sdram_ctl_birch", "sdram_ctl_cedar_mc", "sdram_ctl_cedar",
-    "emc_ctl_delta",   "emc_ctl_ember_mc",   "emc_ctl_cedar_mc",
-    "emc_ctl_cedar",   "emc_ctl_birch",
-};
 
 std::string inLowerCase(std::string_view text) {
   std::string lower(text);
@@ -60,22 +46,27 @@ std::vector<std::string_view> knownTypes(DesignRole role) {
   if (role != DesignRole::other)
     return builtInTypes(role);
   std::vector<std::string_view> names;
-  names.reserve(stubUarts.size() + fpus.size() + memories.size());
-  const auto append = [&names](const auto &list) {
-    std::copy(list.begin(), list.end(), std::back_inserter(names));
-  };
-  append(stubUarts);
-  append(fpus);
-  append(memories);
+  names.assign(stubUartTypes.begin(), stubUartTypes.end());
+  names.insert(names.end(), {fpuTypeName, gen5FpuTypeName});
+  for (const MemoryRule &rule : memoryRules)
+    if (rule.match == MemoryRule::Match::whole)
+      names.push_back(rule.name);
   return names;
 }
 
-bool isStubUart(std::string_view typeName) { return has(stubUarts, typeName); }
+bool isStubUart(std::string_view typeName) {
+  return has(stubUartTypes, typeName);
+}
 
 /// Memories go by their names in any case.
 bool isMemoryType(std::string_view typeName) {
   const std::string lower = inLowerCase(typeName);
-  return lower.find("ddr") != std::string::npos || has(memories, lower);
+  return std::any_of(memoryRules.begin(), memoryRules.end(),
+                     [&lower](const MemoryRule &rule) {
+                       return rule.match == MemoryRule::Match::whole
+                                  ? lower == rule.name
+                                  : lower.find(rule.name) != std::string::npos;
+                     });
 }
 
 std::string findTypeFault(DesignRole role, std::string_view typeName) {

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "kinds/BuiltInKinds.h"
 #include "proposals/KindCandidates.h"
 #include "proposals/Words.h"
 
@@ -40,13 +41,13 @@ bool isForDebugging(const DesignInterface &a, const DesignInterface &b) {
 
 /// Of a type that is reached through a debug module.
 bool needsModule(std::string_view processorType) {
-  return processorType != "soc_cortexa9" && processorType != "soc_cortexr5";
+  return processorType != cortexA9TypeName && processorType != cortexR5TypeName;
 }
 
 std::vector<std::string> modulesFor(std::string_view processorType) {
   if (processorType.substr(0, 3) == "ppc")
-    return {"ppc_jtag_link"};
-  return {"hdu"};
+    return {std::string(ppcControllerType)};
+  return {std::string(debugModuleTypes.back())};
 }
 
 /// A wire between a processor and what may be its debug module.

@@ -4,6 +4,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "ZelDebugDialog/TypeNames.h"
 #include "kinds/KnownTypes.h"
 #include "proposals/KindCandidates.h"
 #include "proposals/Words.h"
@@ -94,7 +95,7 @@ private:
     if (word.empty() && !isReached(component))
       return false;
     candidate = facts.start(KindPart::uart, component);
-    candidate.typeNames = {"uart_mini_cedar"};
+    candidate.typeNames = {std::string(stubUartTypes.front())};
     if (!word.empty() || !serial.empty())
       candidate.evidence.push_back("its name holds " +
                                    named(word.empty() ? serial : word));

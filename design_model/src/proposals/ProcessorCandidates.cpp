@@ -79,20 +79,20 @@ const DesignInterface *findDebugPort(const DesignComponent &component) {
 /// leaves it open.
 std::vector<std::string> typesFor(std::string_view name) {
   if (!findWord(name, {"ppc405", "405", "powerpc405"}).empty())
-    return {"ppc405_core"};
+    return {std::string(ppc405TypeName)};
   if (!findWord(name, {"ppc440", "440", "powerpc440"}).empty())
-    return {"ppc440_core"};
+    return {std::string(ppc440TypeName)};
   if (!findWord(name, {"ppc", "powerpc"}).empty())
-    return {"ppc405_core", "ppc440_core"};
+    return {std::string(ppc405TypeName), std::string(ppc440TypeName)};
   std::string whole;
   for (const char c : name)
     if (c != '_' && c != '-' && c != '.')
       whole += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
   if (whole.find("cortexa9") != std::string::npos)
-    return {"soc_cortexa9"};
+    return {std::string(cortexA9TypeName)};
   if (whole.find("cortexr5") != std::string::npos)
-    return {"soc_cortexr5"};
-  return {"lumacore"};
+    return {std::string(cortexR5TypeName)};
+  return {std::string(lumacoreTypeName)};
 }
 
 class Search {
