@@ -496,4 +496,17 @@ TEST_F(CheckCommandTest, ExplainsACode) {
 }
 
 } // namespace
+TEST_F(CheckCommandTest, WarningsAreFailuresWhereTheyAreAskedToBe) {
+  const std::string doubtful = "connect lc hdu -quiet -quiet";
+  EXPECT_EQ(run({"check", doubtful}).status, 0);
+  const Result strict = run({"check", "--strict", doubtful});
+  EXPECT_EQ(strict.status, 1);
+  EXPECT_EQ(strict.err,
+            "zeldebug: error: a warning is a failure with --strict\n");
+  EXPECT_EQ(run({"check", "--strict", "connect lc hdu -quiet"}).status, 0);
+  const json document = runJson({"check", "--strict", doubtful}, 1);
+  EXPECT_EQ(document["failure"]["status"], 1);
+  EXPECT_EQ(document["commands"][0]["diagnostics"].size(), 1U);
+}
+
 } // namespace tool

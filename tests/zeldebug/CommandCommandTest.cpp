@@ -314,7 +314,7 @@ TEST_F(CommandCommandTest, SaysWhichSettingsExcludeEachOther) {
        1,
        "--unset debugDevice and --debug-device exclude each other"},
       {{"--from", "connect lc hdu", "--copy-from", "lumacore_1"},
-       2,
+       1,
        "--from and --copy-from exclude each other"},
   };
   for (const auto &row : rows) {
@@ -372,18 +372,29 @@ TEST_F(CommandCommandTest, UnsetsByName) {
     const char *name;
     std::string problem;
   } rows[] = {
-      {"debugDevise", "'debugDevise' is no setting; did you mean "
-                      "'debugDevice'?"},
-      {"", "'' is no setting"},
-      {"cpuNr", "it says which processor it is, and cannot be set"},
-      {"connectionType", "it follows from other settings, and cannot be set"},
-      {"chain[0].partname", "the chain goes back as a whole, by 'chain'"},
+      {"cpuNr", " cpuNr: it says which processor it is, and cannot be set"},
+      {"connectionType",
+       " connectionType: it follows from other settings, and cannot be set"},
+      {"chain[0].partname", ": the chain goes back as a whole, by 'chain'"},
   };
   for (const auto &row : rows) {
     const Result run = refusalOf("lumacore_0", {"--unset", row.name});
     EXPECT_EQ(run.status, 2) << row.name;
-    EXPECT_EQ(run.err, "zeldebug: error: --unset: " + row.problem + "\n");
+    EXPECT_EQ(run.err, "zeldebug: error: --unset" + row.problem + "\n");
   }
+  const Result unknown = refusalOf("lumacore_0", {"--unset", "debugDevise"});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_THAT(unknown.err,
+              testing::StartsWith("zeldebug: error: --unset: 'debugDevise' is "
+                                  "no setting; there are 'connection', "));
+  EXPECT_THAT(unknown.err,
+              testing::EndsWith("; did you mean 'debugDevice'?\n"));
+  EXPECT_THAT(unknown.err, testing::Not(HasSubstr("'cpuNr'")));
+  EXPECT_THAT(refusalOf("lumacore_0", {"--unset", ""}).err,
+              HasSubstr("--unset: '' is no setting; there are "));
+  // `show` has two names for it.
+  EXPECT_EQ(commandFor("lumacore_0", {"--unset", "cable"}),
+            commandFor("lumacore_0", {"--unset", "cable.cableType"}));
 }
 
 TEST_F(CommandCommandTest, CopiesFromAnotherProcessor) {
@@ -460,8 +471,12 @@ TEST_F(CommandCommandTest, NamesWhatIsWrongWithADocument) {
   const Result run = refusalOf("lumacore_0", {"--settings", "settings.json"});
   EXPECT_EQ(run.status, 3);
   EXPECT_EQ(run.err,
-            "zeldebug: error: settings.json: debugDevice: '200' is no number "
+            "zeldebug: error: settings.json:1: debugDevice: '200' is no number "
             "from 0 to 127 (decimal or 0x)\n");
+  folder.write("settings.json", "{\n\"connection\": \"vp\"}");
+  const Result kind = refusalOf("lumacore_1", {"--settings", "settings.json"});
+  EXPECT_EQ(kind.status, 1);
+  EXPECT_THAT(kind.err, HasSubstr("settings.json:2: connection: 'vp'"));
   EXPECT_EQ(refusalOf("lumacore_0", {"--settings", "nowhere.json"}).status, 3);
 }
 

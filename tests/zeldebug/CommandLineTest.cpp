@@ -274,4 +274,39 @@ TEST_F(CommandLineTest, TheManualHoldsEveryOption) {
 }
 
 } // namespace
+TEST_F(CommandLineTest, WhatIsUnknownIsAFailureWithItsParts) {
+  const struct {
+    std::vector<std::string> line;
+    const char *option;
+    const char *value;
+    const char *suggestion;
+  } rows[] = {
+      {{"explain-code", "value-cutt"}, "CODE", "value-cutt", "value-cut"},
+      {{"language", "quorla_podsub"}, "WORD", "quorla_podsub", "quorla_podusb"},
+      {{"completion", "bsh"}, "SHELL", "bsh", "bash"},
+      {{"cables", "--color", "nevr"}, "--color", "nevr", "never"},
+  };
+  for (const auto &row : rows) {
+    const json failure = runJson(row.line, 2)["failure"];
+    EXPECT_EQ(failure["code"], "bad-value") << row.value;
+    EXPECT_EQ(failure["option"], row.option);
+    EXPECT_EQ(failure["value"], row.value);
+    EXPECT_EQ(failure["suggestion"], row.suggestion);
+    EXPECT_THAT(failure["accepted"], testing::Contains(row.suggestion));
+  }
+  const json number = runJson({"list", board, "--max-instances", "x"}, 2);
+  EXPECT_EQ(number["failure"]["option"], "--max-instances");
+  EXPECT_EQ(number["failure"]["value"], "x");
+  // A value that was not given is none.
+  EXPECT_FALSE(runJson({"cables", "--foo"}, 2)["failure"].contains("value"));
+  EXPECT_EQ(runJson({"cables", "--color", ""}, 2)["failure"]["value"], "");
+}
+
+TEST_F(CommandLineTest, ColourIsChosenForFaultsOfTheLineAsWell) {
+  EXPECT_THAT(run({"--color", "always", "lst"}).err, HasSubstr("\x1b[31m"));
+  EXPECT_THAT(run({"--color=never", "lst"}).err,
+              testing::Not(HasSubstr("\x1b[")));
+  EXPECT_THAT(run({"lst"}).err, testing::Not(HasSubstr("\x1b[")));
+}
+
 } // namespace tool

@@ -303,11 +303,66 @@ TEST_F(SetCommandTest, TellsTheSameInJson) {
                                           {"effects", json::array()},
                                           {"lost", json::array()},
                                           {"dropped", json::array()},
-                                          {"message", nullptr}}));
+                                          {"message", nullptr},
+                                          {"failure", nullptr}}));
   EXPECT_EQ(document["results"][5]["outcome"], "refused");
   EXPECT_EQ(document["results"][5]["connectCommand"], nullptr);
   EXPECT_EQ(document["results"][5]["message"],
             "--connection sim: 'a9_0' does not allow it; it allows 'hw'");
+  const json failure = document["results"][5]["failure"];
+  EXPECT_EQ(failure["status"], 1);
+  EXPECT_EQ(failure["code"], "not-allowed");
+  EXPECT_EQ(failure["option"], "--connection");
+  EXPECT_EQ(failure["value"], "sim");
+  EXPECT_EQ(failure["accepted"], json({"hw"}));
+  EXPECT_FALSE(document.contains("failure"));
+}
+
+TEST_F(SetCommandTest, AFailureOfOneProcessorIsThatOfTheRun) {
+  fs::create_directory("etc");
+  const json one = runJson({"set", board, "a9_0", "--connection", "sim"}, 1);
+  EXPECT_EQ(one["failure"]["option"], "--connection");
+  EXPECT_EQ(one["failure"]["message"],
+            "a9_0: --connection sim: 'a9_0' does not allow it; it allows "
+            "'hw'");
+  EXPECT_EQ(one["results"][0]["outcome"], "refused");
+  save("lumacore_0", "\nconnect lc foo");
+  const json unreadable =
+      runJson({"set", board, "lumacore_0", "--debug-device", "1"}, 3);
+  EXPECT_EQ(unreadable["failure"]["file"], "etc/kvo_lumacore_0.opt");
+  EXPECT_EQ(unreadable["failure"]["line"], 2);
+  EXPECT_EQ(unreadable["failure"]["code"], "unreadable");
+}
+
+TEST_F(SetCommandTest, TellsOfNumbersInTheFileThatWereCut) {
+  save("lumacore_0", "connect lc hdu -debugdevice devicenr 300");
+  const Result run = set("lumacore_0", {"--cable", "quorla_podusb"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_THAT(run.err,
+              HasSubstr("zeldebug: warning: lumacore_0: "
+                        "etc/kvo_lumacore_0.opt:1: column 38: '300' does not "
+                        "fit: debugDevice becomes 44 [value-cut]\n"));
+  save("lumacore_0", "connect lc hdu -debugdevice devicenr 100");
+  EXPECT_THAT(set("lumacore_0", {"--cable", "quorla_podusb"}).err,
+              testing::Not(HasSubstr("warning")));
+  // What takes its place does not have it.
+  save("lumacore_0", "connect lc hdu -debugdevice devicenr 300");
+  EXPECT_THAT(set("lumacore_0", {"--from", "connect lc sim"}).err,
+              testing::Not(HasSubstr("warning")));
+}
+
+TEST_F(SetCommandTest, TellsOfACommandThatReadsAsAnother) {
+  fs::create_directory("etc");
+  EXPECT_THAT(
+      set("lumacore_0", {"--from", "connect lc hdu -debugdevice devicenr 010"})
+          .err,
+      HasSubstr("[octal-number]"));
+  EXPECT_THAT(set("lumacore_0", {"--from", "connect ppc hw"}).err,
+              HasSubstr("--from: column 9: "));
+  EXPECT_THAT(
+      set("lumacore_0", {"--from", "connect lc hdu -debugdevice devicenr 10"})
+          .err,
+      testing::Not(HasSubstr("warning")));
 }
 
 TEST_F(SetCommandTest, RunsAtOnceLeaveTheWholeFileOfOneOfThem) {

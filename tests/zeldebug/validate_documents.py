@@ -66,9 +66,11 @@ def looseness(schema, place):
 
 
 def schema_of(document):
-    if document.keys() - {"warnings"} == {"version", "command", "text"}:
+    """A run that failed has no result, or says how far it got."""
+    members = document.keys() - {"version", "command", "warnings", "diagnostics"}
+    if members - {"failure"} == {"text"}:
         return "text"
-    return "failure" if "failure" in document else document["command"]
+    return "failure" if members == {"failure"} else document["command"]
 
 
 def objects_in(value):

@@ -12,9 +12,9 @@ namespace zeldebug {
 namespace {
 
 ExitStatus fail(Output &output, const Failure &failure) {
-  output.lastError(failure.what());
+  output.fail(failure);
   if (output.json())
-    output.failureDocument(failure);
+    output.dropResult();
   return failure.status();
 }
 

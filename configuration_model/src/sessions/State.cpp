@@ -141,7 +141,7 @@ SessionState SessionImp::state() {
       setting.error = draft->second.error;
     }
     for (const Choice &choice : row.info.choices)
-      setting.choices.push_back({choice, whyNotOffered(row, choice, identity)});
+      setting.choices.push_back({choice, whyNotAllowed(row, choice, identity)});
     state.settings.push_back(std::move(setting));
   }
   for (std::size_t i = 0; i < step.now.chain.size(); ++i)

@@ -119,9 +119,6 @@ std::optional<Value> readChoice(const std::vector<Choice> &choices,
   return std::nullopt;
 }
 
-constexpr const char *cannotBeWritten =
-    "no command can be written with this cable";
-
 /// Whether a command can be written with a cable; true for any other choice.
 bool isWritable(const SettingRow &row, const Choice &choice) {
   if (!row.isOfCable() || !choice.value.IsNumber())
@@ -377,12 +374,6 @@ Value readValue(const SettingRow &row, const std::string &text) {
   Snapshot fresh;
   fresh.chain.emplace_back();
   return expectValueOfKind(row, text, valueIn(fresh, row), fresh);
-}
-
-std::string whyNotOffered(const SettingRow &row, const Choice &choice,
-                          const ProcessorInfoImp &processor) {
-  return isWritable(row, choice) ? whyNotAllowed(row, choice, processor)
-                                 : cannotBeWritten;
 }
 
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,

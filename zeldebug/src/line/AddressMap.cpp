@@ -5,6 +5,7 @@
 #include <ZelDebugDialog/ConfigurationModel/Refusal.h>
 
 #include "line/Refused.h"
+#include "output/Output.h"
 
 namespace zeldebug {
 
@@ -37,7 +38,7 @@ std::int64_t expectBase(const std::string &option, const std::string &text) {
   throw Failure(ExitStatus::wrongUse,
                 fmt::format("{}: '{}' is no number from 0x0 to {:#x} that is a "
                             "multiple of {:#x} (decimal or 0x)",
-                            option, text, lastBase(), map.step),
+                            option, printable(text), lastBase(), map.step),
                 {"bad-value", option, text});
 }
 

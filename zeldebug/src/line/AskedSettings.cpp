@@ -81,12 +81,18 @@ Failure AskedSettings::failureOf(const Refusal &refusal) const {
     return zeldebug::failureOf(
         shown, fmt::format("{} {}", option->second, refusal.value));
   }
-  if (file && holds(document.values, setting))
-    return {ExitStatus::unreadable,
-            fmt::format("{}: {}: {}", shownName(*file), refusal.setting,
-                        refusal.problem),
+  if (file && holds(document.values, setting)) {
+    // Only what is no value is a fault of the file.
+    const auto line = document.lines.find(setting);
+    const int number = line == document.lines.end() ? 0 : line->second;
+    return {refusal.kind == RefusalKind::badValue ? ExitStatus::unreadable
+                                                  : ExitStatus::refused,
+            fmt::format("{}:{}: {}: {}", shownName(*file), number,
+                        refusal.setting, refusal.problem),
             {ZelDebugDialog::ShowKind(refusal.kind), refusal.setting,
-             refusal.value, refusal.accepted, refusal.suggestion, *file}};
+             refusal.value, refusal.accepted, refusal.suggestion, *file,
+             number}};
+  }
   if (holds(unset, setting))
     return zeldebug::failureOf(refusal, "--unset " + setting);
   return zeldebug::failureOf(refusal);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 
 #include <fmt/format.h>
@@ -96,7 +97,7 @@ Failure unknownOption(const CLI::App &app, const std::string &word) {
     text += "; a connect command is one argument: put it in quotes";
   return {ExitStatus::wrongUse,
           text,
-          {"", name, "", names, nearestMatch(wanted, names)}};
+          {"", name, {}, names, nearestMatch(wanted, names)}};
 }
 
 /// The words of the line up to a "--", behind which nothing is an option.
@@ -112,13 +113,31 @@ constexpr std::array<std::pair<const char *, Colour>, 3> colours{{
     {"never", Colour::never},
 }};
 
-Colour expectColour(const std::string &text) {
-  std::vector<std::string> words;
-  for (const auto &[word, choice] : colours) {
+std::optional<Colour> findColour(const std::string &text) {
+  for (const auto &[word, choice] : colours)
     if (text == word)
       return choice;
+  return std::nullopt;
+}
+
+/// The value of the last --color.
+std::string colourOf(const std::vector<std::string> &words) {
+  const std::string option = "--color";
+  std::string value;
+  for (std::size_t i = 0; i < words.size(); ++i)
+    if (words[i].compare(0, option.size() + 1, option + "=") == 0)
+      value = words[i].substr(option.size() + 1);
+    else if (words[i] == option && i + 1 < words.size())
+      value = words[i + 1];
+  return value;
+}
+
+Colour expectColour(const std::string &text) {
+  if (const std::optional<Colour> choice = findColour(text))
+    return *choice;
+  std::vector<std::string> words;
+  for (const auto &[word, choice] : colours)
     words.emplace_back(word);
-  }
   throw Failure(
       ExitStatus::wrongUse,
       fmt::format("--color: '{}' is unknown; accepted are {}{}",
@@ -351,6 +370,9 @@ ExitStatus CommandLine::run(int given, const char *const *line,
   const std::vector<std::string> words = optionWordsOf(argc, argv);
   if (asksForJson(words))
     output.useJson();
+  // Also for what is wrong with the line itself.
+  if (const auto choice = findColour(colourOf(words)))
+    output.useColour(*choice);
   try {
     app.parse(wordsOf(argc, argv));
   } catch (const CLI::CallForHelp &) {

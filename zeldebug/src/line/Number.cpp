@@ -40,7 +40,8 @@ std::uint64_t expectNumber(const std::string &what, std::string_view text,
       ExitStatus::wrongUse,
       fmt::format("{}: '{}' is no number from {} to {} (decimal or 0x)", what,
                   printable(text), shown(range.least, range.hexadecimal),
-                  shown(range.most, range.hexadecimal)));
+                  shown(range.most, range.hexadecimal)),
+      {"bad-value", what, std::string(text)});
 }
 
 } // namespace zeldebug

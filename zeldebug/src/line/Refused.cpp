@@ -60,13 +60,18 @@ Failure failureOf(const Refusal &refusal, const std::string &subject) {
   const std::string text = front.empty()
                                ? std::string(refusal.what())
                                : fmt::format("{}: {}", front, refusal.problem);
-  return {
-      statusOf(refusal.kind),
-      text + adviceFor(refusal),
-      {ZelDebugDialog::ShowKind(refusal.kind),
-       subject.empty() ? refusal.setting : subject.substr(0, subject.find(' ')),
-       refusal.value, refusal.accepted, refusal.suggestion, refusal.file,
-       refusal.line}};
+  FailureDetails about{ZelDebugDialog::ShowKind(refusal.kind),
+                       subject.empty() ? refusal.setting
+                                       : subject.substr(0, subject.find(' ')),
+                       {},
+                       refusal.accepted,
+                       refusal.suggestion,
+                       refusal.file,
+                       refusal.line};
+  // Of the kinds that are about a value, an empty one is one as well.
+  if (!refusal.value.empty() || refusal.kind == RefusalKind::badValue)
+    about.value = refusal.value;
+  return {statusOf(refusal.kind), text + adviceFor(refusal), about};
 }
 
 } // namespace zeldebug

@@ -30,6 +30,7 @@ using ZelDebugDialog::Value;
 
 constexpr const char *connection = "connection";
 constexpr const char *cableType = "cable.cableType";
+constexpr const char *shownCable = "cable"; // the row that `show` has for it
 constexpr const char *moduleArgs = "cable.moduleArgs";
 constexpr const char *chain = "chain";
 constexpr const char *group = "Settings, in any order";
@@ -192,7 +193,7 @@ void SettingOptions::addTo(Options &options) {
   const auto addWayIn = [&](const char *name, const char *metavar,
                             ValueKind kind, const std::string &help) {
     CLI::Option *option =
-        app.add_option(name, help)->type_name(metavar)->group(mapGroup);
+        addRepeatable(app, name, metavar, help)->group(mapGroup);
     line.completeWith(option, kind);
     return option;
   };
@@ -296,8 +297,22 @@ void SettingOptions::readAddressMap(AskedSettings &asked) const {
     }
 }
 
+Failure SettingOptions::noneToUnset(const std::string &subject,
+                                    const std::string &name) {
+  std::vector<std::string> names;
+  for (const SettingInfo &known : GetSettings())
+    if (known.settable && known.id.compare(0, 6, "chain[") != 0)
+      names.push_back(known.id);
+  return {ExitStatus::wrongUse,
+          fmt::format("{}: '{}' is no setting; there are {}{}", subject,
+                      printable(name), quotedList(names),
+                      didYouMean(name, names)),
+          {"unknown-setting", subject, name, names, nearestMatch(name, names)}};
+}
+
 void SettingOptions::readUnset(AskedSettings &asked) const {
-  for (const std::string &name : unset->results()) {
+  for (const std::string &shown : unset->results()) {
+    const std::string name = shown == shownCable ? cableType : shown;
     const SettingInfo *const setting = FindSetting(name);
     const std::string subject = unset->get_name();
     if (name.compare(0, 6, "chain[") == 0)
@@ -305,9 +320,11 @@ void SettingOptions::readUnset(AskedSettings &asked) const {
                     fmt::format("{}: the chain goes back as a whole, by '{}'",
                                 subject, chain),
                     {"not-settable", subject, name, {chain}, chain});
-    // What is no setting is refused before its value would be.
-    if (setting == nullptr || !setting->settable)
-      expectValue(name, "", subject);
+    if (setting == nullptr)
+      throw noneToUnset(subject, name);
+    // What is only shown is refused before its value would be.
+    if (!setting->settable)
+      expectValue(name, "", subject + " " + name);
     const auto option = asked.options.find(name);
     if (option != asked.options.end())
       throw excluded(fmt::format("{} {}", subject, name), option->second);
@@ -321,10 +338,13 @@ void SettingOptions::readWaysIn(AskedSettings &asked) const {
     if (option->count() == 0)
       continue;
     if (first != nullptr)
-      throw Failure(ExitStatus::wrongUse,
-                    fmt::format("{} and {} exclude each other",
-                                first->get_name(), option->get_name()),
-                    {"excluded", first->get_name()});
+      throw excluded(first->get_name(), option->get_name());
+    if (option->count() > 1 &&
+        option->results().front() != option->results().back())
+      throw Failure(ExitStatus::refused,
+                    fmt::format("{}: it is given twice, with different values",
+                                option->get_name()),
+                    {"excluded", option->get_name()});
     first = option;
   }
   const auto textOf = [](const CLI::Option &option) {

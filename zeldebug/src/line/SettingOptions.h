@@ -44,6 +44,8 @@ private:
   void readModuleArguments(AskedSettings &asked) const;
   void readChain(AskedSettings &asked) const;
   void readAddressMap(AskedSettings &asked) const;
+  static Failure noneToUnset(const std::string &subject,
+                             const std::string &name);
   void readUnset(AskedSettings &asked) const;
   void readWaysIn(AskedSettings &asked) const;
 

@@ -2,6 +2,7 @@
 #ifndef ZELDEBUG_FAILURE_H
 #define ZELDEBUG_FAILURE_H
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -20,7 +21,7 @@ enum class ExitStatus {
 struct FailureDetails {
   std::string code = {};   ///< a stable word; that of the status without one
   std::string option = {}; ///< of the line, or a setting's name
-  std::string value = {};  ///< what was given
+  std::optional<std::string> value = {}; ///< what was given
   std::vector<std::string> accepted = {};
   std::string suggestion = {}; ///< the nearest of them
   std::string file = {};

@@ -115,27 +115,9 @@ void Output::document(const Json &ofResult) {
   isDocument = true;
 }
 
-void Output::failureDocument(const Failure &failure) {
-  const FailureDetails &about = failure.details();
-  Json told{
-      {"status", static_cast<int>(failure.status())},
-      {"code", about.code.empty() ? codeOf(failure.status()) : about.code},
-      {"message", printableLines(failure.what())}};
-  const auto add = [&told](const char *name, const std::string &text) {
-    if (!text.empty())
-      told[name] = text;
-  };
-  add("option", about.option);
-  // An empty value is one as well.
-  if (!about.option.empty() || !about.value.empty())
-    told["value"] = about.value;
-  if (!about.accepted.empty())
-    told["accepted"] = about.accepted;
-  add("suggestion", about.suggestion);
-  add("file", about.file);
-  if (about.line > 0)
-    told["line"] = about.line;
-  document({{"failure", told}});
+void Output::dropResult() {
+  result.clear();
+  document(Json::object());
 }
 
 std::string Output::wholeDocument() const {
@@ -144,6 +126,8 @@ std::string Output::wholeDocument() const {
   whole["command"] = subcommand;
   for (const auto &[name, value] : members.items())
     whole[name] = value;
+  if (!failed.is_null())
+    whole["failure"] = failed;
   if (!remarks.is_null() && !whole.contains("diagnostics"))
     whole["diagnostics"] = remarks;
   whole["warnings"] = said;
@@ -189,7 +173,14 @@ void Output::error(std::string_view text, const About &about) {
   keep(errorSeverity, text, about);
 }
 
-void Output::lastError(std::string_view text) { say(errorSeverity, text); }
+void Output::fail(const Failure &failure) {
+  say(errorSeverity, failure.what());
+  keepFailure(failure);
+}
+
+void Output::keepFailure(const Failure &failure) {
+  failed = failureJson(failure);
+}
 
 void Output::useRemarks() {
   if (remarks.is_null())
@@ -207,7 +198,7 @@ void Output::keepRemark(const DesignRemark &remark) {
 void Output::remark(const DesignRemark &remark) {
   keepRemark(remark);
   const std::string text = shownRemark(remark);
-  hasWarned = hasWarned || remark.severity == warningSeverity.word;
+  hasWarned = hasWarned || remark.severity != noteSeverity.word;
   for (const Severity *severity :
        {&noteSeverity, &warningSeverity, &errorSeverity})
     if (remark.severity == severity->word &&
@@ -221,8 +212,8 @@ std::string Output::heading(std::string_view text) const {
 
 ExitStatus Output::finish(ExitStatus status) {
   if (status == ExitStatus::done && failsBecauseOfWarnings()) {
-    error("a warning is a failure with --strict");
     status = ExitStatus::refused;
+    fail(Failure(status, "a warning is a failure with --strict"));
   }
   if (jsonWanted && !isDocument)
     document({{"text", result}});
@@ -230,9 +221,31 @@ ExitStatus Output::finish(ExitStatus status) {
       writeAll(STDOUT_FILENO, isDocument ? wholeDocument() : result);
   if (problem == 0 || problem == EPIPE)
     return status;
-  lastError(fmt::format("standard output: {}",
-                        std::generic_category().message(problem)));
+  say(errorSeverity, fmt::format("standard output: {}",
+                                 std::generic_category().message(problem)));
   return status == ExitStatus::done ? ExitStatus::refused : status;
+}
+
+Json failureJson(const Failure &failure) {
+  const FailureDetails &about = failure.details();
+  Json told{
+      {"status", static_cast<int>(failure.status())},
+      {"code", about.code.empty() ? codeOf(failure.status()) : about.code},
+      {"message", printableLines(failure.what())}};
+  const auto add = [&told](const char *name, const std::string &text) {
+    if (!text.empty())
+      told[name] = text;
+  };
+  add("option", about.option);
+  if (about.value)
+    told["value"] = *about.value;
+  if (!about.accepted.empty())
+    told["accepted"] = about.accepted;
+  add("suggestion", about.suggestion);
+  add("file", about.file);
+  if (about.line > 0)
+    told["line"] = about.line;
+  return told;
 }
 
 std::string shownRemark(const DesignRemark &remark) {

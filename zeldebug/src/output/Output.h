@@ -54,6 +54,8 @@ public:
   /// Makes warnings failures.
   void beStrict() { isStrict = true; }
   bool strict() const { return isStrict; }
+  /// The result itself may be a warning.
+  void countWarnings(bool hasAny) { hasWarned = hasWarned || hasAny; }
   /// Whether the run fails because of what it has warned of so far.
   bool failsBecauseOfWarnings() const { return isStrict && hasWarned; }
 
@@ -68,14 +70,16 @@ public:
   /// was said behind.
   void document(const Json &members);
 
-  /// The document of a run that failed, in place of its result.
-  void failureDocument(const Failure &failure);
+  /// A run that failed has no result.
+  void dropResult();
 
   void note(std::string_view text, const About &about = {});
   void warn(std::string_view text, const About &about = {});
   void error(std::string_view text, const About &about = {});
   /// The error that a run ends with, which its document holds by itself.
-  void lastError(std::string_view text);
+  void fail(const Failure &failure);
+  /// The same for the document alone.
+  void keepFailure(const Failure &failure);
 
   /// A design is read: documents tell what there is to say of its files.
   void useRemarks();
@@ -118,7 +122,11 @@ private:
   Json members;
   Json said = Json::array();
   Json remarks; ///< null unless a design is read
+  Json failed;  ///< null unless the run has failed
 };
+
+/// {"status", "code", "message"}, and the details as far as they apply.
+Json failureJson(const Failure &failure);
 
 /// `text` with what is no printable UTF-8 written as \xNN: neither a terminal
 /// nor a table is upset by the bytes of a damaged file.

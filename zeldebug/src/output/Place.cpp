@@ -49,7 +49,8 @@ std::string shownPath(const fs::path &path) {
 
 void refuse(const fs::path &path, const std::string &problem) {
   throw Failure(ExitStatus::refused,
-                fmt::format("{}: {}", printable(shownPath(path)), problem));
+                fmt::format("{}: {}", printable(shownPath(path)), problem),
+                {"", "", {}, {}, "", path.string()});
 }
 
 } // namespace zeldebug

@@ -22,9 +22,9 @@ using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::Value;
 
 // What stands beside the settings in a document of `show`.
-constexpr std::array<const char *, 8> results{
-    "version", "command", "connectCommand", "result",
-    "error",   "origin",  "diagnostics",    "warnings"};
+constexpr std::array<const char *, 7> results{
+    "version", "command",     "result",  "error",
+    "origin",  "diagnostics", "warnings"};
 
 class Reader {
 public:
@@ -36,10 +36,12 @@ public:
 private:
   [[noreturn]] void fail(const std::string &problem, std::size_t offset,
                          FailureDetails about = {}) const;
-  /// The same of a member, whose first occurrence is taken for it.
   [[noreturn]] void failAt(const std::string &member,
                            const std::string &problem,
                            const FailureDetails &about = {}) const;
+  /// Of a member, whose first occurrence is taken for it.
+  std::size_t placeOf(const std::string &member) const;
+  int lineAt(std::size_t offset) const;
   void take(const std::string &member, const std::string &setting,
             const Json &value);
   void takeMembers(const std::string &prefix, const std::string &name,
@@ -54,19 +56,27 @@ private:
 
 void Reader::fail(const std::string &problem, std::size_t offset,
                   FailureDetails about) const {
-  const auto end =
-      text.begin() + static_cast<std::ptrdiff_t>(std::min(offset, text.size()));
   about.file = file;
-  about.line = 1 + static_cast<int>(std::count(text.begin(), end, '\n'));
+  about.line = lineAt(offset);
   throw Failure(ExitStatus::unreadable,
                 fmt::format("{}:{}: {}", shownName(file), about.line, problem),
                 about);
 }
 
+std::size_t Reader::placeOf(const std::string &member) const {
+  const std::size_t offset = text.find('"' + member + '"');
+  return offset == std::string::npos ? 0 : offset;
+}
+
+int Reader::lineAt(std::size_t offset) const {
+  const auto end =
+      text.begin() + static_cast<std::ptrdiff_t>(std::min(offset, text.size()));
+  return 1 + static_cast<int>(std::count(text.begin(), end, '\n'));
+}
+
 void Reader::failAt(const std::string &member, const std::string &problem,
                     const FailureDetails &about) const {
-  const std::size_t offset = text.find('"' + member + '"');
-  fail(problem, offset == std::string::npos ? 0 : offset, about);
+  fail(problem, placeOf(member), about);
 }
 
 Value Reader::valueOf(const std::string &member, const Json &json) const {
@@ -114,8 +124,9 @@ void Reader::take(const std::string &member, const std::string &setting,
         member,
         fmt::format("'{}' is no setting{}", printable(setting),
                     didYouMean(setting, names)),
-        {"unknown-setting", setting, "", names, nearestMatch(setting, names)});
+        {"unknown-setting", setting, {}, names, nearestMatch(setting, names)});
   }
+  document.lines.emplace(setting, lineAt(placeOf(member)));
   if (setting == "chain")
     document.values.emplace_back(setting, chainOf(value));
   else
@@ -128,8 +139,7 @@ void Reader::takeMembers(const std::string &prefix, const std::string &name,
   if (!object.is_object())
     failAt(name, fmt::format("'{}' is no object", name), {"bad-value", name});
   for (const auto &[member, value] : object.items())
-    if (prefix + member != "connectCommand")
-      take(member, prefix + member, value);
+    take(member, prefix + member, value);
 }
 
 SettingsDocument Reader::read() {

@@ -2,6 +2,7 @@
 #ifndef ZELDEBUG_SETTINGSDOCUMENT_H
 #define ZELDEBUG_SETTINGSDOCUMENT_H
 
+#include <map>
 #include <string>
 
 #include <ZelDebugDialog/ConfigurationModel/Session.h>
@@ -12,9 +13,10 @@ struct SettingsDocument {
   ZelDebugDialog::SettingValues values;
   /// Those that are only shown: identity, and what follows from others.
   ZelDebugDialog::SettingValues leftOut;
+  std::map<std::string, int> lines; ///< setting → where it stands, from 1
 };
 
-/// Takes any part of such a document; results in it are passed over.
+/// Takes any part of such a document; what else `show` says is passed over.
 /// @param file  where the text comes from, for messages
 /// @throws Failure (unreadable) for what is no JSON, no document of settings,
 /// or

@@ -39,7 +39,7 @@ std::size_t bytesOf(std::string_view text, std::size_t width) {
 std::string takeLine(std::string_view &rest, std::size_t width,
                      bool breaksWords) {
   if (widthOf(rest) <= width) {
-    const std::string line(rest);
+    std::string line(rest);
     rest = {};
     return line;
   }

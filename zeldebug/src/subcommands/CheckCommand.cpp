@@ -1,4 +1,5 @@
 // check: every fault of a command, with its place and what would be accepted.
+#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -19,6 +20,7 @@ namespace {
 
 using ZelDebugDialog::Board;
 using ZelDebugDialog::CheckedCommand;
+using ZelDebugDialog::CodeSeverity;
 using ZelDebugDialog::CommandDiagnostic;
 using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::ShowSeverity;
@@ -93,14 +95,14 @@ std::string shownMessage(const std::string &message) {
 
 void print(Output &output, const std::string &place, const std::string &text,
            const CommandDiagnostic &diagnostic) {
-  output.printLine(fmt::format(
+  output.printSentence(fmt::format(
       "{}{}: {}: {} [{}]", place, diagnostic.offset + 1,
       ShowSeverity(diagnostic.severity), diagnostic.message, diagnostic.code));
   output.print(pictureOf(text, diagnostic));
   if (!diagnostic.engineMessage.empty())
-    output.printLine("  engine: " + shownMessage(diagnostic.engineMessage));
+    output.printSentence("  engine: " + shownMessage(diagnostic.engineMessage));
   if (!diagnostic.accepted.empty())
-    output.printLine("  accepted: " + quotedList(diagnostic.accepted));
+    output.printSentence("  accepted: " + quotedList(diagnostic.accepted));
   if (!diagnostic.suggestion.empty())
     output.printLine(
         fmt::format("  did you mean '{}'?", diagnostic.suggestion));
@@ -182,6 +184,11 @@ ExitStatus run(const CheckLine &line, const CommandLine &commandLine,
   for (const CommandLineOfFile &command : commands) {
     const CheckedCommand checked = checker.check(command.text, fromFile);
     faulty += checked.accepted ? 0 : 1;
+    output.countWarnings(
+        std::any_of(checked.diagnostics.begin(), checked.diagnostics.end(),
+                    [](const CommandDiagnostic &diagnostic) {
+                      return diagnostic.severity == CodeSeverity::warning;
+                    }));
     if (output.json()) {
       list.push_back(checkedJson(checked, command.number));
       continue;

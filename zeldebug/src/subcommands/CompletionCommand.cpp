@@ -131,7 +131,8 @@ ExitStatus run(const std::string &name, Output &output) {
   throw Failure(ExitStatus::wrongUse,
                 fmt::format("completion: '{}' is unknown; accepted are {}{}",
                             printable(name), quotedList(names),
-                            didYouMean(name, names)));
+                            didYouMean(name, names)),
+                {"bad-value", "SHELL", name, names, nearestMatch(name, names)});
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "subcommands/Configuring.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <optional>
 #include <set>
 
@@ -44,20 +45,29 @@ const std::set<std::string> toldElsewhere{"frequency-not-checked",
 // Numbers that become others than those that are written.
 const std::set<std::string> cutNumbers{"value-cut", "not-a-number"};
 
+// Read as they are written, in a command that somebody has typed.
+const std::set<std::string> otherThanMeant{"octal-number", "target-differs"};
+
 std::string codeText(const CommandDiagnostic &diagnostic) {
   return fmt::format("column {}: {} [{}]", diagnostic.offset + 1,
                      diagnostic.message, diagnostic.code);
 }
 
-/// A number that would be cut, or is none, is not taken in silence.
-void expectWholeNumbers(const std::string &command, bool force,
+/// A number that would be cut, or is none, is not taken in silence, nor what
+/// was written for another processor.
+void expectWholeNumbers(const Board &board, const Session &session,
+                        const std::string &command, bool force,
                         std::vector<Remark> &remarks) {
+  ZelDebugDialog::CheckOptions options;
+  options.board = &board;
+  options.processor = session.Processor();
   for (const CommandDiagnostic &diagnostic :
-       CheckCommand(command).diagnostics) {
-    if (cutNumbers.count(diagnostic.code) == 0)
+       CheckCommand(command, options).diagnostics) {
+    const bool isCut = cutNumbers.count(diagnostic.code) != 0;
+    if (!isCut && otherThanMeant.count(diagnostic.code) == 0)
       continue;
     const std::string text = "--from: " + codeText(diagnostic);
-    if (!force)
+    if (isCut && !force)
       throw Failure(ExitStatus::refused,
                     text + "; --force takes it as it is read",
                     {diagnostic.code, "--from", command});
@@ -83,12 +93,23 @@ bool isTold(const Effect &effect) {
   return setting != nullptr && setting->settable;
 }
 
+/// Empty where none can be written.
+std::string commandOf(const Session &session) {
+  try {
+    return session.Command();
+  } catch (const Refusal &) {
+    return "";
+  }
+}
+
 /// What stands in a document and is no setting to take.
 void tellLeftOut(const Session &session, const AskedSettings &asked,
                  std::vector<Remark> &remarks) {
+  std::set<std::string> told;
   for (const auto &[setting, value] : asked.document.leftOut) {
-    const Value now = session.Get(setting);
-    if (now != value)
+    const Value now =
+        setting == "connectCommand" ? commandOf(session) : session.Get(setting);
+    if (now != value && told.insert(setting).second)
       remarks.push_back(
           {false,
            fmt::format("{} {} of {} is left out: it is {}", setting,
@@ -136,12 +157,9 @@ std::string settingAt(const std::string &command, std::size_t offset) {
 
 /// What is read as it is written, and surely not meant.
 void tellDoubts(const Session &session, std::vector<Remark> &remarks) {
-  std::string command;
-  try {
-    command = session.Command();
-  } catch (const Refusal &) {
-    return; // There is no command to doubt.
-  }
+  const std::string command = commandOf(session);
+  if (command.empty())
+    return;
   for (const CommandDiagnostic &diagnostic :
        CheckCommand(command).diagnostics) {
     if (diagnostic.severity != CodeSeverity::warning ||
@@ -153,6 +171,21 @@ void tellDoubts(const Session &session, std::vector<Remark> &remarks) {
                                    diagnostic.code),
                        {diagnostic.code, setting}});
   }
+}
+
+/// Numbers of the file that are read as others: what is saved has these.
+void tellCutNumbers(Session &session, std::vector<Remark> &remarks) {
+  const CommandSettings loaded = session.Loaded();
+  if (loaded.text.empty())
+    return;
+  for (const CommandDiagnostic &diagnostic :
+       CheckCommand(loaded.text).diagnostics)
+    if (cutNumbers.count(diagnostic.code) != 0)
+      remarks.push_back(
+          {true,
+           fmt::format("{}:{}: {}", printable(session.File()), loaded.line,
+                       codeText(diagnostic)),
+           {diagnostic.code, settingAt(loaded.text, diagnostic.offset)}});
 }
 
 /// Of several settings that one word brings, the first; the others only follow
@@ -188,14 +221,14 @@ void expectLoaded(Session &session, const std::string &advice) {
                 fmt::format("{}{}: {}{}", printable(file),
                             line == 0 ? "" : fmt::format(":{}", line), problem,
                             advice),
-                {"", "", "", {}, "", file, line});
+                {"", "", {}, {}, "", file, line});
 }
 
 std::vector<Effect> applySettings(const Board &board, Session &session,
                                   const AskedSettings &asked, bool force,
                                   std::vector<Remark> &remarks) {
   if (asked.command)
-    expectWholeNumbers(*asked.command, force, remarks);
+    expectWholeNumbers(board, session, *asked.command, force, remarks);
   const std::optional<Session> copied = copiedSession(board, asked);
   std::vector<Effect> effects;
   try {
@@ -220,12 +253,22 @@ Configured configure(const Board &board, const std::string &processor,
                      const ConfigureOptions &options) {
   Configured configured{
       Session(board, processor, options.hold), {}, {}, {}, {}};
-  if (!options.force)
+  if (!options.force) {
+    // What is no file is not replaced, with or without it.
+    std::error_code error;
+    const bool mayForce =
+        std::filesystem::is_regular_file(configured.session.File(), error);
     expectLoaded(configured.session,
-                 "; it stays as it is (--force starts from the defaults)");
+                 mayForce
+                     ? "; it stays as it is (--force starts from the defaults)"
+                     : "; it stays as it is");
+  }
   if (!asked.empty()) {
     configured.lossesBefore = configured.session.Losses();
     configured.saved = settingsInFile(configured.session);
+    const bool isReplaced = asked.command || asked.copyFrom;
+    if (!isReplaced)
+      tellCutNumbers(configured.session, configured.remarks);
   }
   configured.effects = applySettings(board, configured.session, asked,
                                      options.force, configured.remarks);

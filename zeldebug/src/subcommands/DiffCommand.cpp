@@ -8,6 +8,7 @@
 
 #include "line/CommandLine.h"
 #include "line/Options.h"
+#include "line/Refused.h"
 #include "output/Table.h"
 #include "output/ValueJson.h"
 #include "subcommands/Subcommands.h"
@@ -25,7 +26,7 @@ Differences expectDifferences(const Commands &commands) {
   try {
     return ZelDebugDialog::DiffCommands(commands[0], commands[1]);
   } catch (const ZelDebugDialog::Refusal &refusal) {
-    throw Failure(ExitStatus::refused, refusal.what());
+    throw failureOf(refusal);
   }
 }
 

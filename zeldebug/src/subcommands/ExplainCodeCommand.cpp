@@ -36,7 +36,9 @@ std::vector<const Code *> expectCodes(const std::optional<std::string> &code) {
     throw Failure(ExitStatus::wrongUse,
                   fmt::format("explain-code: '{}' is unknown; there are {}{}",
                               printable(*code), quotedList(knownCodes()),
-                              didYouMean(*code, knownCodes())));
+                              didYouMean(*code, knownCodes())),
+                  {"bad-value", "CODE", *code, knownCodes(),
+                   nearestMatch(*code, knownCodes())});
   return rows;
 }
 
@@ -66,12 +68,14 @@ ExitStatus run(const std::optional<std::string> &code, Output &output) {
     return ExitStatus::done;
   }
   const Code &row = *rows.front();
-  output.printLine(fmt::format("{} ({})\n\n{}", row.code,
-                               ShowSeverity(row.severity), row.meaning));
+  output.printLine(
+      fmt::format("{} ({})\n", row.code, ShowSeverity(row.severity)));
+  output.printSentence(row.meaning);
   const std::string where = row.where.empty() ? "" : ", " + row.where;
   if (!row.example.empty())
     output.printLine(fmt::format("\nExample{}:\n  {}", where, row.example));
-  output.printLine(fmt::format("\nWhat to do: {}", row.advice));
+  output.printLine("");
+  output.printSentence("What to do: " + row.advice);
   return ExitStatus::done;
 }
 

@@ -62,10 +62,13 @@ ExitStatus run(const std::string &text, Output &output) {
   }
   if (command.accepted)
     return ExitStatus::done;
-  output.error(
+  const Failure failure(
+      ExitStatus::refused,
       fmt::format("the command is refused: {} ('zeldebug check' tells more)",
-                  command.refusal));
-  return ExitStatus::refused;
+                  command.refusal),
+      {"bad-command", "COMMAND", text});
+  output.fail(failure);
+  return failure.status();
 }
 
 } // namespace

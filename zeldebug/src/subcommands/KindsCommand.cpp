@@ -152,11 +152,11 @@ void printProposal(const KindProposal &proposal, Output &output) {
       output.print("\n");
   }
   for (const KindConnection &connection : proposal.connections)
-    output.printLine(printable(fmt::format(
+    output.printSentence(printable(fmt::format(
         "{}connect {} {}: {}", connection.isProposed ? "" : "perhaps ",
         connection.processor, connection.debugModule, connection.reason)));
   for (const std::string &question : proposal.questions)
-    output.printLine(printable(fmt::format("Open: {}.", question)));
+    output.printSentence(printable(fmt::format("Open: {}.", question)));
   if (!proposal.connections.empty() || !proposal.questions.empty())
     output.print("\n");
 }

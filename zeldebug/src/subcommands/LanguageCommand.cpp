@@ -249,7 +249,8 @@ ExitStatus run(const std::vector<std::string> &words, Output &output) {
     throw Failure(ExitStatus::wrongUse,
                   fmt::format("'language' takes no more arguments, but '{}' is "
                               "left",
-                              words[1]));
+                              printable(words[1])),
+                  {"", "", words[1]});
   const Choice choice(
       words.empty() ? std::nullopt : std::optional<std::string>(words.front()));
   const Json document = documentOf(choice);
@@ -259,8 +260,10 @@ ExitStatus run(const std::vector<std::string> &words, Output &output) {
         ExitStatus::wrongUse,
         fmt::format("language: '{}' is no option, target or cable; there are "
                     "{}{}",
-                    words.front(), quotedList(knownWords()),
-                    didYouMean(words.front(), knownWords())));
+                    printable(words.front()), quotedList(knownWords()),
+                    didYouMean(words.front(), knownWords())),
+        {"bad-value", "WORD", words.front(), knownWords(),
+         nearestMatch(words.front(), knownWords())});
   if (output.json()) {
     output.document(document);
     return ExitStatus::done;

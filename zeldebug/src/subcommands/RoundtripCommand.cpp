@@ -38,9 +38,10 @@ void print(Output &output, const std::string &text,
   output.printLine(
       fmt::format("{:<8} {}", ShowOutcome(trip.outcome), printable(text)));
   if (!trip.message.empty())
-    output.printLine(fmt::format("         {}", printable(trip.message)));
+    output.printSentence(fmt::format("         {}", printable(trip.message)));
   for (const RoundtripField &field : trip.fields)
-    output.printLine(fmt::format("         {}", printable(shownLoss(field))));
+    output.printSentence(
+        fmt::format("         {}", printable(shownLoss(field))));
 }
 
 Json fieldsJson(const RoundtripResult &trip) {

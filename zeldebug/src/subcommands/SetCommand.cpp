@@ -222,9 +222,14 @@ void Run::report(const Outcome &outcome) {
         output.note(about(remark.text), remark.about);
     }
   if (isRefused) {
-    output.error(
-        about(outcome.failure->what()),
-        {outcome.failure->details().code, outcome.failure->details().option});
+    if (options.all) {
+      output.error(about(outcome.failure->what()),
+                   {outcome.failure->details().code, ""});
+    } else {
+      const Failure &failure = *outcome.failure;
+      output.fail(
+          Failure(failure.status(), about(failure.what()), failure.details()));
+    }
     return;
   }
   for (const Loss &loss : outcome.verdict.lost)
@@ -257,7 +262,8 @@ Json Run::resultOf(const Outcome &outcome) const {
                                      : Json::array()},
       {"lost", toJson(outcome.verdict.lost)},
       {"dropped", toJson(outcome.verdict.dropped)},
-      {"message", outcome.failure ? Json(outcome.failure->what()) : Json()}};
+      {"message", outcome.failure ? Json(outcome.failure->what()) : Json()},
+      {"failure", outcome.failure ? failureJson(*outcome.failure) : Json()}};
 }
 
 void Run::printResults() const {

@@ -177,6 +177,29 @@ CommandSettings settingsWith(Session &session, const AskedSettings &asked) {
   return shown;
 }
 
+std::string placeOf(const std::string &file, const CommandSettings &read) {
+  return read.line == 0 ? printable(file)
+                        : fmt::format("{}:{}", printable(file), read.line);
+}
+
+/// Ends a run that has shown how far the command is read.
+ExitStatus unreadable(const std::string &file, const CommandSettings &read,
+                      Output &output) {
+  const Failure failure(
+      ExitStatus::unreadable,
+      fmt::format("{}: {}", placeOf(file, read), read.refusal),
+      {"", "", {}, {}, "", file, read.line});
+  output.fail(failure);
+  return failure.status();
+}
+
+void tellDoubt(const std::string &file, const CommandSettings &read,
+               Output &output) {
+  if (!read.doubt.empty())
+    output.warn(fmt::format("{}: {}", placeOf(file, read), read.doubt),
+                {"long-line", ""});
+}
+
 ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
                      const AskedSettings &asked, Output &output) {
   const auto design = options.design.read(output);
@@ -191,15 +214,9 @@ ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
   }
   const CommandSettings loaded = session.Loaded();
   print(loaded, options.origin, output);
-  const std::string place =
-      loaded.line == 0 ? session.File()
-                       : fmt::format("{}:{}", session.File(), loaded.line);
-  if (!loaded.refusal.empty()) {
-    output.error(fmt::format("{}: {}", place, loaded.refusal));
-    return ExitStatus::unreadable;
-  }
-  if (!loaded.doubt.empty())
-    output.warn(fmt::format("{}: {}", place, loaded.doubt), {"long-line", ""});
+  if (!loaded.refusal.empty())
+    return unreadable(session.File(), loaded, output);
+  tellDoubt(session.File(), loaded, output);
   if (loaded.line == 0)
     output.note(fmt::format("nothing is saved in {}: these are the defaults",
                             session.File()));
@@ -209,13 +226,9 @@ ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
 ExitStatus showFile(const ShowOptions &options, Output &output) {
   const CommandSettings read = ZelDebugDialog::ReadCommandFile(*options.file);
   print(read, options.origin, output);
-  const std::string place = fmt::format("{}:{}", *options.file, read.line);
-  if (!read.refusal.empty()) {
-    output.error(fmt::format("{}: {}", place, read.refusal));
-    return ExitStatus::unreadable;
-  }
-  if (!read.doubt.empty())
-    output.warn(fmt::format("{}: {}", place, read.doubt), {"long-line", ""});
+  if (!read.refusal.empty())
+    return unreadable(*options.file, read, output);
+  tellDoubt(*options.file, read, output);
   return ExitStatus::done;
 }
 
