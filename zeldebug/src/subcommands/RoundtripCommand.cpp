@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
-#include "line/CommandLines.h"
+#include "line/CommandsInFile.h"
 #include "line/Options.h"
 #include "output/ValueJson.h"
 #include "subcommands/Subcommands.h"

@@ -1,4 +1,4 @@
-#include "line/CommandLines.h"
+#include "line/CommandsInFile.h"
 
 #include <sstream>
 
