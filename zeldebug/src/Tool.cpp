@@ -35,10 +35,10 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   addRoundtripCommand(line);
   addCablesCommand(line);
   addLanguageCommand(line);
-  addCompletionCommand(line);
+  addCompletionScriptCommand(line);
   addManualCommand(line);
   addHelpCommand(line);
-  addCompleteCommand(line);
+  addCompletionWordsCommand(line);
   try {
     return line.run(argc, argv, output);
   } catch (const Failure &failure) {

@@ -6,9 +6,9 @@
 
 namespace zeldebug {
 
-std::vector<CommandLineOfFile> expectCommandLines(const std::string &file) {
+std::vector<CommandInFile> expectCommandsIn(const std::string &file) {
   std::istringstream stream(expectText(file));
-  std::vector<CommandLineOfFile> lines;
+  std::vector<CommandInFile> lines;
   std::string text;
   for (int number = 1; std::getline(stream, text); ++number)
     if (!text.empty())

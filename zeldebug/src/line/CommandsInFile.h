@@ -1,20 +1,20 @@
 // Files with a connect command a line.
-#ifndef ZELDEBUG_COMMANDLINES_H
-#define ZELDEBUG_COMMANDLINES_H
+#ifndef ZELDEBUG_COMMANDSINFILE_H
+#define ZELDEBUG_COMMANDSINFILE_H
 
 #include <string>
 #include <vector>
 
 namespace zeldebug {
 
-struct CommandLineOfFile {
+struct CommandInFile {
   int number; ///< from 1; 0 for a command that stands in no file
   std::string text;
 };
 
 /// The lines that are not empty; of standard input for "-".
 /// @throws Failure (unreadable)
-std::vector<CommandLineOfFile> expectCommandLines(const std::string &file);
+std::vector<CommandInFile> expectCommandsIn(const std::string &file);
 
 } // namespace zeldebug
 

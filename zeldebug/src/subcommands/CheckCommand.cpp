@@ -161,14 +161,14 @@ private:
   ZelDebugDialog::CheckOptions options;
 };
 
-std::vector<CommandLineOfFile> expectCommands(const CheckLine &line) {
+std::vector<CommandInFile> expectCommands(const CheckLine &line) {
   const bool fromFile = line.file.has_value();
   if (fromFile == !line.commands.empty())
     throw Failure(ExitStatus::wrongUse,
                   "check: give either commands or --file");
   if (fromFile)
-    return expectCommandLines(*line.file);
-  std::vector<CommandLineOfFile> commands;
+    return expectCommandsIn(*line.file);
+  std::vector<CommandInFile> commands;
   for (const std::string &command : line.commands)
     commands.push_back({0, command});
   return commands;
@@ -177,11 +177,11 @@ std::vector<CommandLineOfFile> expectCommands(const CheckLine &line) {
 ExitStatus run(const CheckLine &line, const CommandLine &commandLine,
                Output &output) {
   const bool fromFile = line.file.has_value();
-  const std::vector<CommandLineOfFile> commands = expectCommands(line);
+  const std::vector<CommandInFile> commands = expectCommands(line);
   CheckedFor checker(line, commandLine, output);
   Json list = Json::array();
   std::size_t faulty = 0;
-  for (const CommandLineOfFile &command : commands) {
+  for (const CommandInFile &command : commands) {
     const CheckedCommand checked = checker.check(command.text, fromFile);
     faulty += checked.accepted ? 0 : 1;
     output.countWarnings(

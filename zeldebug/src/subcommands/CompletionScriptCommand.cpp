@@ -145,7 +145,7 @@ std::vector<std::string> completionShells() {
   return names;
 }
 
-void addCompletionCommand(CommandLine &line) {
+void addCompletionScriptCommand(CommandLine &line) {
   const auto shell = std::make_shared<std::string>();
   Options app = line.addSubcommand(
       "completion", "Print the completion script for a shell",

@@ -181,7 +181,7 @@ ExitStatus run(const CommandLine &line, const std::vector<std::string> &words,
 
 } // namespace
 
-void addCompleteCommand(CommandLine &line) {
+void addCompletionWordsCommand(CommandLine &line) {
   const auto words = std::make_shared<std::vector<std::string>>();
   Options options = line.addSubcommand(
       "complete", "Print the words that fit at the end of a line",

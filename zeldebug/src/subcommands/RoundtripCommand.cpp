@@ -70,7 +70,7 @@ Json nullIfEmpty(const std::string &text) {
   return text.empty() ? Json() : Json(text);
 }
 
-Json tripJson(const CommandLineOfFile &line, const RoundtripResult &trip) {
+Json tripJson(const CommandInFile &line, const RoundtripResult &trip) {
   return {{"line", line.number},
           {"text", line.text},
           {"outcome", ShowOutcome(trip.outcome)},
@@ -86,8 +86,8 @@ ExitStatus run(const std::optional<std::string> &file, Output &output) {
     return counts.at(static_cast<std::size_t>(outcome));
   };
   Json list = Json::array();
-  const auto lines = expectCommandLines(file.value_or("-"));
-  for (const CommandLineOfFile &line : lines) {
+  const auto lines = expectCommandsIn(file.value_or("-"));
+  for (const CommandInFile &line : lines) {
     const RoundtripResult trip = ZelDebugDialog::RoundtripCommand(line.text);
     ++countOf(trip.outcome);
     if (output.json())

@@ -19,8 +19,8 @@ void addDiffCommand(CommandLine &line);
 void addRoundtripCommand(CommandLine &line);
 void addCablesCommand(CommandLine &line);
 void addLanguageCommand(CommandLine &line);
-void addCompletionCommand(CommandLine &line);
-void addCompleteCommand(CommandLine &line);
+void addCompletionScriptCommand(CommandLine &line);
+void addCompletionWordsCommand(CommandLine &line);
 void addManualCommand(CommandLine &line);
 void addHelpCommand(CommandLine &line);
 
