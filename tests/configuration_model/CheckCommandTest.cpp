@@ -49,6 +49,19 @@ TEST(CheckCommand, FindsEachFaultInItsPlace) {
       {"connect lc hdu -cable port -cable esn -debugdevice devicenr 1",
        "27+6 error missing-value; 27+6 warning option-repeated; "
        "38+12 error missing-value"},
+      // Also where an option has one value only.
+      {"connect lc hdu -comm -cable type foo",
+       "21+6 error missing-value; 33+3 error refused-value"},
+      {"connect lc stub -port -baud 9600 -timeout 5",
+       "22+5 error missing-value"},
+      {"connect lc hdu -baud -debugdevice devicenr 300",
+       "21+12 error missing-value; 43+3 warning value-cut"},
+      {"connect lc hdu -bscan -cable type foo",
+       "22+6 error missing-value; 34+3 error refused-value"},
+      {"connect lc hdu -debugdevice devicenr -cable type foo",
+       "37+6 error missing-value; 49+3 error refused-value"},
+      {"connect ppc sim -debugdevice devicenr -icf f -foo",
+       "38+4 error missing-value; 45+4 error unknown-option"},
       {"connect lc hdu -cable typ x -foo -debugdevice devicenr 300 fpuType xp "
        "-bscan USER5",
        "22+3 error unknown-parameter; 28+4 error unknown-option; "
@@ -98,6 +111,8 @@ TEST(CheckCommand, WarnsOfWhatIsReadAndSurelyNotMeant) {
       {"connect lc stub -comm serial -baud 0 -baud 9600",
        "37+5 warning option-repeated"},
       {"connect lc stub -comm", "21+0 warning missing-value"},
+      {"connect lc stub -port -baud -quiet",
+       "22+5 warning missing-value; 28+6 warning missing-value"},
       {"vpconnect lc -ipcport h:abc", "24+3 warning not-a-number"},
       {"vpconnect lc -ipcport host", ""},
       // What only a line of a file may not have.
