@@ -1,4 +1,5 @@
 // What is wrong with a command, or surely not meant.
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -6,6 +7,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+#include "ZelDebugDialog/ConfigurationModel/Session.h"
 #include "support/FakeDesign.h"
 
 namespace {
@@ -220,6 +222,19 @@ TEST_F(CheckForProcessorTest, TellsWhatIsAnotherOnes) {
        "37+6 warning kind-differs"},
       {"a9", "connect arm hw", ""},
       {"a9", "connect r5 hw", "8+2 warning target-differs"},
+      // What is written for every processor that is no Lumacore.
+      {"a9", "connect ppc hw", ""},
+      {"a9", "KCONNECT PPC HW -debugdevice cpunr 1", ""},
+      {"a9", "connect ppc hw -debugdevice cpunr 2",
+       "34+1 error number-differs"},
+      {"a9", "connect ppc hw -debugdevice proctype ppc405",
+       "37+6 warning kind-differs"},
+      {"a9", "connect ppc sim", "12+3 error connection-not-allowed"},
+      {"a9", "connect lc hdu", "8+2 warning target-differs"},
+      {"a9", "connect dap hw", "8+3 warning target-differs"},
+      {"a9", "connect dcc", "8+3 warning target-differs"},
+      {"ppc0", "connect arm hw", "8+3 warning target-differs"},
+      {"ppc0", "connect lc hdu", "8+2 warning target-differs"},
       // What is at fault anyway is not told again.
       {"cpu0", "connect ppc hdu", "12+3 error unknown-connection"},
       {"cpu0", "connect foo stub", "8+3 error unknown-target"},
@@ -233,6 +248,16 @@ TEST_F(CheckForProcessorTest, TellsWhatIsAnotherOnes) {
         std::string(row.found).find("error") != std::string::npos;
     EXPECT_EQ(checked.accepted, !isError) << row.command;
     EXPECT_EQ(checked.result, isError ? 3 : 0) << row.command;
+  }
+}
+
+TEST_F(CheckForProcessorTest, WarnsOfNoCommandThatIsWrittenForTheProcessor) {
+  const Board board(design, "etc");
+  for (const char *processor : {"cpu0", "cpu1", "ppc0", "a9"}) {
+    const std::optional<std::string> command =
+        Session(board, processor).State().command;
+    ASSERT_TRUE(command) << processor;
+    EXPECT_EQ(shown(check(processor, *command).diagnostics), "") << *command;
   }
 }
 
