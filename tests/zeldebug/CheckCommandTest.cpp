@@ -187,7 +187,11 @@ TEST_F(CheckCommandTest, DrawsEachKindOfFault) {
        "23: warning: a value is missing here, in front of '-port' "
        "[missing-value]\n"
        "  connect lc stub -baud -port -timeout 5\n"
-       "                        ^^^^^\n"},
+       "                        ^^^^^\n"
+       "29: warning: a value is missing here, in front of '-timeout' "
+       "[missing-value]\n"
+       "  connect lc stub -baud -port -timeout 5\n"
+       "                              ^^^^^^^^\n"},
       {"connect ppc sim -debugdevice fpuType zz -icf x", 0,
        "38: warning: 'zz' is refused as the value [refused-value]\n"
        "  connect ppc sim -debugdevice fpuType zz -icf x\n"
