@@ -1,4 +1,5 @@
 // What is wrong with a command, or surely not meant.
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -6,6 +7,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+#include "ZelDebugDialog/ConfigurationModel/Session.h"
 #include "support/FakeDesign.h"
 
 namespace {
@@ -49,6 +51,19 @@ TEST(CheckCommand, FindsEachFaultInItsPlace) {
       {"connect lc hdu -cable port -cable esn -debugdevice devicenr 1",
        "27+6 error missing-value; 27+6 warning option-repeated; "
        "38+12 error missing-value"},
+      // Also where an option has one value only.
+      {"connect lc hdu -comm -cable type foo",
+       "21+6 error missing-value; 33+3 error refused-value"},
+      {"connect lc stub -port -baud 9600 -timeout 5",
+       "22+5 error missing-value"},
+      {"connect lc hdu -baud -debugdevice devicenr 300",
+       "21+12 error missing-value; 43+3 warning value-cut"},
+      {"connect lc hdu -bscan -cable type foo",
+       "22+6 error missing-value; 34+3 error refused-value"},
+      {"connect lc hdu -debugdevice devicenr -cable type foo",
+       "37+6 error missing-value; 49+3 error refused-value"},
+      {"connect ppc sim -debugdevice devicenr -icf f -foo",
+       "38+4 error missing-value; 45+4 error unknown-option"},
       {"connect lc hdu -cable typ x -foo -debugdevice devicenr 300 fpuType xp "
        "-bscan USER5",
        "22+3 error unknown-parameter; 28+4 error unknown-option; "
@@ -98,6 +113,8 @@ TEST(CheckCommand, WarnsOfWhatIsReadAndSurelyNotMeant) {
       {"connect lc stub -comm serial -baud 0 -baud 9600",
        "37+5 warning option-repeated"},
       {"connect lc stub -comm", "21+0 warning missing-value"},
+      {"connect lc stub -port -baud -quiet",
+       "22+5 warning missing-value; 28+6 warning missing-value"},
       {"vpconnect lc -ipcport h:abc", "24+3 warning not-a-number"},
       {"vpconnect lc -ipcport host", ""},
       // What only a line of a file may not have.
@@ -205,6 +222,19 @@ TEST_F(CheckForProcessorTest, TellsWhatIsAnotherOnes) {
        "37+6 warning kind-differs"},
       {"a9", "connect arm hw", ""},
       {"a9", "connect r5 hw", "8+2 warning target-differs"},
+      // What is written for every processor that is no Lumacore.
+      {"a9", "connect ppc hw", ""},
+      {"a9", "KCONNECT PPC HW -debugdevice cpunr 1", ""},
+      {"a9", "connect ppc hw -debugdevice cpunr 2",
+       "34+1 error number-differs"},
+      {"a9", "connect ppc hw -debugdevice proctype ppc405",
+       "37+6 warning kind-differs"},
+      {"a9", "connect ppc sim", "12+3 error connection-not-allowed"},
+      {"a9", "connect lc hdu", "8+2 warning target-differs"},
+      {"a9", "connect dap hw", "8+3 warning target-differs"},
+      {"a9", "connect dcc", "8+3 warning target-differs"},
+      {"ppc0", "connect arm hw", "8+3 warning target-differs"},
+      {"ppc0", "connect lc hdu", "8+2 warning target-differs"},
       // What is at fault anyway is not told again.
       {"cpu0", "connect ppc hdu", "12+3 error unknown-connection"},
       {"cpu0", "connect foo stub", "8+3 error unknown-target"},
@@ -218,6 +248,16 @@ TEST_F(CheckForProcessorTest, TellsWhatIsAnotherOnes) {
         std::string(row.found).find("error") != std::string::npos;
     EXPECT_EQ(checked.accepted, !isError) << row.command;
     EXPECT_EQ(checked.result, isError ? 3 : 0) << row.command;
+  }
+}
+
+TEST_F(CheckForProcessorTest, WarnsOfNoCommandThatIsWrittenForTheProcessor) {
+  const Board board(design, "etc");
+  for (const char *processor : {"cpu0", "cpu1", "ppc0", "a9"}) {
+    const std::optional<std::string> command =
+        Session(board, processor).State().command;
+    ASSERT_TRUE(command) << processor;
+    EXPECT_EQ(shown(check(processor, *command).diagnostics), "") << *command;
   }
 }
 

@@ -199,6 +199,9 @@ TEST(CommandTrace, HasAFaultForEachRefusedCommandAndSaysWhichWord) {
       {"connect lc hdu -bscan USER5", Kind::refusedValue, "USER5", "",
        registers},
       {"connect lc hdu -bscan", Kind::missingValue, "<end>", "", registers},
+      {"connect lc hdu -bscan -quiet", Kind::missingValue, "-quiet", "",
+       registers},
+      {"connect lc hdu -bscan -", Kind::loneDash, "-", "", {}},
       {"connect lc hdu -pfsl type x",
        Kind::refusedValue,
        "x",
@@ -379,9 +382,12 @@ TEST(CommandTrace, NamesAMissingSvfFile) {
 
 TEST(CommandTrace, HasNoFaultInAnAcceptedCommandButThoseThatReadersOverlook) {
   const std::vector<std::string> overlooked{
-      "connect lc stub -port", "connect lc stub -port -baud -quiet",
+      "connect lc stub -port",
+      "connect lc stub -port -baud -quiet",
+      "connect lc stub -comm -cable -debugdevice devicenr 3",
       "connect ppc sim -ipcport :5 -ipcport",
-      "connect ppc sim -debugdevice fpuType none", "connect ppc sim -icf"};
+      "connect ppc sim -debugdevice fpuType none",
+      "connect ppc sim -icf"};
   for (const std::string &command : acceptedCommands) {
     SCOPED_TRACE(command);
     const bool isOverlooked = std::find(overlooked.begin(), overlooked.end(),
@@ -416,6 +422,30 @@ TEST(CommandTrace, GoesOnAtTheNextOptionOfTheSetWithTheFault) {
        {"-foo", "-foo", "<end>"}},
       {"connect hdu -debugdevice devicenr -uart -foo", {"-uart", "-foo"}},
       {"vpconnect lc -config -config -ipcport h:1", {"-config", "-ipcport"}},
+      // So it does in the place of an option's only value.
+      {"connect lc hdu -comm -cable type foo", {"-cable", "foo"}},
+      {"connect lc stub -port -baud 9600 -timeout 5", {"-baud"}},
+      {"connect lc stub -baud -timeout -comm can",
+       {"-timeout", "-comm", "can"}},
+      {"connect lc hdu -baud -debugdevice devicenr 300", {"-debugdevice"}},
+      {"connect lc stub -timeout -foo -port", {"-foo", "-foo", "<end>"}},
+      {"connect lc stub -port -quiet yes", {"-quiet", "yes"}},
+      {"connect lc stub -port - 5 -comm can", {"-", "can"}},
+      {"connect lc hdu -bscan -cable type foo", {"-cable", "foo"}},
+      {"connect lc hdu -bscan -bscan USER5", {"-bscan", "USER5"}},
+      {"connect lc hdu -bscan - USER5 -foo", {"-", "-foo"}},
+      {"connect hdu -bscan -cable type foo", {"-cable", "foo"}},
+      // The simulators overlook what is wrong in the clauses that they borrow.
+      {"connect ppc sim -debugdevice devicenr -icf f -foo", {"-icf", "-foo"}},
+      {"connect ppc sim -debugdevice devicenr -ipcport", {"-ipcport", "<end>"}},
+      {"connect ppc sim -debugdevice foo 1 devicenr 2 -icf f g", {"foo", "g"}},
+      {"connect ppc sim -debugdevice fpuType none -icf f", {"none"}},
+      {"connect lc hdu -sim -configdevice devicenr -ipcport h:3 x",
+       {"-ipcport", "x"}},
+      {"connect lc hdu -sim -configdevice foo 1 idcode 2 -icf f",
+       {"foo", "-icf"}},
+      // Behind a whole clause of theirs it is lost, and its value left over.
+      {"connect ppc sim -debugdevice devicenr 1 -ipcport h:1", {"h:1"}},
       {"connect lc hdu -quiet", {}},
   };
   for (const Row &row : rows) {
@@ -441,20 +471,29 @@ TEST(CommandTrace, ReadsLaterOptionsAfterAFault) {
 }
 
 TEST(CommandTrace, ReadsTheClauseOfAnOptionThatStandsInAValuesPlace) {
-  Dialog dialog;
-  CommandTrace trace;
-  const std::string command =
-      "connect lc hdu -cable port -debugdevice devicenr 7";
-  TraceKvoCommand(command, dialog.imp, trace, AfterFault::goOn);
-  EXPECT_EQ(dialog.record.debugDevice, 7);
-  ASSERT_EQ(trace.faults.size(), 1U);
-  EXPECT_EQ(trace.faults[0].kind, CommandFaultKind::missingValue);
-  const CommandWord &word = trace.words[trace.faults[0].word];
-  EXPECT_EQ(command.substr(word.offset, word.length), "-debugdevice");
-  EXPECT_EQ(word.role, WordRole::option);
-  // Reading stops there.
-  TraceKvoCommand(command, dialog.imp, trace, AfterFault::stop);
-  EXPECT_EQ(trace.words[trace.faults[0].word].role, WordRole::lost);
+  for (const std::string lacking :
+       {"connect lc hdu -cable port", "connect lc stub -comm",
+        "connect lc stub -port", "connect lc stub -baud",
+        "connect lc stub -timeout", "connect lc hdu -bscan",
+        "connect hdu -bscan", "connect hdu -configdevice devicenr",
+        "connect ppc sim -debugdevice cpunr"}) {
+    SCOPED_TRACE(lacking);
+    Dialog dialog;
+    CommandTrace trace;
+    const std::string command = lacking + " -debugdevice devicenr 7";
+    TraceKvoCommand(command, dialog.imp, trace, AfterFault::goOn);
+    EXPECT_EQ(dialog.record.debugDevice, 7);
+    ASSERT_EQ(trace.faults.size(), 1U);
+    EXPECT_EQ(trace.faults[0].kind, CommandFaultKind::missingValue);
+    const CommandWord &word = trace.words[trace.faults[0].word];
+    EXPECT_EQ(command.substr(word.offset, word.length), "-debugdevice");
+    EXPECT_EQ(word.role, WordRole::option);
+    // Plain reading loses it, and its clause with it.
+    dialog.record.debugDevice = 0;
+    TraceKvoCommand(command, dialog.imp, trace, AfterFault::stop);
+    EXPECT_EQ(trace.words[trace.faults[0].word].role, WordRole::lost);
+    EXPECT_EQ(dialog.record.debugDevice, 0);
+  }
 }
 
 class EmptyDesign : public HHSMHwManager {

@@ -96,6 +96,8 @@ TEST(CommandWords, HaveTheirRolesAndSettings) {
        "connect=head lc=target(procFamily,procType) "
        "stub=connection(connectionType,connectionMask) -port=option "
        "-baud=lost -comm=option serial=value(stubType)"},
+      {"connect lc hdu -bscan -quiet", "connect=head lc=target hdu=connection "
+                                       "-bscan=option -quiet=lost"},
       {"connect lc hdu -cable type quorla_tcf port p fname f",
        "connect=head lc=target(procFamily,procType) "
        "hdu=connection(connectionType,connectionMask) -cable=option type=name "
@@ -154,6 +156,18 @@ TEST(CommandWords, HaveTheirRolesBehindAFault) {
             "connect=head lc=target(procFamily,procType) "
             "hdu=connection(connectionType,connectionMask) word=value "
             "more=ignored 5=ignored -quiet=option");
+}
+
+TEST(CommandWords, HaveTheirRolesBehindAMissingValue) {
+  const std::string command = "connect lc stub -port -baud 9600 -timeout 5";
+  EXPECT_EQ(picture(command), "connect=head lc=target stub=connection "
+                              "-port=option -baud=lost 9600=value "
+                              "-timeout=ignored 5=ignored");
+  EXPECT_EQ(picture(command, AfterFault::goOn),
+            "connect=head lc=target(procFamily,procType) "
+            "stub=connection(connectionType,connectionMask) -port=option "
+            "-baud=option 9600=value(stubBaudRate) -timeout=option "
+            "5=value(stubTimeout)");
 }
 
 TEST(CommandWords, NameNoSettingThatARefusedConnectionDoesNotMake) {

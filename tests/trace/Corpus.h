@@ -18,6 +18,7 @@ inline const std::vector<std::string> acceptedCommands{
     "connect lc stub -comm jtag -cable type quorla_parallel3 frequency 200000",
     "connect lc stub -port",
     "connect lc stub -port -baud -quiet",
+    "connect lc stub -comm -cable -debugdevice devicenr 3",
     "connect lc hdu -cable type quorla_podusb port USB22 frequency 625000 "
     "-configdevice devicenr 1 partname a irlength 6 idcode 0x1234093 isfpga 1 "
     "hardppc ppc405 nppc 2 -configdevice devicenr 200 hardppc other",
@@ -71,6 +72,13 @@ inline const std::vector<std::string> refusedCommands{
     "connect lc hdu -foo",
     "connect lc stub -comm can",
     "connect lc stub -port -baud 5",
+    "connect lc stub -port -baud 9600 -timeout 5",
+    "connect lc hdu -comm -cable type foo",
+    "connect lc hdu -baud -debugdevice devicenr 300",
+    "connect lc hdu -bscan -cable type foo",
+    "connect hdu -bscan -cable type foo",
+    "connect lc hdu -sim -configdevice devicenr -ipcport h:3",
+    "connect ppc sim -debugdevice devicenr -icf f",
     "connect lc hdu -bscan USER5",
     "connect lc hdu -bscan",
     "connect lc hdu -bscan -quiet",

@@ -2,11 +2,13 @@
 
 #include <cstdlib>
 #include <optional>
+#include <sstream>
 
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/ConfigurationModel/Language.h"
 #include "ZelDebugDialog/EngineFacts.h"
+#include "commands/Desk.h"
 #include "commands/Keywords.h"
 #include "text/NearestMatch.h"
 
@@ -49,6 +51,9 @@ public:
     return IsModuleMask(command.snapshot().record.connectionMask);
   }
   bool isWhole() const { return target != nullptr; }
+  bool hasTarget(std::string_view keyword) const {
+    return sameKeyword(target->keyword, keyword);
+  }
 
 private:
   std::string textOf(std::size_t word) const {
@@ -59,11 +64,31 @@ private:
   const LanguageTarget *target = nullptr;
 };
 
+/// The target of the commands that are written for a processor, which may be
+/// the one of another family.
+std::string targetWrittenFor(const BoardProcessor &processor) {
+  ProcessorInfoImp identity;
+  identity.procFamily = processor.family;
+  identity.procType = processor.procType;
+  identity.connectionMask = processor.mask;
+  Desk desk(nullptr, identity);
+  desk.startFromDefaults();
+  std::string command;
+  desk.writeCommand(command);
+  std::istringstream words(command);
+  std::string target;
+  words >> target >> target; // behind the head
+  return target;
+}
+
 bool isOtherTarget(const BoardProcessor &processor, const Front &front,
                    const ProcessorInfoImp &read) {
-  if (front.isModule() || read.procFamily != processor.family)
+  if (front.isModule())
     return true;
-  return processor.family == familyArm && read.procType != processor.procType;
+  const bool isOther =
+      read.procFamily != processor.family ||
+      (processor.family == familyArm && read.procType != processor.procType);
+  return isOther && !front.hasTarget(targetWrittenFor(processor));
 }
 
 /// As the reader compares it with a design: all 32 bits of it.

@@ -50,7 +50,8 @@ std::vector<Code> makeLossCodes() {
        "it does not begin at a multiple of 64 KiB",
        "Regions of the address map begin at multiples of 64 KiB. Another "
        "address is written and then refused.",
-       "", "",
+       "connect ppc hw -debugdevice cpunr 1 icacheStartAdr 0x18000",
+       "written for a region that begins at 0x18000",
        "Give the region, or the base of the map, an address with sixteen zero "
        "bits at its end."},
       {"connection-mask", CodeSeverity::loss,
@@ -71,7 +72,10 @@ std::vector<Code> makeLossCodes() {
        "it holds white space, and a command ends its words there",
        "Blanks and tabs separate words, and there are no quotes. A text that "
        "holds one falls apart.",
-       "", "", "Use a name without white space; a link to the file serves."},
+       "connect lc hdu -cable type quorla_podusb port my port frequency "
+       "6000000 -debugdevice cpunr 1",
+       "written for the port 'my port'",
+       "Use a name without white space; a link to the file serves."},
       {"leading-minus", CodeSeverity::loss,
        "it begins with '-', and a command takes it for an option word",
        "A word that begins with '-' and no digit behind it is an option, not a "
@@ -82,7 +86,8 @@ std::vector<Code> makeLossCodes() {
        "the command that is written is refused",
        "The readers refuse the command that was written, for a reason that no "
        "other code names.",
-       "", "",
+       "connect lc hdu -cable type quorla_podusb port",
+       "what an option file keeps of a port that begins with a null byte",
        "Look at the command with 'zeldebug check', and change the setting that "
        "its fault is about."},
       {"colon-in-host", CodeSeverity::loss,
@@ -90,7 +95,9 @@ std::vector<Code> makeLossCodes() {
        "separates them",
        "A host with a colon in it comes back cut at the colon, and the port is "
        "lost.",
-       "", "", "Use a name instead of a numeric IPv6 address."},
+       "connect ppc sim -ipcport a:b:5",
+       "written for the host 'a:b' and the port 5",
+       "Use a name instead of a numeric IPv6 address."},
       {"other-targets", CodeSeverity::loss,
        "the command is written for another target",
        "Every processor that is no Lumacore is written as the target 'ppc', "
@@ -109,7 +116,9 @@ std::vector<Code> makeLossCodes() {
        "a command does not say which processor it is for",
        "The name of the processor and what the design allows are in no "
        "command, and its number only in one for hardware.",
-       "", "", "Load the design and select the processor by its name."},
+       "connect lc hdu -debugdevice cpunr 2",
+       "written for 'cpu1' of a design and read without it",
+       "Load the design and select the processor by its name."},
       {"eight-bit-numbers", CodeSeverity::loss, "it does not fit",
        "The setting has 8 or 32 bits; of a number that needs more the low bits "
        "are kept, and one with the highest bit set may come out negative.",
@@ -122,12 +131,14 @@ std::vector<Code> makeLossCodes() {
       {"odd-values", CodeSeverity::loss, "only the named values are written",
        "A stub type, a flag of the virtual platform or an FPU type that is "
        "none of the named values comes back as one of them.",
-       "", "", "Use the named values."},
+       "connect ppc hw -debugdevice cpunr 1 fpuType dp",
+       "written for an FPU type of 3", "Use the named values."},
       {"address-map-base", CodeSeverity::loss,
        "the base is not written; the region of the instruction cache gives it",
        "The base of the address map comes back as the address of the "
        "instruction cache's region, or unset without one.",
-       "", "",
+       "connect ppc hw -debugdevice cpunr 1 icacheStartAdr 0x10000",
+       "written for a map with the base 0x20000",
        "Set it through the region of the instruction cache, which sets both."},
       {"fpu", CodeSeverity::loss, "the design says which FPU the processor has",
        "The command says which FPU a PowerPC has, but every selection takes it "
@@ -138,7 +149,9 @@ std::vector<Code> makeLossCodes() {
       {"read-differently", CodeSeverity::loss, "it is read back differently",
        "The setting is written, and another value is read, for a reason that "
        "no other code names.",
-       "", "", "Look at the command with 'zeldebug explain'."},
+       "connect lc hdu -debugdevice deviceNr 2 cpunr 1",
+       "where another version of the engine reads another debug device from it",
+       "Look at the command with 'zeldebug explain'."},
       {"serial-number", CodeSeverity::loss, "the serial number takes its place",
        "A cable with a serial number is written with that alone, without port "
        "and frequency.",
@@ -209,7 +222,9 @@ std::vector<Code> makeLossCodes() {
        "ends there",
        "A text may hold a line break or a null byte inside a word, but an "
        "option file ends its line there.",
-       "", "", "Keep them out of names."},
+       "connect lc hdu -cable type quorla_podusb port a",
+       "what an option file keeps of a port with a line break behind its 'a'",
+       "Keep them out of names."},
   };
 }
 

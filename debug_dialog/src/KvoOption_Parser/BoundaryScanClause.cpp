@@ -24,10 +24,8 @@ constexpr ValueForm registerForm = oneOf(boundaryScanRegisters, registerField);
 
 int readBoundaryScan(WordCursor &cursor, EngineImp &imp) {
   std::string_view word;
-  if (cursor.next(word, WordRole::value) == code::end) {
-    cursor.missing(CommandFaultKind::missingValue, boundaryScanRegisters);
+  if (cursor.nextValue(word, boundaryScanRegisters) != code::value)
     return code::refused;
-  }
   cursor.reads(registerForm);
   const auto *const found =
       findRow(boundaryScanRegisters, word, cursor.characters);

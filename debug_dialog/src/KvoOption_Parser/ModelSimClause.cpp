@@ -30,9 +30,7 @@ int readIpcPort(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
 
 int readDevice(WordCursor &cursor, std::string_view & /*value*/,
                EngineImp &imp) {
-  if (readConfigDevice(cursor, imp) == code::option)
-    cursor.isNow(WordRole::lost);
-  return code::done;
+  return endUnexamined(cursor, readConfigDevice(cursor, imp));
 }
 
 constexpr std::array<SimulatorOption, 2> options{{

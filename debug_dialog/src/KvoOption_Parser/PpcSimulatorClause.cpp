@@ -57,9 +57,7 @@ int readIpcPort(WordCursor &cursor, std::string_view &value, EngineImp &imp) {
 
 int readDevice(WordCursor &cursor, std::string_view & /*value*/,
                EngineImp &imp) {
-  if (readDebugDevice(cursor, imp) == code::option)
-    cursor.isNow(WordRole::lost);
-  return code::done;
+  return endUnexamined(cursor, readDebugDevice(cursor, imp));
 }
 
 constexpr std::array<SimulatorOption, 3> options{{

@@ -61,6 +61,15 @@ inline void readUnexamined(WordCursor &cursor, std::string_view &value,
     cursor.reads(form);
 }
 
+/// What a clause of another set ended with is not examined: an option word that
+/// it ran into is lost, and so is a refusal. Only a trace that goes on looks at
+/// a refusal, to go on at the next option.
+inline int endUnexamined(const WordCursor &cursor, int result) {
+  if (result == code::option)
+    cursor.isNow(WordRole::lost);
+  return result == code::refused && cursor.goesOn() ? result : code::done;
+}
+
 /// Stores "host:port"; ":port" is on the local host. Without a colon the host
 /// stays, and the port becomes the default if there is one.
 inline void storeIpcPort(WordCursor &cursor, std::string_view value,

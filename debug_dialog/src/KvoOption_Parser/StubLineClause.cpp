@@ -51,6 +51,8 @@ constexpr std::string_view baudWords = "  -baud  "; // twice two blanks
 
 } // namespace
 
+/// An option word in the value's place is lost, which is no refusal: only a
+/// trace that goes on ends the clause there, to go on at that word.
 int readStubLine(WordCursor &cursor, std::string_view option, EngineImp &imp) {
   const auto *const parameter = findRow(parameters, option, cursor.characters);
   const NamedValues accepted =
@@ -58,7 +60,7 @@ int readStubLine(WordCursor &cursor, std::string_view option, EngineImp &imp) {
   std::string_view value;
   if (const int result = cursor.nextValue(value, accepted);
       result != code::value)
-    return result;
+    return result == code::option && cursor.goesOn() ? code::refused : result;
   if (parameter == nullptr)
     return refuse(imp, unknownParameterOfOption, {option, value});
   cursor.reads(parameter->form);

@@ -120,6 +120,8 @@ public:
 
   // --- Telling ---------------------------------------------------------------
 
+  /// Whether somebody listens who goes on behind a fault.
+  bool goesOn() const { return recorder != nullptr && recorder->goesOn(); }
   /// How the last word is read.
   void reads(const ValueForm &form) const {
     if (recorder != nullptr)

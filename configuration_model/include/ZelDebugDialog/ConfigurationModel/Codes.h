@@ -35,7 +35,7 @@ struct Code {
   std::string summary;
   std::string meaning; ///< Sentences.
   /// A command that has it; of a loss, one that has it when it is read, written
-  /// and read again. Empty where a command alone cannot show it.
+  /// and read again, or what is written for a setting that no command gives.
   std::string example;
   std::string where;  ///< Where the example has it; empty for anywhere.
   std::string advice; ///< What to do.
