@@ -47,6 +47,7 @@ bool names(const CommandWord &word, const std::string &field) {
 
 void Recorder::took(std::size_t offset, std::string_view word, WordRole role) {
   trace.words.push_back({offset, word.size(), role, {}, {}, {}});
+  endsWithLostOption = false;
 }
 
 std::uint8_t Recorder::rowOf(const void *field) const {
@@ -138,9 +139,8 @@ std::size_t Recorder::wordThatChanged(std::uint8_t field,
 }
 
 bool Recorder::takesUpLostOption() {
-  if (lostOption == 0 || lostOption != trace.words.size())
+  if (!std::exchange(endsWithLostOption, false))
     return false;
-  lostOption = 0;
   isNow(WordRole::option);
   return true;
 }

@@ -87,7 +87,7 @@ public:
       return; // a lone "-", which is a fault already
     isNow(WordRole::lost);
     fault(CommandFaultKind::missingValue, accepted);
-    lostOption = trace.words.size();
+    endsWithLostOption = true;
   }
   /// Whether the last word is an option that was lost in a value's place. It
   /// begins a clause from now on.
@@ -120,9 +120,9 @@ private:
   const EngineImp &imp;
   AfterFault afterFault;
   const JtagOption *newDevice = nullptr;
-  FieldValue before;          ///< of the field that is about to change
-  std::size_t joined = 0;     ///< sum of the lengths of joined arguments
-  std::size_t lostOption = 0; ///< number of words up to it; 0 for none
+  FieldValue before;               ///< of the field that is about to change
+  std::size_t joined = 0;          ///< sum of the lengths of joined arguments
+  bool endsWithLostOption = false; ///< the last word is one
 };
 
 } // namespace ZelDebugDialog::kvo
