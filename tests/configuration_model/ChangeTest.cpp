@@ -188,7 +188,6 @@ TEST_F(ChangeTest, TheChainIsChangedWhole) {
             "idcode 0x0 -configdevice devicenr 0 partname b irlength 0 idcode "
             "0x0 -debugdevice cpunr 1");
   EXPECT_EQ(session.Get("chain[1].partname"), Value("b"));
-  EXPECT_TRUE(session.Get("chain[2].partname").IsNothing());
   EXPECT_EQ(refusalOf([&] {
               session.Change({{"chain[0].partname", "c"}});
             }),
@@ -214,6 +213,59 @@ TEST_F(ChangeTest, ARequestStartsFromACommandAndValuesStandOverIt) {
   EXPECT_THAT(refusalOf([&] { session.Change(request); }),
               testing::StartsWith("bad-command: the command is refused: "));
   EXPECT_EQ(shown(session.State()), before);
+}
+
+TEST_F(ChangeTest, WhatACommandGaveAndAValueReplacedIsAnEffect) {
+  const char *const why = "choosing a cable brings its port and frequency";
+  Session session = open();
+  ChangeRequest request;
+  request.command = "connect lc hdu -cable type quorla_podusb port X "
+                    "frequency 3000000 -debugdevice devicenr 5";
+  request.values = {{"cable.cableType", "quorla_parallel"}};
+  EXPECT_THAT(
+      shown(session.Change(request)),
+      ElementsAre("connectCommand:  -> " + *request.command +
+                      " (the command says so)",
+                  std::string("cable.frequency: 3 MHz -> 5 MHz (") + why + ")",
+                  std::string("cable.port: X -> LPT1 (") + why + ")"));
+  EXPECT_EQ(session.Command(),
+            "connect lc hdu -cable type quorla_parallel port LPT1 frequency "
+            "5000000 -debugdevice deviceNr 5 cpunr 1");
+
+  // What is asked for as well is none, and what the command gave and stands.
+  Session both = open();
+  request.values.emplace_back("cable.port", "LPT2");
+  EXPECT_THAT(
+      shown(both.Change(request)),
+      ElementsAre(
+          "connectCommand:  -> " + *request.command + " (the command says so)",
+          std::string("cable.frequency: 3 MHz -> 5 MHz (") + why + ")"));
+
+  // A reset takes the rest of a cable along, too.
+  Session reset = open();
+  request.values = {};
+  request.reset = {"cable.cableType"};
+  EXPECT_THAT(
+      shown(reset.Change(request)),
+      ElementsAre("connectCommand:  -> " + *request.command +
+                      " (the command says so)",
+                  std::string("cable.frequency: 3 MHz -> 0 Hz (") + why + ")",
+                  std::string("cable.port: X ->  (") + why + ")"));
+}
+
+TEST_F(ChangeTest, AResetBringsIdentityBack) {
+  Session session = open();
+  session.Edit("connect dap hw");
+  ChangeRequest request;
+  request.values = {{"debugDevice", 1}};
+  session.Change(request);
+  EXPECT_EQ(session.Get("procFamily"), Value(2)); // nothing is reset
+  request.reset = {"bscanUserReg"};
+  EXPECT_THAT(shown(session.Change(request)),
+              testing::Contains("connectionMask: 0x200 -> 0x87 (it is the "
+                                "default)"));
+  EXPECT_EQ(session.Get("procFamily"), Value(0));
+  EXPECT_EQ(settingIn(session.State(), "procFamily").origin, "design");
 }
 
 TEST_F(ChangeTest, ARequestStartsFromACopy) {

@@ -227,4 +227,30 @@ TEST_F(DraftTest, UndoingRevertingAndResettingBringIdentityBack) {
   }
 }
 
+TEST_F(DraftTest, ATextThatHasBecomeTheValueIsNoDraft) {
+  Session session = open();
+  session.Change({{"cable.cableType", "quorla_podusb"}});
+  session.Draft("cable.port", "");
+  session.Draft("cable.frequency", "soon");
+  EXPECT_EQ(settingIn(session.State(), "cable.port").draft, "");
+  session.Change({{"cable.cableType", "none"}});
+  EXPECT_FALSE(settingIn(session.State(), "cable.port").draft);
+  EXPECT_EQ(settingIn(session.State(), "cable.port").error, "");
+  // Still no value.
+  EXPECT_EQ(settingIn(session.State(), "cable.frequency").draft, "soon");
+  session.Undo();
+  EXPECT_EQ(settingIn(session.State(), "cable.port").draft, "");
+  session.Redo();
+  session.DropDraft("cable.frequency");
+  EXPECT_TRUE(session.Save().written);
+}
+
+TEST_F(DraftTest, ATextThatIsAnotherValueStaysADraft) {
+  Session session = open();
+  session.Change({{"cable.cableType", "quorla_podusb"}});
+  session.Draft("cable.port", "");
+  session.Change({{"cable.cableType", "quorla_parallel"}}); // port LPT1
+  EXPECT_EQ(settingIn(session.State(), "cable.port").draft, "");
+}
+
 } // namespace

@@ -1,4 +1,5 @@
 // Undoing, reverting, resetting, and where each value comes from.
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -215,6 +216,129 @@ TEST_F(HistoryTest, OriginsOfTheChainFollowItsDevices) {
   EXPECT_EQ(originOf(session, "chain[1].partname"), "changed");
   session.Reset({"chain"});
   EXPECT_EQ(originOf(session, "chain"), "default");
+}
+
+TEST_F(HistoryTest, SavingMakesWhatStandsWhatTheFileGives) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 2");
+  session.Change({{"debugDevice", 3}, {"cable.cableType", 3}});
+  session.Change({{"connection", "sim"}});
+  session.Undo();
+  session.Save();
+  const std::string written = saved();
+  EXPECT_EQ(session.Get("connectCommand"), Value(written));
+  const SessionState state = session.State();
+  EXPECT_TRUE(state.canRedo);
+  const SessionState anew = open().State();
+  for (std::size_t i = 0; i < state.settings.size(); ++i)
+    EXPECT_EQ(state.settings[i].origin, anew.settings[i].origin)
+        << state.settings[i].id;
+  EXPECT_EQ(originOf(session, "debugDevice").substr(0, 5), "file:");
+  // There is nothing to go back to.
+  EXPECT_THAT(shown(session.Revert()), IsEmpty());
+  EXPECT_TRUE(session.State().canRedo);
+  session.Undo();
+  EXPECT_EQ(session.Get("debugDevice"), Value(2));
+  EXPECT_EQ(originOf(session, "debugDevice"), "file:38");
+  session.Redo();
+  EXPECT_EQ(session.Get("connectCommand"), Value(written));
+}
+
+TEST_F(HistoryTest, WhatSavingLosesDoesNotComeFromTheFile) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 2");
+  session.Change({{"connection", "sim"}, {"cable.cableType", 3}});
+  SaveOptions options;
+  options.force = true;
+  session.Save(options);
+  EXPECT_EQ(saved(), "connect lc sim");
+  EXPECT_EQ(originOf(session, "connection"), "file:12");
+  EXPECT_EQ(originOf(session, "cable.cableType"), "changed");
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed"); // it is still 2
+}
+
+TEST_F(HistoryTest, SavingTheDefaultsIsNoStep) {
+  Session session = open();
+  session.Save();
+  EXPECT_THAT(shown(session.Revert()), IsEmpty());
+  EXPECT_FALSE(session.State().canUndo);
+  EXPECT_EQ(originOf(session, "connection"), "file:12");
+}
+
+TEST_F(HistoryTest, RevertingAndResettingBringOriginsBack) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 0");
+  EXPECT_EQ(originOf(session, "debugDevice"), "file:38");
+  EXPECT_THAT(session.Reset({"debugDevice"}), IsEmpty());
+  EXPECT_EQ(originOf(session, "debugDevice"), "default");
+  session.Undo();
+  EXPECT_EQ(originOf(session, "debugDevice"), "file:38");
+  session.Change({{"debugDevice", 1}});
+  session.Change({{"debugDevice", 0}});
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+  EXPECT_THAT(session.Revert(), IsEmpty());
+  EXPECT_EQ(originOf(session, "debugDevice"), "file:38");
+  session.Undo();
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+  session.Redo();
+  // Once more is nothing.
+  session.Undo();
+  session.Redo();
+  session.Revert();
+  EXPECT_FALSE(session.State().canRedo);
+  session.Undo();
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+}
+
+/// A design that has enough of questions.
+class TiredDesign : public support::FakeDesign {
+public:
+  void getPeripherals(Names &found, const std::string &processor) override {
+    if (isTired)
+      throw std::runtime_error("enough");
+    FakeDesign::getPeripherals(found, processor);
+  }
+  bool isTired = false;
+};
+
+TEST_F(HistoryTest, ADesignThatThrowsLeavesASessionAsItWas) {
+  TiredDesign tired;
+  fillDesign(tired);
+  const Board asked(tired, (work.path() / "etc").string());
+  save("connect ppc hw -debugdevice devicenr 2", "ppc440");
+  Session session(asked, "ppc440");
+  session.Change({{"debugDevice", 3}});
+  const auto before = shown(session.State());
+  save("connect ppc hw -debugdevice devicenr 4", "ppc440");
+  tired.isTired = true;
+  EXPECT_THROW(session.Revert(), std::runtime_error);
+  tired.isTired = false;
+  EXPECT_EQ(shown(session.State()), before);
+  EXPECT_TRUE(session.ChangedOnDisk());
+  EXPECT_THAT(shown(session.Differences()), ElementsAre("debugDevice: 2 -> 3"));
+  EXPECT_THAT(refusalOf([&] { session.Save(); }),
+              testing::StartsWith("changed-on-disk"));
+  EXPECT_EQ(saved("ppc440"), "connect ppc hw -debugdevice devicenr 4");
+  EXPECT_THAT(shown(session.Revert()),
+              testing::Contains("debugDevice: 3 -> 4 (it is saved so)"));
+}
+
+TEST_F(HistoryTest, WhatIsLoadedIsOfOneFile) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 2");
+  const auto deviceOf = [](const CommandSettings &read) {
+    for (const auto &setting : read.settings)
+      if (setting.id == "debugDevice")
+        return setting.value;
+    return Value();
+  };
+  EXPECT_EQ(deviceOf(session.Loaded()), Value(2));
+  save("connect lc hdu -debugdevice devicenr 4");
+  EXPECT_EQ(session.Loaded().text, "connect lc hdu -debugdevice devicenr 2");
+  EXPECT_EQ(deviceOf(session.Loaded()), Value(2));
+  session.Revert();
+  EXPECT_EQ(deviceOf(session.Loaded()), Value(4));
+  save("");
+  EXPECT_EQ(deviceOf(session.Loaded()), Value(4));
+  session.Revert();
+  EXPECT_EQ(deviceOf(session.Loaded()), Value(0));
+  EXPECT_EQ(session.Loaded().result, 4);
 }
 
 } // namespace

@@ -26,7 +26,8 @@ using testing::ElementsAre;
 class LockTest : public ModelTest {
 protected:
   /// A program of its own that gives one setting a value and saves.
-  pid_t startSetting(const std::string &setting, const Value &value) const {
+  static pid_t startSetting(const Board &board, const std::string &setting,
+                            const Value &value) {
     const pid_t child = fork();
     if (child != 0)
       return child;
@@ -40,6 +41,13 @@ protected:
     }
     endChild(written);
   }
+  /// A folder whose option file is a link to that of the first.
+  Board linkedBoard() {
+    std::filesystem::create_directory(work.path() / "linked");
+    std::filesystem::create_symlink("../" + fileOf(),
+                                    work.path() / "linked" / "kvo_lc.opt");
+    return boardIn("linked");
+  }
   static int statusOf(pid_t child) {
     int status = 0;
     EXPECT_EQ(waitpid(child, &status, 0), child);
@@ -49,9 +57,9 @@ protected:
 
 TEST_F(LockTest, TwoProgramsThatHoldTheLockBothCount) {
   for (int round = 1; round <= 10; ++round) {
-    const pid_t first = startSetting("debugDevice", round);
+    const pid_t first = startSetting(board, "debugDevice", round);
     const pid_t second =
-        startSetting("bscanUserReg", round % 2 == 0 ? "USER2" : "USER1");
+        startSetting(board, "bscanUserReg", round % 2 == 0 ? "USER2" : "USER1");
     EXPECT_EQ(statusOf(first), 0) << round;
     EXPECT_EQ(statusOf(second), 0) << round;
     const Session session = open();
@@ -123,6 +131,49 @@ TEST_F(LockTest, AnotherThatSavesWaits) {
               testing::StartsWith("changed-on-disk"));
   EXPECT_EQ(statusOf(child), 0);
   EXPECT_EQ(open().Get("debugDevice"), Value(7));
+}
+
+TEST_F(LockTest, FoldersThatLinkToOneFileHaveOneLock) {
+  save("connect lc hdu");
+  const Board linked = linkedBoard();
+  for (int round = 1; round <= 10; ++round) {
+    const pid_t first = startSetting(board, "debugDevice", round);
+    const pid_t second = startSetting(linked, "bscanUserReg",
+                                      round % 2 == 0 ? "USER2" : "USER1");
+    EXPECT_EQ(statusOf(first), 0) << round;
+    EXPECT_EQ(statusOf(second), 0) << round;
+    const Session session = open();
+    EXPECT_EQ(session.Get("debugDevice"), Value(round));
+    EXPECT_EQ(shown("bscanUserReg", session.Get("bscanUserReg")),
+              round % 2 == 0 ? "USER2" : "USER1");
+  }
+  EXPECT_THAT(names(), ElementsAre("kvo_lc.opt"));
+}
+
+TEST_F(LockTest, TheLockLiesBesideTheFileThatIsReplaced) {
+  save("connect lc hdu");
+  const Board linked = linkedBoard();
+  const Session held(linked, "lc", Session::Hold::untilSaved);
+  EXPECT_THAT(names(), ElementsAre(".kvo_lc.opt.lock", "kvo_lc.opt"));
+  EXPECT_FALSE(work.exists("linked/.kvo_lc.opt.lock"));
+  // A file of its own is no link.
+  const Session other(linked, "a9", Session::Hold::untilSaved);
+  EXPECT_TRUE(work.exists("linked/.kvo_a9.opt.lock"));
+}
+
+TEST_F(LockTest, SessionsOfOneFileByTwoNamesDoNotWaitForEachOther) {
+  std::filesystem::create_directory_symlink("etc", work.path() / "same");
+  const Board same = boardIn("same");
+  for (const bool exists : {false, true}) {
+    Session first = open();
+    Session second(same, "lc", Session::Hold::untilSaved);
+    first.Change({{"debugDevice", exists ? 5 : 3}});
+    second.Change({{"debugDevice", exists ? 6 : 4}});
+    const auto outcomes = SaveSessions({&first, &second});
+    ASSERT_TRUE(outcomes[0].refusal) << exists;
+    EXPECT_EQ(outcomes[0].refusal->kind, RefusalKind::changedOnDisk);
+    EXPECT_TRUE(outcomes[1].written) << exists; // it holds the lock
+  }
 }
 
 } // namespace

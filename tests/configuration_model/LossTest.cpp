@@ -237,4 +237,34 @@ TEST_F(LossTest, ReasonsSayWhatIsAllowed) {
             "'sim'");
 }
 
+TEST_F(LossTest, NothingCameBackOfACommandThatIsRefusedAgain) {
+  const auto isFrequencyBlocking = [](const Session &session) {
+    for (const Loss &loss : session.Losses())
+      if (loss.field == "cable.frequency")
+        return loss.blocking;
+    ADD_FAILURE() << "the frequency is no loss";
+    return false;
+  };
+  const SettingValues cable{{"cable.cableType", 3},
+                            {"cable.frequency", 3000000}};
+  Session never = open();
+  SettingValues refused = cable;
+  refused.emplace_back("cpuJtag", 1); // written, and read by nobody
+  never.Change(refused);
+  never.Change({{"connection", "sim"}});
+  EXPECT_TRUE(isFrequencyBlocking(never));
+
+  Session once = open();
+  once.Change(cable);
+  once.Change({{"connection", "sim"}});
+  EXPECT_FALSE(isFrequencyBlocking(once));
+
+  // It came back before the command was one that is refused.
+  Session before = open();
+  before.Change(cable);
+  before.Change({{"cpuJtag", 1}});
+  before.Change({{"connection", "sim"}});
+  EXPECT_FALSE(isFrequencyBlocking(before));
+}
+
 } // namespace

@@ -1,6 +1,7 @@
 // Saving: whole or not at all, and nothing that is lost in silence.
 #include <csignal>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -465,6 +466,148 @@ TEST_F(SaveTest, TheWorkingDirectoryIsNeitherUsedNorChanged) {
   EXPECT_TRUE(fs::is_empty(elsewhere));
   EXPECT_EQ(saved(), command3);
   EXPECT_EQ(session.File(), "etc/kvo_lc.opt");
+}
+
+TEST_F(SaveTest, AProcessorsNameThatLeadsElsewhereLeadsToNoFile) {
+  const std::string content = "connect lc sim";
+  work.write("etc/kvo_lc", content);
+  work.write("escaped.opt", content);
+  fs::create_directory(work.path() / "etc" / "kvo_x");
+  struct Row {
+    std::string name;
+    std::string problem;
+  } const rows[] = {
+      {std::string("lc\0.opt", 7),
+       "a null byte in a processor's name leads to no file"},
+      {"x/../../escaped", "a '/' in a processor's name leads to no file"},
+      {"/", "a '/' in a processor's name leads to no file"},
+  };
+  for (const Row &row : rows) {
+    fillDesign(design);
+    design.processors = {row.name};
+    design.typeOf[row.name] = "lumacore";
+    design.instancesOfType["lumacore"] = {row.name};
+    const Board odd(design, (work.path() / "etc").string());
+    for (const auto hold :
+         {Session::Hold::whileSaving, Session::Hold::untilSaved}) {
+      Session session(odd, row.name, hold);
+      EXPECT_EQ(session.Problem(), row.problem);
+      EXPECT_FALSE(session.State().exists);
+      EXPECT_FALSE(session.ChangedOnDisk());
+      session.Change({{"connection", "sim"}});
+      SaveOptions makeFolder = force();
+      makeFolder.makeFolder = true;
+      for (const SaveOptions &options :
+           {SaveOptions(), force(), dryRun(), makeFolder})
+        EXPECT_THAT(refusalOf([&] { session.Save(options); }),
+                    testing::AllOf(testing::StartsWith("no-regular-file: "),
+                                   testing::EndsWith(row.problem)));
+    }
+  }
+  EXPECT_THAT(names(), ElementsAre("kvo_lc", "kvo_x"));
+  EXPECT_EQ(work.read("etc/kvo_lc"), content);
+  EXPECT_EQ(work.read("escaped.opt"), content);
+}
+
+TEST_F(SaveTest, NamesOfOtherBytesLeadToAFile) {
+  for (const char *name : {"..", "a b", "a\\b", "a\n", "\xFF"}) {
+    fillDesign(design);
+    design.processors = {name};
+    design.typeOf[name] = "lumacore";
+    design.instancesOfType["lumacore"] = {name};
+    const Board odd(design, (work.path() / "etc").string());
+    Session session(odd, name);
+    session.Change({{"connection", "sim"}});
+    EXPECT_TRUE(session.Save().written) << name;
+    EXPECT_EQ(saved(name), "connect lc sim") << name;
+  }
+}
+
+TEST_F(SaveTest, RefusalsSayWhereInFields) {
+  const auto refused = [](Session &session) {
+    try {
+      session.Save();
+    } catch (const Refusal &refusal) {
+      return refusal;
+    }
+    throw std::logic_error("it is saved");
+  };
+  fillDesign(design);
+  const Board relative(design, "etc");
+  save("\n\nconnect lc nothing");
+  Session unreadable(relative, "lc");
+  Refusal refusal = refused(unreadable);
+  EXPECT_EQ(refusal.kind, RefusalKind::unreadable);
+  EXPECT_EQ(refusal.file, "etc/kvo_lc.opt");
+  EXPECT_EQ(refusal.line, 3);
+
+  fs::remove(file());
+  Session lossy(relative, "lc");
+  lossy.Change({{"debugDevice", 3}, {"simMemSize", 5}});
+  refusal = refused(lossy);
+  EXPECT_EQ(refusal.kind, RefusalKind::wouldBeLost);
+  EXPECT_EQ(refusal.setting, "simMemSize");
+  EXPECT_EQ(refusal.line, 0);
+
+  lossy.Change({{"cable.cableType", "quorla_tcf"}});
+  refusal = refused(lossy);
+  EXPECT_EQ(refusal.kind, RefusalKind::noCommand);
+  EXPECT_EQ(refusal.setting, "cable.cableType");
+  EXPECT_EQ(refusal.problem, "no command can be written: Invalid Cable Type");
+}
+
+TEST_F(SaveTest, RefusalsNameTheFileAsTheBoardWasGivenIt) {
+  const auto refused = [](const Board &asked) {
+    try {
+      Session session(asked, "lc");
+      session.Change({{"debugDevice", 5}});
+      session.Save();
+    } catch (const Refusal &refusal) {
+      return refusal;
+    }
+    throw std::logic_error("it is saved");
+  };
+  fillDesign(design);
+  const Board relative(design, "etc");
+  save(command3);
+  fs::permissions(file(), fs::perms::owner_read);
+  Refusal refusal = refused(relative);
+  EXPECT_EQ(refusal.kind, RefusalKind::readOnly);
+  EXPECT_EQ(refusal.file, "etc/kvo_lc.opt");
+  EXPECT_STREQ(refusal.what(), "etc/kvo_lc.opt: it may not be written");
+
+  fs::remove_all(work.path() / "etc");
+  refusal = refused(relative);
+  EXPECT_EQ(refusal.kind, RefusalKind::noFolder);
+  EXPECT_EQ(refusal.file, "etc");
+  EXPECT_STREQ(refusal.what(), "etc: there is no such folder");
+  try {
+    const Session held(relative, "lc", Session::Hold::untilSaved);
+    ADD_FAILURE() << "it is held";
+  } catch (const Refusal &held) {
+    EXPECT_EQ(held.file, "etc");
+  }
+}
+
+TEST_F(SaveTest, WhatTheFileHoldsAlreadyIsUnchangedAlsoWithLosses) {
+  Session session = openWith(byDefault);
+  session.Change({{"simMemSize", 5}, {"debugDevice", 3}});
+  SaveOutcome outcome = session.Save(force());
+  EXPECT_TRUE(outcome.written);
+  EXPECT_FALSE(outcome.unchanged);
+  SaveOptions dryForce = dryRun();
+  dryForce.force = true;
+  for (const SaveOptions &options : {force(), dryForce}) {
+    outcome = session.Save(options);
+    EXPECT_FALSE(outcome.written);
+    EXPECT_TRUE(outcome.unchanged);
+    EXPECT_THAT(shown(outcome.losses),
+                testing::Contains(testing::StartsWith("simMemSize")));
+  }
+  session.Change({{"debugDevice", 4}});
+  outcome = session.Save(force());
+  EXPECT_TRUE(outcome.written);
+  EXPECT_FALSE(outcome.unchanged);
 }
 
 } // namespace

@@ -56,13 +56,10 @@ TEST_F(StateTest, WordsSayWhichSettingStandsInThem) {
     const char *role;
     const char *setting;
   } const words[] = {
-      {"connect", "head", ""},
-      {"lc", "target", "procFamily"},
-      {"hdu", "connection", "connection"},
-      {"-debugdevice", "option", ""},
-      {"deviceNr", "name", ""},
-      {"3", "value", "debugDevice"},
-      {"cpunr", "name", ""},
+      {"connect", "head", ""},        {"lc", "target", "procFamily"},
+      {"lc", "target", "procType"},   {"hdu", "connection", "connection"},
+      {"-debugdevice", "option", ""}, {"deviceNr", "name", ""},
+      {"3", "value", "debugDevice"},  {"cpunr", "name", ""},
       {"1", "value", "cpuNr"},
   };
   ASSERT_EQ(state.words.size(), std::size(words));
@@ -227,6 +224,111 @@ TEST_F(StateTest, ADesignThatIsAskedAnswersForTheFpu) {
   Session session = open("ppc440");
   session.Edit("connect ppc hw -debugdevice fpuType dp");
   EXPECT_EQ(session.Get("fpuType"), Value(1));
+}
+
+std::vector<std::string> warningsOf(const Session &session) {
+  const SessionState state = session.State();
+  std::vector<std::string> lines;
+  for (const CommandDiagnostic &diagnostic : state.diagnostics)
+    lines.push_back(diagnostic.code + " '" +
+                    state.command.value_or("").substr(diagnostic.offset,
+                                                      diagnostic.length) +
+                    "'");
+  return lines;
+}
+
+TEST_F(StateTest, ANumberThatWasCutIsToldOfTheCommandThatWasTyped) {
+  struct CutRow {
+    const char *command;
+    int device;
+    std::vector<std::string> warnings;
+  } const rows[] = {
+      {"connect lc hdu -debugdevice devicenr 200", -56, {"value-cut '-56'"}},
+      {"connect lc hdu -debugdevice devicenr abc", 0, {"not-a-number ''"}},
+      {"connect lc hdu -debugdevice devicenr 127", 127, {}},
+      {"connect lc hdu -debugdevice devicenr -128", -128, {}},
+      {"connect lc hdu -debugdevice devicenr 128", -128, {"value-cut '-128'"}},
+  };
+  for (const CutRow &row : rows) {
+    Session typed = open();
+    typed.Edit(row.command);
+    EXPECT_EQ(typed.Get("debugDevice"), Value(row.device)) << row.command;
+    EXPECT_EQ(warningsOf(typed), row.warnings) << row.command;
+    const Session loaded = openWith(row.command);
+    EXPECT_EQ(loaded.Get("debugDevice"), Value(row.device)) << row.command;
+    EXPECT_EQ(warningsOf(loaded), row.warnings) << row.command;
+    std::filesystem::remove(work.path() / fileOf());
+  }
+}
+
+TEST_F(StateTest, WhatWasCutIsToldAsLongAsItStands) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 200");
+  const std::vector<std::string> cut{"value-cut '-56'"};
+  session.Change({{"cable.cableType", 3}});
+  EXPECT_EQ(warningsOf(session), cut);
+  session.Change({{"debugDevice", 5}});
+  EXPECT_THAT(warningsOf(session), IsEmpty());
+  session.Undo();
+  EXPECT_EQ(warningsOf(session), cut);
+  session.Edit("connect lc hdu -debugdevice devicenr 6");
+  EXPECT_THAT(warningsOf(session), IsEmpty());
+  session.Revert();
+  EXPECT_EQ(warningsOf(session), cut);
+  session.Change({{"cable.cableType", 3}});
+  session.Save(); // the file says -56 now
+  EXPECT_THAT(warningsOf(session), IsEmpty());
+}
+
+TEST_F(StateTest, AWordWithTwoSettingsNamesBoth) {
+  Session session = open("ppc405");
+  session.Change(
+      {{"connection", "sim"}, {"simIpcHost", "h"}, {"simIpcPort", 77}});
+  const SessionState state = session.State();
+  std::vector<std::string> settings;
+  for (const StateWord &word : state.words)
+    if (state.command->substr(word.offset, word.length) == "h:77")
+      settings.push_back(word.setting);
+  EXPECT_THAT(settings, ElementsAre("simIpcHost", "simIpcPort"));
+  // The connection is one setting, of two fields.
+  settings.clear();
+  for (const StateWord &word : state.words)
+    if (word.role == "connection")
+      settings.push_back(word.setting);
+  EXPECT_THAT(settings, ElementsAre("connection"));
+}
+
+TEST_F(StateTest, ADevicesFieldsAreAsApplicableAsTheChain) {
+  Session session = open();
+  session.Change({{"chain", Value::Chain{{}}}});
+  for (const char *const kind : {"hw", "sim"}) {
+    session.Change({{"connection", kind}});
+    const SessionState state = session.State();
+    const SettingState chain = settingIn(state, "chain");
+    EXPECT_EQ(chain.applicable, std::string(kind) == "hw");
+    for (const SettingState &field : state.chain[0]) {
+      EXPECT_EQ(field.applicable, chain.applicable) << field.id;
+      EXPECT_EQ(field.reason, chain.reason) << field.id;
+      const std::string row = "chain[]" + field.id.substr(field.id.find('.'));
+      EXPECT_EQ(field.choices.size(), FindSetting(row)->choices.size());
+    }
+  }
+}
+
+TEST_F(StateTest, AFieldOfADeviceIsAskedForByItsPlace) {
+  Session session = open();
+  session.Change({{"chain", Value::Chain{{{"partname", "a"}}, {}}}});
+  EXPECT_EQ(session.Get("chain[0].partname"), Value("a"));
+  EXPECT_EQ(session.Get("chain[1].partname"), Value("UNKNOWN"));
+  for (const char *name :
+       {"chain[].partname", "chain[2].partname", "chain[7].partname",
+        "chain[99999999999999999999]."
+        "partname"}) {
+    EXPECT_EQ(refusalOf([&] { session.Get(name); }),
+              std::string("unknown-setting: '") + name +
+                  "' is no setting: the chain has 2 devices");
+  }
+  EXPECT_THAT(refusalOf([&] { session.Get("chain[0].part"); }),
+              testing::StartsWith("unknown-setting"));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 // What a change takes for a setting of each kind, with what it almost takes.
+#include <cstddef>
 #include <string>
+#include <type_traits>
 
 #include <gmock/gmock.h>
 
@@ -39,6 +41,18 @@ struct Row {
   Value asked;
   const char *taken; ///< null: refused
 };
+
+// What only converts to a flag is no value.
+static_assert(std::is_constructible_v<Value, bool>);
+static_assert(std::is_constructible_v<Value, int>);
+static_assert(std::is_constructible_v<Value, char[4]>);
+static_assert(!std::is_constructible_v<Value, double>);
+static_assert(!std::is_constructible_v<Value, float>);
+static_assert(!std::is_constructible_v<Value, const int *>);
+static_assert(!std::is_constructible_v<Value, SettingKind>);
+static_assert(!std::is_constructible_v<Value, std::nullptr_t>);
+enum Unscoped { one };
+static_assert(!std::is_constructible_v<Value, Unscoped>);
 
 TEST_F(ValuesTest, OfEachKindAreTakenInEitherForm) {
   const Row rows[] = {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Holds sessions to the files that they may touch: nothing but the option file,
-its lock and its scratch, in the folder that they were given, and one flush
-however many are saved.
+its lock and its scratch, in the folder that they were given, and two flushes
+however many are saved: of what was written, then of the names in the folder.
 
   session_calls.py PROGRAM
 
@@ -33,7 +33,8 @@ FLUSHING = {"fsync", "fdatasync", "syncfs", "sync"}
 
 # Work, its flush, and whether it may write at all.
 WORKS = {"open": ([], False), "change": ([], False), "state": ([], False),
-         "save": (["fsync"], True), "save-all": (["syncfs"], True),
+         "save": (["fsync", "fsync"], True),
+         "save-all": (["syncfs", "fsync"], True),
          "save-same": ([], False), "refuse": ([], False)}
 
 
@@ -53,6 +54,10 @@ def calls(strace, program, work, folder):
         sys.exit(f"{work}: the trace has {len(marks)} marks")
     found = (CALL.match(line) for line in lines[marks[0] + 1:marks[1]])
     return [(match.group(1), match.group(2)) for match in found if match]
+
+
+def is_flushed_folder(path, arguments, options):
+    return path == str(options) and "O_RDONLY" in arguments and "O_DIRECTORY" in arguments
 
 
 def is_allowed(path, options):
@@ -76,7 +81,8 @@ def faults_of(work, made, options):
             yield f"{name}({arguments}): it writes"
         if writes or opens:
             for path in TEXT.findall(arguments):
-                if not is_allowed(path, options):
+                is_folder = may_write and is_flushed_folder(path, arguments, options)
+                if not is_folder and not is_allowed(path, options):
                     yield f"{name}({arguments}): {path}"
     if flushes != flush:
         yield f"flushes {flushes} in place of {flush}"

@@ -122,4 +122,13 @@ void flushFiles(const std::vector<const ScratchFile *> &files) {
   }
 }
 
+void flushFolder(const fs::path &folder) {
+  const int descriptor =
+      open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0)
+    return;
+  static_cast<void>(fsync(descriptor));
+  close(descriptor);
+}
+
 } // namespace ZelDebugDialog::model

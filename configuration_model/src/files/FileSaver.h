@@ -49,4 +49,8 @@ void expectWritable(const std::filesystem::path &folder, bool mayMake);
 /// for all files of one file system. @throws Refusal (fileSystem)
 void flushFiles(const std::vector<const ScratchFile *> &files);
 
+/// Asks the file system to keep the names that were moved in a folder. They are
+/// moved already: what it cannot keep is nobody's refusal.
+void flushFolder(const std::filesystem::path &folder);
+
 } // namespace ZelDebugDialog::model

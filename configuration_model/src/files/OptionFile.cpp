@@ -84,6 +84,14 @@ OptionFile readOptionFile(const fs::path &file) {
   return found;
 }
 
+std::string whyNoFile(const std::string &processor) {
+  if (processor.find('\0') != std::string::npos)
+    return "a null byte in a processor's name leads to no file";
+  if (processor.find('/') != std::string::npos)
+    return "a '/' in a processor's name leads to no file";
+  return "";
+}
+
 fs::path optionFilePath(const fs::path &folder, const std::string &processor) {
   return folder / ("kvo_" + processor + ".opt");
 }

@@ -27,6 +27,10 @@ constexpr std::size_t mostBytes = std::size_t{1024} * 1024;
 /// Only a regular file is opened.
 OptionFile readOptionFile(const std::filesystem::path &file);
 
+/// Why no file can have a processor's name in its own; empty if one can. A '/'
+/// would lead to another folder, and a path ends at a null byte.
+std::string whyNoFile(const std::string &processor);
+
 /// `kvo_<processor>.opt` in a folder.
 std::filesystem::path optionFilePath(const std::filesystem::path &folder,
                                      const std::string &processor);

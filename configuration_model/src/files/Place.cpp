@@ -37,7 +37,10 @@ Place lookAt(const fs::path &path, fs::file_type wanted) {
 fs::path behindLinks(const fs::path &path) {
   std::error_code error;
   const fs::path target = fs::canonical(path, error);
-  return error ? path : target;
+  if (!error)
+    return target;
+  const fs::path folder = fs::canonical(path.parent_path(), error);
+  return error ? path : folder / path.filename();
 }
 
 } // namespace ZelDebugDialog::model

@@ -16,8 +16,8 @@ struct Place {
 Place lookAt(const std::filesystem::path &path,
              std::filesystem::file_type wanted);
 
-/// The file that a path leads to, behind links; the path itself for what is not
-/// there.
+/// The file that a path leads to, behind links, also where only its folder is
+/// there; the path itself where nothing is.
 std::filesystem::path behindLinks(const std::filesystem::path &path);
 
 } // namespace ZelDebugDialog::model

@@ -217,6 +217,16 @@ const Omission *Analysis::findOmission(const SettingRow &row) const {
   return findFor(writing.omissions, row);
 }
 
+Refusal noCommandOf(const Analysis &analysis) {
+  Refusal refusal(RefusalKind::noCommand, "",
+                  "no command can be written: " + analysis.error);
+  if (!analysis.writing.omissions.empty()) {
+    const Omission &cause = analysis.writing.omissions.front();
+    refusal.setting = isPartOfConnection(cause) ? connection : cause.field;
+  }
+  return refusal;
+}
+
 Analysis analyse(Desk &desk, const Snapshot &wanted) {
   Analysis analysis;
   Written written = writeSnapshot(desk, wanted);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ZelDebugDialog/CommandWriting.h"
+#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "commands/Desk.h"
 #include "losses/Writing.h"
 #include "settings/SettingTable.h"
@@ -36,6 +37,9 @@ struct Analysis {
   /// Why the writers leave a setting out; null if they do not.
   const Omission *findOmission(const SettingRow &row) const;
 };
+
+/// That no command can be written, with the setting because of which.
+Refusal noCommandOf(const Analysis &analysis);
 
 /// Writes in the desk's engine and reads as an option file would be read by
 /// another engine with the same design.

@@ -11,11 +11,8 @@ CommandSettings SessionImp::loadedSettings() {
   read.line = loaded.line;
   const std::string command = lineOfFile(loaded.text);
   const bool hasCommand = loaded.line != 0;
-  const Reading reading =
-      hasCommand ? desk.selectFile(file.string()) : Reading{4, ""};
-  if (!hasCommand)
-    desk.startFromDefaults();
-  const Snapshot snapshot = desk.snapshot();
+  // What loading gave: the file may be another one by now.
+  const Reading &reading = loadedReading;
   read.result = reading.result;
   read.error = reading.message;
   const bool isCutOnly = reading.accepted() && loaded.isText() &&
@@ -24,7 +21,7 @@ CommandSettings SessionImp::loadedSettings() {
   CommandTrace trace;
   if (hasCommand && reading.accepted())
     desk.traceCommand(command, AfterFault::stop, trace);
-  appendSettings(read, snapshot, trace, true);
+  appendSettings(read, loadedValues, trace, true);
   return read;
 }
 

@@ -48,7 +48,7 @@ private:
 class Save {
 public:
   Save(SessionImp &saved, const SaveOptions &how, SaveOutcome &result)
-      : session(saved), options(how), outcome(result) {}
+      : session(saved), options(how), outcome(result), target(saved.target()) {}
 
   /// Everything that can be refused, up to a file beside the one that it is to
   /// replace.
@@ -56,31 +56,36 @@ public:
   /// @return null where there is nothing to write
   const ScratchFile *written() const { return scratch ? &*scratch : nullptr; }
   void finish();
+  /// The file that is replaced, behind links.
+  const fs::path &place() const { return target; }
   void refuse(const Refusal &refusal) {
-    outcome.refusal = refusal;
+    outcome.refusal = session.asGiven(refusal);
     scratch.reset();
     lock.reset();
     folder.reset();
   }
 
 private:
-  [[noreturn]] void refuseFor(RefusalKind kind, const std::string &problem) {
+  /// About the option file.
+  Refusal refusalOf(RefusalKind kind, const std::string &problem) const {
     Refusal refusal(kind, printable(session.shownFile), problem);
     refusal.file = session.shownFile;
-    throw refusal;
+    return refusal;
   }
   void expectNoDraft();
   void expectCommand();
-  void expectPlace(const fs::path &target);
+  void expectPlace();
+  void expectReadable();
   void expectNoLoss();
   void expectSameOnDisk();
   bool isSavedAlready() const;
   bool isWrittenAlready() const;
-  void writeAndReadBack(const fs::path &target);
+  void writeAndReadBack();
 
   SessionImp &session;
   const SaveOptions &options;
   SaveOutcome &outcome;
+  fs::path target;
   std::unique_ptr<SaveFolder> folder;
   std::unique_ptr<FileLock> lock;
   std::optional<ScratchFile> scratch;
@@ -103,12 +108,13 @@ void Save::expectNoDraft() {
 void Save::expectCommand() {
   const Analysis &analysis = session.current->analysis;
   if (!analysis.command)
-    throw Refusal(RefusalKind::noCommand, "",
-                  "no command can be written: " + analysis.error);
+    throw noCommandOf(analysis);
 }
 
 /// A dry run makes no folder, and says nothing against one that is missing.
-void Save::expectPlace(const fs::path &target) {
+void Save::expectPlace() {
+  if (!session.noFile.empty())
+    throw refusalOf(RefusalKind::noRegularFile, session.noFile);
   const fs::path around = target.parent_path();
   if (!options.dryRun)
     folder = std::make_unique<SaveFolder>(around, options.makeFolder);
@@ -122,27 +128,38 @@ void Save::expectPlace(const fs::path &target) {
     expectWritable(around, options.makeFolder);
 }
 
+void Save::expectReadable() {
+  if (session.problem.empty() || options.force)
+    return;
+  Refusal refusal =
+      refusalOf(RefusalKind::unreadable,
+                fmt::format("{}; it stays as it is", session.problem));
+  refusal.line = session.loaded.line;
+  throw refusal;
+}
+
 void Save::expectNoLoss() {
-  const bool isBlocked =
-      std::any_of(outcome.losses.begin(), outcome.losses.end(),
-                  [](const Loss &loss) { return loss.blocking; });
-  if (!isBlocked || options.force)
+  const auto blocking =
+      std::find_if(outcome.losses.begin(), outcome.losses.end(),
+                   [](const Loss &loss) { return loss.blocking; });
+  if (blocking == outcome.losses.end() || options.force)
     return;
   std::string list;
   for (const Loss &loss : outcome.losses)
     if (loss.blocking)
       list += (list.empty() ? "" : ", ") + loss.field;
-  refuseFor(
+  Refusal refusal = refusalOf(
       RefusalKind::wouldBeLost,
       fmt::format("nothing is saved, because it would not survive: {}", list));
+  refusal.setting = blocking->field;
+  throw refusal;
 }
 
 void Save::expectSameOnDisk() {
-  const OptionFile onDisk = readOptionFile(session.file);
-  if (options.force || onDisk.isSameAs(session.loaded))
+  if (options.force || !session.isChangedOnDisk())
     return;
-  refuseFor(RefusalKind::changedOnDisk,
-            "it has changed on disk since it was loaded");
+  throw refusalOf(RefusalKind::changedOnDisk,
+                  "it has changed on disk since it was loaded");
 }
 
 /// A file that reads as what is wanted stays as it is, however it is worded.
@@ -171,28 +188,28 @@ void Save::prepare(std::set<fs::path> &taken) {
   }
   outcome.losses = lossesOf(*session.current, session.defaults());
   expectCommand();
-  const fs::path target = behindLinks(session.file);
-  expectPlace(target);
-  if (!session.problem.empty() && !options.force)
-    refuseFor(RefusalKind::unreadable,
-              fmt::format("{}; it stays as it is", session.problem));
+  expectPlace();
+  expectReadable();
   expectNoLoss();
   if (!taken.insert(target).second)
-    refuseFor(RefusalKind::changedOnDisk,
-              "another of the sessions that are saved has it, too");
+    throw refusalOf(RefusalKind::changedOnDisk,
+                    "another of the sessions that are saved has it, too");
   if (options.dryRun) {
     expectSameOnDisk();
+    outcome.unchanged = isWrittenAlready();
     return;
   }
   if (session.lock == nullptr)
-    lock = std::make_unique<FileLock>(session.file);
+    lock = std::make_unique<FileLock>(target);
   expectSameOnDisk();
-  if (!isWrittenAlready())
-    writeAndReadBack(target);
+  if (isWrittenAlready())
+    outcome.unchanged = true;
+  else
+    writeAndReadBack();
 }
 
 /// What is not as the analysis has foretold is refused like any other loss.
-void Save::writeAndReadBack(const fs::path &target) {
+void Save::writeAndReadBack() {
   const Step &step = *session.current;
   scratch.emplace(target);
   const Reading writing =
@@ -211,8 +228,9 @@ void Save::writeAndReadBack(const fs::path &target) {
         return step.analysis.findLoss(loss.setting) != nullptr;
       });
   if (!isForetold && !options.force)
-    refuseFor(RefusalKind::wouldBeLost,
-              "nothing is saved, because the file is read back differently");
+    throw refusalOf(
+        RefusalKind::wouldBeLost,
+        "nothing is saved, because the file is read back differently");
 }
 
 void Save::finish() {
@@ -222,6 +240,8 @@ void Save::finish() {
     scratch.reset();
     session.load();
   }
+  if (outcome.written || (outcome.unchanged && !options.dryRun))
+    session.noteSaved();
   lock.reset();
   if (!options.dryRun)
     session.lock.reset();
@@ -241,10 +261,10 @@ std::vector<SaveOutcome> saveAll(const std::vector<SessionImp *> &sessions,
     saves.emplace_back(*sessions[i], options, outcomes[i]);
     order.push_back(i);
   }
-  const auto place = [&sessions](std::size_t i) {
+  const auto place = [&sessions, &saves](std::size_t i) {
     // Of two that have one file, the one that holds its lock comes first: the
     // other is refused then, and does not wait for it.
-    return std::make_tuple(std::cref(sessions[i]->file),
+    return std::make_tuple(std::cref(saves[i].place()),
                            sessions[i]->lock == nullptr, i);
   };
   std::sort(order.begin(), order.end(),
@@ -274,6 +294,12 @@ std::vector<SaveOutcome> saveAll(const std::vector<SessionImp *> &sessions,
   }
   for (const std::size_t i : order)
     attempt(i, [](Save &save) { save.finish(); });
+  std::set<fs::path> folders;
+  for (const std::size_t i : order)
+    if (outcomes[i].written)
+      folders.insert(saves[i].place().parent_path());
+  for (const fs::path &folder : folders)
+    flushFolder(folder);
   return outcomes;
 }
 

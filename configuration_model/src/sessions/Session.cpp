@@ -109,7 +109,7 @@ SessionState Session::State() const {
 Value Session::Get(const std::string &setting) const {
   const model::SettingRow &row = model::expectRow(setting);
   const Turn turn(imp->mutex);
-  return row.isOfDevice() ? model::fieldNamed(imp->current->now, setting)
+  return row.isOfDevice() ? imp->deviceField(row, setting)
                           : model::valueIn(imp->current->now, row);
 }
 
@@ -117,8 +117,7 @@ std::string Session::Command() const {
   const Turn turn(imp->mutex);
   const model::Analysis &analysis = imp->current->analysis;
   if (!analysis.command)
-    throw Refusal(RefusalKind::noCommand, "",
-                  "no command can be written: " + analysis.error);
+    throw model::noCommandOf(analysis);
   return *analysis.command;
 }
 

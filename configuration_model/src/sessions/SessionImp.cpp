@@ -6,6 +6,7 @@
 
 #include "ZelDebugDialog/EngineFacts.h"
 #include "commands/WhyRefused.h"
+#include "files/Place.h"
 #include "losses/Writing.h"
 #include "sessions/Changes.h"
 #include "settings/Values.h"
@@ -13,11 +14,14 @@
 
 namespace ZelDebugDialog::model {
 
+namespace fs = std::filesystem;
+
 namespace {
 
 constexpr const char *commandSetting = "command";
 constexpr const char *byCommand = "the command says so";
 constexpr const char *byCopying = "it was copied";
+constexpr const char *byDefault = "it is the default";
 
 /// The setting that a field of the records belongs to.
 std::string settingOf(const std::string &field) {
@@ -37,13 +41,16 @@ bool isPartOfConnection(const std::string &field) {
   throw refusal;
 }
 
-/// Takes the identity that discovery gave.
-void restoreIdentity(Snapshot &snapshot, const ProcessorInfoImp &identity) {
-  Snapshot discovered;
-  discovered.record = identity;
-  for (const SettingRow &row : settingRows())
-    if (row.isIdentity)
-      storeIn(snapshot, row, valueIn(discovered, row));
+/// Those stand in the place of others of the same setting.
+void addEffects(std::vector<Effect> &effects, const std::vector<Effect> &more) {
+  const auto isReplaced = [&more](const Effect &effect) {
+    return std::any_of(more.begin(), more.end(), [&](const Effect &other) {
+      return other.setting == effect.setting;
+    });
+  };
+  effects.erase(std::remove_if(effects.begin(), effects.end(), isReplaced),
+                effects.end());
+  effects.insert(effects.end(), more.begin(), more.end());
 }
 
 /// What a setting brought along when it went back to its default went back as
@@ -71,51 +78,111 @@ SessionImp::SessionImp(const Board &ofBoard,
       identity(board->expectProcessor(processor)),
       file(optionFilePath(board->absolute, processor)),
       shownFile(optionFilePath(board->folder, processor).string()),
-      desk(board->design, identity) {
-  if (hold == Session::Hold::untilSaved)
-    lock = std::make_unique<FileLock>(file);
+      noFile(whyNoFile(processor)), desk(board->design, identity) {
+  try {
+    if (hold == Session::Hold::untilSaved && noFile.empty())
+      lock = std::make_unique<FileLock>(target());
+  } catch (const Refusal &refusal) {
+    throw asGiven(refusal);
+  }
   load();
   current = saved;
 }
 
 // --- What is saved -----------------------------------------------------------
 
-void SessionImp::load() {
-  loaded = readOptionFile(file);
-  Step step;
+OptionFile SessionImp::readFile() const {
+  if (noFile.empty())
+    return readOptionFile(file);
+  OptionFile none;
+  none.problem = noFile;
+  return none;
+}
+
+fs::path SessionImp::target() const {
+  return noFile.empty() ? behindLinks(file) : file;
+}
+
+Refusal SessionImp::asGiven(const Refusal &refusal) const {
+  const auto about = [&refusal](const std::string &shown) {
+    Refusal given(refusal.kind, printable(shown), refusal.problem);
+    given.file = shown;
+    return given;
+  };
+  if (refusal.file.empty() || !noFile.empty())
+    return refusal;
+  if (refusal.file == file || refusal.file == target())
+    return about(shownFile);
+  const fs::path folder = file.parent_path();
+  if (refusal.file == folder || refusal.file == behindLinks(folder))
+    return about(board->folder.empty() ? "." : board->folder);
+  return refusal;
+}
+
+SessionImp::Saved SessionImp::read() {
+  Saved read;
+  read.file = readFile();
+  const OptionFile &found = read.file;
   const auto problemOf = [&](const Reading &reading) -> std::string {
-    if (!loaded.problem.empty())
-      return loaded.problem;
-    if (!loaded.isText())
+    if (!found.problem.empty())
+      return found.problem;
+    if (!found.isText())
       return "the command holds bytes that are no text";
-    if (loaded.isCut())
+    if (found.isCut())
       return fmt::format("the command has {} characters, but only {} of a line "
                          "are read",
-                         loaded.text.size(), longestOptionLine);
+                         found.text.size(), longestOptionLine);
     return reading.accepted()
                ? ""
                : fmt::format("the command is refused: {}",
-                             whyRefused(desk, reading, loaded.text,
+                             whyRefused(desk, reading, found.text,
                                         WordPlace::optionFile));
   };
-  const bool hasCommand = loaded.exists && loaded.line != 0;
-  Reading reading{};
+  const bool hasCommand = found.exists && found.line != 0;
   if (hasCommand)
-    reading = desk.selectFile(file.string());
-  problem = problemOf(reading);
-  const bool isTaken = hasCommand && problem.empty();
+    read.reading = desk.selectFile(file.string());
+  else
+    desk.startFromDefaults();
+  read.values = desk.snapshot();
+  read.problem = problemOf(read.reading);
+  const bool isTaken = hasCommand && read.problem.empty();
   if (!isTaken)
     desk.startFromDefaults();
+  Step step;
   step.now = desk.snapshot();
   if (isTaken)
-    noteOrigins(step, lineOfFile(loaded.text), "file");
+    noteOrigins(step, lineOfFile(found.text), "file");
   analyseStep(step);
-  saved = std::make_shared<const Step>(std::move(step));
+  read.step = std::make_shared<const Step>(std::move(step));
+  return read;
+}
+
+void SessionImp::adopt(Saved &&read) noexcept {
+  loaded = std::move(read.file);
+  loadedReading = std::move(read.reading);
+  loadedValues = std::move(read.values);
+  problem = std::move(read.problem);
+  saved = std::move(read.step);
+}
+
+void SessionImp::load() { adopt(read()); }
+
+void SessionImp::noteSaved() {
+  Step step = *current;
+  const bool isRead = problem.empty();
+  step.now.record.connectCommand =
+      isRead ? saved->now.record.connectCommand : lineOfFile(loaded.text);
+  if (isRead) {
+    noteSavedOrigins(*saved, step);
+    step.read = saved->read;
+  }
+  current = std::make_shared<const Step>(std::move(step));
 }
 
 void SessionImp::noteOrigins(Step &step, const std::string &command,
                              const std::string &origin) {
   step.origins.clear();
+  step.read = {command, origin};
   CommandTrace trace;
   desk.traceCommand(command, AfterFault::stop, trace);
   for (const CommandWord &word : trace.words)
@@ -139,27 +206,33 @@ void SessionImp::analyseStep(Step &step) {
 Step SessionImp::startStep() const {
   Step next = *current;
   next.asked.clear();
+  next.read.isWhole = false;
   return next;
 }
 
 std::vector<Effect> SessionImp::take(Step next, const std::string &why,
-                                     bool withAsked) {
+                                     bool withAsked, Counts counts) {
   const std::vector<FieldDifference> differences =
       settingsThatDiffer(current->now, next.now);
   if (differences.empty()) {
     next.analysis = current->analysis;
     next.asked = current->asked;
     next.displaced = current->displaced;
+    if (next.read.text == current->read.text)
+      next.read.isWhole = next.read.isWhole || current->read.isWhole;
   } else {
     analyseStep(next);
     noteDisplaced(*current, next);
+    dropSettledDrafts(next, differences);
     // It stays until the next change.
     if (next.editedCommand == current->editedCommand)
       next.editedCommand.reset();
   }
   if (next.editedCommand == next.analysis.command)
     next.editedCommand.reset();
-  if (differences.empty() && !next.differsInTextsFrom(*current))
+  const bool isOfOrigins =
+      counts == Counts::textsAndOrigins && next.origins != current->origins;
+  if (differences.empty() && !isOfOrigins && !next.differsInTextsFrom(*current))
     return {};
   static const std::set<std::string> none;
   std::vector<Effect> effects = effectsBetween(
@@ -168,6 +241,34 @@ std::vector<Effect> SessionImp::take(Step next, const std::string &why,
   future.clear();
   current = std::make_shared<const Step>(std::move(next));
   return effects;
+}
+
+void SessionImp::dropSettledDrafts(
+    Step &step, const std::vector<FieldDifference> &differences) const {
+  const Snapshot byDefaults = defaultsBeside(step.now, identity);
+  for (const FieldDifference &difference : differences) {
+    const auto draft = step.drafts.find(difference.name);
+    if (draft == step.drafts.end())
+      continue;
+    try {
+      if (expectValue(*findRow(difference.name), draft->second.text, step.now,
+                      byDefaults) == difference.after)
+        step.drafts.erase(draft);
+    } catch (const Refusal &) {
+      continue; // still no value
+    }
+  }
+}
+
+void SessionImp::restoreIdentity(Step &step) const {
+  Snapshot discovered;
+  discovered.record = identity;
+  for (const SettingRow &row : settingRows()) {
+    if (!row.isIdentity || isSameIn(discovered, step.now, row))
+      continue;
+    storeIn(step.now, row, valueIn(discovered, row));
+    forgetOrigin(step, row.info.id);
+  }
 }
 
 bool SessionImp::takeCommand(Step &step, const std::string &command) {
@@ -199,6 +300,9 @@ std::vector<Effect> SessionImp::change(const ChangeRequest &request,
     next.editedCommand.reset();
     left.clear();
   }
+  const Snapshot given = next.now;
+  if (!request.reset.empty())
+    restoreIdentity(next);
   const Snapshot before = next.now;
   const std::set<std::string> asked =
       applyValues(next.now, identity, request.values, request.reset);
@@ -209,8 +313,18 @@ std::vector<Effect> SessionImp::change(const ChangeRequest &request,
   }
   for (const std::string &setting : request.reset)
     forgetReset(next, setting, request.values);
-  std::vector<Effect> effects =
-      take(std::move(next), request.command ? byCommand : byCopying, false);
+  // What the command gave and something else that was asked for has replaced.
+  std::vector<Effect> replaced;
+  if (request.command)
+    replaced = effectsBetween(given, next.now, asked, byDefault);
+  for (const Effect &effect : replaced)
+    next.asked.erase(effect.setting);
+  std::vector<Effect> effects = take(std::move(next),
+                                     request.command     ? byCommand
+                                     : copied != nullptr ? byCopying
+                                                         : byDefault,
+                                     false);
+  addEffects(effects, replaced);
   for (const std::string &setting : left)
     if (asked.count(setting) == 0)
       effects.push_back(notCopied(setting));
@@ -289,13 +403,16 @@ std::vector<Effect> SessionImp::redo() {
 }
 
 std::vector<Effect> SessionImp::revert() {
-  load();
-  return take(*saved, "it is saved so");
+  Saved found = read();
+  std::vector<Effect> effects =
+      take(*found.step, "it is saved so", true, Counts::textsAndOrigins);
+  adopt(std::move(found));
+  return effects;
 }
 
 std::vector<Effect> SessionImp::reset(std::vector<std::string> settings) {
   Step next = startStep();
-  restoreIdentity(next.now, identity);
+  restoreIdentity(next);
   if (settings.empty()) {
     next.drafts.clear();
     next.commandDraft.reset();
@@ -310,7 +427,7 @@ std::vector<Effect> SessionImp::reset(std::vector<std::string> settings) {
     forgetOrigin(next, effect.name);
   for (const std::string &id : settings)
     forgetOrigin(next, id);
-  return take(std::move(next), "it is the default");
+  return take(std::move(next), byDefault, true, Counts::textsAndOrigins);
 }
 
 std::vector<Effect> SessionImp::copyFrom(const Step &other) {
@@ -337,7 +454,20 @@ bool SessionImp::isDirty() const {
 }
 
 bool SessionImp::isChangedOnDisk() const {
-  return !readOptionFile(file).isSameAs(loaded);
+  return !readFile().isSameAs(loaded);
+}
+
+Value SessionImp::deviceField(const SettingRow &row,
+                              const std::string &name) const {
+  Value value = row.info.id == name ? Value() : fieldNamed(current->now, name);
+  if (!value.IsNothing())
+    return value;
+  Refusal refusal(RefusalKind::unknownSetting, "",
+                  fmt::format("'{}' is no setting: the chain has {} device{}",
+                              name, current->now.chain.size(),
+                              current->now.chain.size() == 1 ? "" : "s"));
+  refusal.setting = name;
+  throw refusal;
 }
 
 } // namespace ZelDebugDialog::model

@@ -18,6 +18,9 @@
 
 namespace ZelDebugDialog::model {
 
+/// The engine's code for a file without a command.
+constexpr int nothingSaved = 4;
+
 /// Operations of one session; whoever calls holds its mutex.
 class SessionImp {
 public:
@@ -42,6 +45,14 @@ public:
   bool isChangedOnDisk() const;
   SessionState state();
   CommandSettings loadedSettings();
+  /// A field of a device by its full name.
+  /// @throws Refusal (unknownSetting) where there is no such device
+  Value deviceField(const SettingRow &row, const std::string &name) const;
+  /// The file that is replaced, behind links.
+  std::filesystem::path target() const;
+  /// What a refusal says of the option file or its folder, with the names that
+  /// the board was given.
+  Refusal asGiven(const Refusal &refusal) const;
 
   mutable std::mutex mutex;
   Board shownBoard; ///< for those who ask in public
@@ -49,10 +60,13 @@ public:
   ProcessorInfoImp identity;
   std::filesystem::path file;
   std::string shownFile; ///< as the board was given its folder
+  std::string noFile;    ///< why there can be none; empty if there can
   Desk desk;
-  OptionFile loaded;   ///< the file as it was read
-  std::string problem; ///< why it could not be
-  StepPointer saved;   ///< what it gives; the defaults without it
+  OptionFile loaded; ///< the file as it was read
+  Reading loadedReading{nothingSaved, ""};
+  Snapshot loadedValues; ///< what it gives by itself, also where it is refused
+  std::string problem;   ///< why it could not be
+  StepPointer saved;     ///< what it gives; the defaults without it
   StepPointer current;
   std::vector<StepPointer> past;
   std::vector<StepPointer> future;
@@ -60,16 +74,38 @@ public:
 
   /// Reads the file and takes what it gives for what is saved.
   void load();
+  /// What is saved comes from the file now, without a step.
+  void noteSaved();
 
 private:
+  /// What a file gives.
+  struct Saved {
+    OptionFile file;
+    Reading reading{nothingSaved, ""};
+    Snapshot values;
+    std::string problem;
+    StepPointer step;
+  };
+
+  OptionFile readFile() const;
+  Saved read();
+  void adopt(Saved &&read) noexcept;
   /// A command's settings, each with its column behind `origin`.
   void noteOrigins(Step &step, const std::string &command,
                    const std::string &origin);
   /// The current step, with nothing asked for yet.
   Step startStep() const;
+  /// What makes a step.
+  enum class Counts { texts, textsAndOrigins };
   /// Makes a step the current one, unless nothing differs.
   std::vector<Effect> take(Step next, const std::string &why,
-                           bool withAsked = true);
+                           bool withAsked = true,
+                           Counts counts = Counts::texts);
+  /// A text that was no value may be one beside the new values.
+  void dropSettledDrafts(Step &step,
+                         const std::vector<FieldDifference> &differences) const;
+  /// Takes the identity that discovery gave.
+  void restoreIdentity(Step &step) const;
   /// @return false for a command that is refused
   bool takeCommand(Step &step, const std::string &command);
   /// @return the settings that this processor does not allow

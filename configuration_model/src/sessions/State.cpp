@@ -36,15 +36,87 @@ const char *shownRole(WordRole role) {
   return "";
 }
 
+/// The settings that stand in a word, by the names under which they are set.
+std::vector<std::string> settingsIn(const WrittenWord &word) {
+  std::vector<std::string> settings;
+  for (const std::string &field : word.fields) {
+    const bool isOfConnection =
+        field == "connectionType" || field == "stubType";
+    const std::string setting = isOfConnection ? "connection" : field;
+    if (std::find(settings.begin(), settings.end(), setting) == settings.end())
+      settings.push_back(setting);
+  }
+  return settings;
+}
+
+/// A word in which several settings stand is there for each of them.
 std::vector<StateWord> wordsOf(const Analysis &analysis) {
   std::vector<StateWord> words;
   for (const WrittenWord &word : analysis.writing.words) {
-    std::string setting = word.fields.empty() ? "" : word.fields.front();
-    if (setting == "connectionType" || setting == "stubType")
-      setting = "connection";
-    words.push_back({word.offset, word.length, shownRole(word.role), setting});
+    std::vector<std::string> settings = settingsIn(word);
+    if (settings.empty())
+      settings.emplace_back();
+    for (const std::string &setting : settings)
+      words.push_back(
+          {word.offset, word.length, shownRole(word.role), setting});
   }
   return words;
+}
+
+/// The word that a setting has become in the command that would be written;
+/// null for one that is not in it.
+const WrittenWord *findWordOf(const Analysis &analysis,
+                              const std::string &field) {
+  for (const WrittenWord &word : analysis.writing.words)
+    if (std::find(word.fields.begin(), word.fields.end(), field) !=
+        word.fields.end())
+      return &word;
+  return nullptr;
+}
+
+/// The place of a warning about what was read, as `Step::origins` has it.
+std::string placeOf(const ReadCommand &read,
+                    const CommandDiagnostic &diagnostic) {
+  return fmt::format("{}:{}", read.origin, diagnostic.offset + 1);
+}
+
+/// Takes what was wrong with a word that was read to the word that its setting
+/// has become, or behind the command.
+/// @return whether the setting still comes from there
+bool moveToCommand(const Step &step, CommandDiagnostic &diagnostic) {
+  const std::string place = placeOf(step.read, diagnostic);
+  bool isStillThere = step.read.isWhole;
+  const WrittenWord *word = nullptr;
+  for (const auto &[field, origin] : step.origins) {
+    isStillThere = isStillThere || origin == place;
+    if (origin == place && word == nullptr)
+      word = findWordOf(step.analysis, field);
+  }
+  diagnostic.offset =
+      word != nullptr ? word->offset : step.analysis.command->size();
+  diagnostic.length = word != nullptr ? word->length : 0;
+  return isStillThere;
+}
+
+/// The warnings of what was read: a number that was cut is another one now, and
+/// nothing is wrong with that.
+void appendWarningsOfRead(std::vector<CommandDiagnostic> &found,
+                          const Step &step) {
+  if (step.read.text.empty() || step.read.text == step.analysis.command)
+    return;
+  CheckOptions options;
+  options.ofFile = step.read.origin == "file";
+  for (CommandDiagnostic &diagnostic :
+       CheckCommand(step.read.text, options).diagnostics) {
+    const bool isTold = std::any_of(found.begin(), found.end(),
+                                    [&](const CommandDiagnostic &told) {
+                                      return told.code == diagnostic.code &&
+                                             told.message == diagnostic.message;
+                                    });
+    if (diagnostic.severity != CodeSeverity::error && !isTold &&
+        moveToCommand(step, diagnostic))
+      found.push_back(std::move(diagnostic));
+  }
 }
 
 std::string originOf(const Step &step, const SettingRow &row,
@@ -69,7 +141,18 @@ SettingState settingStateOf(const Step &step, const SettingRow &row,
   return state;
 }
 
-std::vector<SettingState> deviceStateOf(const Step &step, std::size_t device) {
+std::vector<ChoiceState> choicesOf(const SettingRow &row,
+                                   const ProcessorInfoImp &identity) {
+  std::vector<ChoiceState> choices;
+  for (const Choice &choice : row.info.choices)
+    choices.push_back({choice, whyNotAllowed(row, choice, identity)});
+  return choices;
+}
+
+/// Its fields are as applicable as the chain: it is changed whole.
+std::vector<SettingState> deviceStateOf(const Step &step, std::size_t device,
+                                        const SettingState &chain,
+                                        const ProcessorInfoImp &identity) {
   static const ChainDevice fresh = deviceValue(JtagOption());
   std::vector<SettingState> fields;
   for (const SettingRow *const each : deviceRows()) {
@@ -81,6 +164,9 @@ std::vector<SettingState> deviceStateOf(const Step &step, std::size_t device) {
     SettingState state =
         settingStateOf(step, row, deviceName(device) + "." + row.deviceField(),
                        valueIn(step.now, row, device), known->second);
+    state.applicable = chain.applicable;
+    state.reason = chain.reason;
+    state.choices = choicesOf(row, identity);
     fields.push_back(std::move(state));
   }
   return fields;
@@ -101,7 +187,10 @@ SessionImp::diagnosticsOf(const Step &step) const {
   options.ofFile = true;
   if (!step.analysis.command)
     return {};
-  return CheckCommand(*step.analysis.command, options).diagnostics;
+  std::vector<CommandDiagnostic> found =
+      CheckCommand(*step.analysis.command, options).diagnostics;
+  appendWarningsOfRead(found, step);
+  return found;
 }
 
 SessionState SessionImp::state() {
@@ -110,7 +199,7 @@ SessionState SessionImp::state() {
   const Snapshot byDefault = defaults();
   state.processor = identity.instanceName;
   state.file = shownFile;
-  const OptionFile onDisk = readOptionFile(file);
+  const OptionFile onDisk = readFile();
   state.exists = onDisk.exists;
   state.changedOnDisk = !onDisk.isSameAs(loaded);
   state.problem = problem;
@@ -140,12 +229,14 @@ SessionState SessionImp::state() {
       setting.draft = draft->second.text;
       setting.error = draft->second.error;
     }
-    for (const Choice &choice : row.info.choices)
-      setting.choices.push_back({choice, whyNotAllowed(row, choice, identity)});
+    setting.choices = choicesOf(row, identity);
     state.settings.push_back(std::move(setting));
   }
+  const auto chain = std::find_if(
+      state.settings.begin(), state.settings.end(),
+      [](const SettingState &setting) { return setting.id == "chain"; });
   for (std::size_t i = 0; i < step.now.chain.size(); ++i)
-    state.chain.push_back(deviceStateOf(step, i));
+    state.chain.push_back(deviceStateOf(step, i, *chain, identity));
   return state;
 }
 

@@ -1,5 +1,6 @@
 #include "sessions/Step.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <iterator>
 
@@ -48,6 +49,30 @@ void noteChangedDevices(const Snapshot &before, Step &after) {
   eraseDevices(after.origins, after.now.chain.size());
 }
 
+constexpr const char *inFile = "file:";
+
+/// Of a setting, or of a device's field.
+void copyOrigin(const Step &from, Step &to, const std::string &name) {
+  const auto found = from.origins.find(name);
+  if (found == from.origins.end())
+    to.origins.erase(name);
+  else
+    to.origins[name] = found->second;
+}
+
+/// A place in the file that is no more says nothing.
+void forgetPlace(Step &step, const std::string &name) {
+  const auto found = step.origins.find(name);
+  if (found != step.origins.end() && found->second.rfind(inFile, 0) == 0)
+    found->second = changed;
+}
+
+bool hasReadableCommand(const Analysis &analysis) {
+  return analysis.command &&
+         std::none_of(analysis.losses.begin(), analysis.losses.end(),
+                      [](const RawLoss &loss) { return loss.isRefusal; });
+}
+
 } // namespace
 
 bool Step::differsInTextsFrom(const Step &other) const {
@@ -66,9 +91,9 @@ std::vector<Loss> lossesOf(const Step &step, const Snapshot &defaults) {
 }
 
 void noteDisplaced(const Step &before, Step &after) {
-  // Of a step without a command nobody knows what would come back, so what did
-  // before stays in the list until there is a command again.
-  const bool isKnown = after.analysis.command.has_value();
+  // Of a step without a command that can be read nobody knows what would come
+  // back, so what did before stays in the list until there is one again.
+  const bool isKnown = hasReadableCommand(after.analysis);
   std::set<std::string> displaced;
   for (const SettingRow &row : settingRows()) {
     const std::string &id = row.info.id;
@@ -76,7 +101,7 @@ void noteDisplaced(const Step &before, Step &after) {
         (isKnown && after.analysis.findLoss(id) == nullptr))
       continue;
     const bool wasDisplaced = after.displaced.count(id) != 0;
-    const bool cameBack = before.analysis.command &&
+    const bool cameBack = hasReadableCommand(before.analysis) &&
                           before.analysis.findLoss(id) == nullptr &&
                           valueIn(before.now, row) == valueIn(after.now, row);
     if (wasDisplaced || cameBack)
@@ -92,6 +117,22 @@ void noteChanged(const Snapshot &before, Step &after) {
     if (difference.name == chain)
       noteChangedDevices(before, after);
   }
+}
+
+void noteSavedOrigins(const Step &saved, Step &step) {
+  const auto note = [&](const std::string &name, bool isShared) {
+    if (isShared)
+      copyOrigin(saved, step, name);
+    else
+      forgetPlace(step, name);
+  };
+  for (const SettingRow &row : settingRows())
+    if (!row.isOfDevice())
+      note(row.info.id, isSameIn(saved.now, step.now, row));
+  for (std::size_t i = 0; i < step.now.chain.size(); ++i)
+    for (const SettingRow *const row : deviceRows())
+      note(deviceName(i) + "." + row->deviceField(),
+           valueIn(saved.now, *row, i) == valueIn(step.now, *row, i));
 }
 
 void forgetOrigin(Step &step, const std::string &setting) {

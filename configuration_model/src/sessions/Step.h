@@ -24,11 +24,19 @@ struct DraftText {
   }
 };
 
+/// A command that was read: what is saved, or what a person has typed.
+struct ReadCommand {
+  std::string text;
+  std::string origin;  ///< "file" or "command", as in `Step::origins`
+  bool isWhole = true; ///< nothing has replaced any of it
+};
+
 /// Never changes once it is part of a history.
 struct Step {
   Snapshot now;
   /// Where settings come from, but for the defaults.
   std::map<std::string, std::string> origins;
+  ReadCommand read;                        ///< the last one
   std::map<std::string, DraftText> drafts; ///< by the setting
   std::optional<std::string> commandDraft;
   /// A command that was accepted, until the next change.
@@ -56,6 +64,8 @@ void noteDisplaced(const Step &before, Step &after);
 
 /// Says of what differs from `before` that it was changed.
 void noteChanged(const Snapshot &before, Step &after);
+/// Says that the file gives what it shares with what was saved.
+void noteSavedOrigins(const Step &saved, Step &step);
 /// Says of a setting, with its devices if it is the chain, that nobody set it.
 void forgetOrigin(Step &step, const std::string &setting);
 

@@ -91,12 +91,12 @@ struct SettingState {
   std::vector<ChoiceState> choices; ///< Of a setting that has few.
 };
 
-/// A word of the command that would be written.
+/// A word of the command that would be written, once for each setting in it.
 struct StateWord {
   std::size_t offset = 0; ///< In bytes.
   std::size_t length = 0; ///< In bytes.
   std::string role;       ///< "head", "target", "option", "name", "value", ...
-  std::string setting;    ///< The one that stands in it; may be empty.
+  std::string setting;    ///< One that stands in it; may be empty.
 };
 
 /// Everything that is known of a configuration.
@@ -121,7 +121,9 @@ struct SessionState {
   std::vector<StateWord> words;                 ///< Of the command.
   std::vector<Loss> losses;                     ///< As `Session::Losses`.
   std::vector<Difference> differences;          ///< As `Session::Differences`.
-  /// Of the draft where there is one, else of the command.
+  /// Of the draft where there is one, else of the command. What was wrong with
+  /// the text that it comes from, such as a number that was cut, stands at the
+  /// word that its setting has become, or behind the command.
   std::vector<CommandDiagnostic> diagnostics;
 };
 
@@ -233,7 +235,8 @@ public:
   CommandSettings Loaded();
   /// Everything at once.
   SessionState State() const;
-  /// @throws Refusal (unknownSetting)
+  /// Of a device's field: "chain[0].partname".
+  /// @throws Refusal (unknownSetting), also for a device that is not there
   Value Get(const std::string &setting) const;
   /// @throws Refusal (noCommand)
   std::string Command() const;
@@ -258,7 +261,8 @@ private:
 };
 
 /// Saves several at once: each whole or not at all, with one flush for all that
-/// are written. Refusals stand in the outcomes, in the order of the sessions.
+/// are written, and one of their folder. Refusals stand in the outcomes, in the
+/// order of the sessions.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::vector<SaveOutcome>
 SaveSessions(const std::vector<Session *> &sessions,
              const SaveOptions &options = {});

@@ -10,6 +10,7 @@
 #ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_VALUE_H
 #define ZELDEBUGDIALOG_CONFIGURATIONMODEL_VALUE_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <type_traits>
@@ -35,9 +36,11 @@ public:
   Value() = default;
   // A change reads as a list of values: {{"cable.frequency", 3000000}}.
   // NOLINTBEGIN(google-explicit-constructor)
-  /// A flag that is true or false. Flags that the records keep as a number are
-  /// numbers here as well.
-  Value(bool flag) : data(flag) {}
+  /// A flag that is true or false; what only converts to one is none. Flags
+  /// that the records keep as a number are numbers here as well.
+  template <typename Flag,
+            std::enable_if_t<std::is_same_v<Flag, bool>, int> = 0>
+  Value(Flag flag) : data(flag) {}
   /// A number of any width up to 63 bits.
   template <typename Number,
             typename = std::enable_if_t<std::is_integral_v<Number> &&
@@ -45,6 +48,7 @@ public:
   Value(Number number) : data(static_cast<std::int64_t>(number)) {}
   Value(std::string text) : data(std::move(text)) {}   ///< A text.
   Value(const char *text) : data(std::string(text)) {} ///< A text.
+  Value(std::nullptr_t) = delete;                      ///< No text.
   Value(Chain chain) : data(std::move(chain)) {}       ///< A whole chain.
 
   // NOLINTEND(google-explicit-constructor)
