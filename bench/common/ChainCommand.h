@@ -1,6 +1,7 @@
 // The connect command that everything here is measured with, for a chain of any
 // number of devices.
-#pragma once
+#ifndef ZELDEBUGDIALOG_BENCH_COMMON_CHAINCOMMAND_H
+#define ZELDEBUGDIALOG_BENCH_COMMON_CHAINCOMMAND_H
 
 #include <cstddef>
 #include <cstdint>
@@ -88,3 +89,5 @@ inline std::string chainCommand(std::size_t devices) {
 }
 
 } // namespace bench
+
+#endif

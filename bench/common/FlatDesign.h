@@ -1,6 +1,7 @@
 // A hardware design of any size that answers each query at once: what is
 // measured is the engine, not the design.
-#pragma once
+#ifndef ZELDEBUGDIALOG_BENCH_COMMON_FLATDESIGN_H
+#define ZELDEBUGDIALOG_BENCH_COMMON_FLATDESIGN_H
 
 #include <cstddef>
 #include <string>
@@ -58,3 +59,5 @@ private:
 };
 
 } // namespace bench
+
+#endif

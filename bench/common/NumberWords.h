@@ -1,5 +1,6 @@
 // Numbers as words of the command language.
-#pragma once
+#ifndef ZELDEBUGDIALOG_BENCH_COMMON_NUMBERWORDS_H
+#define ZELDEBUGDIALOG_BENCH_COMMON_NUMBERWORDS_H
 
 #include <array>
 #include <charconv>
@@ -37,3 +38,5 @@ private:
 };
 
 } // namespace bench
+
+#endif

@@ -1,5 +1,6 @@
 // How each program of this folder runs: at every size, after its checks.
-#pragma once
+#ifndef ZELDEBUGDIALOG_BENCH_COMMON_RUN_H
+#define ZELDEBUGDIALOG_BENCH_COMMON_RUN_H
 
 #include <array>
 #include <cstddef>
@@ -57,3 +58,5 @@ inline int run(int count, char **arguments) {
 }
 
 } // namespace bench
+
+#endif

@@ -1,5 +1,6 @@
 // An engine with a current record, ready to read and write commands.
-#pragma once
+#ifndef ZELDEBUGDIALOG_BENCH_COMMON_SESSION_H
+#define ZELDEBUGDIALOG_BENCH_COMMON_SESSION_H
 
 #include <cstddef>
 #include <memory>
@@ -31,3 +32,5 @@ public:
 };
 
 } // namespace bench
+
+#endif

@@ -1,6 +1,7 @@
 // What every peer that only splits a text needs beside it: keywords without
 // regard to letter case, numbers, and the walk over the words.
-#pragma once
+#ifndef ZELDEBUGDIALOG_BENCH_COMMON_WORDS_H
+#define ZELDEBUGDIALOG_BENCH_COMMON_WORDS_H
 
 #include <strings.h>
 
@@ -201,3 +202,5 @@ private:
 };
 
 } // namespace bench
+
+#endif

@@ -1,6 +1,7 @@
 // How much of the heap a piece of work holds at most, counted by replacing
 // operator new and pugixml's allocation.
-#pragma once
+#ifndef ZELDEBUGDIALOG_BENCH_DESIGNS_PEAKMEMORY_H
+#define ZELDEBUGDIALOG_BENCH_DESIGNS_PEAKMEMORY_H
 
 #include <cstddef>
 
@@ -25,3 +26,5 @@ template <class Work> std::size_t peakOf(const Work &work) {
 }
 
 } // namespace bench
+
+#endif

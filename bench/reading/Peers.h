@@ -1,7 +1,8 @@
 // The ways to read a command that the engine is measured against. Each does the
 // whole job: from the text to a filled `Command`, every value converted, every
 // keyword recognised without regard to letter case.
-#pragma once
+#ifndef ZELDEBUGDIALOG_BENCH_READING_PEERS_H
+#define ZELDEBUGDIALOG_BENCH_READING_PEERS_H
 
 #include <cstddef>
 #include <string>
@@ -48,3 +49,5 @@ bool readByNlohmann(const Input &input, Command &command);
 const std::vector<Peer> &peers();
 
 } // namespace bench
+
+#endif

@@ -1,6 +1,7 @@
 // The ways to write a command that the engine is measured against. Each writes
 // the text of a whole command into one string.
-#pragma once
+#ifndef ZELDEBUGDIALOG_BENCH_WRITING_WRITERS_H
+#define ZELDEBUGDIALOG_BENCH_WRITING_WRITERS_H
 
 #include <string>
 
@@ -19,3 +20,5 @@ std::string writeByStream(const Command &command);
 std::string writeByFormat(const Command &command);
 
 } // namespace bench
+
+#endif

@@ -21,7 +21,7 @@ static_assert(!std::is_polymorphic_v<CableOption>);
 static_assert(!std::is_polymorphic_v<JtagOption>);
 static_assert(std::is_copy_constructible_v<JtagOption>);
 
-template <typename Type, typename Member>
+template <class Type, class Member>
 constexpr bool is = std::is_same_v<Type, Member>;
 
 TEST(CableRecord, StartsWithoutACable) {

@@ -25,7 +25,7 @@ static_assert(!std::is_polymorphic_v<EngineImp>);
 static_assert(!std::is_copy_constructible_v<Engine>);
 static_assert(!std::is_copy_constructible_v<EngineImp>);
 
-template <typename Enumeration>
+template <class Enumeration>
 constexpr bool isPlain32BitEnumeration =
     std::is_same_v<std::underlying_type_t<Enumeration>, std::uint32_t>
         &&std::is_convertible_v<Enumeration, std::uint32_t>;

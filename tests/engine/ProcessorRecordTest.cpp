@@ -110,7 +110,7 @@ TEST(ProcessorRecord, KeepsProcessorAndDeviceNumbersInEightSignedBits) {
   EXPECT_EQ(record.debugDevice, -56);
 }
 
-template <typename Type, typename Member>
+template <class Type, class Member>
 constexpr bool is = std::is_same_v<Type, Member>;
 
 TEST(ProcessorRecord, HasFieldsOfTheTypesThatCallersCompileAgainst) {

@@ -136,7 +136,7 @@ protected:
   }
 
   /// Discovers, and hands each processor to `live`.
-  template <typename Live> void forEachProcessor(const Live &live) {
+  template <class Live> void forEachProcessor(const Live &live) {
     Engine engine;
     std::vector<std::string> names;
     EXPECT_EQ(engine.GetProcessorList(&design, names), 0);

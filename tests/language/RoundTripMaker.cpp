@@ -59,7 +59,7 @@ std::size_t CaseMaker::below(std::size_t count) {
 }
 
 /// One of `limits` in `percent` of the cases, which is counted.
-template <typename T>
+template <class T>
 T CaseMaker::at(const char *field, const std::vector<T> &limits,
                 std::size_t percent, T otherwise) {
   std::vector<std::size_t> &counts = met[field];

@@ -31,7 +31,7 @@ public:
 private:
   std::size_t below(std::size_t count);
   bool chance(std::size_t percent) { return below(100) < percent; }
-  template <typename T>
+  template <class T>
   T at(const char *field, const std::vector<T> &limits, std::size_t percent,
        T otherwise);
   std::uint32_t word32(const char *field);

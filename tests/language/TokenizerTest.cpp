@@ -47,7 +47,7 @@ public:
 const testing::Environment *const kOptionAtStart =
     testing::AddGlobalTestEnvironment(new OptionAtStart);
 
-template <typename Call> int codeOf(const Call &call) {
+template <class Call> int codeOf(const Call &call) {
   try {
     return call();
   } catch (const std::out_of_range &error) {

@@ -1,5 +1,6 @@
 // Counts what a program asks of the heap by replacing operator new.
-#pragma once
+#ifndef ZELDEBUGDIALOG_TESTS_PERFORMANCE_COUNTINGNEW_H
+#define ZELDEBUGDIALOG_TESTS_PERFORMANCE_COUNTINGNEW_H
 
 #include <cstddef>
 
@@ -9,3 +10,5 @@ namespace ZelDebugDialog::test {
 std::size_t allocationCount();
 
 } // namespace ZelDebugDialog::test
+
+#endif

@@ -84,7 +84,7 @@ public:
   Names log;
 
 private:
-  template <typename Map, typename Key>
+  template <class Map, class Key>
   static typename Map::mapped_type find(const Map &map, const Key &key) {
     const auto found = map.find(key);
     return found == map.end() ? typename Map::mapped_type() : found->second;

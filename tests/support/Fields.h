@@ -12,11 +12,11 @@
 
 namespace support {
 
-template <typename Record, typename Value> struct Field {
+template <class Record, class Value> struct Field {
   const char *name;
   Value Record::*member;
 };
-template <typename Record, typename Value>
+template <class Record, class Value>
 Field(const char *, Value Record::*) -> Field<Record, Value>;
 
 /// In the order of the record, but for `connectCommand` behind them, which is
@@ -80,7 +80,7 @@ inline constexpr auto fieldsOf(const ZelDebugDialog::JtagOption &) {
 }
 
 /// Calls `see(name, field)` for each field of a record, in its order.
-template <typename Record, typename See>
+template <class Record, class See>
 void eachField(Record &record, const See &see) {
   std::apply(
       [&](const auto &...field) {
@@ -90,7 +90,7 @@ void eachField(Record &record, const See &see) {
 }
 
 /// Whether all fields of two records agree.
-template <typename Record>
+template <class Record>
 bool haveSameFields(const Record &left, const Record &right) {
   return std::apply(
       [&](const auto &...field) {

@@ -36,7 +36,7 @@ public:
   void add(const char *name, Engine::CableType value) {
     add(name, static_cast<std::uint32_t>(value));
   }
-  template <typename Record> void addAll(const Record &record) {
+  template <class Record> void addAll(const Record &record) {
     eachField(record, [this](const char *name, const auto &value) {
       this->add(name, value);
     });

@@ -211,7 +211,7 @@ private:
   }
 
   /// One field comes back as `value`; if that is another one, `loss` is why.
-  template <typename T, typename V>
+  template <class T, class V>
   void becomes(T &field, const V &value, Loss loss) {
     const T next = static_cast<T>(value);
     if (field == next)

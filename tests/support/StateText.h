@@ -1,6 +1,7 @@
 // Everything that reading can change, as text, so that two states compare and
 // print as one.
-#pragma once
+#ifndef ZELDEBUGDIALOG_TESTS_SUPPORT_STATETEXT_H
+#define ZELDEBUGDIALOG_TESTS_SUPPORT_STATETEXT_H
 
 #include <map>
 #include <string>
@@ -14,3 +15,5 @@ namespace ZelDebugDialog::test {
 std::map<std::string, std::string> settingsOf(const EngineImp &imp);
 
 } // namespace ZelDebugDialog::test
+
+#endif

@@ -1,6 +1,7 @@
 // Commands that reading and tracing are compared over: every clause, and every
 // way to be refused.
-#pragma once
+#ifndef ZELDEBUGDIALOG_TESTS_TRACE_CORPUS_H
+#define ZELDEBUGDIALOG_TESTS_TRACE_CORPUS_H
 
 #include <string>
 #include <vector>
@@ -132,3 +133,5 @@ inline const std::vector<std::string> commandsWithLoneDash{
 };
 
 } // namespace ZelDebugDialog::test
+
+#endif

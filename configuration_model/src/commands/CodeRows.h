@@ -1,6 +1,7 @@
 // The rows of the table of codes, and the code of each fault of the engine's
 // reader.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_CODEROWS_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_CODEROWS_H
 
 #include <string_view>
 #include <vector>
@@ -20,3 +21,5 @@ const Code &expectCode(std::string_view code);
 const Code &codeOf(CommandFaultKind kind);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -7,6 +7,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
 #include "ZelDebugDialog/ConfigurationModel/Language.h"
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/Keywords.h"
 #include "settings/ConnectionKinds.h"
 
@@ -142,7 +143,7 @@ void Walk::takeOption(const std::string &word) {
 }
 
 void Walk::takeName(const std::string &word) {
-  if (model::looksLikeOption(word))
+  if (IsOptionWord(word))
     return takeOption(word);
   const auto *const parameter = model::findKeyword(option->parameters, word);
   value = parameter == nullptr ? nullptr : &parameter->value;
@@ -151,7 +152,7 @@ void Walk::takeName(const std::string &word) {
 
 /// An option word in place of a value begins the next clause.
 void Walk::takeValue(const std::string &word) {
-  if (model::looksLikeOption(word))
+  if (IsOptionWord(word))
     return takeOption(word);
   if (!value->settings.empty() && value->settings.front() == "cable.cableType")
     cable = word;

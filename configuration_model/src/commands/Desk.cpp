@@ -14,7 +14,7 @@ constexpr int refused = 3;
 
 /// The engine lets the exception for a lone "-" through; here it is a refusal
 /// like the others.
-template <typename Read> Reading readingOf(Engine &engine, const Read &read) {
+template <class Read> Reading readingOf(Engine &engine, const Read &read) {
   try {
     Reading reading{read(), ""};
     if (!reading.accepted())

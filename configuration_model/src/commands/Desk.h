@@ -4,7 +4,8 @@
 // A desk costs no discovery: it is given what discovery found. It owns its
 // engine and all records, and refers to the design. Each operation takes the
 // lock of the library; two threads do not use one desk at a time.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_DESK_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_DESK_H
 
 #include <string>
 
@@ -75,3 +76,5 @@ private:
 };
 
 } // namespace ZelDebugDialog::model
+
+#endif

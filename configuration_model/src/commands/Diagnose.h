@@ -1,5 +1,6 @@
 // Everything that is wrong, or surely not meant, in one command.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_DIAGNOSE_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_DIAGNOSE_H
 
 #include <cstddef>
 #include <string>
@@ -30,3 +31,5 @@ void diagnoseFor(const BoardProcessor &processor, const TracedCommand &command,
                  std::vector<CommandDiagnostic> &found);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
+#include "ZelDebugDialog/EngineFacts.h"
 #include "commands/Keywords.h"
 #include "settings/Cables.h"
 #include "text/NearestMatch.h"
@@ -163,7 +164,7 @@ void Examiner::examineWords() {
       hasFault = true;
       continue;
     }
-    if (isValue && looksLikeOption(command.wordText(i))) {
+    if (isValue && IsOptionWord(command.wordText(i))) {
       add(i, "option-as-value", "");
       continue;
     }

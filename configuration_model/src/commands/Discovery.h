@@ -1,5 +1,6 @@
 // Which processors of a design can be debugged: asked once a board.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_DISCOVERY_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_DISCOVERY_H
 
 #include <string>
 #include <vector>
@@ -19,3 +20,5 @@ struct DiscoveredProcessors {
 DiscoveredProcessors discoverProcessors(HHSMHwManager &design);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -5,7 +5,8 @@
 // be used at once; and designs answer one question at a time. Whoever holds the
 // lock calls nothing that takes it: outside of this room only whole operations
 // take it, such as those of `Desk`, and none of them calls another.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_ENGINELOCK_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_ENGINELOCK_H
 
 #include <mutex>
 
@@ -15,3 +16,5 @@ namespace ZelDebugDialog::model {
 [[nodiscard]] std::unique_lock<std::mutex> lockEngine();
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -22,9 +22,4 @@ bool beginsWith(std::string_view word, std::string_view front) {
                     [](char a, char b) { return lower(a) == lower(b); });
 }
 
-bool looksLikeOption(std::string_view word) {
-  return word.size() > 1 && word[0] == '-' &&
-         !(word[1] >= '0' && word[1] <= '9');
-}
-
 } // namespace ZelDebugDialog::model

@@ -1,6 +1,7 @@
 // Words of the language, compared as its readers do: without regard to letter
 // case.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_KEYWORDS_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_KEYWORDS_H
 
 #include <string_view>
 #include <vector>
@@ -10,11 +11,8 @@ namespace ZelDebugDialog::model {
 bool sameKeyword(std::string_view a, std::string_view b);
 /// Whether `word` begins with `front`.
 bool beginsWith(std::string_view word, std::string_view front);
-/// What a word must look like to be an option: '-', and no digit behind it.
-bool looksLikeOption(std::string_view word);
-
 /// The row of a keyword; null if there is none.
-template <typename Row>
+template <class Row>
 const Row *findKeyword(const std::vector<Row> &rows, std::string_view keyword) {
   for (const Row &row : rows)
     if (sameKeyword(row.keyword, keyword))
@@ -23,3 +21,5 @@ const Row *findKeyword(const std::vector<Row> &rows, std::string_view keyword) {
 }
 
 } // namespace ZelDebugDialog::model
+
+#endif

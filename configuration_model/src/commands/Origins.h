@@ -1,5 +1,6 @@
 // Where the settings of a command come from.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_ORIGINS_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_ORIGINS_H
 
 #include <string>
 #include <vector>
@@ -26,3 +27,5 @@ void appendSettings(CommandSettings &read, const Snapshot &snapshot,
                     const CommandTrace &trace, bool design);
 
 } // namespace ZelDebugDialog::model
+
+#endif

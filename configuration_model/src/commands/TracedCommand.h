@@ -1,5 +1,6 @@
 // A command with what the engine's own reader says of each word.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_TRACEDCOMMAND_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_TRACEDCOMMAND_H
 
 #include <cstddef>
 #include <map>
@@ -44,3 +45,5 @@ private:
 const char *shownRole(WordRole role);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // Why a command is refused, also where the engine says nothing.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_WHYREFUSED_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_WHYREFUSED_H
 
 #include <string>
 
@@ -22,3 +23,5 @@ std::string whyRefused(Desk &desk, const Reading &reading,
                        WordPlace place = WordPlace::command);
 
 } // namespace ZelDebugDialog::model
+
+#endif

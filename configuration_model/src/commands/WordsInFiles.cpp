@@ -9,7 +9,7 @@ namespace ZelDebugDialog::model {
 
 namespace {
 
-template <typename Rows>
+template <class Rows>
 std::vector<std::string> keywordsInFiles(const Rows &rows) {
   std::vector<std::string> keywords;
   for (const auto &row : rows)

@@ -1,5 +1,6 @@
 // Words that may stand in a command, but not in an option file.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_WORDSINFILES_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_WORDSINFILES_H
 
 #include <cstddef>
 #include <optional>
@@ -20,3 +21,5 @@ std::optional<WordNotInFiles> findWordNotInFiles(const std::string &command,
                                                  const CommandTrace &trace);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // Who saves a file has it alone, across processes.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_FILELOCK_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_FILELOCK_H
 
 #include <filesystem>
 #include <string>
@@ -41,3 +42,5 @@ std::filesystem::path besideFile(const std::filesystem::path &file,
                                   int problem);
 
 } // namespace ZelDebugDialog::model
+
+#endif

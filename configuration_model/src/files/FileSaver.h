@@ -1,6 +1,7 @@
 // Replacing an option file so that the one that is there is either wholly
 // replaced or untouched.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_FILESAVER_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_FILESAVER_H
 
 #include <filesystem>
 #include <string>
@@ -54,3 +55,5 @@ void flushFiles(const std::vector<const ScratchFile *> &files);
 void flushFolder(const std::filesystem::path &folder);
 
 } // namespace ZelDebugDialog::model
+
+#endif

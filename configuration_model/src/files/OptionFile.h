@@ -1,7 +1,8 @@
 // The option file of a processor as it lies there, looked at beside the engine:
 // the engine cannot tell a file that is not there from one that cannot be
 // opened, and reads only the beginning of a long line.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_OPTIONFILE_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_OPTIONFILE_H
 
 #include <filesystem>
 #include <string>
@@ -36,3 +37,5 @@ std::filesystem::path optionFilePath(const std::filesystem::path &folder,
                                      const std::string &processor);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // What stands at a path.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_PLACE_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_PLACE_H
 
 #include <filesystem>
 #include <string>
@@ -21,3 +22,5 @@ Place lookAt(const std::filesystem::path &path,
 std::filesystem::path behindLinks(const std::filesystem::path &path);
 
 } // namespace ZelDebugDialog::model
+
+#endif

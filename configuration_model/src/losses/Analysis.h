@@ -1,5 +1,6 @@
 // What becomes of a configuration that is written and read again.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_LOSSES_ANALYSIS_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_LOSSES_ANALYSIS_H
 
 #include <optional>
 #include <string>
@@ -54,3 +55,5 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
                               const std::string &refusal);
 
 } // namespace ZelDebugDialog::model
+
+#endif

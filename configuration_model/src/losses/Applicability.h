@@ -1,5 +1,6 @@
 // Whether changing a setting can make a difference, and why not.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_LOSSES_APPLICABILITY_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_LOSSES_APPLICABILITY_H
 
 #include <string>
 
@@ -23,3 +24,5 @@ Applicability findApplicability(Desk &desk, const Snapshot &snapshot,
                                 const Analysis &analysis);
 
 } // namespace ZelDebugDialog::model
+
+#endif

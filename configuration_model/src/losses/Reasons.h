@@ -1,6 +1,7 @@
 // Why a setting does not come back, in words: a row for each reason that the
 // engine's writers know.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_LOSSES_REASONS_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_LOSSES_REASONS_H
 
 #include "ZelDebugDialog/CommandWriting.h"
 
@@ -17,3 +18,5 @@ struct Reason {
 const Reason &reasonRow(OmissionReason reason);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // A configuration as a command or a file, and back again.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_LOSSES_WRITING_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_LOSSES_WRITING_H
 
 #include <optional>
 #include <string>
@@ -45,3 +46,5 @@ ReadBack readBackFile(Desk &desk, const std::string &path,
 std::string lineOfFile(const std::string &command);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // What a board knows, shared by its sessions.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_BOARDSTATE_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_BOARDSTATE_H
 
 #include <filesystem>
 #include <string>
@@ -27,3 +28,5 @@ public:
 };
 
 } // namespace ZelDebugDialog
+
+#endif

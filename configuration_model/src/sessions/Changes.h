@@ -1,5 +1,6 @@
 // From what a change asks for to the configuration that it makes.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_CHANGES_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_CHANGES_H
 
 #include <set>
 #include <string>
@@ -38,3 +39,5 @@ std::vector<Effect> effectsBetween(const Snapshot &before,
                                    const std::string &why);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // Saving sessions: each whole or not at all, all with one flush.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_SAVING_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_SAVING_H
 
 #include <vector>
 
@@ -13,3 +14,5 @@ std::vector<SaveOutcome> saveAll(const std::vector<SessionImp *> &sessions,
                                  const SaveOptions &options);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,6 +1,7 @@
 // What is behind a session: its history, what is saved, and the desk at which
 // its commands are written and read.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_SESSIONIMP_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_SESSIONIMP_H
 
 #include <filesystem>
 #include <memory>
@@ -116,3 +117,5 @@ private:
 };
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // One state of a session: what undoing brings back.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_STEP_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SESSIONS_STEP_H
 
 #include <map>
 #include <memory>
@@ -70,3 +71,5 @@ void noteSavedOrigins(const Step &saved, Step &step);
 void forgetOrigin(Step &step, const std::string &setting);
 
 } // namespace ZelDebugDialog::model
+
+#endif

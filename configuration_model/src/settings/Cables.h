@@ -1,5 +1,6 @@
 // The cables as the engine's catalogue has them, made once a process.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_CABLES_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_CABLES_H
 
 #include <cstdint>
 #include <vector>
@@ -18,3 +19,5 @@ const CommandCable *findCable(std::uint32_t type);
 bool canBeWritten(const CommandCable &cable);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,6 +1,7 @@
 // The one choice of how to connect, which the records hold as a connection type
 // and a stub type.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_CONNECTIONKINDS_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_CONNECTIONKINDS_H
 
 #include <cstdint>
 #include <string>
@@ -25,3 +26,5 @@ const ConnectionKind *kindOf(const ProcessorInfoImp &record);
 std::vector<std::string> allowedKinds(std::uint32_t mask);
 
 } // namespace ZelDebugDialog::model
+
+#endif

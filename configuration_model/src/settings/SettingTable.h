@@ -1,6 +1,7 @@
 // The table of settings, a row each: the public description of a setting, where
 // the records hold it, and what a change takes.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_SETTINGTABLE_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_SETTINGTABLE_H
 
 #include <cstddef>
 #include <cstdint>
@@ -75,3 +76,5 @@ JtagOption deviceOf(const ChainDevice &value);
 std::string deviceName(std::size_t position);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -20,7 +20,7 @@ bool isField(const SettingRow &row) {
 }
 
 /// Calls `visit` with the rows of both, device fields apart.
-template <typename Visit> void forEachFixedField(const Visit &visit) {
+template <class Visit> void forEachFixedField(const Visit &visit) {
   for (const SettingRow &row : settingRows())
     if (isField(row) && !row.isOfDevice())
       visit(row);

@@ -1,6 +1,7 @@
 // One whole configuration by value: what an engine holds for its current
 // processor, free of the engine.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_SNAPSHOT_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_SNAPSHOT_H
 
 #include <cstdint>
 #include <string>
@@ -62,3 +63,5 @@ std::vector<FieldDifference> settingsThatDiffer(const Snapshot &before,
                                                 const Snapshot &after);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,6 +1,7 @@
 // From what is asked for to a value of a setting: its type, its range, and what
 // this processor allows.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_VALUES_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_SETTINGS_VALUES_H
 
 #include <string>
 #include <string_view>
@@ -27,11 +28,6 @@ Value expectValue(const SettingRow &row, const Value &asked,
 /// @throws Refusal (badValue)
 Value readValue(const SettingRow &row, const std::string &text);
 
-/// Why a choice is not offered: the processor does not allow it, or no command
-/// can be written with it. Empty for one that is.
-std::string whyNotOffered(const SettingRow &row, const Choice &choice,
-                          const ProcessorInfoImp &processor);
-
 /// Why the processor cannot have a choice; empty if it can.
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
                           const ProcessorInfoImp &processor);
@@ -43,3 +39,5 @@ std::vector<Value> sampleValues(const SettingRow &row, const Snapshot &current,
                                 const Snapshot &defaults);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // The accepted word that is nearest to one that was mistyped.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_NEARESTMATCH_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_NEARESTMATCH_H
 
 #include <string>
 #include <string_view>
@@ -22,3 +23,5 @@ std::string didYouMean(std::string_view word,
 std::string quotedList(const std::vector<std::string> &words);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // Numbers as people write them.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_NUMBERS_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_NUMBERS_H
 
 #include <cstdint>
 #include <optional>
@@ -18,3 +19,5 @@ std::optional<std::uint64_t> readNumber(std::string_view text);
 std::optional<std::uint32_t> readFrequency(std::string_view text);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,6 @@
 // Texts of files and command lines, made fit to be shown.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_PRINTABLE_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_PRINTABLE_H
 
 #include <string>
 #include <string_view>
@@ -16,3 +17,5 @@ std::string printable(std::string_view text);
 std::string wellFormed(std::string_view text);
 
 } // namespace ZelDebugDialog::model
+
+#endif

@@ -1,5 +1,7 @@
 #include "text/Words.h"
 
+#include "ZelDebugDialog/EngineFacts.h"
+
 #include <cstddef>
 
 namespace ZelDebugDialog::model {
@@ -11,13 +13,6 @@ constexpr std::string_view whiteSpace = " \t\n\v\f\r";
 
 bool hasAny(std::string_view text, std::string_view characters) {
   return text.find_first_of(characters) != std::string_view::npos;
-}
-
-/// A minus sign with a digit behind it leads a number.
-bool looksLikeOption(std::string_view text) {
-  const bool leadsWithDigit =
-      text.size() > 1 && text[1] >= '0' && text[1] <= '9';
-  return text[0] == '-' && !leadsWithDigit;
 }
 
 } // namespace
@@ -44,7 +39,8 @@ std::optional<NoWord> whyNoOpaqueWord(std::string_view text, WordPlace place) {
 std::optional<NoWord> whyNoWord(std::string_view text, WordPlace place) {
   if (const auto problem = whyNoOpaqueWord(text, place))
     return problem;
-  if (looksLikeOption(text))
+  // A lone minus sign is neither an option nor a value.
+  if (IsOptionWord(text) || text == "-")
     return NoWord{
         "it begins with '-', and a command takes it for an option word",
         "leading-minus"};

@@ -1,5 +1,6 @@
 // Texts that become one value word of a connect command.
-#pragma once
+#ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_WORDS_H
+#define ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_WORDS_H
 
 #include <cstdint>
 #include <optional>
@@ -34,3 +35,5 @@ std::optional<NoWord> whyNoOpaqueWord(std::string_view text,
                                       WordPlace place = WordPlace::command);
 
 } // namespace ZelDebugDialog::model
+
+#endif

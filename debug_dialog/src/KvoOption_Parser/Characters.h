@@ -4,7 +4,8 @@
 // The answers are those of Boost's trim and case-insensitive equality, which
 // ask the locale anew for every character. A reader asks once for each
 // character that it meets and remembers the answer for the rest of its text.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_CHARACTERS_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_CHARACTERS_H
 
 #include <array>
 #include <locale>
@@ -49,3 +50,5 @@ private:
 };
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

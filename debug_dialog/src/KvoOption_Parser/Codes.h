@@ -1,5 +1,6 @@
 // What the readers of words and clauses tell each other.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_CODES_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_CODES_H
 
 namespace ZelDebugDialog::kvo::code {
 
@@ -10,3 +11,5 @@ inline constexpr int refused = 2; ///< Not understood, or not allowed.
 inline constexpr int end = 3;     ///< The text is used up.
 
 } // namespace ZelDebugDialog::kvo::code
+
+#endif

@@ -1,6 +1,7 @@
 // The whole connect command: head word, target word, and the clause of the
 // target.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_CONNECTCOMMAND_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_CONNECTCOMMAND_H
 
 #include "KvoOption_Parser/WordCursor.h"
 
@@ -18,3 +19,5 @@ enum class CommandSource { dialog, optionFile };
 int readCommand(WordCursor &cursor, EngineImp &imp, CommandSource source);
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

@@ -1,5 +1,6 @@
 // What each clause and target tells about itself, for `GetCommandTables`.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_DESCRIPTIONS_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_DESCRIPTIONS_H
 
 #include <string>
 #include <vector>
@@ -75,3 +76,5 @@ CommandOptionSet describeOptions(const char *name, const Rows &options) {
 }
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

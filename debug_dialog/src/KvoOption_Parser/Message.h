@@ -1,5 +1,6 @@
 // Messages of readers and writers, on their way to the engine's error string.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_MESSAGE_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_MESSAGE_H
 
 #include <initializer_list>
 #include <string>
@@ -30,3 +31,5 @@ int refuse(const EngineImp &imp, std::string_view format,
            std::initializer_list<std::string_view> arguments = {});
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

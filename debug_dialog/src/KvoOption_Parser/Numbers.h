@@ -1,5 +1,6 @@
 // Numbers of the command language, free of any locale.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_NUMBERS_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_NUMBERS_H
 
 #include <cstdint>
 #include <string>
@@ -26,3 +27,5 @@ void appendDecimal(std::string &out, std::int64_t number);
 void appendHexadecimal(std::string &out, std::uint32_t number);
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

@@ -1,6 +1,7 @@
 // Clauses made of names and values: a table of parameters, and the one walk
 // over it that all of them share.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_PARAMETERS_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_PARAMETERS_H
 
 #include <array>
 #include <cstdint>
@@ -80,3 +81,5 @@ auto findNamed(const Argument &argument, const Rows &rows)
 }
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

@@ -1,7 +1,8 @@
 // The readers of clauses and targets, each defined in the file of its clause.
 // Every one takes the text behind its own keyword from the cursor and returns a
 // code (Codes.h).
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_READERS_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_READERS_H
 
 #include <string>
 #include <string_view>
@@ -54,3 +55,5 @@ auto findRow(const Rows &rows, std::string_view word, Characters &characters)
 }
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

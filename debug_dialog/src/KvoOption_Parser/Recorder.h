@@ -2,7 +2,8 @@
 //
 // Nearly always nobody traces: what is told is cold, so that compilers keep it
 // out of the way of the readers.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_RECORDER_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_RECORDER_H
 
 #include <cstddef>
 #include <string>
@@ -126,3 +127,5 @@ private:
 };
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

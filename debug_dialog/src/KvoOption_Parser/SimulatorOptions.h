@@ -1,6 +1,7 @@
 // What the option sets of the three simulators share: the walk over the
 // options, and the value of "-ipcport".
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_SIMULATOROPTIONS_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_SIMULATOROPTIONS_H
 
 #include <array>
 #include <cstdint>
@@ -87,3 +88,5 @@ inline void storeIpcPort(WordCursor &cursor, std::string_view value,
 }
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

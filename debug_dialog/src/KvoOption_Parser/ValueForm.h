@@ -1,5 +1,6 @@
 // What a value means: how it is converted, and which settings it changes.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_VALUEFORM_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_VALUEFORM_H
 
 #include <array>
 #include <cstdint>
@@ -47,3 +48,5 @@ constexpr ValueForm oneOf(const std::array<NamedValue, size> &names,
 }
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

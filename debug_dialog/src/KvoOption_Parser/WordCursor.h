@@ -8,7 +8,8 @@
 // A cursor may have a recorder, which is told what each word is, what it
 // changes and what is wrong with it. Mostly it has none: a reader then pays for
 // a look at a null pointer.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_WORDCURSOR_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_WORDCURSOR_H
 
 #include <cstddef>
 #include <optional>
@@ -168,3 +169,5 @@ private:
 };
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

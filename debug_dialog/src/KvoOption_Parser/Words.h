@@ -1,5 +1,6 @@
 // Words of the command language that more than one file reads or writes.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_WORDS_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_WORDS_H
 
 #include <array>
 #include <cstddef>
@@ -61,3 +62,5 @@ inline void appendWord(std::string &out, std::string_view word) {
 }
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

@@ -2,7 +2,8 @@
 // write to.
 //
 // Mostly nobody listens: a writer then pays for a look at a null pointer.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_WRITERECORDER_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_WRITERECORDER_H
 
 #include <cstddef>
 #include <cstdint>
@@ -129,3 +130,5 @@ public:
 };
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

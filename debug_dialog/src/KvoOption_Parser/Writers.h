@@ -4,7 +4,8 @@
 // A writer tells who listens what becomes of each setting of its clause: which
 // word carries it, that leaving it out says its value, or why it is left out.
 // What a connection has no clause for, `leaveOut...` tells.
-#pragma once
+#ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_WRITERS_H
+#define ZELDEBUGDIALOG_KVOOPTION_PARSER_WRITERS_H
 
 #include <string>
 
@@ -89,3 +90,5 @@ inline constexpr const Fields &simulatorHostFields =
     fields<&ProcessorInfoImp::simIpcHost, &ProcessorInfoImp::simIpcPort>;
 
 } // namespace ZelDebugDialog::kvo
+
+#endif

@@ -1,7 +1,8 @@
 // The state of an engine apart from the caller's, for the operations that read
 // or write clauses without touching the caller's settings. Nobody hears what is
 // said about errors.
-#pragma once
+#ifndef ZELDEBUGDIALOG_ZELDEBUGDIALOG_ENGINE_SCRATCHENGINE_H
+#define ZELDEBUGDIALOG_ZELDEBUGDIALOG_ENGINE_SCRATCHENGINE_H
 
 #include "ZelDebugDialog/EngineImp.h"
 
@@ -29,3 +30,5 @@ public:
 };
 
 } // namespace ZelDebugDialog
+
+#endif

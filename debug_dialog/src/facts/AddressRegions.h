@@ -1,6 +1,7 @@
 // The six regions of the PowerPC debug address map: where each is kept, its
 // keyword, and what is said of an address that is not on a 64 KiB boundary.
-#pragma once
+#ifndef ZELDEBUGDIALOG_FACTS_ADDRESSREGIONS_H
+#define ZELDEBUGDIALOG_FACTS_ADDRESSREGIONS_H
 
 #include <array>
 #include <cstdint>
@@ -41,3 +42,5 @@ inline constexpr std::array<const AddressRegion *, 6> addressRegions{
     &dtagRegion,   &tlbRegion,  &dcrRegion};
 
 } // namespace ZelDebugDialog
+
+#endif

@@ -1,6 +1,7 @@
 // The catalogue of JTAG cables, a row a cable, and the words it is known by in
 // a connect command.
-#pragma once
+#ifndef ZELDEBUGDIALOG_FACTS_CABLECATALOGUE_H
+#define ZELDEBUGDIALOG_FACTS_CABLECATALOGUE_H
 
 #include <array>
 #include <cstdint>
@@ -58,3 +59,5 @@ Cables cables();
 extern const std::array<NamedValue, 7> cableKeywords;
 
 } // namespace ZelDebugDialog
+
+#endif

@@ -1,5 +1,6 @@
 // The record that the settings go to. That there is one is a precondition.
-#pragma once
+#ifndef ZELDEBUGDIALOG_FACTS_CURRENTRECORD_H
+#define ZELDEBUGDIALOG_FACTS_CURRENTRECORD_H
 
 #include <cassert>
 
@@ -13,3 +14,5 @@ inline ProcessorInfoImp &currentRecord(const EngineImp &imp) {
 }
 
 } // namespace ZelDebugDialog
+
+#endif

@@ -2,7 +2,8 @@
 //
 // Code inside the engine names a field by its member, `fields<&Record::nCpu>`,
 // so that one without a row does not compile.
-#pragma once
+#ifndef ZELDEBUGDIALOG_FACTS_FIELDROWS_H
+#define ZELDEBUGDIALOG_FACTS_FIELDROWS_H
 
 #include <array>
 #include <cstdint>
@@ -123,3 +124,5 @@ template <auto... members>
 inline constexpr Fields fields{findFieldRow<members>()...};
 
 } // namespace ZelDebugDialog
+
+#endif

@@ -1,5 +1,6 @@
 // What the operations of the engine return.
-#pragma once
+#ifndef ZELDEBUGDIALOG_FACTS_RESULTS_H
+#define ZELDEBUGDIALOG_FACTS_RESULTS_H
 
 namespace ZelDebugDialog::result {
 
@@ -16,3 +17,5 @@ constexpr bool isSuccess(int result) {
 }
 
 } // namespace ZelDebugDialog::result
+
+#endif

@@ -22,7 +22,7 @@ DocumentStore::findConfiguration(const Identity &identity) {
 }
 
 /// What is missing is remembered too.
-template <typename Record>
+template <class Record>
 const Record *DocumentStore::find(DocumentType type, const Identity &identity,
                                   Cache<Record> &cache, Read<Record> read) {
   const auto [entry, isNew] = cache.emplace(keyOf(type, identity), nullptr);

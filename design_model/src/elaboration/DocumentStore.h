@@ -28,14 +28,14 @@ public:
   const ConfigurationRecord *findConfiguration(const Identity &identity);
 
 private:
-  template <typename Record>
+  template <class Record>
   using Cache = std::unordered_map<std::string, std::unique_ptr<Record>>;
-  template <typename Record>
+  template <class Record>
   using Read = std::unique_ptr<Record> (*)(const XmlDocument &document,
                                            const std::string &file,
                                            DiagnosticList &diagnostics);
 
-  template <typename Record>
+  template <class Record>
   const Record *find(DocumentType type, const Identity &identity,
                      Cache<Record> &cache, Read<Record> read);
   bool load(const std::string &file, DocumentType type,

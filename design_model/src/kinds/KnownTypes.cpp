@@ -18,7 +18,7 @@ std::string inLowerCase(std::string_view text) {
   return lower;
 }
 
-template <typename List> bool has(const List &list, std::string_view name) {
+template <class List> bool has(const List &list, std::string_view name) {
   return std::find(list.begin(), list.end(), name) != list.end();
 }
 

@@ -18,14 +18,14 @@ public:
 
   /// Where the name is first, or `none`. `nameAt(index)` is the name that was
   /// entered for an index.
-  template <typename NameAt>
+  template <class NameAt>
   std::uint32_t find(std::string_view name, const NameAt &nameAt) const {
     return slots.empty() ? none : slots[locate(name, nameAt)].index;
   }
 
   /// Enters the name for an index unless it has been entered before. Where it
   /// is first. Without memory for it nothing is entered.
-  template <typename NameAt>
+  template <class NameAt>
   std::uint32_t enter(std::string_view name, std::uint32_t index,
                       const NameAt &nameAt) {
     if (2 * (used + 1) > slots.size())
@@ -49,7 +49,7 @@ private:
   }
 
   /// The slot that has the name, or the free one that it belongs in.
-  template <typename NameAt>
+  template <class NameAt>
   std::size_t locate(std::string_view name, const NameAt &nameAt) const {
     const std::uint32_t hash = hashOf(name);
     std::size_t at = hash & (slots.size() - 1);
@@ -66,7 +66,7 @@ private:
 };
 
 /// The names of records, for an index of them.
-template <typename Record> auto nameIn(const std::vector<Record> &records) {
+template <class Record> auto nameIn(const std::vector<Record> &records) {
   return [&records](std::uint32_t index) -> const std::string & {
     return records[index].name;
   };

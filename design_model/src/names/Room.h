@@ -10,7 +10,7 @@
 namespace ZelDebugDialog {
 
 /// So that adding `more` elements can't fail. Grows as adding them would.
-template <typename Element>
+template <class Element>
 void makeRoom(std::vector<Element> &list, std::size_t more) {
   const std::size_t needed = list.size() + more;
   if (needed > list.capacity())

@@ -28,7 +28,7 @@ protected:
 
   /// Calls `take` for each child element of that name, and notes conditions:
   /// for elements that can have one, which are some of those of 2014.
-  template <typename Take>
+  template <class Take>
   void forEach(const pugi::xml_node &parent, std::string_view name, Take take) {
     forEachChild(parent, name, [&](const pugi::xml_node &child) {
       noteCondition(child);
@@ -37,7 +37,7 @@ protected:
   }
 
   /// The same for the elements of a list: the child `list` of `parent`.
-  template <typename Take>
+  template <class Take>
   void forEachIn(const pugi::xml_node &parent, std::string_view list,
                  std::string_view name, Take take) {
     forEach(findChild(parent, list), name, take);

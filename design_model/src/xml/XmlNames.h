@@ -65,7 +65,7 @@ attributesOf(const pugi::xml_node &node,
 }
 
 /// Calls `take` for each child element of that name.
-template <typename Take>
+template <class Take>
 void forEachChild(const pugi::xml_node &parent, std::string_view name,
                   Take take) {
   for (pugi::xml_node child = findChild(parent, name); child;

@@ -133,9 +133,8 @@ std::vector<Value> badSamples(const SettingState &setting) {
     break;
   case SettingKind::word:
     samples.insert(samples.end(), {"", "nothing", 12345});
-    // A cable is taken also where no command can be written with it.
     for (const ChoiceState &choice : setting.choices)
-      if (!choice.reason.empty() && setting.id != "cable.cableType")
+      if (!choice.reason.empty())
         samples.push_back(choice.choice.value);
     break;
   case SettingKind::text:

@@ -69,7 +69,7 @@ std::string wrappedLine(std::string_view text, std::size_t width,
   return lines;
 }
 
-template <typename Indent>
+template <class Indent>
 std::string eachLine(std::string_view text, std::size_t width,
                      const Indent &indentOf) {
   std::string lines;

@@ -100,7 +100,7 @@ void printTable(const CommandSettings &shown, bool withOrigin, Output &output) {
 // --- For programs ------------------------------------------------------------
 
 /// The settings in the shape of a document, each as `tell` has it.
-template <typename Tell>
+template <class Tell>
 Json shapedOf(const CommandSettings &shown, const Tell &tell) {
   Json json{{"record", Json::object()},
             {"cable", Json::object()},

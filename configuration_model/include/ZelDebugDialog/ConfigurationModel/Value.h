@@ -38,13 +38,12 @@ public:
   // NOLINTBEGIN(google-explicit-constructor)
   /// A flag that is true or false; what only converts to one is none. Flags
   /// that the records keep as a number are numbers here as well.
-  template <typename Flag,
-            std::enable_if_t<std::is_same_v<Flag, bool>, int> = 0>
+  template <class Flag, std::enable_if_t<std::is_same_v<Flag, bool>, int> = 0>
   Value(Flag flag) : data(flag) {}
   /// A number of any width up to 63 bits.
-  template <typename Number,
-            typename = std::enable_if_t<std::is_integral_v<Number> &&
-                                        !std::is_same_v<Number, bool>>>
+  template <class Number,
+            class = std::enable_if_t<std::is_integral_v<Number> &&
+                                     !std::is_same_v<Number, bool>>>
   Value(Number number) : data(static_cast<std::int64_t>(number)) {}
   Value(std::string text) : data(std::move(text)) {}   ///< A text.
   Value(const char *text) : data(std::string(text)) {} ///< A text.
@@ -80,7 +79,7 @@ public:
   bool operator!=(const Value &other) const { return data != other.data; }
 
 private:
-  template <typename Kind> bool Holds() const {
+  template <class Kind> bool Holds() const {
     return std::holds_alternative<Kind>(data);
   }
 
