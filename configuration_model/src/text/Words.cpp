@@ -1,8 +1,8 @@
 #include "text/Words.h"
 
-#include "ZelDebugDialog/EngineFacts.h"
-
 #include <cstddef>
+
+#include "ZelDebugDialog/EngineFacts.h"
 
 namespace ZelDebugDialog::model {
 
