@@ -36,7 +36,7 @@ Place lookAt(const fs::path &path, fs::file_type wanted) {
 
 fs::path behindLinks(const fs::path &path) {
   std::error_code error;
-  const fs::path target = fs::canonical(path, error);
+  fs::path target = fs::canonical(path, error);
   if (!error)
     return target;
   const fs::path folder = fs::canonical(path.parent_path(), error);

@@ -28,7 +28,6 @@ using ZelDebugDialog::Effect;
 using ZelDebugDialog::FindSetting;
 using ZelDebugDialog::Loss;
 using ZelDebugDialog::Refusal;
-using ZelDebugDialog::RefusalKind;
 using ZelDebugDialog::Session;
 using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::Value;
