@@ -172,7 +172,7 @@ TEST_F(CommandLineTest, FlagsTakeNoValue) {
 TEST_F(CommandLineTest, AFailureTellsItsParts) {
   const json unknown =
       runJson({"set", board, "lumacore_0", "--cable", "quorla_podusp"}, 2);
-  const json failure = unknown["failure"];
+  const json &failure = unknown["failure"];
   EXPECT_EQ(failure["code"], "bad-value");
   EXPECT_EQ(failure["option"], "--cable");
   EXPECT_EQ(failure["value"], "quorla_podusp");
