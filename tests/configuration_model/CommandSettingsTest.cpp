@@ -17,7 +17,6 @@ namespace {
 using namespace ZelDebugDialog;
 using namespace model_test;
 using testing::EndsWith;
-using testing::HasSubstr;
 using testing::StartsWith;
 
 class CommandSettingsTest : public ModelTest {
