@@ -340,8 +340,12 @@ TEST_F(SetCommandTest, TellsOfNumbersInTheFileThatWereCut) {
   EXPECT_EQ(run.status, 0);
   EXPECT_THAT(run.err,
               HasSubstr("zeldebug: warning: lumacore_0: "
-                        "etc/kvo_lumacore_0.opt:1: column 38: '300' does not "
-                        "fit: debugDevice becomes 44 [value-cut]\n"));
+                        "etc/kvo_lumacore_0.opt:1: '300' does not fit: "
+                        "debugDevice becomes 44 [value-cut]\n"));
+  // The number that is asked for takes the place of the one that was cut.
+  save("lumacore_0", "connect lc hdu -debugdevice devicenr 300");
+  EXPECT_THAT(set("lumacore_0", {"--debug-device", "1", "--dry-run"}).err,
+              testing::Not(HasSubstr("warning")));
   save("lumacore_0", "connect lc hdu -debugdevice devicenr 100");
   EXPECT_THAT(set("lumacore_0", {"--cable", "quorla_podusb"}).err,
               testing::Not(HasSubstr("warning")));

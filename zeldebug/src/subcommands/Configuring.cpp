@@ -172,19 +172,24 @@ void tellDoubts(const Session &session, std::vector<Remark> &remarks) {
   }
 }
 
-/// Numbers of the file that are read as others: what is saved has these.
+/// Numbers of the file that are read as others, where a setting still has them:
+/// what is saved says so no more.
 void tellCutNumbers(Session &session, std::vector<Remark> &remarks) {
   const CommandSettings loaded = session.Loaded();
-  if (loaded.text.empty())
+  const auto isCut = [](const CommandDiagnostic &diagnostic) {
+    return cutNumbers.count(diagnostic.code) != 0;
+  };
+  const auto read = CheckCommand(loaded.text).diagnostics;
+  if (loaded.text.empty() || std::none_of(read.begin(), read.end(), isCut))
     return;
-  for (const CommandDiagnostic &diagnostic :
-       CheckCommand(loaded.text).diagnostics)
-    if (cutNumbers.count(diagnostic.code) != 0)
+  const std::string command = commandOf(session);
+  for (const CommandDiagnostic &diagnostic : session.State().diagnostics)
+    if (isCut(diagnostic))
       remarks.push_back(
           {true,
-           fmt::format("{}:{}: {}", printable(session.File()), loaded.line,
-                       codeText(diagnostic)),
-           {diagnostic.code, settingAt(loaded.text, diagnostic.offset)}});
+           fmt::format("{}:{}: {} [{}]", printable(session.File()), loaded.line,
+                       diagnostic.message, diagnostic.code),
+           {diagnostic.code, settingAt(command, diagnostic.offset)}});
 }
 
 /// Of several settings that one word brings, the first; the others only follow
@@ -265,12 +270,12 @@ Configured configure(const Board &board, const std::string &processor,
   if (!asked.empty()) {
     configured.lossesBefore = configured.session.Losses();
     configured.saved = settingsInFile(configured.session);
-    const bool isReplaced = asked.command || asked.copyFrom;
-    if (!isReplaced)
-      tellCutNumbers(configured.session, configured.remarks);
   }
   configured.effects = applySettings(board, configured.session, asked,
                                      options.force, configured.remarks);
+  const bool isReplaced = asked.command || asked.copyFrom;
+  if (!asked.empty() && !isReplaced)
+    tellCutNumbers(configured.session, configured.remarks);
   return configured;
 }
 
