@@ -8,7 +8,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Codes.h"
 #include "ZelDebugDialog/EngineFacts.h"
-#include "commands/CodeRows.h"
+#include "codes/CodeRows.h"
 #include "losses/Analysis.h"
 #include "losses/Reasons.h"
 

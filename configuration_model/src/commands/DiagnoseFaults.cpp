@@ -5,7 +5,7 @@
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/EngineFacts.h"
-#include "commands/CodeRows.h"
+#include "codes/CodeRows.h"
 #include "commands/WhyRefused.h"
 #include "commands/WordsInFiles.h"
 #include "text/NearestMatch.h"

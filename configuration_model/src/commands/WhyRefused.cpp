@@ -2,7 +2,7 @@
 
 #include <fmt/format.h>
 
-#include "commands/CodeRows.h"
+#include "codes/CodeRows.h"
 #include "commands/WordsInFiles.h"
 #include "text/NearestMatch.h"
 #include "text/Printable.h"

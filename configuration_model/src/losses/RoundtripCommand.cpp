@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
-#include "commands/CodeRows.h"
+#include "codes/CodeRows.h"
 #include "commands/Diagnose.h"
 #include "commands/WhyRefused.h"
 #include "losses/Reasons.h"

@@ -2,7 +2,7 @@
 instead("configuration_model/src/losses/Reasons.cpp",
         '{OmissionReason::registerWithoutWord, "only USER1 and USER2 can be written", "never-written"}',
         '{OmissionReason::registerWithoutWord, "only USER1 and USER2 can be written", "register-without-word"}')
-ahead("configuration_model/src/commands/LossCodes.cpp", '{"long-file", CodeSeverity::loss,', """
+ahead("configuration_model/src/codes/LossCodes.cpp", '{"long-file", CodeSeverity::loss,', """
       {"register-without-word", CodeSeverity::loss,
        "only USER1 and USER2 can be written",
        "A command is written with the boundary-scan register USER1, and USER2 "

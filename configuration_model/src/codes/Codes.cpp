@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "commands/CodeRows.h"
+#include "codes/CodeRows.h"
 
 namespace ZelDebugDialog {
 

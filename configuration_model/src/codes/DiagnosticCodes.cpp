@@ -2,7 +2,7 @@
 #include <string>
 
 #include "ZelDebugDialog/EngineFacts.h"
-#include "commands/CodeRows.h"
+#include "codes/CodeRows.h"
 
 namespace ZelDebugDialog::model {
 
