@@ -171,7 +171,7 @@ TEST(Codes, OfTheIdentityHaveACommandWithoutItAsAnExample) {
   EXPECT_EQ(written.command, FindCode("identity")->example);
   std::vector<std::string> fields;
   for (const Omission &omission : written.writing.omissions)
-    if (std::string("identity") == model::reasonRow(omission.reason).code)
+    if (std::string("identity") == model::reasonRow(omission.reason).why.code)
       fields.push_back(omission.field);
   EXPECT_THAT(fields,
               testing::UnorderedElementsAre("instanceName", "connectionMask"));

@@ -213,8 +213,8 @@ TEST(SettingTable, EachReasonOfAnOmissionHasARowWithACodeThatIsExplained) {
        ++number) {
     const auto reason = static_cast<OmissionReason>(number);
     EXPECT_EQ(static_cast<int>(reasonRow(reason).reason), number);
-    EXPECT_NE(FindCode(reasonRow(reason).code), nullptr)
-        << reasonRow(reason).code;
+    EXPECT_NE(FindCode(reasonRow(reason).why.code), nullptr)
+        << reasonRow(reason).why.code;
   }
 }
 

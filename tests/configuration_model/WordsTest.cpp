@@ -10,7 +10,7 @@ namespace {
 
 using namespace ZelDebugDialog::model;
 
-std::string codeOf(const std::optional<NoWord> &problem) {
+std::string codeOf(const std::optional<Why> &problem) {
   return problem ? problem->code : "";
 }
 

@@ -3,6 +3,7 @@
 #ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_CODEROWS_H
 #define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_CODEROWS_H
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,6 +14,15 @@ namespace ZelDebugDialog::model {
 
 std::vector<Code> makeDiagnosticCodes();
 std::vector<Code> makeLossCodes();
+
+/// Why something is as it is.
+struct Why {
+  const char *code; ///< Known to `FindCode`.
+  /// A clause without a full stop; null: what the code's own row says is all.
+  const char *words = nullptr;
+
+  std::string text() const;
+};
 
 /// @throws std::logic_error for a code that is in no row.
 const Code &expectCode(std::string_view code);

@@ -78,6 +78,10 @@ const Code &expectCode(std::string_view code) {
   return *row;
 }
 
+std::string Why::text() const {
+  return words == nullptr ? expectCode(code).summary : words;
+}
+
 const Code &codeOf(CommandFaultKind kind) {
   for (const FaultCode &row : faultCodes)
     if (row.kind == kind)

@@ -54,8 +54,7 @@ const Omission *findFor(const std::vector<Omission> &omissions,
 }
 
 std::string shownReason(const Omission &omission, const Snapshot &wanted) {
-  const Reason &row = reasonRow(omission.reason);
-  std::string text = row.text;
+  std::string text = reasonRow(omission.reason).why.text();
   if (omission.reason == OmissionReason::connectionNotAllowed)
     text += fmt::format("; it allows {}",
                         quotedList(allowedKinds(wanted.record.connectionMask)));
@@ -67,7 +66,7 @@ std::string shownReason(const Omission &omission, const Snapshot &wanted) {
 
 void explain(RawLoss &loss, const Omission &omission, const Snapshot &wanted) {
   loss.reason = shownReason(omission, wanted);
-  loss.code = reasonRow(omission.reason).code;
+  loss.code = reasonRow(omission.reason).why.code;
   const SettingRow *const displacing = findRow(omission.displacedBy);
   loss.displacedBy = displacing == nullptr ? "" : omission.displacedBy;
   if (loss.displacedBy == "connectionType" || loss.displacedBy == "stubType")
@@ -75,9 +74,10 @@ void explain(RawLoss &loss, const Omission &omission, const Snapshot &wanted) {
 }
 
 constexpr const char *linesInFile = "lines-in-file";
+constexpr const char *longFile = "long-file";
 
 /// A text that an option file's line ends in.
-std::optional<NoWord> problemInFile(const Value &value) {
+std::optional<Why> problemInFile(const Value &value) {
   if (!value.IsText() || value.Text().empty())
     return std::nullopt;
   const auto problem = whyNoOpaqueWord(value.Text(), WordPlace::optionFile);
@@ -87,14 +87,14 @@ std::optional<NoWord> problemInFile(const Value &value) {
 }
 
 /// What else is lost where a line ends too early.
-NoWord whyReadDifferently(const std::string &command) {
+Why whyReadDifferently(const std::string &command) {
   if (command.size() > longestOptionLine)
-    return {"it stands behind what is read of the line", "long-file"};
+    return {longFile};
   if (lineOfFile(command).size() < command.size())
-    return {"it stands behind a line break or a null byte, and the line of an "
-            "option file ends there",
-            linesInFile};
-  return {"it is read back differently", "read-differently"};
+    return {linesInFile,
+            "it stands behind a line break or a null byte, and the line of an "
+            "option file ends there"};
+  return {"read-differently"};
 }
 
 RawLoss cutLoss(const std::string &command) {
@@ -103,7 +103,7 @@ RawLoss cutLoss(const std::string &command) {
           {},
           fmt::format("it has {} characters, and only {} of a line are read",
                       command.size(), longestOptionLine),
-          "long-file",
+          longFile,
           "",
           true};
 }
@@ -193,12 +193,9 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
     const auto inFile = problemInFile(difference.before);
     if (omission != nullptr) {
       explain(loss, *omission, wanted);
-    } else if (inFile) {
-      loss.reason = inFile->reason;
-      loss.code = inFile->code;
     } else {
-      const NoWord why = whyReadDifferently(command);
-      loss.reason = why.reason;
+      const Why why = inFile ? *inFile : whyReadDifferently(command);
+      loss.reason = why.text();
       loss.code = why.code;
     }
     losses.push_back(std::move(loss));

@@ -116,7 +116,7 @@ std::string whyNot(const SettingRow &row, const Snapshot &snapshot,
     return "the processor leaves no other choice";
   if (const Omission *const omission = analysis.findOmission(row)) {
     const Reason &reason = reasonRow(omission->reason);
-    return reason.whyNotApplicable == nullptr ? reason.text
+    return reason.whyNotApplicable == nullptr ? reason.why.text()
                                               : reason.whyNotApplicable;
   }
   return "what is written does not depend on it";

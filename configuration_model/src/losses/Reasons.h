@@ -4,13 +4,13 @@
 #define ZELDEBUGDIALOG_CONFIGURATIONMODEL_LOSSES_REASONS_H
 
 #include "ZelDebugDialog/CommandWriting.h"
+#include "codes/CodeRows.h"
 
 namespace ZelDebugDialog::model {
 
 struct Reason {
   OmissionReason reason;
-  const char *text; ///< A clause without a full stop.
-  const char *code; ///< Known to `FindCode`; an anchor of docs/round-trip.md.
+  Why why; ///< Its code is an anchor of docs/round-trip.md as well.
   /// The same of a setting that has no say; null: no other words are needed.
   const char *whyNotApplicable = nullptr;
 };

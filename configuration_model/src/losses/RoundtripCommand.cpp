@@ -37,8 +37,8 @@ const Omission *findFor(const std::vector<Omission> &omissions,
 
 RoundtripField fieldOf(const std::string &name, const Value &before,
                        const Value &after, const Omission &omission) {
-  const model::Reason &row = model::reasonRow(omission.reason);
-  return {name, before, after, row.text, row.code, omission.displacedBy};
+  const model::Why &why = model::reasonRow(omission.reason).why;
+  return {name, before, after, why.text(), why.code, omission.displacedBy};
 }
 
 /// The settings because of which the reader refuses, and those that the command

@@ -199,8 +199,8 @@ Value expectWordValue(const SettingRow &row, const Value &asked) {
          fmt::format("is unknown; accepted are {}", quotedList(words)), words);
 }
 
-std::optional<NoWord> problemOfText(const SettingRow &row,
-                                    const std::string &text) {
+std::optional<Why> problemOfText(const SettingRow &row,
+                                 const std::string &text) {
   switch (row.textRule) {
   case TextRule::words:
     return whyNoWords(text);
@@ -216,7 +216,7 @@ Value expectTextValue(const SettingRow &row, const Value &asked) {
   if (!asked.IsText())
     refuse(row.info.id, asked, "is no text");
   if (const auto problem = problemOfText(row, asked.Text()))
-    refuse(row.info.id, asked, fmt::format("is refused: {}", problem->reason));
+    refuse(row.info.id, asked, fmt::format("is refused: {}", problem->text()));
   return asked;
 }
 

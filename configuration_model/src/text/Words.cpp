@@ -17,37 +17,33 @@ bool hasAny(std::string_view text, std::string_view characters) {
 
 } // namespace
 
-std::optional<NoWord> whyNoOpaqueWord(std::string_view text, WordPlace place) {
+std::optional<Why> whyNoOpaqueWord(std::string_view text, WordPlace place) {
   if (text.empty())
-    return NoWord{"it is empty, and a command cannot carry an empty value",
-                  "empty-text"};
+    return Why{"empty-text"};
   const bool isOfFile = place == WordPlace::optionFile && !hasAny(text, blanks);
   if (isOfFile && hasAny(text, "\n"))
-    return NoWord{"it holds a line break, and the line of an option file ends "
-                  "there",
-                  "lines-in-file"};
+    return Why{"lines-in-file",
+               "it holds a line break, and the line of an option file ends "
+               "there"};
   if (isOfFile && hasAny(text, std::string_view("\0", 1)))
-    return NoWord{"it holds a null byte, and the line of an option file ends "
-                  "there",
-                  "lines-in-file"};
+    return Why{"lines-in-file",
+               "it holds a null byte, and the line of an option file ends "
+               "there"};
   if (hasAny(text, whiteSpace))
-    return NoWord{"it holds white space, and a command ends its words there",
-                  "white-space"};
+    return Why{"white-space"};
   return std::nullopt;
 }
 
-std::optional<NoWord> whyNoWord(std::string_view text, WordPlace place) {
+std::optional<Why> whyNoWord(std::string_view text, WordPlace place) {
   if (const auto problem = whyNoOpaqueWord(text, place))
     return problem;
   // A lone minus sign is neither an option nor a value.
   if (IsOptionWord(text) || text == "-")
-    return NoWord{
-        "it begins with '-', and a command takes it for an option word",
-        "leading-minus"};
+    return Why{"leading-minus"};
   return std::nullopt;
 }
 
-std::optional<NoWord> whyNoWords(std::string_view text, WordPlace place) {
+std::optional<Why> whyNoWords(std::string_view text, WordPlace place) {
   std::size_t start = 0;
   for (;;) {
     const std::size_t end = text.find(';', start);

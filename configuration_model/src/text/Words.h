@@ -4,8 +4,9 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
+
+#include "codes/CodeRows.h"
 
 namespace ZelDebugDialog::model {
 
@@ -16,23 +17,18 @@ enum class WordPlace : std::uint8_t {
 };
 
 /// Why a text cannot be one value word.
-struct NoWord {
-  const char *reason; ///< "it is empty, ...": a clause
-  const char *code;   ///< known to `FindCode`, an anchor of docs/round-trip.md
-};
-
-/// @return nothing for what can.
-std::optional<NoWord> whyNoWord(std::string_view text,
-                                WordPlace place = WordPlace::command);
+/// @return nothing for one that can.
+std::optional<Why> whyNoWord(std::string_view text,
+                             WordPlace place = WordPlace::command);
 
 /// The same for words with ';' between them, each of which becomes one.
-std::optional<NoWord> whyNoWords(std::string_view text,
-                                 WordPlace place = WordPlace::command);
+std::optional<Why> whyNoWords(std::string_view text,
+                              WordPlace place = WordPlace::command);
 
 /// The same for a text that readers take whatever it begins with: a simulator
 /// file, a host.
-std::optional<NoWord> whyNoOpaqueWord(std::string_view text,
-                                      WordPlace place = WordPlace::command);
+std::optional<Why> whyNoOpaqueWord(std::string_view text,
+                                   WordPlace place = WordPlace::command);
 
 } // namespace ZelDebugDialog::model
 

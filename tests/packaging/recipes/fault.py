@@ -1,6 +1,6 @@
 # A warning: a serial stub whose answers nobody waits for.
 commands = "configuration_model/src/commands"
-ahead(f"{commands}/DiagnosticCodes.cpp", '{"value-cut", CodeSeverity::warning', """
+ahead("configuration_model/src/codes/DiagnosticCodes.cpp", '{"value-cut", CodeSeverity::warning', """
       {"timeout-zero", CodeSeverity::warning, "waits for no answer",
        "A stub over a serial line is given no time to answer.",
        "connect lc stub -comm serial -baud 9600 -timeout 0", "",

@@ -1,7 +1,7 @@
 # USER3 and USER4, told so far as one of the settings that no command holds.
 instead("configuration_model/src/losses/Reasons.cpp",
-        '{OmissionReason::registerWithoutWord, "only USER1 and USER2 can be written", "never-written"}',
-        '{OmissionReason::registerWithoutWord, "only USER1 and USER2 can be written", "register-without-word"}')
+        '{OmissionReason::registerWithoutWord, {"never-written", "only USER1 and USER2 can be written"}}',
+        '{OmissionReason::registerWithoutWord, {"register-without-word"}}')
 ahead("configuration_model/src/codes/LossCodes.cpp", '{"long-file", CodeSeverity::loss,', """
       {"register-without-word", CodeSeverity::loss,
        "only USER1 and USER2 can be written",
