@@ -214,7 +214,7 @@ public:
 
   /// Range of the read-only memory, in bytes. @return 0
   int SetROMem(unsigned start, unsigned size);
-  /// @return 0; 1 while the start is 0xFFFFFFFF; 2 unless on hardware.
+  /// @return 0; 1 while the start is `unsetAddress`; 2 unless on hardware.
   int GetROMem(unsigned int &start, unsigned int &size);
 
   // --- Cable --------------------------------------------------------------

@@ -1,7 +1,8 @@
 // The numbers, names and words that the engine goes by, for programs that show
 // or check settings: each stands here and nowhere else. Cables are in
 // CableCatalogue.h, the words of the connect command in CommandTables.h, the
-// type names of a design in TypeNames.h.
+// type names of a design in TypeNames.h, an address that is not set in
+// ProcessorInfo.h.
 //
 // Constants and pure functions, usable from any thread.
 //
@@ -127,9 +128,6 @@ inline constexpr std::array<ConnectionKind, 5> connectionKinds{
      {"vp", Engine::CONNECT_VP, stubOverJtag, Engine::STUB_JTAG}}};
 
 // --- Addresses ---------------------------------------------------------------
-
-/// What an address holds that is not set.
-inline constexpr std::uint32_t unsetAddress = 0xFFFFFFFF;
 
 /// Regions of the PowerPC debug address map begin at multiples of this, and
 /// each is that far behind the one before.

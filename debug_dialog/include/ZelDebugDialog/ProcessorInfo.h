@@ -4,11 +4,11 @@
 // selection makes one of them current, readers and setters fill it, writers
 // read it. It belongs to whoever can reach it; `ReleaseProcessorRecords`
 // (EngineImp.h) deletes the records of an engine. Addresses are 32 bits wide
-// and hold 0xFFFFFFFF when they are not set. Use a record from its engine's
+// and hold `unsetAddress` when they are not set. Use a record from its engine's
 // thread only.
 //
 //   ProcessorInfoImp record;      // a Lumacore that allows the simulator only
-//   record.romemStartAdr;         // 0xFFFFFFFF
+//   record.romemStartAdr;         // unsetAddress
 #ifndef ZELDEBUGDIALOG_PROCESSORINFO_H
 #define ZELDEBUGDIALOG_PROCESSORINFO_H
 
@@ -18,6 +18,9 @@
 #include "ZelDebugDialog/Export.h"
 
 namespace ZelDebugDialog {
+
+/// What an address holds that is not set.
+inline constexpr std::uint32_t unsetAddress = 0xFFFFFFFF;
 
 /// Everything the engine keeps for one processor. Behind each field stands the
 /// word of the connect command that it is read from.
@@ -52,22 +55,22 @@ public:
   // The debug device clause.
   std::int8_t debugDevice = 0; ///< Debug device, 0 for none. "devicenr".
   /// Base of the PowerPC debug address map; follows `icacheStartAdr`.
-  std::uint32_t debugAddressMap = 0xFFFFFFFF;
-  std::uint32_t isocmStartAdr = 0xFFFFFFFF;    ///< "isocmStartAdr".
-  std::uint32_t isocmSize = 0;                 ///< "isocmSize", in bytes.
-  std::uint32_t isocmDcrStartAdr = 0xFFFFFFFF; ///< "isocmDcrStartAdr".
-  std::uint32_t icacheStartAdr = 0xFFFFFFFF;   ///< "icacheStartAdr".
-  std::uint32_t dcacheStartAdr = 0xFFFFFFFF;   ///< "dcacheStartAdr".
-  std::uint32_t itagStartAdr = 0xFFFFFFFF;     ///< "itagStartAdr".
-  std::uint32_t dtagStartAdr = 0xFFFFFFFF;     ///< "dtagStartAdr".
-  std::uint32_t tlbStartAdr = 0xFFFFFFFF;      ///< "tlbStartAdr".
-  std::uint32_t dcrStartAdr = 0xFFFFFFFF;      ///< "dcrStartAdr".
+  std::uint32_t debugAddressMap = unsetAddress;
+  std::uint32_t isocmStartAdr = unsetAddress;    ///< "isocmStartAdr".
+  std::uint32_t isocmSize = 0;                   ///< "isocmSize", in bytes.
+  std::uint32_t isocmDcrStartAdr = unsetAddress; ///< "isocmDcrStartAdr".
+  std::uint32_t icacheStartAdr = unsetAddress;   ///< "icacheStartAdr".
+  std::uint32_t dcacheStartAdr = unsetAddress;   ///< "dcacheStartAdr".
+  std::uint32_t itagStartAdr = unsetAddress;     ///< "itagStartAdr".
+  std::uint32_t dtagStartAdr = unsetAddress;     ///< "dtagStartAdr".
+  std::uint32_t tlbStartAdr = unsetAddress;      ///< "tlbStartAdr".
+  std::uint32_t dcrStartAdr = unsetAddress;      ///< "dcrStartAdr".
   std::uint32_t fpuType = 0; ///< 0 none known, 1 single, 2 double. "fpuType".
   std::string cpu_version;   ///< "cpu_version".
   std::string hdu_version;   ///< "hdu_version".
   std::int32_t nCpu = 8;     ///< "nCpu".
-  std::uint32_t romemStartAdr = 0xFFFFFFFF; ///< "romemStartAdr".
-  std::uint32_t romemSize = 0;              ///< "romemSize", in bytes.
+  std::uint32_t romemStartAdr = unsetAddress; ///< "romemStartAdr".
+  std::uint32_t romemSize = 0;                ///< "romemSize", in bytes.
 
   bool svfFileFlag = false;  ///< A cable clause named an SVF file. "fname".
   bool modelSimMode = false; ///< ModelSim co-simulation. "-sim".
