@@ -203,6 +203,19 @@ TEST(CommandTables, CablesAgreeWithTheCatalogueAndTheReader) {
   }
 }
 
+std::vector<std::string> carriedBy(support::CableForm form) {
+  switch (form) {
+  case support::CableForm::line:
+    return {"cable.port", "cable.frequency", "cable.esn"};
+  case support::CableForm::module:
+    return {"cable.moduleName", "cable.moduleArgs"};
+  case support::CableForm::none:
+  case support::CableForm::bare:
+    break;
+  }
+  return {};
+}
+
 TEST(CommandTables, SayWhichCablesAreReadAndWritten) {
   const CommandTables tables = GetCommandTables();
   ASSERT_EQ(tables.cables.size(), support::cables().size());
@@ -212,6 +225,7 @@ TEST(CommandTables, SayWhichCablesAreReadAndWritten) {
     EXPECT_EQ(tables.cables[i].type, known.number);
     EXPECT_EQ(tables.cables[i].keywords, known.words);
     EXPECT_EQ(tables.cables[i].written, known.written);
+    EXPECT_EQ(tables.cables[i].carried, carriedBy(known.form));
     EXPECT_EQ(tables.cables[i].acceptedFrequencies, known.accepted);
     EXPECT_EQ(tables.cables[i].offeredFrequencies, known.offered);
   }

@@ -248,8 +248,9 @@ TEST_F(CommandCommandTest, SaysWhatAModuleNeeds) {
       this->run({"command", board, "lumacore_1", "--module", "m"});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr("cable.moduleName \"m\""));
-  EXPECT_THAT(run.err, HasSubstr("a plug-in cable takes modules: --cable "
-                                 "quorla_plugin"));
+  EXPECT_THAT(run.err,
+              HasSubstr("a command does not carry it for this cable, only for "
+                        "'quorla_plugin' [other-cables]"));
   EXPECT_THAT(run.err, testing::Not(HasSubstr("Internal Error")));
 }
 

@@ -6,6 +6,7 @@
 
 #include "ZelDebugDialog/EngineFacts.h"
 #include "losses/Reasons.h"
+#include "settings/Cables.h"
 #include "settings/ConnectionKinds.h"
 #include "text/NearestMatch.h"
 #include "text/Words.h"
@@ -53,11 +54,26 @@ const Omission *findFor(const std::vector<Omission> &omissions,
   return nullptr;
 }
 
+/// Where one cable alone carries a setting, it is worth naming.
+std::string onlyCableFor(const std::string &field) {
+  const CommandCable *only = nullptr;
+  for (const CommandCable &cable : cableCatalogue()) {
+    if (std::count(cable.carried.begin(), cable.carried.end(), field) == 0)
+      continue;
+    if (only != nullptr)
+      return "";
+    only = &cable;
+  }
+  return only == nullptr ? "" : fmt::format(", only for '{}'", only->written);
+}
+
 std::string shownReason(const Omission &omission, const Snapshot &wanted) {
   std::string text = reasonRow(omission.reason).why.text();
   if (omission.reason == OmissionReason::connectionNotAllowed)
     text += fmt::format("; it allows {}",
                         quotedList(allowedKinds(wanted.record.connectionMask)));
+  if (omission.reason == OmissionReason::otherCable)
+    text += onlyCableFor(omission.field);
   const std::size_t dot = omission.field.find("].");
   return dot == std::string::npos
              ? text

@@ -80,6 +80,8 @@ struct CommandCable {
   std::vector<std::string>
       keywords;        ///< Words that are read as it; may be none.
   std::string written; ///< The word written for it; may be empty.
+  /// The fields beside the type that a written command can carry for it.
+  std::vector<std::string> carried;
   std::uint32_t defaultFrequency = 0;             ///< In hertz.
   std::string defaultPort;                        ///< What it starts with.
   std::vector<std::uint32_t> offeredFrequencies;  ///< To offer, in hertz.

@@ -50,6 +50,8 @@ constexpr const Fields &portField = fields<&CableOption::port>;
 constexpr const Fields &frequencyField = fields<&CableOption::frequency>;
 constexpr const Fields &lineFields =
     fields<&CableOption::port, &CableOption::frequency>;
+constexpr const Fields &lineFormFields =
+    fields<&CableOption::port, &CableOption::frequency, &CableOption::esn>;
 constexpr const Fields &nameField = fields<&CableOption::moduleName>;
 constexpr const Fields &argumentsField = fields<&CableOption::moduleArgs>;
 constexpr const Fields &moduleFields =
@@ -178,10 +180,8 @@ void leaveOutOtherCables(WriteRecorder &recorder, CableClauseForm form) {
   const auto leaveOut = [&recorder](const Fields &left) {
     recorder.leavesOut(left, OmissionReason::otherCable, typeField);
   };
-  if (form != CableClauseForm::line) {
-    leaveOut(lineFields);
-    leaveOut(esnField);
-  }
+  if (form != CableClauseForm::line)
+    leaveOut(lineFormFields);
   if (form != CableClauseForm::module)
     leaveOut(moduleFields);
   recorder.leavesOut(unwrittenFields, OmissionReason::noWriter);
@@ -279,6 +279,19 @@ void leaveOutJtagOptions(WriteRecorder &recorder, const EngineImp &imp) {
   recorder.leavesOut(unwrittenFields, OmissionReason::noWriter);
   leaveOutBoundaryScan(recorder, imp);
   leaveOutChain(recorder, imp);
+}
+
+std::vector<std::string> fieldsCarried(CableClauseForm form) {
+  switch (form) {
+  case CableClauseForm::line:
+    return namesOf(lineFormFields);
+  case CableClauseForm::module:
+    return namesOf(moduleFields);
+  case CableClauseForm::unwritable:
+  case CableClauseForm::bare:
+    break;
+  }
+  return {};
 }
 
 void describeCable(CommandOption &option) {

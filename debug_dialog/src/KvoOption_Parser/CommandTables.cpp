@@ -26,6 +26,7 @@ CommandCable describe(const Cable &cable) {
   described.keywords = keywordsOf(cable.type);
   if (cable.form != CableClauseForm::unwritable)
     described.written = cable.keyword;
+  described.carried = fieldsCarried(cable.form);
   described.defaultFrequency = cable.defaultFrequency;
   described.defaultPort = cable.defaultPort;
   described.offeredFrequencies = GetOfferedFrequencies(cable.type);

@@ -7,6 +7,7 @@
 
 #include "KvoOption_Parser/ValueForm.h"
 #include "ZelDebugDialog/CommandTables.h"
+#include "facts/CableCatalogue.h"
 
 namespace ZelDebugDialog::kvo {
 
@@ -47,6 +48,9 @@ inline constexpr const char *modelSimOptions = "ModelSim";
 inline constexpr const char *hduModuleOptions = "hdu";
 inline constexpr const char *dccModuleOptions = "dcc";
 inline constexpr const char *kmtcModuleOptions = "kmtc";
+
+/// What a clause can carry beside the cable's type.
+std::vector<std::string> fieldsCarried(CableClauseForm form);
 
 /// The names of fields; those of a chain device with an "n" for its index.
 std::vector<std::string> namesOf(const Fields &described);

@@ -42,7 +42,7 @@ void say(const Configured &configured, const Verdict &verdict, Output &output) {
     else
       output.note(remark.text, remark.about);
   for (const Loss &loss : verdict.lost)
-    output.warn("does not survive: " + shownLossWithHelp(loss),
+    output.warn("does not survive: " + shownLoss(loss),
                 {loss.code, loss.field});
   for (const Loss &loss : verdict.noLongerSaved)
     output.note("no longer part of the command: " + shownLoss(loss),

@@ -302,13 +302,4 @@ Verdict judge(const Configured &configured, const std::vector<Loss> &losses) {
   return verdict;
 }
 
-std::string shownLossWithHelp(const Loss &loss) {
-  const bool isOfModule =
-      loss.field == "cable.moduleName" || loss.field == "cable.moduleArgs";
-  return shownLoss(loss) + (isOfModule && loss.code == "other-cables"
-                                ? "; a plug-in cable takes modules: --cable "
-                                  "quorla_plugin"
-                                : "");
-}
-
 } // namespace zeldebug

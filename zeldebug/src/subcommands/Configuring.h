@@ -73,9 +73,6 @@ struct Verdict {
 Verdict judge(const Configured &configured,
               const std::vector<ZelDebugDialog::Loss> &losses);
 
-/// A loss, with what would help where the reason alone does not say it.
-std::string shownLossWithHelp(const ZelDebugDialog::Loss &loss);
-
 } // namespace zeldebug
 
 #endif

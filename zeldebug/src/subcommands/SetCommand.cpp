@@ -84,7 +84,7 @@ Session::Hold holdFor(const Board &board, bool isDryRun) {
 Failure lossFailure(const std::vector<Loss> &losses) {
   std::string list;
   for (const Loss &loss : losses)
-    list += "\n  " + shownLossWithHelp(loss);
+    list += "\n  " + shownLoss(loss);
   return {ExitStatus::refused,
           fmt::format("nothing is saved, because it would not survive:{}\n"
                       "--force saves it all the same; docs/round-trip.md "
@@ -233,7 +233,7 @@ void Run::report(const Outcome &outcome) {
     return;
   }
   for (const Loss &loss : outcome.verdict.lost)
-    output.warn(about("does not survive: " + shownLossWithHelp(loss)),
+    output.warn(about("does not survive: " + shownLoss(loss)),
                 {loss.code, loss.field});
   for (const Loss &loss : outcome.verdict.noLongerSaved)
     output.note(about("no longer saved: " + shownLoss(loss)),
