@@ -143,6 +143,23 @@ constexpr std::array<Parameter<CableReading>, 8> parameters{{
     {argumentWord, readModuleArgument, text(argumentsField)},
 }};
 
+/// The default of the cable, or a check of the frequency that is there.
+int settleFrequency(EngineImp &imp, bool useDefault) {
+  CableOption &option = *imp.cableOption;
+  const Cable &cable = findCable(option.cableType);
+  if (useDefault) {
+    option.frequency = cable.defaultFrequency;
+    return code::done;
+  }
+  if (cable.refusal.empty())
+    return code::refused;
+  if (accepts(cable, option.frequency))
+    return code::done;
+  std::string number;
+  appendDecimal(number, lowBits<std::int32_t>(option.frequency));
+  return refuse(imp, cable.refusal, {number});
+}
+
 int finishCable(WordCursor &cursor, const CableReading &target,
                 std::size_t optionWord) {
   const CableOption &cable = target.cable;
@@ -159,8 +176,7 @@ int finishCable(WordCursor &cursor, const CableReading &target,
   Recorder *const recorder = cursor.recorder;
   if (recorder != nullptr && !target.frequencyGiven)
     recorder->keepValue(&cable.frequency);
-  const int result = KvoOption_Parser::setcable_frequency(
-      target.imp, target.frequencyGiven ? 0 : 1);
+  const int result = settleFrequency(target.imp, !target.frequencyGiven);
   // The type brings it, and is the clause's or an earlier one's.
   if (recorder != nullptr && !target.frequencyGiven)
     recorder->replaced(
@@ -305,19 +321,7 @@ int KvoOption_Parser::parse_cable(std::string &command, EngineImp &imp) {
 }
 
 int KvoOption_Parser::setcable_frequency(EngineImp &imp, int useDefault) {
-  CableOption &option = *imp.cableOption;
-  const Cable &cable = findCable(option.cableType);
-  if (useDefault != 0) {
-    option.frequency = cable.defaultFrequency;
-    return kvo::code::done;
-  }
-  if (cable.refusal.empty())
-    return kvo::code::refused;
-  if (kvo::accepts(cable, option.frequency))
-    return kvo::code::done;
-  std::string number;
-  kvo::appendDecimal(number, kvo::lowBits<std::int32_t>(option.frequency));
-  return kvo::refuse(imp, cable.refusal, {number});
+  return kvo::settleFrequency(imp, useDefault != 0);
 }
 
 int KvoOption_Parser::write_jtagoptions(std::string &out, EngineImp &imp) {
