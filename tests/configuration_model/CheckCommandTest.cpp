@@ -8,6 +8,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/ConfigurationModel/Session.h"
+#include "support/Cables.h"
 #include "support/FakeDesign.h"
 
 namespace {
@@ -29,25 +30,155 @@ struct Row {
   std::string found;
 };
 
+/// "8 error unknown-target: 'pcc' is no target | accepted: lc, ppc | nearest:
+/// ppc".
+std::string told(const CommandDiagnostic &one) {
+  std::string text = std::to_string(one.offset) + " " +
+                     ShowSeverity(one.severity) + " " + one.code + ": " +
+                     one.message;
+  if (!one.engineMessage.empty() && one.engineMessage != one.message)
+    text += " | engine: " + one.engineMessage;
+  for (const std::string &word : one.accepted)
+    text += (&word == &one.accepted.front() ? " | accepted: " : ", ") + word;
+  return text + (one.suggestion.empty() ? "" : " | nearest: " + one.suggestion);
+}
+
+TEST(CheckCommand, TellsOfEachFaultWhatWouldBeAccepted) {
+  std::string cables;
+  for (const std::string &word : support::cableWords())
+    cables += (cables.empty() ? "" : ", ") + word;
+  const struct {
+    std::string command;
+    std::vector<std::string> told;
+  } rows[] = {
+      {" ",
+       {"1 error missing-head: the command is empty | accepted: connect, "
+        "kconnect, vpconnect, kvpconnect"}},
+      {"conect lc hdu",
+       {"0 error unknown-head: 'conect' is no head word | accepted: connect, "
+        "kconnect, vpconnect, kvpconnect | nearest: connect"}},
+      {"connect",
+       {"7 error missing-target: a target word is missing here | accepted: lc, "
+        "ppc, arm, r5, hdu, dap, dcc, kmtc"}},
+      {"connect pcc hw",
+       {"8 error unknown-target: 'pcc' is no target | accepted: lc, ppc, arm, "
+        "r5, hdu, dap, dcc, kmtc | nearest: ppc"}},
+      {"connect lc",
+       {"10 error missing-connection: a connection word is missing here | "
+        "accepted: sim, stub, hdu"}},
+      {"connect ppc hdu",
+       {"12 error unknown-connection: 'hdu' is no way to connect to this "
+        "target | accepted: sim, hw"}},
+      {"connect ppc sim -icff x",
+       {"16 error unknown-option: '-icff' is no option here | engine: UNKNOWN "
+        " PowerPC Sim Option '' | accepted: -icf, -ipcport, -debugdevice | "
+        "nearest: -icf"}},
+      {"connect lc hdu -quiet yes",
+       {"22 error not-an-option: 'yes' stands where an option word belongs"}},
+      {"connect lc hdu -cable frequenzy 1",
+       {"22 error unknown-parameter: 'frequenzy' is no parameter of this "
+        "option | engine: UNKNOWN Parameter 'frequenzy' for  option '-cable' | "
+        "accepted: type, port, esn, url, frequency, fname, modulename, "
+        "modulearg | nearest: frequency"}},
+      {"connect lc hdu -cable port",
+       {"26 error missing-value: a value is missing here"}},
+      {"connect lc hdu -cable type",
+       {"26 error missing-value: a value is missing here | accepted: " +
+        cables}},
+      {"connect lc hdu -cable type quorla_usb",
+       {"27 error refused-value: 'quorla_usb' is refused as the value | "
+        "accepted: " +
+        cables + " | nearest: quorla_podusb"}},
+      {"connect ppc hw -debugdevice icacheStartAdr 0x18000",
+       {"43 error refused-value: '0x18000' is refused as the value | engine: "
+        "Icache Start Address should be aligned at 64k boundry"}},
+      {"connect lc hdu -cable type quorla_plugin",
+       {"40 error missing-module: the plug-in cable's module is missing here | "
+        "engine: Plug-in Module NOT specified for Cable Type quorla_plugin"}},
+      {"connect lc hdu -cable type quorla_podusb frequency 625000",
+       {"51 error refused-frequency: '625000' is no frequency of this cable | "
+        "engine: UnSupported Quorla PodUSB Cable Frequency - 625000\nSupported "
+        "Frequencies: 750000, 1500000, 3000000, 6000000, 12000000, 24000000 | "
+        "accepted: 750000, 1500000, 3000000, 6000000, 12000000, 24000000"}},
+      {"connect lc hdu -", {"15 error lone-dash: '-' is a lone '-'"}},
+      {"connect lc hdu -cable type quorla_podusb frequency 625000 -quiet",
+       {"51 warning frequency-not-checked: '625000' is no frequency of this "
+        "cable, and is read all the same | engine: UnSupported Quorla PodUSB "
+        "Cable Frequency - 625000\nSupported Frequencies: 750000, 1500000, "
+        "3000000, 6000000, 12000000, 24000000 | accepted: 750000, 1500000, "
+        "3000000, 6000000, 12000000, 24000000"}},
+      {"connect lc hdu -debugdevice devicenr 200",
+       {"37 warning value-cut: '200' does not fit: debugDevice becomes -56"}},
+      {"connect lc hdu -debugdevice romemStartAdr 0x100000001",
+       {"42 warning value-cut: '0x100000001' does not fit: romemStartAdr "
+        "becomes 0x1"}},
+      {"connect lc hdu -debugdevice devicenr two",
+       {"37 warning not-a-number: 'two' is no number: it gives 0"}},
+      {"connect lc hdu -debugdevice devicenr 0x1g",
+       {"37 warning not-a-number: '0x1g' is no number: it is read as '0x1'"}},
+      {"connect lc hdu -debugdevice devicenr 010",
+       {"37 warning octal-number: '010' is read as an octal number: its value "
+        "is 8"}},
+      {"connect lc sim -memsize -quiet",
+       {"24 warning option-as-value: '-quiet' looks like an option, but is "
+        "taken for a value"}},
+      {"connect ppc sim -debugdevice devicenr 1 -ipcport",
+       {"40 warning option-lost: '-ipcport' is lost"}},
+      {"connect lc stub -comm",
+       {"21 warning missing-value: a value is missing here | accepted: jtag, "
+        "serial"}},
+      {"connect lc stub -baud -port -timeout 5",
+       {"22 warning missing-value: a value is missing here, in front of "
+        "'-port'",
+        "28 warning missing-value: a value is missing here, in front of "
+        "'-timeout'"}},
+      {"connect ppc sim -debugdevice fpuType zz -icf x",
+       {"37 warning refused-value: 'zz' is refused as the value | engine: "
+        "UNKNOWN Parameter 'zz' for  option 'fpuType' | accepted: sp, dp"}},
+      {"vpconnect lc -ipcport h:abc",
+       {"24 warning not-a-number: 'abc' is no number: it gives 0"}},
+      {"connect lc hdu -sim -ipcport h:",
+       {"31 warning not-a-number: '' is no number: it gives 0"}},
+      {"connect ppc sim -ipcport a:b:5",
+       {"27 warning not-a-number: 'b:5' is no number: it gives 0"}},
+      {"connect ppc sim -ipcport h:5x",
+       {"27 warning not-a-number: '5x' is no number: it is read as '5'"}},
+      {"vpconnect lc -ipcport h:99999999999",
+       {"24 warning value-cut: '99999999999' does not fit: simIpcPort becomes "
+        "1215752191"}},
+      {"vpconnect lc -ipcport host", {}},
+      {"vpconnect lc -ipcport h:010", {}},
+      {"connect lc hdu -cable frequency 5 -quiet",
+       {"32 warning frequency-without-cable: '5' is the frequency of no "
+        "cable"}},
+      {"connect lc hdu -cable type quorla_podusb frequency 5 -cable port X",
+       {"53 warning option-repeated: '-cable' is given twice"}},
+      {"connect lc sim fast", {"15 warning ignored-word: 'fast' is ignored"}},
+      {"connect lc hdu -quiet -noattach -QUIET",
+       {"32 warning option-repeated: '-QUIET' is given twice"}},
+      {"connect lc hdu -debugdevice devicenr 1 devicenr 2",
+       {"39 warning parameter-repeated: 'devicenr' is given twice in one "
+        "clause"}},
+  };
+  for (const auto &row : rows) {
+    const CheckedCommand checked = CheckCommand(row.command);
+    std::vector<std::string> found;
+    for (const CommandDiagnostic &one : checked.diagnostics)
+      found.push_back(told(one));
+    EXPECT_EQ(found, row.told) << row.command;
+    const bool isRefused =
+        !row.told.empty() && row.told[0].find(" error ") != std::string::npos;
+    EXPECT_EQ(checked.accepted, !isRefused) << row.command;
+    EXPECT_EQ(checked.result, isRefused ? 3 : 0) << row.command;
+  }
+}
+
 TEST(CheckCommand, FindsEachFaultInItsPlace) {
   const Row rows[] = {
       {"connect lc hdu", ""},
       {"KCONNECT LC HDU -CABLE TYPE QUORLA_PODUSB", ""},
       {"", "0+0 error missing-head"},
-      {"conect lc hdu", "0+6 error unknown-head"},
-      {"connect", "7+0 error missing-target"},
-      {"connect pcc hw", "8+3 error unknown-target"},
-      {"connect lc", "10+0 error missing-connection"},
-      {"connect ppc hdu", "12+3 error unknown-connection"},
       {"connect lc hdu -cabel x", "15+6 error unknown-option"},
-      {"connect lc hdu -quiet yes", "22+3 error not-an-option"},
-      {"connect lc hdu -cable frequenzy 1", "22+9 error unknown-parameter"},
-      {"connect lc hdu -cable port", "26+0 error missing-value"},
-      {"connect lc hdu -cable type quorla_usb", "27+10 error refused-value"},
-      {"connect lc hdu -cable type quorla_plugin", "40+0 error missing-module"},
-      {"connect lc hdu -cable type quorla_podusb frequency 625000",
-       "51+6 error refused-frequency"},
-      {"connect lc hdu -", "15+1 error lone-dash"},
       {"connect lc hdu -cable port -cable esn -debugdevice devicenr 1",
        "27+6 error missing-value; 27+6 warning option-repeated; "
        "38+12 error missing-value"},
@@ -81,8 +212,6 @@ TEST(CheckCommand, FindsEachFaultInItsPlace) {
 
 TEST(CheckCommand, WarnsOfWhatIsReadAndSurelyNotMeant) {
   const Row rows[] = {
-      {"connect lc hdu -cable type quorla_podusb frequency 625000 -quiet",
-       "51+6 warning frequency-not-checked"},
       {"connect lc hdu -cable type quorla_podusb frequency 750000 -quiet", ""},
       {"connect lc hdu -cable frequency 3000000 -quiet",
        "32+7 warning frequency-without-cable"},
@@ -93,30 +222,18 @@ TEST(CheckCommand, WarnsOfWhatIsReadAndSurelyNotMeant) {
       {"connect lc hdu -debugdevice romemStartAdr 0xFFFFFFFF", ""},
       {"connect lc hdu -debugdevice romemStartAdr 0x100000000",
        "42+11 warning value-cut"},
-      {"connect lc hdu -debugdevice devicenr two", "37+3 warning not-a-number"},
       {"connect lc hdu -debugdevice devicenr 2nd", "37+3 warning not-a-number"},
-      {"connect lc hdu -debugdevice devicenr 010", "37+3 warning octal-number"},
       {"connect lc hdu -debugdevice devicenr 0", ""},
       {"connect lc hdu -debugdevice devicenr 0x10", ""},
-      {"connect lc sim -memsize -quiet", "24+6 warning option-as-value"},
-      {"connect ppc sim -debugdevice devicenr 1 -ipcport",
-       "40+8 warning option-lost"},
       {"connect lc sim fast furious", "15+4 warning ignored-word"},
-      {"connect lc hdu -quiet -noattach -QUIET",
-       "32+6 warning option-repeated"},
-      {"connect lc hdu -debugdevice devicenr 1 devicenr 2",
-       "39+8 warning parameter-repeated"},
       {"connect lc hdu -configdevice devicenr 1 -configdevice devicenr 2", ""},
       {"connect lc stub -comm serial -baud 0", "35+1 warning baud-zero"},
       {"connect lc stub -comm serial -baud 1", ""},
       {"connect lc stub -comm jtag -baud 0", ""},
       {"connect lc stub -comm serial -baud 0 -baud 9600",
        "37+5 warning option-repeated"},
-      {"connect lc stub -comm", "21+0 warning missing-value"},
       {"connect lc stub -port -baud -quiet",
        "22+5 warning missing-value; 28+6 warning missing-value"},
-      {"vpconnect lc -ipcport h:abc", "24+3 warning not-a-number"},
-      {"vpconnect lc -ipcport host", ""},
       // What only a line of a file may not have.
       {"kconnect lc hdu", ""},
       {"connect lc hdu -cable port " + std::string(2000, 'x'), ""},
@@ -134,7 +251,12 @@ TEST(CheckCommand, KnowsTheLinesOfAFile) {
   const Row rows[] = {
       {"connect lc hdu", ""},
       {"kconnect lc hdu", "0+8 warning not-in-option-file"},
+      {"KVPCONNECT lc", "0+10 warning not-in-option-file"},
       {"connect hdu", "8+3 warning not-in-option-file"},
+      {"connect dap hw", "8+3 warning not-in-option-file"},
+      {"connect dcc", "8+3 warning not-in-option-file"},
+      {"connect kmtc", "8+4 warning not-in-option-file"},
+      {"connect r5 hw", ""},
       {"vpconnect lc", ""},
       {front + std::string(1023 - front.size(), 'x'), ""},
       {front + std::string(1025 - front.size(), 'x'),
@@ -145,6 +267,12 @@ TEST(CheckCommand, KnowsTheLinesOfAFile) {
   for (const Row &row : rows)
     EXPECT_EQ(shown(CheckCommand(row.command, options).diagnostics), row.found)
         << row.command;
+  EXPECT_EQ(told(CheckCommand("kvpconnect lc", options).diagnostics[0]),
+            "0 warning not-in-option-file: 'kvpconnect' is not taken in an "
+            "option file | accepted: connect, vpconnect | nearest: vpconnect");
+  EXPECT_EQ(told(CheckCommand("connect hdu", options).diagnostics[0]),
+            "8 warning not-in-option-file: 'hdu' is not taken in an option "
+            "file | accepted: lc, ppc, arm, r5");
 }
 
 TEST(CheckCommand, SaysWhatWouldBeAccepted) {
