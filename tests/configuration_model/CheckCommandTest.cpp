@@ -10,6 +10,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Session.h"
 #include "support/Cables.h"
 #include "support/FakeDesign.h"
+#include "support/Targets.h"
 
 namespace {
 
@@ -58,11 +59,11 @@ TEST(CheckCommand, TellsOfEachFaultWhatWouldBeAccepted) {
        {"0 error unknown-head: 'conect' is no head word | accepted: connect, "
         "kconnect, vpconnect, kvpconnect | nearest: connect"}},
       {"connect",
-       {"7 error missing-target: a target word is missing here | accepted: lc, "
-        "ppc, arm, r5, hdu, dap, dcc, kmtc"}},
+       {"7 error missing-target: a target word is missing here | accepted: " +
+        support::listed(support::targets, "")}},
       {"connect pcc hw",
-       {"8 error unknown-target: 'pcc' is no target | accepted: lc, ppc, arm, "
-        "r5, hdu, dap, dcc, kmtc | nearest: ppc"}},
+       {"8 error unknown-target: 'pcc' is no target | accepted: " +
+        support::listed(support::targets, "") + " | nearest: ppc"}},
       {"connect lc",
        {"10 error missing-connection: a connection word is missing here | "
         "accepted: sim, stub, hdu"}},
@@ -272,7 +273,8 @@ TEST(CheckCommand, KnowsTheLinesOfAFile) {
             "option file | accepted: connect, vpconnect | nearest: vpconnect");
   EXPECT_EQ(told(CheckCommand("connect hdu", options).diagnostics[0]),
             "8 warning not-in-option-file: 'hdu' is not taken in an option "
-            "file | accepted: lc, ppc, arm, r5");
+            "file | accepted: " +
+                support::listed(support::targetsInFiles, ""));
 }
 
 TEST(CheckCommand, SaysWhatWouldBeAccepted) {

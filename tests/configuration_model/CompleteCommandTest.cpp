@@ -5,6 +5,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
 #include "ZelDebugDialog/ConfigurationModel/Language.h"
+#include "support/Targets.h"
 
 namespace {
 
@@ -36,7 +37,7 @@ TEST(CompleteCommand, FollowsTheLanguage) {
       {"K|", {"kconnect", "kvpconnect"}},
       {"connect|", {"connect"}},
       {"connects|", {}},
-      {"connect |", {"lc", "ppc", "arm", "r5", "hdu", "dap", "dcc", "kmtc"}},
+      {"connect |", support::targets},
       {"connect d|", {"dap", "dcc"}},
       {"vpconnect |", {"lc"}},
       {"connect lc |", {"sim", "stub", "hdu"}},

@@ -15,6 +15,7 @@
 
 #include "language/Bench.h"
 #include "language/WorkingFolder.h"
+#include "support/Targets.h"
 
 namespace {
 
@@ -157,9 +158,8 @@ TEST_F(OptionFile, RefusesWhatOnlyACommandMayHold) {
     rows.push_back({miss + " lc hdu", 3, miss + " lc hdu"});
   for (const std::string &miss : nearMisses("vpconnect", {"vpconnect"}))
     rows.push_back({miss + " lc", 3, miss + " lc"});
-  for (const std::string target : {"lc", "ppc", "arm", "r5"})
-    for (const std::string &miss :
-         nearMisses(target, {"lc", "ppc", "arm", "r5"}))
+  for (const std::string &target : support::targetsInFiles)
+    for (const std::string &miss : nearMisses(target, support::targetsInFiles))
       rows.push_back({"connect " + miss + " hw", 3, "connect " + miss + " hw"});
   rows.push_back({"-connect lc", 3, "-connect lc", "", kQuiet, "-connect"});
   rows.push_back({"connect -lc", 3, "connect -lc", "", kQuiet, "-lc"});

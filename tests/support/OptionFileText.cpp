@@ -3,7 +3,8 @@
 #include <strings.h>
 
 #include <algorithm>
-#include <array>
+
+#include "support/Targets.h"
 
 namespace support {
 namespace {
@@ -48,9 +49,10 @@ bool isKnownInFiles(const std::string &command) {
   if (!isWord(head, "connect"))
     return false;
   const std::string target = takeWord(rest);
-  const std::array<const char *, 4> known = {"lc", "ppc", "arm", "r5"};
-  return std::any_of(known.begin(), known.end(),
-                     [&](const char *word) { return isWord(target, word); });
+  const std::vector<std::string> &known = targetsInFiles;
+  return std::any_of(known.begin(), known.end(), [&](const std::string &word) {
+    return isWord(target, word);
+  });
 }
 
 } // namespace support

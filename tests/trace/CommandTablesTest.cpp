@@ -10,6 +10,7 @@
 #include "ZelDebugDialog/Engine.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "support/Cables.h"
+#include "support/Targets.h"
 
 namespace ZelDebugDialog::test {
 
@@ -87,9 +88,8 @@ TEST(CommandTables, ListTheTargets) {
     if (target.inOptionFile)
       inFiles.push_back(target.keyword);
   }
-  EXPECT_EQ(targets, (std::vector<std::string>{"lc", "ppc", "arm", "r5", "hdu",
-                                               "dap", "dcc", "kmtc"}));
-  EXPECT_EQ(inFiles, (std::vector<std::string>{"lc", "ppc", "arm", "r5"}));
+  EXPECT_EQ(targets, support::targets);
+  EXPECT_EQ(inFiles, support::targetsInFiles);
   ASSERT_EQ(tables.heads[2].targets.size(), 1U);
   EXPECT_EQ(tables.heads[2].targets[0].keyword, "lc");
 }

@@ -11,6 +11,7 @@
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "support/Cables.h"
 #include "support/StateText.h"
+#include "support/Targets.h"
 #include "trace/Corpus.h"
 
 namespace ZelDebugDialog::test {
@@ -158,8 +159,7 @@ TEST(CommandTrace, HasAFaultForEachRefusedCommandAndSaysWhichWord) {
   };
   const std::vector<std::string> heads{"connect", "kconnect", "vpconnect",
                                        "kvpconnect"};
-  const std::vector<std::string> targets{"lc",  "ppc", "arm", "r5",
-                                         "hdu", "dap", "dcc", "kmtc"};
+  const std::vector<std::string> &targets = support::targets;
   const std::vector<std::string> registers{"USER1", "USER2", "USER3", "USER4"};
   const std::vector<std::string> processorOptions{
       "-debugdevice",  "-pfsl", "-quiet", "-noattach", "-writeonly",

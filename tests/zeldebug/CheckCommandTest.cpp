@@ -4,6 +4,7 @@
 
 #include "ToolTest.h"
 #include "support/Cables.h"
+#include "support/Targets.h"
 
 namespace tool {
 namespace {
@@ -151,7 +152,8 @@ TEST_F(CheckCommandTest, ChecksTheLinesOfAFile) {
 }
 
 TEST_F(CheckCommandTest, DrawsWhatOnlyALineOfAFileCanHave) {
-  const std::string targets = "  accepted: 'lc', 'ppc', 'arm', 'r5'\n";
+  const std::string targets =
+      "  accepted: " + support::listed(support::targetsInFiles) + "\n";
   const std::string headsInFiles = "  accepted: 'connect', 'vpconnect'\n";
   const std::string longest = "connect lc hdu -cable port ";
   const std::string port(1023 - longest.size(), 'x');

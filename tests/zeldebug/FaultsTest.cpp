@@ -12,6 +12,7 @@
 #include <gmock/gmock.h>
 
 #include "ToolTest.h"
+#include "support/Targets.h"
 
 namespace tool {
 namespace {
@@ -269,7 +270,7 @@ TEST_F(FaultsTest, AnOptionFileThatIsRefused) {
 
 /// What a dialog reads as a command is not all that it reads from a file.
 TEST_F(FaultsTest, AnOptionFileWithWordsThatFilesDoNotTake) {
-  const std::string targets = "'lc', 'ppc', 'arm', 'r5'";
+  const std::string targets = support::listed(support::targetsInFiles);
   const struct {
     const char *command;
     std::string problem;
