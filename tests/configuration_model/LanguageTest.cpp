@@ -89,6 +89,8 @@ TEST(Cables, AreTheEnginesWithNoCableInFront) {
   ASSERT_EQ(cables.size(), engines.size() + 1);
   EXPECT_EQ(cables[0].type, 0U);
   EXPECT_TRUE(cables[0].keywords.empty());
+  EXPECT_FALSE(cables[0].writable);
+  EXPECT_TRUE(cables[0].offered);
   for (std::size_t i = 0; i < engines.size(); ++i) {
     EXPECT_EQ(cables[i + 1].type, engines[i].type);
     EXPECT_EQ(cables[i + 1].keywords, engines[i].keywords);
@@ -98,6 +100,9 @@ TEST(Cables, AreTheEnginesWithNoCableInFront) {
   }
   EXPECT_EQ(cables[7].keywords, std::vector<std::string>{"quorla_tcf"});
   EXPECT_FALSE(cables[7].writable);
+  EXPECT_FALSE(cables[7].offered);
+  EXPECT_EQ(cables[3].written, "quorla_podusb");
+  EXPECT_TRUE(cables[3].offered);
 }
 
 } // namespace

@@ -74,8 +74,9 @@ std::vector<CableInfo> makeCables() {
   for (const CommandCable &cable : model::cableCatalogue())
     cables.push_back({static_cast<std::uint32_t>(cable.type), cable.keywords,
                       cable.written, !cable.written.empty(),
-                      cable.defaultFrequency, cable.defaultPort,
-                      cable.offeredFrequencies, cable.acceptedFrequencies});
+                      model::canBeWritten(cable), cable.defaultFrequency,
+                      cable.defaultPort, cable.offeredFrequencies,
+                      cable.acceptedFrequencies});
   return cables;
 }
 

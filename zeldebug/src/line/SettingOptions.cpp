@@ -108,17 +108,11 @@ Value expectValue(const std::string &setting, const std::string &text,
   }
 }
 
-/// Without a cable a command is written as well, in fewer words.
-bool isOffered(const CableInfo &cable) {
-  constexpr std::uint32_t noCable = 0;
-  return cable.writable || cable.type == noCable;
-}
-
 /// A cable that no command can be written with is known, and of no use here.
 void expectOffered(const std::string &option, const std::string &text,
                    const Value &type) {
   for (const CableInfo &cable : ZelDebugDialog::GetCables())
-    if (Value(cable.type) == type && !isOffered(cable)) {
+    if (Value(cable.type) == type && !cable.offered) {
       const std::vector<std::string> words = offeredCables();
       throw Failure(
           ExitStatus::refused,
@@ -137,17 +131,19 @@ void add(AskedSettings &asked, const std::string &setting, const Value &value,
 
 } // namespace
 
+std::vector<std::string> wordsOf(const CableInfo &cable) {
+  return cable.keywords.empty()
+             ? std::vector{ShowValue(*FindSetting(cableType), cable.type)}
+             : cable.keywords;
+}
+
 std::vector<std::string> offeredCables() {
-  std::vector<std::string> words;
-  const SettingInfo &setting = *FindSetting(cableType);
-  for (const CableInfo &cable : ZelDebugDialog::GetCables()) {
-    if (!isOffered(cable))
-      continue;
-    words.insert(words.end(), cable.keywords.begin(), cable.keywords.end());
-    if (cable.keywords.empty())
-      words.push_back(ShowValue(setting, cable.type));
-  }
-  return words;
+  std::vector<std::string> offered;
+  for (const CableInfo &cable : ZelDebugDialog::GetCables())
+    if (cable.offered)
+      for (std::string &word : wordsOf(cable))
+        offered.push_back(std::move(word));
+  return offered;
 }
 
 void SettingOptions::addRow(CommandLine &line, CLI::App &app,

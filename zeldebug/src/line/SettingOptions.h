@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include <ZelDebugDialog/ConfigurationModel/Language.h>
 #include <ZelDebugDialog/ConfigurationModel/Settings.h>
 
 #include "line/AskedSettings.h"
@@ -61,8 +62,10 @@ private:
   const CLI::Option *clearChain = nullptr;
 };
 
-/// The words that choose a cable which a command can be written with; that for
-/// no cable is the first.
+/// The words that choose a cable.
+std::vector<std::string> wordsOf(const ZelDebugDialog::CableInfo &cable);
+
+/// The words that choose a cable which a command can be written with.
 std::vector<std::string> offeredCables();
 
 } // namespace zeldebug

@@ -96,14 +96,12 @@ std::vector<std::string> frequenciesOf(const TypedLine &line) {
     std::vector<std::string> words;
     for (const std::uint32_t frequency : cable.acceptedFrequencies)
       words.push_back(fmt::format("{}", frequency));
-    for (const std::string &keyword : cable.keywords)
-      if (sameKeyword(keyword, line.value("--cable")))
+    for (const std::string &word : wordsOf(cable))
+      if (sameKeyword(word, line.value("--cable")))
         return words;
     all.insert(all.end(), words.begin(), words.end());
   }
-  return sameKeyword(line.value("--cable"), offeredCables().front())
-             ? std::vector<std::string>()
-             : all;
+  return all;
 }
 
 std::vector<std::string> settableNames() {

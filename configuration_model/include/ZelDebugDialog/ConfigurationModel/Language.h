@@ -88,10 +88,13 @@ FindOptionSet(std::string_view name);
 
 /// A JTAG cable.
 struct CableInfo {
-  std::uint32_t type = 0;             ///< As `cable.cableType`; 0: no cable.
-  std::vector<std::string> keywords;  ///< Words that are read; may be none.
-  std::string written;                ///< The word that is written; or empty.
-  bool writable = false;              ///< Whether a command with it is written.
+  std::uint32_t type = 0;            ///< As `cable.cableType`; 0: no cable.
+  std::vector<std::string> keywords; ///< Words that are read; may be none.
+  std::string written;               ///< The word that is written; or empty.
+  bool writable = false;             ///< Whether a command with it is written.
+  /// Whether a command can be written once it is chosen. Without a cable one is
+  /// written as well, in fewer words.
+  bool offered = false;
   std::uint32_t defaultFrequency = 0; ///< In hertz.
   std::string defaultPort;            ///< That it starts with; may be empty.
   std::vector<std::uint32_t> offeredFrequencies;  ///< To offer, in hertz.
