@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -117,6 +118,10 @@ TEST_F(OptionFile, EndsALineAtANullByte) {
                   {"\0foo\nconnect lc hdu\n"s, 0, "connect lc hdu", kHdu},
                   {"\0foo\n"s, 4, "was"},
                   {"\0"s, 4, "was"},
+                  {std::string(1023, '\0') + "\nconnect lc hdu\n", 0,
+                   "connect lc hdu", kHdu},
+                  // Behind the longest line nothing is read, not even lines.
+                  {std::string(1024, '\0') + "\nconnect lc hdu\n", 4, "was"},
               });
 }
 
@@ -226,6 +231,19 @@ TEST_F(OptionFile, CutsALineAt1023Characters) {
                   "UNKNOWN Option '-quie'", "-quie"});
   rows.push_back({std::string(1023, ' ') + hdu, 3, std::string(1023, ' ')});
   expectFiles(folder, rows);
+}
+
+TEST_F(OptionFile, IsReadNoFurtherThanItsLine) {
+  const std::string line = "connect lc hdu" + std::string(1009, ' ');
+  const fs::path file = folder.optionFile("cpu0");
+  for (const char first : {'c', '\0'}) {
+    std::ofstream(file, std::ios::binary) << first << line.substr(1);
+    fs::resize_file(file, 1ULL << 36); // 64 GiB that are nowhere
+    Bench bench;
+    EXPECT_EQ(KvoOption_Parser::ReadKvoOptFile("cpu0", bench.imp),
+              first == 'c' ? 0 : 4);
+    EXPECT_EQ(bench.record.connectCommand, first == 'c' ? line : "was");
+  }
 }
 
 TEST_F(OptionFile, IsARegularFile) {

@@ -88,25 +88,30 @@ std::string optionFilePath(const std::string &processorName) {
   return error ? std::string() : path;
 }
 
-/// Reads the first line that is not empty. A line is cut at the longest length,
-/// and ends at a null byte.
+/// A line ends at a null byte; one that begins with it is empty.
+std::string upToNullByte(const std::string &line) {
+  return line.substr(0, line.find('\0'));
+}
+
+/// Reads the first line that is not empty. Behind the longest length nothing is
+/// looked at, in a damaged file of gigabytes either.
 std::string readFirstLine(RegularFile &file) {
   std::string line;
   std::array<char, 4096> buffer;
   while (const std::size_t count = file.read(buffer.data(), buffer.size())) {
     for (const char character : std::string_view(buffer.data(), count)) {
       if (character != '\n') {
-        if (line.size() < longestOptionLine)
-          line += character;
+        if (line.size() == longestOptionLine)
+          return upToNullByte(line);
+        line += character;
         continue;
       }
-      line.resize(std::min(line.size(), line.find('\0')));
+      line = upToNullByte(line);
       if (!line.empty())
         return line;
     }
   }
-  line.resize(std::min(line.size(), line.find('\0')));
-  return line;
+  return upToNullByte(line);
 }
 
 int readOptionFile(const std::string &path, EngineImp &imp) {
