@@ -296,6 +296,22 @@ TEST_F(ProcessorInformation, ReleasesTheChainOfARefusedCommand) {
   expectNothingSelected();
 }
 
+TEST_F(ProcessorInformation, ShowsTheMessageOutputNothingThatGoes) {
+  JtagOption kept;
+  std::size_t seen = 9;
+  support::onMessage([&] {
+    seen = state.jtagChain.size();
+    state.jtagChain.push_back(&kept);
+  });
+  EXPECT_EQ(state.GetProcessorInfo("connect lc hdu -configdevice devicenr 1"
+                                   " -foo"),
+            nullptr);
+  support::onMessage(nullptr);
+  EXPECT_EQ(seen, 0U);
+  expectNothingSelected();
+  support::takeMessages();
+}
+
 TEST_F(ProcessorInformation, HandsOutTheChainOfACommand) {
   read("connect lc hdu -configdevice devicenr 1 -configdevice devicenr 2");
   ASSERT_EQ(state.jtagChain.size(), 2U);

@@ -14,6 +14,11 @@ std::vector<support::LoggedMessage> &messages() {
   return log;
 }
 
+std::function<void()> &listener() {
+  static std::function<void()> call;
+  return call;
+}
+
 std::string formatText(const char *format, std::va_list arguments) {
   std::va_list measured;
   va_copy(measured, arguments);
@@ -36,6 +41,12 @@ void ComMsgMgr::sendMsg::eval(int kind, const char *sourcePath, int line,
   va_end(arguments);
   messages().push_back(
       {kind, sourcePath, line, tool, mask, format, std::move(formatted)});
+  if (listener())
+    listener()();
+}
+
+void support::onMessage(std::function<void()> call) {
+  listener() = std::move(call);
 }
 
 std::vector<support::LoggedMessage> support::takeMessages() {

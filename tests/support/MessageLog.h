@@ -3,6 +3,7 @@
 #ifndef TESTS_SUPPORT_MESSAGELOG_H
 #define TESTS_SUPPORT_MESSAGELOG_H
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,9 @@ struct LoggedMessage {
   std::string format;
   std::string formatted; ///< `format` with the arguments filled in.
 };
+
+/// Is called in the midst of each message from now on; null: no more.
+void onMessage(std::function<void()> call);
 
 /// The messages sent since the last call; empties the log.
 std::vector<LoggedMessage> takeMessages();

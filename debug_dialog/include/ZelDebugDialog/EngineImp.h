@@ -60,7 +60,8 @@ public:
   ///   another record is current). The record that was current before is left
   ///   alone. Null when the command was refused: the reader's message went to
   ///   `ComMsgMgr`, the new record is gone, `currentProcessor` is null, the
-  ///   settings are reset and the error string is empty.
+  ///   settings are reset and the error string is empty. While the message is
+  ///   sent the chain holds nothing of the command any more.
   /// @throws std::out_of_range for a word that is a lone "-", with the same
   ///   state as for null, but nothing sent to `ComMsgMgr`.
   ProcessorInfoImp *GetProcessorInfo(std::string command);

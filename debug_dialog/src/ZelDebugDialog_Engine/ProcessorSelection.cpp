@@ -119,7 +119,9 @@ public:
   ~NewRecord() {
     if (record == nullptr)
       return;
-    dropRefusedSettings(imp);
+    if (!isRefused)
+      ReleaseChainRecords(imp.jtagChain);
+    imp.EngineImpInit();
     imp.currentProcessor = nullptr;
   }
   NewRecord(const NewRecord &) = delete;
@@ -128,9 +130,17 @@ public:
   ProcessorInfoImp &operator*() { return *record; }
   ProcessorInfoImp *handOut() { return record.release(); }
 
+  /// The reader's chain records go at once: what is told of the refusal may
+  /// look at the engine, and keeps what it puts there.
+  void refuse() {
+    ReleaseChainRecords(imp.jtagChain);
+    isRefused = true;
+  }
+
 private:
   EngineImp &imp;
   std::unique_ptr<ProcessorInfoImp> record;
+  bool isRefused = false;
 };
 
 /// Sends the message of the engine that the reader reported to.
@@ -153,6 +163,7 @@ ProcessorInfoImp *EngineImp::GetProcessorInfo(std::string command) {
     code = KvoOption_Parser::ReadKvoCommand(std::move(command), *this);
   }
   if (!result::isSuccess(code)) {
+    holder.refuse();
     sendRefusal(*this);
     return nullptr;
   }
