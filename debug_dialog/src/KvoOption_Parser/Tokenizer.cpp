@@ -86,6 +86,10 @@ int WordCursor::goOnTraced(int next) {
       return code::option;
     std::string_view word;
     next = this->next(word, WordRole::option);
+    // Under a locale to which a blank is no white space a word may be empty,
+    // and be read again and again.
+    if (next == code::value && word.empty())
+      return next;
     if (next == code::value)
       recorder->isNow(WordRole::ignored);
   }
