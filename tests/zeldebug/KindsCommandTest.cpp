@@ -188,9 +188,9 @@ TEST_F(KindsCommandTest, ReplacesNothingButFiles) {
     const char *file, *problem;
   } rows[] = {{"folder", "folder: is a folder, no file"},
               {"link", "link: is a link to nothing"},
-              {"none/file", "No such file or directory"},
+              {"none/file", "none: there is no such folder"},
               {"/dev/null", "/dev/null: is no regular file"},
-              {"", "No such file or directory"}};
+              {"", ": is no name of a file"}};
   for (const auto &row : rows) {
     const Result run =
         this->run({"kinds", "soc.xml", "--write", row.file, "--force"});

@@ -12,7 +12,7 @@ struct KindWord {
   const char *word;
 };
 
-constexpr std::array<KindWord, 19> kindWords{{
+constexpr std::array<KindWord, 20> kindWords{{
     {RefusalKind::unknownProcessor, "unknown-processor"},
     {RefusalKind::notDebuggable, "not-debuggable"},
     {RefusalKind::unknownSetting, "unknown-setting"},
@@ -32,6 +32,7 @@ constexpr std::array<KindWord, 19> kindWords{{
     {RefusalKind::noRegularFile, "no-regular-file"},
     {RefusalKind::noFolder, "no-folder"},
     {RefusalKind::fileSystem, "file-system"},
+    {RefusalKind::fileExists, "file-exists"},
 }};
 
 } // namespace

@@ -1,4 +1,4 @@
-// What stands at a path, told apart before anything is opened or made there.
+// How the place of a file is shown.
 #ifndef ZELDEBUG_PLACE_H
 #define ZELDEBUG_PLACE_H
 
@@ -7,23 +7,10 @@
 
 namespace zeldebug {
 
-struct Place {
-  bool exists = false; ///< a link to nothing is something
-  std::string problem; ///< why it is not what is wanted, or empty
-};
-
-/// @param wanted  `regular` or `directory`, behind links as well
-Place lookAt(const std::filesystem::path &path,
-             std::filesystem::file_type wanted);
-
 constexpr const char *noSuchFile = "there is no such file";
 
 /// A path as seen from where the program was started, if it lies below.
 std::string shownPath(const std::filesystem::path &path);
-
-/// @throws Failure (refused): "path: problem"
-[[noreturn]] void refuse(const std::filesystem::path &path,
-                         const std::string &problem);
 
 } // namespace zeldebug
 

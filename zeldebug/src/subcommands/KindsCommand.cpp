@@ -6,11 +6,13 @@
 
 #include <fmt/format.h>
 
+#include <ZelDebugDialog/ConfigurationModel/Files.h>
 #include <ZelDebugDialog/DesignModel/Kinds.h>
 
 #include "line/DesignOptions.h"
 #include "line/Options.h"
-#include "output/WholeFile.h"
+#include "output/Output.h"
+#include "output/Place.h"
 #include "subcommands/ProcessorList.h"
 #include "subcommands/Subcommands.h"
 
@@ -19,11 +21,14 @@ namespace zeldebug {
 namespace {
 
 using ZelDebugDialog::DesignModel;
+using ZelDebugDialog::ExistingFile;
 using ZelDebugDialog::KindCandidate;
 using ZelDebugDialog::KindConnection;
 using ZelDebugDialog::KindPart;
 using ZelDebugDialog::KindProposal;
 using ZelDebugDialog::KindVerdict;
+using ZelDebugDialog::Refusal;
+using ZelDebugDialog::RefusalKind;
 
 struct PartRow {
   KindPart part;
@@ -161,6 +166,27 @@ void printProposal(const KindProposal &proposal, Output &output) {
     output.print("\n");
 }
 
+/// @return whether the file did not hold it already.
+bool writeTable(const KindsOptions &options, const std::string &table) {
+  try {
+    return ZelDebugDialog::WriteWholeFile(*options.file, table,
+                                          options.force ? ExistingFile::replace
+                                                        : ExistingFile::refuse);
+  } catch (const Refusal &refusal) {
+    const bool mayForce = refusal.kind == RefusalKind::fileExists;
+    throw Failure(ExitStatus::refused,
+                  fmt::format("{}: {}{}", printable(shownPath(refusal.file)),
+                              refusal.problem,
+                              mayForce ? " (--force replaces it)" : ""),
+                  {ZelDebugDialog::ShowKind(refusal.kind),
+                   "--write",
+                   *options.file,
+                   {},
+                   "",
+                   refusal.file});
+  }
+}
+
 ExitStatus run(const KindsOptions &options, Output &output) {
   if (options.force && !options.file)
     throw Failure(ExitStatus::wrongUse,
@@ -169,9 +195,7 @@ ExitStatus run(const KindsOptions &options, Output &output) {
   const std::unique_ptr<DesignModel> design =
       options.design.proposeKinds(proposal, output);
   if (options.file) {
-    const bool isNew =
-        writeWholeFile(*options.file, proposal.table,
-                       options.force ? Existing::replace : Existing::refuse);
+    const bool isNew = writeTable(options, proposal.table);
     output.note(fmt::format("{} {}: read it, mend it, and give it to --kinds",
                             isNew ? "written to" : "already in",
                             *options.file));

@@ -42,6 +42,7 @@ enum class RefusalKind : std::uint8_t {
   noRegularFile, ///< something else stands where the file belongs
   noFolder,      ///< the folder of the file is not there
   fileSystem,    ///< the file system refused
+  fileExists,    ///< a file is there that is not to be replaced
 };
 
 /// The stable word for it: "unknown-setting", "bad-value", ...
