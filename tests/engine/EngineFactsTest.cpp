@@ -13,6 +13,7 @@
 #include "ZelDebugDialog/CommandTables.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
+#include "ZelDebugDialog/Result.h"
 #include "ZelDebugDialog/SettingFields.h"
 #include "ZelDebugDialog/TypeNames.h"
 #include "support/EngineFixture.h"
@@ -193,6 +194,24 @@ TEST_F(EngineFacts, TellOptionWordsAsReadersDo) {
   std::string input = "-";
   std::string token;
   EXPECT_THROW(KvoOption_Parser::get_token(input, token), std::out_of_range);
+}
+
+TEST_F(EngineFacts, NameTheResults) {
+  const std::vector<std::string_view> names{"done", "not set", "not applicable",
+                                            "not read", "no option file"};
+  for (int value = -1; value <= 5; ++value)
+    EXPECT_EQ(result::Show(value),
+              value < 0 || value > 4 ? ""
+                                     : names[static_cast<std::size_t>(value)]);
+  EXPECT_EQ(result::done, 0);
+  EXPECT_EQ(result::notSet, 1);
+  EXPECT_EQ(result::notApplicable, 2);
+  EXPECT_EQ(result::unknownProcessor, 2);
+  EXPECT_EQ(result::notRead, 3);
+  EXPECT_EQ(result::noOptionFile, 4);
+  // What a person sees of them.
+  ProcessorInfo info;
+  EXPECT_EQ(engine.SetProcessor("none", info), result::unknownProcessor);
 }
 
 TEST_F(EngineFacts, NameTheTypesOfADesign) {

@@ -25,7 +25,8 @@
 //
 // Results. Unless said otherwise an operation returns 0 when it is done; 1 when
 // a value is not set, empty or refused; 2 when the setting does not apply to
-// the present connection, processor or cable. A refusal that has a message puts
+// the present connection, processor or cable; Result.h has names for them. A
+// refusal that has a message puts
 // it into the error string; nothing empties the error string but a selection.
 // Outputs stay as they were unless the description says otherwise. Exceptions:
 // std::bad_alloc, and std::out_of_range from every operation that reads command
@@ -126,7 +127,7 @@ public:
   /// Chooses how to connect. @return 0; 1 if the processor's `connectionMask`
   /// shares no bit with `type` (no message, nothing changed).
   int SetConnectionType(ConnectionType type);
-  /// @return 0; 1 if none is set.
+  /// Copies out how the debugger connects. @return 0; 1 if none is set.
   int GetConnectionType(ConnectionType &type);
 
   /// Chooses how the stub is reached. @return 0; 1 with "UART device not
@@ -134,21 +135,24 @@ public:
   /// 0x80, or "JTAG device not present in system" for `STUB_JTAG` unless it has
   /// bit 0x40.
   int SetStubType(StubType type);
+  /// Copies out how the stub is reached.
   /// @return 0; 2 unless the connection type has bit 4.
   int GetStubType(StubType &type);
 
-  /// Serial device of the stub. @return 0
+  /// Serial device of the stub, such as "/dev/ttyS0". @return 0
   int SetStubSerialPort(const std::string &port);
-  /// @return 0
+  /// Copies out the serial device of the stub, which may be empty. @return 0
   int GetStubSerialPort(std::string &port);
   /// Bits per second of the stub's line. @return 0
   int SetStubBaudrate(int baudRate);
-  /// @return 0; 1 while it is 0.
+  /// Copies out the bits per second of the stub's line.
+  /// @return 0; 1 while they are 0.
   int GetStubBaudRate(int &baudRate);
 
   /// Number of the debug device; the low 8 bits are kept, as a signed number.
   /// @return 0
   int SetDebugDevice(int device);
+  /// Copies out the number of the debug device.
   /// @return 0; 1 while it is 0; 2 for the simulator and for a serial stub.
   int GetDebugDevice(int &device);
 
@@ -158,6 +162,7 @@ public:
 
   /// Does nothing: the file comes from a command ("-icf"). @return 0
   int SetPPCSimConfigFile(const std::string &file);
+  /// Copies out the file of the PowerPC simulator.
   /// @return 0; 1 while it is empty; 2 unless a PowerPC on the simulator.
   int GetPPCSimConfigFile(std::string &file);
 
@@ -186,7 +191,8 @@ public:
   /// Start of the device control register region. @return 0; 1 while it is not
   /// set; 2 unless a PowerPC on hardware.
   int GetDcrBaseAddr(unsigned int &address);
-  /// @return 0; 1 while it is not set; 2 unless a ppc405 on hardware.
+  /// Start of the on-chip instruction memory. @return 0; 1 while it is not set;
+  /// 2 unless a ppc405 on hardware.
   int GetISOCMBaseAddr(unsigned int &address);
 
   /// Start of the instruction cache region, a multiple of 0x10000, and of the
@@ -212,8 +218,10 @@ public:
 
   // --- Read-only memory ---------------------------------------------------
 
-  /// Range of the read-only memory, in bytes. @return 0
+  /// Range of the read-only memory: its address, and its size in bytes.
+  /// @return 0
   int SetROMem(unsigned start, unsigned size);
+  /// Copies out the range of the read-only memory.
   /// @return 0; 1 while the start is `unsetAddress`; 2 unless on hardware.
   int GetROMem(unsigned int &start, unsigned int &size);
 
@@ -224,19 +232,23 @@ public:
   /// Starts a cable of this type anew: its default frequency and port, all
   /// other strings empty. @return 0
   int SetCableType(CableType type);
+  /// Copies out the type of the cable.
   /// @return 0, also for `CABLE_NONE`; 2 as above.
   int GetCableType(CableType &type);
   /// JTAG clock in hertz, not checked. @return 0
   int SetCableSpeed(unsigned frequency);
+  /// Copies out the JTAG clock in hertz.
   /// @return 0; 1 for 0, which is copied out; 2 as above.
   int GetCableSpeed(unsigned &frequency);
-  /// @return 0
+  /// Port of the cable, such as "USB21"; not checked. @return 0
   int SetCablePort(const std::string &port);
+  /// Copies out the port of the cable.
   /// @return 0; 1 for an empty one, which is copied out; 2 as above.
   int GetCablePort(std::string &port);
   /// Serial number of the cable; it displaces port and frequency in a written
   /// command. @return 0
   int SetCableESN(const std::string &esn);
+  /// Copies out the serial number of the cable.
   /// @return 0; 1 for an empty one, which is copied out; 2 as above.
   int GetCableESN(std::string &esn);
 
@@ -319,8 +331,12 @@ public:
 
   /// Takes `design` (null: one with nothing in it) as the hardware design and
   /// appends a record for each processor that can be debugged to the engine's
-  /// list; records of earlier calls stay. The design must live as long as the
-  /// engine uses it.
+  /// list: those on debug modules, then the soft processors that only the
+  /// simulator can run, then the ARM processors. Records of earlier calls stay.
+  /// Asked again, the same design is in the list twice, but for its
+  /// simulator-only processors, which are skipped where a record of their name
+  /// is there; `ReleaseProcessorRecords` in between starts anew. The design
+  /// must live as long as the engine uses it.
   /// @param design  asked at once and whenever a processor is selected.
   /// @param names  every processor of the design is appended.
   /// @return 0
@@ -343,7 +359,8 @@ public:
   /// The same from the processor's option file (see `Generate`).
   /// @return 0; 4 without a file, or a file with nothing in it: the processor
   ///   is current with default settings; 2 with "Processor Instance ... cannot
-  ///   be Debugged !!, ..."; 3 as above.
+  ///   be Debugged !!, ...": the processor that was current stays so, with its
+  ///   settings; 3 as above.
   int SetProcessor(std::string name, ProcessorInfo &info);
   /// The same from the option file at `path`, wherever the process works.
   /// @param name  its instance name; the file may be named otherwise.

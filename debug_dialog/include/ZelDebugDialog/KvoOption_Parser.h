@@ -61,7 +61,10 @@ public:
   /// most 1,023 characters, up to a null byte. Sets no message of its own.
   /// @return 0; 3 refused; 4 no such regular file, or nothing in it.
   static int ReadKvoOptFile(std::string processorName, EngineImp &imp);
-  /// See `Engine::Generate`.
+  /// Saves the connect command of the current record in its option file, as
+  /// `Engine::Generate` does.
+  /// @return 0; 1 no command, the file is untouched; 4 "Error Opening File",
+  ///   the command is stored in the record.
   static int WriteKvoOptFile(EngineImp &imp);
   /// As `ReadKvoOptFile`, from the file at `path`: the working directory counts
   /// only where `path` is relative.
@@ -90,7 +93,8 @@ public:
   static unsigned parse_dccoptions(std::string &command, EngineImp &imp);
   /// What follows "kmtc". @return 0; 2.
   static unsigned parse_kmtcoptions(std::string &command, EngineImp &imp);
-  /// What follows "vpconnect".
+  /// What follows "vpconnect": a virtual platform of a Lumacore; the mode and
+  /// the address that its options name. @return 0; 2.
   static unsigned parse_vpoptions(std::string &command, EngineImp &imp);
 
   /// Appends " lc", the connection word and its clauses. @return 0; 2, with
@@ -114,39 +118,52 @@ public:
   /// Appends port, baud rate and time-out of the serial stub. @return 0
   static int write_commoptions(std::string &out, EngineImp &imp);
 
-  /// @return 1; 2; 3.
+  /// What follows "-debugdevice": names and values, up to the next option word,
+  /// into the fields of the record that they name. @return 1; 2; 3.
   static unsigned parse_debugdevice(std::string &command, EngineImp &imp);
-  /// Appends nothing if there is nothing to say. @return 0
+  /// Appends " -debugdevice" with the numbers, regions and ranges of the record
+  /// that are set; nothing if none is. @return 0
   static int write_debugdeviceoptions(std::string &out, EngineImp &imp);
 
+  /// What follows "-cable": names and values, up to the next option word, into
+  /// the cable. A type brings its port. Where the clause ends the text, the
+  /// cable gets the frequency that its type starts with, or the one that was
+  /// given is checked.
   /// @return 1 (frequency neither defaulted nor checked); 2; 3.
   static int parse_cable(std::string &command, EngineImp &imp);
-  /// Appends a new record to the chain. @return 1; 2, also for a name without a
-  ///   value, where the record is kept; 3.
+  /// What follows "-configdevice": names and values of one device, which joins
+  /// the chain as a new record; or the mark of the processor's own JTAG pins.
+  /// @return 1; 2, also for a name without a value, where the record is kept;
+  ///   3.
   static int parse_configdevice(std::string &command, EngineImp &imp);
-  /// One register name. @return 0; 2.
+  /// What follows "-bscan": the name of a boundary-scan user register.
+  /// @return 0; 2.
   static unsigned parse_hdubscan(std::string &command, EngineImp &imp);
   /// Checks "-pfsl" and keeps nothing. @return 1; 2; 3.
   static unsigned parse_lcfsloptions(std::string &command, EngineImp &imp);
   /// Writes nothing: there is nothing to write. @return 0
   static int write_lcfsloptions(std::string &out, EngineImp &imp);
 
-  /// @return 0; 2.
+  /// What follows "ppc sim": the simulator's file or its host and port, and the
+  /// debug device clause. @return 0; 2.
   static unsigned parse_ppcsim_options(std::string &command, EngineImp &imp);
   /// Appends the options of the PowerPC simulator. @return 0
   static int write_ppcsim_options(std::string &out, EngineImp &imp);
-  /// @return 2; 3.
+  /// What follows "-sim": the host and port of a ModelSim co-simulation, up to
+  /// the end of the text. @return 2; 3.
   static unsigned parse_modelsim_options(std::string &command, EngineImp &imp);
 
   // --- Cable, chain and debug device on their own ---------------------------
 
-  /// Only "-cable", "-configdevice", "-debugdevice" and "-bscan" clauses.
+  /// Reads "-cable", "-configdevice", "-debugdevice" and "-bscan" clauses, and
+  /// no others, into the cable, the chain and the record.
   /// @return 0; 3 refused.
   static int ReadJtagCableOptions(std::string &text, EngineImp &imp);
+  /// Appends cable, boundary scan, chain and debug device.
   /// @return 0; 1 "Invalid Cable Type", with " -cable" appended.
   static int WriteJtagCableOptionsString(EngineImp &imp, std::string &out);
-  /// Cable, boundary scan and chain. @return 0; 2 "Invalid Cable Type", with
-  ///   " -cable" appended.
+  /// Appends cable, boundary scan and chain.
+  /// @return 0; 2 "Invalid Cable Type", with " -cable" appended.
   static int write_jtagoptions(std::string &out, EngineImp &imp);
   /// Appends the serial number of `cable`, or else port and frequency (in
   /// hertz). @return 0

@@ -40,20 +40,27 @@ public:
   std::int8_t cpuNr = 1;            ///< Number on its debug module. "cpunr".
 
   // How the debugger connects.
-  std::uint32_t connectionType = 2;   ///< The chosen `ConnectionType`.
-  std::uint32_t simMemSize = 16;      ///< Simulator memory size. "-memsize".
-  std::string ppcSimConfigFile;       ///< PowerPC simulator file. "-icf".
-  std::string simIpcHost;             ///< Simulator host. "-ipcport".
-  std::int32_t simIpcPort = 0;        ///< Simulator port. "-ipcport".
-  std::uint32_t vpConfigMode = 0;     ///< Configuration mode flag. "-config".
-  std::uint32_t cycleApproximate = 0; ///< "-config cycle_approximate".
-  std::uint32_t stubType = 0;         ///< `StubType`. "-comm".
+  std::uint32_t connectionType = 2; ///< The chosen `ConnectionType`.
+  /// Memory size of the simulator, in the simulator's own unit: passed on as it
+  /// is. "-memsize".
+  std::uint32_t simMemSize = 16;
+  std::string ppcSimConfigFile; ///< PowerPC simulator file. "-icf".
+  std::string simIpcHost;       ///< Simulator host. "-ipcport".
+  std::int32_t simIpcPort = 0;  ///< Simulator port. "-ipcport".
+  /// 1: the virtual platform is started in a configuration mode, which
+  /// `cycleApproximate` names. "-config".
+  std::uint32_t vpConfigMode = 0;
+  std::uint32_t cycleApproximate = 0;        ///< "-config cycle_approximate".
+  std::uint32_t stubType = 0;                ///< `StubType`. "-comm".
   std::string stubSerialPort = "/dev/ttyS0"; ///< Serial device. "-port".
   std::int32_t stubBaudRate = 0;             ///< Bits per second. "-baud".
-  std::int32_t stubTimeout = 20000;          ///< Serial time-out. "-timeout".
+  /// How long to wait for the serial stub, in milliseconds. "-timeout".
+  std::int32_t stubTimeout = 20000;
 
   // The debug device clause.
-  std::int8_t debugDevice = 0; ///< Debug device, 0 for none. "devicenr".
+  /// Position of the debug device in the JTAG chain, from 1; 0 for none.
+  /// "devicenr".
+  std::int8_t debugDevice = 0;
   /// Base of the PowerPC debug address map; follows `icacheStartAdr`.
   std::uint32_t debugAddressMap = unsetAddress;
   std::uint32_t isocmStartAdr = unsetAddress;    ///< "isocmStartAdr".
@@ -68,7 +75,7 @@ public:
   std::uint32_t fpuType = 0; ///< 0 none known, 1 single, 2 double. "fpuType".
   std::string cpu_version;   ///< "cpu_version".
   std::string hdu_version;   ///< "hdu_version".
-  std::int32_t nCpu = 8;     ///< "nCpu".
+  std::int32_t nCpu = 8;     ///< Processors on the debug module. "nCpu".
   std::uint32_t romemStartAdr = unsetAddress; ///< "romemStartAdr".
   std::uint32_t romemSize = 0;                ///< "romemSize", in bytes.
 
