@@ -11,17 +11,6 @@ std::string KvoOption_Parser::current_option;
 
 namespace kvo {
 
-namespace {
-
-/// Nearly all characters that are looked at are above the blank.
-bool isSeparator(char character) {
-  if (static_cast<unsigned char>(character) > ' ')
-    return false;
-  return character == ' ' || character == '\t';
-}
-
-} // namespace
-
 WordCursor::WordCursor(std::string &origin, Recorder *listener)
     : recorder(listener), source(origin), text(std::move(origin)) {
   source.clear();
@@ -37,25 +26,7 @@ WordCursor::~WordCursor() {
   source = std::move(text);
 }
 
-std::string_view WordCursor::peek() {
-  const char *const last = end;
-  const char *first = position;
-  while (first != last && characters.isSpace(*first))
-    ++first;
-  position = first;
-  const char *stop = first;
-  while (stop != last && !isSeparator(*stop))
-    ++stop;
-  while (stop != first && characters.isSpace(stop[-1]))
-    --stop;
-  return {first, static_cast<std::size_t>(stop - first)};
-}
-
-int WordCursor::accept(std::string_view word) {
-  position += word.size();
-  // Under a locale to which a blank is no white space a word may be empty.
-  if (word.empty() || word.front() != '-')
-    return code::value;
+int WordCursor::acceptMinus(std::string_view word) {
   // A lone "-": fetching the character behind it with a bounds check raises the
   // standard out-of-range error, for the caller of the public operation to see.
   if (word.size() == 1)
@@ -67,7 +38,7 @@ int WordCursor::accept(std::string_view word) {
 }
 
 int WordCursor::acceptTraced(std::string_view word, WordRole role) {
-  recorder->took(static_cast<std::size_t>(position - text.data()), word, role);
+  recorder->took(offsetOf(word), word, role);
   try {
     return accept(word);
   } catch (const std::out_of_range &) {
@@ -97,13 +68,10 @@ int WordCursor::goOnTraced(int next) {
 }
 
 void WordCursor::ignoreRest() {
-  for (;;) {
-    const std::string_view word = peek();
-    if (word.empty())
-      return;
+  std::string_view word;
+  while (peek(word) && !word.empty()) {
     if (recorder != nullptr)
-      recorder->took(static_cast<std::size_t>(position - text.data()), word,
-                     WordRole::ignored);
+      recorder->took(offsetOf(word), word, WordRole::ignored);
     position += word.size();
   }
 }

@@ -20,6 +20,7 @@
 #include "KvoOption_Parser/Codes.h"
 #include "KvoOption_Parser/Recorder.h"
 #include "KvoOption_Parser/ValueForm.h"
+#include "KvoOption_Parser/WordEnd.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 
 namespace ZelDebugDialog::kvo {
@@ -38,8 +39,8 @@ public:
   /// copied to `current_option`, or `code::end` with `word` as it was. A lone
   /// "-" is refused by std::out_of_range, after it was read into `word`.
   template <class Word> int next(Word &word, WordRole role) {
-    const std::string_view found = peek();
-    if (position == end)
+    std::string_view found;
+    if (!peek(found))
       return code::end;
     word = found;
     return recorder == nullptr ? accept(found) : acceptTraced(found, role);
@@ -155,10 +156,15 @@ public:
   Recorder *const recorder; ///< null where nobody listens
 
 private:
-  /// Finds the next word, and drops the white space in front of it.
-  std::string_view peek();
+  std::size_t offsetOf(std::string_view word) const {
+    return static_cast<std::size_t>(word.data() - text.data());
+  }
+  /// Finds the next word, and drops the white space in front of it; false at
+  /// the end.
+  bool peek(std::string_view &word);
   /// Goes behind the word that was found and classifies it.
   int accept(std::string_view word);
+  int acceptMinus(std::string_view word);
   [[gnu::cold]] int acceptTraced(std::string_view word, WordRole role);
   [[gnu::cold]] int goOnTraced(int next);
 
@@ -167,6 +173,27 @@ private:
   const char *position; // into `text`, as is `end`
   const char *end;
 };
+
+inline bool WordCursor::peek(std::string_view &word) {
+  const char *const last = end;
+  const char *first = position;
+  while (first != last && characters.isSpace(*first))
+    ++first;
+  const char *stop = endOfWord(first, last);
+  while (stop != first && characters.isSpace(stop[-1]))
+    --stop;
+  position = first;
+  word = {first, static_cast<std::size_t>(stop - first)};
+  return first != last;
+}
+
+inline int WordCursor::accept(std::string_view word) {
+  position += word.size();
+  // Under a locale to which a blank is no white space a word may be empty.
+  if (word.empty() || word.front() != '-')
+    return code::value;
+  return acceptMinus(word);
+}
 
 } // namespace ZelDebugDialog::kvo
 
