@@ -20,7 +20,10 @@ constexpr std::string_view lengthField = "content-length";
                     quote(std::string(line)));
 }
 
-bool isNameCharacter(char c) { return c > ' ' && c < 0x7F && c != ':'; }
+bool isNameCharacter(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+         (c >= '0' && c <= '9') || c == '-';
+}
 
 bool isLengthField(std::string_view name) {
   return std::equal(name.begin(), name.end(), lengthField.begin(),

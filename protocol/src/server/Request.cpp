@@ -68,6 +68,11 @@ Given parse(std::string_view text, Twins &twins) {
   if (nestsTooDeeply(text))
     throw Fault(FaultCode::noJson, "at most " + std::to_string(deepestNesting) +
                                        " arrays and objects nest");
+  // The reader of JSON would take a null byte for the end of the text.
+  const std::size_t null = text.find('\0');
+  if (null != std::string_view::npos)
+    throw Fault(FaultCode::noJson, "this is no JSON: byte " +
+                                       std::to_string(null + 1) + " is null");
   const auto see = [&twins](int, Given::parse_event_t event, Given &parsed) {
     twins.see(event, parsed);
     return true;
