@@ -105,7 +105,7 @@ public:
   Bell(const Bell &) = delete;
   Bell &operator=(const Bell &) = delete;
 
-  void ring() {
+  void ring() const {
     const char any = 0;
     while (write(ends[1], &any, 1) < 0 && errno == EINTR)
       continue;
@@ -190,6 +190,27 @@ private:
   FrameReader frames;
 };
 
+/// Reads in a thread of its own as long as it lives.
+class ReadingThread {
+public:
+  ReadingThread(Server &server, Queue &toQueue, int input)
+      : queue(toQueue), reader(server, toQueue, input, bell.descriptor()),
+        thread([this] { reader.run(); }) {}
+  ~ReadingThread() {
+    queue.abandon();
+    bell.ring();
+    thread.join();
+  }
+  ReadingThread(const ReadingThread &) = delete;
+  ReadingThread &operator=(const ReadingThread &) = delete;
+
+private:
+  Queue &queue;
+  Bell bell;
+  Reader reader;
+  std::thread thread;
+};
+
 /// @return 0, or the error number
 int writeAll(int output, std::string_view text) {
   while (!text.empty()) {
@@ -238,13 +259,11 @@ int work(Server &server, Queue &queue, int output, const Log &log) {
 
 std::string servePipe(Server &server, int input, int output, const Log &log) {
   Queue queue;
-  Bell bell;
-  Reader reader(server, queue, input, bell.descriptor());
-  std::thread thread([&reader] { reader.run(); });
-  const int problem = work(server, queue, output, log);
-  queue.abandon();
-  bell.ring();
-  thread.join();
+  int problem = 0;
+  {
+    const ReadingThread thread(server, queue, input);
+    problem = work(server, queue, output, log);
+  }
   if (problem != 0)
     return problem == EPIPE ? "" : problemOf("standard output", problem);
   return queue.whyClosed();

@@ -1,5 +1,6 @@
 #include "server/Request.h"
 
+#include <cmath>
 #include <new>
 #include <set>
 #include <vector>
@@ -87,7 +88,12 @@ Given parse(std::string_view text, Twins &twins) {
   }
 }
 
+/// An answer has the very same one: numbers of more digits than are kept would
+/// come back as others.
 bool isId(const Given &id) {
+  constexpr double mostExact = 9007199254740992.0; // 2^53
+  if (id.is_number_float())
+    return std::abs(id.get<double>()) < mostExact;
   return id.is_string() || id.is_number() || id.is_null();
 }
 
@@ -101,7 +107,7 @@ void readMembers(Given &object, const Twins &twins, Request &request) {
     throw noRequest("the member " + quote(*twins.found) +
                     " stands twice in one object");
   if (hasId && !isId(*id))
-    throw noRequest("'id' is no text, number or null");
+    throw noRequest("'id' is no text, number of 64 bits, or null");
   const auto version = object.find("jsonrpc");
   if (version == object.end() || *version != "2.0")
     throw noRequest("'jsonrpc' is not \"2.0\"");

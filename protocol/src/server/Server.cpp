@@ -84,6 +84,23 @@ struct Server::State {
       if (call->request.id == id)
         call->isCancelled = true;
   }
+
+  /// Forgets a call at the end, whatever becomes of it.
+  class Done {
+  public:
+    Done(State &ofServer, AcceptedCall &finished)
+        : state(ofServer), call(finished) {}
+    ~Done() {
+      const std::lock_guard<std::mutex> turn(state.mutex);
+      state.calls.erase(&call);
+    }
+    Done(const Done &) = delete;
+    Done &operator=(const Done &) = delete;
+
+  private:
+    State &state;
+    AcceptedCall &call;
+  };
 };
 
 Server::Server(const std::string &directory)
@@ -105,9 +122,8 @@ std::shared_ptr<Call> Server::Accept(std::string_view request) {
 
 std::optional<std::string> Server::Finish(const std::shared_ptr<Call> &call) {
   auto &accepted = static_cast<AcceptedCall &>(*call);
+  const State::Done done(*state, accepted);
   std::string answer = answerTo(accepted, state->open, state->directory);
-  const std::lock_guard<std::mutex> turn(state->mutex);
-  state->calls.erase(&accepted);
   if (!accepted.request.id)
     return std::nullopt;
   return answer;
