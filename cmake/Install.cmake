@@ -80,6 +80,15 @@ function(zeldebugdialog_install_configuration_model)
         -lZelDebugDialogConfigurationModel "zeldebugdialog fmt" -lstdc++)
 endfunction()
 
+function(zeldebugdialog_install_c_interface)
+    zeldebugdialog_install_library(ZelDebugDialogC C ZelDebugDialogCTargets)
+    zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/c_interface/include)
+    zeldebugdialog_install_targets(ZelDebugDialogCTargets)
+    zeldebugdialog_install_pkg_config(zeldebugdialog-c
+        "ZelDebugDialog for every language that can call C" -lzeldebugdialog-c
+        "zeldebugdialog-configuration-model zeldebugdialog-design-model" -lstdc++)
+endfunction()
+
 function(zeldebugdialog_install_tool)
     file(RELATIVE_PATH libraries_from_here
         ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
@@ -108,6 +117,9 @@ function(zeldebugdialog_install_package)
     endif()
     if(ZELDEBUGDIALOG_CONFIGURATION_MODEL)
         zeldebugdialog_install_configuration_model()
+    endif()
+    if(ZELDEBUGDIALOG_C_INTERFACE)
+        zeldebugdialog_install_c_interface()
     endif()
     if(ZELDEBUGDIALOG_TOOL)
         zeldebugdialog_install_tool()

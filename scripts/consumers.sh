@@ -6,6 +6,7 @@
 project=$PWD
 consumers=$project/tests/packaging/consumers
 vendor=$project/tests/packaging/vendor
+board=$project/examples/board/board.xml
 : "${CXX:=c++}" "${CXX_STANDARD:=17}"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -44,6 +45,7 @@ find_package_consumer() {
   "$scratch/find_package/dialog"
   "$scratch/find_package/model_dialog"
   "$scratch/find_package/session"
+  "$scratch/find_package/c_interface" "$board"
 }
 
 pkg_config_consumer() {
@@ -68,6 +70,13 @@ pkg_config_consumer() {
   "$CXX" "$consumers/session.cpp" "$consumers/OwnDesign.cpp" "${flags[@]}" "${all[@]}" \
     -o "$scratch/pkg_config/session"
   "$scratch/pkg_config/session"
+
+  # As C, by a compiler of C.
+  read -ra flags <<<"$(pkg-config --cflags --libs zeldebugdialog-c)"
+  "${CC:-cc}" -std=c99 -pedantic -Wall -Wextra -Werror "$project/tests/c_interface/use.c" \
+    -DZELDEBUGDIALOG_VERSION="\"$(pkg-config --modversion zeldebugdialog-c)\"" \
+    "${flags[@]}" "-Wl,-rpath,$libraries" -o "$scratch/pkg_config/c_interface"
+  "$scratch/pkg_config/c_interface" "$board"
 }
 
 add_subdirectory_consumer() {

@@ -12,9 +12,9 @@ using testing::StartsWith;
 using CommandLineTest = ToolTest;
 
 const std::vector<std::string> subcommands{
-    "list",   "design",   "show",         "set",    "command",
-    "check",  "explain",  "explain-code", "diff",   "roundtrip",
-    "cables", "language", "completion",   "manual", "help"};
+    "list",    "design",       "show",   "set",       "command", "check",
+    "explain", "explain-code", "diff",   "roundtrip", "cables",  "language",
+    "serve",   "completion",   "manual", "help"};
 
 TEST_F(CommandLineTest, EveryLevelHasHelpWithAnExample) {
   Result run = this->run({"--help"});
@@ -61,13 +61,15 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
        "unknown subcommand 'lst'; there are 'list', 'design', 'kinds', 'show', "
        "'set', "
        "'command', 'check', 'explain', 'explain-code', 'diff', 'roundtrip', "
-       "'cables', 'language', 'completion', 'manual', 'help'; did you mean "
+       "'cables', 'language', 'serve', 'completion', 'manual', 'help'; did "
+       "you mean "
        "'list'?"},
       {{"frobnicate"},
        "unknown subcommand 'frobnicate'; there are 'list', 'design', 'kinds', "
        "'show', "
        "'set', 'command', 'check', 'explain', 'explain-code', 'diff', "
-       "'roundtrip', 'cables', 'language', 'completion', 'manual', 'help'"},
+       "'roundtrip', 'cables', 'language', 'serve', 'completion', 'manual', "
+       "'help'"},
       {{"list", "--jsn", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
        "'--color', '--quiet', '--strict', "

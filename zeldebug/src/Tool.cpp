@@ -35,6 +35,7 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   addRoundtripCommand(line);
   addCablesCommand(line);
   addLanguageCommand(line);
+  addServeCommand(line);
   addCompletionScriptCommand(line);
   addManualCommand(line);
   addHelpCommand(line);

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "documents/Designs.h"
 #include "line/Number.h"
 #include "line/TextOption.h"
 #include "output/Output.h"
@@ -19,24 +20,13 @@ using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignSources;
 using ZelDebugDialog::LibrarySearch;
 using ZelDebugDialog::MissingDocument;
+using ZelDebugDialog::documents::shownSeverity;
 
 using Severity = DesignDiagnostic::Severity;
 
 constexpr Range instanceCount{1, 100000000, false};
 
 constexpr const char *group = "The design";
-
-const char *shownSeverity(Severity severity) {
-  switch (severity) {
-  case Severity::error:
-    return "error";
-  case Severity::warning:
-    return "warning";
-  case Severity::note:
-    return "note";
-  }
-  return "";
-}
 
 DesignRemark remarkOf(const DesignDiagnostic &diagnostic) {
   return {diagnostic.file, diagnostic.line, shownSeverity(diagnostic.severity),
@@ -314,16 +304,6 @@ std::string shellLine(const std::vector<std::string> &words) {
     line += '\'';
   }
   return line;
-}
-
-Json diagnosticsJson(const DesignModel &design) {
-  Json list = Json::array();
-  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
-    list.push_back({{"file", diagnostic.file},
-                    {"line", diagnostic.line},
-                    {"severity", shownSeverity(diagnostic.severity)},
-                    {"message", diagnostic.message}});
-  return list;
 }
 
 } // namespace zeldebug

@@ -75,9 +75,6 @@ private:
 /// Words as a shell takes them.
 std::string shellLine(const std::vector<std::string> &words);
 
-/// [{"file", "line", "severity", "message"}]
-Json diagnosticsJson(const ZelDebugDialog::DesignModel &design);
-
 } // namespace zeldebug
 
 #endif

@@ -1,13 +1,12 @@
-// The JSON type of the program: members keep the order in which they were
-// added.
+// The JSON type of the program: that of the documents.
 #ifndef ZELDEBUG_JSON_H
 #define ZELDEBUG_JSON_H
 
-#include <nlohmann/json.hpp>
+#include "documents/Json.h"
 
 namespace zeldebug {
 
-using Json = nlohmann::ordered_json;
+using ZelDebugDialog::documents::Json;
 
 } // namespace zeldebug
 

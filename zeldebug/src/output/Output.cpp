@@ -173,6 +173,10 @@ void Output::error(std::string_view text, const About &about) {
   keep(errorSeverity, text, about);
 }
 
+void Output::log(std::string_view text) {
+  writeAll(STDERR_FILENO, fmt::format("zeldebug: {}\n", printable(text)));
+}
+
 void Output::fail(const Failure &failure) {
   say(errorSeverity, failure.what());
   keepFailure(failure);
@@ -215,6 +219,8 @@ ExitStatus Output::finish(ExitStatus status) {
     status = ExitStatus::refused;
     fail(Failure(status, "a warning is a failure with --strict"));
   }
+  if (isLeft)
+    return status;
   if (jsonWanted && !isDocument)
     document({{"text", result}});
   const int problem =

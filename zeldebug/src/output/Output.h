@@ -93,6 +93,12 @@ public:
   /// Columns of standard output; 0 for as many as it takes.
   std::size_t width() const { return columns; }
 
+  /// A line of a log, on standard error; in no document.
+  static void log(std::string_view text);
+  /// Standard output is the subcommand's own: neither a result nor a document
+  /// goes there.
+  void leaveStandardOutput() { isLeft = true; }
+
   /// Writes the result out; a text, where JSON is wanted, as a document.
   /// @return `status`, or `refused` when the result could not be written or
   ///   warnings are failures.
@@ -111,6 +117,7 @@ private:
 
   bool jsonWanted = false;
   bool isDocument = false;
+  bool isLeft = false;
   bool isQuiet = false;
   bool isStrict = false;
   bool hasWarned = false;

@@ -13,6 +13,11 @@ using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::SettingKind;
 using ZelDebugDialog::Value;
 
+std::string shownField(const std::string &name, const Value &value) {
+  const SettingInfo *const setting = FindSetting(name);
+  return ShowStored(setting == nullptr ? SettingInfo() : *setting, value);
+}
+
 std::string shownStored(const std::string &setting, const Value &value) {
   const SettingInfo *const info = FindSetting(setting);
   if (info == nullptr)
@@ -37,18 +42,6 @@ std::string shownLoss(const Loss &loss) {
                      readBack, loss.reason, anchor);
 }
 
-Json toJson(const std::vector<Loss> &losses) {
-  Json list = Json::array();
-  for (const Loss &loss : losses)
-    list.push_back(
-        {{"field", loss.field},
-         {"value", toJson(loss.value)},
-         {"readBack", toJson(loss.readBack)},
-         {"reason", loss.reason},
-         {"anchor", loss.anchor.empty() ? Json() : Json(loss.anchor)}});
-  return list;
-}
-
 std::string shownEffect(const Effect &effect) {
   const std::string before = shownStored(effect.setting, effect.before);
   if (effect.before == effect.after)
@@ -56,16 +49,6 @@ std::string shownEffect(const Effect &effect) {
   return fmt::format("{} {} becomes {}{}{}", effect.setting, before,
                      shownStored(effect.setting, effect.after),
                      effect.why.empty() ? "" : ": ", effect.why);
-}
-
-Json toJson(const std::vector<Effect> &effects) {
-  Json list = Json::array();
-  for (const Effect &effect : effects)
-    list.push_back({{"setting", effect.setting},
-                    {"before", toJson(effect.before)},
-                    {"after", toJson(effect.after)},
-                    {"why", effect.why}});
-  return list;
 }
 
 } // namespace zeldebug

@@ -1,4 +1,4 @@
-// Losses and effects as JSON, and as messages have them.
+// Values, losses and effects as JSON, and as messages and tables have them.
 #ifndef ZELDEBUG_VALUES_H
 #define ZELDEBUG_VALUES_H
 
@@ -7,9 +7,17 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Session.h>
 
-#include "output/ValueJson.h"
+#include "documents/Values.h"
+#include "output/Json.h"
 
 namespace zeldebug {
+
+using ZelDebugDialog::documents::fieldJson;
+using ZelDebugDialog::documents::toJson;
+
+/// A field for people, as the records hold it: 3, 0x40000000, "USB21".
+std::string shownField(const std::string &name,
+                       const ZelDebugDialog::Value &value);
 
 /// A value as the records hold it: "3", "0x40000000", "not set", "\"USB21\"".
 std::string shownStored(const std::string &setting,
@@ -18,14 +26,8 @@ std::string shownStored(const std::string &setting,
 /// "debugDevice 3 (comes back as 0): reason [anchor]"
 std::string shownLoss(const ZelDebugDialog::Loss &loss);
 
-/// [{"field", "value", "readBack", "reason", "anchor"}]
-Json toJson(const std::vector<ZelDebugDialog::Loss> &losses);
-
 /// "cable.port \"\" becomes \"USB21\": reason"
 std::string shownEffect(const ZelDebugDialog::Effect &effect);
-
-/// [{"setting", "before", "after", "why"}]
-Json toJson(const std::vector<ZelDebugDialog::Effect> &effects);
 
 } // namespace zeldebug
 

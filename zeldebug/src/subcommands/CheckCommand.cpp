@@ -6,6 +6,8 @@
 #include <ZelDebugDialog/ConfigurationModel/Commands.h>
 #include <fmt/format.h>
 
+#include "documents/Commands.h"
+#include "documents/Designs.h"
 #include "line/CommandLine.h"
 #include "line/CommandsInFile.h"
 #include "line/DesignOptions.h"
@@ -24,6 +26,8 @@ using ZelDebugDialog::CodeSeverity;
 using ZelDebugDialog::CommandDiagnostic;
 using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::ShowSeverity;
+
+namespace documents = ZelDebugDialog::documents;
 
 struct CheckLine {
   std::vector<std::string> commands;
@@ -108,31 +112,6 @@ void print(Output &output, const std::string &place, const std::string &text,
         fmt::format("  did you mean '{}'?", diagnostic.suggestion));
 }
 
-Json diagnosticJson(const CommandDiagnostic &diagnostic) {
-  const bool isSilent = diagnostic.engineMessage.empty();
-  return {{"offset", diagnostic.offset},
-          {"length", diagnostic.length},
-          {"severity", ShowSeverity(diagnostic.severity)},
-          {"code", diagnostic.code},
-          {"message", isSilent ? diagnostic.message : diagnostic.engineMessage},
-          {"summary", diagnostic.message},
-          {"accepted", diagnostic.accepted},
-          {"suggestion", diagnostic.suggestion.empty()
-                             ? Json()
-                             : Json(diagnostic.suggestion)}};
-}
-
-Json checkedJson(const CheckedCommand &checked, int line) {
-  Json list = Json::array();
-  for (const CommandDiagnostic &diagnostic : checked.diagnostics)
-    list.push_back(diagnosticJson(diagnostic));
-  return {{"text", checked.text},
-          {"line", line == 0 ? Json() : Json(line)},
-          {"result", checked.result},
-          {"error", checked.error},
-          {"diagnostics", list}};
-}
-
 /// The processor that the commands are checked for, if the line names one.
 class CheckedFor {
 public:
@@ -190,7 +169,7 @@ ExitStatus run(const CheckLine &line, const CommandLine &commandLine,
                       return diagnostic.severity == CodeSeverity::warning;
                     }));
     if (output.json()) {
-      list.push_back(checkedJson(checked, command.number));
+      list.push_back(documents::checkedJson(checked, command.number));
       continue;
     }
     const std::string place =
@@ -200,11 +179,11 @@ ExitStatus run(const CheckLine &line, const CommandLine &commandLine,
       print(output, place, command.text, diagnostic);
   }
   if (output.json())
-    output.document(
-        {{"commands", list},
-         {"diagnostics", checker.designOrNull() == nullptr
-                             ? Json::array()
-                             : diagnosticsJson(*checker.designOrNull())}});
+    output.document({{"commands", list},
+                     {"diagnostics", checker.designOrNull() == nullptr
+                                         ? Json::array()
+                                         : documents::diagnosticsJson(
+                                               *checker.designOrNull())}});
   else
     output.printLine(fmt::format("{} checked, {} refused",
                                  counted(commands.size(), "command"), faulty));

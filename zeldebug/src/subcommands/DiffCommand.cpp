@@ -6,11 +6,12 @@
 #include <ZelDebugDialog/ConfigurationModel/Refusal.h>
 #include <fmt/format.h>
 
+#include "documents/Commands.h"
 #include "line/CommandLine.h"
 #include "line/Options.h"
 #include "line/Refused.h"
 #include "output/Table.h"
-#include "output/ValueJson.h"
+#include "output/Values.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
@@ -30,17 +31,6 @@ Differences expectDifferences(const Commands &commands) {
   }
 }
 
-Json differencesJson(const Differences &differences) {
-  Json list = Json::array();
-  for (const CommandDifference &one : differences)
-    list.push_back(
-        {{"name", one.setting},
-         {"before", fieldJson(one.setting, one.first)},
-         {"after", fieldJson(one.setting, one.second)},
-         {"reason", one.reason.empty() ? Json() : Json(one.reason)}});
-  return list;
-}
-
 void print(const Differences &differences, Output &output) {
   Table table({"SETTING", "FIRST", "SECOND"});
   for (const CommandDifference &one : differences)
@@ -55,8 +45,7 @@ void print(const Differences &differences, Output &output) {
 ExitStatus run(const Commands &commands, Output &output) {
   const Differences differences = expectDifferences(commands);
   if (output.json())
-    output.document({{"equal", differences.empty()},
-                     {"differences", differencesJson(differences)}});
+    output.document(ZelDebugDialog::documents::differencesJson(differences));
   else if (differences.empty())
     output.printLine("The commands have the same settings.");
   else

@@ -4,10 +4,11 @@
 #include <ZelDebugDialog/ConfigurationModel/Commands.h>
 #include <fmt/format.h>
 
+#include "documents/Commands.h"
 #include "line/CommandLine.h"
 #include "line/Options.h"
 #include "output/Table.h"
-#include "output/ValueJson.h"
+#include "output/Values.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
@@ -17,22 +18,6 @@ namespace {
 using ZelDebugDialog::ExplainedCommand;
 using ZelDebugDialog::ExplainedWord;
 using ZelDebugDialog::WordChange;
-
-Json wordJson(const ExplainedWord &word) {
-  Json list = Json::array();
-  for (const WordChange &change : word.changes)
-    list.push_back({{"name", change.setting},
-                    {"before", fieldJson(change.setting, change.before)},
-                    {"value", fieldJson(change.setting, change.after)}});
-  const bool isPlain = list.empty();
-  return {{"offset", word.offset},
-          {"length", word.length},
-          {"text", word.text},
-          {"role", word.role},
-          {"field", isPlain ? Json() : list[0]["name"]},
-          {"value", isPlain ? Json() : list[0]["value"]},
-          {"changes", list}};
-}
 
 void printWords(const ExplainedCommand &command, Output &output) {
   Table table({"COLUMN", "WORD", "ROLE", "CHANGES"});
@@ -49,17 +34,10 @@ void printWords(const ExplainedCommand &command, Output &output) {
 
 ExitStatus run(const std::string &text, Output &output) {
   const ExplainedCommand command = ZelDebugDialog::ExplainCommand(text);
-  if (output.json()) {
-    Json list = Json::array();
-    for (const ExplainedWord &word : command.words)
-      list.push_back(wordJson(word));
-    output.document({{"text", text},
-                     {"result", command.result},
-                     {"error", command.error},
-                     {"words", list}});
-  } else {
+  if (output.json())
+    output.document(ZelDebugDialog::documents::explainedJson(command));
+  else
     printWords(command, output);
-  }
   if (command.accepted)
     return ExitStatus::done;
   const Failure failure(

@@ -9,18 +9,13 @@
 #include <ZelDebugDialog/ConfigurationModel/Board.h>
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
+#include "documents/Designs.h"
 #include "output/Json.h"
 #include "output/Output.h"
 
 namespace zeldebug {
 
-struct Undebuggable {
-  std::string name;
-  std::string type;
-  std::string reason;
-  /// "interface: instance.interface", a few.
-  std::vector<std::string> wiredTo;
-};
+using ZelDebugDialog::documents::Undebuggable;
 
 class ProcessorList {
 public:

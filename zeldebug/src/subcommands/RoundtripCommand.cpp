@@ -9,7 +9,7 @@
 #include "line/CommandLine.h"
 #include "line/CommandsInFile.h"
 #include "line/Options.h"
-#include "output/ValueJson.h"
+#include "output/Values.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {

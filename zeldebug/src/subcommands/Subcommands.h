@@ -19,6 +19,7 @@ void addDiffCommand(CommandLine &line);
 void addRoundtripCommand(CommandLine &line);
 void addCablesCommand(CommandLine &line);
 void addLanguageCommand(CommandLine &line);
+void addServeCommand(CommandLine &line);
 void addCompletionScriptCommand(CommandLine &line);
 void addCompletionWordsCommand(CommandLine &line);
 void addManualCommand(CommandLine &line);

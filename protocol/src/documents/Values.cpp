@@ -1,14 +1,8 @@
-#include "output/ValueJson.h"
+#include "documents/Values.h"
 
-#include <ZelDebugDialog/ConfigurationModel/Settings.h>
-
-namespace zeldebug {
+namespace ZelDebugDialog::documents {
 
 namespace {
-
-using ZelDebugDialog::ChainDevice;
-using ZelDebugDialog::SettingInfo;
-using ZelDebugDialog::Value;
 
 Json deviceJson(const ChainDevice &device) {
   Json object = Json::object();
@@ -41,9 +35,26 @@ Json fieldJson(const std::string &name, const Value &value) {
              : toJson(value);
 }
 
-std::string shownField(const std::string &name, const Value &value) {
-  const SettingInfo *const setting = ZelDebugDialog::FindSetting(name);
-  return ShowStored(setting == nullptr ? SettingInfo() : *setting, value);
+Json toJson(const std::vector<Loss> &losses) {
+  Json list = Json::array();
+  for (const Loss &loss : losses)
+    list.push_back(
+        {{"field", loss.field},
+         {"value", toJson(loss.value)},
+         {"readBack", toJson(loss.readBack)},
+         {"reason", loss.reason},
+         {"anchor", loss.anchor.empty() ? Json() : Json(loss.anchor)}});
+  return list;
 }
 
-} // namespace zeldebug
+Json toJson(const std::vector<Effect> &effects) {
+  Json list = Json::array();
+  for (const Effect &effect : effects)
+    list.push_back({{"setting", effect.setting},
+                    {"before", toJson(effect.before)},
+                    {"after", toJson(effect.after)},
+                    {"why", effect.why}});
+  return list;
+}
+
+} // namespace ZelDebugDialog::documents

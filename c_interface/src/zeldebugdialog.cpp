@@ -1,0 +1,83 @@
+#include "zeldebugdialog.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <optional>
+#include <string>
+
+#include "server/Server.h"
+
+struct zdd_server {
+  ZelDebugDialog::protocol::Server server;
+};
+
+namespace {
+
+/// Runs what may be short of memory, which is all that can be thrown here.
+template <class Function> zdd_status guarded(const Function &run) noexcept {
+  try {
+    return run();
+  } catch (...) {
+    return ZDD_NO_MEMORY;
+  }
+}
+
+/// With a null byte behind it; null without memory.
+char *copied(const std::string &text) {
+  auto *const copy = static_cast<char *>(std::malloc(text.size() + 1));
+  if (copy != nullptr)
+    std::memcpy(copy, text.c_str(), text.size() + 1);
+  return copy;
+}
+
+} // namespace
+
+zdd_status zdd_server_create(zdd_server **server) {
+  if (server == nullptr)
+    return ZDD_NULL_POINTER;
+  *server = nullptr;
+  return guarded([server] {
+    *server = std::make_unique<zdd_server>().release();
+    return ZDD_OK;
+  });
+}
+
+zdd_status zdd_server_release(zdd_server *server) {
+  if (server == nullptr)
+    return ZDD_NULL_POINTER;
+  const std::unique_ptr<zdd_server> released(server);
+  return ZDD_OK;
+}
+
+zdd_status zdd_answer(zdd_server *server, const char *request, size_t length,
+                      char **answer, size_t *answer_length) {
+  if (answer != nullptr)
+    *answer = nullptr;
+  if (answer_length != nullptr)
+    *answer_length = 0;
+  if (server == nullptr || request == nullptr || answer == nullptr)
+    return ZDD_NULL_POINTER;
+  return guarded([&] {
+    const std::optional<std::string> text =
+        server->server.Answer({request, length});
+    if (!text)
+      return ZDD_NO_ANSWER;
+    *answer = copied(*text);
+    if (*answer == nullptr)
+      return ZDD_NO_MEMORY;
+    if (answer_length != nullptr)
+      *answer_length = text->size();
+    return ZDD_OK;
+  });
+}
+
+zdd_status zdd_answer_release(char *answer) {
+  if (answer == nullptr)
+    return ZDD_NULL_POINTER;
+  std::free(answer);
+  return ZDD_OK;
+}
+
+const char *zdd_version() { return ZELDEBUGDIALOG_VERSION; }

@@ -1,0 +1,27 @@
+// The table of settings, and a configuration with all that is known of it.
+#ifndef ZELDEBUGDIALOG_PROTOCOL_DOCUMENTS_SETTINGS_H
+#define ZELDEBUGDIALOG_PROTOCOL_DOCUMENTS_SETTINGS_H
+
+#include <vector>
+
+#include <ZelDebugDialog/ConfigurationModel/Session.h>
+
+#include "documents/Json.h"
+
+namespace ZelDebugDialog::documents {
+
+// What does not apply to a row is left out of it.
+
+/// [{"id", "group", "label", "help", "kind", "unit", "minimum", "maximum",
+/// "settable", "together", "choices"}]
+Json settingsJson();
+
+/// [{"field", "value", "readBack", "reason", "code", "anchor", "displacedBy",
+/// "blocking"}]
+Json lossesJson(const std::vector<Loss> &losses);
+
+Json stateJson(const SessionState &state);
+
+} // namespace ZelDebugDialog::documents
+
+#endif

@@ -1,0 +1,89 @@
+#include "server/AskedValues.h"
+
+#include <cmath>
+#include <limits>
+
+#include "documents/Bytes.h"
+#include "server/Parameters.h"
+
+namespace ZelDebugDialog::protocol {
+
+namespace {
+
+/// Every whole number up to here is one of floating point as well.
+constexpr double mostExact = 9007199254740992.0; // 2^53
+
+[[noreturn]] void refuse(const std::string &setting, const Given &value,
+                         const std::string &problem) {
+  std::string shown =
+      value.dump(-1, ' ', false, Given::error_handler_t::replace);
+  refuseParameter(quote(setting) + ": " + quote(shown) + " is " + problem,
+                  {setting, shown});
+}
+
+bool isHuge(const Given &value) {
+  return value.is_number_unsigned() &&
+         value.get<std::uint64_t>() >
+             static_cast<std::uint64_t>(
+                 std::numeric_limits<std::int64_t>::max());
+}
+
+/// 3e6 and 3.0 are whole numbers, too.
+bool isWholeFloat(const Given &value) {
+  if (!value.is_number_float())
+    return false;
+  const double number = value.get<double>();
+  return std::abs(number) <= mostExact && std::floor(number) == number;
+}
+
+Value textOf(const std::string &setting, const Given &object) {
+  const auto bytes = object.find("bytes");
+  if (object.size() != 1 || bytes == object.end() || !bytes->is_string())
+    refuse(setting, object, "no object with 'bytes', a text in base64, alone");
+  const auto decoded =
+      documents::decodeBytes(bytes->get_ref<const std::string &>());
+  if (!decoded)
+    refuse(setting, object, "no base64 with its padding");
+  return *decoded;
+}
+
+Value plainValue(const std::string &setting, const Given &value) {
+  if (value.is_boolean())
+    return value.get<bool>();
+  if (value.is_string())
+    return value.get<std::string>();
+  if (value.is_number_integer() && !isHuge(value))
+    return value.get<std::int64_t>();
+  if (isWholeFloat(value))
+    return static_cast<std::int64_t>(value.get<double>());
+  if (value.is_object())
+    return textOf(setting, value);
+  refuse(setting, value,
+         "no whole number of 64 bits, text, true, false, or object with "
+         "'bytes'");
+}
+
+Value chainOf(const std::string &setting, const Given &list) {
+  Value::Chain chain;
+  for (const Given &device : list) {
+    if (!device.is_object())
+      refuse(setting, device, "no object with the fields of a device");
+    ChainDevice fields;
+    for (const auto &[name, value] : device.items())
+      fields.emplace_back(name, plainValue(setting, value));
+    chain.push_back(std::move(fields));
+  }
+  return chain;
+}
+
+} // namespace
+
+SettingValues askedValues(const Given &values) {
+  SettingValues asked;
+  for (const auto &[setting, value] : values.items())
+    asked.emplace_back(setting, value.is_array() ? chainOf(setting, value)
+                                                 : plainValue(setting, value));
+  return asked;
+}
+
+} // namespace ZelDebugDialog::protocol

@@ -1,0 +1,126 @@
+// Configurations: opened, changed, saved and closed.
+#include <utility>
+
+#include "documents/Settings.h"
+#include "documents/Values.h"
+#include "server/AskedValues.h"
+#include "server/Methods.h"
+
+namespace ZelDebugDialog::protocol {
+
+namespace {
+
+using Turn = std::lock_guard<std::mutex>;
+
+std::shared_ptr<OpenConfiguration> configurationOf(const Workplace &place,
+                                                   const Parameters &given) {
+  return place.open.expectConfiguration(given.handle("configuration"));
+}
+
+/// Does something with a configuration. What was refused has changed nothing.
+/// @return what `act` returns, with the patch from the state before
+template <class Act>
+Json patched(const Workplace &place, const Parameters &given, const Act &act) {
+  const auto configuration = configurationOf(place, given);
+  const Turn turn(configuration->turn());
+  const Json before = configuration->state();
+  Json result = act(configuration->session());
+  configuration->forgetState();
+  result["patch"] = Json::diff(before, configuration->state());
+  return result;
+}
+
+/// The same, where `act` returns effects.
+template <class Act>
+Json effectsOf(const Workplace &place, const Parameters &given,
+               const Act &act) {
+  return patched(place, given, [&act](Session &session) {
+    return Json{{"effects", documents::toJson(act(session))}};
+  });
+}
+
+} // namespace
+
+Json openConfiguration(const Workplace &place, const Parameters &given) {
+  const auto board = place.open.expectBoard(given.handle("board"));
+  const auto opened =
+      std::make_shared<OpenConfiguration>(board, given.text("processor"));
+  const Turn turn(opened->turn());
+  const Json &state = opened->state();
+  return {{"configuration", place.open.add(opened)}, {"state", state}};
+}
+
+Json stateOfConfiguration(const Workplace &place, const Parameters &given) {
+  const auto configuration = configurationOf(place, given);
+  const Turn turn(configuration->turn());
+  return {{"state", configuration->state()}};
+}
+
+Json closeConfiguration(const Workplace &place, const Parameters &given) {
+  place.open.closeConfiguration(given.handle("configuration"));
+  return Json::object();
+}
+
+Json changeConfiguration(const Workplace &place, const Parameters &given) {
+  const SettingValues values = askedValues(given.json("values"));
+  return effectsOf(place, given, [&values](Session &session) {
+    return session.Change(values);
+  });
+}
+
+Json draftConfiguration(const Workplace &place, const Parameters &given) {
+  const std::string &setting = given.text("setting");
+  const std::optional<std::string> text = given.optionalText("text");
+  return effectsOf(place, given, [&](Session &session) {
+    return text ? session.Draft(setting, *text) : session.DropDraft(setting);
+  });
+}
+
+Json editConfiguration(const Workplace &place, const Parameters &given) {
+  const std::string &command = given.text("command");
+  return effectsOf(place, given, [&command](Session &session) {
+    return session.Edit(command);
+  });
+}
+
+Json undoConfiguration(const Workplace &place, const Parameters &given) {
+  return effectsOf(place, given,
+                   [](Session &session) { return session.Undo(); });
+}
+
+Json redoConfiguration(const Workplace &place, const Parameters &given) {
+  return effectsOf(place, given,
+                   [](Session &session) { return session.Redo(); });
+}
+
+Json revertConfiguration(const Workplace &place, const Parameters &given) {
+  return effectsOf(place, given,
+                   [](Session &session) { return session.Revert(); });
+}
+
+Json resetConfiguration(const Workplace &place, const Parameters &given) {
+  const std::vector<std::string> settings = given.texts("settings");
+  return effectsOf(place, given, [&settings](Session &session) {
+    return session.Reset(settings);
+  });
+}
+
+Json copyConfiguration(const Workplace &place, const Parameters &given) {
+  const auto other = place.open.expectConfiguration(given.handle("from"));
+  return effectsOf(place, given, [&other](Session &session) {
+    return session.CopyFrom(other->session());
+  });
+}
+
+Json saveConfiguration(const Workplace &place, const Parameters &given) {
+  SaveOptions options;
+  options.force = given.flag("force");
+  return patched(place, given, [&options](Session &session) {
+    const SaveOutcome outcome = session.Save(options);
+    return Json{{"file", outcome.file},
+                {"command", outcome.command},
+                {"losses", documents::lossesJson(outcome.losses)}};
+  });
+}
+
+} // namespace ZelDebugDialog::protocol

@@ -1,0 +1,91 @@
+#include "server/OpenThings.h"
+
+#include "documents/Settings.h"
+#include "server/Parameters.h"
+
+namespace ZelDebugDialog::protocol {
+
+namespace {
+
+using Turn = std::lock_guard<std::mutex>;
+
+/// What of these has a number.
+template <class Things>
+typename Things::iterator expectIn(Things &things, std::int64_t number,
+                                   const char *kind) {
+  const auto found = things.find(number);
+  if (found == things.end())
+    refuseParameter(std::string("no ") + kind + " " + std::to_string(number) +
+                        " is open",
+                    {"", std::to_string(number)});
+  return found;
+}
+
+} // namespace
+
+OpenConfiguration::OpenConfiguration(std::shared_ptr<OpenBoard> ofBoard,
+                                     const std::string &processor)
+    : onBoard(std::move(ofBoard)), opened(*onBoard->board, processor) {}
+
+const documents::Json &OpenConfiguration::state() {
+  // All but what is said of the file depends on the session alone.
+  const bool isKnown =
+      !known.is_null() && !known["changedOnDisk"] && !opened.ChangedOnDisk();
+  if (!isKnown)
+    known = documents::stateJson(opened.State());
+  return known;
+}
+
+std::int64_t OpenThings::add(std::shared_ptr<OpenBoard> board) {
+  const Turn turn(mutex);
+  boards.emplace(++last, std::move(board));
+  return last;
+}
+
+std::int64_t OpenThings::add(std::shared_ptr<OpenConfiguration> configuration) {
+  const Turn turn(mutex);
+  configurations.emplace(++last, std::move(configuration));
+  return last;
+}
+
+std::shared_ptr<OpenBoard> OpenThings::expectBoard(std::int64_t number) {
+  const Turn turn(mutex);
+  return expectIn(boards, number, "board")->second;
+}
+
+std::shared_ptr<OpenConfiguration>
+OpenThings::expectConfiguration(std::int64_t number) {
+  const Turn turn(mutex);
+  return expectIn(configurations, number, "configuration")->second;
+}
+
+void OpenThings::closeBoard(std::int64_t number) {
+  std::vector<std::shared_ptr<OpenConfiguration>> closed;
+  const Turn turn(mutex);
+  const auto board = expectIn(boards, number, "board");
+  for (auto each = configurations.begin(); each != configurations.end();) {
+    if (&each->second->board() == board->second.get()) {
+      closed.push_back(std::move(each->second));
+      each = configurations.erase(each);
+    } else {
+      ++each;
+    }
+  }
+  boards.erase(board);
+}
+
+void OpenThings::closeConfiguration(std::int64_t number) {
+  const Turn turn(mutex);
+  configurations.erase(expectIn(configurations, number, "configuration"));
+}
+
+std::vector<std::int64_t> OpenThings::configurationsOf(const OpenBoard &board) {
+  std::vector<std::int64_t> numbers;
+  const Turn turn(mutex);
+  for (const auto &[number, configuration] : configurations)
+    if (&configuration->board() == &board)
+      numbers.push_back(number);
+  return numbers;
+}
+
+} // namespace ZelDebugDialog::protocol

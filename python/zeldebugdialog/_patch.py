@@ -1,0 +1,48 @@
+"""JSON Patch (RFC 6902), as far as the library writes it."""
+
+from __future__ import annotations
+
+from typing import Any
+
+
+def _tokens(pointer: str) -> list[str]:
+    return [token.replace("~1", "/").replace("~0", "~")
+            for token in pointer.split("/")[1:]]
+
+
+def apply(document: Any, patch: list[dict[str, Any]]) -> Any:
+    """The document with a patch applied, in place where that can be.
+
+    >>> apply({"a": [1, 2], "b": 3}, [
+    ...     {"op": "remove", "path": "/a/0"},
+    ...     {"op": "add", "path": "/a/-", "value": 4},
+    ...     {"op": "replace", "path": "/b", "value": 5}])
+    {'a': [2, 4], 'b': 5}
+    """
+    for step in patch:
+        tokens = _tokens(step["path"])
+        if not tokens:
+            document = step["value"]
+            continue
+        place = document
+        for token in tokens[:-1]:
+            place = place[int(token) if isinstance(place, list) else token]
+        _apply_to(place, tokens[-1], step)
+    return document
+
+
+def _apply_to(place: Any, last: str, step: dict[str, Any]) -> None:
+    operation = step["op"]
+    if operation not in ("add", "remove", "replace"):
+        raise ValueError(f"a patch with the operation '{operation}'")
+    if not isinstance(place, list):
+        if operation == "remove":
+            del place[last]
+        else:
+            place[last] = step["value"]
+    elif operation == "remove":
+        del place[int(last)]
+    elif operation == "replace":
+        place[int(last)] = step["value"]
+    else:
+        place.insert(len(place) if last == "-" else int(last), step["value"])

@@ -1,0 +1,122 @@
+"""A design, and the processors in it that a debugger can reach."""
+
+from __future__ import annotations
+
+import os
+import weakref
+from collections.abc import Iterable
+from typing import Any
+
+from ._library import server
+from .configuration import Configuration, close_quietly
+from .errors import Refused
+from .records import Diagnostic, Loss, Processor, Saved, Undebuggable
+
+_Path = str | os.PathLike[str]
+
+
+class Board:
+    """The processors of one design, found once.
+
+    design: its file; library: folders and catalogs of its components
+    kinds: a table of what plays a part; view: that of each component
+    max_instances: how many to look at; directory: option files lie in `etc/` of
+    it, the current one unless it says otherwise
+
+    >>> board = Board("board/board.xml")
+    >>> board
+    <Board 'board/board.xml': 7 processors>
+    >>> [processor.name for processor in board.processors][:2]
+    ['lumacore_0', 'lumacore_1']
+    >>> board.undebuggable[0].name
+    'r5_0'
+
+    It raises Refused where the design can't be read.
+    """
+
+    def __init__(self, design: _Path, *, library: Iterable[_Path] = (),
+                 view: str | None = None, kinds: _Path | None = None,
+                 max_instances: int | None = None,
+                 directory: _Path | None = None) -> None:
+        self.design = os.fspath(design)
+        self._server = server()
+        opened = self._server.call(
+            "board/open", design=self.design,
+            library=[os.fspath(folder) for folder in library] or None,
+            view=view, kinds=None if kinds is None else os.fspath(kinds),
+            maxInstances=max_instances,
+            directory=os.fspath(directory or "."))
+        self._handle: int = opened["board"]
+        self.processors: tuple[Processor, ...] = tuple(
+            map(Processor.of, opened["processors"]))
+        self.undebuggable: tuple[Undebuggable, ...] = tuple(
+            map(Undebuggable.of, opened["undebuggable"]))
+        self.diagnostics: tuple[Diagnostic, ...] = tuple(
+            map(Diagnostic.of, opened["diagnostics"]))
+        self._configurations: weakref.WeakValueDictionary[
+            int, Configuration] = weakref.WeakValueDictionary()
+        self._finalizer = weakref.finalize(self, close_quietly, self._server,
+                                           "board", self._handle)
+        # What a process has open ends with it.
+        self._finalizer.atexit = False
+
+    def configuration(self, processor: str) -> Configuration:
+        """What is saved for a processor, or its defaults, to be worked on. Each
+        call opens another one, independent of those before.
+
+        It raises Refused (unknown-processor, not-debuggable)."""
+        made = Configuration(self._server, self._handle, processor)
+        made.__dict__["_board"] = self  # which stays open as long
+        self._configurations[made._handle] = made
+        return made
+
+    def save(self, *configurations: Configuration,
+             force: bool = False) -> list[Saved]:
+        """Saves several at once: these, or all that are open. Each is saved
+        wholly or not at all. Where some were refused, it raises the first
+        Refused when the others have been saved."""
+        handles = [one._handle for one in configurations] or None
+        answer = self._server.call("board/save", board=self._handle,
+                                   configurations=handles, force=force)
+        saved: list[Saved] = []
+        refusals: list[Refused] = []
+        for outcome in answer["configurations"]:
+            self._patch(outcome)
+            error = outcome.get("error")
+            if error is None:
+                saved.append(Saved.of(outcome))
+            else:
+                refusals.append(Refused(error["message"],
+                                        error.get("data", {})))
+        if refusals:
+            raise refusals[0]
+        return saved
+
+    def _patch(self, outcome: dict[str, Any]) -> None:
+        known = self._configurations.get(outcome["configuration"])
+        if known is not None:
+            with known._lock:
+                known._patched(outcome)
+
+    def losses(self) -> dict[str, list[Loss]]:
+        """What would not survive of what is saved, by processor."""
+        found: dict[str, list[Loss]] = {}
+        for processor in self.processors:
+            with self.configuration(processor.name) as one:
+                if one.losses:
+                    found[processor.name] = one.losses
+        return found
+
+    def close(self) -> None:
+        """Closes it with its configurations; nothing is saved. Closing it again
+        does nothing."""
+        self._finalizer()
+
+    def __enter__(self) -> Board:
+        return self
+
+    def __exit__(self, *_: object) -> None:
+        self.close()
+
+    def __repr__(self) -> str:
+        return f"<Board {self.design!r}: {len(self.processors)} processors>"

@@ -1,0 +1,391 @@
+"""A configuration that a program works on."""
+
+from __future__ import annotations
+
+import threading
+import weakref
+from collections.abc import Iterable, Iterator, Mapping, MutableMapping
+from collections.abc import MutableSequence
+from typing import Any, overload
+
+from ._library import NULL, Server
+from ._patch import apply
+from .errors import ProtocolError
+from .records import Diagnostic, Difference, Effect, Loss, Saved, Setting
+from .values import Device, Value, from_json, to_json
+
+_CHAIN = "chain"
+
+
+def close_quietly(opened: Server, kind: str, handle: int) -> None:
+    """Closes a board or a configuration that may be closed already."""
+    try:
+        opened.call(f"{kind}/close", **{kind: handle})
+    except ProtocolError:
+        pass
+
+
+class Configuration(MutableMapping[str, Value]):
+    """The settings of one processor, by their names.
+
+    It is a mapping, and has each setting as an attribute as well. A setting is
+    given a value of its own kind, or the text that a person would type for it:
+
+    >>> import zeldebugdialog
+    >>> board = zeldebugdialog.Board("board/board.xml")
+    >>> configuration = board.configuration("lumacore_0")
+    >>> configuration["cable.cableType"] = "quorla_podusb"
+    >>> configuration.cable.frequency
+    6000000
+    >>> configuration.cable.frequency = "3 MHz"
+    >>> configuration.command
+    'connect lc hdu -cable type quorla_podusb port USB21 frequency 3000000 -debugdevice cpunr 1'
+
+    Several that hold together are changed together, all or none of them, in
+    whatever order:
+
+    >>> for effect in configuration.change({"cable.esn": "00:12", "debugDevice": 2}):
+    ...     print(effect.setting, effect.after)
+    >>> del configuration["cable.esn"]  # back to its default
+
+    Any thread may use it; two that use it at once take turns. What is changed
+    is saved by `save` only.
+    """
+
+    _server: Server
+    _handle: int
+    _state: dict[str, Any]
+    _lock: threading.RLock
+    _finalizer: Any
+
+    def __init__(self, server: Server, board: int, processor: str) -> None:
+        opened = server.call("configuration/open", board=board,
+                             processor=processor)
+        own = self.__dict__
+        own["_server"] = server
+        own["_handle"] = opened["configuration"]
+        own["_state"] = opened["state"]
+        own["_lock"] = threading.RLock()
+        finalizer = weakref.finalize(self, close_quietly, server,
+                                     "configuration", self._handle)
+        finalizer.atexit = False
+        own["_finalizer"] = finalizer
+
+    # --- Changing: each tells what has become different besides ---------------
+
+    def change(self, values: Mapping[str, object]) -> list[Effect]:
+        """Gives settings values: each has it afterwards, or nothing changed.
+
+        It raises Refused (unknown-setting, not-settable, bad-value,
+        not-allowed, excluded)."""
+        return self._effects("configuration/change", values=to_json(values))
+
+    def draft(self, setting: str, text: str | None) -> list[Effect]:
+        """Takes a text as it is typed. A value acts as `change`; another text
+        stays in the setting's `draft`, with its `error`, and changes nothing.
+        None drops it. The setting "command" takes a whole command."""
+        return self._effects("configuration/draft", setting=setting,
+                             text=NULL if text is None else text)
+
+    def edit(self, command: str) -> list[Effect]:
+        """Makes the settings of a command its own. A command with faults stays
+        in `draft_command`, and its faults in `diagnostics`."""
+        return self._effects("configuration/edit", command=command)
+
+    def undo(self) -> list[Effect]:
+        """Takes the last change back. It raises Refused (nothing-to-undo)."""
+        return self._effects("configuration/undo")
+
+    def redo(self) -> list[Effect]:
+        """Does it again. It raises Refused (nothing-to-redo)."""
+        return self._effects("configuration/redo")
+
+    def revert(self) -> list[Effect]:
+        """Back to what is saved, drafts and all."""
+        return self._effects("configuration/revert")
+
+    def reset(self, *settings: str) -> list[Effect]:
+        """Back to the defaults: of these settings, or of all."""
+        return self._effects("configuration/reset",
+                             settings=list(settings) or None)
+
+    def copy_from(self, other: Configuration) -> list[Effect]:
+        """Everything of another one but what says which processor it is."""
+        return self._effects("configuration/copy", **{"from": other._handle})
+
+    def save(self, force: bool = False) -> Saved:
+        """Saves the option file, wholly or not at all.
+
+        It raises Refused (would-be-lost, unreadable, changed-on-disk, read-only:
+        not with `force`; draft, no-command, no-regular-file, no-folder,
+        file-system)."""
+        with self._lock:
+            answer = self._call("configuration/save", force=force)
+            self._patched(answer)
+            return Saved.of(answer)
+
+    # --- Asking ---------------------------------------------------------------
+
+    @property
+    def processor(self) -> str:
+        """The name of its processor."""
+        return str(self._state["processor"])
+
+    @property
+    def file(self) -> str:
+        """The option file that it saves."""
+        return str(self._state["file"])
+
+    @property
+    def exists(self) -> bool:
+        """Whether the file is there."""
+        return bool(self._state["exists"])
+
+    @property
+    def dirty(self) -> bool:
+        """Whether it is not what is saved."""
+        return bool(self._state["dirty"])
+
+    @property
+    def changed_on_disk(self) -> bool:
+        """Whether the file is no longer what was loaded: looks at it now."""
+        self.refresh()
+        return bool(self._state["changedOnDisk"])
+
+    @property
+    def command(self) -> str | None:
+        """What would be saved; None where no command can be written."""
+        return self._text("command")
+
+    @property
+    def command_error(self) -> str | None:
+        """Why no command can be written."""
+        return self._text("commandError")
+
+    @property
+    def edited_command(self) -> str | None:
+        """The command that was taken, where it is not the one that is
+        written."""
+        return self._text("editedCommand")
+
+    @property
+    def draft_command(self) -> str | None:
+        """A command with faults."""
+        return self._text("draft")
+
+    @property
+    def losses(self) -> list[Loss]:
+        """What saving would lose."""
+        return [Loss.of(loss) for loss in self._state["losses"]]
+
+    @property
+    def differences(self) -> list[Difference]:
+        """What is not as it is saved."""
+        return [Difference.of(one) for one in self._state["differences"]]
+
+    @property
+    def diagnostics(self) -> list[Diagnostic]:
+        """What is wrong with the draft of a command, or doubtful in the
+        command."""
+        return [Diagnostic.of(one) for one in self._state["diagnostics"]]
+
+    def setting(self, name: str) -> Setting:
+        """All that is known of a setting. It raises KeyError."""
+        return Setting.of(name, self._state["settings"][name])
+
+    @property
+    def chain(self) -> Chain:
+        """The devices of the JTAG chain, as a list."""
+        return Chain(self)
+
+    @chain.setter
+    def chain(self, devices: Iterable[Device]) -> None:
+        self.change({_CHAIN: list(devices)})
+
+    def refresh(self) -> None:
+        """Asks for everything anew, such as whether the file has changed."""
+        with self._lock:
+            self.__dict__["_state"] = self._call("configuration/state")["state"]
+
+    # --- As a mapping ----------------------------------------------------------
+
+    def __getitem__(self, name: str) -> Value:
+        setting = self._state["settings"][name]
+        return from_json(setting["value"], setting.get("bytes"))
+
+    def __setitem__(self, name: str, value: object) -> None:
+        self.change({name: value})
+
+    def __delitem__(self, name: str) -> None:
+        self.reset(name)
+
+    def __iter__(self) -> Iterator[str]:
+        return iter(list(self._state["settings"]))
+
+    def __len__(self) -> int:
+        return len(self._state["settings"])
+
+    def update(self, *values: Any, **more: Any) -> None:
+        """As `change`: all or none."""
+        self.change(dict(*values, **more))
+
+    def clear(self) -> None:
+        """As `reset()`."""
+        self.reset()
+
+    # --- As attributes ---------------------------------------------------------
+
+    def __getattr__(self, name: str) -> Any:
+        if not name.startswith("_"):
+            if name in self._state["settings"]:
+                return self[name]
+            if self._has_group(name):
+                return Group(self, name)
+        raise AttributeError(f"'{name}' is no setting")
+
+    def __setattr__(self, name: str, value: object) -> None:
+        if isinstance(getattr(type(self), name, None), property):
+            super().__setattr__(name, value)
+        elif name in self._state["settings"]:
+            self[name] = value
+        else:
+            raise AttributeError(f"'{name}' is no setting")
+
+    def __dir__(self) -> Iterable[str]:
+        names = {name.partition(".")[0] for name in self}
+        return sorted({*super().__dir__(), *names})
+
+    def _has_group(self, name: str) -> bool:
+        return any(each.startswith(name + ".") for each in self)
+
+    # --- Open and closed -------------------------------------------------------
+
+    def close(self) -> None:
+        """Closes it; what is not saved is gone. Closing it again does
+        nothing."""
+        self._finalizer()
+
+    def __enter__(self) -> Configuration:
+        return self
+
+    def __exit__(self, *_: object) -> None:
+        self.close()
+
+    def __eq__(self, other: object) -> bool:
+        return self is other
+
+    def __hash__(self) -> int:
+        return id(self)
+
+    def __repr__(self) -> str:
+        command = self.command or f"no command: {self.command_error}"
+        return (f"<Configuration of '{self.processor}'"
+                f"{', not saved' if self.dirty else ''}: {command}>")
+
+    # --- Requests --------------------------------------------------------------
+
+    def _call(self, method: str, **parameters: object) -> Any:
+        return self._server.call(method, configuration=self._handle,
+                                 **parameters)
+
+    def _effects(self, method: str, **parameters: object) -> list[Effect]:
+        with self._lock:
+            return self._patched(self._call(method, **parameters))
+
+    def _patched(self, answer: dict[str, Any]) -> list[Effect]:
+        self.__dict__["_state"] = apply(self._state, answer["patch"])
+        return [Effect.of(effect) for effect in answer.get("effects", [])]
+
+    def _text(self, member: str) -> str | None:
+        text = self._state.get(member)
+        return None if text is None else str(text)
+
+
+class Group:
+    """Settings whose names begin alike, as attributes: `configuration.cable`."""
+
+    def __init__(self, configuration: Configuration, name: str) -> None:
+        self.__dict__["_configuration"] = configuration
+        self.__dict__["_name"] = name
+
+    def __getattr__(self, name: str) -> Value:
+        try:
+            return self._whole[f"{self.__dict__['_name']}.{name}"]
+        except KeyError as missing:
+            raise AttributeError(f"{missing} is no setting") from None
+
+    def __setattr__(self, name: str, value: object) -> None:
+        full = f"{self.__dict__['_name']}.{name}"
+        if full not in self._whole:
+            raise AttributeError(f"'{full}' is no setting")
+        self._whole[full] = value
+
+    def __dir__(self) -> Iterable[str]:
+        front = self.__dict__["_name"] + "."
+        return sorted(name[len(front):] for name in self._whole
+                      if name.startswith(front))
+
+    def __repr__(self) -> str:
+        front = self.__dict__["_name"]
+        values = ", ".join(f"{name}={getattr(self, name)!r}"
+                           for name in dir(self))
+        return f"<{front}: {values}>"
+
+    @property
+    def _whole(self) -> Configuration:
+        whole: Configuration = self.__dict__["_configuration"]
+        return whole
+
+
+class Chain(MutableSequence[Device]):
+    """The devices of a JTAG chain. Each change of the list is a change of the
+    configuration; a device that was taken out of it is a copy."""
+
+    def __init__(self, configuration: Configuration) -> None:
+        self._configuration = configuration
+
+    def _devices(self) -> list[Device]:
+        devices = self._configuration[_CHAIN]
+        assert isinstance(devices, list)
+        return devices
+
+    @overload
+    def __getitem__(self, index: int) -> Device: ...
+    @overload
+    def __getitem__(self, index: slice) -> list[Device]: ...
+
+    def __getitem__(self, index: int | slice) -> Device | list[Device]:
+        return self._devices()[index]
+
+    @overload
+    def __setitem__(self, index: int, value: Device) -> None: ...
+    @overload
+    def __setitem__(self, index: slice, value: Iterable[Device]) -> None: ...
+
+    def __setitem__(self, index: int | slice, value: Any) -> None:
+        devices = self._devices()
+        devices[index] = value
+        self._configuration.change({_CHAIN: devices})
+
+    def __delitem__(self, index: int | slice) -> None:
+        devices = self._devices()
+        del devices[index]
+        self._configuration.change({_CHAIN: devices})
+
+    def __len__(self) -> int:
+        return len(self._devices())
+
+    def insert(self, index: int, value: Device) -> None:
+        devices = self._devices()
+        devices.insert(index, value)
+        self._configuration.change({_CHAIN: devices})
+
+    def extend(self, values: Iterable[Device]) -> None:
+        """All of them in one change."""
+        self._configuration.change({_CHAIN: [*self._devices(), *values]})
+
+    def __eq__(self, other: object) -> bool:
+        return isinstance(other, (Chain, list)) and list(self) == list(other)
+
+    def __repr__(self) -> str:
+        return repr(self._devices())

@@ -1,0 +1,50 @@
+"""What the package raises."""
+
+from __future__ import annotations
+
+from typing import Any
+
+
+class ZelDebugDialogError(Exception):
+    """The base of all of them."""
+
+
+class LibraryNotFound(ZelDebugDialogError):
+    """The library libzeldebugdialog-c could not be loaded."""
+
+
+class Refused(ZelDebugDialogError):
+    """Something that was asked for can't be done, and nothing was.
+
+    Attributes that do not apply are None, or empty.
+
+    kind: a stable word, such as "bad-value", "would-be-lost", "unknown-setting"
+    setting: the setting at fault
+    value: what was given, as a text
+    problem: what is wrong, without its subject
+    accepted: what would have been accepted
+    suggestion: the nearest of them
+    file, line: the file at fault, and the line in it, from 1
+    """
+
+    def __init__(self, message: str, data: dict[str, Any]) -> None:
+        super().__init__(message)
+        self.kind: str = data.get("kind", "")
+        self.setting: str | None = data.get("setting")
+        self.value: str | None = data.get("value")
+        self.problem: str = data.get("message", message)
+        self.accepted: list[str] = list(data.get("accepted", []))
+        self.suggestion: str | None = data.get("suggestion")
+        self.file: str | None = data.get("file")
+        self.line: int | None = data.get("line")
+
+
+class ProtocolError(ZelDebugDialogError):
+    """A request that the library does not understand, or what is closed.
+
+    code: that of JSON-RPC 2.0, such as -32602 for wrong parameters
+    """
+
+    def __init__(self, message: str, code: int) -> None:
+        super().__init__(message)
+        self.code = code

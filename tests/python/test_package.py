@@ -1,0 +1,318 @@
+"""The Python package as a program uses it. It works in a copy of examples/."""
+
+import doctest
+import gc
+import importlib
+import os
+import pathlib
+import threading
+import unittest
+
+import zeldebugdialog
+from zeldebugdialog import Board, Refused
+
+OPTION_FILE = pathlib.Path("etc/kvo_lumacore_0.opt")
+POD = "connect lc hdu -cable type quorla_podusb port USB21 frequency 6000000"
+NUMBER = " -debugdevice cpunr 1"
+
+
+class Case(unittest.TestCase):
+    def setUp(self):
+        OPTION_FILE.parent.mkdir(exist_ok=True)
+        for file in OPTION_FILE.parent.iterdir():
+            file.unlink()
+        self.board = Board("board/board.xml")
+        self.one = self.board.configuration("lumacore_0")
+
+    def tearDown(self):
+        self.one.close()
+        self.board.close()
+
+    def refusal_of(self, call, *arguments, **named):
+        with self.assertRaises(Refused) as caught:
+            call(*arguments, **named)
+        return caught.exception
+
+
+class BoardTest(Case):
+    def test_lists_processors(self):
+        first = self.board.processors[0]
+        self.assertEqual((first.name, first.type, first.number),
+                         ("lumacore_0", "lumacore", 1))
+        self.assertEqual(first.connections,
+                         ("sim", "hw", "stub-serial", "stub-jtag"))
+        self.assertEqual([one.name for one in self.board.undebuggable],
+                         ["r5_0"])
+        self.assertEqual(repr(self.board),
+                         "<Board 'board/board.xml': 7 processors>")
+
+    def test_takes_paths(self):
+        here = pathlib.Path().resolve()
+        with Board(here / "board" / "board.xml", directory=here) as board:
+            self.assertEqual(board.configuration("lumacore_0").file,
+                             str(here / OPTION_FILE))
+
+    def test_refuses_what_is_no_design(self):
+        self.assertIn("none.xml", str(self.refusal_of(Board, "none.xml")))
+
+    def test_refuses_unknown_processors(self):
+        refusal = self.refusal_of(self.board.configuration, "lumacore_O")
+        self.assertEqual(refusal.kind, "unknown-processor")
+        self.assertEqual(refusal.suggestion, "lumacore_0")
+        self.assertEqual(
+            self.refusal_of(self.board.configuration, "r5_0").kind,
+            "not-debuggable")
+
+    def test_is_closed_once_and_for_all(self):
+        self.board.close()
+        self.board.close()
+        with self.assertRaises(zeldebugdialog.ProtocolError) as caught:
+            self.one["debugDevice"] = 1
+        self.assertEqual(caught.exception.code, -32602)
+
+    def test_saves_several(self):
+        two = self.board.configuration("lumacore_1")
+        self.one["debugDevice"] = 2
+        two.change({"cable.cableType": "quorla_podusb",
+                    "cable.port": "USB22", "cable.esn": "1"})
+        refusal = self.refusal_of(self.board.save)
+        self.assertEqual((refusal.kind, refusal.setting),
+                         ("would-be-lost", "cable.port"))
+        self.assertFalse(self.one.dirty)
+        self.assertTrue(two.dirty)
+        two["cable.esn"] = ""
+        saved = self.board.save(self.one, two)
+        self.assertEqual(saved[1].command, "connect lc hdu -cable type "
+                         "quorla_podusb port USB22 frequency 6000000 "
+                         "-debugdevice cpunr 2")
+        self.assertFalse(two.dirty)
+        # What only the simulator can run has to be told so.
+        self.assertEqual(list(self.board.losses()), ["lumacore_2"])
+
+
+class ConfigurationTest(Case):
+    def test_is_a_mapping(self):
+        self.assertIn("cable.frequency", self.one)
+        self.assertNotIn("cable.speed", self.one)
+        self.assertEqual(len(self.one), len(list(self.one)))
+        self.assertEqual(self.one["romemStartAdr"], 0xFFFFFFFF)
+        self.assertEqual(self.one.setting("romemStartAdr").text, "not set")
+        self.one.update({"debugDevice": 3}, romemSize=16)
+        self.assertEqual((self.one["debugDevice"], self.one["romemSize"]),
+                         (3, 16))
+        del self.one["debugDevice"]
+        self.assertEqual(self.one["debugDevice"], 0)
+        self.one.clear()
+        self.assertFalse(self.one.dirty)
+        with self.assertRaises(KeyError):
+            self.one["debugDevise"]
+
+    def test_has_settings_as_attributes(self):
+        self.one.debugDevice = 4
+        self.assertEqual(self.one["debugDevice"], 4)
+        self.one.cable.cableType = "quorla_podusb"
+        self.assertEqual((self.one.cable.cableType, self.one.cable.port),
+                         (3, "USB21"))
+        self.assertIn("cable", dir(self.one))
+        self.assertIn("frequency", dir(self.one.cable))
+        self.assertTrue(repr(self.one.cable).startswith(
+            "<cable: cableType=3, esn='', frequency=6000000, "))
+        for wrong in ("debugDevise", "cables"):
+            with self.assertRaises(AttributeError):
+                getattr(self.one, wrong)
+            with self.assertRaises(AttributeError):
+                setattr(self.one, wrong, 1)
+        with self.assertRaises(AttributeError):
+            self.one.cable.speed
+        with self.assertRaises(AttributeError):
+            self.one.cable.speed = 1
+
+    def test_changes_all_or_nothing(self):
+        effects = self.one.change({"cable.frequency": "3 MHz",
+                                   "cable.cableType": "quorla_podusb"})
+        self.assertEqual([(one.setting, one.before, one.after)
+                          for one in effects], [("cable.port", "", "USB21")])
+        self.assertEqual(self.one["cable.frequency"], 3_000_000)
+        before = dict(self.one)
+        refusal = self.refusal_of(self.one.change, {"debugDevice": 1,
+                                                    "cable.port": 5,
+                                                    "cable.frequency": "x"})
+        self.assertEqual(refusal.kind, "bad-value")
+        self.assertEqual(dict(self.one), before)
+        refusal = self.refusal_of(self.one.change, {"connection": "vp"})
+        self.assertEqual((refusal.kind, refusal.setting, refusal.value),
+                         ("not-allowed", "connection", "vp"))
+        self.assertEqual(refusal.accepted,
+                         ["sim", "hw", "stub-serial", "stub-jtag"])
+
+    def test_goes_back_and_forth(self):
+        self.assertEqual(self.refusal_of(self.one.undo).kind,
+                         "nothing-to-undo")
+        self.one["debugDevice"] = 3
+        self.assertEqual(self.one.undo()[0].after, 0)
+        self.assertEqual(self.one["debugDevice"], 0)
+        self.one.redo()
+        self.assertEqual(self.one["debugDevice"], 3)
+        self.one.revert()
+        self.assertEqual(self.one["debugDevice"], 0)
+
+    def test_keeps_drafts(self):
+        self.one.draft("debugDevice", "two")
+        setting = self.one.setting("debugDevice")
+        self.assertEqual((setting.draft, setting.value), ("two", 0))
+        self.assertIn("'two' is no number", setting.error)
+        self.assertEqual(self.refusal_of(self.one.save).kind, "draft")
+        self.one.draft("debugDevice", None)
+        self.assertIsNone(self.one.setting("debugDevice").draft)
+        self.one.draft("debugDevice", "2")
+        self.assertEqual(self.one["debugDevice"], 2)
+
+    def test_takes_commands(self):
+        self.one.edit(POD)
+        self.assertEqual(self.one["cable.cableType"], 3)
+        self.one.edit("connect lc hdu -cabel")
+        self.assertEqual(self.one.draft_command, "connect lc hdu -cabel")
+        self.assertEqual(self.one.diagnostics[0].suggestion, "-cable")
+        self.assertEqual(self.one.command, POD + NUMBER)
+
+    def test_knows_choices_and_reasons(self):
+        choices = {choice.value: choice.reason
+                   for choice in self.one.setting("connection").choices}
+        self.assertIsNone(choices["hw"])
+        self.assertIn("does not allow it", choices["vp"])
+        port = self.one.setting("cable.port")
+        self.assertFalse(port.applicable)
+        self.assertEqual(port.reason,
+                         "a command does not carry it for this cable")
+
+    def test_saves_what_a_dialog_reads(self):
+        self.one["cable.cableType"] = "quorla_podusb"
+        self.assertEqual(self.one.differences[0].setting, "cable.cableType")
+        saved = self.one.save()
+        self.assertEqual(saved.command, POD + NUMBER)
+        self.assertEqual(OPTION_FILE.read_text(), POD + NUMBER)
+        self.assertFalse(self.one.dirty)
+        self.assertEqual(self.board.configuration("lumacore_0").cable.port,
+                         "USB21")
+        OPTION_FILE.write_text("connect lc sim")
+        self.assertTrue(self.one.changed_on_disk)
+        self.one["debugDevice"] = 1
+        self.assertEqual(self.refusal_of(self.one.save).kind,
+                         "changed-on-disk")
+        self.one.save(force=True)
+
+    def test_names_what_would_be_lost(self):
+        self.one.change({"cable.cableType": "quorla_podusb",
+                         "cable.port": "USB22", "cable.esn": "1"})
+        lost = [loss for loss in self.one.losses if loss.blocking]
+        self.assertEqual([(loss.setting, loss.value, loss.read_back, loss.code,
+                           loss.displaced_by) for loss in lost],
+                         [("cable.port", "USB22", "USB21", "serial-number",
+                           "cable.esn")])
+        self.assertEqual(lost[0].reason, "the serial number takes its place")
+        self.assertEqual(self.refusal_of(self.one.save).kind, "would-be-lost")
+
+    def test_holds_bytes_that_are_no_text(self):
+        self.one["cable.port"] = b"\xff\x01"
+        self.assertEqual(self.one["cable.port"], b"\xff\x01")
+        self.assertEqual(self.one.setting("cable.port").value, b"\xff\x01")
+
+    def test_copies_to_another(self):
+        self.one["cable.cableType"] = "quorla_podusb"
+        two = self.board.configuration("lumacore_1")
+        two.copy_from(self.one)
+        self.assertEqual((two.cable.cableType, two.cpuNr), (3, 2))
+
+    def test_shows_itself(self):
+        self.one["debugDevice"] = 2
+        self.assertEqual(repr(self.one),
+                         "<Configuration of 'lumacore_0', not saved: connect "
+                         "lc hdu -debugdevice deviceNr 2 cpunr 1>")
+
+    def test_has_no_command_without_a_way_to_write_one(self):
+        self.one["cable.cableType"] = 7
+        self.assertIsNone(self.one.command)
+        self.assertTrue(self.one.command_error)
+        self.assertIn("no command: ", repr(self.one))
+        self.assertEqual(self.refusal_of(self.one.save).kind, "no-command")
+
+
+class ChainTest(Case):
+    def test_is_a_list(self):
+        chain = self.one.chain
+        chain.append({"partname": "pk9ab100", "devicenr": 1, "irlength": 6})
+        chain.insert(0, {"partname": "first", "devicenr": 2})
+        self.assertEqual([one["partname"] for one in chain],
+                         ["first", "pk9ab100"])
+        self.assertEqual(chain[1]["irlength"], 6)
+        self.assertEqual(len(self.one["chain"]), 2)
+        chain[0] = {**chain[0], "devicenr": 3}
+        self.assertEqual(chain[0]["devicenr"], 3)
+        chain.reverse()
+        self.assertEqual(chain[0]["partname"], "pk9ab100")
+        del chain[0]
+        self.assertEqual(len(chain), 1)
+        self.one.chain = []
+        self.assertEqual(self.one.chain, [])
+        refusal = self.refusal_of(chain.append, {"irlenght": 6})
+        self.assertEqual(refusal.suggestion or "irlength", "irlength")
+        with self.assertRaises(IndexError):
+            chain[0]
+
+
+class ProcessTest(Case):
+    def test_threads_take_turns(self):
+        def count():
+            for _ in range(50):
+                self.one.change({"debugDevice": 1})
+                self.one.change({"debugDevice": 2})
+        threads = [threading.Thread(target=count) for _ in range(4)]
+        for thread in threads:
+            thread.start()
+        for thread in threads:
+            thread.join()
+        kept = self.one.setting("debugDevice")
+        self.one.refresh()
+        self.assertEqual(self.one.setting("debugDevice"), kept)
+
+    def test_patched_states_are_those_asked_for(self):
+        changes = [{"cable.cableType": "quorla_podusb"}, {"cable.esn": "x"},
+                   {"connection": "sim"}, {"chain": [{"devicenr": 1}]},
+                   {"chain": [{"devicenr": 2}, {}]}, {"chain": []},
+                   {"connection": "stub-serial"}]
+        for values in changes:
+            self.one.change(values)
+            patched = self.one.__dict__["_state"]
+            self.one.refresh()
+            self.assertEqual(self.one.__dict__["_state"], patched)
+
+    def test_closes_what_nobody_has(self):
+        handles = set()
+        for _ in range(50):
+            one = self.board.configuration("lumacore_0")
+            handles.add(one._handle)
+            del one
+        gc.collect()
+        self.assertEqual(len(handles), 50)
+        with self.assertRaises(zeldebugdialog.ProtocolError):
+            zeldebugdialog.board.server().call("configuration/state",
+                                               configuration=max(handles))
+
+    def test_a_forked_process_starts_anew(self):
+        child = os.fork()
+        if child == 0:
+            board = Board("board/board.xml")
+            os._exit(0 if board.configuration("lumacore_0").command else 1)
+        self.assertEqual(os.waitpid(child, 0)[1], 0)
+
+
+def load_tests(_, tests, __):
+    for module in ("", ".board", ".commands", ".configuration", "._patch",
+                   ".values"):
+        tests.addTests(doctest.DocTestSuite(
+            importlib.import_module("zeldebugdialog" + module)))
+    return tests
+
+
+if __name__ == "__main__":
+    unittest.main()
