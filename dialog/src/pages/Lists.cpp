@@ -1,0 +1,125 @@
+#include "pages/Lists.h"
+
+#include <QHeaderView>
+#include <QPushButton>
+
+#include "pages/Palette.h"
+#include "pages/Texts.h"
+
+namespace ZelDebugDialog::dialog {
+
+namespace {
+
+constexpr int settingRole = Qt::UserRole;
+
+/// All of a cell is in its tip as well: it may be cut.
+void addTips(QTreeWidgetItem &item) {
+  for (int column = 0; column < item.columnCount(); ++column)
+    item.setToolTip(column, item.text(column).isEmpty()
+                                ? QString()
+                                : QStringLiteral("<p>%1</p>").arg(
+                                      item.text(column).toHtmlEscaped()));
+}
+
+} // namespace
+
+List::List(const QString &name, const QStringList &titles, QWidget *parent)
+    : QTreeWidget(parent) {
+  setAccessibleName(name);
+  setHeaderLabels(titles);
+  setRootIsDecorated(false);
+  setUniformRowHeights(true);
+  setAllColumnsShowFocus(true);
+  setTextElideMode(Qt::ElideRight);
+  header()->setStretchLastSection(true);
+  connect(this, &QTreeWidget::itemActivated, this,
+          [this](const QTreeWidgetItem *item) {
+            const QString setting = item->data(0, settingRole).toString();
+            if (!setting.isEmpty())
+              emit settingAsked(bytesOf(setting));
+          });
+}
+
+QTreeWidgetItem &List::add(const QStringList &texts,
+                           const std::string &setting) {
+  auto *const item = new QTreeWidgetItem(this, texts);
+  item->setData(0, settingRole, shown(setting));
+  addTips(*item);
+  return *item;
+}
+
+LossList::LossList(QWidget *parent)
+    : List(tr("What will not survive saving"),
+           {tr("Setting"), tr("Value"), tr("Comes back as"), tr("Why"),
+            tr("What to do")},
+           parent) {}
+
+void LossList::display(const std::vector<Loss> &losses) {
+  clear();
+  append(losses);
+}
+
+void LossList::append(const std::vector<Loss> &losses) {
+  for (const Loss &loss : losses) {
+    const Code *const code = FindCode(loss.code);
+    QTreeWidgetItem &item =
+        add({nameOf(loss.field), valueOf(loss.field, loss.value),
+             valueOf(loss.field, loss.readBack), shown(loss.reason),
+             code != nullptr ? shown(code->advice) : QString()},
+            loss.field);
+    if (loss.blocking)
+      item.setForeground(0, faultColour(palette()));
+  }
+  for (int column = 0; column < columnCount() - 1; ++column)
+    resizeColumnToContents(column);
+}
+
+DifferenceList::DifferenceList(QWidget *parent)
+    : List(tr("What differs from what is saved"),
+           {tr("Setting"), tr("Saved"), tr("Now")}, parent) {}
+
+void DifferenceList::display(const std::vector<Difference> &differences) {
+  clear();
+  append(differences);
+}
+
+void DifferenceList::append(const std::vector<Difference> &differences) {
+  for (const Difference &difference : differences)
+    add({nameOf(difference.setting),
+         valueOf(difference.setting, difference.saved),
+         valueOf(difference.setting, difference.now)},
+        difference.setting);
+  for (int column = 0; column < columnCount() - 1; ++column)
+    resizeColumnToContents(column);
+}
+
+FaultList::FaultList(QWidget *parent)
+    : List(tr("What is wrong with the command"),
+           {tr("Column"), tr("Nearest match"), tr("What is wrong")}, parent) {}
+
+void FaultList::display(const std::vector<CommandDiagnostic> &diagnostics) {
+  clear();
+  for (const CommandDiagnostic &diagnostic : diagnostics) {
+    QTreeWidgetItem &item =
+        add({QString::number(diagnostic.offset + 1), QString(),
+             shown(diagnostic.message)},
+            "");
+    item.setForeground(2, diagnostic.severity == CodeSeverity::error
+                              ? faultColour(palette())
+                              : doubtColour(palette()));
+    if (diagnostic.suggestion.empty())
+      continue;
+    auto *const button = new QPushButton(shown(diagnostic.suggestion), this);
+    button->setAccessibleName(
+        tr("Replace by %1").arg(shown(diagnostic.suggestion)));
+    button->setToolTip(button->accessibleName());
+    connect(button, &QPushButton::clicked, this,
+            [this, diagnostic] { emit matchChosen(diagnostic); },
+            Qt::QueuedConnection);
+    setItemWidget(&item, 1, button);
+  }
+  resizeColumnToContents(0);
+  resizeColumnToContents(1);
+}
+
+} // namespace ZelDebugDialog::dialog
