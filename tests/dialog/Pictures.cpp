@@ -83,10 +83,10 @@ QImage addressMap() {
   Scene scene;
   scene.board().choose("ppc405_0");
   scene.type("icacheStartAdr", QStringLiteral("0x40000000"));
-  scene.type("dcacheStartAdr", QStringLiteral("0x40004000"));
+  scene.type("dcacheStartAdr", QStringLiteral("0x40010000"));
   scene.type("romemStartAdr", QStringLiteral("0xfff00000"));
   scene.type("romemSize", QStringLiteral("65536"));
-  scene.type("tlbStartAdr", QStringLiteral("0x123"));
+  scene.type("tlbStartAdr", QStringLiteral("0x40020123"));
   return grab(scene.window());
 }
 

@@ -5,6 +5,7 @@
 #include <QStandardItemModel>
 #include <QWheelEvent>
 
+#include "pages/Palette.h"
 #include "pages/Texts.h"
 
 namespace ZelDebugDialog::dialog {
@@ -101,6 +102,9 @@ ShownValue::ShownValue(const SettingInfo &setting, SessionModel &sessionModel,
   plainLayout(this)->addWidget(text);
   text->setTextFormat(Qt::PlainText);
   text->setWordWrap(true);
+  QPalette quiet = text->palette();
+  quiet.setColor(QPalette::WindowText, quietColour(quiet));
+  text->setPalette(quiet);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse |
                                 Qt::TextSelectableByKeyboard);
 }

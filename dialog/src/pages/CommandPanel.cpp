@@ -51,11 +51,13 @@ CommandPanel::CommandPanel(SessionModel &sessionModel, QWidget *parent)
   remark->setTextFormat(Qt::PlainText);
   remark->setTextInteractionFlags(Qt::TextSelectableByMouse);
   connect(command, &CommandEdit::typed, this, &CommandPanel::send);
-  connect(command, &CommandEdit::left, this, [this] {
-    model.endTyping();
+  const auto finish = [this] {
+    model.endTypingCommand();
     isTyping = false;
     refresh();
-  });
+  };
+  // Not at once: a window that is closed leaves its lines, too.
+  connect(command, &CommandEdit::left, this, finish, Qt::QueuedConnection);
   connect(command, &CommandEdit::settingAsked, this,
           &CommandPanel::settingAsked);
   connect(&model, &SessionModel::stateChanged, this, &CommandPanel::refresh);

@@ -61,6 +61,10 @@ ConfigurationPage::ConfigurationPage(const Board &board,
   splitter->setStretchFactor(0, 1);
   splitter->setStretchFactor(1, 0);
   splitter->setChildrenCollapsible(false);
+  constexpr int formLines = 34;
+  constexpr int belowLines = 14;
+  const int line = fontMetrics().height();
+  splitter->setSizes({formLines * line, belowLines * line});
   layout->addWidget(splitter, 1);
 
   connect(model, &SessionModel::stateChanged, this,
@@ -94,6 +98,8 @@ QWidget *ConfigurationPage::makeLists() {
   lists->addTab(losses, QString());
   lists->addTab(differences, QString());
   lists->setDocumentMode(true);
+  constexpr int fewestLines = 6;
+  lists->setMinimumHeight(fewestLines * fontMetrics().height());
   connect(faults, &FaultList::matchChosen, this,
           [this](const CommandDiagnostic &diagnostic) {
             command->apply(diagnostic);

@@ -38,7 +38,9 @@ LineEditor::LineEditor(const SettingInfo &setting, SessionModel &sessionModel,
   line->setAccessibleName(labelOf(setting));
   connect(line, &QLineEdit::textEdited, this, [this] { send(); });
   connect(line, &QLineEdit::returnPressed, this, &LineEditor::finish);
-  connect(line, &SessionLine::left, this, &LineEditor::finish);
+  // Not at once: a window that is closed leaves its lines, too.
+  connect(line, &SessionLine::left, this, &LineEditor::finish,
+          Qt::QueuedConnection);
   if (setting.kind == SettingKind::file) {
     auto *const button = new QToolButton(this);
     button->setText(QStringLiteral("…"));
@@ -80,7 +82,7 @@ void LineEditor::send() {
 }
 
 void LineEditor::finish() {
-  model.endTyping();
+  model.endTypingFor(info.id);
   isTyping = false;
   if (const SettingState *const state = model.find(info.id))
     display(*state);

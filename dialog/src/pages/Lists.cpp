@@ -1,7 +1,7 @@
 #include "pages/Lists.h"
 
 #include <QHeaderView>
-#include <QPushButton>
+#include <QKeyEvent>
 
 #include "pages/Palette.h"
 #include "pages/Texts.h"
@@ -11,6 +11,7 @@ namespace ZelDebugDialog::dialog {
 namespace {
 
 constexpr int settingRole = Qt::UserRole;
+constexpr int matchColumn = 1;
 
 /// All of a cell is in its tip as well: it may be cut.
 void addTips(QTreeWidgetItem &item) {
@@ -95,9 +96,35 @@ void DifferenceList::append(const std::vector<Difference> &differences) {
 
 FaultList::FaultList(QWidget *parent)
     : List(tr("What is wrong with the command"),
-           {tr("Column"), tr("Nearest match"), tr("What is wrong")}, parent) {}
+           {tr("Column"), tr("Nearest match"), tr("What is wrong")}, parent) {
+  // One click takes the match; by the keyboard, Return does. What is clicked
+  // is gone by then, so not at once.
+  connect(this, &QTreeWidget::itemClicked, this,
+          [this](const QTreeWidgetItem *, int column) {
+            if (column == matchColumn)
+              takeMatch();
+          },
+          Qt::QueuedConnection);
+}
+
+void FaultList::keyPressEvent(QKeyEvent *event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    takeMatch();
+  else
+    List::keyPressEvent(event);
+}
+
+void FaultList::takeMatch() {
+  const int row = indexOfTopLevelItem(currentItem());
+  if (row < 0 || static_cast<std::size_t>(row) >= known.size())
+    return;
+  const CommandDiagnostic diagnostic = known[static_cast<std::size_t>(row)];
+  if (!diagnostic.suggestion.empty())
+    emit matchChosen(diagnostic);
+}
 
 void FaultList::display(const std::vector<CommandDiagnostic> &diagnostics) {
+  known = diagnostics;
   clear();
   for (const CommandDiagnostic &diagnostic : diagnostics) {
     QTreeWidgetItem &item =
@@ -109,14 +136,13 @@ void FaultList::display(const std::vector<CommandDiagnostic> &diagnostics) {
                               : doubtColour(palette()));
     if (diagnostic.suggestion.empty())
       continue;
-    auto *const button = new QPushButton(shown(diagnostic.suggestion), this);
-    button->setAccessibleName(
-        tr("Replace by %1").arg(shown(diagnostic.suggestion)));
-    button->setToolTip(button->accessibleName());
-    connect(button, &QPushButton::clicked, this,
-            [this, diagnostic] { emit matchChosen(diagnostic); },
-            Qt::QueuedConnection);
-    setItemWidget(&item, 1, button);
+    item.setText(matchColumn, shown(diagnostic.suggestion));
+    item.setForeground(matchColumn, palette().link());
+    item.setToolTip(matchColumn,
+                    tr("Replace by %1").arg(shown(diagnostic.suggestion)));
+    QFont font = item.font(matchColumn);
+    font.setUnderline(true);
+    item.setFont(matchColumn, font);
   }
   resizeColumnToContents(0);
   resizeColumnToContents(1);

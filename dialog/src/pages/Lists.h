@@ -54,6 +54,14 @@ public:
 
 signals:
   void matchChosen(const CommandDiagnostic &diagnostic);
+
+protected:
+  void keyPressEvent(QKeyEvent *event) override;
+
+private:
+  void takeMatch();
+
+  std::vector<CommandDiagnostic> known;
 };
 
 } // namespace ZelDebugDialog::dialog

@@ -18,15 +18,16 @@ namespace ZelDebugDialog::dialog {
 
 namespace {
 
-constexpr int labelWidth = 24;  // letters
-constexpr int originWidth = 18; // letters
+constexpr int originWidth = 16; // letters
 
-/// Why nothing of a group is applicable; empty if that differs.
+/// Why nothing of a group is applicable.
 QString commonReason(const std::vector<const SettingState *> &states) {
+  if (states.empty())
+    return {};
   for (const SettingState *const state : states)
     if (state->reason != states.front()->reason)
-      return {};
-  return states.empty() ? QString() : shown(states.front()->reason);
+      return Section::tr("none of its settings is applicable");
+  return shown(states.front()->reason);
 }
 
 } // namespace
@@ -48,18 +49,16 @@ Section::Section(const SettingInfo &first, QWidget *parent)
   heading->setAccessibleName(groupOf(first));
   heading->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   heading->setAutoRaise(true);
-  heading->setCheckable(true);
   heading->setFocusPolicy(Qt::StrongFocus);
   QFont font = heading->font();
   font.setBold(true);
   heading->setFont(font);
   connect(heading, &QToolButton::clicked, this,
-          [this](bool isOpen) { fold(!isOpen); });
+          [this] { fold(!body->isHidden()); });
   remark->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
   const int letter = fontMetrics().averageCharWidth();
   grid->setContentsMargins(3 * letter, 0, 0, letter);
-  grid->setColumnMinimumWidth(0, labelWidth * letter);
   grid->setColumnStretch(1, 1);
   grid->setColumnMinimumWidth(2, originWidth * letter);
   grid->setVerticalSpacing(4);
@@ -74,10 +73,21 @@ bool Section::has(const SettingRow *row) const {
   return std::find(rows.begin(), rows.end(), row) != rows.end();
 }
 
+int Section::labelWidth() const {
+  int widest = 0;
+  for (const SettingRow *const row : rows)
+    widest = std::max(widest, row->labelWidth());
+  return widest;
+}
+
+void Section::setLabelWidth(int width) {
+  grid->setColumnMinimumWidth(0, width);
+}
+
 void Section::unfold() { fold(false); }
 
 void Section::fold(bool isFolded) {
-  heading->setChecked(!isFolded);
+  heading->setAccessibleDescription(isFolded ? tr("folded") : tr("unfolded"));
   heading->setArrowType(isFolded ? Qt::RightArrow : Qt::DownArrow);
   body->setVisible(!isFolded);
 }

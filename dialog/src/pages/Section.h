@@ -26,6 +26,9 @@ public:
   const std::string &group() const { return name; }
   SettingRow *add(const SettingInfo &setting, SessionModel &model);
   bool has(const SettingRow *row) const;
+  /// Of the widest label; and what labels get in all sections alike.
+  int labelWidth() const;
+  void setLabelWidth(int width);
   void unfold();
   /// Shows the rows. Where none of them has become applicable or none is any
   /// longer, unfolds or folds.

@@ -31,6 +31,8 @@ bool isStep(const SessionState &before, const SessionState &after) {
 /// No setting has this name.
 constexpr const char *wholeCommand = "";
 
+std::string keyOf(const std::string &typedFor) { return "for " + typedFor; }
+
 } // namespace
 
 SessionModel::SessionModel(const Board &board, const std::string &processor,
@@ -63,17 +65,14 @@ void SessionModel::type(const std::string &setting, const QString &text) {
 }
 
 void SessionModel::typeCommand(const QString &text) {
-  performTyping(wholeCommand, [&] {
-    // A command that is taken away altogether is one that is not finished.
-    return live.Edit(bytesOf(text));
-  });
+  performTyping(wholeCommand, [&] { return live.Edit(bytesOf(text)); });
 }
 
 /// Each letter takes the place of the one before, so that one step of undoing
 /// goes back to where typing began.
 void SessionModel::performTyping(const std::string &typedFor,
                                  const Operation &operation) {
-  const std::string key = "typing " + typedFor;
+  const std::string key = keyOf(typedFor);
   const bool goesOn = typed == key;
   if (!goesOn) {
     beforeTyping = known;
@@ -88,6 +87,13 @@ void SessionModel::performTyping(const std::string &typedFor,
   typed = key;
   typingIsStep = isStep(beforeTyping, known);
 }
+
+void SessionModel::endTypingFor(const std::string &setting) {
+  if (typed == keyOf(setting))
+    endTyping();
+}
+
+void SessionModel::endTypingCommand() { endTypingFor(wholeCommand); }
 
 bool SessionModel::change(const std::string &setting, const Value &value) {
   endTyping();

@@ -40,6 +40,9 @@ public:
   void typeCommand(const QString &text);
   /// What is typed next is another step.
   void endTyping() { typed.clear(); }
+  /// The same where this setting is what is typed for.
+  void endTypingFor(const std::string &setting);
+  void endTypingCommand();
 
   bool change(const std::string &setting, const Value &value);
   /// A text that is no value, or a value of the chain with cells that are none.

@@ -79,6 +79,8 @@ bool SettingRow::has(const QWidget *widget) const {
 
 QWidget *SettingRow::field() const { return valueEditor->field(); }
 
+int SettingRow::labelWidth() const { return label->sizeHint().width(); }
+
 void SettingRow::display(const SettingState &state) {
   valueEditor->display(state);
   const bool isOpen = !info.settable || state.applicable || state.draft;

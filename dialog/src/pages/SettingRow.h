@@ -26,6 +26,7 @@ public:
   const SettingInfo &setting() const { return info; }
   bool has(const QWidget *widget) const;
   QWidget *field() const;
+  int labelWidth() const;
   ValueEditor &editor() const { return *valueEditor; }
   void display(const SettingState &state);
   /// Marks it as the one that a word of the command has led to.

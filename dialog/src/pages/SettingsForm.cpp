@@ -27,10 +27,16 @@ SettingsForm::SettingsForm(SessionModel &sessionModel, QWidget *parent)
     rows.push_back(sectionFor(setting, *layout).add(setting, model));
   }
   layout->addStretch();
+  int widest = 0;
+  for (const Section *const section : sections)
+    widest = std::max(widest, section->labelWidth());
+  for (Section *const section : sections)
+    section->setLabelWidth(widest);
   setWidget(content);
   connect(&model, &SessionModel::stateChanged, this, &SettingsForm::refresh);
-  connect(qApp, &QApplication::focusChanged, this,
-          [this](const QWidget *, const QWidget *now) { noteFocus(now); });
+  focusNotes = connect(
+      qApp, &QApplication::focusChanged, this,
+      [this](const QWidget *, const QWidget *now) { noteFocus(now); });
   refresh();
 }
 
@@ -84,6 +90,9 @@ void SettingsForm::lead(const std::string &setting) {
   if (SettingRow *const row = rowFor(setting))
     row->field()->setFocus(Qt::OtherFocusReason);
 }
+
+/// Its controls lose the focus while they go.
+SettingsForm::~SettingsForm() { QObject::disconnect(focusNotes); }
 
 void SettingsForm::noteFocus(const QWidget *widget) {
   if (widget == nullptr || !isAncestorOf(widget))

@@ -21,6 +21,9 @@ class SettingsForm : public QScrollArea {
 
 public:
   SettingsForm(SessionModel &sessionModel, QWidget *parent);
+  SettingsForm(const SettingsForm &) = delete;
+  SettingsForm &operator=(const SettingsForm &) = delete;
+  ~SettingsForm() override;
 
   /// Shows and marks where a setting stands; of a device's field, the chain.
   void reveal(const std::string &setting);
@@ -41,6 +44,7 @@ private:
   SessionModel &model; // NOLINT: outlives its widgets
   std::vector<Section *> sections;
   std::vector<SettingRow *> rows;
+  QMetaObject::Connection focusNotes;
 };
 
 } // namespace ZelDebugDialog::dialog

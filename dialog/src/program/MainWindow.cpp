@@ -90,6 +90,9 @@ MainWindow::MainWindow(const std::string &optionFolder)
   refresh();
 }
 
+/// The page goes before the design that it asks.
+MainWindow::~MainWindow() { delete page; }
+
 void MainWindow::makeProgress() {
   progress = new QWidget(stack);
   auto *const layout = new QVBoxLayout(progress);
@@ -145,6 +148,10 @@ void MainWindow::makeMenus() {
   quit->setShortcut(QKeySequence::Quit);
   connect(quit, &QAction::triggered, this, &QWidget::close);
   editMenu = menuBar()->addMenu(tr("&Edit"));
+  tools = addToolBar(tr("Tools"));
+  tools->setObjectName(QStringLiteral("tools"));
+  tools->setMovable(false);
+  tools->addAction(openAction);
   QMenu *const view = menuBar()->addMenu(tr("&View"));
   view->addAction(messagesDock->toggleViewAction());
   fillRecent();
@@ -173,6 +180,9 @@ void MainWindow::take(const std::shared_ptr<LoadedDesign> &loaded) {
     using Operation = BoardPage::Operation;
     for (const Operation one : {Operation::save, Operation::saveAll})
       fileMenu->insertAction(saveSeparator, page->action(one));
+    for (const Operation one : {Operation::save, Operation::undo,
+                                Operation::redo, Operation::revert})
+      tools->addAction(page->action(one));
     for (const Operation one : {Operation::undo, Operation::redo,
                                 Operation::revert, Operation::reset,
                                 Operation::copy})

@@ -14,6 +14,7 @@ class QLabel;
 class QMenu;
 class QPushButton;
 class QStackedWidget;
+class QToolBar;
 class QVBoxLayout;
 
 namespace ZelDebugDialog {
@@ -31,6 +32,9 @@ class MainWindow : public QMainWindow {
 public:
   /// @param optionFolder  holds the option files of every design
   explicit MainWindow(const std::string &optionFolder);
+  MainWindow(const MainWindow &) = delete;
+  MainWindow &operator=(const MainWindow &) = delete;
+  ~MainWindow() override;
 
   void open(const DesignSources &sources);
   /// The board that is open; null for none.
@@ -71,6 +75,7 @@ private:
   QPushButton *useFound = nullptr;
   DesignMessages *messages;
   QDockWidget *messagesDock = nullptr;
+  QToolBar *tools = nullptr;
   QMenu *editMenu = nullptr;
   QMenu *fileMenu = nullptr;
   QMenu *recentMenu = nullptr;
