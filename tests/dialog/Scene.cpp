@@ -1,7 +1,9 @@
 #include "dialog/Scene.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QLineEdit>
@@ -10,6 +12,7 @@
 #include <QStandardPaths>
 #include <QStyleFactory>
 #include <QTest>
+#include <QTimer>
 
 #include "pages/CommandEdit.h"
 #include "pages/SettingRow.h"
@@ -108,6 +111,39 @@ void Scene::typeCommand(const QString &text) {
 
 QAction *Scene::action(BoardPage::Operation operation) {
   return board().action(operation);
+}
+
+bool answer(const std::function<void()> &operation,
+            const std::function<void(QDialog &)> &reply) {
+  bool wasAsked = false;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&] {
+    auto *const dialog =
+        qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    if (dialog == nullptr || wasAsked)
+      return;
+    wasAsked = true;
+    timer.stop();
+    reply(*dialog);
+  });
+  timer.start(5);
+  operation();
+  return wasAsked;
+}
+
+bool answer(const std::function<void()> &operation, const QString &button) {
+  return answer(operation, [&button](QDialog &dialog) {
+    for (QAbstractButton *const one : dialog.findChildren<QAbstractButton *>())
+      if (one->text().remove(u'&') == button) {
+        one->click();
+        return;
+      }
+    qFatal("there is no such button: %s", qPrintable(button));
+  });
+}
+
+bool waitUntil(const std::function<bool()> &holds) {
+  return QTest::qWaitFor(holds, patience);
 }
 
 } // namespace scene

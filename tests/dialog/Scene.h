@@ -2,6 +2,7 @@
 #ifndef TESTS_DIALOG_SCENE_H
 #define TESTS_DIALOG_SCENE_H
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -13,6 +14,7 @@
 #include "program/MainWindow.h"
 
 class QAction;
+class QDialog;
 class QLineEdit;
 
 namespace scene {
@@ -51,6 +53,15 @@ private:
   QTemporaryDir files;
   std::unique_ptr<ZelDebugDialog::dialog::MainWindow> mainWindow;
 };
+
+/// Does something that asks, and answers in the dialog that comes up.
+/// @return whether there was one
+bool answer(const std::function<void()> &operation,
+            const std::function<void(QDialog &)> &reply);
+/// The same by the button that has this text, "&" not counted.
+bool answer(const std::function<void()> &operation, const QString &button);
+/// As soon as `holds` does; false after a while.
+bool waitUntil(const std::function<bool()> &holds);
 
 /// The one control below `parent` that is called so; null for none or several.
 template <class Widget>

@@ -1,7 +1,10 @@
 #include "pages/Lists.h"
 
+#include <algorithm>
+
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QTimer>
 
 #include "pages/Palette.h"
 #include "pages/Texts.h"
@@ -12,6 +15,12 @@ namespace {
 
 constexpr int settingRole = Qt::UserRole;
 constexpr int matchColumn = 1;
+
+bool isSame(const CommandDiagnostic &one, const CommandDiagnostic &other) {
+  return one.offset == other.offset && one.length == other.length &&
+         one.severity == other.severity && one.message == other.message &&
+         one.suggestion == other.suggestion;
+}
 
 /// All of a cell is in its tip as well: it may be cut.
 void addTips(QTreeWidgetItem &item) {
@@ -103,8 +112,7 @@ FaultList::FaultList(QWidget *parent)
           [this](const QTreeWidgetItem *, int column) {
             if (column == matchColumn)
               takeMatch();
-          },
-          Qt::QueuedConnection);
+          });
 }
 
 void FaultList::keyPressEvent(QKeyEvent *event) {
@@ -120,10 +128,18 @@ void FaultList::takeMatch() {
     return;
   const CommandDiagnostic diagnostic = known[static_cast<std::size_t>(row)];
   if (!diagnostic.suggestion.empty())
-    emit matchChosen(diagnostic);
+    QTimer::singleShot(0, this,
+                       [this, diagnostic] { emit matchChosen(diagnostic); });
 }
 
 void FaultList::display(const std::vector<CommandDiagnostic> &diagnostics) {
+  // A click begins and ends on the same item.
+  const bool isKnown =
+      std::equal(known.begin(), known.end(), diagnostics.begin(),
+                 diagnostics.end(), isSame) &&
+      !diagnostics.empty();
+  if (isKnown)
+    return;
   known = diagnostics;
   clear();
   for (const CommandDiagnostic &diagnostic : diagnostics) {

@@ -127,8 +127,14 @@ bool isLossy(const SessionModel *model) {
 }
 
 bool finish(const std::vector<SessionModel *> &models,
-            const SaveOptions &options, QWidget *parent) {
-  const std::vector<SaveOutcome> outcomes = saveAll(models, options);
+            SaveOptions options, QWidget *parent) {
+  std::vector<SaveOutcome> outcomes = saveAll(models, options);
+  if (hasRefusal(outcomes, isForFolder)) {
+    if (!wantsFolder(shownRefusals(models, outcomes), parent))
+      return false;
+    options.makeFolder = true;
+    outcomes = saveAll(models, options);
+  }
   for (SessionModel *const model : models) {
     model->endTyping();
     model->refresh();
@@ -145,17 +151,11 @@ bool saveConfigurations(const std::vector<SessionModel *> &models,
                         QWidget *parent) {
   SaveOptions options;
   options.dryRun = true;
-  std::vector<SaveOutcome> outcomes = saveAll(models, options);
+  const std::vector<SaveOutcome> outcomes = saveAll(models, options);
   if (hasRefusal(outcomes, isFinal)) {
     QMessageBox::warning(parent, translate("Not saved"),
                          shownRefusals(models, outcomes));
     return false;
-  }
-  if (hasRefusal(outcomes, isForFolder)) {
-    if (!wantsFolder(shownRefusals(models, outcomes), parent))
-      return false;
-    options.makeFolder = true;
-    outcomes = saveAll(models, options);
   }
   const bool isRefused = hasRefusal(outcomes, canBeOverruled);
   if (isRefused || std::any_of(models.begin(), models.end(), isLossy)) {
