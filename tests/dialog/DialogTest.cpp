@@ -4,8 +4,8 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDir>
 #include <QDialog>
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -113,7 +113,8 @@ class DialogTest : public QObject {
 private slots:
   void initTestCase() { scene::prepare(); }
 
-  // --- Settings ---------------------------------------------------------------
+  // --- Settings
+  // ---------------------------------------------------------------
 
   void WhatIsEnteredReachesTheCommand_data() {
     QTest::addColumn<QString>("processor");
@@ -134,8 +135,8 @@ private slots:
         "connect lc hdu -cable type quorla_podusb esn 0042 -debugdevice cpunr "
         "1");
     row("address map", "ppc405_0",
-        {"romemStartAdr", "0xfff00000", "romemSize", "65536",
-         "icacheStartAdr", "0x40000000"},
+        {"romemStartAdr", "0xfff00000", "romemSize", "65536", "icacheStartAdr",
+         "0x40000000"},
         "connect ppc hw -debugdevice cpunr 1 romemStartAdr 0xfff00000 "
         "romemSize 65536 icacheStartAdr 0x40000000 fpuType sp");
     row("simulator", "lumacore_0", {"connection", "sim"}, "connect lc sim");
@@ -270,7 +271,8 @@ private slots:
     QCOMPARE(scene.command(), QString(storyCommand));
   }
 
-  // --- The chain --------------------------------------------------------------
+  // --- The chain
+  // --------------------------------------------------------------
 
   void DevicesAreAddedMovedAndRemoved() {
     Scene scene;
@@ -278,8 +280,7 @@ private slots:
     auto &chain = only<dialog::ChainEditor>(scene.page());
     auto &table = only<QTableWidget>(chain);
     const auto press = [&](const char *name) {
-      QTest::mouseClick(scene::named<QPushButton>(chain, name),
-                        Qt::LeftButton);
+      QTest::mouseClick(scene::named<QPushButton>(chain, name), Qt::LeftButton);
     };
     press("Add a device");
     QCOMPARE(table.rowCount(), 1);
@@ -325,7 +326,8 @@ private slots:
     QVERIFY(!textsOf(*chain.window()).contains("Device 2,"));
   }
 
-  // --- The command ------------------------------------------------------------
+  // --- The command
+  // ------------------------------------------------------------
 
   void TheFormFollowsTheCommand() {
     Scene scene;
@@ -366,8 +368,7 @@ private slots:
     QCOMPARE(lineOf(scene, "debugDevice").text(), QString("0"));
     // The nearest match by one click.
     const QRect cell = faults.visualItemRect(faults.topLevelItem(0));
-    const QPoint place(faults.columnViewportPosition(1) + 4,
-                       cell.center().y());
+    const QPoint place(faults.columnViewportPosition(1) + 4, cell.center().y());
     QTest::mousePress(faults.viewport(), Qt::LeftButton, {}, place);
     QCoreApplication::processEvents();
     QTest::mouseRelease(faults.viewport(), Qt::LeftButton, {}, place);
@@ -391,8 +392,8 @@ private slots:
     };
     QCOMPARE(marked(), QStringList({"2"}));
     QTextCursor cursor = line.textCursor();
-    cursor.setPosition(static_cast<int>(
-        scene.command().indexOf(QLatin1String("hdu")) + 1));
+    cursor.setPosition(
+        static_cast<int>(scene.command().indexOf(QLatin1String("hdu")) + 1));
     line.setTextCursor(cursor);
     line.setFocus();
     QTest::keyClick(&line, Qt::Key_Return, Qt::ControlModifier);
@@ -411,7 +412,8 @@ private slots:
     QCOMPARE(scene.command().trimmed(), QString("connect lc hdu -cable"));
   }
 
-  // --- Saving -----------------------------------------------------------------
+  // --- Saving
+  // -----------------------------------------------------------------
 
   /// docs/zeldebug.md, told here.
   void TheStoryEndsWithTheSameFiles() {
@@ -485,7 +487,8 @@ private slots:
     QTest::addColumn<QString>("file");
     const QString mine("connect lc hdu -debugdevice deviceNr 2 cpunr 1");
     QTest::newRow("mine") << "Keep mine and overwrite" << mine << mine;
-    QTest::newRow("the file's") << "Take the file's" << "connect lc sim"
+    QTest::newRow("the file's") << "Take the file's"
+                                << "connect lc sim"
                                 << "connect lc sim\n";
     QTest::newRow("later") << "Go on" << mine << "connect lc sim\n";
   }
@@ -498,8 +501,8 @@ private slots:
     scene.type("debugDevice", "2");
     QVERIFY(answerIn(scene, button) == nullptr);
     scene.write("lumacore_0", "connect lc sim\n");
-    QVERIFY(scene::waitUntil(
-        [&] { return answerIn(scene, button) != nullptr; }));
+    QVERIFY(
+        scene::waitUntil([&] { return answerIn(scene, button) != nullptr; }));
     QTest::mouseClick(answerIn(scene, button), Qt::LeftButton);
     QCoreApplication::processEvents();
     QVERIFY(answerIn(scene, button) == nullptr);
@@ -546,7 +549,8 @@ private slots:
     QVERIFY(!scene.board().isModified());
   }
 
-  // --- Boards -----------------------------------------------------------------
+  // --- Boards
+  // -----------------------------------------------------------------
 
   void ProcessorsThatCannotBeDebuggedSayWhy() {
     Scene scene;
@@ -578,7 +582,8 @@ private slots:
     QVERIFY(opened.wait(60000));
     QVERIFY(scene.window().board() != nullptr);
     QVERIFY(answerIn(scene, "Take them from there") == nullptr);
-    QVERIFY(scene.board().current() != nullptr);
+    // None of them is a processor that is known by its name.
+    QVERIFY(textsOf(scene.window()).contains("A kind table says"));
   }
 
   void ADesignThatCannotBeReadIsToldWithItsLine() {
@@ -590,8 +595,8 @@ private slots:
     file.close();
     Scene scene(path.toStdString());
     QVERIFY(scene.window().board() == nullptr);
-    auto *const messages = scene::named<QTreeWidget>(
-        scene.window(), "Messages about the design");
+    auto *const messages =
+        scene::named<QTreeWidget>(scene.window(), "Messages about the design");
     QVERIFY(messages != nullptr);
     QVERIFY(messages->topLevelItemCount() > 0);
     QString shownSource;

@@ -14,8 +14,10 @@
 #include <QDialog>
 #include <QImage>
 #include <QLocale>
+#include <QMainWindow>
 #include <QPixmap>
 #include <QScreen>
+#include <QStatusBar>
 #include <QStyle>
 #include <QTabWidget>
 #include <QTest>
@@ -61,7 +63,14 @@ QPalette darkPalette() {
   return dark;
 }
 
+/// Not the folder of this run.
+void tidy(QWidget &window) {
+  if (auto *const main = qobject_cast<QMainWindow *>(&window))
+    main->statusBar()->clearMessage();
+}
+
 QImage grab(QWidget &window) {
+  tidy(window);
   QCoreApplication::processEvents();
   return window.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
@@ -107,7 +116,8 @@ QImage grabDialog(const std::function<void()> &operation) {
   QImage picture;
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [&] {
-    auto *const dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+    auto *const dialog =
+        qobject_cast<QDialog *>(QApplication::activeModalWidget());
     if (dialog == nullptr)
       return;
     timer.stop();
@@ -207,8 +217,7 @@ int main(int count, char **arguments) {
       made.save(path, "PNG", 0);
       continue;
     }
-    const QImage known =
-        QImage(path).convertToFormat(QImage::Format_RGB32);
+    const QImage known = QImage(path).convertToFormat(QImage::Format_RGB32);
     const std::string problem = difference(made, known);
     if (problem.empty())
       continue;

@@ -63,8 +63,7 @@ QByteArray Scene::saved(const std::string &processor) const {
 void Scene::write(const std::string &processor,
                   const QByteArray &content) const {
   QFile file(fileOf(processor));
-  if (!file.open(QIODevice::WriteOnly) ||
-      file.write(content) != content.size())
+  if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
     qFatal("the option file cannot be written");
 }
 

@@ -1,6 +1,6 @@
-// A random walk of people's hands: keys, clicks, menus, drops, saving, files that
-// change meanwhile. After each step what the widgets show is what the session
-// has, and what was saved is read back as the same.
+// A random walk of people's hands: keys, clicks, menus, drops, saving, files
+// that change meanwhile. After each step what the widgets show is what the
+// session has, and what was saved is read back as the same.
 //
 //   dialog_walk [STEPS [SEED]]
 #include <cstdio>
@@ -40,10 +40,9 @@ using scene::Scene;
 
 namespace {
 
-const std::vector<std::string> processors = {"lumacore_0", "lumacore_1",
-                                             "ppc405_0",   "ppc440_0",
-                                             "lumacore_2", "a9_0",
-                                             "a9_1",       "r5_0"};
+const std::vector<std::string> processors = {
+    "lumacore_0", "lumacore_1", "ppc405_0", "ppc440_0",
+    "lumacore_2", "a9_0",       "a9_1",     "r5_0"};
 
 const std::vector<const char *> texts = {
     "0",     "1",      "2",          "200",        "0x10000", "0xffffffff",
@@ -76,11 +75,11 @@ public:
   /// @return what does not agree afterwards; empty for nothing
   std::string step() {
     static const std::vector<void (Walk::*)()> steps = {
-        &Walk::typeSetting,    &Walk::typeSetting,  &Walk::typeSetting,
-        &Walk::chooseWord,     &Walk::switchFlag,   &Walk::typeCommand,
-        &Walk::pasteCommand,   &Walk::pressBack,    &Walk::changeChain,
-        &Walk::pressKey,       &Walk::pressKey,     &Walk::triggerAction,
-        &Walk::chooseAnother,  &Walk::changeFile,   &Walk::clickSomething,
+        &Walk::typeSetting,   &Walk::typeSetting, &Walk::typeSetting,
+        &Walk::chooseWord,    &Walk::switchFlag,  &Walk::typeCommand,
+        &Walk::pasteCommand,  &Walk::pressBack,   &Walk::changeChain,
+        &Walk::pressKey,      &Walk::pressKey,    &Walk::triggerAction,
+        &Walk::chooseAnother, &Walk::changeFile,  &Walk::clickSomething,
         &Walk::answerBanner};
     (this->*pick(steps))();
     QCoreApplication::processEvents();
@@ -89,9 +88,10 @@ public:
   }
 
 private:
-  template <class List> const typename List::value_type &pick(const List &list) {
-    return list[std::uniform_int_distribution<std::size_t>(
-        0, list.size() - 1)(random)];
+  template <class List>
+  const typename List::value_type &pick(const List &list) {
+    return list[std::uniform_int_distribution<std::size_t>(0, list.size() -
+                                                                  1)(random)];
   }
   int below(int end) {
     return std::uniform_int_distribution<int>(0, end - 1)(random);
@@ -104,8 +104,8 @@ private:
       for (Widget *const one : scene.page().findChildren<Widget *>())
         if (one->isVisible() && one->isEnabled())
           found.append(one);
-    return found.isEmpty() ? nullptr : found[below(static_cast<int>(
-                                           found.size()))];
+    return found.isEmpty() ? nullptr
+                           : found[below(static_cast<int>(found.size()))];
   }
 
   void typeSetting() {
@@ -133,8 +133,8 @@ private:
       if (below(3) == 0) {
         QTest::keyClick(line, Qt::Key_Space, Qt::ControlModifier);
         if (QWidget *const popup = QApplication::activePopupWidget())
-          QTest::keyClick(popup, below(2) == 0 ? Qt::Key_Return
-                                               : Qt::Key_Escape);
+          QTest::keyClick(popup,
+                          below(2) == 0 ? Qt::Key_Return : Qt::Key_Escape);
       }
     }
   }
@@ -240,7 +240,10 @@ private:
     const std::string text = line->text();
     if (text != state.draft.value_or(state.command.value_or("")) &&
         !(line->hasFocus() && text == state.editedCommand))
-      return "the command is '" + text + "'";
+      return "the command is '" + text + "', and should be '" +
+             state.draft.value_or(state.command.value_or("")) + "', edited '" +
+             state.editedCommand.value_or("none") + "'" +
+             (line->hasFocus() ? ", with focus" : "");
     auto *const form = scene.page().findChild<dialog::SettingsForm *>();
     for (const SettingState &setting : state.settings) {
       const std::string problem =
@@ -254,15 +257,15 @@ private:
   static std::string disagreementOf(const dialog::SettingRow &row,
                                     const SettingState &state) {
     QWidget *const field = row.field();
-    const bool isOpen = !row.setting().settable || state.applicable ||
-                        state.draft.has_value();
+    const bool isOpen =
+        !row.setting().settable || state.applicable || state.draft.has_value();
     if (field->isEnabledTo(field->window()) != isOpen)
       return "it is enabled, or disabled, and should not be";
     if (const auto *const line = qobject_cast<QLineEdit *>(field))
       return disagreementOf(*line, row.setting(), state);
     if (const auto *const mark = qobject_cast<QCheckBox *>(field)) {
-      const bool isOn = state.value.IsFlag() ? state.value.Flag()
-                                             : state.value.Number() != 0;
+      const bool isOn =
+          state.value.IsFlag() ? state.value.Flag() : state.value.Number() != 0;
       return mark->isChecked() == isOn ? "" : "the mark is another";
     }
     if (const auto *const box = qobject_cast<QComboBox *>(field)) {

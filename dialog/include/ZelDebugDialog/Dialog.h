@@ -1,5 +1,5 @@
-// The debug-configuration dialog as widgets: a page for one configuration, and a
-// page for all processors of a board.
+// The debug-configuration dialog as widgets: a page for one configuration, and
+// a page for all processors of a board.
 //
 // The pages show sessions of the configuration model (Session.h) and write
 // nothing but what people save. They belong to the thread of the application,

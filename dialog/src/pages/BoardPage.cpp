@@ -124,9 +124,9 @@ bool BoardPage::choose(const std::string &processor) {
     return false;
   for (const UndebuggableProcessor &none : board.Undebuggable())
     if (none.name == processor) {
-      remark->setText(tr("%1 (%2) cannot be debugged: %3.")
-                          .arg(shown(none.name), shown(none.type),
-                               shown(none.reason)));
+      remark->setText(
+          tr("%1 (%2) cannot be debugged: %3.")
+              .arg(shown(none.name), shown(none.type), shown(none.reason)));
       stack->setCurrentWidget(remark);
       refresh();
       return true;

@@ -69,17 +69,15 @@ public:
         QStyledItemDelegate::createEditor(parent, option, index);
     if (editor != nullptr)
       editor->setAccessibleName(
-          index.model()
-              ->headerData(index.column(), Qt::Horizontal)
-              .toString());
+          index.model()->headerData(index.column(), Qt::Horizontal).toString());
     return editor;
   }
 };
 
 } // namespace
 
-ChainEditor::ChainEditor(const SettingInfo &setting,
-                         SessionModel &sessionModel, QWidget *parent)
+ChainEditor::ChainEditor(const SettingInfo &setting, SessionModel &sessionModel,
+                         QWidget *parent)
     : ValueEditor(setting, sessionModel, parent), fields(fieldsOf(setting)),
       table(new QTableWidget(this)) {
   auto *const layout = new QVBoxLayout(this);
@@ -102,10 +100,9 @@ ChainEditor::ChainEditor(const SettingInfo &setting,
   header->setSectionResizeMode(QHeaderView::Stretch);
   header->setFixedHeight(2 * fontMetrics().height() + 10);
   table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  table->setFixedHeight(header->height() +
-                        linesShown *
-                            table->verticalHeader()->defaultSectionSize() +
-                        2);
+  table->setFixedHeight(
+      header->height() +
+      linesShown * table->verticalHeader()->defaultSectionSize() + 2);
   connect(table, &QTableWidget::itemChanged, this, &ChainEditor::takeCell);
   connect(table, &QTableWidget::currentCellChanged, this,
           &ChainEditor::updateButtons);
@@ -153,10 +150,10 @@ QString ChainEditor::errorIn(const SettingState &state) const {
   for (const auto &[cell, text] : readTexts(shown(*state.draft))) {
     const auto column = static_cast<std::size_t>(cell.second);
     if (column < fields.size())
-      problems.append(tr("Device %1, %2: %3")
-                          .arg(cell.first + 1)
-                          .arg(labelOf(*fields[column]),
-                               problemOf(*fields[column], text)));
+      problems.append(
+          tr("Device %1, %2: %3")
+              .arg(cell.first + 1)
+              .arg(labelOf(*fields[column]), problemOf(*fields[column], text)));
   }
   return problems.join(u'\n');
 }
@@ -177,9 +174,9 @@ void ChainEditor::display(const SettingState &state) {
 void ChainEditor::displayCell(int row, int column, const CellTexts &texts) {
   const SettingInfo &field = *fields[static_cast<std::size_t>(column)];
   const Value::Chain chain = devices();
-  const Value &value = chain[static_cast<std::size_t>(row)]
-                            [static_cast<std::size_t>(column)]
-                                .second;
+  const Value &value =
+      chain[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]
+          .second;
   QTableWidgetItem *item = table->item(row, column);
   if (item == nullptr) {
     item = new QTableWidgetItem;
@@ -221,9 +218,9 @@ void ChainEditor::takeCell(QTableWidgetItem *item) {
   CellTexts texts = unfinished();
   if (static_cast<std::size_t>(row) >= chain.size())
     return;
-  Value &value = chain[static_cast<std::size_t>(row)]
-                      [static_cast<std::size_t>(column)]
-                          .second;
+  Value &value =
+      chain[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)]
+          .second;
   texts.erase({row, column});
   if (field.kind == SettingKind::flag) {
     const bool isOn = item->checkState() == Qt::Checked;

@@ -28,6 +28,7 @@ public:
 
   void display(const SettingState &state) override;
   QWidget *field() override;
+  QWidget *widget() override { return this; }
   QString errorIn(const SettingState &state) const override;
   bool isWide() const override { return true; }
   void lead(const std::string &setting) override;

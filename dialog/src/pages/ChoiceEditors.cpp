@@ -1,7 +1,6 @@
 #include "pages/ChoiceEditors.h"
 
 #include <QAbstractItemView>
-#include <QHBoxLayout>
 #include <QStandardItemModel>
 #include <QWheelEvent>
 
@@ -28,31 +27,22 @@ protected:
   }
 };
 
-QHBoxLayout *plainLayout(QWidget *parent) {
-  auto *const layout = new QHBoxLayout(parent);
-  layout->setContentsMargins(0, 0, 0, 0);
-  return layout;
-}
-
 } // namespace
 
 WordEditor::WordEditor(const SettingInfo &setting, SessionModel &sessionModel,
                        QWidget *parent)
     : ValueEditor(setting, sessionModel, parent), box(new QuietBox(this)) {
-  plainLayout(this)->addWidget(box);
   box->setAccessibleName(labelOf(setting));
   box->setFocusPolicy(Qt::StrongFocus);
   box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   box->setMinimumContentsLength(narrowest);
   for (const Choice &choice : setting.choices) {
     box->addItem(labelOf(choice));
-    box->setItemData(box->count() - 1, shown(choice.text),
-                     Qt::ToolTipRole);
+    box->setItemData(box->count() - 1, shown(choice.text), Qt::ToolTipRole);
   }
   connect(box, &QComboBox::activated, this, [this](int index) {
     model.change(info.id, info.choices[static_cast<std::size_t>(index)].value);
   });
-  setFocusProxy(box);
 }
 
 void WordEditor::display(const SettingState &state) {
@@ -80,14 +70,12 @@ void WordEditor::display(const SettingState &state) {
 FlagEditor::FlagEditor(const SettingInfo &setting, SessionModel &sessionModel,
                        QWidget *parent)
     : ValueEditor(setting, sessionModel, parent), mark(new QCheckBox(this)) {
-  plainLayout(this)->addWidget(mark);
   mark->setAccessibleName(labelOf(setting));
   connect(mark, &QCheckBox::clicked, this, [this](bool isOn) {
     if (!model.change(info.id, isOn))
       if (const SettingState *const state = model.find(info.id))
         display(*state);
   });
-  setFocusProxy(mark);
 }
 
 void FlagEditor::display(const SettingState &state) {
@@ -99,7 +87,6 @@ void FlagEditor::display(const SettingState &state) {
 ShownValue::ShownValue(const SettingInfo &setting, SessionModel &sessionModel,
                        QWidget *parent)
     : ValueEditor(setting, sessionModel, parent), text(new QLabel(this)) {
-  plainLayout(this)->addWidget(text);
   text->setTextFormat(Qt::PlainText);
   text->setWordWrap(true);
   QPalette quiet = text->palette();

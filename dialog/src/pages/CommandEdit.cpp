@@ -81,8 +81,8 @@ void CommandEdit::markSetting(const std::string &setting) {
   draw();
 }
 
-QTextEdit::ExtraSelection
-CommandEdit::selectionOf(std::size_t offset, std::size_t length) const {
+QTextEdit::ExtraSelection CommandEdit::selectionOf(std::size_t offset,
+                                                   std::size_t length) const {
   const std::string all = text();
   QTextEdit::ExtraSelection selection;
   selection.cursor = QTextCursor(document());
@@ -173,9 +173,9 @@ bool CommandEdit::event(QEvent *event) {
 
 void CommandEdit::keyPressEvent(QKeyEvent *event) {
   const bool hasControl = event->modifiers().testFlag(Qt::ControlModifier);
-  const bool takesPopup =
-      isEnter(*event) || event->key() == Qt::Key_Escape ||
-      event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+  const bool takesPopup = isEnter(*event) || event->key() == Qt::Key_Escape ||
+                          event->key() == Qt::Key_Tab ||
+                          event->key() == Qt::Key_Backtab;
   if (completer->popup()->isVisible() && takesPopup) {
     event->ignore(); // The list of words takes it.
     return;

@@ -71,13 +71,13 @@ void CommandPanel::send() {
 
 /// A command that was accepted stands there as it was typed, until one leaves.
 bool CommandPanel::isAsTyped() const {
-  if (!isTyping)
+  if (!isTyping || !command->hasFocus())
     return false;
   const std::string text = command->text();
   const SessionState &state = model.state();
-  return state.draft ? *state.draft == text
-                     : text == state.editedCommand.value_or(
-                                   state.command.value_or(""));
+  return state.draft
+             ? *state.draft == text
+             : text == state.editedCommand.value_or(state.command.value_or(""));
 }
 
 void CommandPanel::refresh() {

@@ -98,7 +98,7 @@ QWidget *ConfigurationPage::makeLists() {
   lists->addTab(losses, QString());
   lists->addTab(differences, QString());
   lists->setDocumentMode(true);
-  constexpr int fewestLines = 6;
+  constexpr int fewestLines = 7;
   lists->setMinimumHeight(fewestLines * fontMetrics().height());
   connect(faults, &FaultList::matchChosen, this,
           [this](const CommandDiagnostic &diagnostic) {
@@ -158,15 +158,15 @@ void ConfigurationPage::refresh() {
                "saving them takes its place.")
                 .arg(shown(state.problem)));
   goesOn = goesOn && state.changedOnDisk;
-  changedOnDisk->say(state.changedOnDisk && !goesOn
-                         ? tr("%1 has changed since it was loaded.")
-                               .arg(shown(state.file))
-                         : QString());
+  changedOnDisk->say(
+      state.changedOnDisk && !goesOn
+          ? tr("%1 has changed since it was loaded.").arg(shown(state.file))
+          : QString());
   losses->display(state.losses);
   differences->display(state.differences);
   lists->setTabText(1, withCount(tr("Will not &survive"), state.losses.size()));
-  lists->setTabText(2, withCount(tr("Not saved &yet"),
-                                 state.differences.size()));
+  lists->setTabText(2,
+                    withCount(tr("Not saved &yet"), state.differences.size()));
   emit changed();
 }
 

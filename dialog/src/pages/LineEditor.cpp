@@ -56,7 +56,7 @@ LineEditor::LineEditor(const SettingInfo &setting, SessionModel &sessionModel,
 }
 
 bool LineEditor::isAsTyped(const SettingState &state) const {
-  if (!isTyping)
+  if (!isTyping || !line->hasFocus())
     return false;
   if (state.draft)
     return shown(*state.draft) == line->text();

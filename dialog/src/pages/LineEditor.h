@@ -1,4 +1,5 @@
-// A line for texts, numbers, addresses and frequencies; with a button for files.
+// A line for texts, numbers, addresses and frequencies; with a button for
+// files.
 #ifndef ZELDEBUGDIALOG_DIALOG_LINEEDITOR_H
 #define ZELDEBUGDIALOG_DIALOG_LINEEDITOR_H
 
@@ -32,6 +33,7 @@ public:
 
   void display(const SettingState &state) override;
   QWidget *field() override { return line; }
+  QWidget *widget() override { return this; }
 
 private:
   void send();

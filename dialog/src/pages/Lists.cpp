@@ -27,8 +27,8 @@ void addTips(QTreeWidgetItem &item) {
   for (int column = 0; column < item.columnCount(); ++column)
     item.setToolTip(column, item.text(column).isEmpty()
                                 ? QString()
-                                : QStringLiteral("<p>%1</p>").arg(
-                                      item.text(column).toHtmlEscaped()));
+                                : QStringLiteral("<p>%1</p>")
+                                      .arg(item.text(column).toHtmlEscaped()));
 }
 
 } // namespace
@@ -62,7 +62,10 @@ LossList::LossList(QWidget *parent)
     : List(tr("What will not survive saving"),
            {tr("Setting"), tr("Value"), tr("Comes back as"), tr("Why"),
             tr("What to do")},
-           parent) {}
+           parent) {
+  setWordWrap(true);
+  setUniformRowHeights(false);
+}
 
 void LossList::display(const std::vector<Loss> &losses) {
   clear();
@@ -143,10 +146,9 @@ void FaultList::display(const std::vector<CommandDiagnostic> &diagnostics) {
   known = diagnostics;
   clear();
   for (const CommandDiagnostic &diagnostic : diagnostics) {
-    QTreeWidgetItem &item =
-        add({QString::number(diagnostic.offset + 1), QString(),
-             shown(diagnostic.message)},
-            "");
+    QTreeWidgetItem &item = add({QString::number(diagnostic.offset + 1),
+                                 QString(), shown(diagnostic.message)},
+                                "");
     item.setForeground(2, diagnostic.severity == CodeSeverity::error
                               ? faultColour(palette())
                               : doubtColour(palette()));

@@ -46,19 +46,19 @@ ProcessorList::ProcessorList(const Board &board, QWidget *parent)
   setUniformRowHeights(true);
   setAllColumnsShowFocus(true);
   for (const BoardProcessor &processor : board.Processors())
-    new QTreeWidgetItem(this,
-                        {shown(processor.name), shown(processor.type),
-                         QString::number(processor.number),
-                         shown(processor.fpuText), QString()});
+    new QTreeWidgetItem(this, {shown(processor.name), shown(processor.type),
+                               QString::number(processor.number),
+                               shown(processor.fpuText), QString()});
   const QColor quiet = quietColour(palette());
   for (const UndebuggableProcessor &processor : board.Undebuggable()) {
     auto *const item = new QTreeWidgetItem(
         this, {shown(processor.name), shown(processor.type)});
-    const QString why = tr("cannot be debugged: %1").arg(shown(processor.reason));
+    const QString why =
+        tr("cannot be debugged: %1").arg(shown(processor.reason));
     for (int column = 0; column < columnCount(); ++column) {
       item->setForeground(column, quiet);
-      item->setToolTip(column, QStringLiteral("<p>%1</p>")
-                                   .arg(why.toHtmlEscaped()));
+      item->setToolTip(column,
+                       QStringLiteral("<p>%1</p>").arg(why.toHtmlEscaped()));
     }
     item->setData(nameColumn, Qt::AccessibleDescriptionRole, why);
   }

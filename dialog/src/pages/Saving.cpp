@@ -18,7 +18,7 @@ namespace ZelDebugDialog::dialog {
 
 namespace {
 
-QString translate(const char *text) {
+QString said(const char *text) {
   return QCoreApplication::translate("Saving", text);
 }
 
@@ -63,9 +63,9 @@ QString shownRefusals(const std::vector<SessionModel *> &models,
   QStringList lines;
   for (std::size_t i = 0; i < models.size(); ++i)
     if (outcomes[i].refusal)
-      lines.append(QStringLiteral("%1: %2").arg(
-          shown(models[i]->state().processor),
-          shown(outcomes[i].refusal->what())));
+      lines.append(
+          QStringLiteral("%1: %2").arg(shown(models[i]->state().processor),
+                                       shown(outcomes[i].refusal->what())));
   return lines.join(u'\n');
 }
 
@@ -77,12 +77,13 @@ void addList(QVBoxLayout &layout, const QString &title, QWidget &list) {
 }
 
 /// Whether to save although there is something to say.
-bool agrees(const std::vector<SessionModel *> &models,
-            const QString &refusals, QWidget *parent) {
+bool agrees(const std::vector<SessionModel *> &models, const QString &refusals,
+            QWidget *parent) {
   constexpr int width = 860;
   constexpr int height = 460;
   QDialog dialog(parent);
-  dialog.setWindowTitle(translate("Before saving"));
+  dialog.setWindowTitle(
+      said(QT_TRANSLATE_NOOP("Saving", "Before saving")));
   dialog.resize(width, height);
   auto *const layout = new QVBoxLayout(&dialog);
   if (!refusals.isEmpty()) {
@@ -97,11 +98,17 @@ bool agrees(const std::vector<SessionModel *> &models,
     losses->append(model->state().losses);
     differences->append(model->state().differences);
   }
-  addList(*layout, translate("What will not &survive"), *losses);
-  addList(*layout, translate("What &differs from what is saved"), *differences);
+  addList(*layout,
+          said(QT_TRANSLATE_NOOP("Saving", "What will not &survive")),
+          *losses);
+  addList(*layout,
+          said(
+              QT_TRANSLATE_NOOP("Saving", "What &differs from what is saved")),
+          *differences);
   auto *const buttons = new QDialogButtonBox(&dialog);
-  QPushButton *const save = buttons->addButton(translate("Save all the same"),
-                                               QDialogButtonBox::AcceptRole);
+  QPushButton *const save = buttons->addButton(
+      said(QT_TRANSLATE_NOOP("Saving", "Save all the same")),
+      QDialogButtonBox::AcceptRole);
   QPushButton *const cancel = buttons->addButton(QDialogButtonBox::Cancel);
   cancel->setDefault(true);
   save->setAutoDefault(false);
@@ -115,8 +122,10 @@ bool agrees(const std::vector<SessionModel *> &models,
 
 bool wantsFolder(const QString &refusals, QWidget *parent) {
   return QMessageBox::question(
-             parent, translate("The folder is not there"),
-             translate("%1\n\nMake the folder?").arg(refusals),
+             parent,
+             said(QT_TRANSLATE_NOOP("Saving", "The folder is not there")),
+             said(QT_TRANSLATE_NOOP("Saving", "%1\n\nMake the folder?"))
+                 .arg(refusals),
              QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
@@ -126,8 +135,8 @@ bool isLossy(const SessionModel *model) {
           !model->state().problem.empty());
 }
 
-bool finish(const std::vector<SessionModel *> &models,
-            SaveOptions options, QWidget *parent) {
+bool finish(const std::vector<SessionModel *> &models, SaveOptions options,
+            QWidget *parent) {
   std::vector<SaveOutcome> outcomes = saveAll(models, options);
   if (hasRefusal(outcomes, isForFolder)) {
     if (!wantsFolder(shownRefusals(models, outcomes), parent))
@@ -141,7 +150,8 @@ bool finish(const std::vector<SessionModel *> &models,
   }
   const QString refusals = shownRefusals(models, outcomes);
   if (!refusals.isEmpty())
-    QMessageBox::warning(parent, translate("Not saved"), refusals);
+    QMessageBox::warning(
+        parent, said(QT_TRANSLATE_NOOP("Saving", "Not saved")), refusals);
   return refusals.isEmpty();
 }
 
@@ -153,7 +163,8 @@ bool saveConfigurations(const std::vector<SessionModel *> &models,
   options.dryRun = true;
   const std::vector<SaveOutcome> outcomes = saveAll(models, options);
   if (hasRefusal(outcomes, isFinal)) {
-    QMessageBox::warning(parent, translate("Not saved"),
+    QMessageBox::warning(parent,
+                         said(QT_TRANSLATE_NOOP("Saving", "Not saved")),
                          shownRefusals(models, outcomes));
     return false;
   }

@@ -13,13 +13,14 @@ namespace {
 
 constexpr std::size_t mostTold = 4;
 
-QString translate(const char *text) {
+QString said(const char *text) {
   return QCoreApplication::translate("Effects", text);
 }
 
 /// Whether going from one to the other is a step that undoing takes back.
 bool isStep(const SessionState &before, const SessionState &after) {
-  if (before.draft != after.draft || before.editedCommand != after.editedCommand)
+  if (before.draft != after.draft ||
+      before.editedCommand != after.editedCommand)
     return true;
   for (std::size_t i = 0; i < before.settings.size(); ++i)
     if (before.settings[i].value != after.settings[i].value ||
@@ -49,10 +50,9 @@ const SettingState *SessionModel::find(const std::string &setting) const {
 
 bool SessionModel::hasDrafts() const {
   return known.draft.has_value() ||
-         std::any_of(known.settings.begin(), known.settings.end(),
-                     [](const SettingState &one) {
-                       return one.draft.has_value();
-                     });
+         std::any_of(
+             known.settings.begin(), known.settings.end(),
+             [](const SettingState &one) { return one.draft.has_value(); });
 }
 
 bool SessionModel::isModified() const {
@@ -60,8 +60,7 @@ bool SessionModel::isModified() const {
 }
 
 void SessionModel::type(const std::string &setting, const QString &text) {
-  performTyping(setting,
-                [&] { return live.Draft(setting, bytesOf(text)); });
+  performTyping(setting, [&] { return live.Draft(setting, bytesOf(text)); });
 }
 
 void SessionModel::typeCommand(const QString &text) {
@@ -97,9 +96,7 @@ void SessionModel::endTypingCommand() { endTypingFor(wholeCommand); }
 
 bool SessionModel::change(const std::string &setting, const Value &value) {
   endTyping();
-  return perform([&] {
-    return live.Change(SettingValues{{setting, value}});
-  });
+  return perform([&] { return live.Change(SettingValues{{setting, value}}); });
 }
 
 void SessionModel::keepDraft(const std::string &setting, const QString &text) {
@@ -172,14 +169,17 @@ QString shownEffects(const std::vector<Effect> &effects) {
     if (++count > mostTold)
       continue;
     const bool isDifferent = effect.before != effect.after;
-    const QString text = isDifferent ? translate("%1 becomes %2 (%3)")
-                                     : translate("%1 stays %2 (%3)");
+    const QString text =
+        isDifferent
+            ? said(QT_TRANSLATE_NOOP("Effects", "%1 becomes %2 (%3)"))
+            : said(QT_TRANSLATE_NOOP("Effects", "%1 stays %2 (%3)"));
     shownOnes.append(text.arg(nameOf(effect.setting),
                               valueOf(effect.setting, effect.after),
                               shown(effect.why)));
   }
   if (count > mostTold)
-    shownOnes.append(translate("%1 more").arg(count - mostTold));
+    shownOnes.append(said(QT_TRANSLATE_NOOP("Effects", "%1 more"))
+                         .arg(count - mostTold));
   return shownOnes.join(QStringLiteral("; "));
 }
 

@@ -1,5 +1,5 @@
-// One configuration, as widgets see it: the state of a session, a signal when it
-// is another one, and the operations of people.
+// One configuration, as widgets see it: the state of a session, a signal when
+// it is another one, and the operations of people.
 //
 // What is typed letter by letter is one step of undoing until something else is
 // done. Nothing is thrown to a widget: what is refused is told.

@@ -43,13 +43,15 @@ SettingRow::SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
       origin(new QLabel(parent)), error(new QLabel(parent)) {
   const int line = grid.rowCount();
   const bool isWide = valueEditor->isWide();
+  QWidget *const shownEditor = valueEditor->widget();
+  valueEditor->setVisible(shownEditor == valueEditor);
   label->setBuddy(valueEditor->field());
   label->setMargin(2);
   grid.addWidget(label, line, labelColumn);
   if (isWide)
-    grid.addWidget(valueEditor, line + 1, labelColumn, 1, backColumn + 1);
+    grid.addWidget(shownEditor, line + 1, labelColumn, 1, backColumn + 1);
   else
-    grid.addWidget(valueEditor, line, editorColumn);
+    grid.addWidget(shownEditor, line, editorColumn);
   grid.addWidget(origin, line, originColumn);
   if (setting.settable) {
     back = new QToolButton(parent);
@@ -73,8 +75,8 @@ SettingRow::SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
 
 bool SettingRow::has(const QWidget *widget) const {
   return widget != nullptr &&
-         (valueEditor == widget || valueEditor->isAncestorOf(widget) ||
-          back == widget);
+         (valueEditor->widget() == widget ||
+          valueEditor->widget()->isAncestorOf(widget) || back == widget);
 }
 
 QWidget *SettingRow::field() const { return valueEditor->field(); }
@@ -84,7 +86,7 @@ int SettingRow::labelWidth() const { return label->sizeHint().width(); }
 void SettingRow::display(const SettingState &state) {
   valueEditor->display(state);
   const bool isOpen = !info.settable || state.applicable || state.draft;
-  valueEditor->setEnabled(isOpen);
+  valueEditor->widget()->setEnabled(isOpen);
   label->setEnabled(isOpen);
   const QString problem = valueEditor->errorIn(state);
   error->setText(problem);
@@ -119,7 +121,7 @@ void SettingRow::describe(const SettingState &state) {
         tr("Default: %1").arg(valueOf(info.id, state.defaultValue)));
   const QString tip = tipOf(sentences);
   label->setToolTip(tip);
-  valueEditor->setToolTip(tip);
+  valueEditor->widget()->setToolTip(tip);
   origin->setToolTip(tr("Where the value comes from"));
   const QString problem = valueEditor->errorIn(state);
   if (!problem.isEmpty())

@@ -1,5 +1,5 @@
-// A setting in the form: label, editor, where its value comes from, the way back
-// to its default, and what is wrong beneath.
+// A setting in the form: label, editor, where its value comes from, the way
+// back to its default, and what is wrong beneath.
 #ifndef ZELDEBUGDIALOG_DIALOG_SETTINGROW_H
 #define ZELDEBUGDIALOG_DIALOG_SETTINGROW_H
 

@@ -34,9 +34,9 @@ SettingsForm::SettingsForm(SessionModel &sessionModel, QWidget *parent)
     section->setLabelWidth(widest);
   setWidget(content);
   connect(&model, &SessionModel::stateChanged, this, &SettingsForm::refresh);
-  focusNotes = connect(
-      qApp, &QApplication::focusChanged, this,
-      [this](const QWidget *, const QWidget *now) { noteFocus(now); });
+  focusNotes =
+      connect(qApp, &QApplication::focusChanged, this,
+              [this](const QWidget *, const QWidget *now) { noteFocus(now); });
   refresh();
 }
 
@@ -65,9 +65,9 @@ SettingRow *SettingsForm::rowFor(const std::string &setting) const {
 }
 
 Section *SettingsForm::sectionOf(const SettingRow *row) const {
-  const auto found = std::find_if(
-      sections.begin(), sections.end(),
-      [row](const Section *section) { return section->has(row); });
+  const auto found =
+      std::find_if(sections.begin(), sections.end(),
+                   [row](const Section *section) { return section->has(row); });
   return found == sections.end() ? nullptr : *found;
 }
 
@@ -81,7 +81,7 @@ void SettingsForm::reveal(const std::string &setting) {
   // The place is known once the section is laid out.
   QApplication::sendPostedEvents(widget(), QEvent::LayoutRequest);
   widget()->adjustSize();
-  ensureWidgetVisible(&wanted->editor());
+  ensureWidgetVisible(wanted->editor().widget());
   wanted->editor().lead(setting);
 }
 

@@ -81,8 +81,7 @@ QString originOf(const std::string &origin) {
     const QString word = QLatin1String(row.word);
     if (!text.startsWith(word))
       continue;
-    const QString shownWord =
-        QCoreApplication::translate("Origins", row.shown);
+    const QString shownWord = QCoreApplication::translate("Origins", row.shown);
     return word.endsWith(u':') ? shownWord.arg(text.mid(word.size()))
                                : shownWord;
   }

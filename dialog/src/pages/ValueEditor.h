@@ -24,6 +24,9 @@ public:
   virtual QWidget *field() = 0;
   /// What is wrong with what stands there; empty for nothing.
   virtual QString errorIn(const SettingState &state) const;
+  /// What stands in the form: the field alone, so that its label is told with
+  /// it, or this with all that is beside the field.
+  virtual QWidget *widget() { return field(); }
   /// Whether it takes a line of its own, beneath its label.
   virtual bool isWide() const { return false; }
   /// Leads to a part of it, such as the field of a device.

@@ -55,9 +55,9 @@ void DesignMessages::display(const std::vector<DesignDiagnostic> &diagnostics) {
                shown(one.message)});
     item->setData(severityColumn, pathRole, path);
     item->setToolTip(fileColumn, path);
-    item->setToolTip(messageColumn, QStringLiteral("<p>%1</p>")
-                                        .arg(shown(one.message)
-                                                 .toHtmlEscaped()));
+    item->setToolTip(
+        messageColumn,
+        QStringLiteral("<p>%1</p>").arg(shown(one.message).toHtmlEscaped()));
     if (one.severity == DesignDiagnostic::Severity::error)
       item->setForeground(severityColumn, faultColour(palette()));
   }
@@ -89,8 +89,7 @@ void DesignMessages::showSource(const QTreeWidgetItem &item) {
   text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   text->setLineWrapMode(QPlainTextEdit::NoWrap);
   layout->addWidget(text);
-  auto *const buttons =
-      new QDialogButtonBox(QDialogButtonBox::Close, &window);
+  auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Close, &window);
   connect(buttons, &QDialogButtonBox::rejected, &window, &QDialog::reject);
   layout->addWidget(buttons);
   const int line = item.text(lineColumn).toInt();

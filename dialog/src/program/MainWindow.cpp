@@ -62,8 +62,7 @@ MainWindow::MainWindow(const std::string &optionFolder)
   stack = new QStackedWidget(content);
   layout->addWidget(stack, 1);
   setCentralWidget(content);
-  welcome = new QLabel(
-      tr("Open a design, or drop its file here."), stack);
+  welcome = new QLabel(tr("Open a design, or drop its file here."), stack);
   welcome->setAlignment(Qt::AlignCenter);
   welcome->setWordWrap(true);
   welcome->setTextFormat(Qt::PlainText);
@@ -180,19 +179,19 @@ void MainWindow::take(const std::shared_ptr<LoadedDesign> &loaded) {
     using Operation = BoardPage::Operation;
     for (const Operation one : {Operation::save, Operation::saveAll})
       fileMenu->insertAction(saveSeparator, page->action(one));
-    for (const Operation one : {Operation::save, Operation::undo,
-                                Operation::redo, Operation::revert})
+    for (const Operation one :
+         {Operation::save, Operation::undo, Operation::redo, Operation::revert})
       tools->addAction(page->action(one));
-    for (const Operation one : {Operation::undo, Operation::redo,
-                                Operation::revert, Operation::reset,
-                                Operation::copy})
+    for (const Operation one :
+         {Operation::undo, Operation::redo, Operation::revert, Operation::reset,
+          Operation::copy})
       editMenu->addAction(page->action(one));
     connect(page, &BoardPage::changed, this, &MainWindow::refresh);
     noteRecent(shown(design->sources.designFile));
   } else {
-    welcome->setText(tr("%1 cannot be read: %2")
-                         .arg(shown(design->sources.designFile),
-                              shown(design->problem)));
+    welcome->setText(
+        tr("%1 cannot be read: %2")
+            .arg(shown(design->sources.designFile), shown(design->problem)));
     stack->setCurrentWidget(welcome);
   }
   messages->display(design->model.Diagnostics());
@@ -217,9 +216,9 @@ void MainWindow::showMissing() {
     if (isFound)
       text += u' ' + tr("There is some of it in %1.")
                          .arg(folders.join(QStringLiteral(", ")));
-  } else if (page != nullptr && design->board->Names().empty()) {
-    text = tr("The design has no processor that is known. A kind table says "
-              "which of its components are processors.");
+  } else if (page != nullptr && design->board->Processors().empty()) {
+    text = tr("No processor of the design can be debugged. A kind table says "
+              "which of its components are processors and debug modules.");
   }
   missing->say(text);
 }
@@ -231,9 +230,8 @@ void MainWindow::refresh() {
       design != nullptr && page != nullptr
           ? QFileInfo(shown(design->sources.designFile)).fileName()
           : QString();
-  setWindowTitle(name.isEmpty()
-                     ? tr("Debug configurations[*]")
-                     : tr("%1[*] – Debug configurations").arg(name));
+  setWindowTitle(name.isEmpty() ? tr("Debug configurations[*]")
+                                : tr("%1[*] – Debug configurations").arg(name));
   libraryAction->setEnabled(!asked.designFile.empty());
   kindsAction->setEnabled(!asked.designFile.empty());
   statusBar()->showMessage(
@@ -244,16 +242,16 @@ void MainWindow::refresh() {
 }
 
 void MainWindow::askForDesign() {
-  const QString file = QFileDialog::getOpenFileName(
-      this, tr("Open a design"), QString(),
-      tr("Designs (*.xml);;All files (*)"));
+  const QString file =
+      QFileDialog::getOpenFileName(this, tr("Open a design"), QString(),
+                                   tr("Designs (*.xml);;All files (*)"));
   if (!file.isEmpty() && (page == nullptr || page->mayClose()))
     open({bytesOf(file), {}, "", ""});
 }
 
 void MainWindow::askForLibrary() {
-  const QString chosen = QFileDialog::getExistingDirectory(
-      this, tr("Choose a library folder"));
+  const QString chosen =
+      QFileDialog::getExistingDirectory(this, tr("Choose a library folder"));
   if (chosen.isEmpty() || (page != nullptr && !page->mayClose()))
     return;
   DesignSources sources = asked;
@@ -290,8 +288,7 @@ void MainWindow::askForFolder() {
 
 void MainWindow::noteRecent(const QString &file) {
   QSettings settings;
-  QStringList recent =
-      settings.value(QLatin1String(recentKey)).toStringList();
+  QStringList recent = settings.value(QLatin1String(recentKey)).toStringList();
   const QString path = QFileInfo(file).absoluteFilePath();
   recent.removeAll(path);
   recent.prepend(path);

@@ -1,5 +1,5 @@
-// zeldebug-dialog [DESIGN]: the debug configurations of a design, to look at and
-// to change.
+// zeldebug-dialog [DESIGN]: the debug configurations of a design, to look at
+// and to change.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLocale>
@@ -12,7 +12,7 @@ using namespace ZelDebugDialog;
 
 namespace {
 
-QString translate(const char *text) {
+QString said(const char *text) {
   return QCoreApplication::translate("Program", text);
 }
 
@@ -27,40 +27,48 @@ int main(int count, char **arguments) {
   InstallDialogTexts(QLocale());
 
   QCommandLineParser line;
-  line.setApplicationDescription(
-      translate("Debug configurations of the processors of a design"));
+  line.setApplicationDescription(said(QT_TRANSLATE_NOOP(
+      "Program", "Debug configurations of the processors of a design")));
   line.addHelpOption();
   line.addVersionOption();
   const QCommandLineOption library(
       QStringLiteral("library"),
-      translate("Folder to look for components in, once for each (default: "
-                "below the folder of DESIGN)."),
+      said(QT_TRANSLATE_NOOP(
+          "Program",
+          "Folder to look for components in, once for each (default: "
+          "below the folder of DESIGN).")),
       QStringLiteral("DIR"));
   const QCommandLineOption view(
-      QStringLiteral("view"), translate("View of a hierarchical component."),
+      QStringLiteral("view"),
+      said(
+          QT_TRANSLATE_NOOP("Program", "View of a hierarchical component.")),
       QStringLiteral("NAME"));
   const QCommandLineOption kinds(
-      QStringLiteral("kinds"), translate("One more table of component kinds."),
+      QStringLiteral("kinds"),
+      said(
+          QT_TRANSLATE_NOOP("Program", "One more table of component kinds.")),
       QStringLiteral("FILE"));
   const QCommandLineOption directory(
       QStringLiteral("C"),
-      translate("Option files lie in etc/ below this folder (default: below "
-                "the working directory)."),
+      said(QT_TRANSLATE_NOOP(
+          "Program",
+          "Option files lie in etc/ below this folder (default: below "
+          "the working directory).")),
       QStringLiteral("DIR"));
   line.addOptions({library, view, kinds, directory});
   line.addPositionalArgument(
       QStringLiteral("DESIGN"),
-      translate("IP-XACT design file, or the component file on top of a "
-                "hierarchy."),
+      said(QT_TRANSLATE_NOOP(
+          "Program", "IP-XACT design file, or the component file on top of a "
+                     "hierarchy.")),
       QStringLiteral("[DESIGN]"));
   line.process(application);
   if (line.positionalArguments().size() > 1)
     line.showHelp(2);
 
   const QString base = line.value(directory);
-  dialog::MainWindow window(
-      dialog::bytesOf(base.isEmpty() ? QStringLiteral("etc")
-                                     : base + QStringLiteral("/etc")));
+  dialog::MainWindow window(dialog::bytesOf(
+      base.isEmpty() ? QStringLiteral("etc") : base + QStringLiteral("/etc")));
   window.show();
   if (!line.positionalArguments().isEmpty()) {
     DesignSources sources;
