@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -20,6 +21,7 @@
 #include <QToolButton>
 #include <QtGui/QDropEvent>
 
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "dialog/Scene.h"
 #include "pages/Banner.h"
 #include "pages/ChainEditor.h"
@@ -584,6 +586,31 @@ private slots:
     QVERIFY(answerIn(scene, "Take them from there") == nullptr);
     // None of them is a processor that is known by its name.
     QVERIFY(textsOf(scene.window()).contains("A kind table says"));
+  }
+
+  /// In a program that embeds it, and in the middle of typing.
+  void APageMayGoWithItsWindow() {
+    DesignModel design;
+    QVERIFY(ReadDesign({TEST_BOARD, {}, "", ""}, design));
+    QTemporaryDir folder;
+    const Board board(design, folder.path().toStdString());
+    for (const char *const setting : {"debugDevice", "chain"}) {
+      auto window = std::make_unique<QMainWindow>();
+      auto *const page = new BoardPage(board, window.get());
+      window->setCentralWidget(page);
+      window->show();
+      QVERIFY(page->choose("lumacore_0"));
+      page->current()->lead(setting);
+      if (auto *const add =
+              scene::named<QPushButton>(*page->current(), "Add a device"))
+        QTest::mouseClick(add, Qt::LeftButton);
+      QWidget *const focus = QApplication::focusWidget();
+      QVERIFY(focus != nullptr);
+      QTest::keyClick(focus, Qt::Key_F2);
+      QTest::keyClicks(QApplication::focusWidget(), "x");
+      window.reset();
+      QCoreApplication::processEvents();
+    }
   }
 
   void ADesignThatCannotBeReadIsToldWithItsLine() {

@@ -63,6 +63,15 @@ const std::vector<const char *> commands = {
     "",
     "connect lc hdu -bscan USER9 \xc3\xa9"};
 
+/// Letter by letter, also those that no key has.
+void typeText(QWidget &widget, const char *text) {
+  for (const QChar letter : QString::fromUtf8(text)) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier,
+                    QString(letter));
+    QCoreApplication::sendEvent(&widget, &press);
+  }
+}
+
 class Walk {
 public:
   Walk(unsigned seed) : random(seed) {
@@ -113,7 +122,7 @@ private:
       line->setFocus();
       if (below(4) != 0)
         QTest::keyClick(line, Qt::Key_A, Qt::ControlModifier);
-      QTest::keyClicks(line, QString::fromUtf8(pick(texts)));
+      typeText(*line, pick(texts));
     }
   }
   void chooseWord() {
@@ -129,7 +138,8 @@ private:
       line->setFocus();
       if (below(2) == 0)
         QTest::keyClick(line, Qt::Key_End);
-      QTest::keyClicks(line, QString::fromUtf8(pick(texts)).prepend(u' '));
+      typeText(*line, " ");
+      typeText(*line, pick(texts));
       if (below(3) == 0) {
         QTest::keyClick(line, Qt::Key_Space, Qt::ControlModifier);
         if (QWidget *const popup = QApplication::activePopupWidget())

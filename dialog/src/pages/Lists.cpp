@@ -65,6 +65,9 @@ LossList::LossList(QWidget *parent)
            parent) {
   setWordWrap(true);
   setUniformRowHeights(false);
+  // Where the lines of a text end depends on the width.
+  connect(header(), &QHeaderView::sectionResized, this,
+          [this] { scheduleDelayedItemsLayout(); });
 }
 
 void LossList::display(const std::vector<Loss> &losses) {
@@ -77,7 +80,7 @@ void LossList::append(const std::vector<Loss> &losses) {
     const Code *const code = FindCode(loss.code);
     QTreeWidgetItem &item =
         add({nameOf(loss.field), valueOf(loss.field, loss.value),
-             valueOf(loss.field, loss.readBack), shown(loss.reason),
+             valueOf(loss.field, loss.readBack), reasonOf(loss.reason),
              code != nullptr ? shown(code->advice) : QString()},
             loss.field);
     if (loss.blocking)

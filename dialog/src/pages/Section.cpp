@@ -27,7 +27,7 @@ QString commonReason(const std::vector<const SettingState *> &states) {
   for (const SettingState *const state : states)
     if (state->reason != states.front()->reason)
       return Section::tr("none of its settings is applicable");
-  return shown(states.front()->reason);
+  return reasonOf(states.front()->reason);
 }
 
 } // namespace

@@ -175,7 +175,7 @@ QString shownEffects(const std::vector<Effect> &effects) {
             : said(QT_TRANSLATE_NOOP("Effects", "%1 stays %2 (%3)"));
     shownOnes.append(text.arg(nameOf(effect.setting),
                               valueOf(effect.setting, effect.after),
-                              shown(effect.why)));
+                              reasonOf(effect.why)));
   }
   if (count > mostTold)
     shownOnes.append(said(QT_TRANSLATE_NOOP("Effects", "%1 more"))

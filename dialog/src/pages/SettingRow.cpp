@@ -115,7 +115,7 @@ void SettingRow::display(const SettingState &state) {
 void SettingRow::describe(const SettingState &state) {
   QStringList sentences{helpOf(info)};
   if (info.settable && !state.applicable)
-    sentences.append(tr("Not applicable: %1.").arg(shown(state.reason)));
+    sentences.append(tr("Not applicable: %1.").arg(reasonOf(state.reason)));
   if (info.settable)
     sentences.append(
         tr("Default: %1").arg(valueOf(info.id, state.defaultValue)));

@@ -55,6 +55,8 @@ QString helpOf(const SettingInfo &setting) { return translated(setting.help); }
 
 QString labelOf(const Choice &choice) { return translated(choice.label); }
 
+QString reasonOf(const std::string &reason) { return translated(reason); }
+
 QString nameOf(const std::string &setting) {
   const SettingInfo *const info = FindSetting(setting);
   if (info == nullptr)
