@@ -80,9 +80,8 @@ private slots:
     QFETCH(QColor, base);
     QFETCH(QColor, text);
     const QPalette palette = paletteOn(base, text);
-    const std::vector<std::string> roles = {"head",   "target", "connection",
-                                            "option", "name",   "value",
-                                            "lost"};
+    const std::vector<std::string> roles = {
+        "head", "target", "connection", "option", "name", "value", "lost"};
     for (const std::string &role : roles) {
       const QColor colour = dialog::roleColour(role, palette);
       QVERIFY2(contrast(colour, base) >= 4.5, role.c_str());

@@ -22,6 +22,13 @@ bool isSame(const CommandDiagnostic &one, const CommandDiagnostic &other) {
          one.suggestion == other.suggestion;
 }
 
+/// "cpu0: Cable: Frequency" where there are several processors.
+QString nameIn(const QString &processor, const std::string &setting) {
+  return processor.isEmpty()
+             ? nameOf(setting)
+             : QStringLiteral("%1: %2").arg(processor, nameOf(setting));
+}
+
 /// All of a cell is in its tip as well: it may be cut.
 void addTips(QTreeWidgetItem &item) {
   for (int column = 0; column < item.columnCount(); ++column)
@@ -72,14 +79,15 @@ LossList::LossList(QWidget *parent)
 
 void LossList::display(const std::vector<Loss> &losses) {
   clear();
-  append(losses);
+  append(losses, QString());
 }
 
-void LossList::append(const std::vector<Loss> &losses) {
+void LossList::append(const std::vector<Loss> &losses,
+                      const QString &processor) {
   for (const Loss &loss : losses) {
     const Code *const code = FindCode(loss.code);
     QTreeWidgetItem &item =
-        add({nameOf(loss.field), valueOf(loss.field, loss.value),
+        add({nameIn(processor, loss.field), valueOf(loss.field, loss.value),
              valueOf(loss.field, loss.readBack), reasonOf(loss.reason),
              code != nullptr ? shown(code->advice) : QString()},
             loss.field);
@@ -96,12 +104,13 @@ DifferenceList::DifferenceList(QWidget *parent)
 
 void DifferenceList::display(const std::vector<Difference> &differences) {
   clear();
-  append(differences);
+  append(differences, QString());
 }
 
-void DifferenceList::append(const std::vector<Difference> &differences) {
+void DifferenceList::append(const std::vector<Difference> &differences,
+                            const QString &processor) {
   for (const Difference &difference : differences)
-    add({nameOf(difference.setting),
+    add({nameIn(processor, difference.setting),
          valueOf(difference.setting, difference.saved),
          valueOf(difference.setting, difference.now)},
         difference.setting);

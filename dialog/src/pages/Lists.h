@@ -31,7 +31,8 @@ class LossList : public List {
 public:
   explicit LossList(QWidget *parent);
   void display(const std::vector<Loss> &losses);
-  void append(const std::vector<Loss> &losses);
+  /// Those of one of several processors.
+  void append(const std::vector<Loss> &losses, const QString &processor);
 };
 
 /// What is not as it is saved.
@@ -41,7 +42,9 @@ class DifferenceList : public List {
 public:
   explicit DifferenceList(QWidget *parent);
   void display(const std::vector<Difference> &differences);
-  void append(const std::vector<Difference> &differences);
+  /// Those of one of several processors.
+  void append(const std::vector<Difference> &differences,
+              const QString &processor);
 };
 
 /// What is wrong with the command.

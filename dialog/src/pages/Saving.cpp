@@ -82,8 +82,7 @@ bool agrees(const std::vector<SessionModel *> &models, const QString &refusals,
   constexpr int width = 860;
   constexpr int height = 460;
   QDialog dialog(parent);
-  dialog.setWindowTitle(
-      said(QT_TRANSLATE_NOOP("Saving", "Before saving")));
+  dialog.setWindowTitle(said(QT_TRANSLATE_NOOP("Saving", "Before saving")));
   dialog.resize(width, height);
   auto *const layout = new QVBoxLayout(&dialog);
   if (!refusals.isEmpty()) {
@@ -95,20 +94,20 @@ bool agrees(const std::vector<SessionModel *> &models, const QString &refusals,
   auto *const losses = new LossList(&dialog);
   auto *const differences = new DifferenceList(&dialog);
   for (SessionModel *const model : models) {
-    losses->append(model->state().losses);
-    differences->append(model->state().differences);
+    const QString processor =
+        models.size() > 1 ? shown(model->state().processor) : QString();
+    losses->append(model->state().losses, processor);
+    differences->append(model->state().differences, processor);
   }
-  addList(*layout,
-          said(QT_TRANSLATE_NOOP("Saving", "What will not &survive")),
+  addList(*layout, said(QT_TRANSLATE_NOOP("Saving", "What will not &survive")),
           *losses);
   addList(*layout,
-          said(
-              QT_TRANSLATE_NOOP("Saving", "What &differs from what is saved")),
+          said(QT_TRANSLATE_NOOP("Saving", "What &differs from what is saved")),
           *differences);
   auto *const buttons = new QDialogButtonBox(&dialog);
-  QPushButton *const save = buttons->addButton(
-      said(QT_TRANSLATE_NOOP("Saving", "Save all the same")),
-      QDialogButtonBox::AcceptRole);
+  QPushButton *const save =
+      buttons->addButton(said(QT_TRANSLATE_NOOP("Saving", "Save all the same")),
+                         QDialogButtonBox::AcceptRole);
   QPushButton *const cancel = buttons->addButton(QDialogButtonBox::Cancel);
   cancel->setDefault(true);
   save->setAutoDefault(false);
@@ -150,8 +149,8 @@ bool finish(const std::vector<SessionModel *> &models, SaveOptions options,
   }
   const QString refusals = shownRefusals(models, outcomes);
   if (!refusals.isEmpty())
-    QMessageBox::warning(
-        parent, said(QT_TRANSLATE_NOOP("Saving", "Not saved")), refusals);
+    QMessageBox::warning(parent, said(QT_TRANSLATE_NOOP("Saving", "Not saved")),
+                         refusals);
   return refusals.isEmpty();
 }
 
@@ -163,8 +162,7 @@ bool saveConfigurations(const std::vector<SessionModel *> &models,
   options.dryRun = true;
   const std::vector<SaveOutcome> outcomes = saveAll(models, options);
   if (hasRefusal(outcomes, isFinal)) {
-    QMessageBox::warning(parent,
-                         said(QT_TRANSLATE_NOOP("Saving", "Not saved")),
+    QMessageBox::warning(parent, said(QT_TRANSLATE_NOOP("Saving", "Not saved")),
                          shownRefusals(models, outcomes));
     return false;
   }

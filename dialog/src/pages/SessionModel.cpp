@@ -170,16 +170,15 @@ QString shownEffects(const std::vector<Effect> &effects) {
       continue;
     const bool isDifferent = effect.before != effect.after;
     const QString text =
-        isDifferent
-            ? said(QT_TRANSLATE_NOOP("Effects", "%1 becomes %2 (%3)"))
-            : said(QT_TRANSLATE_NOOP("Effects", "%1 stays %2 (%3)"));
+        isDifferent ? said(QT_TRANSLATE_NOOP("Effects", "%1 becomes %2 (%3)"))
+                    : said(QT_TRANSLATE_NOOP("Effects", "%1 stays %2 (%3)"));
     shownOnes.append(text.arg(nameOf(effect.setting),
                               valueOf(effect.setting, effect.after),
                               reasonOf(effect.why)));
   }
   if (count > mostTold)
-    shownOnes.append(said(QT_TRANSLATE_NOOP("Effects", "%1 more"))
-                         .arg(count - mostTold));
+    shownOnes.append(
+        said(QT_TRANSLATE_NOOP("Effects", "%1 more")).arg(count - mostTold));
   return shownOnes.join(QStringLiteral("; "));
 }
 

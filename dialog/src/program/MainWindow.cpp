@@ -1,6 +1,7 @@
 #include "program/MainWindow.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
@@ -14,6 +15,7 @@
 #include <QSettings>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -168,6 +170,12 @@ void MainWindow::open(const DesignSources &sources) {
 }
 
 void MainWindow::take(const std::shared_ptr<LoadedDesign> &loaded) {
+  // A question that is open belongs to the page.
+  if (QApplication::activeModalWidget() != nullptr) {
+    constexpr int later = 100; // ms
+    QTimer::singleShot(later, this, [this, loaded] { take(loaded); });
+    return;
+  }
   // The page asks its design until it is gone.
   delete page;
   page = nullptr;

@@ -40,13 +40,11 @@ int main(int count, char **arguments) {
       QStringLiteral("DIR"));
   const QCommandLineOption view(
       QStringLiteral("view"),
-      said(
-          QT_TRANSLATE_NOOP("Program", "View of a hierarchical component.")),
+      said(QT_TRANSLATE_NOOP("Program", "View of a hierarchical component.")),
       QStringLiteral("NAME"));
   const QCommandLineOption kinds(
       QStringLiteral("kinds"),
-      said(
-          QT_TRANSLATE_NOOP("Program", "One more table of component kinds.")),
+      said(QT_TRANSLATE_NOOP("Program", "One more table of component kinds.")),
       QStringLiteral("FILE"));
   const QCommandLineOption directory(
       QStringLiteral("C"),
