@@ -599,6 +599,7 @@ private slots:
       auto *const page = new BoardPage(board, window.get());
       window->setCentralWidget(page);
       window->show();
+      QVERIFY(QTest::qWaitForWindowActive(window.get()));
       QVERIFY(page->choose("lumacore_0"));
       page->current()->lead(setting);
       if (auto *const add =
