@@ -77,9 +77,9 @@ QImage grab(QWidget &window) {
 
 /// Settings as a person leaves them half way through.
 void configure(Scene &scene) {
-  scene.choose("cable.cableType", "quorla_podusb");
-  scene.type("cable.frequency", QStringLiteral("3 MHz"));
   scene.type("debugDevice", QStringLiteral("2"));
+  scene.field("cable.esn");
+  scene.choose("cable.cableType", "quorla_podusb");
 }
 
 QImage firstSight() {

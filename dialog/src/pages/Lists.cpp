@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyledItemDelegate>
 #include <QTimer>
 
 #include "pages/Palette.h"
@@ -21,6 +22,29 @@ bool isSame(const CommandDiagnostic &one, const CommandDiagnostic &other) {
          one.severity == other.severity && one.message == other.message &&
          one.suggestion == other.suggestion;
 }
+
+/// A row is as high as its longest text in the width of its column.
+class WrappingDelegate : public QStyledItemDelegate {
+public:
+  explicit WrappingDelegate(QTreeView &ofView)
+      : QStyledItemDelegate(&ofView), view(ofView) {}
+
+  QSize sizeHint(const QStyleOptionViewItem &option,
+                 const QModelIndex &index) const override {
+    constexpr int margin = 6;
+    constexpr int boundless = 10000;
+    const QSize plain = QStyledItemDelegate::sizeHint(option, index);
+    const int width =
+        std::max(view.columnWidth(index.column()) - margin, margin);
+    const QRect wrapped = option.fontMetrics.boundingRect(
+        QRect(0, 0, width, boundless), Qt::TextWordWrap,
+        index.data().toString());
+    return {plain.width(), std::max(plain.height(), wrapped.height() + 2)};
+  }
+
+private:
+  QTreeView &view; // NOLINT: its delegate is a part of it
+};
 
 /// "cpu0: Cable: Frequency" where there are several processors.
 QString nameIn(const QString &processor, const std::string &setting) {
@@ -72,6 +96,7 @@ LossList::LossList(QWidget *parent)
            parent) {
   setWordWrap(true);
   setUniformRowHeights(false);
+  setItemDelegate(new WrappingDelegate(*this));
   // Where the lines of a text end depends on the width.
   connect(header(), &QHeaderView::sectionResized, this,
           [this] { scheduleDelayedItemsLayout(); });
