@@ -4,16 +4,16 @@
 <context>
     <name>Effects</name>
     <message>
-        <source>%1 becomes %2 (%3)</source>
-        <translation>%1 wird %2 (%3)</translation>
-    </message>
-    <message>
-        <source>%1 stays %2 (%3)</source>
-        <translation>%1 bleibt %2 (%3)</translation>
-    </message>
-    <message>
         <source>%1 more</source>
         <translation>%1 weitere</translation>
+    </message>
+    <message>
+        <source>%1 becomes %2</source>
+        <translation>%1 wird %2</translation>
+    </message>
+    <message>
+        <source>%1 stays %2</source>
+        <translation>%1 bleibt %2</translation>
     </message>
 </context>
 <context>

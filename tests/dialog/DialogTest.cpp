@@ -182,6 +182,37 @@ private slots:
     QVERIFY(box.currentIndex() != last);
   }
 
+  /// Also of a cable that has just been added to the table.
+  void EveryChoiceOfTheTableIsThere() {
+    Scene scene;
+    for (const SettingInfo &setting : GetSettings()) {
+      if (setting.kind != SettingKind::word)
+        continue;
+      const QComboBox &box = boxOf(scene, setting.id);
+      QCOMPARE(static_cast<std::size_t>(box.count()), setting.choices.size());
+      for (int i = 0; i < box.count(); ++i)
+        QVERIFY(box.itemText(i).startsWith(QString::fromStdString(
+            setting.choices[static_cast<std::size_t>(i)].label)));
+    }
+  }
+
+  /// What they show follows the kind of the setting alone.
+  void EverySettingHasAControlOfItsKind() {
+    Scene scene;
+    for (const SettingInfo &setting : GetSettings()) {
+      if (setting.id.find('[') != std::string::npos)
+        continue;
+      const QWidget *const field = scene.field(setting.id);
+      const QByteArray kind = !setting.settable                   ? "QLabel"
+                              : setting.kind == SettingKind::flag ? "QCheckBox"
+                              : setting.kind == SettingKind::word ? "QComboBox"
+                              : setting.kind == SettingKind::chain
+                                  ? "QTableWidget"
+                                  : "QLineEdit";
+      QVERIFY2(field->inherits(kind), setting.id.c_str());
+    }
+  }
+
   void WhatIsNotApplicableIsDisabledAndSaysWhy() {
     Scene scene;
     QWidget *const line = scene.field("stubBaudRate");

@@ -62,7 +62,7 @@ ConfigurationPage::ConfigurationPage(const Board &board,
   splitter->setStretchFactor(1, 0);
   splitter->setChildrenCollapsible(false);
   constexpr int formLines = 34;
-  constexpr int belowLines = 14;
+  constexpr int belowLines = 17;
   const int line = fontMetrics().height();
   splitter->setSizes({formLines * line, belowLines * line});
   layout->addWidget(splitter, 1);
@@ -98,7 +98,7 @@ QWidget *ConfigurationPage::makeLists() {
   lists->addTab(losses, QString());
   lists->addTab(differences, QString());
   lists->setDocumentMode(true);
-  constexpr int fewestLines = 7;
+  constexpr int fewestLines = 4;
   lists->setMinimumHeight(fewestLines * fontMetrics().height());
   connect(faults, &FaultList::matchChosen, this,
           [this](const CommandDiagnostic &diagnostic) {

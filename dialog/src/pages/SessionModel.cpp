@@ -159,7 +159,8 @@ bool SessionModel::perform(const Operation &operation) {
 }
 
 QString shownEffects(const std::vector<Effect> &effects) {
-  QStringList shownOnes;
+  // What has one reason is told with it once.
+  std::vector<std::pair<QStringList, QString>> groups;
   std::size_t count = 0;
   for (const Effect &effect : effects) {
     const SettingInfo *const info = FindSetting(effect.setting);
@@ -168,18 +169,25 @@ QString shownEffects(const std::vector<Effect> &effects) {
       continue;
     if (++count > mostTold)
       continue;
+    const QString reason = reasonOf(effect.why);
+    if (groups.empty() || groups.back().second != reason)
+      groups.push_back({QStringList(), reason});
     const bool isDifferent = effect.before != effect.after;
     const QString text =
-        isDifferent ? said(QT_TRANSLATE_NOOP("Effects", "%1 becomes %2 (%3)"))
-                    : said(QT_TRANSLATE_NOOP("Effects", "%1 stays %2 (%3)"));
-    shownOnes.append(text.arg(nameOf(effect.setting),
-                              valueOf(effect.setting, effect.after),
-                              reasonOf(effect.why)));
+        isDifferent ? said(QT_TRANSLATE_NOOP("Effects", "%1 becomes %2"))
+                    : said(QT_TRANSLATE_NOOP("Effects", "%1 stays %2"));
+    groups.back().first.append(text.arg(nameOf(effect.setting),
+                                        valueOf(effect.setting, effect.after)));
   }
+  QStringList lines;
+  lines.reserve(static_cast<qsizetype>(groups.size()));
+  for (const auto &[changes, reason] : groups)
+    lines.append(QStringLiteral("%1 (%2)").arg(
+        changes.join(QStringLiteral(", ")), reason));
   if (count > mostTold)
-    shownOnes.append(
+    lines.append(
         said(QT_TRANSLATE_NOOP("Effects", "%1 more")).arg(count - mostTold));
-  return shownOnes.join(QStringLiteral("; "));
+  return lines.join(QStringLiteral("; "));
 }
 
 } // namespace ZelDebugDialog::dialog

@@ -78,7 +78,7 @@ private:
   bool typingIsStep = false; ///< Whether undoing takes it back.
 };
 
-/// "Cable: Port becomes USB21 (choosing a cable brings ...); ..."
+/// "Cable: Port becomes USB21, ... (choosing a cable brings ...); ..."
 QString shownEffects(const std::vector<Effect> &effects);
 
 } // namespace ZelDebugDialog::dialog
