@@ -110,6 +110,28 @@ function(zeldebugdialog_install_tool)
     endforeach()
 endfunction()
 
+# The program stands alone; the library is for programs that embed its pages.
+function(zeldebugdialog_install_dialog)
+    install(TARGETS zeldebug-dialog RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+        COMPONENT ZelDebugDialog_Dialog)
+    install(FILES ${PROJECT_SOURCE_DIR}/dialog/zeldebug-dialog.1
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ZelDebugDialog_Dialog)
+    file(RELATIVE_PATH libraries_from_here
+        ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+    set_target_properties(zeldebug-dialog PROPERTIES
+        INSTALL_RPATH "$ORIGIN/${libraries_from_here}")
+    set_target_properties(ZelDebugDialogDialog PROPERTIES
+        EXPORT_NAME Dialog INSTALL_RPATH "$ORIGIN")
+    install(TARGETS ZelDebugDialogDialog EXPORT ZelDebugDialogDialogTargets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ZelDebugDialog_DialogLibrary
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ZelDebugDialog_DialogLibrary)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/dialog/include/
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
+        COMPONENT ZelDebugDialog_DialogLibrary FILES_MATCHING PATTERN "*.h")
+    install(EXPORT ZelDebugDialogDialogTargets NAMESPACE ZelDebugDialog::
+        DESTINATION ${ZELDEBUGDIALOG_CMAKE_DIR} COMPONENT ZelDebugDialog_DialogLibrary)
+endfunction()
+
 function(zeldebugdialog_install_package)
     zeldebugdialog_install_engine()
     if(ZELDEBUGDIALOG_DESIGN_MODEL)
@@ -123,6 +145,9 @@ function(zeldebugdialog_install_package)
     endif()
     if(ZELDEBUGDIALOG_TOOL)
         zeldebugdialog_install_tool()
+    endif()
+    if(ZELDEBUGDIALOG_HAS_DIALOG)
+        zeldebugdialog_install_dialog()
     endif()
 
     configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZelDebugDialogConfig.cmake.in

@@ -30,6 +30,14 @@ cmake_dependent_option(ZELDEBUGDIALOG_TOOL "The command line tool"
 cmake_dependent_option(ZELDEBUGDIALOG_C_INTERFACE "The C interface"
     ${PROJECT_IS_TOP_LEVEL}
     "ZELDEBUGDIALOG_DESIGN_MODEL;ZELDEBUGDIALOG_CONFIGURATION_MODEL" OFF)
+# AUTO: where Qt is there. A project that takes this one in asks for it.
+set(dialog_default OFF)
+if(PROJECT_IS_TOP_LEVEL)
+    set(dialog_default AUTO)
+endif()
+set(ZELDEBUGDIALOG_DIALOG ${dialog_default} CACHE STRING
+    "The dialog, with Qt 6: ON, OFF, or AUTO for where Qt is there")
+set_property(CACHE ZELDEBUGDIALOG_DIALOG PROPERTY STRINGS AUTO ON OFF)
 option(ZELDEBUGDIALOG_INSTALL "Install rules" ${PROJECT_IS_TOP_LEVEL})
 
 option(ZELDEBUGDIALOG_DEVELOPER "Strict warnings, as errors" OFF)
@@ -41,3 +49,25 @@ set(ZELDEBUGDIALOG_IPXACT_LIBRARIES "" CACHE PATH
     "Folder of IP-XACT libraries by others that the tests read; empty: none")
 set(ZELDEBUGDIALOG_IPXACT_SCHEMAS "" CACHE PATH
     "Folder of the IP-XACT standard's schemas, an edition a folder, that the tests check documents against; empty: none")
+
+# Whether to build the dialog: `result` in the caller.
+function(zeldebugdialog_find_dialog result)
+    set(${result} OFF PARENT_SCOPE)
+    if(NOT ZELDEBUGDIALOG_DIALOG)
+        return()
+    endif()
+    if(NOT ZELDEBUGDIALOG_DESIGN_MODEL OR NOT ZELDEBUGDIALOG_CONFIGURATION_MODEL)
+        if(NOT ZELDEBUGDIALOG_DIALOG STREQUAL AUTO)
+            message(FATAL_ERROR "The dialog needs the design model and the configuration model")
+        endif()
+        return()
+    endif()
+    set(how REQUIRED)
+    if(ZELDEBUGDIALOG_DIALOG STREQUAL AUTO)
+        set(how QUIET)
+    endif()
+    find_package(Qt6 6.4 ${how} COMPONENTS Widgets LinguistTools)
+    if(Qt6_FOUND)
+        set(${result} ON PARENT_SCOPE)
+    endif()
+endfunction()

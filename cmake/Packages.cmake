@@ -7,6 +7,9 @@ set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_STRIP_FILES ON)
 set(CPACK_COMPONENTS_ALL
     ZelDebugDialog_Runtime ZelDebugDialog_Development ZelDebugDialog_Tool)
+if(ZELDEBUGDIALOG_HAS_DIALOG)
+    list(APPEND CPACK_COMPONENTS_ALL ZelDebugDialog_Dialog)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
@@ -47,6 +50,15 @@ set(CPACK_COMPONENT_ZELDEBUGDIALOG_TOOL_DESCRIPTION
  Lists the processors of an IP-XACT design and reads, checks, changes and saves
  the connect command of each.")
 
+# The program alone: whoever embeds its pages builds them.
+set(CPACK_DEBIAN_ZELDEBUGDIALOG_DIALOG_PACKAGE_NAME zeldebug-dialog)
+set(CPACK_DEBIAN_ZELDEBUGDIALOG_DIALOG_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_ZELDEBUGDIALOG_DIALOG_PACKAGE_DEPENDS "${runtime} ${same_version}")
+set(CPACK_COMPONENT_ZELDEBUGDIALOG_DIALOG_DESCRIPTION
+    "debug-target configurations for FPGA processors - dialog
+ Shows the processors of an IP-XACT design in a window, and lets people change
+ the configuration of each, with reasons and without losing anything.")
+
 # What Debian asks of every package: a change log and a notice of its licence;
 # and what lintian need not say, with the reasons. Manual pages are compressed.
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/debian/CompressManuals.cmake)
@@ -55,7 +67,11 @@ set(notes ${PROJECT_BINARY_DIR}/debian)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/changelog.in ${notes}/changelog @ONLY)
 file(ARCHIVE_CREATE OUTPUT ${notes}/changelog.Debian.gz PATHS ${notes}/changelog
     FORMAT raw COMPRESSION GZip COMPRESSION_LEVEL 9 MTIME "1970-01-01")
-foreach(component Runtime Development Tool)
+set(components Runtime Development Tool)
+if(ZELDEBUGDIALOG_HAS_DIALOG)
+    list(APPEND components Dialog)
+endif()
+foreach(component ${components})
     string(TOUPPER ZelDebugDialog_${component} key)
     install(FILES ${notes}/changelog.Debian.gz ${PROJECT_SOURCE_DIR}/cmake/debian/copyright
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${key}_PACKAGE_NAME}

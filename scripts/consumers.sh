@@ -30,10 +30,11 @@ build() {
 }
 
 # install_project [OPTION...]: a release build in `prefix`, which is not where
-# it was installed to.
+# it was installed to; without the dialog unless an option asks for it.
 install_project() {
   rm -rf "$scratch/first" "$scratch/moved"
-  build project "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER=ON "$@"
+  build project "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER=ON \
+    -DZELDEBUGDIALOG_DIALOG=OFF "$@"
   quietly cmake --install "$scratch/project" --prefix "$scratch/first"
   prefix=$scratch/moved
   mv "$scratch/first" "$prefix"
@@ -46,6 +47,15 @@ find_package_consumer() {
   "$scratch/find_package/model_dialog"
   "$scratch/find_package/session"
   "$scratch/find_package/c_interface" "$board"
+}
+
+# The dialog's pages in a window of another program; without a board it ends with 2.
+dialog_consumer() {
+  local status=0
+  say "-- the dialog's pages: $CXX, C++$CXX_STANDARD"
+  build embedded_dialog "$project/examples/embedded_dialog" -DCMAKE_PREFIX_PATH="$prefix"
+  QT_QPA_PLATFORM=offscreen "$scratch/embedded_dialog/embedded_dialog" || status=$?
+  [ "$status" -eq 2 ]
 }
 
 pkg_config_consumer() {

@@ -11,6 +11,17 @@ ahead("configuration_model/src/settings/SettingTable.cpp", 'Draft("connectComman
     Draft("traceDepth", debugDevice, "Trace depth", SettingKind::number, "Number of branches that the debugger keeps.").range(0, most32),
 """)
 
+ahead("dialog/translations/settings_de.ts", "</context>", """
+    <message>
+        <source>Trace depth</source>
+        <translation>Tiefe der Spur</translation>
+    </message>
+    <message>
+        <source>Number of branches that the debugger keeps.</source>
+        <translation>Zahl der Sprünge, die der Debugger behält.</translation>
+    </message>
+""")
+
 instead("tests/support/Fields.h", 'Field{"bscanUserReg", &R::bscanUserReg});', """Field{"bscanUserReg", &R::bscanUserReg},
                     Field{"traceDepth", &R::traceDepth});""")
 record = "tests/engine/ProcessorRecordTest.cpp"

@@ -1,0 +1,48 @@
+// The connect command of a configuration, live: shown, edited, diagnosed.
+#ifndef ZELDEBUGDIALOG_DIALOG_COMMANDPANEL_H
+#define ZELDEBUGDIALOG_DIALOG_COMMANDPANEL_H
+
+#include <QWidget>
+
+#include "pages/CommandEdit.h"
+#include "pages/SessionModel.h"
+
+class QLabel;
+
+namespace ZelDebugDialog::dialog {
+
+class CommandPanel : public QWidget {
+  Q_OBJECT
+
+public:
+  CommandPanel(SessionModel &sessionModel, QWidget *parent);
+
+  CommandEdit &edit() { return *command; }
+  void markSetting(const std::string &setting) {
+    command->markSetting(setting);
+  }
+  /// What is wrong with the text that stands there.
+  const std::vector<CommandDiagnostic> &diagnostics() const { return found; }
+  /// Puts the nearest match in the place of what is wrong.
+  void apply(const CommandDiagnostic &diagnostic);
+
+signals:
+  void settingAsked(const std::string &setting, bool takesFocus);
+  void diagnosticsChanged();
+
+private:
+  void refresh();
+  void send();
+  bool isAsTyped() const;
+  CommandMarks marksOf(const std::string &text) const;
+
+  SessionModel &model; // NOLINT: outlives its widgets
+  CommandEdit *command;
+  QLabel *remark;
+  std::vector<CommandDiagnostic> found;
+  bool isTyping = false; ///< The text is the person's own.
+};
+
+} // namespace ZelDebugDialog::dialog
+
+#endif

@@ -1,0 +1,42 @@
+#include "pages/FileWatch.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+
+namespace ZelDebugDialog::dialog {
+
+namespace {
+constexpr int settlingTime = 100; // ms
+} // namespace
+
+FileWatch::FileWatch(const QString &path, QObject *parent)
+    : QObject(parent), file(QFileInfo(path).absoluteFilePath()) {
+  delay.setSingleShot(true);
+  delay.setInterval(settlingTime);
+  const auto note = [this] {
+    follow();
+    delay.start();
+  };
+  connect(&watcher, &QFileSystemWatcher::fileChanged, this, note);
+  connect(&watcher, &QFileSystemWatcher::directoryChanged, this, note);
+  connect(&delay, &QTimer::timeout, this, &FileWatch::changed);
+  // A folder that was not there, or on a file system that tells nothing.
+  connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
+          [note](Qt::ApplicationState state) {
+            if (state == Qt::ApplicationActive)
+              note();
+          });
+  follow();
+}
+
+/// A file that has been replaced is another one, and has to be watched anew.
+void FileWatch::follow() {
+  const QFileInfo info(file);
+  const QString folder = info.absolutePath();
+  if (QFileInfo::exists(folder) && !watcher.directories().contains(folder))
+    watcher.addPath(folder);
+  if (info.exists() && !watcher.files().contains(file))
+    watcher.addPath(file);
+}
+
+} // namespace ZelDebugDialog::dialog

@@ -1,0 +1,193 @@
+#include "pages/SessionModel.h"
+
+#include <algorithm>
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include "pages/Texts.h"
+
+namespace ZelDebugDialog::dialog {
+
+namespace {
+
+constexpr std::size_t mostTold = 4;
+
+QString said(const char *text) {
+  return QCoreApplication::translate("Effects", text);
+}
+
+/// Whether going from one to the other is a step that undoing takes back.
+bool isStep(const SessionState &before, const SessionState &after) {
+  if (before.draft != after.draft ||
+      before.editedCommand != after.editedCommand)
+    return true;
+  for (std::size_t i = 0; i < before.settings.size(); ++i)
+    if (before.settings[i].value != after.settings[i].value ||
+        before.settings[i].draft != after.settings[i].draft)
+      return true;
+  return false;
+}
+
+/// No setting has this name.
+constexpr const char *wholeCommand = "";
+
+std::string keyOf(const std::string &typedFor) { return "for " + typedFor; }
+
+} // namespace
+
+SessionModel::SessionModel(const Board &board, const std::string &processor,
+                           QObject *parent)
+    : QObject(parent), ofBoard(board), live(board, processor),
+      known(live.State()) {}
+
+const SettingState *SessionModel::find(const std::string &setting) const {
+  const auto found = std::find_if(
+      known.settings.begin(), known.settings.end(),
+      [&setting](const SettingState &one) { return one.id == setting; });
+  return found == known.settings.end() ? nullptr : &*found;
+}
+
+bool SessionModel::hasDrafts() const {
+  return known.draft.has_value() ||
+         std::any_of(
+             known.settings.begin(), known.settings.end(),
+             [](const SettingState &one) { return one.draft.has_value(); });
+}
+
+bool SessionModel::isModified() const {
+  return !known.differences.empty() || hasDrafts();
+}
+
+void SessionModel::type(const std::string &setting, const QString &text) {
+  performTyping(setting, [&] { return live.Draft(setting, bytesOf(text)); });
+}
+
+void SessionModel::typeCommand(const QString &text) {
+  performTyping(wholeCommand, [&] { return live.Edit(bytesOf(text)); });
+}
+
+/// Each letter takes the place of the one before, so that one step of undoing
+/// goes back to where typing began.
+void SessionModel::performTyping(const std::string &typedFor,
+                                 const Operation &operation) {
+  const std::string key = keyOf(typedFor);
+  const bool goesOn = typed == key;
+  if (!goesOn) {
+    beforeTyping = known;
+    typingIsStep = false;
+  }
+  perform([&] {
+    if (goesOn && typingIsStep)
+      live.Undo();
+    typingIsStep = false;
+    return operation();
+  });
+  typed = key;
+  typingIsStep = isStep(beforeTyping, known);
+}
+
+void SessionModel::endTypingFor(const std::string &setting) {
+  if (typed == keyOf(setting))
+    endTyping();
+}
+
+void SessionModel::endTypingCommand() { endTypingFor(wholeCommand); }
+
+bool SessionModel::change(const std::string &setting, const Value &value) {
+  endTyping();
+  return perform([&] { return live.Change(SettingValues{{setting, value}}); });
+}
+
+void SessionModel::keepDraft(const std::string &setting, const QString &text) {
+  endTyping();
+  perform([&] { return live.Draft(setting, bytesOf(text)); });
+}
+
+void SessionModel::dropDraft(const std::string &setting) {
+  endTyping();
+  perform([&] { return live.DropDraft(setting); });
+}
+
+void SessionModel::reset(const std::vector<std::string> &settings) {
+  endTyping();
+  perform([&] { return live.Reset(settings); });
+}
+
+void SessionModel::undo() {
+  endTyping();
+  perform([&] { return live.Undo(); });
+}
+
+void SessionModel::redo() {
+  endTyping();
+  perform([&] { return live.Redo(); });
+}
+
+void SessionModel::revert() {
+  endTyping();
+  perform([&] { return live.Revert(); });
+}
+
+void SessionModel::copyFrom(SessionModel &other) {
+  endTyping();
+  perform([&] { return live.CopyFrom(other.live); });
+}
+
+void SessionModel::lookAtFile() {
+  if (live.ChangedOnDisk() != known.changedOnDisk)
+    refresh();
+}
+
+void SessionModel::refresh() {
+  known = live.State();
+  emit stateChanged();
+}
+
+bool SessionModel::perform(const Operation &operation) {
+  std::vector<Effect> effects;
+  QString refusal;
+  try {
+    effects = operation();
+  } catch (const Refusal &refused) {
+    refusal = shown(refused.what());
+  }
+  refresh();
+  emit told(refusal.isEmpty() ? shownEffects(effects) : refusal,
+            !refusal.isEmpty());
+  return refusal.isEmpty();
+}
+
+QString shownEffects(const std::vector<Effect> &effects) {
+  // What has one reason is told with it once.
+  std::vector<std::pair<QStringList, QString>> groups;
+  std::size_t count = 0;
+  for (const Effect &effect : effects) {
+    const SettingInfo *const info = FindSetting(effect.setting);
+    // What follows from others is shown there.
+    if (info == nullptr || !info->settable)
+      continue;
+    if (++count > mostTold)
+      continue;
+    const QString reason = reasonOf(effect.why);
+    if (groups.empty() || groups.back().second != reason)
+      groups.push_back({QStringList(), reason});
+    const bool isDifferent = effect.before != effect.after;
+    const QString text =
+        isDifferent ? said(QT_TRANSLATE_NOOP("Effects", "%1 becomes %2"))
+                    : said(QT_TRANSLATE_NOOP("Effects", "%1 stays %2"));
+    groups.back().first.append(text.arg(nameOf(effect.setting),
+                                        valueOf(effect.setting, effect.after)));
+  }
+  QStringList lines;
+  lines.reserve(static_cast<qsizetype>(groups.size()));
+  for (const auto &[changes, reason] : groups)
+    lines.append(QStringLiteral("%1 (%2)").arg(
+        changes.join(QStringLiteral(", ")), reason));
+  if (count > mostTold)
+    lines.append(
+        said(QT_TRANSLATE_NOOP("Effects", "%1 more")).arg(count - mostTold));
+  return lines.join(QStringLiteral("; "));
+}
+
+} // namespace ZelDebugDialog::dialog

@@ -1,0 +1,86 @@
+// One configuration, as widgets see it: the state of a session, a signal when
+// it is another one, and the operations of people.
+//
+// What is typed letter by letter is one step of undoing until something else is
+// done. Nothing is thrown to a widget: what is refused is told.
+#ifndef ZELDEBUGDIALOG_DIALOG_SESSIONMODEL_H
+#define ZELDEBUGDIALOG_DIALOG_SESSIONMODEL_H
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <QObject>
+#include <QString>
+
+#include "ZelDebugDialog/ConfigurationModel/Session.h"
+
+namespace ZelDebugDialog::dialog {
+
+class SessionModel : public QObject {
+  Q_OBJECT
+
+public:
+  /// @throws Refusal for a processor that cannot be debugged
+  SessionModel(const Board &board, const std::string &processor,
+               QObject *parent = nullptr);
+
+  const SessionState &state() const { return known; }
+  /// The state of a setting of the table; null for one that has none.
+  const SettingState *find(const std::string &setting) const;
+  const Board &board() const { return ofBoard; }
+  Session &session() { return live; }
+  /// Whether closing would lose something: unfinished texts count.
+  bool isModified() const;
+  bool hasDrafts() const;
+
+  /// A text as it is typed for a setting.
+  void type(const std::string &setting, const QString &text);
+  /// The same for the whole command.
+  void typeCommand(const QString &text);
+  /// What is typed next is another step.
+  void endTyping() { typed.clear(); }
+  /// The same where this setting is what is typed for.
+  void endTypingFor(const std::string &setting);
+  void endTypingCommand();
+
+  bool change(const std::string &setting, const Value &value);
+  /// A text that is no value, or a value of the chain with cells that are none.
+  void keepDraft(const std::string &setting, const QString &text);
+  void dropDraft(const std::string &setting);
+  void reset(const std::vector<std::string> &settings);
+  void undo();
+  void redo();
+  void revert();
+  void copyFrom(SessionModel &other);
+
+  /// Looks whether the file is still what was loaded.
+  void lookAtFile();
+  /// Takes what has happened to the session elsewhere, such as saving.
+  void refresh();
+
+signals:
+  void stateChanged();
+  /// What else a change has changed, or why it was refused; may be empty.
+  void told(const QString &text, bool isRefusal);
+
+private:
+  using Operation = std::function<std::vector<Effect>()>;
+
+  bool perform(const Operation &operation);
+  void performTyping(const std::string &typedFor, const Operation &operation);
+
+  Board ofBoard;
+  Session live;
+  SessionState known;
+  std::string typed;         ///< What is being typed for; empty for nothing.
+  SessionState beforeTyping; ///< While something is typed.
+  bool typingIsStep = false; ///< Whether undoing takes it back.
+};
+
+/// "Cable: Port becomes USB21, ... (choosing a cable brings ...); ..."
+QString shownEffects(const std::vector<Effect> &effects);
+
+} // namespace ZelDebugDialog::dialog
+
+#endif

@@ -1,0 +1,49 @@
+// A setting in the form: label, editor, where its value comes from, the way
+// back to its default, and what is wrong beneath.
+#ifndef ZELDEBUGDIALOG_DIALOG_SETTINGROW_H
+#define ZELDEBUGDIALOG_DIALOG_SETTINGROW_H
+
+#include <QObject>
+
+#include "pages/SessionModel.h"
+
+class QGridLayout;
+class QLabel;
+class QToolButton;
+
+namespace ZelDebugDialog::dialog {
+
+class ValueEditor;
+
+class SettingRow : public QObject {
+  Q_OBJECT
+
+public:
+  /// Appends its widgets, children of `parent`, to the grid.
+  SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
+             QGridLayout &grid, QWidget *parent);
+
+  const SettingInfo &setting() const { return info; }
+  bool has(const QWidget *widget) const;
+  QWidget *field() const;
+  int labelWidth() const;
+  ValueEditor &editor() const { return *valueEditor; }
+  void display(const SettingState &state);
+  /// Marks it as the one that a word of the command has led to.
+  void mark(bool isMarked);
+
+private:
+  void describe(const SettingState &state);
+
+  const SettingInfo &info; // NOLINT: a row of a table that never goes
+  SessionModel &model;     // NOLINT: outlives its widgets
+  QLabel *label;
+  ValueEditor *valueEditor;
+  QLabel *origin;
+  QToolButton *back = nullptr; ///< Null for what is only shown.
+  QLabel *error;
+};
+
+} // namespace ZelDebugDialog::dialog
+
+#endif

@@ -1,0 +1,108 @@
+#include "pages/SettingsForm.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QVBoxLayout>
+
+#include "pages/Section.h"
+#include "pages/SettingRow.h"
+#include "pages/Texts.h"
+#include "pages/ValueEditor.h"
+
+namespace ZelDebugDialog::dialog {
+
+SettingsForm::SettingsForm(SessionModel &sessionModel, QWidget *parent)
+    : QScrollArea(parent), model(sessionModel) {
+  setWidgetResizable(true);
+  setFrameShape(QFrame::NoFrame);
+  // Each control in it takes the focus itself.
+  setFocusPolicy(Qt::NoFocus);
+  auto *const content = new QWidget(this);
+  auto *const layout = new QVBoxLayout(content);
+  for (const SettingInfo &setting : GetSettings()) {
+    // The fields of a device stand in the table of the chain.
+    if (rowOf(setting.id) != setting.id)
+      continue;
+    rows.push_back(sectionFor(setting, *layout).add(setting, model));
+  }
+  layout->addStretch();
+  int widest = 0;
+  for (const Section *const section : sections)
+    widest = std::max(widest, section->labelWidth());
+  for (Section *const section : sections)
+    section->setLabelWidth(widest);
+  setWidget(content);
+  connect(&model, &SessionModel::stateChanged, this, &SettingsForm::refresh);
+  focusNotes =
+      connect(qApp, &QApplication::focusChanged, this,
+              [this](const QWidget *, const QWidget *now) { noteFocus(now); });
+  refresh();
+}
+
+Section &SettingsForm::sectionFor(const SettingInfo &setting,
+                                  QVBoxLayout &layout) {
+  for (Section *const section : sections)
+    if (section->group() == setting.group)
+      return *section;
+  sections.push_back(new Section(setting, this));
+  layout.addWidget(sections.back());
+  return *sections.back();
+}
+
+void SettingsForm::refresh() {
+  for (Section *const section : sections)
+    section->refresh(model);
+}
+
+SettingRow *SettingsForm::rowFor(const std::string &setting) const {
+  const std::string name = rowOf(setting);
+  const auto found =
+      std::find_if(rows.begin(), rows.end(), [&name](const SettingRow *row) {
+        return row->setting().id == name;
+      });
+  return found == rows.end() ? nullptr : *found;
+}
+
+Section *SettingsForm::sectionOf(const SettingRow *row) const {
+  const auto found =
+      std::find_if(sections.begin(), sections.end(),
+                   [row](const Section *section) { return section->has(row); });
+  return found == sections.end() ? nullptr : *found;
+}
+
+void SettingsForm::reveal(const std::string &setting) {
+  SettingRow *const wanted = rowFor(setting);
+  for (SettingRow *const row : rows)
+    row->mark(row == wanted);
+  if (wanted == nullptr)
+    return;
+  sectionOf(wanted)->unfold();
+  // The place is known once the section is laid out.
+  QApplication::sendPostedEvents(widget(), QEvent::LayoutRequest);
+  widget()->adjustSize();
+  ensureWidgetVisible(wanted->editor().widget());
+  wanted->editor().lead(setting);
+}
+
+void SettingsForm::lead(const std::string &setting) {
+  reveal(setting);
+  if (SettingRow *const row = rowFor(setting))
+    row->field()->setFocus(Qt::OtherFocusReason);
+}
+
+/// Its controls lose the focus while they go.
+SettingsForm::~SettingsForm() { QObject::disconnect(focusNotes); }
+
+void SettingsForm::noteFocus(const QWidget *widget) {
+  if (widget == nullptr || !isAncestorOf(widget))
+    return;
+  for (SettingRow *const row : rows) {
+    const bool isFocused = row->has(widget);
+    row->mark(false);
+    if (isFocused)
+      emit settingFocused(row->setting().id);
+  }
+}
+
+} // namespace ZelDebugDialog::dialog

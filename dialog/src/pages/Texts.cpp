@@ -1,0 +1,97 @@
+#include "pages/Texts.h"
+
+#include <array>
+
+#include <QCoreApplication>
+
+namespace ZelDebugDialog::dialog {
+
+namespace {
+
+/// The words of the library have a context of their own in the translations.
+QString translated(const std::string &text) {
+  return QCoreApplication::translate("Settings", text.c_str());
+}
+
+/// A front of what `SettingState::origin` says.
+struct Origin {
+  const char *word;
+  const char *shown;
+};
+
+constexpr std::array<Origin, 5> origins{{
+    {"default", QT_TRANSLATE_NOOP("Origins", "default")},
+    {"design", QT_TRANSLATE_NOOP("Origins", "design")},
+    {"changed", QT_TRANSLATE_NOOP("Origins", "changed")},
+    {"file:", QT_TRANSLATE_NOOP("Origins", "file, column %1")},
+    {"command:", QT_TRANSLATE_NOOP("Origins", "typed, column %1")},
+}};
+
+} // namespace
+
+QString shown(const std::string &text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string bytesOf(const QString &text) { return text.toStdString(); }
+
+int positionOf(const std::string &text, std::size_t offset) {
+  return static_cast<int>(shown(text.substr(0, offset)).size());
+}
+
+std::size_t offsetOf(const QString &text, int position) {
+  return bytesOf(text.left(position)).size();
+}
+
+QString labelOf(const SettingInfo &setting) {
+  return translated(setting.label);
+}
+
+QString groupOf(const SettingInfo &setting) {
+  return translated(setting.group);
+}
+
+QString helpOf(const SettingInfo &setting) { return translated(setting.help); }
+
+QString labelOf(const Choice &choice) { return translated(choice.label); }
+
+QString reasonOf(const std::string &reason) { return translated(reason); }
+
+QString nameOf(const std::string &setting) {
+  const SettingInfo *const info = FindSetting(setting);
+  if (info == nullptr)
+    return shown(setting);
+  const QString group = groupOf(*info);
+  const QString label = labelOf(*info);
+  return group == label ? label : QStringLiteral("%1: %2").arg(group, label);
+}
+
+QString valueOf(const std::string &setting, const Value &value) {
+  const SettingInfo *const info = FindSetting(setting);
+  if (value.IsText() && value.Text().empty())
+    return QCoreApplication::translate("Values", "(empty)");
+  if (value.IsNothing())
+    return QStringLiteral("–");
+  if (info != nullptr)
+    return shown(ShowValue(*info, value));
+  return value.IsText() ? shown(value.Text()) : QStringLiteral("–");
+}
+
+QString originOf(const std::string &origin) {
+  const QString text = shown(origin);
+  for (const Origin &row : origins) {
+    const QString word = QLatin1String(row.word);
+    if (!text.startsWith(word))
+      continue;
+    const QString shownWord = QCoreApplication::translate("Origins", row.shown);
+    return word.endsWith(u':') ? shownWord.arg(text.mid(word.size()))
+                               : shownWord;
+  }
+  return text;
+}
+
+std::string rowOf(const std::string &setting) {
+  return setting.substr(0, setting.find('['));
+}
+
+} // namespace ZelDebugDialog::dialog

@@ -1,0 +1,349 @@
+#include "program/MainWindow.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "ZelDebugDialog/Dialog.h"
+#include "pages/Banner.h"
+#include "pages/Texts.h"
+#include "program/DesignMessages.h"
+
+namespace ZelDebugDialog::dialog {
+
+namespace {
+
+constexpr const char *geometryKey = "window/geometry";
+constexpr const char *layoutKey = "window/layout";
+constexpr const char *recentKey = "recent";
+constexpr int mostRecent = 8;
+constexpr int mostNamed = 4;
+
+/// The folder that was dropped, or the file.
+QString droppedFile(const QMimeData &data) {
+  return data.urls().isEmpty() ? QString() : data.urls().front().toLocalFile();
+}
+
+/// "component a:b:c:1, component a:b:d:1 …"
+QString shownDocuments(const std::vector<MissingDocument> &documents) {
+  QStringList names;
+  for (const MissingDocument &document : documents)
+    if (names.size() < mostNamed)
+      names.append(shown(document.identity));
+  QString text = names.join(QStringLiteral(", "));
+  if (documents.size() > static_cast<std::size_t>(mostNamed))
+    text += QStringLiteral(", …");
+  return text;
+}
+
+} // namespace
+
+MainWindow::MainWindow(const std::string &optionFolder)
+    : folder(optionFolder), loader(this) {
+  setAcceptDrops(true);
+  auto *const content = new QWidget(this);
+  auto *const layout = new QVBoxLayout(content);
+  layout->setContentsMargins(6, 6, 6, 0);
+  missing = new Banner(content);
+  layout->addWidget(missing);
+  stack = new QStackedWidget(content);
+  layout->addWidget(stack, 1);
+  setCentralWidget(content);
+  welcome = new QLabel(tr("Open a design, or drop its file here."), stack);
+  welcome->setAlignment(Qt::AlignCenter);
+  welcome->setWordWrap(true);
+  welcome->setTextFormat(Qt::PlainText);
+  stack->addWidget(welcome);
+  makeProgress();
+
+  messagesDock = new QDockWidget(tr("Messages about the design"), this);
+  messagesDock->setObjectName(QStringLiteral("messages"));
+  messages = new DesignMessages(messagesDock);
+  messagesDock->setWidget(messages);
+  addDockWidget(Qt::BottomDockWidgetArea, messagesDock);
+  messagesDock->hide();
+  makeMissingBanner();
+  makeMenus();
+  connect(&loader, &DesignLoader::loaded, this, &MainWindow::take);
+
+  constexpr int width = 1240;
+  constexpr int height = 860;
+  resize(width, height);
+  const QSettings settings;
+  restoreGeometry(settings.value(QLatin1String(geometryKey)).toByteArray());
+  restoreState(settings.value(QLatin1String(layoutKey)).toByteArray());
+  messagesDock->hide();
+  refresh();
+}
+
+/// The page goes before the design that it asks.
+MainWindow::~MainWindow() { delete page; }
+
+void MainWindow::makeProgress() {
+  progress = new QWidget(stack);
+  auto *const layout = new QVBoxLayout(progress);
+  progressText = new QLabel(progress);
+  progressText->setAlignment(Qt::AlignCenter);
+  auto *const bar = new QProgressBar(progress);
+  bar->setRange(0, 0);
+  bar->setAccessibleName(tr("Reading the design"));
+  auto *const cancel = new QPushButton(tr("Cancel"), progress);
+  connect(cancel, &QPushButton::clicked, this, [this] {
+    loader.cancel();
+    asked = design != nullptr ? design->sources : DesignSources();
+    stack->setCurrentWidget(page != nullptr ? static_cast<QWidget *>(page)
+                                            : welcome);
+    refresh();
+  });
+  layout->addStretch();
+  layout->addWidget(progressText);
+  layout->addWidget(bar, 0, Qt::AlignHCenter);
+  layout->addWidget(cancel, 0, Qt::AlignHCenter);
+  layout->addStretch();
+  stack->addWidget(progress);
+}
+
+void MainWindow::makeMissingBanner() {
+  useFound = missing->addAnswer(tr("Take them from &there"));
+  connect(useFound, &QPushButton::clicked, this, [this] {
+    DesignSources sources = asked;
+    sources.libraryFolders = design->search.folders;
+    open(sources);
+  });
+  connect(missing->addAnswer(tr("Choose a &library folder…")),
+          &QPushButton::clicked, this, &MainWindow::askForLibrary);
+  connect(missing->addAnswer(tr("Choose a &kind table…")),
+          &QPushButton::clicked, this, &MainWindow::askForKinds);
+}
+
+void MainWindow::makeMenus() {
+  fileMenu = menuBar()->addMenu(tr("&File"));
+  QAction *const openAction = fileMenu->addAction(tr("&Open a design…"));
+  openAction->setShortcut(QKeySequence::Open);
+  connect(openAction, &QAction::triggered, this, &MainWindow::askForDesign);
+  recentMenu = fileMenu->addMenu(tr("&Recent designs"));
+  libraryAction = fileMenu->addAction(tr("&Library folder…"));
+  connect(libraryAction, &QAction::triggered, this, &MainWindow::askForLibrary);
+  kindsAction = fileMenu->addAction(tr("&Kind table…"));
+  connect(kindsAction, &QAction::triggered, this, &MainWindow::askForKinds);
+  QAction *const folderAction =
+      fileMenu->addAction(tr("&Folder of the option files…"));
+  connect(folderAction, &QAction::triggered, this, &MainWindow::askForFolder);
+  saveSeparator = fileMenu->addSeparator();
+  QAction *const quit = fileMenu->addAction(tr("&Quit"));
+  quit->setShortcut(QKeySequence::Quit);
+  connect(quit, &QAction::triggered, this, &QWidget::close);
+  editMenu = menuBar()->addMenu(tr("&Edit"));
+  tools = addToolBar(tr("Tools"));
+  tools->setObjectName(QStringLiteral("tools"));
+  tools->setMovable(false);
+  tools->addAction(openAction);
+  QMenu *const view = menuBar()->addMenu(tr("&View"));
+  view->addAction(messagesDock->toggleViewAction());
+  fillRecent();
+}
+
+// --- Designs -----------------------------------------------------------------
+
+void MainWindow::open(const DesignSources &sources) {
+  asked = sources;
+  progressText->setText(tr("Reading %1 …").arg(shown(sources.designFile)));
+  missing->say(QString());
+  stack->setCurrentWidget(progress);
+  loader.start(sources, folder);
+  refresh();
+}
+
+void MainWindow::take(const std::shared_ptr<LoadedDesign> &loaded) {
+  // A question that is open belongs to the page.
+  if (QApplication::activeModalWidget() != nullptr) {
+    constexpr int later = 100; // ms
+    QTimer::singleShot(later, this, [this, loaded] { take(loaded); });
+    return;
+  }
+  // The page asks its design until it is gone.
+  delete page;
+  page = nullptr;
+  design = loaded;
+  if (design->board) {
+    page = new BoardPage(*design->board, stack);
+    stack->addWidget(page);
+    stack->setCurrentWidget(page);
+    using Operation = BoardPage::Operation;
+    for (const Operation one : {Operation::save, Operation::saveAll})
+      fileMenu->insertAction(saveSeparator, page->action(one));
+    for (const Operation one :
+         {Operation::save, Operation::undo, Operation::redo, Operation::revert})
+      tools->addAction(page->action(one));
+    for (const Operation one :
+         {Operation::undo, Operation::redo, Operation::revert, Operation::reset,
+          Operation::copy})
+      editMenu->addAction(page->action(one));
+    connect(page, &BoardPage::changed, this, &MainWindow::refresh);
+    noteRecent(shown(design->sources.designFile));
+  } else {
+    welcome->setText(
+        tr("%1 cannot be read: %2")
+            .arg(shown(design->sources.designFile), shown(design->problem)));
+    stack->setCurrentWidget(welcome);
+  }
+  messages->display(design->model.Diagnostics());
+  const bool hasError = design->model.Missing().empty() && !design->board;
+  messagesDock->setVisible(!design->model.Diagnostics().empty() || hasError);
+  showMissing();
+  refresh();
+  emit opened();
+}
+
+void MainWindow::showMissing() {
+  const std::vector<MissingDocument> &documents = design->model.Missing();
+  const bool isFound = !design->search.folders.empty();
+  useFound->setVisible(isFound);
+  QString text;
+  if (!documents.empty()) {
+    text = tr("The design refers to what was not found: %1.")
+               .arg(shownDocuments(documents));
+    QStringList folders;
+    for (const std::string &one : design->search.folders)
+      folders.append(shown(one));
+    if (isFound)
+      text += u' ' + tr("There is some of it in %1.")
+                         .arg(folders.join(QStringLiteral(", ")));
+  } else if (page != nullptr && design->board->Processors().empty()) {
+    text = tr("No processor of the design can be debugged. A kind table says "
+              "which of its components are processors and debug modules.");
+  }
+  missing->say(text);
+}
+
+void MainWindow::refresh() {
+  const bool hasPage = page != nullptr && stack->currentWidget() == page;
+  setWindowModified(page != nullptr && page->isModified());
+  const QString name =
+      design != nullptr && page != nullptr
+          ? QFileInfo(shown(design->sources.designFile)).fileName()
+          : QString();
+  setWindowTitle(name.isEmpty() ? tr("Debug configurations[*]")
+                                : tr("%1[*] – Debug configurations").arg(name));
+  libraryAction->setEnabled(!asked.designFile.empty());
+  kindsAction->setEnabled(!asked.designFile.empty());
+  statusBar()->showMessage(
+      hasPage ? tr("Option files: %1")
+                    .arg(QDir::toNativeSeparators(
+                        QFileInfo(shown(folder)).absoluteFilePath()))
+              : QString());
+}
+
+void MainWindow::askForDesign() {
+  const QString file =
+      QFileDialog::getOpenFileName(this, tr("Open a design"), QString(),
+                                   tr("Designs (*.xml);;All files (*)"));
+  if (!file.isEmpty() && (page == nullptr || page->mayClose()))
+    open({bytesOf(file), {}, "", ""});
+}
+
+void MainWindow::askForLibrary() {
+  const QString chosen =
+      QFileDialog::getExistingDirectory(this, tr("Choose a library folder"));
+  if (chosen.isEmpty() || (page != nullptr && !page->mayClose()))
+    return;
+  DesignSources sources = asked;
+  // Where none is named, the folder of the design is the library.
+  if (sources.libraryFolders.empty())
+    sources.libraryFolders.push_back(
+        bytesOf(QFileInfo(shown(sources.designFile)).path()));
+  sources.libraryFolders.push_back(bytesOf(chosen));
+  open(sources);
+}
+
+void MainWindow::askForKinds() {
+  const QString chosen =
+      QFileDialog::getOpenFileName(this, tr("Choose a kind table"));
+  if (chosen.isEmpty() || (page != nullptr && !page->mayClose()))
+    return;
+  DesignSources sources = asked;
+  sources.kindsFile = bytesOf(chosen);
+  open(sources);
+}
+
+void MainWindow::askForFolder() {
+  const QString chosen = QFileDialog::getExistingDirectory(
+      this, tr("Folder of the option files"), shown(folder));
+  if (chosen.isEmpty() || (page != nullptr && !page->mayClose()))
+    return;
+  folder = bytesOf(chosen);
+  if (!asked.designFile.empty())
+    open(asked);
+  refresh();
+}
+
+// --- Recent designs ----------------------------------------------------------
+
+void MainWindow::noteRecent(const QString &file) {
+  QSettings settings;
+  QStringList recent = settings.value(QLatin1String(recentKey)).toStringList();
+  const QString path = QFileInfo(file).absoluteFilePath();
+  recent.removeAll(path);
+  recent.prepend(path);
+  while (recent.size() > mostRecent)
+    recent.removeLast();
+  settings.setValue(QLatin1String(recentKey), recent);
+  fillRecent();
+}
+
+void MainWindow::fillRecent() {
+  recentMenu->clear();
+  const QStringList recent =
+      QSettings().value(QLatin1String(recentKey)).toStringList();
+  for (const QString &file : recent)
+    connect(recentMenu->addAction(file), &QAction::triggered, this,
+            [this, file] {
+              if (page == nullptr || page->mayClose())
+                open({bytesOf(file), {}, "", ""});
+            });
+  recentMenu->setEnabled(!recent.isEmpty());
+}
+
+// --- Events ------------------------------------------------------------------
+
+void MainWindow::closeEvent(QCloseEvent *event) {
+  if (page != nullptr && !page->mayClose()) {
+    event->ignore();
+    return;
+  }
+  QSettings settings;
+  settings.setValue(QLatin1String(geometryKey), saveGeometry());
+  settings.setValue(QLatin1String(layoutKey), saveState());
+  event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event) {
+  if (!droppedFile(*event->mimeData()).isEmpty())
+    event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event) {
+  const QString file = droppedFile(*event->mimeData());
+  if (file.isEmpty())
+    return;
+  event->acceptProposedAction();
+  if (page == nullptr || page->mayClose())
+    open({bytesOf(file), {}, "", ""});
+}
+
+} // namespace ZelDebugDialog::dialog

@@ -1,0 +1,91 @@
+// The window of the program: a design is opened, and its board is the page.
+#ifndef ZELDEBUGDIALOG_DIALOG_MAINWINDOW_H
+#define ZELDEBUGDIALOG_DIALOG_MAINWINDOW_H
+
+#include <memory>
+#include <string>
+
+#include <QMainWindow>
+
+#include "program/DesignLoader.h"
+
+class QDockWidget;
+class QLabel;
+class QMenu;
+class QPushButton;
+class QStackedWidget;
+class QToolBar;
+class QVBoxLayout;
+
+namespace ZelDebugDialog {
+
+class BoardPage;
+
+namespace dialog {
+
+class Banner;
+class DesignMessages;
+
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+public:
+  /// @param optionFolder  holds the option files of every design
+  explicit MainWindow(const std::string &optionFolder);
+  MainWindow(const MainWindow &) = delete;
+  MainWindow &operator=(const MainWindow &) = delete;
+  ~MainWindow() override;
+
+  void open(const DesignSources &sources);
+  /// The board that is open; null for none.
+  BoardPage *board() const { return page; }
+
+signals:
+  /// A design has been read, or could not be.
+  void opened();
+
+protected:
+  void closeEvent(QCloseEvent *event) override;
+  void dragEnterEvent(QDragEnterEvent *event) override;
+  void dropEvent(QDropEvent *event) override;
+
+private:
+  void makeProgress();
+  void makeMenus();
+  void makeMissingBanner();
+  void fillRecent();
+  void noteRecent(const QString &file);
+  void askForDesign();
+  void askForLibrary();
+  void askForKinds();
+  void askForFolder();
+  void take(const std::shared_ptr<LoadedDesign> &loaded);
+  void showMissing();
+  void refresh();
+
+  std::string folder;
+  DesignLoader loader;
+  std::shared_ptr<LoadedDesign> design; ///< Outlives `page`.
+  BoardPage *page = nullptr;
+  QStackedWidget *stack;
+  QLabel *welcome;
+  QWidget *progress = nullptr;
+  QLabel *progressText = nullptr;
+  Banner *missing;
+  QPushButton *useFound = nullptr;
+  DesignMessages *messages;
+  QDockWidget *messagesDock = nullptr;
+  QToolBar *tools = nullptr;
+  QMenu *editMenu = nullptr;
+  QMenu *fileMenu = nullptr;
+  QMenu *recentMenu = nullptr;
+  QAction *saveSeparator = nullptr;
+  QAction *libraryAction = nullptr;
+  QAction *kindsAction = nullptr;
+  DesignSources asked; ///< What is being read, or was last.
+};
+
+} // namespace dialog
+} // namespace ZelDebugDialog
+
+#endif

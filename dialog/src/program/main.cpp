@@ -1,0 +1,81 @@
+// zeldebug-dialog [DESIGN]: the debug configurations of a design, to look at
+// and to change.
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QLocale>
+
+#include "ZelDebugDialog/Dialog.h"
+#include "pages/Texts.h"
+#include "program/MainWindow.h"
+
+using namespace ZelDebugDialog;
+
+namespace {
+
+QString said(const char *text) {
+  return QCoreApplication::translate("Program", text);
+}
+
+} // namespace
+
+int main(int count, char **arguments) {
+  QApplication application(count, arguments);
+  QApplication::setApplicationName(QStringLiteral("zeldebug-dialog"));
+  QApplication::setOrganizationName(QStringLiteral("ZelDebugDialog"));
+  QApplication::setApplicationVersion(
+      QStringLiteral(ZELDEBUGDIALOG_DIALOG_VERSION));
+  InstallDialogTexts(QLocale());
+
+  QCommandLineParser line;
+  line.setApplicationDescription(said(QT_TRANSLATE_NOOP(
+      "Program", "Debug configurations of the processors of a design")));
+  line.addHelpOption();
+  line.addVersionOption();
+  const QCommandLineOption library(
+      QStringLiteral("library"),
+      said(QT_TRANSLATE_NOOP(
+          "Program",
+          "Folder to look for components in, once for each (default: "
+          "below the folder of DESIGN).")),
+      QStringLiteral("DIR"));
+  const QCommandLineOption view(
+      QStringLiteral("view"),
+      said(QT_TRANSLATE_NOOP("Program", "View of a hierarchical component.")),
+      QStringLiteral("NAME"));
+  const QCommandLineOption kinds(
+      QStringLiteral("kinds"),
+      said(QT_TRANSLATE_NOOP("Program", "One more table of component kinds.")),
+      QStringLiteral("FILE"));
+  const QCommandLineOption directory(
+      QStringLiteral("C"),
+      said(QT_TRANSLATE_NOOP(
+          "Program",
+          "Option files lie in etc/ below this folder (default: below "
+          "the working directory).")),
+      QStringLiteral("DIR"));
+  line.addOptions({library, view, kinds, directory});
+  line.addPositionalArgument(
+      QStringLiteral("DESIGN"),
+      said(QT_TRANSLATE_NOOP(
+          "Program", "IP-XACT design file, or the component file on top of a "
+                     "hierarchy.")),
+      QStringLiteral("[DESIGN]"));
+  line.process(application);
+  if (line.positionalArguments().size() > 1)
+    line.showHelp(2);
+
+  const QString base = line.value(directory);
+  dialog::MainWindow window(dialog::bytesOf(
+      base.isEmpty() ? QStringLiteral("etc") : base + QStringLiteral("/etc")));
+  window.show();
+  if (!line.positionalArguments().isEmpty()) {
+    DesignSources sources;
+    sources.designFile = dialog::bytesOf(line.positionalArguments().front());
+    for (const QString &one : line.values(library))
+      sources.libraryFolders.push_back(dialog::bytesOf(one));
+    sources.view = dialog::bytesOf(line.value(view));
+    sources.kindsFile = dialog::bytesOf(line.value(kinds));
+    window.open(sources);
+  }
+  return QApplication::exec();
+}

@@ -1,0 +1,142 @@
+// What programs for people who do not see the window are told of it: each
+// control has a name, and the keyboard alone reaches each.
+#include <set>
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTabBar>
+#include <QTest>
+#include <QToolBar>
+
+#include "dialog/Scene.h"
+#include "pages/SettingRow.h"
+#include "pages/SettingsForm.h"
+
+using namespace ZelDebugDialog;
+using scene::Scene;
+
+namespace {
+
+/// Whether people work with it.
+bool isControl(const QWidget &widget) {
+  if (qobject_cast<const QHeaderView *>(&widget) != nullptr)
+    return false; // It is a part of its table.
+  return qobject_cast<const QAbstractButton *>(&widget) != nullptr ||
+         qobject_cast<const QLineEdit *>(&widget) != nullptr ||
+         qobject_cast<const QComboBox *>(&widget) != nullptr ||
+         qobject_cast<const QAbstractItemView *>(&widget) != nullptr ||
+         qobject_cast<const QPlainTextEdit *>(&widget) != nullptr;
+}
+
+/// Parts that the library of widgets makes itself, for the mouse only.
+bool isOfQt(const QWidget &widget) {
+  return widget.objectName().startsWith(QLatin1String("qt_")) ||
+         qobject_cast<const QTabBar *>(widget.parentWidget()) != nullptr ||
+         qobject_cast<const QAbstractItemView *>(widget.parentWidget()) !=
+             nullptr;
+}
+
+QString nameOf(QWidget &widget) {
+  QAccessibleInterface *const told =
+      QAccessible::queryAccessibleInterface(&widget);
+  return told == nullptr ? QString() : told->text(QAccessible::Name);
+}
+
+} // namespace
+
+class AccessibilityTest : public QObject {
+  Q_OBJECT
+
+private slots:
+  void initTestCase() { scene::prepare(); }
+
+  void EveryControlHasAName() {
+    Scene scene;
+    int controls = 0;
+    for (QWidget *const widget : scene.window().findChildren<QWidget *>()) {
+      if (!isControl(*widget) || isOfQt(*widget) ||
+          widget->window() != &scene.window())
+        continue;
+      ++controls;
+      QVERIFY2(
+          !nameOf(*widget).isEmpty(),
+          qPrintable(
+              QString("%1 in %2")
+                  .arg(widget->metaObject()->className(),
+                       widget->parentWidget()->metaObject()->className())));
+    }
+    QVERIFY(controls > 100);
+  }
+
+  void TheNameOfAControlIsTheLabelOfItsSetting() {
+    Scene scene;
+    auto *const form = scene.page().findChild<dialog::SettingsForm *>();
+    int settings = 0;
+    for (const SettingInfo &setting : GetSettings()) {
+      if (setting.id.find('[') != std::string::npos)
+        continue;
+      ++settings;
+      dialog::SettingRow *const row = form->rowFor(setting.id);
+      QVERIFY2(row != nullptr, setting.id.c_str());
+      QCOMPARE(row->field()->accessibleName(),
+               QString::fromStdString(setting.label));
+    }
+    QVERIFY(settings > 40);
+  }
+
+  /// From the first control on, by the tabulator key.
+  void TheKeyboardReachesEverySettingThatCanBeSet() {
+    Scene scene;
+    scene.board().choose("ppc405_0");
+    auto *const form = scene.page().findChild<dialog::SettingsForm *>();
+    std::set<QWidget *> reached;
+    for (int i = 0; i < 400; ++i) {
+      QWidget *const focus = QApplication::focusWidget();
+      QVERIFY(focus != nullptr);
+      reached.insert(focus);
+      QTest::keyClick(focus, Qt::Key_Tab);
+    }
+    for (const SettingInfo &setting : GetSettings()) {
+      dialog::SettingRow *const row = form->rowFor(setting.id);
+      if (row == nullptr || !setting.settable || !row->field()->isEnabled() ||
+          !row->field()->isVisible())
+        continue;
+      QVERIFY2(reached.count(row->field()) == 1, setting.id.c_str());
+    }
+    for (const char *const name :
+         {"Connect command", "What will not survive saving",
+          "What differs from what is saved", "Processors"}) {
+      auto *const control = scene::named<QWidget>(scene.window(), name);
+      QVERIFY2(control == nullptr || reached.count(control) == 1, name);
+    }
+  }
+
+  /// Such a box is told by what is chosen; its name is its label's.
+  void ABoxOfChoicesIsToldWithItsLabel() {
+    Scene scene;
+    auto *const form = scene.page().findChild<dialog::SettingsForm *>();
+    int boxes = 0;
+    for (const SettingInfo &setting : GetSettings()) {
+      if (setting.kind != SettingKind::word)
+        continue;
+      ++boxes;
+      const auto relations = QAccessible::queryAccessibleInterface(
+                                 form->rowFor(setting.id)->field())
+                                 ->relations(QAccessible::Label);
+      QCOMPARE(relations.size(), 1);
+      QCOMPARE(relations[0].first->text(QAccessible::Name),
+               QString::fromStdString(setting.label));
+    }
+    QVERIFY(boxes > 1);
+  }
+};
+
+QTEST_MAIN(AccessibilityTest)
+#include "AccessibilityTest.moc"

@@ -1,0 +1,673 @@
+// The dialog by typed keys and clicks: what people do, and what they see.
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QTableWidget>
+#include <QTest>
+#include <QToolButton>
+#include <QtGui/QDropEvent>
+
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "dialog/Scene.h"
+#include "pages/Banner.h"
+#include "pages/ChainEditor.h"
+#include "pages/CommandEdit.h"
+#include "pages/Lists.h"
+#include "pages/ProcessorList.h"
+#include "pages/Section.h"
+
+using namespace ZelDebugDialog;
+using scene::Scene;
+using Operation = BoardPage::Operation;
+
+namespace {
+
+constexpr const char *plainCommand = "connect lc hdu -debugdevice cpunr 1";
+constexpr const char *storyCommand =
+    "connect lc hdu -cable type quorla_podusb port USB21 frequency 3000000 "
+    "-debugdevice cpunr 1";
+
+template <class Widget> Widget &only(QWidget &parent) {
+  Widget *const found = parent.findChild<Widget *>();
+  if (found == nullptr)
+    qFatal("there is no such widget");
+  return *found;
+}
+
+QLineEdit &lineOf(Scene &scene, const std::string &setting) {
+  return *qobject_cast<QLineEdit *>(scene.field(setting));
+}
+
+QComboBox &boxOf(Scene &scene, const std::string &setting) {
+  return *qobject_cast<QComboBox *>(scene.field(setting));
+}
+
+/// All that is written on the page and can be seen.
+QString textsOf(QWidget &page) {
+  QString texts;
+  for (const QLabel *const label : page.findChildren<QLabel *>())
+    if (label->isVisible())
+      texts += label->text() + u'\n';
+  return texts;
+}
+
+/// The words of a list, a line a row.
+QStringList rowsOf(const QTreeWidget &list) {
+  QStringList rows;
+  for (int row = 0; row < list.topLevelItemCount(); ++row) {
+    QStringList cells;
+    for (int column = 0; column < list.columnCount(); ++column)
+      cells.append(list.topLevelItem(row)->text(column));
+    rows.append(cells.join(QStringLiteral(" | ")));
+  }
+  return rows;
+}
+
+QString savedSign(Scene &scene, const QString &processor) {
+  const auto &list = only<dialog::ProcessorList>(scene.window());
+  for (const QString &row : rowsOf(list))
+    if (row.startsWith(processor + u' '))
+      return row.section(QStringLiteral(" | "), 4);
+  return QStringLiteral("no such processor");
+}
+
+/// The button of a banner that can be seen.
+QPushButton *answerIn(Scene &scene, const QString &text) {
+  for (dialog::Banner *const banner :
+       scene.window().findChildren<dialog::Banner *>())
+    for (QPushButton *const button : banner->findChildren<QPushButton *>())
+      if (button->isVisible() && button->text().remove(u'&') == text)
+        return button;
+  return nullptr;
+}
+
+void enterCell(QTableWidget &table, int row, int column, const QString &text) {
+  table.setFocus();
+  table.setCurrentCell(row, column);
+  QTest::keyClick(&table, Qt::Key_F2);
+  auto *const editor = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+  QVERIFY(editor != nullptr);
+  editor->selectAll();
+  QTest::keyClicks(editor, text);
+  QTest::keyClick(editor, Qt::Key_Return);
+  QCoreApplication::processEvents();
+}
+
+} // namespace
+
+class DialogTest : public QObject {
+  Q_OBJECT
+
+private slots:
+  void initTestCase() { scene::prepare(); }
+
+  // --- Settings
+  // ---------------------------------------------------------------
+
+  void WhatIsEnteredReachesTheCommand_data() {
+    QTest::addColumn<QString>("processor");
+    QTest::addColumn<QStringList>("steps");
+    QTest::addColumn<QString>("command");
+    const auto row = [](const char *name, const char *processor,
+                        const QStringList &steps, const char *command) {
+      QTest::newRow(name) << QString::fromLatin1(processor) << steps
+                          << QString::fromLatin1(command);
+    };
+    row("debug device", "lumacore_0", {"debugDevice", "2"},
+        "connect lc hdu -debugdevice deviceNr 2 cpunr 1");
+    row("cable", "lumacore_0",
+        {"cable.cableType", "quorla_podusb", "cable.frequency", "3 MHz"},
+        storyCommand);
+    row("serial number", "lumacore_0",
+        {"cable.cableType", "quorla_podusb", "cable.esn", "0042"},
+        "connect lc hdu -cable type quorla_podusb esn 0042 -debugdevice cpunr "
+        "1");
+    row("address map", "ppc405_0",
+        {"romemStartAdr", "0xfff00000", "romemSize", "65536", "icacheStartAdr",
+         "0x40000000"},
+        "connect ppc hw -debugdevice cpunr 1 romemStartAdr 0xfff00000 "
+        "romemSize 65536 icacheStartAdr 0x40000000 fpuType sp");
+    row("simulator", "lumacore_0", {"connection", "sim"}, "connect lc sim");
+    row("simulator's file", "ppc405_0",
+        {"connection", "sim", "ppcSimConfigFile", "board.cfg"},
+        "connect ppc sim -icf board.cfg");
+    row("stub over JTAG", "lumacore_0", {"connection", "stub-jtag"},
+        "connect lc stub -comm jtag");
+    row("stub over a serial line", "lumacore_0",
+        {"connection", "stub-serial", "stubBaudRate", "115200"},
+        "connect lc stub -comm serial -port /dev/ttyS0  -baud  115200 "
+        "-timeout 20000");
+    row("hardware of another family", "a9_1", {"connection", "hw"},
+        "connect ppc hw -debugdevice cpunr 2");
+  }
+
+  void WhatIsEnteredReachesTheCommand() {
+    QFETCH(QString, processor);
+    QFETCH(QStringList, steps);
+    QFETCH(QString, command);
+    Scene scene;
+    QVERIFY(scene.board().choose(processor.toStdString()));
+    for (qsizetype i = 0; i + 1 < steps.size(); i += 2) {
+      const std::string setting = steps[i].toStdString();
+      if (FindSetting(setting)->kind == SettingKind::word)
+        scene.choose(setting, steps[i + 1].toStdString());
+      else
+        scene.type(setting, steps[i + 1]);
+    }
+    QCOMPARE(scene.command(), command);
+  }
+
+  void AChoiceThatIsRefusedIsShownWithItsReason() {
+    Scene scene;
+    QComboBox &box = boxOf(scene, "connection");
+    const int last = box.count() - 1;
+    auto *const items = qobject_cast<QStandardItemModel *>(box.model());
+    QVERIFY(!items->item(last)->isEnabled());
+    QVERIFY(items->item(last)->text().contains("does not allow it"));
+    scene.choose("connection", "vp");
+    QVERIFY(box.currentIndex() != last);
+  }
+
+  /// Also of a cable that has just been added to the table.
+  void EveryChoiceOfTheTableIsThere() {
+    Scene scene;
+    for (const SettingInfo &setting : GetSettings()) {
+      if (setting.kind != SettingKind::word)
+        continue;
+      const QComboBox &box = boxOf(scene, setting.id);
+      QCOMPARE(static_cast<std::size_t>(box.count()), setting.choices.size());
+      for (int i = 0; i < box.count(); ++i)
+        QVERIFY(box.itemText(i).startsWith(QString::fromStdString(
+            setting.choices[static_cast<std::size_t>(i)].label)));
+    }
+  }
+
+  /// What they show follows the kind of the setting alone.
+  void EverySettingHasAControlOfItsKind() {
+    Scene scene;
+    for (const SettingInfo &setting : GetSettings()) {
+      if (setting.id.find('[') != std::string::npos)
+        continue;
+      const QWidget *const field = scene.field(setting.id);
+      const QByteArray kind = !setting.settable                   ? "QLabel"
+                              : setting.kind == SettingKind::flag ? "QCheckBox"
+                              : setting.kind == SettingKind::word ? "QComboBox"
+                              : setting.kind == SettingKind::chain
+                                  ? "QTableWidget"
+                                  : "QLineEdit";
+      QVERIFY2(field->inherits(kind), setting.id.c_str());
+    }
+  }
+
+  void WhatIsNotApplicableIsDisabledAndSaysWhy() {
+    Scene scene;
+    QWidget *const line = scene.field("stubBaudRate");
+    QVERIFY(!line->isEnabled());
+    QVERIFY(line->accessibleDescription().contains(
+        "a command for this kind of connection does not carry it"));
+    scene.choose("connection", "stub-serial");
+    QVERIFY(line->isEnabled());
+    QVERIFY(line->isVisible());
+  }
+
+  void ATextThatIsNoValueStaysAndStopsNothingElse() {
+    Scene scene;
+    scene.choose("cable.cableType", "quorla_podusb");
+    scene.type("cable.frequency", "fast");
+    QVERIFY(textsOf(scene.page()).contains("'fast' is no whole number"));
+    scene.type("debugDevice", "2");
+    QCOMPARE(lineOf(scene, "cable.frequency").text(), QString("fast"));
+    QCOMPARE(scene.command(),
+             QString("connect lc hdu -cable type quorla_podusb port USB21 "
+                     "frequency 6000000 -debugdevice deviceNr 2 cpunr 1"));
+    QString told;
+    QVERIFY(scene::answer([&] { scene.action(Operation::save)->trigger(); },
+                          [&told](QDialog &dialog) {
+                            told = textsOf(dialog);
+                            dialog.reject();
+                          }));
+    QVERIFY2(told.contains("a text that is no value stands there"),
+             qPrintable(told));
+    QCOMPARE(scene.saved("lumacore_0"), QByteArray("none"));
+  }
+
+  void AValueIsWrittenOutWhenOneLeaves() {
+    Scene scene;
+    scene.choose("cable.cableType", "quorla_podusb");
+    scene.type("cable.frequency", "3000000");
+    QLineEdit &line = lineOf(scene, "cable.frequency");
+    QCOMPARE(line.text(), QString("3000000"));
+    QTest::keyClick(&line, Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    QCOMPARE(line.text(), QString("3 MHz"));
+  }
+
+  void AFlagIsSwitchedByTheSpaceKey() {
+    Scene scene;
+    QVERIFY(scene.board().choose("lumacore_0"));
+    auto *const mark = qobject_cast<QCheckBox *>(scene.field("cpuJtag"));
+    QVERIFY(mark != nullptr && mark->isEnabled());
+    QTest::keyClick(mark, Qt::Key_Space);
+    QVERIFY(mark->isChecked());
+    const QStringList losses = rowsOf(only<dialog::LossList>(scene.page()));
+    QCOMPARE(losses.size(), 1);
+    QVERIFY(losses[0].contains("which no reader accepts"));
+  }
+
+  void TheWayBackToTheDefault() {
+    Scene scene;
+    scene.type("debugDevice", "2");
+    auto *const back = scene::named<QToolButton>(
+        scene.page(), "Back to default: Debug device");
+    QVERIFY(back != nullptr);
+    QTest::mouseClick(back, Qt::LeftButton);
+    QCOMPARE(scene.command(), QString(plainCommand));
+  }
+
+  void WhatElseHasChangedIsSaid() {
+    Scene scene;
+    scene.choose("cable.cableType", "quorla_podusb");
+    QVERIFY2(textsOf(scene.page())
+                 .contains("choosing a cable brings its port and frequency"),
+             qPrintable(textsOf(scene.page())));
+  }
+
+  void UndoingTakesBackWhatWasTypedInOneGo() {
+    Scene scene;
+    scene.choose("cable.cableType", "quorla_podusb");
+    scene.type("cable.frequency", "3 MHz");
+    QCOMPARE(scene.command(), QString(storyCommand));
+    QTest::keyClick(scene.field("cable.frequency"), Qt::Key_Z,
+                    Qt::ControlModifier);
+    QVERIFY(scene.command().contains("frequency 6000000"));
+    QCOMPARE(lineOf(scene, "cable.frequency").text(), QString("6 MHz"));
+    scene.action(Operation::undo)->trigger();
+    while (scene.action(Operation::undo)->isEnabled())
+      scene.action(Operation::undo)->trigger();
+    QCOMPARE(scene.command(), QString(plainCommand));
+    while (scene.action(Operation::redo)->isEnabled())
+      scene.action(Operation::redo)->trigger();
+    QCOMPARE(scene.command(), QString(storyCommand));
+  }
+
+  // --- The chain
+  // --------------------------------------------------------------
+
+  void DevicesAreAddedMovedAndRemoved() {
+    Scene scene;
+    scene.field("chain");
+    auto &chain = only<dialog::ChainEditor>(scene.page());
+    auto &table = only<QTableWidget>(chain);
+    const auto press = [&](const char *name) {
+      QTest::mouseClick(scene::named<QPushButton>(chain, name), Qt::LeftButton);
+    };
+    press("Add a device");
+    QCOMPARE(table.rowCount(), 1);
+    enterCell(table, 0, 0, "pk9ab100");
+    enterCell(table, 0, 1, "0x1234093");
+    enterCell(table, 0, 2, "6");
+    enterCell(table, 0, 3, "1");
+    QCOMPARE(scene.command(),
+             QString("connect lc hdu -configdevice devicenr 1 partname "
+                     "pk9ab100 irlength 6 idcode 0x1234093 -debugdevice cpunr "
+                     "1"));
+    press("Add a device");
+    enterCell(table, 1, 0, "second");
+    press("Move the device up");
+    QCOMPARE(table.item(0, 0)->text(), QString("second"));
+    QCOMPARE(table.item(1, 0)->text(), QString("pk9ab100"));
+    table.setCurrentCell(0, 0);
+    press("Remove the device");
+    QCOMPARE(table.rowCount(), 1);
+    QCOMPARE(table.item(0, 0)->text(), QString("pk9ab100"));
+  }
+
+  void ACellThatIsNoValueStaysWithItsDevice() {
+    Scene scene;
+    scene.field("chain");
+    auto &chain = only<dialog::ChainEditor>(scene.page());
+    auto &table = only<QTableWidget>(chain);
+    auto *const add = scene::named<QPushButton>(chain, "Add a device");
+    QTest::mouseClick(add, Qt::LeftButton);
+    QTest::mouseClick(add, Qt::LeftButton);
+    enterCell(table, 0, 2, "many");
+    enterCell(table, 1, 0, "second");
+    QVERIFY(textsOf(chain.window()[0])
+                .contains("Device 1, Instruction register: 'many' is no"));
+    QCOMPARE(table.item(0, 2)->text(), QString("many"));
+    QCOMPARE(table.item(1, 0)->text(), QString("second"));
+    table.setCurrentCell(1, 0);
+    QTest::mouseClick(scene::named<QPushButton>(chain, "Move the device up"),
+                      Qt::LeftButton);
+    QCOMPARE(table.item(1, 2)->text(), QString("many"));
+    enterCell(table, 1, 2, "6");
+    QVERIFY(!textsOf(*chain.window()).contains("Device 1,"));
+    QVERIFY(!textsOf(*chain.window()).contains("Device 2,"));
+  }
+
+  // --- The command
+  // ------------------------------------------------------------
+
+  void TheFormFollowsTheCommand() {
+    Scene scene;
+    scene.typeCommand("connect lc hdu -debugdevice devicenr 7");
+    QCOMPARE(lineOf(scene, "debugDevice").text(), QString("7"));
+    scene.action(Operation::undo)->trigger();
+    QCOMPARE(lineOf(scene, "debugDevice").text(), QString("0"));
+  }
+
+  /// No design grants a virtual platform; a command that asks for one is kept.
+  void ACommandThatTheProcessorDoesNotAllowIsKept() {
+    Scene scene;
+    scene.typeCommand("vpconnect lc");
+    QCOMPARE(scene.command(), QString("vpconnect lc"));
+    const QStringList faults = rowsOf(only<dialog::FaultList>(scene.page()));
+    QCOMPARE(faults.size(), 1);
+    QVERIFY(faults[0].contains("does not allow"));
+    QCOMPARE(boxOf(scene, "connection").currentText(), QString("Hardware"));
+    scene.action(Operation::undo)->trigger();
+    QCOMPARE(scene.command(), QString(plainCommand));
+  }
+
+  void EveryFaultOfAPastedCommandIsShown() {
+    Scene scene;
+    auto &line = only<dialog::CommandEdit>(scene.page());
+    line.setFocus();
+    line.selectAll();
+    QGuiApplication::clipboard()->setText(
+        "connect lc hdu -cable type quorla_usb -debugdevice devicenr 200 "
+        "-foo\n");
+    line.paste();
+    auto &faults = only<dialog::FaultList>(scene.page());
+    QCOMPARE(rowsOf(faults),
+             QStringList({"28 | quorla_podusb | 'quorla_usb' is refused as the "
+                          "value",
+                          "61 |  | '200' does not fit: debugDevice becomes -56",
+                          "65 |  | '-foo' is no option here"}));
+    QCOMPARE(lineOf(scene, "debugDevice").text(), QString("0"));
+    // The nearest match by one click.
+    const QRect cell = faults.visualItemRect(faults.topLevelItem(0));
+    const QPoint place(faults.columnViewportPosition(1) + 4, cell.center().y());
+    QTest::mousePress(faults.viewport(), Qt::LeftButton, {}, place);
+    QCoreApplication::processEvents();
+    QTest::mouseRelease(faults.viewport(), Qt::LeftButton, {}, place);
+    QCoreApplication::processEvents();
+    QCOMPARE(scene.command(),
+             QString("connect lc hdu -cable type quorla_podusb -debugdevice "
+                     "devicenr 200 -foo"));
+    QCOMPARE(rowsOf(faults).size(), 2);
+  }
+
+  void AWordLeadsToItsSettingAndBack() {
+    Scene scene;
+    scene.type("debugDevice", "2");
+    auto &line = only<dialog::CommandEdit>(scene.page());
+    const auto marked = [&line] {
+      QStringList words;
+      for (const QTextEdit::ExtraSelection &one : line.extraSelections())
+        if (one.format.hasProperty(QTextFormat::BackgroundBrush))
+          words.append(one.cursor.selectedText());
+      return words;
+    };
+    QCOMPARE(marked(), QStringList({"2"}));
+    QTextCursor cursor = line.textCursor();
+    cursor.setPosition(
+        static_cast<int>(scene.command().indexOf(QLatin1String("hdu")) + 1));
+    line.setTextCursor(cursor);
+    line.setFocus();
+    QTest::keyClick(&line, Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(QApplication::focusWidget(), scene.field("connection"));
+    QCOMPARE(marked(), QStringList({"hdu"}));
+  }
+
+  void CompletionOffersWhatFits() {
+    Scene scene;
+    scene.typeCommand("connect lc hdu -cab");
+    auto &line = only<dialog::CommandEdit>(scene.page());
+    QTest::keyClick(&line, Qt::Key_Space, Qt::ControlModifier);
+    QWidget *const words = QApplication::activePopupWidget();
+    QVERIFY(words != nullptr);
+    QTest::keyClick(words, Qt::Key_Return);
+    QCOMPARE(scene.command().trimmed(), QString("connect lc hdu -cable"));
+  }
+
+  // --- Saving
+  // -----------------------------------------------------------------
+
+  /// docs/zeldebug.md, told here.
+  void TheStoryEndsWithTheSameFiles() {
+    Scene scene;
+    const auto save = [&scene] { scene.action(Operation::save)->trigger(); };
+    scene.choose("cable.cableType", "quorla_podusb");
+    scene.type("cable.frequency", "3MHz");
+    QVERIFY(!scene::answer(save, [](QDialog &dialog) { dialog.reject(); }));
+    QCOMPARE(scene.saved("lumacore_0"), QByteArray(storyCommand));
+    QCOMPARE(savedSign(scene, "lumacore_0"), QString("✓"));
+    scene.type("debugDevice", "2");
+    QCOMPARE(savedSign(scene, "lumacore_0"), QString("●"));
+    save();
+    QCOMPARE(scene.saved("lumacore_0"),
+             QByteArray("connect lc hdu -cable type quorla_podusb port USB21 "
+                        "frequency 3000000 -debugdevice deviceNr 2 cpunr 1"));
+    // It says what it would lose, and is let be.
+    QAbstractButton *const mark =
+        qobject_cast<QAbstractButton *>(scene.field("cpuJtag"));
+    mark->click();
+    QVERIFY(scene::answer(save, "Cancel"));
+    scene.action(Operation::undo)->trigger();
+
+    QVERIFY(scene.board().choose("lumacore_2"));
+    QVERIFY(scene::answer(save, "Cancel"));
+    QCOMPARE(scene.saved("lumacore_2"), QByteArray("none"));
+    scene.choose("connection", "sim");
+    save();
+    QCOMPARE(scene.saved("lumacore_2"), QByteArray("connect lc sim"));
+
+    QVERIFY(scene.board().choose("lumacore_0"));
+    scene.choose("connection", "stub-serial");
+    scene.type("stubBaudRate", "115200");
+    QStringList losses;
+    QVERIFY(scene::answer(save, [&losses](QDialog &dialog) {
+      losses = rowsOf(only<dialog::LossList>(dialog));
+      dialog.accept();
+    }));
+    QCOMPARE(losses.size(), 4);
+    QCOMPARE(scene.saved("lumacore_0"),
+             QByteArray("connect lc stub -comm serial -port /dev/ttyS0  -baud  "
+                        "115200 -timeout 20000"));
+  }
+
+  void AFolderThatIsNotThereIsAskedFor() {
+    Scene scene;
+    QVERIFY(QDir().rmdir(scene.folder()));
+    scene.type("debugDevice", "2");
+    const auto save = [&scene] { scene.action(Operation::save)->trigger(); };
+    QVERIFY(scene::answer(save, "No"));
+    QVERIFY(!QDir(scene.folder()).exists());
+    QVERIFY(scene::answer(save, "Yes"));
+    QCOMPARE(scene.saved("lumacore_0"),
+             QByteArray("connect lc hdu -debugdevice deviceNr 2 cpunr 1"));
+  }
+
+  void WhatCannotBeReadIsSaid() {
+    Scene scene;
+    scene.write("ppc405_0", "connect nothing\n");
+    QVERIFY(scene.board().choose("ppc405_0"));
+    QVERIFY(textsOf(scene.page()).contains("What is saved cannot be read"));
+    QCOMPARE(savedSign(scene, "ppc405_0"), QString("⚠"));
+    QVERIFY(scene::answer([&] { scene.action(Operation::save)->trigger(); },
+                          "Cancel"));
+    QCOMPARE(scene.saved("ppc405_0"), QByteArray("connect nothing\n"));
+  }
+
+  void AFileThatChangesMeanwhile_data() {
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("file");
+    const QString mine("connect lc hdu -debugdevice deviceNr 2 cpunr 1");
+    QTest::newRow("mine") << "Keep mine and overwrite" << mine << mine;
+    QTest::newRow("the file's") << "Take the file's"
+                                << "connect lc sim"
+                                << "connect lc sim\n";
+    QTest::newRow("later") << "Go on" << mine << "connect lc sim\n";
+  }
+
+  void AFileThatChangesMeanwhile() {
+    QFETCH(QString, button);
+    QFETCH(QString, command);
+    QFETCH(QString, file);
+    Scene scene;
+    scene.type("debugDevice", "2");
+    QVERIFY(answerIn(scene, button) == nullptr);
+    scene.write("lumacore_0", "connect lc sim\n");
+    QVERIFY(
+        scene::waitUntil([&] { return answerIn(scene, button) != nullptr; }));
+    QTest::mouseClick(answerIn(scene, button), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    QVERIFY(answerIn(scene, button) == nullptr);
+    QCOMPARE(scene.command(), command);
+    QCOMPARE(QString(scene.saved("lumacore_0")), file);
+  }
+
+  void ClosingWithChangesAsks() {
+    Scene scene;
+    scene.type("debugDevice", "2");
+    QVERIFY(scene::answer([&] { scene.window().close(); }, "Cancel"));
+    QVERIFY(scene.window().isVisible());
+    QVERIFY(scene::answer([&] { scene.window().close(); }, "Save All"));
+    QVERIFY(!scene.window().isVisible());
+    QCOMPARE(scene.saved("lumacore_0"),
+             QByteArray("connect lc hdu -debugdevice deviceNr 2 cpunr 1"));
+  }
+
+  void ClosingCanLetChangesGo() {
+    Scene scene;
+    scene.type("debugDevice", "x");
+    QVERIFY(scene::answer([&] { scene.window().close(); }, "Discard"));
+    QVERIFY(!scene.window().isVisible());
+    QCOMPARE(scene.saved("lumacore_0"), QByteArray("none"));
+  }
+
+  void AConfigurationIsCopiedAndAllAreSaved() {
+    Scene scene;
+    scene.choose("cable.cableType", "quorla_podusb");
+    QVERIFY(scene::answer([&] { scene.action(Operation::copy)->trigger(); },
+                          [](QDialog &dialog) {
+                            auto &list = only<QListWidget>(dialog);
+                            list.item(0)->setCheckState(Qt::Checked);
+                            dialog.accept();
+                          }));
+    QCOMPARE(savedSign(scene, "lumacore_1"), QString("●"));
+    scene.action(Operation::saveAll)->trigger();
+    QCOMPARE(scene.saved("lumacore_0"),
+             QByteArray("connect lc hdu -cable type quorla_podusb port USB21 "
+                        "frequency 6000000 -debugdevice cpunr 1"));
+    QCOMPARE(scene.saved("lumacore_1"),
+             QByteArray("connect lc hdu -cable type quorla_podusb port USB21 "
+                        "frequency 6000000 -debugdevice cpunr 2"));
+    QVERIFY(!scene.board().isModified());
+  }
+
+  // --- Boards
+  // -----------------------------------------------------------------
+
+  void ProcessorsThatCannotBeDebuggedSayWhy() {
+    Scene scene;
+    QVERIFY(scene.board().choose("r5_0"));
+    QVERIFY(scene.board().current() == nullptr);
+    QVERIFY(textsOf(scene.board())
+                .contains("no debug module or controller is connected to it"));
+    QVERIFY(!scene.action(Operation::save)->isEnabled());
+    QVERIFY(!scene.board().choose("no_such"));
+  }
+
+  void ADesignIsOpenedByDroppingIt() {
+    Scene scene;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QStringLiteral(TEST_OTHER_BOARD))});
+    QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton,
+                          Qt::NoModifier);
+    QCoreApplication::sendEvent(&scene.window(), &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton,
+                    Qt::NoModifier);
+    QCoreApplication::sendEvent(&scene.window(), &drop);
+    QVERIFY(opened.wait(60000));
+    // Its components lie elsewhere, and are found there.
+    QPushButton *const there = answerIn(scene, "Take them from there");
+    QVERIFY(there != nullptr);
+    QTest::mouseClick(there, Qt::LeftButton);
+    QVERIFY(opened.wait(60000));
+    QVERIFY(scene.window().board() != nullptr);
+    QVERIFY(answerIn(scene, "Take them from there") == nullptr);
+    // None of them is a processor that is known by its name.
+    QVERIFY(textsOf(scene.window()).contains("A kind table says"));
+  }
+
+  /// In a program that embeds it, and in the middle of typing.
+  void APageMayGoWithItsWindow() {
+    DesignModel design;
+    QVERIFY(ReadDesign({TEST_BOARD, {}, "", ""}, design));
+    QTemporaryDir folder;
+    const Board board(design, folder.path().toStdString());
+    for (const char *const setting : {"debugDevice", "chain"}) {
+      auto window = std::make_unique<QMainWindow>();
+      auto *const page = new BoardPage(board, window.get());
+      window->setCentralWidget(page);
+      window->show();
+      QVERIFY(QTest::qWaitForWindowActive(window.get()));
+      QVERIFY(page->choose("lumacore_0"));
+      page->current()->lead(setting);
+      if (auto *const add =
+              scene::named<QPushButton>(*page->current(), "Add a device"))
+        QTest::mouseClick(add, Qt::LeftButton);
+      QWidget *const focus = QApplication::focusWidget();
+      QVERIFY(focus != nullptr);
+      QTest::keyClick(focus, Qt::Key_F2);
+      QTest::keyClicks(QApplication::focusWidget(), "x");
+      window.reset();
+      QCoreApplication::processEvents();
+    }
+  }
+
+  void ADesignThatCannotBeReadIsToldWithItsLine() {
+    QTemporaryDir folder;
+    const QString path = folder.filePath("broken.xml");
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("<design>\n  <unclosed>\n</design>\n");
+    file.close();
+    Scene scene(path.toStdString());
+    QVERIFY(scene.window().board() == nullptr);
+    auto *const messages =
+        scene::named<QTreeWidget>(scene.window(), "Messages about the design");
+    QVERIFY(messages != nullptr);
+    QVERIFY(messages->topLevelItemCount() > 0);
+    QString shownSource;
+    QVERIFY(scene::answer(
+        [&] { emit messages->itemActivated(messages->topLevelItem(0), 0); },
+        [&shownSource](QDialog &dialog) {
+          shownSource = only<QPlainTextEdit>(dialog).toPlainText();
+          dialog.reject();
+        }));
+    QVERIFY(shownSource.contains("<unclosed>"));
+  }
+};
+
+QTEST_MAIN(DialogTest)
+#include "DialogTest.moc"
