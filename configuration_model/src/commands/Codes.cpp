@@ -6,6 +6,7 @@
 #include <string>
 
 #include "commands/CodeRows.h"
+#include "text/RowOf.h"
 
 namespace ZelDebugDialog {
 
@@ -36,6 +37,7 @@ constexpr std::array<FaultCode, 16> faultCodes{{
     {CommandFaultKind::loneDash, "lone-dash"},
 }};
 // clang-format on
+static_assert(model::isInOrder(faultCodes, &FaultCode::kind));
 
 } // namespace
 
@@ -79,10 +81,7 @@ const Code &expectCode(std::string_view code) {
 }
 
 const Code &codeOf(CommandFaultKind kind) {
-  for (const FaultCode &row : faultCodes)
-    if (row.kind == kind)
-      return expectCode(row.code);
-  throw std::logic_error("a fault without a code");
+  return expectCode(rowOf(faultCodes, kind)->code);
 }
 
 } // namespace model

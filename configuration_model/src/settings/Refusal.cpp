@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "text/RowOf.h"
+
 namespace ZelDebugDialog {
 
 namespace {
@@ -33,14 +35,13 @@ constexpr std::array<KindWord, 19> kindWords{{
     {RefusalKind::noFolder, "no-folder"},
     {RefusalKind::fileSystem, "file-system"},
 }};
+static_assert(model::isInOrder(kindWords, &KindWord::kind));
 
 } // namespace
 
 const char *ShowKind(RefusalKind kind) {
-  for (const KindWord &row : kindWords)
-    if (row.kind == kind)
-      return row.word;
-  return "";
+  const KindWord *const row = model::rowOf(kindWords, kind);
+  return row == nullptr ? "" : row->word;
 }
 
 Refusal::Refusal(RefusalKind refusalKind, const std::string &subject,
