@@ -537,9 +537,46 @@ TEST(Words, AreCutOutOfNames) {
       {"i_mem", {"i", "mem", "imem"}},
       {"--x..y--", {"x", "y", "xy"}},
       {"\xc3\xa4x", {"x"}},
+      // The first and the last of each range, and what is beside them.
+      {"a`z{A@Z[0/9:",
+       {"a", "z", "a", "z", "0", "9", "az", "za", "az", "z0", "09"}},
+      {"AZ09az", {"az", "09", "az", "az09", "09az"}},
   };
   for (const WordRow &row : rows)
     EXPECT_EQ(wordsOf(row.name), row.words) << row.name;
+}
+
+TEST(Words, NameDebugging) {
+  for (const char *name : {"debug", "dbg", "jtag", "dmi", "my_debugger",
+                           "xdbgx", "JTAG", "core_dmi"})
+    EXPECT_TRUE(namesDebugging(name)) << name;
+  for (const char *name : {"", "debu", "d_b_g", "jta", "dmix", "xdmi"})
+    EXPECT_FALSE(namesDebugging(name)) << name;
+}
+
+TEST(Words, NameClocksResetsAndInterrupts) {
+  for (const std::string name :
+       {"clk", "clock", "clocks", "rst", "reset", "resetn", "rstn", "irq",
+        "irqs", "interrupt", "interrupts"}) {
+    EXPECT_TRUE(namesAuxiliary(name)) << name;
+    EXPECT_TRUE(namesAuxiliary("my_" + name)) << name;
+    EXPECT_FALSE(namesAuxiliary(name + "x")) << name;
+    EXPECT_FALSE(namesAuxiliary("x" + name)) << name;
+  }
+}
+
+struct IdentityRow {
+  const char *identity, *name;
+};
+
+TEST(Words, AreLookedForInTheNameOfAnIdentity) {
+  const IdentityRow rows[] = {
+      {"v:l:n:1", "n"}, {"v:l:n:m:1", "m"}, {"l:n:1", "n"},
+      {":n:1", "n"},    {"n:1", "n:1"},     {":1", ":1"},
+      {"n", "n"},       {"", ""},           {"v:l::1", ""},
+  };
+  for (const IdentityRow &row : rows)
+    EXPECT_EQ(nameIn(row.identity), row.name) << row.identity;
 }
 
 TEST(Words, AreNotCutOutOfAllOfALongName) {
