@@ -537,6 +537,38 @@ TEST(KindEvidence, OfAMemoryMayLeaveOpenWhereItIs) {
   }
 }
 
+/// What something is inside of is a box: the part is what is in it.
+TEST(KindEvidence, IsNotOfWhatHoldsOthers) {
+  struct Row {
+    const char *name;
+    const char *whenEmpty; ///< What it is with nothing inside.
+  };
+  const Row rows[] = {
+      {"uart_box", "uart proposed uart_box uart_mini_cedar"},
+      {"ram_box", "memory proposed ram_box ocm_ctl_cedar"},
+      {"jtag_box", "module undecided jtag_box hdu"},
+      {"cpu_box", "processor undecided cpu_box lumacore"},
+  };
+  for (const Row &row : rows)
+    for (const bool isEmpty : {true, false}) {
+      Files files = reaching(row.name, answers + bus, viewOf("inner"));
+      files["x.xml"] = part("thing", answers);
+      files["inner.xml"] =
+          design("inner", isEmpty ? "" : instance("i", "thing"));
+      files["top.xml"] =
+          design("d",
+                 instance("c", "lumacore") + instance("t", row.name) +
+                     instance("x", "thing"),
+                 connection("v", {"c.bus", "t.p"}) +
+                     connection("w", {"t.bus", "x.p"}));
+      Names others;
+      for (const std::string &candidate : Proposing(files).candidates())
+        if (candidate != "processor known lumacore lumacore")
+          others.push_back(candidate);
+      EXPECT_EQ(others, isEmpty ? Names{row.whenEmpty} : Names{}) << row.name;
+    }
+}
+
 // --- Lists -------------------------------------------------------------------
 
 TEST(KindEvidence, ListsFiveNamesAndCutsSix) {
