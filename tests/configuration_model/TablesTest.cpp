@@ -2,6 +2,7 @@
 // some of it. The texts lie in the folder "expected".
 #include <algorithm>
 #include <fstream>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -218,6 +219,17 @@ TEST(Tables, OfTheKindsOfAValue) {
   EXPECT_EQ(kindOf("-ipcport", ""), "host-and-port");
   EXPECT_EQ(kindOf("-debugdevice", "nCpu"), "signed-number");
   EXPECT_EQ(kindOf("-quiet", ""), "none");
+  std::set<std::string> kinds;
+  for (const LanguageOptionSet &set : GetLanguage().optionSets)
+    for (const LanguageOption &option : set.options) {
+      if (option.value)
+        kinds.insert(option.value->kind);
+      for (const LanguageParameter &parameter : option.parameters)
+        kinds.insert(parameter.value.kind);
+    }
+  EXPECT_THAT(kinds,
+              testing::ElementsAre("byte", "host-and-port", "number",
+                                   "signed-number", "text", "unused", "word"));
 }
 
 } // namespace
