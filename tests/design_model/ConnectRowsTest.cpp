@@ -116,6 +116,10 @@ TEST(ConnectRows, ThatCannotBeAppliedSayWhy) {
       {"connect a u*\n",
        {"error kinds:3: instance 'uart' of type 'uart' is no "
         "debug module"}},
+      // Also the first instance of all.
+      {"connect b a*\n",
+       {"error kinds:3: instance 'a' of type 'lumacore' is no "
+        "debug module"}},
       {"connect a dm*\n",
        {"error kinds:3: 'dm*' means 'dm' as well as 'dm_2'; "
         "a row names one debug module"}},

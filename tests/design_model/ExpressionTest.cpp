@@ -1,9 +1,14 @@
 #include "expressions/Expression.h"
 
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 namespace ZelDebugDialog {
 namespace {
+
+using Names = std::vector<std::string>;
 
 /// seven is 7, word is text, broken has no value.
 class TestNames : public ExpressionNames {
@@ -102,6 +107,17 @@ TEST(Expression, GivesNumbers) {
       {"-1<1", "1"},
       {"1<-1", "0"},
       {"64'hffffffffffffffff<1", "0"},
+      // One of the two without a sign takes it from the other.
+      {"-1<64'hfffffffffffffffe", "0"},
+      {"64'hfffffffffffffffe<-1", "1"},
+      {"-1/64'hfffffffffffffffe", "1"},
+      {"-1%64'hfffffffffffffffe", "1"},
+      {"1*64'hfffffffffffffffe", "18446744073709551614"},
+      {"-1+64'hfffffffffffffffe", "18446744073709551613"},
+      {"64'hfffffffffffffffe-0", "18446744073709551614"},
+      {"-1&64'hfffffffffffffffe", "18446744073709551614"},
+      {"0|64'hfffffffffffffffe", "18446744073709551614"},
+      {"0^64'hfffffffffffffffe", "18446744073709551614"},
       {"2<=2", "1"},
       {"3<=2", "0"},
       {"3>2", "1"},
@@ -150,6 +166,49 @@ TEST(Expression, BindsAsTightlyAsTheLanguageSays) {
       {"1?2:0?3:4", "2"}, {"0 || 1 ? 5 : 6", "5"},
   };
   check(std::begin(rows), std::end(rows));
+}
+
+struct Operator {
+  const char *text;
+  int level; ///< Of two beside each other the higher one binds, or the first.
+};
+
+/// Operands for which it makes a difference how the operators are bound.
+bool findTelling(const std::string &left, const std::string &right,
+                 std::string &plain, std::string &early, std::string &late) {
+  const std::string operands[] = {"0", "1", "2", "3", "6"};
+  for (const std::string &a : operands)
+    for (const std::string &b : operands)
+      for (const std::string &c : operands) {
+        plain = evaluate(a + left + b + right + c);
+        early = evaluate("(" + a + left + b + ")" + right + c);
+        late = evaluate(a + left + "(" + b + right + c + ")");
+        if (early != late && early[0] != '!' && late[0] != '!')
+          return true;
+      }
+  return false;
+}
+
+TEST(Expression, BindsEachOperatorBesideEach) {
+  const Operator operators[] = {
+      {"**", 11}, {"*", 10}, {"/", 10},  {"%", 10},  {"+", 9}, {"-", 9},
+      {"<<", 8},  {">>", 8}, {"<<<", 8}, {">>>", 8}, {"<", 7}, {"<=", 7},
+      {">", 7},   {">=", 7}, {"==", 6},  {"!=", 6},  {"&", 5}, {"^", 4},
+      {"|", 3},   {"&&", 2}, {"||", 1},
+  };
+  Names same; // of different levels, and nothing tells
+  for (const Operator &left : operators)
+    for (const Operator &right : operators) {
+      const std::string both = std::string(left.text) + " " + right.text;
+      std::string plain;
+      std::string early;
+      std::string late;
+      if (findTelling(left.text, right.text, plain, early, late))
+        EXPECT_EQ(plain, left.level >= right.level ? early : late) << both;
+      else if (left.level != right.level)
+        same.push_back(both);
+    }
+  EXPECT_EQ(same, (Names{"* <<", "* <<<", "% ==", "|| **"}));
 }
 
 TEST(Expression, LeavesTextAlone) {

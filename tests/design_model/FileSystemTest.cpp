@@ -125,6 +125,16 @@ TEST_F(FileSystem, KnowsAFileByTwoNames) {
   EXPECT_THAT(reading.diagnostics(), IsEmpty());
 }
 
+TEST_F(FileSystem, SaysWhyAFolderCannotBeSearched) {
+  Names files;
+  EXPECT_EQ(FileSystemSource().list((folder / "none").string(), files),
+            "it can not be searched: No such file or directory");
+  const std::string file = write("file", "");
+  EXPECT_EQ(FileSystemSource().list(file, files),
+            "it can not be searched: Not a directory");
+  EXPECT_THAT(files, IsEmpty());
+}
+
 TEST(Paths, AreSeenFromAFolder) {
   EXPECT_EQ(folderOf("a/b.xml"), "a");
   EXPECT_EQ(folderOf("b.xml"), ".");

@@ -429,6 +429,55 @@ TEST(Inside, EndsAtASizeThatIsBounded) {
                                                "left out")));
 }
 
+/// The room that a design takes, and where it ends with a byte less: an
+/// instance is 450 bytes with twice its names, an interface 32, a parameter or
+/// a value for one 120 with its texts, an end of a connection 80, a view its
+/// name.
+TEST(Inside, TakesRoomForEachOfItsParts) {
+  const std::string full = "' and what comes after it are left out";
+  const auto within = [](const Files &files, std::size_t bytes) {
+    return readWithin(files, {100, bytes}).diagnostics();
+  };
+  const auto expectRoom = [&](const Files &files, std::size_t bytes,
+                              const std::string &last) {
+    EXPECT_THAT(within(files, bytes), IsEmpty());
+    EXPECT_THAT(
+        within(files, bytes - 1),
+        ElementsAre(HasSubstr("the design is too large: " + last + full)));
+  };
+  const std::string ports =
+      interface("m", "<ipxact:master/>") + interface("s", "<ipxact:slave/>");
+  Files files = {{"part.xml", component("part", ports)},
+                 {"top.xml", design("top", instance("one", "part"))}};
+  const std::size_t part = 450 + 2 * 4 + 2 * 32;
+  expectRoom(files, part + 2 * 3, "instance 'one");
+  files["top.xml"] =
+      design("top", instance("one", "part") + instance("second", "part"));
+  expectRoom(files, 2 * part + 2 * 3 + 2 * 6, "instance 'second");
+  files["top.xml"] =
+      design("top", instance("one", "part") + instance("second", "part"),
+             connection("wire", {"one.m", "second.s"}));
+  expectRoom(files, 2 * part + 2 * 3 + 2 * 6 + 2 * 80, "connection 'wire");
+
+  // What is inside has the name of what is around it in front of its own.
+  const std::size_t around = 450 + 2 * 3 + 2 * 2;
+  files["box.xml"] = component("box", "", viewOf("inner"));
+  files["inner.xml"] = design("inner", instance("one", "part"));
+  files["top.xml"] = design("top", instance("it", "box"));
+  const std::size_t view = 6; // "inside"
+  expectRoom(files, around + view + part + 2 * 3 + 2 * 2, "instance 'it.one");
+  expectRoom({{"box.xml", files["box.xml"]},
+              {"inner.xml", design("inner", "")},
+              {"top.xml", files["top.xml"]}},
+             around + view, "instance 'it");
+
+  // A value is as long as it is written.
+  expectRoom(
+      {{"t.xml", component("t", "", parameters(parameter("w", "7")))},
+       {"top.xml", design("top", instance("u", "t", given("id_w", "12")))}},
+      450 + 2 * 1 + 2 * 1 + 120 + 120 + 2, "instance 'u");
+}
+
 /// i, i.i0, i.i0.i0, ...: the first way down is as deep as the hierarchy.
 TEST(Inside, EndsAtTheInstancesThatAreAskedFor) {
   DesignSources sources;

@@ -1,13 +1,8 @@
 // What a kind table could say: candidates, what is made of them, and the table.
-#include <algorithm>
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "MemorySource.h"
-#include "Reading.h"
-#include "proposals/KindTableText.h"
-#include "proposals/ProposeKindsFrom.h"
+#include "Proposing.h"
 #include "proposals/Words.h"
 
 namespace ZelDebugDialog {
@@ -16,98 +11,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-/// A bus interface whose bus is of a kind "x:bus:type:1".
-std::string port(const std::string &name, const std::string &type,
-                 const std::string &mode) {
-  return interface(name, "<ipxact:" + mode + "/>",
-                   "<ipxact:busType vendor=\"x\" library=\"bus\" name=\"" +
-                       type + "\" version=\"1\"/>");
-}
-
-std::string bridge(const std::string &name, const std::string &to) {
-  return interface(name,
-                   "<ipxact:slave><ipxact:transparentBridge masterRef=\"" + to +
-                       "\"/></ipxact:slave>");
-}
-
-/// In place of what else a component has: it is a processor.
-const std::string cpus = "cpus";
-
-/// A component, which may say that it is a processor.
-std::string part(const std::string &name, const std::string &interfaces,
-                 const std::string &others = "") {
-  return others == cpus ? processor(name, interfaces)
-                        : component(name, interfaces, others);
-}
-
-class Proposing {
-public:
-  explicit Proposing(Files files, const std::string &kinds = "") {
-    MemorySource memory;
-    keepDocuments(files);
-    DesignSources sources;
-    sources.designFile = "top.xml";
-    if (!kinds.empty()) {
-      files["given"] = kinds;
-      sources.kindsFile = "given";
-    }
-    // The table is no document, and need not lie among them.
-    for (const auto &[name, text] : files)
-      memory.files[name == "given" || name == "top.xml" ? name : "ip/" + name] =
-          text;
-    sources.libraryFolders = {"ip"};
-    isRead = proposeKindsFrom(memory, sources, limitsOf(sources.maxInstances),
-                              proposal, result.model);
-  }
-
-  /// "part verdict name types" each.
-  Names candidates() const {
-    const char *const parts[] = {"processor", "module", "uart", "memory"};
-    const char *const verdicts[] = {"known", "proposed", "undecided",
-                                    "rejected"};
-    Names lines;
-    for (const KindCandidate &each : proposal.candidates) {
-      std::string line = parts[static_cast<int>(each.part)];
-      line += std::string(" ") + verdicts[static_cast<int>(each.verdict)] +
-              " " + std::string(nameIn(each.identity));
-      for (const std::string &type : each.typeNames)
-        line += " " + type;
-      lines.push_back(line);
-    }
-    return lines;
-  }
-  const KindCandidate &named(const std::string &name) const {
-    for (const KindCandidate &each : proposal.candidates)
-      if (nameIn(each.identity) == name)
-        return each;
-    ADD_FAILURE() << "no candidate " << name;
-    return none;
-  }
-  /// The rows of the table that are none but comments.
-  Names rows() const {
-    Names found;
-    std::string line;
-    for (const char c : proposal.table) {
-      if (c != '\n') {
-        line += c;
-        continue;
-      }
-      if (!line.empty() && line[0] != '#')
-        found.push_back(line);
-      line.clear();
-    }
-    EXPECT_EQ(line, "") << "the last line ends";
-    return found;
-  }
-
-  KindProposal proposal;
-  Reading result;
-  bool isRead = false;
-
-private:
-  KindCandidate none;
-};
 
 // --- Processors --------------------------------------------------------------
 
@@ -634,9 +537,46 @@ TEST(Words, AreCutOutOfNames) {
       {"i_mem", {"i", "mem", "imem"}},
       {"--x..y--", {"x", "y", "xy"}},
       {"\xc3\xa4x", {"x"}},
+      // The first and the last of each range, and what is beside them.
+      {"a`z{A@Z[0/9:",
+       {"a", "z", "a", "z", "0", "9", "az", "za", "az", "z0", "09"}},
+      {"AZ09az", {"az", "09", "az", "az09", "09az"}},
   };
   for (const WordRow &row : rows)
     EXPECT_EQ(wordsOf(row.name), row.words) << row.name;
+}
+
+TEST(Words, NameDebugging) {
+  for (const char *name : {"debug", "dbg", "jtag", "dmi", "my_debugger",
+                           "xdbgx", "JTAG", "core_dmi"})
+    EXPECT_TRUE(namesDebugging(name)) << name;
+  for (const char *name : {"", "debu", "d_b_g", "jta", "dmix", "xdmi"})
+    EXPECT_FALSE(namesDebugging(name)) << name;
+}
+
+TEST(Words, NameClocksResetsAndInterrupts) {
+  for (const std::string name :
+       {"clk", "clock", "clocks", "rst", "reset", "resetn", "rstn", "irq",
+        "irqs", "interrupt", "interrupts"}) {
+    EXPECT_TRUE(namesAuxiliary(name)) << name;
+    EXPECT_TRUE(namesAuxiliary("my_" + name)) << name;
+    EXPECT_FALSE(namesAuxiliary(name + "x")) << name;
+    EXPECT_FALSE(namesAuxiliary("x" + name)) << name;
+  }
+}
+
+struct IdentityRow {
+  const char *identity, *name;
+};
+
+TEST(Words, AreLookedForInTheNameOfAnIdentity) {
+  const IdentityRow rows[] = {
+      {"v:l:n:1", "n"}, {"v:l:n:m:1", "m"}, {"l:n:1", "n"},
+      {":n:1", "n"},    {"n:1", "n:1"},     {":1", ":1"},
+      {"n", "n"},       {"", ""},           {"v:l::1", ""},
+  };
+  for (const IdentityRow &row : rows)
+    EXPECT_EQ(nameIn(row.identity), row.name) << row.identity;
 }
 
 TEST(Words, AreNotCutOutOfAllOfALongName) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "codes/CodeRows.h"
+#include "codes/RowOf.h"
 
 namespace ZelDebugDialog {
 
@@ -36,6 +37,7 @@ constexpr std::array<FaultCode, 16> faultCodes{{
     {CommandFaultKind::loneDash, "lone-dash"},
 }};
 // clang-format on
+static_assert(model::isInOrder(faultCodes, &FaultCode::kind));
 
 } // namespace
 
@@ -83,10 +85,7 @@ std::string Why::text() const {
 }
 
 const Code &codeOf(CommandFaultKind kind) {
-  for (const FaultCode &row : faultCodes)
-    if (row.kind == kind)
-      return expectCode(row.code);
-  throw std::logic_error("a fault without a code");
+  return expectCode(rowOf(faultCodes, kind)->code);
 }
 
 } // namespace model

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "codes/RowOf.h"
+
 namespace ZelDebugDialog::model {
 
 namespace {
@@ -42,14 +44,12 @@ constexpr std::array<Reason, 32> reasons{{
     {OmissionReason::colonInHost, {"colon-in-host", "host and port are separated at the first colon"}},
 }};
 // clang-format on
+static_assert(isInOrder(reasons, &Reason::reason));
 
 } // namespace
 
 const Reason &reasonRow(OmissionReason reason) {
-  for (const Reason &row : reasons)
-    if (row.reason == reason)
-      return row;
-  return reasons.front();
+  return *rowOf(reasons, reason);
 }
 
 } // namespace ZelDebugDialog::model

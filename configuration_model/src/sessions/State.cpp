@@ -1,10 +1,10 @@
 // Everything that is known of a configuration, put together.
 #include <algorithm>
-#include <array>
 
 #include <fmt/format.h>
 
 #include "commands/Origins.h"
+#include "commands/TracedCommand.h"
 #include "losses/Applicability.h"
 #include "sessions/SessionImp.h"
 #include "settings/Values.h"
@@ -12,29 +12,6 @@
 namespace ZelDebugDialog::model {
 
 namespace {
-
-struct RoleWord {
-  WordRole role;
-  const char *word;
-};
-
-constexpr std::array<RoleWord, 8> roleWords{{
-    {WordRole::head, "head"},
-    {WordRole::target, "target"},
-    {WordRole::connection, "connection"},
-    {WordRole::option, "option"},
-    {WordRole::name, "name"},
-    {WordRole::value, "value"},
-    {WordRole::ignored, "ignored"},
-    {WordRole::lost, "lost"},
-}};
-
-const char *shownRole(WordRole role) {
-  for (const RoleWord &row : roleWords)
-    if (row.role == role)
-      return row.word;
-  return "";
-}
 
 /// The settings that stand in a word, by the names under which they are set.
 std::vector<std::string> settingsIn(const WrittenWord &word) {

@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "codes/RowOf.h"
+
 namespace ZelDebugDialog {
 
 namespace {
@@ -34,14 +36,13 @@ constexpr std::array<KindWord, 20> kindWords{{
     {RefusalKind::fileSystem, "file-system"},
     {RefusalKind::fileExists, "file-exists"},
 }};
+static_assert(model::isInOrder(kindWords, &KindWord::kind));
 
 } // namespace
 
 const char *ShowKind(RefusalKind kind) {
-  for (const KindWord &row : kindWords)
-    if (row.kind == kind)
-      return row.word;
-  return "";
+  const KindWord *const row = model::rowOf(kindWords, kind);
+  return row == nullptr ? "" : row->word;
 }
 
 Refusal::Refusal(RefusalKind refusalKind, const std::string &subject,

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/EngineFacts.h"
+#include "codes/RowOf.h"
 #include "settings/SettingTable.h"
 #include "settings/Values.h"
 #include "text/Printable.h"
@@ -28,6 +29,7 @@ constexpr std::array<KindWord, 8> kindWords{{
     {SettingKind::word, "word"},
     {SettingKind::chain, "chain"},
 }};
+static_assert(model::isInOrder(kindWords, &KindWord::kind));
 
 struct FrequencyUnit {
   const char *name;
@@ -87,10 +89,8 @@ std::string shownNumber(const SettingInfo &setting, std::int64_t number) {
 } // namespace
 
 const char *ShowKind(SettingKind kind) {
-  for (const KindWord &row : kindWords)
-    if (row.kind == kind)
-      return row.word;
-  return "";
+  const KindWord *const row = model::rowOf(kindWords, kind);
+  return row == nullptr ? "" : row->word;
 }
 
 const std::vector<SettingInfo> &GetSettings() {

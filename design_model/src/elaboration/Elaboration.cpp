@@ -89,7 +89,7 @@ Elaboration::Placed Elaboration::addInstance(const Level &level,
   ParameterScope scope(component.record->parameters, diagnostics);
   scope.override(reference, origin.file, level.scope);
   addParameters(*component.record, scope, *id, item);
-  enter(level, instance, component, *id, scope);
+  enter(item, instance, component, *id, scope);
   return {*id, true};
 }
 
@@ -106,15 +106,14 @@ void Elaboration::addParameters(const ComponentRecord &record,
   }
 }
 
-void Elaboration::enter(const Level &level, const InstanceRecord &instance,
+void Elaboration::enter(const Item &item, const InstanceRecord &instance,
                         const Component &component, DesignModel::InstanceId id,
                         ParameterScope &scope) {
+  const Level &level = item.level;
   const ComponentRecord &record = *component.record;
   const ViewRecord *const view =
       views.choose(record, level.configuration, instance.name);
-  if (view != nullptr &&
-      spend(view->name.size(),
-            {level, "instance", instance.name, instance.line}))
+  if (view != nullptr && spend(view->name.size(), item))
     model.SetView(id, view->name);
   if (view == nullptr || !view->leadsToDesign())
     return;
@@ -125,8 +124,7 @@ void Elaboration::enter(const Level &level, const InstanceRecord &instance,
   const InnerDesign inner = views.follow(record, *view);
   if (inner.design == nullptr || !canEnter(level, instance, *inner.design))
     return;
-  if (!spend(inner.design->parameters.list.size() * parameterBytes,
-             {level, "instance", instance.name, instance.line}))
+  if (!spend(inner.design->parameters.list.size() * parameterBytes, item))
     return;
   ParameterScope innerScope(inner.design->parameters, diagnostics);
   if (inner.reference != nullptr)
@@ -154,8 +152,8 @@ bool Elaboration::canEnter(const Level &level, const InstanceRecord &instance,
 void Elaboration::addConnection(const Level &level,
                                 const ConnectionRecord &connection,
                                 const std::vector<Placed> &placed) {
-  if (!spend(connection.ends.size() * endBytes,
-             {level, "connection", connection.name, connection.line}))
+  const Item item{level, "connection", connection.name, connection.line};
+  if (!spend(connection.ends.size() * endBytes, item))
     return;
   const DesignOrigin origin{level.design.file, connection.line};
   DesignConnection joined{{}, connection.name, origin};

@@ -76,7 +76,7 @@ private:
   Placed addInstance(const Level &level, const InstanceRecord &instance);
   void addParameters(const ComponentRecord &record, ParameterScope &scope,
                      DesignModel::InstanceId instance, const Item &item);
-  void enter(const Level &level, const InstanceRecord &instance,
+  void enter(const Item &item, const InstanceRecord &instance,
              const Component &component, DesignModel::InstanceId id,
              ParameterScope &scope);
   bool canEnter(const Level &level, const InstanceRecord &instance,

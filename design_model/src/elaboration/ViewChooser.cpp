@@ -82,15 +82,14 @@ void ViewChooser::followConfiguration(const ComponentRecord &component,
   inner.configuration = configuration;
 }
 
-/// The form of 2009: the reference is to a design or to a configuration.
+/// The form of 2009: the reference is to a design or to a configuration, and
+/// gives no values.
 void ViewChooser::followHierarchy(const ComponentRecord &component,
                                   const ReferenceRecord &reference,
                                   InnerDesign &inner) {
   inner.design = store.findDesign(reference.identity);
-  if (inner.design != nullptr) {
-    inner.reference = &reference;
+  if (inner.design != nullptr)
     return;
-  }
   inner.configuration = store.findConfiguration(reference.identity);
   if (inner.configuration == nullptr)
     miss(DocumentType::design, reference);

@@ -78,9 +78,9 @@ const DesignInterface *findDebugPort(const DesignComponent &component) {
 /// The part that the debugger knows for it, by its name; several where that
 /// leaves it open.
 std::vector<std::string> typesFor(std::string_view name) {
-  if (!findWord(name, {"ppc405", "405", "powerpc405"}).empty())
+  if (!findWord(name, {"405"}).empty())
     return {std::string(ppc405TypeName)};
-  if (!findWord(name, {"ppc440", "440", "powerpc440"}).empty())
+  if (!findWord(name, {"440"}).empty())
     return {std::string(ppc440TypeName)};
   if (!findWord(name, {"ppc", "powerpc"}).empty())
     return {std::string(ppc405TypeName), std::string(ppc440TypeName)};
