@@ -113,7 +113,7 @@ std::string withoutTheLongWord(const std::string &example) {
 TEST(Tables, OfCodes) {
   Lines lines;
   for (const Code &row : GetCodes()) {
-    lines.push_back(row.why.code);
+    lines.push_back(row.code);
     append(lines, "severity", ShowSeverity(row.severity));
     append(lines, "summary", row.summary);
     append(lines, "meaning", row.meaning);
