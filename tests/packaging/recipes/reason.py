@@ -37,3 +37,14 @@ instead(losses, "std::array<const char *, 29> kLossIds", "std::array<const char 
 instead("tests/support/RoundTripPrediction.cpp", """? Loss::OtherConnections
                                   : Loss::NeverWritten);""", """? Loss::OtherConnections
                                   : Loss::RegisterWithoutWord);""")
+expected = "tests/configuration_model/expected"
+instead(f"{expected}/codes.txt", "\nlong-file\n", """
+register-without-word
+  severity: loss
+  summary: only USER1 and USER2 can be written
+  meaning: A command is written with the boundary-scan register USER1, and USER2 is what a record starts with.
+  example: "connect lc hdu -bscan USER3"
+  advice: Give the register in a command of your own each time.
+long-file
+""")
+instead(f"{expected}/reasons.txt", "never-written\n  text: only USER1", "register-without-word\n  text: only USER1")

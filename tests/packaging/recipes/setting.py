@@ -53,3 +53,10 @@ ahead(show, '            "connectCommand": {', """
             },
 """)
 behind("tests/zeldebug/ShowCommandTest.cpp", '{"bscanUserReg", 3},', '                    {"traceDepth", 0},')
+ahead("tests/configuration_model/expected/settings.txt", "connectCommand", """
+traceDepth
+  label: Debug device, Trace depth
+  help: Number of branches that the debugger keeps.
+  kind: number
+  range: 0 to 4294967295
+""")
