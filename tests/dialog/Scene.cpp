@@ -43,6 +43,14 @@ Scene::Scene(const std::string &design) {
   QDir(files.path()).mkdir(QStringLiteral("etc"));
   mainWindow = std::make_unique<MainWindow>(folder().toStdString());
   mainWindow->show();
+  // A window manager may come up later than the window.
+  const bool isActive = waitUntil([this] {
+    if (!mainWindow->isActiveWindow())
+      mainWindow->activateWindow();
+    return mainWindow->isActiveWindow();
+  });
+  if (!isActive)
+    qFatal("the window does not come up");
   QSignalSpy opened(mainWindow.get(), &MainWindow::opened);
   mainWindow->open({design.empty() ? TEST_BOARD : design, {}, "", ""});
   if (opened.isEmpty() && !opened.wait(patience))

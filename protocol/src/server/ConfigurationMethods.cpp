@@ -17,15 +17,29 @@ std::shared_ptr<OpenConfiguration> configurationOf(const Workplace &place,
   return place.open.expectConfiguration(given.handle("configuration"));
 }
 
-/// Does something with a configuration. What was refused has changed nothing.
+/// What was refused has changed nothing; whatever else ends it may have.
+template <class Act>
+Json unlessRefused(OpenConfiguration &configuration, const Act &act) {
+  try {
+    Json result = act(configuration.session());
+    configuration.forgetState();
+    return result;
+  } catch (const Refusal &) {
+    throw;
+  } catch (...) {
+    configuration.forgetState();
+    throw;
+  }
+}
+
+/// Does something with a configuration.
 /// @return what `act` returns, with the patch from the state before
 template <class Act>
 Json patched(const Workplace &place, const Parameters &given, const Act &act) {
   const auto configuration = configurationOf(place, given);
   const Turn turn(configuration->turn());
   const Json before = configuration->state();
-  Json result = act(configuration->session());
-  configuration->forgetState();
+  Json result = unlessRefused(*configuration, act);
   result["patch"] = Json::diff(before, configuration->state());
   return result;
 }
