@@ -52,6 +52,7 @@ ConfigurationPage::ConfigurationPage(const Board &board,
   lines->addWidget(makeLists(), 1);
   effects->setTextFormat(Qt::PlainText);
   effects->setWordWrap(true);
+  effects->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   effects->setTextInteractionFlags(Qt::TextSelectableByMouse);
   effects->setAccessibleName(tr("What else has changed"));
 
