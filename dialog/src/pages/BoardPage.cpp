@@ -56,6 +56,7 @@ BoardPage::BoardPage(const Board &ofBoard, QWidget *parent)
   const int letter = fontMetrics().averageCharWidth();
   splitter->setSizes({listLetters * letter, pageLetters * letter});
   layout->addWidget(splitter);
+  setFocusProxy(list);
 
   remark->setWordWrap(true);
   remark->setAlignment(Qt::AlignCenter);

@@ -44,9 +44,14 @@ CommandPanel::CommandPanel(SessionModel &sessionModel, QWidget *parent)
   title->setToolTip(tr("Ctrl+Space completes, Ctrl+Return leads to the setting "
                        "of a word"));
   command->setAccessibleDescription(title->toolTip());
+  // What room there is belongs to the lists below.
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+  title->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  remark->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   layout->addWidget(title);
   layout->addWidget(command);
   layout->addWidget(remark);
+  layout->addStretch();
   remark->setWordWrap(true);
   remark->setTextFormat(Qt::PlainText);
   remark->setTextInteractionFlags(Qt::TextSelectableByMouse);

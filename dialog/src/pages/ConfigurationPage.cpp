@@ -51,7 +51,9 @@ ConfigurationPage::ConfigurationPage(const Board &board,
   lines->addWidget(command);
   lines->addWidget(makeLists(), 1);
   effects->setTextFormat(Qt::PlainText);
-  effects->setWordWrap(true);
+  // One line, always: nothing moves while one types.
+  effects->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  effects->setFixedHeight(fontMetrics().height());
   effects->setTextInteractionFlags(Qt::TextSelectableByMouse);
   effects->setAccessibleName(tr("What else has changed"));
 
@@ -179,7 +181,12 @@ void ConfigurationPage::showFaults() {
 }
 
 void ConfigurationPage::tell(const QString &text, bool isRefusal) {
-  effects->setText(text);
+  effects->setText(effects->fontMetrics().elidedText(text, Qt::ElideRight,
+                                                     effects->width()));
+  effects->setToolTip(
+      text.isEmpty() ? QString()
+                     : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
+  effects->setAccessibleDescription(text);
   QPalette colours = effects->palette();
   colours.setColor(QPalette::WindowText,
                    isRefusal ? faultColour(colours) : quietColour(colours));

@@ -184,6 +184,7 @@ void MainWindow::take(const std::shared_ptr<LoadedDesign> &loaded) {
     page = new BoardPage(*design->board, stack);
     stack->addWidget(page);
     stack->setCurrentWidget(page);
+    page->setFocus();
     using Operation = BoardPage::Operation;
     for (const Operation one : {Operation::save, Operation::saveAll})
       fileMenu->insertAction(saveSeparator, page->action(one));
