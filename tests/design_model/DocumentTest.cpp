@@ -4,6 +4,7 @@
 
 #include "Reading.h"
 #include "names/Utf8.h"
+#include "xml/XmlNames.h"
 
 namespace ZelDebugDialog {
 namespace {
@@ -59,6 +60,14 @@ TEST(Document, IsRefusedWithItsLine) {
       {"\n<designConfiguration/>",
        "error top.xml:2: it is neither a design nor a component"},
       {"<busDefinition/>",
+       "error top.xml:1: it is neither a design nor a component"},
+      {"<abstractionDefinition/>",
+       "error top.xml:1: it is neither a design nor a component"},
+      {"<abstractor/>",
+       "error top.xml:1: it is neither a design nor a component"},
+      {"<generatorChain/>",
+       "error top.xml:1: it is neither a design nor a component"},
+      {"<typeDefinitions/>",
        "error top.xml:1: it is neither a design nor a component"},
       {"<design>\n\xe9</design>", "error top.xml:2: it is not text in UTF-8"},
       {std::string("<design>\n\0</design>", 19),
@@ -238,6 +247,16 @@ TEST(Document, MayHavePrefixesWithoutEnd) {
       {{"top.xml", text + "</i:design>"}, {"t.xml", component("t", "")}});
   EXPECT_THAT(reading.instances(), ElementsAre("u"));
   EXPECT_EQ(reading.model.Diagnostics().size(), 10001u);
+}
+
+TEST(Text, IsWhatStandsBetweenWhiteSpace) {
+  for (const char space : {' ', '\t', '\r', '\n'}) {
+    EXPECT_EQ(trim(std::string(1, space)), "");
+    EXPECT_EQ(trim(std::string("a") + space), "a");
+    EXPECT_EQ(trim(space + std::string("a b") + space + space), "a b");
+  }
+  for (const char other : {'\v', '\f', 'a', '\0'})
+    EXPECT_EQ(trim(std::string(1, other)), std::string(1, other));
 }
 
 struct Utf8Row {

@@ -289,6 +289,11 @@ std::string repeat(const std::string &text, int times) {
 TEST(Expression, EndsAtADepthThatIsBounded) {
   const std::string tooDeep = "! it goes more than 256 levels deep";
   EXPECT_EQ(evaluate(repeat("(", 100) + "1" + repeat(")", 100)), "1");
+  // A sign is one level deeper, what stands in brackets two.
+  EXPECT_EQ(evaluate(repeat("-", 254) + "1"), "1");
+  EXPECT_EQ(evaluate(repeat("-", 255) + "1"), tooDeep);
+  EXPECT_EQ(evaluate(repeat("(", 127) + "1" + repeat(")", 127)), "1");
+  EXPECT_EQ(evaluate(repeat("(", 128) + "1" + repeat(")", 128)), tooDeep);
   EXPECT_EQ(evaluate(repeat("(", 100000)), tooDeep);
   EXPECT_EQ(evaluate(repeat("-", 100000) + "1"), tooDeep);
   EXPECT_EQ(evaluate(repeat("!(", 100000) + "1"), tooDeep);

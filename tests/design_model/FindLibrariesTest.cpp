@@ -229,6 +229,21 @@ TEST_F(FindLibraries, IsBounded) {
   EXPECT_EQ(read.documents, 10u);
 }
 
+/// Only its beginning is looked at, which may end inside a character.
+TEST_F(FindLibraries, KnowsALargeDocumentByItsBeginning) {
+  folder.write("soc/top.xml", design("top", instance("cpu", "cpu")));
+  for (const std::string front : {"", "a"}) {
+    std::string text = front;
+    for (int i = 0; i < 20000; ++i)
+      text += "\xc3\xa9";
+    folder.write("ip/a.xml", component("cpu", "",
+                                       "<ipxact:description>" + text +
+                                           "</ipxact:description>"));
+    EXPECT_THAT(linesOf(search("soc/top.xml", {}, {1, 1000, 1000}).missing),
+                IsEmpty());
+  }
+}
+
 TEST_F(FindLibraries, LooksIntoNothingHidden) {
   folder.write(".cache/a.xml", component("cpu", ""));
   folder.write("ip/ram.xml", component("ram", ""));

@@ -94,6 +94,27 @@ TEST(KindEvidence, TellsOfTheProcessorInside) {
   EXPECT_THAT(found.named("cpu_box").typeNames, IsEmpty());
 }
 
+/// Whatever speaks for a processor.
+TEST(KindEvidence, IsNotOfWhatIsSettled) {
+  const auto candidatesOf = [](const std::string &name,
+                               const std::string &kinds) {
+    return Proposing({{"x.xml", part(name, imem + dmem + bus + debug)},
+                      {"y.xml", part("y", answers)},
+                      {"top.xml",
+                       design("d", instance("x", name) + instance("y", "y"),
+                              connection("w", {"x.bus", "y.p"}))}},
+                     kinds)
+        .candidates();
+  };
+  EXPECT_THAT(candidatesOf("tiny_cpu", ""),
+              ElementsAre("processor proposed tiny_cpu lumacore"));
+  EXPECT_THAT(candidatesOf("tiny_cpu", "x:y:tiny_cpu:1 other thing\n"),
+              IsEmpty());
+  EXPECT_THAT(candidatesOf("tiny_cpu", "x:y:tiny_cpu:1 debug-module hdu\n"),
+              ElementsAre("module known tiny_cpu hdu"));
+  EXPECT_THAT(candidatesOf("hdu", ""), ElementsAre("module known hdu hdu"));
+}
+
 /// Each word that an interface is known by, beside one of the other side.
 TEST(KindEvidence, OfAPairIsAWordOfEach) {
   const Names instructions = {

@@ -92,6 +92,8 @@ public:
     model.getIpInstances(found, HW_IP_DEBUG);
     for (const std::string &name : found)
       all += name + '\n';
+    for (const MissingDocument &document : model.Missing())
+      all += document.type + ' ' + document.identity + '\n';
     return all;
   }
   std::string remarks() const {
@@ -200,12 +202,14 @@ TEST(DesignAllocation, OfBuilding) {
     scene.model.AddInstance(longText("core"), scene.component, DesignModel::top,
                             {longText("file"), 7});
   });
-  // Has the full name of another, with a remark.
-  expectAllOrNothing("DesignModel::AddInstance", [](DesignScene &scene) {
-    scene.model.AddInstance(longText("around") + "." + longText("uart"),
-                            scene.component, DesignModel::top,
-                            {longText("file"), 7});
-  });
+  // Has the full name of another, with a remark; of each role.
+  for (const std::size_t component : {0U, 1U, 2U})
+    expectAllOrNothing(
+        "DesignModel::AddInstance", [component](DesignScene &scene) {
+          scene.model.AddInstance(longText("around") + "." + longText("uart"),
+                                  component, DesignModel::top,
+                                  {longText("file"), 7});
+        });
   expectAllOrNothing("DesignModel::AddParameter", [](DesignScene &scene) {
     scene.model.AddParameter(scene.core, longText("another"),
                              longText("value"));
