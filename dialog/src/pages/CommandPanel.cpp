@@ -47,12 +47,12 @@ CommandPanel::CommandPanel(SessionModel &sessionModel, QWidget *parent)
   // What room there is belongs to the lists below.
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   title->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  remark->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+  // One line, always: nothing moves while one types.
+  remark->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  remark->setFixedHeight(fontMetrics().height());
   layout->addWidget(title);
   layout->addWidget(command);
   layout->addWidget(remark);
-  layout->addStretch();
-  remark->setWordWrap(true);
   remark->setTextFormat(Qt::PlainText);
   remark->setTextInteractionFlags(Qt::TextSelectableByMouse);
   connect(command, &CommandEdit::typed, this, &CommandPanel::send);
@@ -103,8 +103,12 @@ void CommandPanel::refresh() {
     text = tr("Not taken yet; the settings are as they were.");
   else if (isTyping && command->text() != state.command)
     text = tr("Written as: %1").arg(shown(state.command.value_or("")));
-  remark->setText(text);
-  remark->setVisible(!text.isEmpty());
+  remark->setText(
+      remark->fontMetrics().elidedText(text, Qt::ElideRight, remark->width()));
+  remark->setToolTip(
+      text.isEmpty() ? QString()
+                     : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
+  remark->setAccessibleDescription(text);
   emit diagnosticsChanged();
 }
 
