@@ -34,7 +34,8 @@ std::string lineOf(const std::string &content) {
     std::string line =
         content.substr(start, std::min(end - start, kLongestLine));
     line = line.substr(0, line.find('\0'));
-    if (!line.empty())
+    // Behind the longest line nothing is looked at, whatever stands in it.
+    if (!line.empty() || end - start > kLongestLine)
       return line;
     start = end + 1;
   }
