@@ -1,6 +1,6 @@
-// What the operations of an engine return, by name. Each operation says which of
-// them it can return; the readers of single clauses in KvoOption_Parser.h have
-// results of their own.
+// What the operations of an engine return, by name. Each operation says which
+// of them it can return; the readers of single clauses in KvoOption_Parser.h
+// have results of their own.
 //
 // Constants and a pure function, usable from any thread.
 //
