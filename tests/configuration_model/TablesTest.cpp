@@ -121,7 +121,7 @@ TEST(Tables, OfCables) {
       words.push_back(number + ", " + word);
   }
   const model::SettingRow &row = *model::findRow(cable);
-  const auto shown = [&row](const Choice &choice) {
+  const auto shown = [](const Choice &choice) {
     return std::to_string(choice.value.Number()) + ", " + choice.text;
   };
   Lines found;
