@@ -1,7 +1,5 @@
 #include "zeldebugdialog.h"
 
-#include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <new>
 #include <optional>
@@ -24,11 +22,13 @@ template <class Function> zdd_status guarded(const Function &run) noexcept {
   }
 }
 
-/// With a null byte behind it; null without memory.
-char *copied(const std::string &text) {
-  auto *const copy = static_cast<char *>(std::malloc(text.size() + 1));
-  if (copy != nullptr)
-    std::memcpy(copy, text.c_str(), text.size() + 1);
+// An array of a length that only the running program knows.
+using Answer = std::unique_ptr<char[]>; // NOLINT(modernize-avoid-c-arrays)
+
+/// With a null byte behind it.
+Answer copied(const std::string &text) {
+  Answer copy(new Answer::element_type[text.size() + 1]());
+  text.copy(copy.get(), text.size());
   return copy;
 }
 
@@ -64,9 +64,7 @@ zdd_status zdd_answer(zdd_server *server, const char *request, size_t length,
         server->server.Answer({request, length});
     if (!text)
       return ZDD_NO_ANSWER;
-    *answer = copied(*text);
-    if (*answer == nullptr)
-      return ZDD_NO_MEMORY;
+    *answer = copied(*text).release();
     if (answer_length != nullptr)
       *answer_length = text->size();
     return ZDD_OK;
@@ -76,7 +74,7 @@ zdd_status zdd_answer(zdd_server *server, const char *request, size_t length,
 zdd_status zdd_answer_release(char *answer) {
   if (answer == nullptr)
     return ZDD_NULL_POINTER;
-  std::free(answer);
+  const Answer released(answer);
   return ZDD_OK;
 }
 
