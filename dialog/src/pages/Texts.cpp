@@ -78,7 +78,7 @@ QString valueOf(const std::string &setting, const Value &value) {
 }
 
 QString originOf(const std::string &origin) {
-  const QString text = shown(origin);
+  QString text = shown(origin);
   for (const Origin &row : origins) {
     const QString word = QLatin1String(row.word);
     if (!text.startsWith(word))
