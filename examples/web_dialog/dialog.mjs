@@ -70,8 +70,11 @@ function choicesOf(row, setting) {
 
 function chainOf(row, setting) {
   const text = document.createElement("textarea");
+  // A text that is no UTF-8 has its bytes beside it, which count.
+  const plain = (device) => Object.fromEntries(Object.entries(device)
+    .map(([name, { value, bytes }]) => [name, bytes === undefined ? value : { bytes }]));
   text.rows = setting.value.length + 1;
-  text.value = setting.value.map((device) => JSON.stringify(device)).join("\n");
+  text.value = state.chain.map((device) => JSON.stringify(plain(device))).join("\n");
   text.onchange = () => {
     try {
       const devices = text.value.split("\n").filter((line) => line.trim()).map((line) => JSON.parse(line));

@@ -71,7 +71,8 @@ class Server:
         error = answer["error"]
         if error["code"] == _REFUSED:
             raise Refused(error["message"], error.get("data", {}))
-        raise ProtocolError(error["message"], error["code"])
+        raise ProtocolError(error["message"], error["code"],
+                            error.get("data"))
 
     def _answer(self, request: bytes) -> bytes:
         text = ctypes.c_void_p()

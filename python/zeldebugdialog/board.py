@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import contextlib
 import os
 import weakref
 from collections.abc import Iterable
@@ -34,15 +35,17 @@ class Board:
     It raises Refused where the design can't be read.
     """
 
-    def __init__(self, design: _Path, *, library: Iterable[_Path] = (),
+    def __init__(self, design: _Path, *, library: _Path | Iterable[_Path] = (),
                  view: str | None = None, kinds: _Path | None = None,
                  max_instances: int | None = None,
                  directory: _Path | None = None) -> None:
         self.design = os.fspath(design)
+        folders = [library] if isinstance(library, (str, os.PathLike)) \
+            else library
         self._server = server()
         opened = self._server.call(
             "board/open", design=self.design,
-            library=[os.fspath(folder) for folder in library] or None,
+            library=[os.fspath(folder) for folder in folders] or None,
             view=view, kinds=None if kinds is None else os.fspath(kinds),
             maxInstances=max_instances,
             directory=os.fspath(directory or "."))
@@ -75,13 +78,9 @@ class Board:
         """Saves several at once: these, or all that are open. Each is saved
         wholly or not at all. Where some were refused, it raises the first
         Refused when the others have been saved."""
-        handles = [one._handle for one in configurations] or None
-        answer = self._server.call("board/save", board=self._handle,
-                                   configurations=handles, force=force)
         saved: list[Saved] = []
         refusals: list[Refused] = []
-        for outcome in answer["configurations"]:
-            self._patch(outcome)
+        for outcome in self._outcomes(configurations, force):
             error = outcome.get("error")
             if error is None:
                 saved.append(Saved.of(outcome))
@@ -92,11 +91,22 @@ class Board:
             raise refusals[0]
         return saved
 
-    def _patch(self, outcome: dict[str, Any]) -> None:
-        known = self._configurations.get(outcome["configuration"])
-        if known is not None:
-            with known._lock:
-                known._patched(outcome)
+    def _outcomes(self, configurations: tuple[Configuration, ...],
+                  force: bool) -> list[dict[str, Any]]:
+        known = configurations or tuple(self._configurations.values())
+        with contextlib.ExitStack() as turns:
+            # What a change tells from another thread comes before or behind; in
+            # one order, so that two of these don't wait for each other.
+            for one in sorted(known, key=lambda each: each._handle):
+                turns.enter_context(one._lock)
+            answer = self._server.call(
+                "board/save", board=self._handle, force=force,
+                configurations=[one._handle for one in known])
+            outcomes: list[dict[str, Any]] = answer["configurations"]
+            by_handle = {one._handle: one for one in known}
+            for outcome in outcomes:
+                by_handle[outcome["configuration"]]._patched(outcome)
+        return outcomes
 
     def losses(self) -> dict[str, list[Loss]]:
         """What would not survive of what is saved, by processor."""

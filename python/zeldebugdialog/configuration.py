@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import dataclasses
 import threading
 import weakref
 from collections.abc import Iterable, Iterator, Mapping, MutableMapping
@@ -191,7 +192,8 @@ class Configuration(MutableMapping[str, Value]):
 
     def setting(self, name: str) -> Setting:
         """All that is known of a setting. It raises KeyError."""
-        return Setting.of(name, self._state["settings"][name])
+        known = Setting.of(name, self._state["settings"][name])
+        return dataclasses.replace(known, value=self[name])
 
     @property
     def chain(self) -> Chain:
@@ -210,6 +212,10 @@ class Configuration(MutableMapping[str, Value]):
     # --- As a mapping ----------------------------------------------------------
 
     def __getitem__(self, name: str) -> Value:
+        if name == _CHAIN:  # whose texts have their bytes beside them
+            return [{field: from_json(one["value"], one.get("bytes"))
+                     for field, one in device.items()}
+                    for device in self._state["chain"]]
         setting = self._state["settings"][name]
         return from_json(setting["value"], setting.get("bytes"))
 

@@ -40,11 +40,20 @@ class Refused(ZelDebugDialogError):
 
 
 class ProtocolError(ZelDebugDialogError):
-    """A request that the library does not understand, or what is closed.
+    """A request that the library does not understand, a value of a kind that no
+    setting has, or what is closed.
 
     code: that of JSON-RPC 2.0, such as -32602 for wrong parameters
+    kind, setting, value, accepted, suggestion: as those of Refused
     """
 
-    def __init__(self, message: str, code: int) -> None:
+    def __init__(self, message: str, code: int,
+                 data: dict[str, Any] | None = None) -> None:
         super().__init__(message)
+        told = data or {}
         self.code = code
+        self.kind: str = told.get("kind", "")
+        self.setting: str | None = told.get("setting")
+        self.value: str | None = told.get("value")
+        self.accepted: list[str] = list(told.get("accepted", []))
+        self.suggestion: str | None = told.get("suggestion")

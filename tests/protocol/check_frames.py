@@ -55,6 +55,7 @@ ROWS = [
     ("exit", frame(notification("exit")), [], 0, CLEAN),
     ("exit, and requests behind it", ONE + frame(notification("exit")) + TWO, [0], 0, CLEAN),
     ("exit, and garbage behind it", ONE + frame(notification("exit")) + b"\0\0\0", [0], 0, CLEAN),
+    ("exit that wants an answer is none", frame(request(3, "exit")) + ONE, [0, 0], 0, CLEAN),
     # a length that lies
     ("one byte too long", frame(request(1))[:-1], [], 1, ENDS),
     ("far too long", b"Content-Length: 1000\r\n\r\n{}", [], 1, ENDS),
@@ -205,11 +206,19 @@ def check_signals(program, faults):
     faults.expect("SIGTERM", process.wait(PATIENCE) == -signal.SIGTERM, process.returncode)
 
 
+def check_closed(program, faults):
+    """Without standard input there is nothing to wait for."""
+    run = subprocess.run([program, "serve"], preexec_fn=lambda: os.close(0), capture_output=True,
+                         timeout=PATIENCE, check=False)
+    if run.returncode != 1 or b"standard input" not in run.stderr or run.stdout:
+        faults.append(f"closed standard input: {run}")
+
+
 def main(program, board):
     faults = Faults()
     for row in ROWS:
         check_row(program, row, faults)
-    for check in (check_split, check_long, check_flood, check_leaving, check_log, check_signals):
+    for check in (check_split, check_long, check_flood, check_leaving, check_log, check_signals, check_closed):
         check(program, faults)
     check_cancelling(program, board, faults)
     for fault in faults:

@@ -48,7 +48,8 @@ class BoardTest(Case):
 
     def test_takes_paths(self):
         here = pathlib.Path().resolve()
-        with Board(here / "board" / "board.xml", directory=here) as board:
+        with Board(here / "board" / "board.xml", directory=here,
+                   library=here / "board") as board:
             self.assertEqual(board.configuration("lumacore_0").file,
                              str(here / OPTION_FILE))
 
@@ -102,6 +103,9 @@ class ConfigurationTest(Case):
                          (3, 16))
         del self.one["debugDevice"]
         self.assertEqual(self.one["debugDevice"], 0)
+        answer = zeldebugdialog.board.server().call(
+            "configuration/reset", configuration=self.one._handle, settings=[])
+        self.assertEqual(answer, {"effects": [], "patch": []})
         self.one.clear()
         self.assertFalse(self.one.dirty)
         with self.assertRaises(KeyError):
@@ -144,6 +148,12 @@ class ConfigurationTest(Case):
                          ("not-allowed", "connection", "vp"))
         self.assertEqual(refusal.accepted,
                          ["sim", "hw", "stub-serial", "stub-jtag"])
+
+    def test_tells_what_no_setting_is(self):
+        with self.assertRaises(zeldebugdialog.ProtocolError) as caught:
+            self.one["debugDevice"] = 1.5
+        self.assertEqual((caught.exception.kind, caught.exception.setting),
+                         ("bad-parameters", "debugDevice"))
 
     def test_goes_back_and_forth(self):
         self.assertEqual(self.refusal_of(self.one.undo).kind,
@@ -216,6 +226,13 @@ class ConfigurationTest(Case):
         self.one["cable.port"] = b"\xff\x01"
         self.assertEqual(self.one["cable.port"], b"\xff\x01")
         self.assertEqual(self.one.setting("cable.port").value, b"\xff\x01")
+        # Those of a device stay what they are when another one joins it.
+        self.one.chain.append({"partname": b"\xff", "devicenr": 1})
+        self.one.chain.append({"partname": "a", "devicenr": 2})
+        self.assertEqual([one["partname"] for one in self.one.chain],
+                         [b"\xff", "a"])
+        self.assertEqual(self.one.setting("chain").value[0]["partname"],
+                         b"\xff")
 
     def test_copies_to_another(self):
         self.one["cable.cableType"] = "quorla_podusb"

@@ -97,6 +97,8 @@ public:
   Bell() {
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
       throw std::system_error(errno, std::generic_category(), "pipe");
+    for (int &end : ends)
+      moveUp(end);
   }
   ~Bell() {
     close(ends[0]);
@@ -105,6 +107,17 @@ public:
   Bell(const Bell &) = delete;
   Bell &operator=(const Bell &) = delete;
 
+  /// In a program without standard input or output the pipe would be taken for
+  /// them.
+  static void moveUp(int &end) {
+    constexpr int firstOfOurs = 3;
+    if (end >= firstOfOurs)
+      return;
+    const int moved = fcntl(end, F_DUPFD_CLOEXEC, firstOfOurs);
+    if (moved < 0)
+      throw std::system_error(errno, std::generic_category(), "pipe");
+    close(std::exchange(end, moved));
+  }
   void ring() const {
     const char any = 0;
     while (write(ends[1], &any, 1) < 0 && errno == EINTR)

@@ -113,9 +113,11 @@ Json revertConfiguration(const Workplace &place, const Parameters &given) {
 }
 
 Json resetConfiguration(const Workplace &place, const Parameters &given) {
+  const bool isOfAll = !given.has("settings");
   const std::vector<std::string> settings = given.texts("settings");
-  return effectsOf(place, given, [&settings](Session &session) {
-    return session.Reset(settings);
+  return effectsOf(place, given, [&](Session &session) {
+    return isOfAll || !settings.empty() ? session.Reset(settings)
+                                        : std::vector<Effect>();
   });
 }
 

@@ -16,7 +16,7 @@ struct AcceptedCall : Call {
   explicit AcceptedCall(std::string_view text) : request(readRequest(text)) {}
 
   bool IsExit() const override {
-    return !request.fault && request.method == exitMethod;
+    return !request.fault && !request.id && request.method == exitMethod;
   }
   std::string Name() const override {
     std::string name = request.fault ? "no request" : quote(request.method);
@@ -69,6 +69,11 @@ std::string answerTo(const AcceptedCall &call, OpenThings &open,
   }
 }
 
+bool isCancel(const Given &params) {
+  return params.is_object() && params.size() == 1 && params.contains("id") &&
+         (params["id"].is_string() || params["id"].is_number());
+}
+
 } // namespace
 
 struct Server::State {
@@ -112,8 +117,7 @@ Server::~Server() = default;
 std::shared_ptr<Call> Server::Accept(std::string_view request) {
   const auto call = std::make_shared<AcceptedCall>(request);
   const Given &params = call->request.params;
-  if (call->request.method == cancelMethod && params.is_object() &&
-      params.contains("id"))
+  if (call->request.method == cancelMethod && isCancel(params))
     state->cancel(params["id"]);
   const std::lock_guard<std::mutex> turn(state->mutex);
   state->calls.insert(call.get());
