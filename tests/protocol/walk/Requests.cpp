@@ -96,7 +96,10 @@ std::string Requests::command(Random &random) const {
     text += std::string(" ") + random.of(commands);
   if (!text.empty() && random.oneIn(6))
     text.erase(random.below(text.size()), 1 + random.below(4));
-  return text;
+  // What is left of a character is none that a request can hold.
+  const std::string shown =
+      Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+  return Json::parse(shown).get<std::string>();
 }
 
 std::string Requests::fileContent(Random &random) const {
