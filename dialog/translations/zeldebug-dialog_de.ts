@@ -81,7 +81,23 @@
         <translation>Was vom &amp;Gespeicherten abweicht</translation>
     </message>
     <message>
-        <source>Save all the same</source>
+        <source>%1: the file has changed since it was loaded, and will be overwritten.</source>
+        <translation>%1: Die Datei hat sich seit dem Laden geändert und wird überschrieben.</translation>
+    </message>
+    <message>
+        <source>%1: these settings will not survive: %2.</source>
+        <translation>%1: Diese Einstellungen gehen verloren: %2.</translation>
+    </message>
+    <message>
+        <source>%1: what is saved cannot be read, and will be replaced: %2.</source>
+        <translation>%1: Was gespeichert ist, kann nicht gelesen werden und wird ersetzt: %2.</translation>
+    </message>
+    <message>
+        <source>%1: the file is read-only, and will be replaced.</source>
+        <translation>%1: Die Datei ist schreibgeschützt und wird ersetzt.</translation>
+    </message>
+    <message>
+        <source>Save anyway</source>
         <translation>Trotzdem speichern</translation>
     </message>
     <message>
@@ -167,11 +183,11 @@ Sollen sie gespeichert werden?</translation>
     </message>
     <message>
         <source>&amp;Keep mine and overwrite</source>
-        <translation>Meine behalten und ü&amp;berschreiben</translation>
+        <translation>Meine behalten und über&amp;schreiben</translation>
     </message>
     <message>
         <source>&amp;Take the file&apos;s</source>
-        <translation>Die der &amp;Datei nehmen</translation>
+        <translation>Die der Datei &amp;nehmen</translation>
     </message>
     <message>
         <source>&amp;Go on</source>
@@ -191,10 +207,10 @@ Sollen sie gespeichert werden?</translation>
     </message>
     <message>
         <source>Not saved &amp;yet</source>
-        <translation>&amp;Noch nicht gespeichert</translation>
+        <translation>Noch nicht &amp;gespeichert</translation>
     </message>
     <message>
-        <source>&amp;Faults</source>
+        <source>Fa&amp;ults</source>
         <translation>&amp;Fehler</translation>
     </message>
 </context>
@@ -252,7 +268,7 @@ Sollen sie gespeichert werden?</translation>
     <name>ZelDebugDialog::dialog::CommandPanel</name>
     <message>
         <source>Connect &amp;command</source>
-        <translation>Verbindungs&amp;befehl</translation>
+        <translation>&amp;Verbindungsbefehl</translation>
     </message>
     <message>
         <source>Ctrl+Space completes, Ctrl+Return leads to the setting of a word</source>
@@ -424,15 +440,15 @@ Sollen sie gespeichert werden?</translation>
         <translation>Abbrechen</translation>
     </message>
     <message>
-        <source>Take them from &amp;there</source>
-        <translation>Von &amp;dort nehmen</translation>
+        <source>Take them from t&amp;here</source>
+        <translation>Von d&amp;ort nehmen</translation>
     </message>
     <message>
         <source>Choose a &amp;library folder…</source>
-        <translation>Ordner einer &amp;Bibliothek wählen …</translation>
+        <translation>Ordner einer Bibliothek wä&amp;hlen …</translation>
     </message>
     <message>
-        <source>Choose a &amp;kind table…</source>
+        <source>Choose a ki&amp;nd table…</source>
         <translation>&amp;Typentabelle wählen …</translation>
     </message>
     <message>
@@ -461,7 +477,7 @@ Sollen sie gespeichert werden?</translation>
     </message>
     <message>
         <source>&amp;Quit</source>
-        <translation>&amp;Beenden</translation>
+        <translation>B&amp;eenden</translation>
     </message>
     <message>
         <source>&amp;Edit</source>

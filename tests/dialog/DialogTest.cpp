@@ -6,7 +6,9 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -18,6 +20,7 @@
 #include <QStandardItemModel>
 #include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QtGui/QDropEvent>
 
@@ -26,9 +29,13 @@
 #include "pages/Banner.h"
 #include "pages/ChainEditor.h"
 #include "pages/CommandEdit.h"
+#include "pages/ElidedLabel.h"
 #include "pages/Lists.h"
 #include "pages/ProcessorList.h"
 #include "pages/Section.h"
+#include "pages/SessionModel.h"
+#include "pages/SettingsForm.h"
+#include "pages/Texts.h"
 
 using namespace ZelDebugDialog;
 using scene::Scene;
@@ -105,6 +112,54 @@ void enterCell(QTableWidget &table, int row, int column, const QString &text) {
   QTest::keyClicks(editor, text);
   QTest::keyClick(editor, Qt::Key_Return);
   QCoreApplication::processEvents();
+}
+
+/// A cell of the chain's first device with its editor open.
+QLineEdit *openCell(Scene &scene, bool isNew = true) {
+  scene.field("chain");
+  auto &chain = only<dialog::ChainEditor>(scene.page());
+  auto &table = only<QTableWidget>(chain);
+  if (isNew)
+    QTest::mouseClick(scene::named<QPushButton>(chain, "Add a device"),
+                      Qt::LeftButton);
+  constexpr int registerLength = 2;
+  table.setFocus();
+  table.setCurrentCell(0, registerLength);
+  QTest::keyClick(&table, Qt::Key_F2);
+  auto *const cell = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+  if (cell == nullptr)
+    qFatal("no editor opens");
+  cell->selectAll();
+  return cell;
+}
+
+/// The example board, with a component in a folder beside its own.
+QString splitBoard(const QTemporaryDir &folder) {
+  const QDir from = QFileInfo(QStringLiteral(TEST_BOARD)).dir();
+  const QDir to(folder.path());
+  const QString moved = QStringLiteral("uart_mini_cedar.xml");
+  if (!to.mkpath("elsewhere") || !to.mkpath("project"))
+    qFatal("no folder can be made");
+  QDirIterator files(from.path(), QDir::Files, QDirIterator::Subdirectories);
+  while (files.hasNext()) {
+    const QString path = files.next();
+    const QString name = files.fileName();
+    if (!QFile::copy(
+            path,
+            to.filePath((name == moved ? "elsewhere/" : "project/") + name)))
+      qFatal("the board cannot be copied");
+  }
+  return to.filePath("project/board.xml");
+}
+
+/// The button below the progress of reading.
+void pressCancel(Scene &scene) {
+  for (QPushButton *const one : scene.window().findChildren<QPushButton *>())
+    if (one->isVisible() && one->text() == QLatin1String("Cancel")) {
+      one->click();
+      return;
+    }
+  qFatal("nothing is being read");
 }
 
 } // namespace
@@ -302,6 +357,29 @@ private slots:
     while (scene.action(Operation::redo)->isEnabled())
       scene.action(Operation::redo)->trigger();
     QCOMPARE(scene.command(), QString(storyCommand));
+  }
+
+  void ALineThatWasCutIsWholeWhereThereIsRoom() {
+    Scene scene;
+    const QString wanted = "choosing a cable brings its port and frequency";
+    auto &line = *scene.page().findChild<dialog::ElidedLabel *>();
+    scene.choose("cable.cableType", "quorla_podusb");
+    QVERIFY(line.text().contains(wanted));
+    constexpr int narrow = 100;
+    const QSize before = line.size();
+    line.resize(narrow, before.height());
+    QVERIFY(!line.text().contains(wanted));
+    QVERIFY(line.toolTip().contains(wanted));
+    line.resize(before);
+    QVERIFY(line.text().contains(wanted));
+  }
+
+  void NoKeyLeadsToTwoPlaces() {
+    Scene scene;
+    QCOMPARE(scene::clashingKeys(scene.window()), QStringList());
+    // A clash is seen.
+    QPushButton other("&Else", &scene.window());
+    QCOMPARE(scene::clashingKeys(scene.window()).size(), 1);
   }
 
   // --- The chain
@@ -582,6 +660,160 @@ private slots:
     QVERIFY(!scene.board().isModified());
   }
 
+  /// A cell whose editor is open: F2, a text, no Return.
+  void ACellThatIsBeingTypedIsSaved() {
+    Scene scene;
+    QTest::keyClicks(openCell(scene), "6");
+    QVERIFY(scene.board().isModified());
+    QVERIFY(scene.action(Operation::saveAll)->isEnabled());
+    scene.action(Operation::save)->trigger();
+    QCOMPARE(scene.saved("lumacore_0"),
+             QByteArray("connect lc hdu -configdevice devicenr 0 partname "
+                        "UNKNOWN irlength 6 idcode 0x0 -debugdevice cpunr 1"));
+    QVERIFY(!scene.board().isModified());
+  }
+
+  void ACellThatIsBeingTypedIsAskedFor() {
+    Scene scene;
+    QLineEdit *const cell = openCell(scene);
+    scene.action(Operation::save)->trigger();
+    QVERIFY(!scene.board().isModified());
+    QVERIFY(cell != nullptr);
+    QTest::keyClicks(openCell(scene, false), "7");
+    QVERIFY(scene::answer([&] { scene.window().close(); }, "Cancel"));
+    QVERIFY(scene.window().isVisible());
+  }
+
+  void RevertingEndsTheCellThatIsBeingTyped() {
+    Scene scene;
+    QTest::keyClicks(openCell(scene), "9");
+    scene.action(Operation::revert)->trigger();
+    QCOMPARE(
+        only<QTableWidget>(only<dialog::ChainEditor>(scene.page())).rowCount(),
+        0);
+    QVERIFY(!scene.board().isModified());
+  }
+
+  void APageMayGoWhileACellIsBeingTyped() {
+    DesignModel design;
+    QVERIFY(ReadDesign({TEST_BOARD, {}, "", ""}, design));
+    QTemporaryDir folder;
+    const Board board(design, folder.path().toStdString());
+    QMainWindow window;
+    auto *const page = new ConfigurationPage(board, "lumacore_0", &window);
+    window.setCentralWidget(page);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    page->lead("chain");
+    QTest::mouseClick(scene::named<QPushButton>(*page, "Add a device"),
+                      Qt::LeftButton);
+    auto &table = only<QTableWidget>(only<dialog::ChainEditor>(*page));
+    table.setFocus();
+    table.setCurrentCell(0, 0);
+    QTest::keyClick(&table, Qt::Key_F2);
+    QTest::keyClicks(QApplication::focusWidget(), "x");
+    // The widgets that tell the model of what is typed go before it does.
+    QStringList order;
+    connect(page->findChild<dialog::SessionModel *>(), &QObject::destroyed,
+            [&order] { order.append("model"); });
+    connect(page->findChild<dialog::SettingsForm *>(), &QObject::destroyed,
+            [&order] { order.append("form"); });
+    connect(page->findChild<dialog::CommandEdit *>(), &QObject::destroyed,
+            [&order] { order.append("command"); });
+    delete page;
+    QCOMPARE(order.size(), 3);
+    QCOMPARE(order.last(), QString("model"));
+  }
+
+  /// What has been agreed to is all that is overruled.
+  void AFileThatChangesWhileOneAgreesIsAskedForAgain() {
+    Scene scene;
+    qobject_cast<QAbstractButton *>(scene.field("cpuJtag"))->click();
+    QVERIFY(scene.board().choose("lumacore_1"));
+    scene.type("debugDevice", "2");
+    QStringList asked;
+    QTimer answers;
+    connect(&answers, &QTimer::timeout, this, [&] {
+      auto *const question =
+          qobject_cast<QDialog *>(QApplication::activeModalWidget());
+      if (question == nullptr)
+        return;
+      asked.append(textsOf(*question));
+      if (asked.size() == 1)
+        scene.write("lumacore_1", "connect lc sim\n");
+      if (asked.size() == 1)
+        question->accept();
+      else
+        question->reject();
+    });
+    answers.start(5);
+    scene.action(Operation::saveAll)->trigger();
+    QCOMPARE(asked.size(), 2);
+    QVERIFY2(asked[0].contains("lumacore_0: these settings will not survive"),
+             qPrintable(asked[0]));
+    QVERIFY(!asked[0].contains("lumacore_1: "));
+    QVERIFY2(asked[1].contains("lumacore_1: the file has changed"),
+             qPrintable(asked[1]));
+    QCOMPARE(scene.saved("lumacore_0"), QByteArray("none"));
+    QCOMPARE(scene.saved("lumacore_1"), QByteArray("connect lc sim\n"));
+  }
+
+  void WhatIsOverruledIsNamedInFull() {
+    Scene scene;
+    scene.write("lumacore_0", "connect lc sim\n");
+    QVERIFY(scene::waitUntil(
+        [&] { return answerIn(scene, "Keep mine and overwrite") != nullptr; }));
+    qobject_cast<QAbstractButton *>(scene.field("cpuJtag"))->click();
+    QString told;
+    QVERIFY(scene::answer([&] { scene.action(Operation::save)->trigger(); },
+                          [&told](QDialog &dialog) {
+                            told = textsOf(dialog);
+                            dialog.reject();
+                          }));
+    QVERIFY2(told.contains("these settings will not survive: " +
+                           dialog::nameOf("cpuJtag")),
+             qPrintable(told));
+    QVERIFY2(told.contains("the file has changed"), qPrintable(told));
+    QVERIFY2(!told.contains("nothing is saved"), qPrintable(told));
+    // Overwriting has agreed to the change of the file, and to nothing else.
+    QVERIFY(scene::answer(
+        [&] {
+          QTest::mouseClick(answerIn(scene, "Keep mine and overwrite"),
+                            Qt::LeftButton);
+        },
+        [&told](QDialog &dialog) {
+          told = textsOf(dialog);
+          dialog.reject();
+        }));
+    QVERIFY2(told.contains("these settings will not survive"),
+             qPrintable(told));
+    QVERIFY2(!told.contains("the file has changed"), qPrintable(told));
+    QCOMPARE(scene.saved("lumacore_0"), QByteArray("connect lc sim\n"));
+    QVERIFY(scene::answer([&] { scene.action(Operation::save)->trigger(); },
+                          "Save anyway"));
+    QCOMPARE(scene.saved("lumacore_0"),
+             QByteArray("connect lc hdu -configdevice jtagpin cpujtag "
+                        "-debugdevice cpunr 1"));
+  }
+
+  void AChangeThatWasPassedOverStaysSoUntilTheNext() {
+    Scene scene;
+    scene.type("debugDevice", "2");
+    scene.write("lumacore_0", "connect lc sim\n");
+    const auto isAsked = [&] { return answerIn(scene, "Go on") != nullptr; };
+    QVERIFY(scene::waitUntil(isAsked));
+    QTest::mouseClick(answerIn(scene, "Go on"), Qt::LeftButton);
+    QVERIFY(!isAsked());
+    // Something else in the folder.
+    scene.write("another", "connect lc sim\n");
+    constexpr int settled = 400; // ms
+    QTest::qWait(settled);
+    scene.type("debugDevice", "3");
+    QVERIFY(!isAsked());
+    scene.write("lumacore_0", "connect lc hdu\n");
+    QVERIFY(scene::waitUntil(isAsked));
+  }
+
   // --- Boards
   // -----------------------------------------------------------------
 
@@ -617,6 +849,80 @@ private slots:
     QVERIFY(answerIn(scene, "Take them from there") == nullptr);
     // None of them is a processor that is known by its name.
     QVERIFY(textsOf(scene.window()).contains("A kind table says"));
+  }
+
+  void TakingTheFoundLibraryAsksForChanges() {
+    QTemporaryDir folder;
+    const QString design = splitBoard(folder);
+    Scene scene(design.toStdString());
+    QVERIFY(scene.window().board() != nullptr);
+    scene.type("debugDevice", "2");
+    QPushButton *const there = answerIn(scene, "Take them from there");
+    QVERIFY(there != nullptr);
+    QVERIFY(scene::answer([&] { QTest::mouseClick(there, Qt::LeftButton); },
+                          "Cancel"));
+    QVERIFY(scene.board().isModified());
+    QCOMPARE(lineOf(scene, "debugDevice").text(), QString("2"));
+  }
+
+  void AFileOverTheCommandOpensTheDesign() {
+    Scene scene;
+    const QString before = scene.command();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QStringLiteral(TEST_OTHER_BOARD))});
+    QWidget *const line = only<dialog::CommandEdit>(scene.page()).viewport();
+    QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton,
+                          Qt::NoModifier);
+    QCoreApplication::sendEvent(line, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton,
+                    Qt::NoModifier);
+    QCoreApplication::sendEvent(line, &drop);
+    QCOMPARE(scene.command(), before);
+    QVERIFY(opened.wait(60000));
+  }
+
+  void WhileADesignIsReadNothingIsDoneToTheOther() {
+    Scene scene;
+    scene.type("debugDevice", "2");
+    QVERIFY(scene.action(Operation::undo)->isEnabled());
+    QVERIFY(scene::answer(
+        [&] {
+          scene.window().open({TEST_OTHER_BOARD, {}, "", ""});
+        },
+        "Discard"));
+    QVERIFY(!scene.board().isVisible());
+    for (const Operation one :
+         {Operation::save, Operation::saveAll, Operation::undo,
+          Operation::revert, Operation::reset, Operation::copy})
+      QVERIFY(!scene.action(one)->isEnabled());
+    pressCancel(scene);
+    QVERIFY(scene.board().isVisible());
+    QVERIFY(scene.action(Operation::save)->isEnabled());
+    QVERIFY(scene.action(Operation::undo)->isEnabled());
+    QVERIFY(!scene.action(Operation::redo)->isEnabled());
+  }
+
+  /// It was read while a question was open, and is not wanted any more.
+  void ADesignThatIsNotWantedAnyMoreDoesNotComeLater() {
+    Scene scene;
+    BoardPage *const before = scene.window().board();
+    QSignalSpy read(scene.window().findChild<dialog::DesignLoader *>(),
+                    &dialog::DesignLoader::loaded);
+    QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
+    QDialog question(&scene.window());
+    question.setModal(true);
+    question.show();
+    scene.window().open({TEST_OTHER_BOARD, {}, "", ""});
+    QVERIFY(read.wait(60000));
+    QVERIFY(opened.isEmpty());
+    pressCancel(scene);
+    question.hide();
+    constexpr int longer = 400; // ms
+    QTest::qWait(longer);
+    QVERIFY(opened.isEmpty());
+    QCOMPARE(scene.window().board(), before);
   }
 
   /// In a program that embeds it, and in the middle of typing.

@@ -1,18 +1,26 @@
 #include "dialog/Scene.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QKeySequence>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMap>
+#include <QMenu>
+#include <QMenuBar>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QStyleFactory>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolBar>
 
 #include "pages/CommandEdit.h"
 #include "pages/SettingRow.h"
@@ -147,6 +155,53 @@ bool answer(const std::function<void()> &operation, const QString &button) {
       }
     qFatal("there is no such button: %s", qPrintable(button));
   });
+}
+
+namespace {
+
+void addClashes(QStringList &clashes, const QStringList &texts) {
+  QMap<QString, QString> holders;
+  for (const QString &text : texts) {
+    const QString key = QKeySequence::mnemonic(text).toString();
+    if (key.isEmpty())
+      continue;
+    if (holders.contains(key))
+      clashes.append(
+          QStringLiteral("%1: '%2' and '%3'").arg(key, holders[key], text));
+    holders[key] = text;
+  }
+}
+
+QStringList textsOf(const QList<QAction *> &actions) {
+  QStringList texts;
+  for (const QAction *const action : actions)
+    texts.append(action->text());
+  return texts;
+}
+
+} // namespace
+
+/// Also what is hidden at the moment: it may come up beside anything else.
+QStringList clashingKeys(const QWidget &window) {
+  QStringList clashes;
+  QStringList texts;
+  for (const QMenuBar *const bar : window.findChildren<QMenuBar *>())
+    texts += textsOf(bar->actions());
+  for (const QAbstractButton *const button :
+       window.findChildren<QAbstractButton *>())
+    // A button of the tool bar has its key in the menu.
+    if (qobject_cast<QToolBar *>(button->parentWidget()) == nullptr)
+      texts.append(button->text());
+  for (const QLabel *const label : window.findChildren<QLabel *>())
+    if (label->buddy() != nullptr)
+      texts.append(label->text());
+  for (const QTabBar *const bar : window.findChildren<QTabBar *>())
+    for (int i = 0; i < bar->count(); ++i)
+      texts.append(bar->tabText(i));
+  addClashes(clashes, texts);
+  for (const QMenu *const menu : window.findChildren<QMenu *>())
+    addClashes(clashes, textsOf(menu->actions()));
+  return clashes;
 }
 
 bool waitUntil(const std::function<bool()> &holds) {

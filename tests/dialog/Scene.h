@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include <QStringList>
 #include <QTemporaryDir>
 #include <QWidget>
 
@@ -60,6 +61,9 @@ bool answer(const std::function<void()> &operation,
             const std::function<void(QDialog &)> &reply);
 /// The same by the button that has this text, "&" not counted.
 bool answer(const std::function<void()> &operation, const QString &button);
+/// The keys that would lead to two places at once: those of the window, and of
+/// each of its menus. Nothing: every key is alone.
+QStringList clashingKeys(const QWidget &window);
 /// As soon as `holds` does; false after a while.
 bool waitUntil(const std::function<bool()> &holds);
 

@@ -6,6 +6,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
 #include "ZelDebugDialog/Dialog.h"
+#include "dialog/Scene.h"
 #include "pages/Palette.h"
 #include "pages/Texts.h"
 
@@ -102,6 +103,8 @@ private slots:
   /// Last: the texts stay.
   void TheWholeTableIsThereInGerman() {
     QVERIFY(!InstallDialogTexts(QLocale(QLocale::Icelandic)));
+    QVERIFY(!InstallDialogTexts(QLocale(QLocale::English)));
+    QCOMPARE(dialog::nameOf("cable.frequency"), QString("Cable: Frequency"));
     QVERIFY(InstallDialogTexts(QLocale(QLocale::German)));
     QFile file(QStringLiteral(TEST_TRANSLATIONS "/settings_de.ts"));
     QVERIFY(file.open(QIODevice::ReadOnly));
@@ -126,6 +129,9 @@ private slots:
     }
     QCOMPARE(dialog::nameOf("cable.frequency"), QString("Kabel: Frequenz"));
     QCOMPARE(dialog::originOf("file:28"), QString("Datei, Spalte 28"));
+    scene::prepare();
+    scene::Scene scene;
+    QCOMPARE(scene::clashingKeys(scene.window()), QStringList());
   }
 };
 

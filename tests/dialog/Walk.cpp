@@ -74,7 +74,7 @@ void typeText(QWidget &widget, const char *text) {
 
 class Walk {
 public:
-  Walk(unsigned seed) : random(seed) {
+  explicit Walk(unsigned seed) : random(seed) {
     scene.board().choose(processors.front());
     // Whatever is asked is answered, somehow.
     QObject::connect(&answers, &QTimer::timeout, [this] { answerDialog(); });
@@ -246,6 +246,9 @@ private:
         state.differences.size() != shown.differences.size() ||
         state.changedOnDisk != shown.changedOnDisk)
       return "the model is not the session";
+    const std::string unlike = readBack(*model);
+    if (!unlike.empty())
+      return unlike;
     auto *const line = scene.page().findChild<dialog::CommandEdit *>();
     const std::string text = line->text();
     if (text != state.draft.value_or(state.command.value_or("")) &&
@@ -261,6 +264,21 @@ private:
       if (!problem.empty())
         return setting.id + ": " + problem;
     }
+    return {};
+  }
+
+  /// What a configuration that counts as saved has and its file does not give.
+  static std::string readBack(const dialog::SessionModel &model) {
+    const SessionState &state = model.state();
+    if (model.isModified() || !state.exists || state.changedOnDisk ||
+        !state.problem.empty())
+      return {};
+    const Session fresh(model.board(), state.processor);
+    if (!fresh.Problem().empty())
+      return "what was saved cannot be read: " + fresh.Problem();
+    for (const SettingState &setting : state.settings)
+      if (fresh.Get(setting.id) != setting.value)
+        return setting.id + " is read back as another value";
     return {};
   }
 

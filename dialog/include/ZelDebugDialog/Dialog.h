@@ -39,6 +39,7 @@ namespace dialog {
 class Banner;
 class CommandPanel;
 class DifferenceList;
+class ElidedLabel;
 class FaultList;
 class FileWatch;
 class LossList;
@@ -57,6 +58,9 @@ public:
   /// @throws Refusal (unknownProcessor, notDebuggable)
   ConfigurationPage(const Board &board, const std::string &processor,
                     QWidget *parent = nullptr);
+  ConfigurationPage(const ConfigurationPage &) = delete;
+  ConfigurationPage &operator=(const ConfigurationPage &) = delete;
+  ~ConfigurationPage() override;
 
   /// The name of its processor.
   const std::string &processor() const;
@@ -104,7 +108,7 @@ private:
   dialog::Banner *unreadable;
   dialog::Banner *changedOnDisk;
   dialog::SettingsForm *form;
-  QLabel *effects;
+  dialog::ElidedLabel *effects;
   dialog::CommandPanel *command;
   QTabWidget *lists;
   dialog::FaultList *faults;

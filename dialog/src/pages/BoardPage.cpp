@@ -111,12 +111,14 @@ QAction *BoardPage::action(Operation operation) const {
 }
 
 ConfigurationPage *BoardPage::pageOf(const std::string &processor) {
-  ConfigurationPage *&page = pages[processor];
-  if (page == nullptr) {
-    page = new ConfigurationPage(board, processor, stack);
-    stack->addWidget(page);
-    connect(page, &ConfigurationPage::changed, this, &BoardPage::refresh);
-  }
+  const auto known = pages.find(processor);
+  if (known != pages.end())
+    return known->second;
+  // It may refuse the processor.
+  auto *const page = new ConfigurationPage(board, processor, stack);
+  pages.emplace(processor, page);
+  stack->addWidget(page);
+  connect(page, &ConfigurationPage::changed, this, &BoardPage::refresh);
   return page;
 }
 
@@ -197,8 +199,7 @@ void BoardPage::copyToOthers() {
 
 void BoardPage::refresh() {
   for (const auto &[processor, page] : pages)
-    if (page != nullptr)
-      list->display(processor, savedAs(*page));
+    list->display(processor, savedAs(*page));
   const ConfigurationPage *const page = current();
   const bool isThere = page != nullptr;
   const auto enable = [this](Operation operation, bool isOn) {

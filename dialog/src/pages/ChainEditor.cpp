@@ -1,7 +1,10 @@
 #include "pages/ChainEditor.h"
 
+#include <functional>
+
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStringList>
@@ -58,10 +61,15 @@ QString problemOf(const SettingInfo &field, const QString &text) {
   return {};
 }
 
-/// Says to assistive programs what is being edited.
+/// Says to assistive programs what is being edited, and to the table that it
+/// is.
 class CellDelegate : public QStyledItemDelegate {
 public:
-  using QStyledItemDelegate::QStyledItemDelegate;
+  /// An editor opens over a text.
+  using Opened = std::function<void(QLineEdit &, const QString &)>;
+
+  CellDelegate(QObject *parent, Opened whenOpened)
+      : QStyledItemDelegate(parent), opened(std::move(whenOpened)) {}
 
   QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                         const QModelIndex &index) const override {
@@ -70,8 +78,13 @@ public:
     if (editor != nullptr)
       editor->setAccessibleName(
           index.model()->headerData(index.column(), Qt::Horizontal).toString());
+    if (auto *const line = qobject_cast<QLineEdit *>(editor))
+      opened(*line, index.data(Qt::EditRole).toString());
     return editor;
   }
+
+private:
+  Opened opened;
 };
 
 } // namespace
@@ -87,7 +100,14 @@ ChainEditor::ChainEditor(const SettingInfo &setting, SessionModel &sessionModel,
   table->setTabKeyNavigation(false);
   table->setSelectionBehavior(QAbstractItemView::SelectRows);
   table->setSelectionMode(QAbstractItemView::SingleSelection);
-  table->setItemDelegate(new CellDelegate(table));
+  auto *const delegate =
+      new CellDelegate(table, [this](QLineEdit &editor, const QString &before) {
+        follow(editor, before);
+      });
+  table->setItemDelegate(delegate);
+  connect(delegate, &QAbstractItemDelegate::closeEditor, this,
+          [this] { model.noteOpenText(false); });
+  connect(&model, &SessionModel::openTextWanted, this, &ChainEditor::closeCell);
   QHeaderView *const header = table->horizontalHeader();
   for (int column = 0; column < table->columnCount(); ++column) {
     const SettingInfo &field = *fields[static_cast<std::size_t>(column)];
@@ -129,7 +149,39 @@ ChainEditor::ChainEditor(const SettingInfo &setting, SessionModel &sessionModel,
   setFocusProxy(table);
 }
 
+/// The table ends editing while it goes, when nothing can be taken any more.
+ChainEditor::~ChainEditor() {
+  if (editing != nullptr)
+    QObject::disconnect(editing, nullptr, this, nullptr);
+  QObject::disconnect(table, nullptr, this, nullptr);
+  QObject::disconnect(table->itemDelegate(), nullptr, this, nullptr);
+}
+
 QWidget *ChainEditor::field() { return table; }
+
+void ChainEditor::follow(QLineEdit &editor, const QString &before) {
+  editing = &editor;
+  connect(&editor, &QLineEdit::textEdited, this,
+          [this, before](const QString &text) {
+            model.noteOpenText(text != before);
+          });
+  // Also where its row is taken away.
+  connect(&editor, &QObject::destroyed, this, [this] {
+    if (editing == nullptr)
+      model.noteOpenText(false);
+  });
+}
+
+/// As leaving it does.
+void ChainEditor::closeCell() {
+  QLineEdit *const editor = editing;
+  editing = nullptr;
+  if (editor == nullptr)
+    return;
+  QAbstractItemDelegate *const delegate = table->itemDelegate();
+  emit delegate->commitData(editor);
+  emit delegate->closeEditor(editor, QAbstractItemDelegate::NoHint);
+}
 
 Value::Chain ChainEditor::devices() const {
   const SettingState *const state = model.find(info.id);

@@ -8,8 +8,11 @@
 #include <map>
 #include <utility>
 
+#include <QPointer>
+
 #include "pages/ValueEditor.h"
 
+class QLineEdit;
 class QPushButton;
 class QTableWidget;
 class QTableWidgetItem;
@@ -25,6 +28,9 @@ class ChainEditor : public ValueEditor {
 public:
   ChainEditor(const SettingInfo &setting, SessionModel &sessionModel,
               QWidget *parent);
+  ChainEditor(const ChainEditor &) = delete;
+  ChainEditor &operator=(const ChainEditor &) = delete;
+  ~ChainEditor() override;
 
   void display(const SettingState &state) override;
   QWidget *field() override;
@@ -38,6 +44,8 @@ private:
   CellTexts unfinished() const;
   void take(Value::Chain chain, const CellTexts &texts);
   void takeCell(QTableWidgetItem *item);
+  void follow(QLineEdit &editor, const QString &before);
+  void closeCell();
   void displayCell(int row, int column, const CellTexts &texts);
   void insert();
   void remove();
@@ -46,6 +54,7 @@ private:
 
   std::vector<const SettingInfo *> fields;
   QTableWidget *table;
+  QPointer<QLineEdit> editing; ///< The editor that is open.
   QPushButton *removeButton;
   QPushButton *upButton;
   QPushButton *downButton;

@@ -215,6 +215,11 @@ void CommandEdit::changeEvent(QEvent *event) {
     draw();
 }
 
+/// A file that is dropped is for the window.
+bool CommandEdit::canInsertFromMimeData(const QMimeData *source) const {
+  return !source->hasUrls() && QPlainTextEdit::canInsertFromMimeData(source);
+}
+
 void CommandEdit::insertFromMimeData(const QMimeData *source) {
   if (!source->hasText())
     return;

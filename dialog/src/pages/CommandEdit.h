@@ -55,6 +55,7 @@ protected:
   void mouseReleaseEvent(QMouseEvent *event) override;
   void focusOutEvent(QFocusEvent *event) override;
   void changeEvent(QEvent *event) override;
+  bool canInsertFromMimeData(const QMimeData *source) const override;
   void insertFromMimeData(const QMimeData *source) override;
 
 private:

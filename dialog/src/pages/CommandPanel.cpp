@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include "pages/ElidedLabel.h"
 #include "pages/Palette.h"
 #include "pages/Texts.h"
 
@@ -36,7 +37,7 @@ std::vector<EditWord> explained(const std::string &text) {
 
 CommandPanel::CommandPanel(SessionModel &sessionModel, QWidget *parent)
     : QWidget(parent), model(sessionModel), command(new CommandEdit(this)),
-      remark(new QLabel(this)) {
+      remark(new ElidedLabel(this)) {
   auto *const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   auto *const title = new QLabel(tr("Connect &command"), this);
@@ -47,14 +48,9 @@ CommandPanel::CommandPanel(SessionModel &sessionModel, QWidget *parent)
   // What room there is belongs to the lists below.
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   title->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-  // One line, always: nothing moves while one types.
-  remark->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  remark->setFixedHeight(fontMetrics().height());
   layout->addWidget(title);
   layout->addWidget(command);
   layout->addWidget(remark);
-  remark->setTextFormat(Qt::PlainText);
-  remark->setTextInteractionFlags(Qt::TextSelectableByMouse);
   connect(command, &CommandEdit::typed, this, &CommandPanel::send);
   const auto finish = [this] {
     model.endTypingCommand();
@@ -103,12 +99,7 @@ void CommandPanel::refresh() {
     text = tr("Not taken yet; the settings are as they were.");
   else if (isTyping && command->text() != state.command)
     text = tr("Written as: %1").arg(shown(state.command.value_or("")));
-  remark->setText(
-      remark->fontMetrics().elidedText(text, Qt::ElideRight, remark->width()));
-  remark->setToolTip(
-      text.isEmpty() ? QString()
-                     : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
-  remark->setAccessibleDescription(text);
+  remark->say(text);
   emit diagnosticsChanged();
 }
 

@@ -7,9 +7,9 @@
 #include "pages/CommandEdit.h"
 #include "pages/SessionModel.h"
 
-class QLabel;
-
 namespace ZelDebugDialog::dialog {
+
+class ElidedLabel;
 
 class CommandPanel : public QWidget {
   Q_OBJECT
@@ -38,7 +38,7 @@ private:
 
   SessionModel &model; // NOLINT: outlives its widgets
   CommandEdit *command;
-  QLabel *remark;
+  ElidedLabel *remark;
   std::vector<CommandDiagnostic> found;
   bool isTyping = false; ///< The text is the person's own.
 };

@@ -1,6 +1,5 @@
 #include "ZelDebugDialog/Dialog.h"
 
-#include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
 #include <QTabWidget>
@@ -8,6 +7,7 @@
 
 #include "pages/Banner.h"
 #include "pages/CommandPanel.h"
+#include "pages/ElidedLabel.h"
 #include "pages/FileWatch.h"
 #include "pages/Lists.h"
 #include "pages/Palette.h"
@@ -35,7 +35,7 @@ ConfigurationPage::ConfigurationPage(const Board &board,
                                      QWidget *parent)
     : QWidget(parent), model(new SessionModel(board, processor, this)),
       unreadable(new Banner(this)), changedOnDisk(new Banner(this)),
-      form(new SettingsForm(*model, this)), effects(new QLabel(this)),
+      form(new SettingsForm(*model, this)), effects(new ElidedLabel(this)),
       command(new CommandPanel(*model, this)),
       watch(new FileWatch(shown(model->session().File()), this)) {
   auto *const layout = new QVBoxLayout(this);
@@ -50,11 +50,6 @@ ConfigurationPage::ConfigurationPage(const Board &board,
   lines->addWidget(effects);
   lines->addWidget(command);
   lines->addWidget(makeLists(), 1);
-  effects->setTextFormat(Qt::PlainText);
-  // One line, always: nothing moves while one types.
-  effects->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  effects->setFixedHeight(fontMetrics().height());
-  effects->setTextInteractionFlags(Qt::TextSelectableByMouse);
   effects->setAccessibleName(tr("What else has changed"));
 
   auto *const splitter = new QSplitter(Qt::Vertical, this);
@@ -71,6 +66,8 @@ ConfigurationPage::ConfigurationPage(const Board &board,
 
   connect(model, &SessionModel::stateChanged, this,
           &ConfigurationPage::refresh);
+  connect(model, &SessionModel::openTextNoted, this,
+          &ConfigurationPage::changed);
   connect(model, &SessionModel::told, this, &ConfigurationPage::tell);
   connect(form, &SettingsForm::settingFocused, command,
           &CommandPanel::markSetting);
@@ -84,11 +81,21 @@ ConfigurationPage::ConfigurationPage(const Board &board,
   connect(command, &CommandPanel::diagnosticsChanged, this,
           &ConfigurationPage::showFaults);
   connect(watch, &FileWatch::changed, this, [this] {
-    goesOn = goesOn && !model->session().ChangedOnDisk();
+    const bool didGoOn = goesOn;
+    goesOn = goesOn && watch->isPassedOver();
     lookAtFile();
+    if (didGoOn != goesOn)
+      refresh();
   });
   refresh();
   showFaults();
+}
+
+/// What is being typed is told to the model while its widgets go.
+ConfigurationPage::~ConfigurationPage() {
+  blockSignals(true); // Nobody is to look at half a page.
+  delete form;
+  delete command;
 }
 
 QWidget *ConfigurationPage::makeLists() {
@@ -118,6 +125,7 @@ void ConfigurationPage::makeBanners() {
           &QPushButton::clicked, this, &ConfigurationPage::revert);
   connect(changedOnDisk->addAnswer(tr("&Go on")), &QPushButton::clicked, this,
           [this] {
+            watch->passOver();
             goesOn = true;
             refresh();
           });
@@ -175,18 +183,13 @@ void ConfigurationPage::refresh() {
 void ConfigurationPage::showFaults() {
   const std::vector<CommandDiagnostic> &found = command->diagnostics();
   faults->display(found);
-  lists->setTabText(faultsTab, withCount(tr("&Faults"), found.size()));
+  lists->setTabText(faultsTab, withCount(tr("Fa&ults"), found.size()));
   if (!found.empty() && model->state().draft)
     lists->setCurrentIndex(faultsTab);
 }
 
 void ConfigurationPage::tell(const QString &text, bool isRefusal) {
-  effects->setText(effects->fontMetrics().elidedText(text, Qt::ElideRight,
-                                                     effects->width()));
-  effects->setToolTip(
-      text.isEmpty() ? QString()
-                     : QStringLiteral("<p>%1</p>").arg(text.toHtmlEscaped()));
-  effects->setAccessibleDescription(text);
+  effects->say(text);
   QPalette colours = effects->palette();
   colours.setColor(QPalette::WindowText,
                    isRefusal ? faultColour(colours) : quietColour(colours));

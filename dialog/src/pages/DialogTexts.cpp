@@ -13,10 +13,18 @@ namespace ZelDebugDialog {
 bool InstallDialogTexts(const QLocale &locale) {
   makeResources();
   const auto install = [&locale](const QString &file, const QString &folder) {
-    auto *const texts = new QTranslator(qApp);
-    if (texts->load(locale, file, QStringLiteral("_"), folder))
-      return QCoreApplication::installTranslator(texts);
-    delete texts;
+    // In the person's order. The texts as they are need no file: who wants
+    // English first does not want what comes behind it.
+    for (const QString &name : locale.uiLanguages()) {
+      const QLocale language(name);
+      if (language.language() == QLocale::English ||
+          language.language() == QLocale::C)
+        return false;
+      auto *const texts = new QTranslator(qApp);
+      if (texts->load(language, file, QStringLiteral("_"), folder))
+        return QCoreApplication::installTranslator(texts);
+      delete texts;
+    }
     return false;
   };
   // Those of the widgets themselves, where they are installed.

@@ -1,13 +1,23 @@
 #include "pages/FileWatch.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 
 namespace ZelDebugDialog::dialog {
 
 namespace {
-constexpr int settlingTime = 100; // ms
+constexpr int settlingTime = 100;    // ms
+constexpr qint64 mostRead = 1 << 20; // bytes
 } // namespace
+
+QByteArray contentOf(const QString &path) {
+  QFile opened(path);
+  if (!QFileInfo(path).isFile() || !opened.open(QIODevice::ReadOnly))
+    return {};
+  const QByteArray content = opened.read(mostRead);
+  return content.isNull() ? QByteArray("") : content;
+}
 
 FileWatch::FileWatch(const QString &path, QObject *parent)
     : QObject(parent), file(QFileInfo(path).absoluteFilePath()) {
@@ -27,6 +37,13 @@ FileWatch::FileWatch(const QString &path, QObject *parent)
               note();
           });
   follow();
+}
+
+void FileWatch::passOver() { passedOver = contentOf(file); }
+
+bool FileWatch::isPassedOver() const {
+  const QByteArray now = contentOf(file);
+  return now == passedOver && now.isNull() == passedOver.isNull();
 }
 
 /// A file that has been replaced is another one, and has to be watched anew.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "pages/FileWatch.h"
 #include "pages/Lists.h"
 #include "pages/Texts.h"
 
@@ -32,13 +34,43 @@ bool canBeOverruled(const Refusal &refusal) {
          overruled.end();
 }
 
+/// What a person is to agree to before one configuration is saved.
+struct Doubts {
+  QStringList sentences;  ///< None: there is nothing to ask.
+  QByteArray overwritten; ///< What stands in a file that has changed.
+  bool isRefused = false; ///< Whether saving has to be forced.
+
+  bool isWithin(const Doubts &agreed) const {
+    return std::all_of(sentences.begin(), sentences.end(),
+                       [&agreed](const QString &one) {
+                         return agreed.sentences.contains(one);
+                       }) &&
+           (overwritten.isNull() || overwritten == agreed.overwritten);
+  }
+};
+
+using AllDoubts = std::vector<Doubts>; // One for each configuration.
+
+/// Forces those that are refused, and no others.
 std::vector<SaveOutcome> saveAll(const std::vector<SessionModel *> &models,
-                                 const SaveOptions &options) {
-  std::vector<Session *> sessions;
-  sessions.reserve(models.size());
-  for (SessionModel *const model : models)
-    sessions.push_back(&model->session());
-  return SaveSessions(sessions, options);
+                                 const SaveOptions &options,
+                                 const AllDoubts &agreed) {
+  std::vector<SaveOutcome> outcomes(models.size());
+  for (const bool isForced : {false, true}) {
+    std::vector<Session *> sessions;
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < models.size(); ++i)
+      if (agreed[i].isRefused == isForced) {
+        sessions.push_back(&models[i]->session());
+        places.push_back(i);
+      }
+    SaveOptions own = options;
+    own.force = isForced;
+    const std::vector<SaveOutcome> some = SaveSessions(sessions, own);
+    for (std::size_t i = 0; i < some.size(); ++i)
+      outcomes[places[i]] = some[i];
+  }
+  return outcomes;
 }
 
 bool hasRefusal(const std::vector<SaveOutcome> &outcomes,
@@ -69,6 +101,57 @@ QString shownRefusals(const std::vector<SessionModel *> &models,
   return lines.join(u'\n');
 }
 
+// --- What is to be agreed to -------------------------------------------------
+
+QString changeSentence(const SessionState &state) {
+  return said(QT_TRANSLATE_NOOP("Saving",
+                                "%1: the file has changed since it was loaded, "
+                                "and will be overwritten."))
+      .arg(shown(state.processor));
+}
+
+QString lossSentence(const SessionState &state) {
+  QStringList names;
+  for (const Loss &loss : state.losses)
+    names.append(nameOf(loss.field));
+  names.removeDuplicates();
+  return said(QT_TRANSLATE_NOOP("Saving",
+                                "%1: these settings will not survive: %2."))
+      .arg(shown(state.processor), names.join(QStringLiteral(", ")));
+}
+
+/// The model tells the first reason of several; all are to be known.
+Doubts doubtsOf(SessionModel &model, const SaveOutcome &outcome) {
+  const SessionState &state = model.state();
+  const QString processor = shown(state.processor);
+  Doubts doubts;
+  doubts.isRefused = outcome.refusal && canBeOverruled(*outcome.refusal);
+  const bool isWritten = !state.differences.empty() || !state.problem.empty();
+  if (!state.losses.empty() && (doubts.isRefused || isWritten))
+    doubts.sentences.append(lossSentence(state));
+  if (!doubts.isRefused)
+    return doubts;
+  if (!state.problem.empty())
+    doubts.sentences.append(
+        said(QT_TRANSLATE_NOOP(
+                 "Saving",
+                 "%1: what is saved cannot be read, and will be replaced: %2."))
+            .arg(processor, shown(state.problem)));
+  if (state.changedOnDisk) {
+    doubts.sentences.append(changeSentence(state));
+    doubts.overwritten = contentOf(shown(state.file));
+  }
+  if (outcome.refusal->kind == RefusalKind::readOnly)
+    doubts.sentences.append(
+        said(QT_TRANSLATE_NOOP(
+                 "Saving", "%1: the file is read-only, and will be replaced."))
+            .arg(processor));
+  if (doubts.sentences.isEmpty())
+    doubts.sentences.append(QStringLiteral("%1: %2").arg(
+        processor, shown(outcome.refusal->what())));
+  return doubts;
+}
+
 void addList(QVBoxLayout &layout, const QString &title, QWidget &list) {
   auto *const label = new QLabel(title);
   label->setBuddy(&list);
@@ -77,7 +160,7 @@ void addList(QVBoxLayout &layout, const QString &title, QWidget &list) {
 }
 
 /// Whether to save although there is something to say.
-bool agrees(const std::vector<SessionModel *> &models, const QString &refusals,
+bool agrees(const std::vector<SessionModel *> &models, const AllDoubts &doubts,
             QWidget *parent) {
   constexpr int width = 860;
   constexpr int height = 460;
@@ -85,12 +168,13 @@ bool agrees(const std::vector<SessionModel *> &models, const QString &refusals,
   dialog.setWindowTitle(said(QT_TRANSLATE_NOOP("Saving", "Before saving")));
   dialog.resize(width, height);
   auto *const layout = new QVBoxLayout(&dialog);
-  if (!refusals.isEmpty()) {
-    auto *const text = new QLabel(refusals, &dialog);
-    text->setTextFormat(Qt::PlainText);
-    text->setWordWrap(true);
-    layout->addWidget(text);
-  }
+  QStringList sentences;
+  for (const Doubts &one : doubts)
+    sentences.append(one.sentences);
+  auto *const text = new QLabel(sentences.join(u'\n'), &dialog);
+  text->setTextFormat(Qt::PlainText);
+  text->setWordWrap(true);
+  layout->addWidget(text);
   auto *const losses = new LossList(&dialog);
   auto *const differences = new DifferenceList(&dialog);
   for (SessionModel *const model : models) {
@@ -106,7 +190,7 @@ bool agrees(const std::vector<SessionModel *> &models, const QString &refusals,
           *differences);
   auto *const buttons = new QDialogButtonBox(&dialog);
   QPushButton *const save =
-      buttons->addButton(said(QT_TRANSLATE_NOOP("Saving", "Save all the same")),
+      buttons->addButton(said(QT_TRANSLATE_NOOP("Saving", "Save anyway")),
                          QDialogButtonBox::AcceptRole);
   QPushButton *const cancel = buttons->addButton(QDialogButtonBox::Cancel);
   cancel->setDefault(true);
@@ -128,20 +212,15 @@ bool wantsFolder(const QString &refusals, QWidget *parent) {
              QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
-bool isLossy(const SessionModel *model) {
-  return !model->state().losses.empty() &&
-         (!model->state().differences.empty() ||
-          !model->state().problem.empty());
-}
-
-bool finish(const std::vector<SessionModel *> &models, SaveOptions options,
+bool finish(const std::vector<SessionModel *> &models, const AllDoubts &agreed,
             QWidget *parent) {
-  std::vector<SaveOutcome> outcomes = saveAll(models, options);
+  SaveOptions options;
+  std::vector<SaveOutcome> outcomes = saveAll(models, options, agreed);
   if (hasRefusal(outcomes, isForFolder)) {
     if (!wantsFolder(shownRefusals(models, outcomes), parent))
       return false;
     options.makeFolder = true;
-    outcomes = saveAll(models, options);
+    outcomes = saveAll(models, options, agreed);
   }
   for (SessionModel *const model : models) {
     model->endTyping();
@@ -154,34 +233,60 @@ bool finish(const std::vector<SessionModel *> &models, SaveOptions options,
   return refusals.isEmpty();
 }
 
+/// Asks until nothing has come up since that was not agreed to.
+bool saveWith(AllDoubts agreed, const std::vector<SessionModel *> &models,
+              QWidget *parent) {
+  SaveOptions options;
+  options.dryRun = true;
+  for (;;) {
+    for (SessionModel *const model : models)
+      model->lookAtFile();
+    const std::vector<SaveOutcome> outcomes =
+        saveAll(models, options, AllDoubts(models.size()));
+    if (hasRefusal(outcomes, isFinal)) {
+      QMessageBox::warning(parent,
+                           said(QT_TRANSLATE_NOOP("Saving", "Not saved")),
+                           shownRefusals(models, outcomes));
+      return false;
+    }
+    AllDoubts doubts;
+    bool isAgreed = true;
+    for (std::size_t i = 0; i < models.size(); ++i) {
+      doubts.push_back(doubtsOf(*models[i], outcomes[i]));
+      isAgreed = isAgreed && doubts[i].isWithin(agreed[i]);
+    }
+    if (isAgreed)
+      return finish(models, doubts, parent);
+    // What has been agreed to already is not asked for again alone.
+    AllDoubts asked = doubts;
+    for (std::size_t i = 0; i < models.size(); ++i)
+      if (asked[i].isWithin(agreed[i]))
+        asked[i].sentences.clear();
+      else if (asked[i].overwritten == agreed[i].overwritten &&
+               !asked[i].overwritten.isNull())
+        asked[i].sentences.removeAll(changeSentence(models[i]->state()));
+    if (!agrees(models, asked, parent))
+      return false;
+    agreed = doubts;
+  }
+}
+
 } // namespace
 
 bool saveConfigurations(const std::vector<SessionModel *> &models,
                         QWidget *parent) {
-  SaveOptions options;
-  options.dryRun = true;
-  const std::vector<SaveOutcome> outcomes = saveAll(models, options);
-  if (hasRefusal(outcomes, isFinal)) {
-    QMessageBox::warning(parent, said(QT_TRANSLATE_NOOP("Saving", "Not saved")),
-                         shownRefusals(models, outcomes));
-    return false;
-  }
-  const bool isRefused = hasRefusal(outcomes, canBeOverruled);
-  if (isRefused || std::any_of(models.begin(), models.end(), isLossy)) {
-    if (!agrees(models, shownRefusals(models, outcomes), parent))
-      return false;
-    options.force = isRefused;
-  }
-  options.dryRun = false;
-  return finish(models, options, parent);
+  for (SessionModel *const model : models)
+    model->takeOpenText();
+  return saveWith(AllDoubts(models.size()), models, parent);
 }
 
 bool overwrite(SessionModel &model, QWidget *parent) {
-  if (isLossy(&model) && !agrees({&model}, QString(), parent))
-    return false;
-  SaveOptions options;
-  options.force = true;
-  return finish({&model}, options, parent);
+  model.takeOpenText();
+  model.lookAtFile();
+  Doubts agreed;
+  agreed.sentences.append(changeSentence(model.state()));
+  agreed.overwritten = contentOf(shown(model.state().file));
+  return saveWith({agreed}, {&model}, parent);
 }
 
 } // namespace ZelDebugDialog::dialog

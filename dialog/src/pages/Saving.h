@@ -16,7 +16,7 @@ namespace ZelDebugDialog::dialog {
 bool saveConfigurations(const std::vector<SessionModel *> &models,
                         QWidget *parent);
 
-/// Over whatever stands in the file, without asking again.
+/// Over a file that has changed, without asking for that again.
 bool overwrite(SessionModel &model, QWidget *parent);
 
 } // namespace ZelDebugDialog::dialog

@@ -56,7 +56,14 @@ bool SessionModel::hasDrafts() const {
 }
 
 bool SessionModel::isModified() const {
-  return !known.differences.empty() || hasDrafts();
+  return hasOpenText || !known.differences.empty() || hasDrafts();
+}
+
+void SessionModel::noteOpenText(bool isThere) {
+  if (isThere == hasOpenText)
+    return;
+  hasOpenText = isThere;
+  emit openTextNoted();
 }
 
 void SessionModel::type(const std::string &setting, const QString &text) {
@@ -110,26 +117,32 @@ void SessionModel::dropDraft(const std::string &setting) {
 }
 
 void SessionModel::reset(const std::vector<std::string> &settings) {
+  takeOpenText();
   endTyping();
   perform([&] { return live.Reset(settings); });
 }
 
 void SessionModel::undo() {
+  takeOpenText();
   endTyping();
   perform([&] { return live.Undo(); });
 }
 
 void SessionModel::redo() {
+  takeOpenText();
   endTyping();
   perform([&] { return live.Redo(); });
 }
 
 void SessionModel::revert() {
+  takeOpenText();
   endTyping();
   perform([&] { return live.Revert(); });
 }
 
 void SessionModel::copyFrom(SessionModel &other) {
+  takeOpenText();
+  other.takeOpenText();
   endTyping();
   perform([&] { return live.CopyFrom(other.live); });
 }

@@ -34,6 +34,12 @@ public:
   bool isModified() const;
   bool hasDrafts() const;
 
+  /// Lets the editor that is open hand over its text. What is done to the whole
+  /// configuration begins with it.
+  void takeOpenText() { emit openTextWanted(); }
+  /// Whether an open editor has a text that is not the session's yet.
+  void noteOpenText(bool isThere);
+
   /// A text as it is typed for a setting.
   void type(const std::string &setting, const QString &text);
   /// The same for the whole command.
@@ -61,6 +67,8 @@ public:
 
 signals:
   void stateChanged();
+  void openTextWanted();
+  void openTextNoted();
   /// What else a change has changed, or why it was refused; may be empty.
   void told(const QString &text, bool isRefusal);
 
@@ -73,7 +81,8 @@ private:
   Board ofBoard;
   Session live;
   SessionState known;
-  std::string typed;         ///< What is being typed for; empty for nothing.
+  std::string typed; ///< What is being typed for; empty for nothing.
+  bool hasOpenText = false;
   SessionState beforeTyping; ///< While something is typed.
   bool typingIsStep = false; ///< Whether undoing takes it back.
 };

@@ -1,6 +1,7 @@
 #include "program/MainWindow.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
@@ -102,24 +103,18 @@ void MainWindow::makeProgress() {
   auto *const bar = new QProgressBar(progress);
   bar->setRange(0, 0);
   bar->setAccessibleName(tr("Reading the design"));
-  auto *const cancel = new QPushButton(tr("Cancel"), progress);
-  connect(cancel, &QPushButton::clicked, this, [this] {
-    loader.cancel();
-    asked = design != nullptr ? design->sources : DesignSources();
-    stack->setCurrentWidget(page != nullptr ? static_cast<QWidget *>(page)
-                                            : welcome);
-    refresh();
-  });
+  auto *const stop = new QPushButton(tr("Cancel"), progress);
+  connect(stop, &QPushButton::clicked, this, &MainWindow::cancel);
   layout->addStretch();
   layout->addWidget(progressText);
   layout->addWidget(bar, 0, Qt::AlignHCenter);
-  layout->addWidget(cancel, 0, Qt::AlignHCenter);
+  layout->addWidget(stop, 0, Qt::AlignHCenter);
   layout->addStretch();
   stack->addWidget(progress);
 }
 
 void MainWindow::makeMissingBanner() {
-  useFound = missing->addAnswer(tr("Take them from &there"));
+  useFound = missing->addAnswer(tr("Take them from t&here"));
   connect(useFound, &QPushButton::clicked, this, [this] {
     DesignSources sources = asked;
     sources.libraryFolders = design->search.folders;
@@ -127,7 +122,7 @@ void MainWindow::makeMissingBanner() {
   });
   connect(missing->addAnswer(tr("Choose a &library folder…")),
           &QPushButton::clicked, this, &MainWindow::askForLibrary);
-  connect(missing->addAnswer(tr("Choose a &kind table…")),
+  connect(missing->addAnswer(tr("Choose a ki&nd table…")),
           &QPushButton::clicked, this, &MainWindow::askForKinds);
 }
 
@@ -160,8 +155,18 @@ void MainWindow::makeMenus() {
 
 // --- Designs -----------------------------------------------------------------
 
-void MainWindow::open(const DesignSources &sources) {
+void MainWindow::open(const DesignSources &sources) { openIn(sources, folder); }
+
+void MainWindow::openIn(const DesignSources &sources,
+                        const std::string &optionFolder) {
+  if (page != nullptr && !page->mayClose())
+    return;
+  ready.reset();
   asked = sources;
+  folder = optionFolder;
+  // What cannot be seen is not to be changed, either.
+  if (pageActions != nullptr)
+    pageActions->setEnabled(false);
   progressText->setText(tr("Reading %1 …").arg(shown(sources.designFile)));
   missing->say(QString());
   stack->setCurrentWidget(progress);
@@ -169,23 +174,54 @@ void MainWindow::open(const DesignSources &sources) {
   refresh();
 }
 
+/// Back to what was there before.
+void MainWindow::cancel() {
+  loader.cancel();
+  ready.reset();
+  asked = design != nullptr ? design->sources : DesignSources();
+  if (design != nullptr)
+    folder = design->folder;
+  if (pageActions != nullptr)
+    pageActions->setEnabled(true);
+  stack->setCurrentWidget(page != nullptr ? static_cast<QWidget *>(page)
+                                          : welcome);
+  if (design != nullptr)
+    showMissing();
+  refresh();
+}
+
 void MainWindow::take(const std::shared_ptr<LoadedDesign> &loaded) {
+  ready = loaded;
+  showReady();
+}
+
+void MainWindow::showReady() {
+  if (ready == nullptr)
+    return;
   // A question that is open belongs to the page.
   if (QApplication::activeModalWidget() != nullptr) {
     constexpr int later = 100; // ms
-    QTimer::singleShot(later, this, [this, loaded] { take(loaded); });
+    QTimer::singleShot(later, this, &MainWindow::showReady);
     return;
   }
   // The page asks its design until it is gone.
   delete page;
   page = nullptr;
-  design = loaded;
+  pageActions = nullptr;
+  design = std::move(ready);
+  ready.reset();
   if (design->board) {
     page = new BoardPage(*design->board, stack);
     stack->addWidget(page);
     stack->setCurrentWidget(page);
     page->setFocus();
     using Operation = BoardPage::Operation;
+    pageActions = new QActionGroup(page);
+    pageActions->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+    for (const Operation one :
+         {Operation::save, Operation::saveAll, Operation::undo, Operation::redo,
+          Operation::revert, Operation::reset, Operation::copy})
+      pageActions->addAction(page->action(one));
     for (const Operation one : {Operation::save, Operation::saveAll})
       fileMenu->insertAction(saveSeparator, page->action(one));
     for (const Operation one :
@@ -254,14 +290,14 @@ void MainWindow::askForDesign() {
   const QString file =
       QFileDialog::getOpenFileName(this, tr("Open a design"), QString(),
                                    tr("Designs (*.xml);;All files (*)"));
-  if (!file.isEmpty() && (page == nullptr || page->mayClose()))
+  if (!file.isEmpty())
     open({bytesOf(file), {}, "", ""});
 }
 
 void MainWindow::askForLibrary() {
   const QString chosen =
       QFileDialog::getExistingDirectory(this, tr("Choose a library folder"));
-  if (chosen.isEmpty() || (page != nullptr && !page->mayClose()))
+  if (chosen.isEmpty())
     return;
   DesignSources sources = asked;
   // Where none is named, the folder of the design is the library.
@@ -275,7 +311,7 @@ void MainWindow::askForLibrary() {
 void MainWindow::askForKinds() {
   const QString chosen =
       QFileDialog::getOpenFileName(this, tr("Choose a kind table"));
-  if (chosen.isEmpty() || (page != nullptr && !page->mayClose()))
+  if (chosen.isEmpty())
     return;
   DesignSources sources = asked;
   sources.kindsFile = bytesOf(chosen);
@@ -285,11 +321,12 @@ void MainWindow::askForKinds() {
 void MainWindow::askForFolder() {
   const QString chosen = QFileDialog::getExistingDirectory(
       this, tr("Folder of the option files"), shown(folder));
-  if (chosen.isEmpty() || (page != nullptr && !page->mayClose()))
+  if (chosen.isEmpty())
     return;
-  folder = bytesOf(chosen);
-  if (!asked.designFile.empty())
-    open(asked);
+  if (asked.designFile.empty())
+    folder = bytesOf(chosen);
+  else
+    openIn(asked, bytesOf(chosen));
   refresh();
 }
 
@@ -314,8 +351,7 @@ void MainWindow::fillRecent() {
   for (const QString &file : recent)
     connect(recentMenu->addAction(file), &QAction::triggered, this,
             [this, file] {
-              if (page == nullptr || page->mayClose())
-                open({bytesOf(file), {}, "", ""});
+              open({bytesOf(file), {}, "", ""});
             });
   recentMenu->setEnabled(!recent.isEmpty());
 }
@@ -343,8 +379,7 @@ void MainWindow::dropEvent(QDropEvent *event) {
   if (file.isEmpty())
     return;
   event->acceptProposedAction();
-  if (page == nullptr || page->mayClose())
-    open({bytesOf(file), {}, "", ""});
+  open({bytesOf(file), {}, "", ""});
 }
 
 } // namespace ZelDebugDialog::dialog

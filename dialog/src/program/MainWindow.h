@@ -9,6 +9,7 @@
 
 #include "program/DesignLoader.h"
 
+class QActionGroup;
 class QDockWidget;
 class QLabel;
 class QMenu;
@@ -36,6 +37,7 @@ public:
   MainWindow &operator=(const MainWindow &) = delete;
   ~MainWindow() override;
 
+  /// Reads a design, unless the person wants to keep what is not saved yet.
   void open(const DesignSources &sources);
   /// The board that is open; null for none.
   BoardPage *board() const { return page; }
@@ -59,14 +61,19 @@ private:
   void askForLibrary();
   void askForKinds();
   void askForFolder();
+  void openIn(const DesignSources &sources, const std::string &optionFolder);
+  void cancel();
   void take(const std::shared_ptr<LoadedDesign> &loaded);
+  void showReady();
   void showMissing();
   void refresh();
 
-  std::string folder;
+  std::string folder; ///< Of what is being read, or was last.
   DesignLoader loader;
   std::shared_ptr<LoadedDesign> design; ///< Outlives `page`.
+  std::shared_ptr<LoadedDesign> ready;  ///< Is shown as soon as it can be.
   BoardPage *page = nullptr;
+  QActionGroup *pageActions = nullptr; ///< The page's; goes with it.
   QStackedWidget *stack;
   QLabel *welcome;
   QWidget *progress = nullptr;
