@@ -246,7 +246,7 @@ private:
         state.differences.size() != shown.differences.size() ||
         state.changedOnDisk != shown.changedOnDisk)
       return "the model is not the session";
-    const std::string unlike = readBack(*model);
+    std::string unlike = readBack(*model);
     if (!unlike.empty())
       return unlike;
     auto *const line = scene.page().findChild<dialog::CommandEdit *>();
