@@ -161,12 +161,12 @@ QWidget *ChainEditor::field() { return table; }
 
 void ChainEditor::follow(QLineEdit &editor, const QString &before) {
   editing = &editor;
-  connect(&editor, &QLineEdit::textEdited, this,
+  connect(&editor, &QLineEdit::textEdited, &follows,
           [this, before](const QString &text) {
             model.noteOpenText(text != before);
           });
   // Also where its row is taken away.
-  connect(&editor, &QObject::destroyed, this, [this] {
+  connect(&editor, &QObject::destroyed, &follows, [this] {
     if (editing == nullptr)
       model.noteOpenText(false);
   });

@@ -55,6 +55,7 @@ private:
   std::vector<const SettingInfo *> fields;
   QTableWidget *table;
   QPointer<QLineEdit> editing; ///< The editor that is open.
+  QObject follows;             ///< What a cell tells; ends before the cells do.
   QPushButton *removeButton;
   QPushButton *upButton;
   QPushButton *downButton;
