@@ -15,7 +15,6 @@ namespace {
 using fuzz::require;
 using fuzz::requireSame;
 using ZelDebugDialog::protocol::BrokenFrame;
-using ZelDebugDialog::protocol::Frame;
 using ZelDebugDialog::protocol::framed;
 using ZelDebugDialog::protocol::FrameReader;
 
