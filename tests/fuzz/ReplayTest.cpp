@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "fuzz/Mutator.h"
+#include "fuzz/Replayed.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data,
                                       std::size_t size);
@@ -33,15 +34,15 @@ constexpr unsigned seed = 20261121;
 std::vector<fs::path> inputs() {
   std::vector<fs::path> files;
   std::error_code error;
-  for (const auto &entry : fs::directory_iterator(CORPUS, error))
+  for (const auto &entry : fs::directory_iterator(fuzz::replayed.corpus, error))
     files.push_back(entry.path());
   std::sort(files.begin(), files.end());
   return files;
 }
 
 TEST(Corpus, IsThere) {
-  EXPECT_GE(inputs().size(), fewestInputs) << CORPUS;
-  EXPECT_LE(inputs().size(), mostInputs) << CORPUS;
+  EXPECT_GE(inputs().size(), fewestInputs) << fuzz::replayed.corpus;
+  EXPECT_LE(inputs().size(), mostInputs) << fuzz::replayed.corpus;
 }
 
 class Replay : public testing::TestWithParam<fs::path> {};
@@ -72,13 +73,14 @@ INSTANTIATE_TEST_SUITE_P(Corpus, Replay, testing::ValuesIn(inputs()),
 TEST(Changed, Holds) {
   const bool hasLittleTime =
       std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") != nullptr;
-  const int runs = hasLittleTime ? CHANGED_RUNS / 20 : CHANGED_RUNS;
+  const int runs = hasLittleTime ? fuzz::replayed.changedRuns / 20
+                                 : fuzz::replayed.changedRuns;
   std::vector<std::string> all;
   for (const fs::path &path : inputs())
     all.push_back(contentOf(path));
   ASSERT_FALSE(all.empty());
-  const fs::path kept =
-      fs::path(testing::TempDir()) / (FUZZER + std::string("-changed"));
+  const fs::path kept = fs::path(testing::TempDir()) /
+                        (fuzz::replayed.fuzzer + std::string("-changed"));
   std::cout << "each input: " << kept << std::endl;
   fuzz::Mutator mutator(all, seed);
   for (int run = 0; run < runs; ++run) {
