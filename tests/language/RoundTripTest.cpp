@@ -34,7 +34,7 @@ using ZelDebugDialog::ProcessorInfo;
 constexpr std::uint64_t kSeed = 20260419;
 // Who runs the tests a thousand times, to try changes of the engine, says so.
 const std::size_t kCases =
-    std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") == nullptr ? 100000 : 20000;
+    std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") == nullptr ? 100000 : 10000;
 constexpr std::size_t kFileCases = 2000;
 constexpr std::size_t kWholeFiles = 20;
 constexpr int kShownFailures = 10;
