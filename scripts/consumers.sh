@@ -113,13 +113,15 @@ nothing_installed() {
   fi
 }
 
-# The engine against a vendor's headers and library in place of our own.
+# The engine and the models against a vendor's headers and library in place of
+# our own. What stands on the models alone sees neither.
 vendor_consumer() {
   local library=$scratch/vendor/libVendorPlatform.so
   say "-- a vendor's platform: $CXX, C++$CXX_STANDARD"
   build vendor "$vendor"
   build vendor-engine "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER=ON \
     -DCMAKE_INSTALL_PREFIX="$scratch/vendor-prefix" \
+    -DZELDEBUGDIALOG_TOOL=OFF -DZELDEBUGDIALOG_C_INTERFACE=OFF -DZELDEBUGDIALOG_DIALOG=OFF \
     -DZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR="$vendor/include" \
     -DZELDEBUGDIALOG_PLATFORM_LIBRARIES="$library"
   quietly cmake --install "$scratch/vendor-engine"
