@@ -6,6 +6,7 @@
 #include <ZelDebugDialog/ConfigurationModel/Board.h>
 #include <fmt/format.h>
 
+#include "documents/Designs.h"
 #include "output/Table.h"
 #include "subcommands/Wiring.h"
 
@@ -14,25 +15,11 @@ namespace zeldebug {
 namespace {
 
 using ZelDebugDialog::DesignComponent;
-using ZelDebugDialog::DesignDiagnostic;
 using ZelDebugDialog::DesignInstance;
 using ZelDebugDialog::DesignInterface;
 using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignPort;
-
-using Severity = DesignDiagnostic::Severity;
-
-const char *shownSeverity(Severity severity) {
-  switch (severity) {
-  case Severity::error:
-    return "error";
-  case Severity::warning:
-    return "warning";
-  case Severity::note:
-    break;
-  }
-  return "note";
-}
+using ZelDebugDialog::documents::diagnosticsJson;
 
 std::vector<std::string> processorsOf(DesignModel &design) {
   std::vector<std::string> names;
@@ -175,7 +162,7 @@ Json designJson(DesignModel &design) {
                {"debugModules", Json::array()},
                {"instances", Json::array()},
                {"peripherals", Json::object()},
-               {"diagnostics", Json::array()}};
+               {"diagnostics", diagnosticsJson(design)}};
   for (const std::string &module : modulesOf(design))
     members["debugModules"].push_back(
         {{"name", module},
@@ -185,12 +172,6 @@ Json designJson(DesignModel &design) {
     members["instances"].push_back(instanceJson(design, wiring, at));
   for (const std::string &processor : processorsOf(design))
     members["peripherals"][processor] = peripheralsOf(design, processor);
-  for (const DesignDiagnostic &diagnostic : design.Diagnostics())
-    members["diagnostics"].push_back(
-        {{"file", diagnostic.file},
-         {"line", diagnostic.line},
-         {"severity", shownSeverity(diagnostic.severity)},
-         {"message", diagnostic.message}});
   return members;
 }
 
