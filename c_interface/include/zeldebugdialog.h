@@ -45,10 +45,12 @@ extern "C" {
 /* What became of a call. */
 typedef enum zdd_status {
   ZDD_OK = 0,
-  ZDD_NO_ANSWER = 1, /* it was a notification, and has been done */
-  ZDD_NULL_POINTER =
-      2,            /* an argument that may not be null is; nothing is done */
-  ZDD_NO_MEMORY = 3 /* nothing is given; a request may have been done */
+  /* It was a notification, and has been done. */
+  ZDD_NO_ANSWER = 1,
+  /* An argument that may not be null is; nothing is done. */
+  ZDD_NULL_POINTER = 2,
+  /* Nothing is given; a request may have been done. */
+  ZDD_NO_MEMORY = 3
 } zdd_status;
 
 /* What one client has open. */
