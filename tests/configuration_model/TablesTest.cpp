@@ -203,6 +203,17 @@ TEST(Tables, OfTheWordsForARefusal) {
     EXPECT_EQ(ShowKind(static_cast<RefusalKind>(at)), words[at]);
 }
 
+TEST(Tables, OfTheRefusalsThatForcePassesOver) {
+  Lines forced;
+  for (int kind = 0; kind <= static_cast<int>(RefusalKind::fileExists); ++kind)
+    if (CanBeForced(static_cast<RefusalKind>(kind)))
+      forced.emplace_back(ShowKind(static_cast<RefusalKind>(kind)));
+  const Lines all = {"unreadable", "would-be-lost", "changed-on-disk",
+                     "read-only"};
+  EXPECT_EQ(forced, all);
+  EXPECT_FALSE(CanBeForced(static_cast<RefusalKind>(99)));
+}
+
 TEST(Tables, OfTheWordsForAKindOfSetting) {
   const Lines words = {"flag", "number", "address", "frequency", "text",
                        "file", "word",   "chain",   ""};

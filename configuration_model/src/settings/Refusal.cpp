@@ -9,12 +9,13 @@ namespace ZelDebugDialog {
 
 namespace {
 
-struct KindWord {
+struct KindRow {
   RefusalKind kind;
   const char *word;
+  bool canBeForced = false;
 };
 
-constexpr std::array<KindWord, 20> kindWords{{
+constexpr std::array<KindRow, 20> kinds{{
     {RefusalKind::unknownProcessor, "unknown-processor"},
     {RefusalKind::notDebuggable, "not-debuggable"},
     {RefusalKind::unknownSetting, "unknown-setting"},
@@ -25,10 +26,10 @@ constexpr std::array<KindWord, 20> kindWords{{
     {RefusalKind::badCommand, "bad-command"},
     {RefusalKind::nothingToUndo, "nothing-to-undo"},
     {RefusalKind::nothingToRedo, "nothing-to-redo"},
-    {RefusalKind::unreadable, "unreadable"},
-    {RefusalKind::wouldBeLost, "would-be-lost"},
-    {RefusalKind::changedOnDisk, "changed-on-disk"},
-    {RefusalKind::readOnly, "read-only"},
+    {RefusalKind::unreadable, "unreadable", true},
+    {RefusalKind::wouldBeLost, "would-be-lost", true},
+    {RefusalKind::changedOnDisk, "changed-on-disk", true},
+    {RefusalKind::readOnly, "read-only", true},
     {RefusalKind::draft, "draft"},
     {RefusalKind::noCommand, "no-command"},
     {RefusalKind::noRegularFile, "no-regular-file"},
@@ -36,13 +37,18 @@ constexpr std::array<KindWord, 20> kindWords{{
     {RefusalKind::fileSystem, "file-system"},
     {RefusalKind::fileExists, "file-exists"},
 }};
-static_assert(model::isInOrder(kindWords, &KindWord::kind));
+static_assert(model::isInOrder(kinds, &KindRow::kind));
 
 } // namespace
 
 const char *ShowKind(RefusalKind kind) {
-  const KindWord *const row = model::rowOf(kindWords, kind);
+  const KindRow *const row = model::rowOf(kinds, kind);
   return row == nullptr ? "" : row->word;
+}
+
+bool CanBeForced(RefusalKind kind) {
+  const KindRow *const row = model::rowOf(kinds, kind);
+  return row != nullptr && row->canBeForced;
 }
 
 Refusal::Refusal(RefusalKind refusalKind, const std::string &subject,

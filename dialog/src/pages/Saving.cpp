@@ -1,7 +1,6 @@
 #include "pages/Saving.h"
 
 #include <algorithm>
-#include <array>
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -22,16 +21,6 @@ namespace {
 
 QString said(const char *text) {
   return QCoreApplication::translate("Saving", text);
-}
-
-/// The refusals that a person may overrule.
-constexpr std::array<RefusalKind, 4> overruled{
-    RefusalKind::wouldBeLost, RefusalKind::unreadable,
-    RefusalKind::changedOnDisk, RefusalKind::readOnly};
-
-bool canBeOverruled(const Refusal &refusal) {
-  return std::find(overruled.begin(), overruled.end(), refusal.kind) !=
-         overruled.end();
 }
 
 /// What a person is to agree to before one configuration is saved.
@@ -86,7 +75,7 @@ bool isForFolder(const Refusal &refusal) {
 }
 
 bool isFinal(const Refusal &refusal) {
-  return !canBeOverruled(refusal) && !isForFolder(refusal);
+  return !CanBeForced(refusal.kind) && !isForFolder(refusal);
 }
 
 /// "cpu0: why", a line each.
@@ -125,7 +114,7 @@ Doubts doubtsOf(SessionModel &model, const SaveOutcome &outcome) {
   const SessionState &state = model.state();
   const QString processor = shown(state.processor);
   Doubts doubts;
-  doubts.isRefused = outcome.refusal && canBeOverruled(*outcome.refusal);
+  doubts.isRefused = outcome.refusal && CanBeForced(outcome.refusal->kind);
   const bool isWritten = !state.differences.empty() || !state.problem.empty();
   if (!state.losses.empty() && (doubts.isRefused || isWritten))
     doubts.sentences.append(lossSentence(state));

@@ -48,6 +48,10 @@ enum class RefusalKind : std::uint8_t {
 /// The stable word for it: "unknown-setting", "bad-value", ...
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const char *ShowKind(RefusalKind kind);
 
+/// Whether saving passes over it with `SaveOptions::force`, where a person
+/// agrees to what is lost or replaced.
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API bool CanBeForced(RefusalKind kind);
+
 /// One refusal. Fields that do not apply are empty.
 class ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Refusal
     : public std::runtime_error {
