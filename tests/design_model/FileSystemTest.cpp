@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "Reading.h"
@@ -95,6 +96,23 @@ TEST_F(FileSystem, HoldsFilesOfABoundedSize) {
   EXPECT_FALSE(read(file));
   EXPECT_THAT(reading.diagnostics(),
               ElementsAre(EndsWith(":0: it is larger than 1024 MiB")));
+}
+
+/// A root may read whatever is there, but not without a descriptor.
+TEST_F(FileSystem, HoldsFilesThatCannotBeOpened) {
+  const std::string file = write("top.xml", top);
+  rlimit before = {};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+  rlimit none = before;
+  none.rlim_cur = 0;
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+  std::string text;
+  const std::string fault =
+      FileSystemSource().read(file, DocumentSource::whole, text);
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+  EXPECT_EQ(fault, "it can not be read");
+  EXPECT_EQ(FileSystemSource().read(file, DocumentSource::whole, text), "");
+  EXPECT_EQ(text, top);
 }
 
 /// Nulls take no room on the disk, blanks are most of some real files.

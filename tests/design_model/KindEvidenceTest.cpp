@@ -181,6 +181,33 @@ TEST(KindEvidence, OfACoreIsAWordOfItsName) {
   }
 }
 
+/// By its own name or by that of its bus, whatever else the word holds.
+TEST(KindEvidence, OfADebugInterfaceIsAWordThatHoldsDebug) {
+  const struct {
+    const char *name;
+    const char *bus;
+    bool isOne;
+  } rows[] = {
+      {"dbg", "link", true},     {"debug", "link", true},
+      {"sysdbgx", "link", true}, {"sysdebugx", "link", true},
+      {"p", "own_debug", true},  {"p", "dbg_link", true},
+      {"DEBUG", "link", true},   {"p", "link", false},
+      {"dbug", "link", false},   {"d_b_g", "link", false},
+      {"jtag", "link", false},   {"debug", "clock", false},
+      {"debug", "reset", false},
+  };
+  for (const auto &row : rows) {
+    const Proposing found(
+        {{"x.xml", part("own_core", bus + port(row.name, row.bus, "slave"))},
+         {"y.xml", part("y", answers)},
+         {"top.xml", design("d", instance("x", "own_core") + instance("y", "y"),
+                            connection("w", {"x.bus", "y.p"}))}});
+    const Names expected{"processor proposed own_core lumacore"};
+    EXPECT_EQ(found.candidates(), row.isOne ? expected : Names())
+        << row.name << " on " << row.bus;
+  }
+}
+
 // --- Debug modules -----------------------------------------------------------
 
 TEST(KindEvidence, OfADebugModuleThatIsKnownIsHow) {

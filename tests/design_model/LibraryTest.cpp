@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "MemorySource.h"
 #include "Reading.h"
+#include "elaboration/ReadDesignFrom.h"
 
 namespace ZelDebugDialog {
 namespace {
@@ -214,6 +216,35 @@ TEST(Library, FindsIdentitiesInLargeFiles) {
                            {});
     ASSERT_EQ(markOf(cut), "cut") << length;
   }
+}
+
+/// Notes how much of a file is read.
+class CountingSource : public MemorySource {
+public:
+  std::string read(const std::string &path, std::size_t most,
+                   std::string &text) const override {
+    std::string fault = MemorySource::read(path, most, text);
+    bytes[path].push_back(text.size());
+    return fault;
+  }
+  mutable std::map<std::string, std::vector<std::size_t>> bytes;
+};
+
+/// Of what a design does not need, the beginning tells what it is.
+TEST(Library, ReadsSixteenKilobytesOfWhatIsNotNeeded) {
+  constexpr std::size_t head = 16384;
+  std::string other = component("other", "", parameters(parameter("P", "1")));
+  other.insert(other.find("</ipxact:component>"), 5 * head, ' ');
+  CountingSource source;
+  const std::string text = marked("t");
+  source.files = {{"top.xml", top}, {"a.xml", text}, {"o.xml", other}};
+  DesignSources sources;
+  sources.designFile = "top.xml";
+  DesignModel model;
+  EXPECT_TRUE(readDesignFrom(source, sources, limitsOf(1), model));
+  EXPECT_THAT(model.Diagnostics(), IsEmpty());
+  EXPECT_THAT(source.bytes["o.xml"], ElementsAre(head));
+  EXPECT_THAT(source.bytes["a.xml"], ElementsAre(text.size(), text.size()));
 }
 
 TEST(Catalog, SaysWhereFilesAre) {
