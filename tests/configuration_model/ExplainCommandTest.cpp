@@ -87,6 +87,11 @@ TEST(ExplainCommand, SaysWhyWhereTheEngineSaysNothing) {
   EXPECT_EQ(ExplainCommand("connect lc hdu -").refusal,
             "column 16: '-' is a lone '-'");
   EXPECT_EQ(ExplainCommand("connect lc hdu").refusal, "");
+  // A command is more than a line of an option file.
+  EXPECT_EQ(ExplainCommand("kconnect lc hdu -").refusal,
+            "column 17: '-' is a lone '-'");
+  EXPECT_EQ(ExplainCommand("connect hdu -").refusal,
+            "column 13: '-' is a lone '-'");
 }
 
 } // namespace

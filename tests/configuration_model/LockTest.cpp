@@ -1,7 +1,12 @@
 // Programs that save one file at once: each has it alone.
+#include <filesystem>
+#include <future>
 #include <string>
+#include <system_error>
 #include <vector>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -131,6 +136,40 @@ TEST_F(LockTest, AnotherThatSavesWaits) {
               testing::StartsWith("changed-on-disk"));
   EXPECT_EQ(statusOf(child), 0);
   EXPECT_EQ(open().Get("debugDevice"), Value(7));
+}
+
+/// How many descriptors of this program lead to a file.
+int descriptorsOf(const std::filesystem::path &file) {
+  int count = 0;
+  for (const auto &entry :
+       std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code gone;
+    if (std::filesystem::read_symlink(entry.path(), gone) == file)
+      ++count;
+  }
+  return count;
+}
+
+/// Whoever has waited holds what lies under the name then, not what has been
+/// taken away meanwhile.
+TEST_F(LockTest, WhoHasWaitedTakesALockThatLiesThere) {
+  const std::string name = ".kvo_lc.opt.lock";
+  const std::filesystem::path file =
+      std::filesystem::canonical(work.path() / "etc") / name;
+  const int held = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  ASSERT_GE(held, 0);
+  ASSERT_EQ(flock(held, LOCK_EX), 0);
+  std::future<std::vector<std::string>> waiting =
+      std::async(std::launch::async, [this] {
+        const Session session(board, "lc", Session::Hold::untilSaved);
+        return names();
+      });
+  while (descriptorsOf(file) < 2)
+    usleep(1000);
+  EXPECT_EQ(unlink(file.c_str()), 0);
+  EXPECT_EQ(close(held), 0);
+  EXPECT_THAT(waiting.get(), ElementsAre(name));
+  EXPECT_THAT(names(), testing::IsEmpty());
 }
 
 TEST_F(LockTest, FoldersThatLinkToOneFileHaveOneLock) {

@@ -186,6 +186,12 @@ TEST_F(SaveTest, AFileThatCannotBeReadIsRefusedUnlessForced) {
       {"vpconnect lc",
        "the command is refused: column 11: 'lc' is a connection that the "
        "processor does not allow"},
+      {"kconnect lc hdu",
+       "the command is refused: column 1: 'kconnect' is not taken in an option "
+       "file; accepted are 'connect', 'vpconnect'"},
+      {"connect hdu",
+       "the command is refused: column 9: 'hdu' is not taken in an option "
+       "file; accepted are 'lc', 'ppc', 'arm', 'r5'"},
       {"\xFF\xFE\n",
        "the command is refused: column 1: '\\xff\\xfe' is no head word"},
   };
