@@ -69,6 +69,7 @@ TEST(ExplainCommand, KnowsDevicesAndWhatWasDropped) {
 TEST(ExplainCommand, StopsAtTheFirstFaultAndSaysWhy) {
   const ExplainedCommand explained =
       ExplainCommand("connect lc hdu -foo -debugdevice devicenr 1");
+  EXPECT_EQ(explained.text, "connect lc hdu -foo -debugdevice devicenr 1");
   EXPECT_FALSE(explained.accepted);
   EXPECT_EQ(explained.result, 3);
   EXPECT_EQ(explained.error, "UNKNOWN Option '-foo'");

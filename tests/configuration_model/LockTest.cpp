@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 
 #include "configuration_model/ModelTest.h"
+#include "files/FileLock.h"
 
 namespace {
 
@@ -136,6 +137,22 @@ TEST_F(LockTest, AnotherThatSavesWaits) {
               testing::StartsWith("changed-on-disk"));
   EXPECT_EQ(statusOf(child), 0);
   EXPECT_EQ(open().Get("debugDevice"), Value(7));
+}
+
+/// No file system takes a name of more than 255 bytes.
+TEST_F(LockTest, WhatLiesBesideAFileHasAShortName) {
+  for (const std::size_t size : {1, 239, 240}) {
+    const std::string name(size, 'a');
+    EXPECT_EQ(model::besideFile("x/" + name, ".lock"), "x/." + name + ".lock");
+  }
+  const std::string front(220, 'a');
+  const std::string long1 = front + std::string(20, 'a') + "b";
+  const std::string long2 = front + std::string(20, 'a') + "c";
+  const std::string name = model::besideFile("x/" + long1, ".lock").filename();
+  EXPECT_EQ(name.substr(0, 222), "." + front + "~");
+  EXPECT_LE(name.size(), 255U);
+  EXPECT_EQ(name.substr(name.size() - 5), ".lock");
+  EXPECT_NE(name, model::besideFile("x/" + long2, ".lock").filename());
 }
 
 /// How many descriptors of this program lead to a file.

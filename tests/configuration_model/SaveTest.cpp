@@ -393,6 +393,19 @@ TEST_F(SaveTest, ADryRunTouchesNothing) {
               testing::StartsWith("changed-on-disk"));
 }
 
+/// Where the file has it already, saving makes it the place of a setting.
+TEST_F(SaveTest, ADryRunNotesNoPlaces) {
+  Session session = openWith(command3);
+  const std::string place = "file:38";
+  EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, place);
+  session.Change({{"debugDevice", 4}});
+  session.Change({{"debugDevice", 3}});
+  EXPECT_TRUE(session.Save(dryRun()).unchanged);
+  EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, "changed");
+  EXPECT_TRUE(session.Save().unchanged);
+  EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, place);
+}
+
 TEST_F(SaveTest, AFullDiskLeavesTheFileAsItWas) {
   Session session = openWith(byDefault);
   session.Change({{"debugDevice", 3}});

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -151,6 +152,15 @@ TEST_F(FileSystem, SaysWhyAFolderCannotBeSearched) {
   EXPECT_EQ(FileSystemSource().list(file, files),
             "it can not be searched: Not a directory");
   EXPECT_THAT(files, IsEmpty());
+}
+
+/// Whatever has failed before.
+TEST_F(FileSystem, CanBeSearchedBehindAnError) {
+  const std::string file = write("top.xml", top);
+  Names files;
+  errno = EIO;
+  EXPECT_EQ(FileSystemSource().list(folder.string(), files), "");
+  EXPECT_THAT(files, ElementsAre(file));
 }
 
 TEST(Paths, AreSeenFromAFolder) {

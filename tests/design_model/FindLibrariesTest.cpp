@@ -266,6 +266,22 @@ TEST_F(FindLibraries, KnowsALargeDocumentByItsBeginning) {
   }
 }
 
+/// The identity ends with the first sixteen kilobytes, or a byte behind.
+TEST_F(FindLibraries, LooksAtSixteenKilobytesOfADocument) {
+  folder.write("soc/top.xml", design("top", instance("cpu", "cpu")));
+  const std::string text = component("cpu", parameters(parameter("P", "1")));
+  const std::string end = "</ipxact:version>";
+  const std::size_t identity = text.find(end) + end.size();
+  const std::string missing = "component x:y:cpu:1";
+  for (const std::size_t size : {16384, 16385}) {
+    const std::string front(size - identity - 7, ' ');
+    folder.write("ip/a.xml",
+                 "<!--" + front + "-->" + text + std::string(16384, '\n'));
+    EXPECT_EQ(linesOf(search("soc/top.xml", {}, {1, 1000, 1000}).missing),
+              size == 16384 ? Names() : Names{missing});
+  }
+}
+
 TEST_F(FindLibraries, LooksIntoNothingHidden) {
   folder.write(".cache/a.xml", component("cpu", ""));
   folder.write("ip/ram.xml", component("ram", ""));

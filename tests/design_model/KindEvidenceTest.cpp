@@ -379,6 +379,23 @@ TEST(KindEvidence, NamesWhatIsWiredToAProcessorWithoutADebugModule) {
                           "does not look like one"));
 }
 
+TEST(KindEvidence, ListsFiveNamesInASentence) {
+  const struct {
+    Names names;
+    const char *text;
+  } rows[] = {
+      {{}, ""},
+      {{"a"}, "'a'"},
+      {{"a", "b"}, "'a' and 'b'"},
+      {{"a", "b", "c"}, "'a', 'b' and 'c'"},
+      {{"a", "b", "c", "d", "e"}, "'a', 'b', 'c', 'd' and 'e'"},
+      {{"a", "b", "c", "d", "e", "f"}, "'a', 'b', 'c', 'd' and 2 more"},
+      {{"a", "b", "c", "d", "e", "f", "g"}, "'a', 'b', 'c', 'd' and 3 more"},
+  };
+  for (const auto &row : rows)
+    EXPECT_EQ(listed(row.names), row.text);
+}
+
 TEST(KindEvidence, AsksOfEightProcessorsAndCountsTheRest) {
   const auto questionsFor = [](int count) {
     std::string instances;
