@@ -379,23 +379,6 @@ TEST(KindEvidence, NamesWhatIsWiredToAProcessorWithoutADebugModule) {
                           "does not look like one"));
 }
 
-TEST(KindEvidence, ListsFiveNamesInASentence) {
-  const struct {
-    Names names;
-    const char *text;
-  } rows[] = {
-      {{}, ""},
-      {{"a"}, "'a'"},
-      {{"a", "b"}, "'a' and 'b'"},
-      {{"a", "b", "c"}, "'a', 'b' and 'c'"},
-      {{"a", "b", "c", "d", "e"}, "'a', 'b', 'c', 'd' and 'e'"},
-      {{"a", "b", "c", "d", "e", "f"}, "'a', 'b', 'c', 'd' and 2 more"},
-      {{"a", "b", "c", "d", "e", "f", "g"}, "'a', 'b', 'c', 'd' and 3 more"},
-  };
-  for (const auto &row : rows)
-    EXPECT_EQ(listed(row.names), row.text);
-}
-
 TEST(KindEvidence, AsksOfEightProcessorsAndCountsTheRest) {
   const auto questionsFor = [](int count) {
     std::string instances;
@@ -540,6 +523,26 @@ TEST(KindEvidence, OfAPeripheralThatATableKnows) {
                          "x:y:mine:1 other emc_ctl_cedar\n");
   EXPECT_THAT(memory.named("mine").evidence,
               ElementsAre("a kind table lets it play 'emc_ctl_cedar'"));
+}
+
+/// Whatever its name.
+TEST(KindEvidence, OfAPeripheralIsNotOfWhatIsSettledOrHandsOn) {
+  const auto othersOf = [](const Files &files, const std::string &kinds = "") {
+    Names others;
+    for (const std::string &candidate : Proposing(files, kinds).candidates())
+      if (candidate.rfind("processor", 0) != 0)
+        others.push_back(candidate);
+    return others;
+  };
+  for (const std::string name : {"own_uart", "own_ram"}) {
+    EXPECT_THAT(othersOf(reaching(name, answers + bus)), SizeIs(1)) << name;
+    EXPECT_THAT(othersOf(reaching(name, answers + bus),
+                         "x:y:" + name + ":1 other thing\n"),
+                IsEmpty())
+        << name;
+    EXPECT_THAT(othersOf(reaching(name, bridge("p", "bus") + bus)), IsEmpty())
+        << name;
+  }
 }
 
 TEST(KindEvidence, AsksWhoReachesAPeripheral) {
