@@ -102,15 +102,28 @@ TEST(CompleteCommand, NamesThePieceThatAWordTakesThePlaceOf) {
 }
 
 TEST(CompleteCommand, SaysWhatAWordIsFor) {
-  EXPECT_EQ(complete("connect lc hd|").words[0].label, "Hardware");
-  EXPECT_EQ(complete("connect lc hdu -debugdevice devicen|").words[0].label,
-            "Debug device");
-  EXPECT_EQ(complete("connect lc hdu -bsc|").words[0].label,
-            "Boundary-scan register");
-  EXPECT_EQ(complete("connect lc hdu -cable type quorla_podusb frequency 3|")
-                .words[0]
-                .label,
-            "3 MHz");
+  const struct {
+    const char *text;
+    const char *label;
+  } rows[] = {
+      {"connec|", "head"},
+      {"connect l|", "target"},
+      {"connect lc si|", "Simulator"},
+      {"connect lc hd|", "Hardware"},
+      {"connect lc st|", "Stub over a serial line"},
+      {"connect lc hdu -bsc|", "Boundary-scan register"},
+      {"connect lc hdu -quie|", "option"},
+      {"connect lc hdu -debugdevice devicen|", "Debug device"},
+      {"connect lc hdu -bscan USER1|", "Boundary-scan register"},
+      {"connect lc hdu -cable type quorla_podu|", "Cable, Port"},
+      {"connect lc hdu -cable type quorla_podusb frequency 3|", "3 MHz"},
+      {"connect lc stub -comm seria|", "Stub type"},
+  };
+  for (const auto &row : rows) {
+    const CommandCompletion found = complete(row.text);
+    ASSERT_FALSE(found.words.empty()) << row.text;
+    EXPECT_EQ(found.words[0].label, row.label) << row.text;
+  }
 }
 
 /// What is offered is what the readers take: no offered word makes a command

@@ -69,6 +69,7 @@ TEST(ExplainCommand, KnowsDevicesAndWhatWasDropped) {
 TEST(ExplainCommand, StopsAtTheFirstFaultAndSaysWhy) {
   const ExplainedCommand explained =
       ExplainCommand("connect lc hdu -foo -debugdevice devicenr 1");
+  EXPECT_EQ(explained.text, "connect lc hdu -foo -debugdevice devicenr 1");
   EXPECT_FALSE(explained.accepted);
   EXPECT_EQ(explained.result, 3);
   EXPECT_EQ(explained.error, "UNKNOWN Option '-foo'");
@@ -87,6 +88,11 @@ TEST(ExplainCommand, SaysWhyWhereTheEngineSaysNothing) {
   EXPECT_EQ(ExplainCommand("connect lc hdu -").refusal,
             "column 16: '-' is a lone '-'");
   EXPECT_EQ(ExplainCommand("connect lc hdu").refusal, "");
+  // A command is more than a line of an option file.
+  EXPECT_EQ(ExplainCommand("kconnect lc hdu -").refusal,
+            "column 17: '-' is a lone '-'");
+  EXPECT_EQ(ExplainCommand("connect hdu -").refusal,
+            "column 13: '-' is a lone '-'");
 }
 
 } // namespace

@@ -1,13 +1,19 @@
 // Programs that save one file at once: each has it alone.
+#include <filesystem>
+#include <future>
 #include <string>
+#include <system_error>
 #include <vector>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <gmock/gmock.h>
 
 #include "configuration_model/ModelTest.h"
+#include "files/FileLock.h"
 
 namespace {
 
@@ -131,6 +137,56 @@ TEST_F(LockTest, AnotherThatSavesWaits) {
               testing::StartsWith("changed-on-disk"));
   EXPECT_EQ(statusOf(child), 0);
   EXPECT_EQ(open().Get("debugDevice"), Value(7));
+}
+
+/// No file system takes a name of more than 255 bytes.
+TEST_F(LockTest, WhatLiesBesideAFileHasAShortName) {
+  for (const std::size_t size : {1, 239, 240}) {
+    const std::string name(size, 'a');
+    EXPECT_EQ(model::besideFile("x/" + name, ".lock"), "x/." + name + ".lock");
+  }
+  const std::string front(220, 'a');
+  const std::string long1 = front + std::string(20, 'a') + "b";
+  const std::string long2 = front + std::string(20, 'a') + "c";
+  const std::string name = model::besideFile("x/" + long1, ".lock").filename();
+  EXPECT_EQ(name.substr(0, 222), "." + front + "~");
+  EXPECT_LE(name.size(), 255U);
+  EXPECT_EQ(name.substr(name.size() - 5), ".lock");
+  EXPECT_NE(name, model::besideFile("x/" + long2, ".lock").filename());
+}
+
+/// How many descriptors of this program lead to a file.
+int descriptorsOf(const std::filesystem::path &file) {
+  int count = 0;
+  for (const auto &entry :
+       std::filesystem::directory_iterator("/proc/self/fd")) {
+    std::error_code gone;
+    if (std::filesystem::read_symlink(entry.path(), gone) == file)
+      ++count;
+  }
+  return count;
+}
+
+/// Whoever has waited holds what lies under the name then, not what has been
+/// taken away meanwhile.
+TEST_F(LockTest, WhoHasWaitedTakesALockThatLiesThere) {
+  const std::string name = ".kvo_lc.opt.lock";
+  const std::filesystem::path file =
+      std::filesystem::canonical(work.path() / "etc") / name;
+  const int held = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  ASSERT_GE(held, 0);
+  ASSERT_EQ(flock(held, LOCK_EX), 0);
+  std::future<std::vector<std::string>> waiting =
+      std::async(std::launch::async, [this] {
+        const Session session(board, "lc", Session::Hold::untilSaved);
+        return names();
+      });
+  while (descriptorsOf(file) < 2)
+    usleep(1000);
+  EXPECT_EQ(unlink(file.c_str()), 0);
+  EXPECT_EQ(close(held), 0);
+  EXPECT_THAT(waiting.get(), ElementsAre(name));
+  EXPECT_THAT(names(), testing::IsEmpty());
 }
 
 TEST_F(LockTest, FoldersThatLinkToOneFileHaveOneLock) {

@@ -8,6 +8,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Codes.h"
 #include "configuration_model/ModelTest.h"
+#include "losses/Analysis.h"
 
 namespace {
 
@@ -235,6 +236,50 @@ TEST_F(LossTest, ReasonsSayWhatIsAllowed) {
   EXPECT_EQ(session.Losses()[0].reason,
             "the processor does not allow this kind of connection; it allows "
             "'sim'");
+}
+
+/// Its number and its stub are told with it, and on their own where it is the
+/// same.
+TEST_F(LossTest, AConnectionIsOneLoss) {
+  const auto lostBetween = [](std::uint32_t connection, std::uint32_t stub,
+                              std::uint32_t other, std::uint32_t otherStub) {
+    model::Snapshot wanted;
+    wanted.record.connectionType = connection;
+    wanted.record.stubType = stub;
+    model::Snapshot back = wanted;
+    back.record.connectionType = other;
+    back.record.stubType = otherStub;
+    std::vector<std::string> settings;
+    for (const model::RawLoss &loss :
+         model::lossesOf(wanted, "connect", {}, &back, ""))
+      settings.push_back(loss.setting);
+    return settings;
+  };
+  const auto jtag = Engine::STUB_JTAG;
+  const auto serial = Engine::STUB_SERIAL;
+  const auto hardware = Engine::CONNECT_HW;
+  const auto stub = Engine::CONNECT_STUB;
+  EXPECT_THAT(lostBetween(stub, jtag, stub, jtag), IsEmpty());
+  EXPECT_THAT(lostBetween(stub, jtag, stub, serial), ElementsAre("connection"));
+  EXPECT_THAT(lostBetween(stub, jtag, hardware, jtag),
+              ElementsAre("connection"));
+  EXPECT_THAT(lostBetween(stub, jtag, hardware, serial),
+              ElementsAre("connection"));
+  EXPECT_THAT(lostBetween(hardware, jtag, hardware, serial),
+              ElementsAre("stubType"));
+  EXPECT_THAT(lostBetween(stub, 2, stub, serial), ElementsAre("stubType"));
+}
+
+/// A PowerPC has no stub.
+TEST_F(LossTest, AConnectionWithoutACommandIsToldAsASetting) {
+  model::Desk desk;
+  ASSERT_TRUE(desk.readCommand("connect ppc hw").accepted());
+  model::Snapshot wanted = desk.snapshot();
+  EXPECT_TRUE(model::analyse(desk, wanted).command);
+  wanted.record.connectionType = Engine::CONNECT_STUB;
+  const model::Analysis analysis = model::analyse(desk, wanted);
+  EXPECT_FALSE(analysis.command);
+  EXPECT_EQ(model::noCommandOf(analysis).setting, "connection");
 }
 
 TEST_F(LossTest, NothingCameBackOfACommandThatIsRefusedAgain) {

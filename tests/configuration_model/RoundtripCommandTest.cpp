@@ -79,6 +79,28 @@ TEST(RoundtripCommand, TellsWhatComesBackDifferently) {
   }
 }
 
+TEST(RoundtripCommand, TellsWhy) {
+  const struct {
+    const char *command;
+    const char *reason;
+    const char *displacedBy;
+  } rows[] = {
+      {"connect lc hdu -cable type quorla_podusb esn 1",
+       "the serial number takes its place", "cable.esn"},
+      {"connect ppc sim -debugdevice devicenr 1",
+       "a command for this kind of connection does not carry it",
+       "connectionType"},
+      {"connect lc hdu -debugdevice devicenr 300", "it does not fit", ""},
+      {"connect lc hdu -debugdevice devicenr abc", "it is no number", ""},
+  };
+  for (const auto &row : rows) {
+    const RoundtripResult trip = RoundtripCommand(row.command);
+    ASSERT_EQ(trip.fields.size(), 1U) << row.command;
+    EXPECT_EQ(trip.fields[0].reason, row.reason) << row.command;
+    EXPECT_EQ(trip.fields[0].displacedBy, row.displacedBy) << row.command;
+  }
+}
+
 TEST(RoundtripCommand, TellsWhichStepIsRefused) {
   const struct {
     const char *command;

@@ -186,6 +186,12 @@ TEST_F(SaveTest, AFileThatCannotBeReadIsRefusedUnlessForced) {
       {"vpconnect lc",
        "the command is refused: column 11: 'lc' is a connection that the "
        "processor does not allow"},
+      {"kconnect lc hdu",
+       "the command is refused: column 1: 'kconnect' is not taken in an option "
+       "file; accepted are 'connect', 'vpconnect'"},
+      {"connect hdu",
+       "the command is refused: column 9: 'hdu' is not taken in an option "
+       "file; accepted are 'lc', 'ppc', 'arm', 'r5'"},
       {"\xFF\xFE\n",
        "the command is refused: column 1: '\\xff\\xfe' is no head word"},
   };
@@ -385,6 +391,19 @@ TEST_F(SaveTest, ADryRunTouchesNothing) {
   session.Undo();
   EXPECT_THAT(refusalOf([&] { session.Save(dryRun()); }),
               testing::StartsWith("changed-on-disk"));
+}
+
+/// Where the file has it already, saving makes it the place of a setting.
+TEST_F(SaveTest, ADryRunNotesNoPlaces) {
+  Session session = openWith(command3);
+  const std::string place = "file:38";
+  EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, place);
+  session.Change({{"debugDevice", 4}});
+  session.Change({{"debugDevice", 3}});
+  EXPECT_TRUE(session.Save(dryRun()).unchanged);
+  EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, "changed");
+  EXPECT_TRUE(session.Save().unchanged);
+  EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, place);
 }
 
 TEST_F(SaveTest, AFullDiskLeavesTheFileAsItWas) {

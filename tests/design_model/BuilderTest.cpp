@@ -206,6 +206,10 @@ TEST_F(Builder, NamesNoMoreThanFourEnds) {
       {{{a, "1"}, {a, "2"}, {a, "3"}, {a, "4"}, {a, "5"}}, "", {}}));
   EXPECT_THAT(model.Diagnostics()[0].message,
               HasSubstr("'a.3' and 'a.4' and others"));
+  EXPECT_FALSE(
+      model.Connect({{{a, "1"}, {a, "2"}, {a, "3"}, {a, "4"}}, "", {}}));
+  EXPECT_THAT(model.Diagnostics()[4 + 1].message,
+              HasSubstr("'a.3' and 'a.4': "));
 }
 
 TEST_F(Builder, TakesEachDiagnosticOnceAndNotWithoutEnd) {

@@ -2,10 +2,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "Reading.h"
@@ -97,6 +99,23 @@ TEST_F(FileSystem, HoldsFilesOfABoundedSize) {
               ElementsAre(EndsWith(":0: it is larger than 1024 MiB")));
 }
 
+/// A root may read whatever is there, but not without a descriptor.
+TEST_F(FileSystem, HoldsFilesThatCannotBeOpened) {
+  const std::string file = write("top.xml", top);
+  rlimit before = {};
+  ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &before), 0);
+  rlimit none = before;
+  none.rlim_cur = 0;
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &none), 0);
+  std::string text;
+  const std::string fault =
+      FileSystemSource().read(file, DocumentSource::whole, text);
+  ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
+  EXPECT_EQ(fault, "it can not be read");
+  EXPECT_EQ(FileSystemSource().read(file, DocumentSource::whole, text), "");
+  EXPECT_EQ(text, top);
+}
+
 /// Nulls take no room on the disk, blanks are most of some real files.
 TEST_F(FileSystem, MayHoldLargeFiles) {
   const bool fewer = std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") != nullptr;
@@ -133,6 +152,15 @@ TEST_F(FileSystem, SaysWhyAFolderCannotBeSearched) {
   EXPECT_EQ(FileSystemSource().list(file, files),
             "it can not be searched: Not a directory");
   EXPECT_THAT(files, IsEmpty());
+}
+
+/// Whatever has failed before.
+TEST_F(FileSystem, CanBeSearchedBehindAnError) {
+  const std::string file = write("top.xml", top);
+  Names files;
+  errno = EIO;
+  EXPECT_EQ(FileSystemSource().list(folder.string(), files), "");
+  EXPECT_THAT(files, ElementsAre(file));
 }
 
 TEST(Paths, AreSeenFromAFolder) {

@@ -165,6 +165,28 @@ TEST_F(FindLibraries, FollowsAHierarchy) {
               ElementsAre("component x:y:box:1", "component x:y:cpu:1"));
 }
 
+/// Each reading finds the folder of the next, further outwards: ten of them.
+TEST_F(FindLibraries, ReadsTheDesignTenTimes) {
+  for (const int levels : {10, 11}) {
+    std::string place = "ip";
+    for (int level = levels; level > 0; --level) {
+      place += "/" + std::to_string(level);
+      const std::string name = "box" + std::to_string(level);
+      const std::string inner = "inner" + std::to_string(level);
+      folder.write(place + "/box.xml", component(name, "", viewOf(inner)));
+      const std::string next = "box" + std::to_string(level + 1);
+      folder.write(place + "/inner.xml",
+                   design(inner, level == levels ? "" : instance("b", next)));
+    }
+    folder.write("soc/top.xml", design("top", instance("b", "box1")));
+    const LibrarySearch found = search();
+    const Names missing{"component x:y:box11:1"};
+    EXPECT_EQ(linesOf(found.missing), levels == 10 ? Names() : missing);
+    EXPECT_EQ(found.found.size(), 10u);
+    fs::remove_all("ip");
+  }
+}
+
 TEST_F(FindLibraries, HelpsAComponentOnTop) {
   folder.write("soc/top.xml", component("top", "", viewOf("inner")));
   folder.write("designs/inner.xml", design("inner", ""));
@@ -241,6 +263,22 @@ TEST_F(FindLibraries, KnowsALargeDocumentByItsBeginning) {
                                            "</ipxact:description>"));
     EXPECT_THAT(linesOf(search("soc/top.xml", {}, {1, 1000, 1000}).missing),
                 IsEmpty());
+  }
+}
+
+/// The identity ends with the first sixteen kilobytes, or a byte behind.
+TEST_F(FindLibraries, LooksAtSixteenKilobytesOfADocument) {
+  folder.write("soc/top.xml", design("top", instance("cpu", "cpu")));
+  const std::string text = component("cpu", parameters(parameter("P", "1")));
+  const std::string end = "</ipxact:version>";
+  const std::size_t identity = text.find(end) + end.size();
+  const std::string missing = "component x:y:cpu:1";
+  for (const std::size_t size : {16384, 16385}) {
+    const std::string front(size - identity - 7, ' ');
+    folder.write("ip/a.xml",
+                 "<!--" + front + "-->" + text + std::string(16384, '\n'));
+    EXPECT_EQ(linesOf(search("soc/top.xml", {}, {1, 1000, 1000}).missing),
+              size == 16384 ? Names() : Names{missing});
   }
 }
 

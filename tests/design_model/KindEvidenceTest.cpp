@@ -181,6 +181,33 @@ TEST(KindEvidence, OfACoreIsAWordOfItsName) {
   }
 }
 
+/// By its own name or by that of its bus, whatever else the word holds.
+TEST(KindEvidence, OfADebugInterfaceIsAWordThatHoldsDebug) {
+  const struct {
+    const char *name;
+    const char *bus;
+    bool isOne;
+  } rows[] = {
+      {"dbg", "link", true},     {"debug", "link", true},
+      {"sysdbgx", "link", true}, {"sysdebugx", "link", true},
+      {"p", "own_debug", true},  {"p", "dbg_link", true},
+      {"DEBUG", "link", true},   {"p", "link", false},
+      {"dbug", "link", false},   {"d_b_g", "link", false},
+      {"jtag", "link", false},   {"debug", "clock", false},
+      {"debug", "reset", false},
+  };
+  for (const auto &row : rows) {
+    const Proposing found(
+        {{"x.xml", part("own_core", bus + port(row.name, row.bus, "slave"))},
+         {"y.xml", part("y", answers)},
+         {"top.xml", design("d", instance("x", "own_core") + instance("y", "y"),
+                            connection("w", {"x.bus", "y.p"}))}});
+    const Names expected{"processor proposed own_core lumacore"};
+    EXPECT_EQ(found.candidates(), row.isOne ? expected : Names())
+        << row.name << " on " << row.bus;
+  }
+}
+
 // --- Debug modules -----------------------------------------------------------
 
 TEST(KindEvidence, OfADebugModuleThatIsKnownIsHow) {
@@ -496,6 +523,26 @@ TEST(KindEvidence, OfAPeripheralThatATableKnows) {
                          "x:y:mine:1 other emc_ctl_cedar\n");
   EXPECT_THAT(memory.named("mine").evidence,
               ElementsAre("a kind table lets it play 'emc_ctl_cedar'"));
+}
+
+/// Whatever its name.
+TEST(KindEvidence, OfAPeripheralIsNotOfWhatIsSettledOrHandsOn) {
+  const auto othersOf = [](const Files &files, const std::string &kinds = "") {
+    Names others;
+    for (const std::string &candidate : Proposing(files, kinds).candidates())
+      if (candidate.rfind("processor", 0) != 0)
+        others.push_back(candidate);
+    return others;
+  };
+  for (const std::string name : {"own_uart", "own_ram"}) {
+    EXPECT_THAT(othersOf(reaching(name, answers + bus)), SizeIs(1)) << name;
+    EXPECT_THAT(othersOf(reaching(name, answers + bus),
+                         "x:y:" + name + ":1 other thing\n"),
+                IsEmpty())
+        << name;
+    EXPECT_THAT(othersOf(reaching(name, bridge("p", "bus") + bus)), IsEmpty())
+        << name;
+  }
 }
 
 TEST(KindEvidence, AsksWhoReachesAPeripheral) {

@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "MemorySource.h"
 #include "Reading.h"
+#include "elaboration/ReadDesignFrom.h"
 
 namespace ZelDebugDialog {
 namespace {
@@ -214,6 +216,79 @@ TEST(Library, FindsIdentitiesInLargeFiles) {
                            {});
     ASSERT_EQ(markOf(cut), "cut") << length;
   }
+}
+
+/// Notes how much of a file is read.
+class CountingSource : public MemorySource {
+public:
+  std::string read(const std::string &path, std::size_t most,
+                   std::string &text) const override {
+    std::string fault = MemorySource::read(path, most, text);
+    bytes[path].push_back(text.size());
+    return fault;
+  }
+  mutable std::map<std::string, std::vector<std::size_t>> bytes;
+};
+
+/// Of what a design does not need, the beginning tells what it is.
+TEST(Library, ReadsSixteenKilobytesOfWhatIsNotNeeded) {
+  constexpr std::size_t head = 16384;
+  std::string other = component("other", "", parameters(parameter("P", "1")));
+  other.insert(other.find("</ipxact:component>"), 5 * head, ' ');
+  CountingSource source;
+  const std::string text = marked("t");
+  source.files = {{"top.xml", top}, {"a.xml", text}, {"o.xml", other}};
+  DesignSources sources;
+  sources.designFile = "top.xml";
+  DesignModel model;
+  EXPECT_TRUE(readDesignFrom(source, sources, limitsOf(1), model));
+  EXPECT_THAT(model.Diagnostics(), IsEmpty());
+  EXPECT_THAT(source.bytes["o.xml"], ElementsAre(head));
+  EXPECT_THAT(source.bytes["a.xml"], ElementsAre(text.size(), text.size()));
+}
+
+/// Has files that nobody may read, and folders that nobody may search.
+class ClosedSource : public MemorySource {
+public:
+  std::string read(const std::string &path, std::size_t most,
+                   std::string &text) const override {
+    return path == "closed.xml" ? "nobody may read it"
+                                : MemorySource::read(path, most, text);
+  }
+  std::string list(const std::string &folder,
+                   std::vector<std::string> &found) const override {
+    const std::string fault = MemorySource::list(folder, found);
+    return folder == "closed" ? "nobody may search it" : fault;
+  }
+};
+
+TEST(Library, SaysWhatCannotBeRead) {
+  const auto diagnosticsOf = [](const Names &places) {
+    ClosedSource source;
+    source.files = {{"top.xml", top},
+                    {"t.xml", marked("t")},
+                    {"closed.xml", marked("closed")},
+                    {"closed/t.xml", marked("t")}};
+    DesignSources sources;
+    sources.designFile = "top.xml";
+    sources.libraryFolders = places;
+    Reading reading;
+    reading.isRead =
+        readDesignFrom(source, sources, limitsOf(1), reading.model);
+    Names lines = reading.diagnostics();
+    lines.insert(lines.begin(), reading.isRead ? "read" : "not read");
+    return lines;
+  };
+  EXPECT_THAT(
+      diagnosticsOf({"closed.xml"}),
+      ElementsAre("not read", "error closed.xml:0: nobody may read it"));
+  EXPECT_THAT(diagnosticsOf({"closed"}),
+              ElementsAre("read", "warning closed:0: nobody may search it"));
+  EXPECT_THAT(
+      diagnosticsOf({"."}),
+      ElementsAre("read", "warning closed.xml:0: nobody may read it",
+                  "warning t.xml:1: component 'x:y:t:1' is in 'closed/t.xml' "
+                  "as well as in 't.xml'; the first is taken"));
 }
 
 TEST(Catalog, SaysWhereFilesAre) {

@@ -252,6 +252,18 @@ TEST(Parameter, IsReportedTwice) {
           "first is meant"));
 }
 
+TEST(Parameter, OfADesignIsReportedTwice) {
+  const Reading reading =
+      readWith("", "", parameter("P", "1") + parameter("Q", "2"));
+  EXPECT_THAT(reading.diagnostics(), testing::IsEmpty());
+  const Reading twice =
+      readWith("", "", parameter("P", "1") + parameter("P", "2"));
+  EXPECT_THAT(
+      twice.diagnostics(),
+      ElementsAre(HasSubstr("a second parameter with the id 'id_P'"),
+                  HasSubstr("a second parameter 'P'; the first is answered")));
+}
+
 /// A component "t" of 2009 with one parameter "P", whose value has these
 /// attributes.
 Reading readOf2009(const std::string &attributes, const std::string &value) {

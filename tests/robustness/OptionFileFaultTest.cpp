@@ -105,6 +105,15 @@ TEST_F(OptionFileFault, AFileThatCannotBeEmptiedIsNotWritten) {
   EXPECT_EQ(folder.read(optionFile), "connect lc hdu\n");
 }
 
+TEST_F(OptionFileFault, AFileElsewhereThatCannotBeEmptiedIsNotWritten) {
+  folder.write("etc/elsewhere", "connect lc hdu\n");
+  const CallFault fault(SystemCall::ftruncate, 1, EIO);
+  EXPECT_EQ(KvoOption_Parser::WriteKvoOptFileTo("etc/elsewhere", state), 4);
+  EXPECT_EQ(errorText(), "Error Opening File");
+  EXPECT_EQ(record.connectCommand, command);
+  EXPECT_EQ(folder.read("etc/elsewhere"), "connect lc hdu\n");
+}
+
 TEST_F(OptionFileFault, NoRoomIsNotReported) {
   save("connect lc hdu\n");
   const CallFault fault(SystemCall::write, 1, ENOSPC);

@@ -76,6 +76,15 @@ TEST_F(TraceArm, AnSvfCableThatIsSetAlreadyNeedsItsFile) {
   EXPECT_EQ(state.cableOption->svfFile, "f.svf");
 }
 
+/// In place of the one word that is accepted there.
+TEST_F(TraceArm, ALoneDashInPlaceOfAConfigurationIsOneFault) {
+  const std::string command = "vpconnect lc -config -";
+  EXPECT_EQ(TraceKvoCommand(command, state, trace, AfterFault::goOn), 3);
+  ASSERT_EQ(trace.faults.size(), 1U);
+  EXPECT_EQ(trace.faults[0].kind, CommandFaultKind::loneDash);
+  EXPECT_EQ(trace.faults[0].word, 3U);
+}
+
 TEST_F(TraceArm, AnOptionBehindADeviceOfModelSimIsLost) {
   EXPECT_EQ(read("connect lc hdu -sim -configdevice devicenr 1 -quiet"), 0);
   ASSERT_EQ(trace.words.size(), 8U);

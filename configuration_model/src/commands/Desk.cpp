@@ -36,11 +36,7 @@ Desk::Desk(HHSMHwManager *design, ProcessorInfoImp identity)
   begin();
 }
 
-Desk::~Desk() {
-  ReleaseChainRecords(imp->jtagChain);
-  imp->currentProcessor = nullptr;
-  imp->processorList.clear();
-}
+Desk::~Desk() { ReleaseChainRecords(imp->jtagChain); }
 
 void Desk::begin() {
   ReleaseChainRecords(imp->jtagChain);

@@ -62,7 +62,7 @@ private:
 /// Whether the writers leave a setting out without looking at it, nor at those
 /// that are together with it: what they look at is another one.
 bool isOutOfSight(const SettingRow &row, const Analysis &analysis) {
-  if (!analysis.command || row.get != nullptr)
+  if (row.get != nullptr)
     return false; // several fields in one: some of them may be looked at
   const Omission *const omission = analysis.findOmission(row);
   if (omission == nullptr)

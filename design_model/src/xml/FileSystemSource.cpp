@@ -16,6 +16,8 @@ namespace fs = std::filesystem;
 /// A library may hold anything; this much of one file is a mistake.
 constexpr std::uintmax_t largestFile = std::uintmax_t{1} << 30;
 
+constexpr const char *unreadable = "it can not be read";
+
 bool endsInXml(const fs::path &path) {
   std::string extension = path.extension().string();
   std::transform(
@@ -44,7 +46,7 @@ std::string FileSystemSource::read(const std::string &path, std::size_t most,
     return "it is no regular file";
   const std::uintmax_t size = fs::file_size(path, error);
   if (error)
-    return "it can not be read: " + error.message();
+    return unreadable;
   if (size > largestFile)
     return "it is larger than " + std::to_string(largestFile >> 20) + " MiB";
   std::ifstream file(path, std::ios::binary);
@@ -52,7 +54,7 @@ std::string FileSystemSource::read(const std::string &path, std::size_t most,
       std::min<std::uintmax_t>(size, static_cast<std::uintmax_t>(most))));
   if (!text.empty())
     file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  return file ? "" : "it can not be read";
+  return file ? "" : unreadable;
 }
 
 std::string FileSystemSource::list(const std::string &folder,

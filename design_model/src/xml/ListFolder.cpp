@@ -16,18 +16,17 @@ std::error_code listFolder(const fs::path &folder, std::size_t most,
                                                   closedir);
   if (open == nullptr)
     return {errno == EACCES ? 0 : errno, std::generic_category()};
-  errno = 0;
   while (entries.size() < most) {
+    errno = 0;
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody else reads from this one.
     const dirent *const entry = readdir(open.get());
     if (entry == nullptr)
-      break;
+      return {errno, std::generic_category()};
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..")
       entries.push_back(folder / name);
-    errno = 0;
   }
-  return {errno, std::generic_category()};
+  return {};
 }
 
 bool isOwnFolder(const fs::path &path) {
