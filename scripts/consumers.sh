@@ -56,6 +56,11 @@ dialog_consumer() {
   build embedded_dialog "$project/examples/embedded_dialog" -DCMAKE_PREFIX_PATH="$prefix"
   QT_QPA_PLATFORM=offscreen "$scratch/embedded_dialog/embedded_dialog" || status=$?
   [ "$status" -eq 2 ]
+
+  say "-- the dialog where it can be had"
+  build optional_dialog "$consumers/optional_dialog" -DCMAKE_PREFIX_PATH="$prefix" -DWANTED=ON
+  build without_qt "$consumers/optional_dialog" -DCMAKE_PREFIX_PATH="$prefix" \
+    -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON
 }
 
 pkg_config_consumer() {

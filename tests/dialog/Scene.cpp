@@ -13,6 +13,7 @@
 #include <QMap>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPalette>
 #include <QSettings>
 #include <QSignalSpy>
 #include <QStandardPaths>
@@ -45,6 +46,29 @@ void prepare() {
                      settings.path());
   QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
   QApplication::setFont(QFont(QStringLiteral("DejaVu Sans"), letterSize));
+}
+
+QPalette darkPalette() {
+  QPalette dark;
+  const QColor window(0x2b, 0x2d, 0x30);
+  const QColor base(0x1e, 0x1f, 0x22);
+  const QColor text(0xe6, 0xe6, 0xe6);
+  const QColor dim(0x86, 0x86, 0x86);
+  dark.setColor(QPalette::Window, window);
+  dark.setColor(QPalette::Base, base);
+  dark.setColor(QPalette::AlternateBase, window);
+  dark.setColor(QPalette::Button, QColor(0x3a, 0x3d, 0x41));
+  dark.setColor(QPalette::ToolTipBase, window);
+  for (const QPalette::ColorRole role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+        QPalette::ToolTipText, QPalette::BrightText}) {
+    dark.setColor(role, text);
+    dark.setColor(QPalette::Disabled, role, dim);
+  }
+  dark.setColor(QPalette::PlaceholderText, dim);
+  dark.setColor(QPalette::Highlight, QColor(0x2f, 0x65, 0xca));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  return dark;
 }
 
 Scene::Scene(const std::string &design) {

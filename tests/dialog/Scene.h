@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include <QPalette>
 #include <QStringList>
 #include <QTemporaryDir>
 #include <QWidget>
@@ -23,6 +24,9 @@ namespace scene {
 /// Settings of the program that are gone afterwards, style, font and size of
 /// letters: the same everywhere. Once in a process, before the first window.
 void prepare();
+
+/// Of a dark desktop.
+QPalette darkPalette();
 
 class Scene {
 public:

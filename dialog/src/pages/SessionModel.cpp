@@ -148,7 +148,9 @@ void SessionModel::copyFrom(SessionModel &other) {
 }
 
 void SessionModel::lookAtFile() {
-  if (live.ChangedOnDisk() != known.changedOnDisk)
+  const SessionState now = live.State();
+  // One that has changed already may go, or come back.
+  if (now.changedOnDisk != known.changedOnDisk || now.exists != known.exists)
     refresh();
 }
 

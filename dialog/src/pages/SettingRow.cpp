@@ -40,7 +40,7 @@ SettingRow::SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
     : QObject(parent), info(setting), model(sessionModel),
       label(new QLabel(labelOf(setting), parent)),
       valueEditor(makeEditor(setting, sessionModel, parent)),
-      origin(new QLabel(parent)), error(new QLabel(parent)) {
+      originLabel(new QLabel(parent)), errorLabel(new QLabel(parent)) {
   const int line = grid.rowCount();
   const bool isWide = valueEditor->isWide();
   QWidget *const shownEditor = valueEditor->widget();
@@ -52,31 +52,32 @@ SettingRow::SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
     grid.addWidget(shownEditor, line + 1, labelColumn, 1, backColumn + 1);
   else
     grid.addWidget(shownEditor, line, editorColumn);
-  grid.addWidget(origin, line, originColumn);
+  grid.addWidget(originLabel, line, originColumn);
   if (setting.settable) {
-    back = new QToolButton(parent);
-    back->setText(QStringLiteral("↺"));
-    back->setAutoRaise(true);
-    back->setAccessibleName(tr("Back to default: %1").arg(labelOf(setting)));
-    connect(back, &QToolButton::clicked, this,
+    backButton = new QToolButton(parent);
+    backButton->setText(QStringLiteral("↺"));
+    backButton->setAutoRaise(true);
+    backButton->setAccessibleName(
+        tr("Back to default: %1").arg(labelOf(setting)));
+    connect(backButton, &QToolButton::clicked, this,
             [this] { model.reset({info.id}); });
-    QSizePolicy keepsPlace = back->sizePolicy();
+    QSizePolicy keepsPlace = backButton->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
-    back->setSizePolicy(keepsPlace);
-    grid.addWidget(back, line, backColumn);
+    backButton->setSizePolicy(keepsPlace);
+    grid.addWidget(backButton, line, backColumn);
   }
-  error->setWordWrap(true);
-  error->setTextFormat(Qt::PlainText);
-  error->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  error->hide();
-  grid.addWidget(error, line + 2, isWide ? labelColumn : editorColumn, 1,
+  errorLabel->setWordWrap(true);
+  errorLabel->setTextFormat(Qt::PlainText);
+  errorLabel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  errorLabel->hide();
+  grid.addWidget(errorLabel, line + 2, isWide ? labelColumn : editorColumn, 1,
                  isWide ? backColumn + 1 : backColumn);
 }
 
 bool SettingRow::has(const QWidget *widget) const {
   return widget != nullptr &&
          (valueEditor->widget() == widget ||
-          valueEditor->widget()->isAncestorOf(widget) || back == widget);
+          valueEditor->widget()->isAncestorOf(widget) || backButton == widget);
 }
 
 QWidget *SettingRow::field() const { return valueEditor->field(); }
@@ -89,24 +90,24 @@ void SettingRow::display(const SettingState &state) {
   valueEditor->widget()->setEnabled(isOpen);
   label->setEnabled(isOpen);
   const QString problem = valueEditor->errorIn(state);
-  error->setText(problem);
-  error->setVisible(!problem.isEmpty());
-  colour(*error, faultColour(error->palette()));
+  errorLabel->setText(problem);
+  errorLabel->setVisible(!problem.isEmpty());
+  colour(*errorLabel, faultColour(errorLabel->palette()));
 
   const bool isChanged =
       state.draft.has_value() || state.origin == std::string("changed");
-  origin->setText(state.draft ? tr("no value") : originOf(state.origin));
+  originLabel->setText(state.draft ? tr("no value") : originOf(state.origin));
   QFont font = label->font();
   font.setBold(isChanged);
-  origin->setFont(font);
-  colour(*origin, state.draft ? faultColour(origin->palette())
-                              : quietColour(origin->palette()));
-  if (back != nullptr) {
+  originLabel->setFont(font);
+  colour(*originLabel, state.draft ? faultColour(originLabel->palette())
+                                   : quietColour(originLabel->palette()));
+  if (backButton != nullptr) {
     const bool isDefault = state.value == state.defaultValue && !state.draft;
     // The button that was pressed keeps the focus.
-    back->setVisible(!isDefault || back->hasFocus());
-    back->setEnabled(!isDefault || back->hasFocus());
-    back->setToolTip(
+    backButton->setVisible(!isDefault || backButton->hasFocus());
+    backButton->setEnabled(!isDefault || backButton->hasFocus());
+    backButton->setToolTip(
         tr("Back to default: %1").arg(valueOf(info.id, state.defaultValue)));
   }
   describe(state);
@@ -122,7 +123,7 @@ void SettingRow::describe(const SettingState &state) {
   const QString tip = tipOf(sentences);
   label->setToolTip(tip);
   valueEditor->widget()->setToolTip(tip);
-  origin->setToolTip(tr("Where the value comes from"));
+  originLabel->setToolTip(tr("Where the value comes from"));
   const QString problem = valueEditor->errorIn(state);
   if (!problem.isEmpty())
     sentences.prepend(problem);

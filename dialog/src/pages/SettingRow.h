@@ -28,6 +28,10 @@ public:
   QWidget *field() const;
   int labelWidth() const;
   ValueEditor &editor() const { return *valueEditor; }
+  const QLabel &origin() const { return *originLabel; }
+  const QLabel &error() const { return *errorLabel; }
+  /// Leads back to the default; null for what is only shown.
+  const QToolButton *back() const { return backButton; }
   void display(const SettingState &state);
   /// Marks it as the one that a word of the command has led to.
   void mark(bool isMarked);
@@ -39,9 +43,9 @@ private:
   SessionModel &model;     // NOLINT: outlives its widgets
   QLabel *label;
   ValueEditor *valueEditor;
-  QLabel *origin;
-  QToolButton *back = nullptr; ///< Null for what is only shown.
-  QLabel *error;
+  QLabel *originLabel;
+  QToolButton *backButton = nullptr;
+  QLabel *errorLabel;
 };
 
 } // namespace ZelDebugDialog::dialog
