@@ -44,6 +44,7 @@ class ProtocolError(ZelDebugDialogError):
     setting has, or what is closed.
 
     code: that of JSON-RPC 2.0, such as -32602 for wrong parameters
+    parameter: the parameter at fault
     kind, setting, value, accepted, suggestion: as those of Refused
     """
 
@@ -53,6 +54,7 @@ class ProtocolError(ZelDebugDialogError):
         told = data or {}
         self.code = code
         self.kind: str = told.get("kind", "")
+        self.parameter: str | None = told.get("parameter")
         self.setting: str | None = told.get("setting")
         self.value: str | None = told.get("value")
         self.accepted: list[str] = list(told.get("accepted", []))

@@ -5,7 +5,7 @@ from __future__ import annotations
 import dataclasses
 from typing import Any
 
-from .values import Value, from_json
+from .values import Value, from_json, member
 
 
 @dataclasses.dataclass(frozen=True)
@@ -82,8 +82,8 @@ class Effect:
 
     @classmethod
     def of(cls, document: dict[str, Any]) -> Effect:
-        return cls(document["setting"], from_json(document["before"]),
-                   from_json(document["after"]), document["why"])
+        return cls(document["setting"], member(document, "before"),
+                   member(document, "after"), document["why"])
 
 
 @dataclasses.dataclass(frozen=True)
@@ -106,8 +106,8 @@ class Loss:
 
     @classmethod
     def of(cls, document: dict[str, Any]) -> Loss:
-        return cls(document["field"], from_json(document["value"]),
-                   from_json(document.get("readBack")), document["reason"],
+        return cls(document["field"], member(document, "value"),
+                   member(document, "readBack"), document["reason"],
                    document["code"], document.get("displacedBy") or None,
                    document["blocking"])
 
@@ -122,8 +122,8 @@ class Difference:
 
     @classmethod
     def of(cls, document: dict[str, Any]) -> Difference:
-        return cls(document["setting"], from_json(document["saved"]),
-                   from_json(document["now"]))
+        return cls(document["setting"], member(document, "saved"),
+                   member(document, "now"))
 
 
 @dataclasses.dataclass(frozen=True)

@@ -15,16 +15,31 @@ Device = dict[str, Any]
 Value = Union[bool, int, str, bytes, None, list[Device]]
 
 
-def from_json(value: Any, data: str | None = None) -> Value:
+def from_json(value: Any, data: Any = None) -> Value:
     """A value of the library; `data` is what stands beside a text that is no
-    UTF-8, in base64."""
-    if data is not None:
+    UTF-8, in base64; beside a chain with such texts, those of each device.
+
+    >>> from_json("\ufffd", "/w==")
+    b'\\xff'
+    >>> from_json([{"partname": "\ufffd", "devicenr": 1}], [{"partname": "/w=="}])
+    [{'partname': b'\\xff', 'devicenr': 1}]
+    """
+    if isinstance(data, str):
         return base64.b64decode(data)
+    if isinstance(data, list):
+        return [{**device, **{name: from_json(None, text)
+                              for name, text in texts.items()}}
+                for device, texts in zip(value, data)]
     if isinstance(value, Mapping) and set(value) == {"bytes"}:
         return base64.b64decode(value["bytes"])
     if isinstance(value, list):
         return [dict(device) for device in value]
     return value  # type: ignore[no-any-return]
+
+
+def member(document: dict[str, Any], name: str) -> Value:
+    """A value that a record shows, whose bytes may stand beside it."""
+    return from_json(document.get(name), document.get("bytes", {}).get(name))
 
 
 def to_json(value: object) -> Any:

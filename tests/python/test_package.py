@@ -152,8 +152,9 @@ class ConfigurationTest(Case):
     def test_tells_what_no_setting_is(self):
         with self.assertRaises(zeldebugdialog.ProtocolError) as caught:
             self.one["debugDevice"] = 1.5
-        self.assertEqual((caught.exception.kind, caught.exception.setting),
-                         ("bad-parameters", "debugDevice"))
+        fault = caught.exception
+        self.assertEqual((fault.kind, fault.parameter, fault.setting),
+                         ("bad-parameters", "values", "debugDevice"))
 
     def test_goes_back_and_forth(self):
         self.assertEqual(self.refusal_of(self.one.undo).kind,
@@ -226,6 +227,10 @@ class ConfigurationTest(Case):
         self.one["cable.port"] = b"\xff\x01"
         self.assertEqual(self.one["cable.port"], b"\xff\x01")
         self.assertEqual(self.one.setting("cable.port").value, b"\xff\x01")
+        # Wherever else the value is told, it is the same.
+        self.assertEqual(self.one.differences[0].now, b"\xff\x01")
+        self.assertEqual(self.one.undo()[0].before, b"\xff\x01")
+        self.assertEqual(self.one.redo()[0].after, b"\xff\x01")
         # Those of a device stay what they are when another one joins it.
         self.one.chain.append({"partname": b"\xff", "devicenr": 1})
         self.one.chain.append({"partname": "a", "devicenr": 2})
@@ -233,6 +238,10 @@ class ConfigurationTest(Case):
                          [b"\xff", "a"])
         self.assertEqual(self.one.setting("chain").value[0]["partname"],
                          b"\xff")
+        told = {one.setting: one.now for one in self.one.differences}
+        self.assertEqual([one["partname"] for one in told["chain"]],
+                         [b"\xff", "a"])
+        self.assertEqual(len(self.one.undo()[0].before), 2)
 
     def test_copies_to_another(self):
         self.one["cable.cableType"] = "quorla_podusb"

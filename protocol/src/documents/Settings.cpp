@@ -21,6 +21,11 @@ void addOptional(Json &row, const char *name, const Optional &value) {
     row[name] = *value;
 }
 
+void addBytes(Json &row, const char *name, const Value &value) {
+  if (Json bytes = bytesOf(value); !bytes.is_null())
+    row["bytes"][name] = std::move(bytes);
+}
+
 Json choicesJson(const std::vector<Choice> &choices) {
   Json list = Json::array();
   for (const Choice &choice : choices)
@@ -41,8 +46,8 @@ Json choicesJson(const std::vector<ChoiceState> &choices) {
 
 Json settingJson(const SettingState &setting) {
   Json row{{"value", toJson(setting.value)}, {"text", setting.text}};
-  if (setting.value.IsText() && !isUtf8(setting.value.Text()))
-    row["bytes"] = encodeBytes(setting.value.Text());
+  if (Json bytes = bytesOf(setting.value); !bytes.is_null())
+    row["bytes"] = std::move(bytes);
   row["default"] = toJson(setting.defaultValue);
   row["origin"] = setting.origin;
   row["applicable"] = setting.applicable;
@@ -106,10 +111,14 @@ Json diagnosticsJson(const std::vector<CommandDiagnostic> &diagnostics,
 
 Json differencesJson(const std::vector<Difference> &differences) {
   Json list = Json::array();
-  for (const Difference &difference : differences)
-    list.push_back({{"setting", difference.setting},
-                    {"saved", toJson(difference.saved)},
-                    {"now", toJson(difference.now)}});
+  for (const Difference &difference : differences) {
+    Json row{{"setting", difference.setting},
+             {"saved", toJson(difference.saved)},
+             {"now", toJson(difference.now)}};
+    addBytes(row, "saved", difference.saved);
+    addBytes(row, "now", difference.now);
+    list.push_back(std::move(row));
+  }
   return list;
 }
 
@@ -141,12 +150,28 @@ Json lossesJson(const std::vector<Loss> &losses) {
   for (const Loss &loss : losses) {
     Json row{{"field", loss.field},
              {"value", toJson(loss.value)},
-             {"readBack", toJson(loss.readBack)},
-             {"reason", loss.reason},
-             {"code", loss.code}};
+             {"readBack", toJson(loss.readBack)}};
+    addBytes(row, "value", loss.value);
+    addBytes(row, "readBack", loss.readBack);
+    row["reason"] = loss.reason;
+    row["code"] = loss.code;
     addText(row, "anchor", loss.anchor);
     addText(row, "displacedBy", loss.displacedBy);
     row["blocking"] = loss.blocking;
+    list.push_back(std::move(row));
+  }
+  return list;
+}
+
+Json effectsJson(const std::vector<Effect> &effects) {
+  Json list = Json::array();
+  for (const Effect &effect : effects) {
+    Json row{{"setting", effect.setting},
+             {"before", toJson(effect.before)},
+             {"after", toJson(effect.after)}};
+    addBytes(row, "before", effect.before);
+    addBytes(row, "after", effect.after);
+    row["why"] = effect.why;
     list.push_back(std::move(row));
   }
   return list;

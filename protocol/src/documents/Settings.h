@@ -16,9 +16,15 @@ namespace ZelDebugDialog::documents {
 /// "settable", "together", "choices"}]
 Json settingsJson();
 
-/// [{"field", "value", "readBack", "reason", "code", "anchor", "displacedBy",
-/// "blocking"}]
+// Texts that are no UTF-8 are shown with U+FFFD, and stand in base64 in
+// "bytes", by the member that shows them.
+
+/// [{"field", "value", "readBack", "bytes", "reason", "code", "anchor",
+/// "displacedBy", "blocking"}]
 Json lossesJson(const std::vector<Loss> &losses);
+
+/// [{"setting", "before", "after", "bytes", "why"}]
+Json effectsJson(const std::vector<Effect> &effects);
 
 Json stateJson(const SessionState &state);
 

@@ -1,5 +1,9 @@
 #include "documents/Values.h"
 
+#include <algorithm>
+
+#include "documents/Bytes.h"
+
 namespace ZelDebugDialog::documents {
 
 namespace {
@@ -26,6 +30,25 @@ Json toJson(const Value &value) {
   for (const ChainDevice &device : value.Devices())
     list.push_back(deviceJson(device));
   return list;
+}
+
+Json bytesOf(const Value &value) {
+  if (value.IsText() && !isUtf8(value.Text()))
+    return encodeBytes(value.Text());
+  if (!value.IsChain())
+    return nullptr;
+  Json list = Json::array();
+  for (const ChainDevice &device : value.Devices()) {
+    Json object = Json::object();
+    for (const auto &[name, field] : device)
+      if (Json bytes = bytesOf(field); !bytes.is_null())
+        object[name] = std::move(bytes);
+    list.push_back(std::move(object));
+  }
+  const bool isText =
+      std::all_of(list.begin(), list.end(),
+                  [](const Json &device) { return device.empty(); });
+  return isText ? Json() : list;
 }
 
 Json fieldJson(const std::string &name, const Value &value) {

@@ -18,6 +18,11 @@ Json toJson(const Value &value);
 /// The same of a field: a whole device ("chain[2]") is an object.
 Json fieldJson(const std::string &name, const Value &value);
 
+/// What of a value is no UTF-8, in base64: of a text all of it, of a chain an
+/// object a device, with the fields that are such texts. Null if there is
+/// nothing.
+Json bytesOf(const Value &value);
+
 /// [{"field", "value", "readBack", "reason", "anchor"}]
 Json toJson(const std::vector<Loss> &losses);
 

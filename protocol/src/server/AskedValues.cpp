@@ -1,39 +1,19 @@
 #include "server/AskedValues.h"
 
-#include <cmath>
-#include <limits>
-
 #include "documents/Bytes.h"
+#include "server/Numbers.h"
 #include "server/Parameters.h"
 
 namespace ZelDebugDialog::protocol {
 
 namespace {
 
-/// Every whole number up to here is one of floating point as well.
-constexpr double mostExact = 9007199254740992.0; // 2^53
-
 [[noreturn]] void refuse(const std::string &setting, const Given &value,
                          const std::string &problem) {
-  std::string shown =
-      value.dump(-1, ' ', false, Given::error_handler_t::replace);
-  refuseParameter(quote(setting) + ": " + quote(shown) + " is " + problem,
+  const std::string shown = shownJson(value);
+  refuseParameter("values",
+                  quote(setting) + ": " + quote(shown) + " is " + problem,
                   {setting, shown});
-}
-
-bool isHuge(const Given &value) {
-  return value.is_number_unsigned() &&
-         value.get<std::uint64_t>() >
-             static_cast<std::uint64_t>(
-                 std::numeric_limits<std::int64_t>::max());
-}
-
-/// 3e6 and 3.0 are whole numbers, too.
-bool isWholeFloat(const Given &value) {
-  if (!value.is_number_float())
-    return false;
-  const double number = value.get<double>();
-  return std::abs(number) <= mostExact && std::floor(number) == number;
 }
 
 Value textOf(const std::string &setting, const Given &object) {
@@ -52,10 +32,8 @@ Value plainValue(const std::string &setting, const Given &value) {
     return value.get<bool>();
   if (value.is_string())
     return value.get<std::string>();
-  if (value.is_number_integer() && !isHuge(value))
-    return value.get<std::int64_t>();
-  if (isWholeFloat(value))
-    return static_cast<std::int64_t>(value.get<double>());
+  if (const auto number = wholeNumber(value))
+    return *number;
   if (value.is_object())
     return textOf(setting, value);
   refuse(setting, value,

@@ -112,7 +112,8 @@ std::vector<std::int64_t> numbersOf(const Workplace &place,
   std::vector<std::int64_t> sorted = numbers;
   std::sort(sorted.begin(), sorted.end());
   if (std::adjacent_find(sorted.begin(), sorted.end()) != sorted.end())
-    refuseParameter("'configurations' names one of them twice");
+    refuseParameter("configurations",
+                    "'configurations' names one of them twice");
   return numbers;
 }
 
@@ -122,10 +123,12 @@ expectConfigurations(const Workplace &place,
                      const OpenBoard &board) {
   std::vector<Configuration> all;
   for (const std::int64_t number : numbers) {
-    all.push_back(place.open.expectConfiguration(number));
+    all.push_back(place.open.expectConfiguration(number, "configurations"));
     if (&all.back()->board() != &board)
-      refuseParameter("configuration " + std::to_string(number) +
-                      " is of another board");
+      refuseParameter("configurations",
+                      "configuration " + std::to_string(number) +
+                          " is of another board",
+                      {"", std::to_string(number)});
   }
   return all;
 }

@@ -17,7 +17,8 @@ bool isInsideCharacter(const std::string &text, std::size_t offset) {
 
 Json checkCommand(const Workplace &place, const Parameters &given) {
   if (given.has("board") != given.has("processor"))
-    refuseParameter("'board' and 'processor' go together");
+    refuseParameter(given.has("board") ? "processor" : "board",
+                    "'board' and 'processor' go together");
   std::shared_ptr<OpenBoard> board;
   CheckOptions options;
   if (given.has("board")) {
@@ -42,11 +43,12 @@ Json completeCommand(const Workplace &, const Parameters &given) {
   const std::string &command = given.text("command");
   const std::size_t offset = given.number("offset");
   if (offset > command.size())
-    refuseParameter("'offset' lies behind the command, which has " +
+    refuseParameter("offset",
+                    "'offset' lies behind the command, which has " +
                         std::to_string(command.size()) + " bytes",
                     {"", std::to_string(offset)});
   if (isInsideCharacter(command, offset))
-    refuseParameter("'offset' lies inside a character",
+    refuseParameter("offset", "'offset' lies inside a character",
                     {"", std::to_string(offset)});
   const CommandCompletion completion = CompleteCommand(command, offset);
   Json words = Json::array();

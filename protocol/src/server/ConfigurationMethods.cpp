@@ -2,7 +2,6 @@
 #include <utility>
 
 #include "documents/Settings.h"
-#include "documents/Values.h"
 #include "server/AskedValues.h"
 #include "server/Methods.h"
 
@@ -49,7 +48,7 @@ template <class Act>
 Json effectsOf(const Workplace &place, const Parameters &given,
                const Act &act) {
   return patched(place, given, [&act](Session &session) {
-    return Json{{"effects", documents::toJson(act(session))}};
+    return Json{{"effects", documents::effectsJson(act(session))}};
   });
 }
 
@@ -122,7 +121,8 @@ Json resetConfiguration(const Workplace &place, const Parameters &given) {
 }
 
 Json copyConfiguration(const Workplace &place, const Parameters &given) {
-  const auto other = place.open.expectConfiguration(given.handle("from"));
+  const auto other =
+      place.open.expectConfiguration(given.handle("from"), "from");
   return effectsOf(place, given, [&other](Session &session) {
     return session.CopyFrom(other->session());
   });

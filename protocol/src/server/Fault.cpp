@@ -35,6 +35,7 @@ Json dataOf(const char *kind, const std::string &message,
     if (!value.empty())
       data[name] = value;
   };
+  add("parameter", details.parameter);
   add("setting", details.setting);
   add("value", details.value);
   data["message"] = message;

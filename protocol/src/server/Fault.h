@@ -34,6 +34,7 @@ struct FaultDetails {
   std::string suggestion = {}; ///< the nearest of them
   std::string file = {};
   int line = 0; ///< in the file, from 1
+  std::string parameter = {};
 };
 
 class Fault : public std::runtime_error {

@@ -12,10 +12,11 @@ using Turn = std::lock_guard<std::mutex>;
 /// What of these has a number.
 template <class Things>
 typename Things::iterator expectIn(Things &things, std::int64_t number,
-                                   const char *kind) {
+                                   const char *kind, const char *parameter) {
   const auto found = things.find(number);
   if (found == things.end())
-    refuseParameter(std::string("no ") + kind + " " + std::to_string(number) +
+    refuseParameter(parameter,
+                    std::string("no ") + kind + " " + std::to_string(number) +
                         " is open",
                     {"", std::to_string(number)});
   return found;
@@ -50,19 +51,19 @@ std::int64_t OpenThings::add(std::shared_ptr<OpenConfiguration> configuration) {
 
 std::shared_ptr<OpenBoard> OpenThings::expectBoard(std::int64_t number) {
   const Turn turn(mutex);
-  return expectIn(boards, number, "board")->second;
+  return expectIn(boards, number, "board", "board")->second;
 }
 
 std::shared_ptr<OpenConfiguration>
-OpenThings::expectConfiguration(std::int64_t number) {
+OpenThings::expectConfiguration(std::int64_t number, const char *parameter) {
   const Turn turn(mutex);
-  return expectIn(configurations, number, "configuration")->second;
+  return expectIn(configurations, number, "configuration", parameter)->second;
 }
 
 void OpenThings::closeBoard(std::int64_t number) {
   std::vector<std::shared_ptr<OpenConfiguration>> closed;
   const Turn turn(mutex);
-  const auto board = expectIn(boards, number, "board");
+  const auto board = expectIn(boards, number, "board", "board");
   for (auto each = configurations.begin(); each != configurations.end();) {
     if (&each->second->board() == board->second.get()) {
       closed.push_back(std::move(each->second));
@@ -76,7 +77,8 @@ void OpenThings::closeBoard(std::int64_t number) {
 
 void OpenThings::closeConfiguration(std::int64_t number) {
   const Turn turn(mutex);
-  configurations.erase(expectIn(configurations, number, "configuration"));
+  configurations.erase(
+      expectIn(configurations, number, "configuration", "configuration"));
 }
 
 std::vector<std::int64_t> OpenThings::configurationsOf(const OpenBoard &board) {

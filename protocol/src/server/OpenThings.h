@@ -57,7 +57,10 @@ public:
   // @throws Fault (badParameters) for a number that is none, or no more
 
   std::shared_ptr<OpenBoard> expectBoard(std::int64_t number);
-  std::shared_ptr<OpenConfiguration> expectConfiguration(std::int64_t number);
+  /// @param parameter  the one that has the number
+  std::shared_ptr<OpenConfiguration>
+  expectConfiguration(std::int64_t number,
+                      const char *parameter = "configuration");
   /// With all its configurations.
   void closeBoard(std::int64_t number);
   void closeConfiguration(std::int64_t number);

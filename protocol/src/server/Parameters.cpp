@@ -5,6 +5,8 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Text.h>
 
+#include "server/Numbers.h"
+
 namespace ZelDebugDialog::protocol {
 
 namespace {
@@ -19,11 +21,8 @@ bool isPath(const Given &value) {
 }
 
 bool isWhole(const Given &value, std::int64_t least, std::int64_t most) {
-  if (value.is_number_unsigned())
-    return value.get<std::uint64_t>() <= static_cast<std::uint64_t>(most) &&
-           value.get<std::int64_t>() >= least;
-  return value.is_number_integer() && value.get<std::int64_t>() >= least &&
-         value.get<std::int64_t>() <= most;
+  const auto number = wholeNumber(value);
+  return number && *number >= least && *number <= most;
 }
 
 constexpr std::int64_t anyNumber = INT64_MAX;
@@ -82,7 +81,7 @@ void expectKnown(const std::vector<Parameter> &known, const Given &params) {
     for (const Parameter &row : known)
       names.emplace_back(row.name);
     const std::string nearest = FindNearest(name, names);
-    refuseParameter("there is no parameter " + quote(name),
+    refuseParameter(name, "there is no parameter " + quote(name),
                     {"", name, names, nearest});
   }
 }
@@ -91,22 +90,29 @@ void expectKnown(const std::vector<Parameter> &known, const Given &params) {
 
 const char *describe(ParameterKind kind) { return rowOf(kind).description; }
 
-void refuseParameter(const std::string &message, const FaultDetails &details) {
+void refuseParameter(const std::string &name, const std::string &message,
+                     FaultDetails details) {
+  details.parameter = name;
   throw Fault(FaultCode::badParameters, message, details);
+}
+
+std::string shownJson(const Given &value) {
+  return value.dump(-1, ' ', false, Given::error_handler_t::replace);
 }
 
 Parameters::Parameters(const std::vector<Parameter> &known, const Given &params)
     : given(params) {
   if (!given.is_object())
-    refuseParameter("'params' is no object: parameters are given by name");
+    refuseParameter("", "'params' is no object: parameters are given by name");
   expectKnown(known, given);
   for (const Parameter &row : known) {
     const auto found = given.find(row.name);
     const std::string name = std::string("'") + row.name + "'";
     if (found == given.end() && row.isRequired)
-      refuseParameter(name + " is missing: " + describe(row.kind));
+      refuseParameter(row.name, name + " is missing: " + describe(row.kind));
     if (found != given.end() && !rowOf(row.kind).accepts(*found))
-      refuseParameter(name + " is not " + describe(row.kind));
+      refuseParameter(row.name, name + " is not " + describe(row.kind),
+                      {"", shownJson(*found)});
   }
 }
 

@@ -60,9 +60,14 @@ private:
   const Given &given;
 };
 
+/// @param name  the parameter at fault; none for all of them
 /// @throws Fault (badParameters)
-[[noreturn]] void refuseParameter(const std::string &message,
-                                  const FaultDetails &details = {});
+[[noreturn]] void refuseParameter(const std::string &name,
+                                  const std::string &message,
+                                  FaultDetails details = {});
+
+/// What was given, as texts of errors have it.
+std::string shownJson(const Given &value);
 
 } // namespace ZelDebugDialog::protocol
 

@@ -5,7 +5,7 @@
 #include <set>
 #include <vector>
 
-#include <ZelDebugDialog/ConfigurationModel/Text.h>
+#include "server/Numbers.h"
 
 namespace ZelDebugDialog::protocol {
 
@@ -30,8 +30,8 @@ bool nestsTooDeeply(std::string_view text) {
   return false;
 }
 
-/// Finds the first name that an object has twice: which of the two is meant
-/// cannot be told.
+/// Finds names that an object has twice: the first of the request itself, and
+/// the first in its parameters. What is passed over may have any.
 class Twins {
 public:
   void see(Given::parse_event_t event, const Given &parsed) {
@@ -41,20 +41,33 @@ public:
       open.pop_back();
     } else if (event == Given::parse_event_t::key) {
       const auto &name = parsed.get_ref<const std::string &>();
+      if (open.size() == 1)
+        member = name;
+      else if (open.size() == 2)
+        parameter = name;
       const bool isNew = open.back().insert(name).second;
-      if (isNew)
-        return;
-      if (!found)
-        found = name;
-      isOfId = isOfId || (open.size() == 1 && name == "id");
+      if (!isNew)
+        note(name);
     }
   }
 
-  std::optional<std::string> found;
-  bool isOfId = false; ///< of the request itself
+  std::optional<std::string> ofRequest;
+  bool isOfId = false;
+  std::optional<Twin> ofParams;
 
 private:
+  void note(const std::string &name) {
+    if (open.size() == 1) {
+      ofRequest = ofRequest.value_or(name);
+      isOfId = isOfId || name == "id";
+    } else if (member == "params" && !ofParams) {
+      ofParams = Twin{parameter, name};
+    }
+  }
+
   std::vector<std::set<std::string>> open;
+  std::string member;    ///< of the request, that is being read
+  std::string parameter; ///< of those in `member`
 };
 
 Fault noRequest(const std::string &why) {
@@ -91,7 +104,6 @@ Given parse(std::string_view text, Twins &twins) {
 /// An answer has the very same one: numbers of more digits than are kept would
 /// come back as others.
 bool isId(const Given &id) {
-  constexpr double mostExact = 9007199254740992.0; // 2^53
   if (id.is_number_float())
     return std::abs(id.get<double>()) < mostExact;
   return id.is_string() || id.is_number() || id.is_null();
@@ -103,9 +115,8 @@ void readMembers(Given &object, const Twins &twins, Request &request) {
   const bool hasId = id != object.end() && !twins.isOfId;
   if (hasId && isId(*id))
     request.id = *id;
-  if (twins.found)
-    throw noRequest("the member " + quote(*twins.found) +
-                    " stands twice in one object");
+  if (twins.ofRequest)
+    throw noRequest("the member " + quote(*twins.ofRequest) + " stands twice");
   if (hasId && !isId(*id))
     throw noRequest("'id' is no text, number of 64 bits, or null");
   const auto version = object.find("jsonrpc");
@@ -120,6 +131,7 @@ void readMembers(Given &object, const Twins &twins, Request &request) {
   request.method = method->get<std::string>();
   if (params != object.end())
     request.params = std::move(*params);
+  request.twin = twins.ofParams;
 }
 
 } // namespace

@@ -23,11 +23,19 @@ using Given = nlohmann::json;
 constexpr std::size_t longestRequest = 64UL * 1024 * 1024;
 constexpr std::size_t deepestNesting = 100;
 
+/// A name that stands twice in one object of `params`: which of the two is meant
+/// cannot be told.
+struct Twin {
+  std::string parameter; ///< in whose value it is; or its own name
+  std::string name;
+};
+
 struct Request {
   /// None for a notification.
   std::optional<Given> id;
   std::string method;
   Given params = Given::object(); ///< an object, or an array that none takes
+  std::optional<Twin> twin;       ///< what is wrong with `params`, if anything
   /// What is wrong, if anything: the answer then has `id`, or null where it
   /// could not be told.
   std::optional<Fault> fault;

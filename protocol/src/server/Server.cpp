@@ -46,6 +46,10 @@ Json run(const AcceptedCall &call, OpenThings &open,
   if (call.isCancelled)
     throw Fault(FaultCode::cancelled, "the request was cancelled");
   const Method &method = expectMethod(request.method);
+  if (const auto &twin = request.twin)
+    refuseParameter(twin->parameter,
+                    quote(twin->name) + " stands twice in one object",
+                    {"", twin->name});
   return method.run({open, directory, call.isCancelled},
                     Parameters(method.parameters, request.params));
 }
@@ -69,8 +73,10 @@ std::string answerTo(const AcceptedCall &call, OpenThings &open,
   }
 }
 
-bool isCancel(const Given &params) {
-  return params.is_object() && params.size() == 1 && params.contains("id") &&
+bool isCancel(const Request &request) {
+  const Given &params = request.params;
+  return request.method == cancelMethod && !request.twin &&
+         params.is_object() && params.size() == 1 && params.contains("id") &&
          (params["id"].is_string() || params["id"].is_number());
 }
 
@@ -116,9 +122,8 @@ Server::~Server() = default;
 
 std::shared_ptr<Call> Server::Accept(std::string_view request) {
   const auto call = std::make_shared<AcceptedCall>(request);
-  const Given &params = call->request.params;
-  if (call->request.method == cancelMethod && isCancel(params))
-    state->cancel(params["id"]);
+  if (isCancel(call->request))
+    state->cancel(call->request.params["id"]);
   const std::lock_guard<std::mutex> turn(state->mutex);
   state->calls.insert(call.get());
   return call;

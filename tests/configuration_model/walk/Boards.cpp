@@ -1,6 +1,7 @@
 #include "configuration_model/walk/Boards.h"
 
 #include <array>
+#include <cstdint>
 #include <memory>
 
 #include "sessions/BoardState.h"

@@ -25,10 +25,12 @@
 #include "configuration_model/walk/Boards.h"
 #include "configuration_model/walk/Reference.h"
 #include "configuration_model/walk/Samples.h"
+#include "walk/Folder.h"
 
 namespace {
 
 using namespace ZelDebugDialog;
+using walk::Folder;
 using walk::Random;
 using walk::Sample;
 
@@ -36,29 +38,6 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t stepsOfABoard = 200;
 constexpr std::size_t mostWritten = 200;
-
-/// A folder in memory, where there is one: a walk flushes often.
-class Folder {
-public:
-  Folder() {
-    const fs::path shared = "/dev/shm";
-    std::string name =
-        ((fs::is_directory(shared) ? shared : fs::temp_directory_path()) /
-         "model-walk-XXXXXX")
-            .string();
-    if (mkdtemp(name.data()) == nullptr)
-      throw std::runtime_error("no folder can be made: " + name);
-    path = name;
-  }
-  ~Folder() {
-    std::error_code ignored;
-    fs::remove_all(path, ignored);
-  }
-  Folder(const Folder &) = delete;
-  Folder &operator=(const Folder &) = delete;
-
-  fs::path path;
-};
 
 std::string shown(const Value &value) {
   if (value.IsText())
@@ -488,7 +467,7 @@ int main(int argc, char **argv) {
   const std::size_t steps =
       argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 2000;
   Random random(argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 20261122);
-  const Folder folder;
+  const Folder folder("model-walk");
   Counts counts;
   while (counts.steps < steps) {
     Walk walk(random, folder, counts);

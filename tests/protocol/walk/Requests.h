@@ -3,31 +3,13 @@
 #ifndef TESTS_PROTOCOL_WALK_REQUESTS_H
 #define TESTS_PROTOCOL_WALK_REQUESTS_H
 
-#include <cstddef>
-#include <cstdint>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "protocol/walk/Client.h"
+#include "walk/Random.h"
 
 namespace walk {
-
-/// The same numbers from the same seed.
-class Random {
-public:
-  explicit Random(std::uint64_t seed) : engine(seed) {}
-
-  /// From 0 to `count` - 1.
-  std::size_t below(std::size_t count) { return engine() % count; }
-  bool oneIn(std::size_t count) { return below(count) == 0; }
-  template <class List> auto &of(const List &list) {
-    return list[below(list.size())];
-  }
-
-private:
-  std::mt19937_64 engine;
-};
 
 class Requests {
 public:

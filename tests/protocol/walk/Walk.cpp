@@ -19,6 +19,7 @@
 
 #include "protocol/walk/Client.h"
 #include "protocol/walk/Requests.h"
+#include "walk/Folder.h"
 
 namespace {
 
@@ -31,29 +32,6 @@ using walk::Requests;
 
 constexpr std::size_t stepsOfABoard = 2000;
 constexpr std::size_t mostSteps = 60; // that are told of a walk that fails
-
-/// A folder in memory, where there is one: a walk flushes often.
-class Folder {
-public:
-  Folder() {
-    const fs::path shared = "/dev/shm";
-    std::string name =
-        ((fs::is_directory(shared) ? shared : fs::temp_directory_path()) /
-         "protocol-walk-XXXXXX")
-            .string();
-    if (mkdtemp(name.data()) == nullptr)
-      throw std::runtime_error("no folder can be made: " + name);
-    path = name;
-  }
-  ~Folder() {
-    std::error_code ignored;
-    fs::remove_all(path, ignored);
-  }
-  Folder(const Folder &) = delete;
-  Folder &operator=(const Folder &) = delete;
-
-  fs::path path;
-};
 
 struct Counts {
   std::size_t steps = 0;
@@ -212,7 +190,7 @@ int main(int argc, char **argv) {
   const std::size_t steps =
       argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 1000;
   Random random(argc > 2 ? std::strtoull(argv[2], nullptr, 10) : 20261122);
-  const Folder folder;
+  const walk::Folder folder("protocol-walk");
   Counts counts;
   try {
     while (counts.steps < steps) {
