@@ -376,6 +376,15 @@ TEST_F(SaveTest, AFolderThatIsAFileIsRefused) {
   }
 }
 
+TEST_F(SaveTest, AFolderThatIsAPipeIsRefused) {
+  fs::remove(work.path() / "etc");
+  ASSERT_EQ(mkfifo((work.path() / "etc").c_str(), 0600), 0);
+  Session session = changed();
+  EXPECT_THAT(refusalOf([&] { session.Save(); }),
+              testing::AllOf(testing::StartsWith("no-folder: "),
+                             testing::EndsWith("etc: is no folder")));
+}
+
 TEST_F(SaveTest, LinksAreFollowed) {
   work.write("elsewhere/real.opt", byDefault);
   fs::create_symlink("../elsewhere/real.opt", file());
