@@ -181,7 +181,7 @@ TEST_F(LockTest, WhoHasWaitedTakesALockThatLiesThere) {
         const Session session(board, "lc", Session::Hold::untilSaved);
         return names();
       });
-  while (descriptorsOf(file) < 2)
+  for (int count = 0; count < 2; count = descriptorsOf(file))
     usleep(1000);
   EXPECT_EQ(unlink(file.c_str()), 0);
   EXPECT_EQ(close(held), 0);
