@@ -141,7 +141,7 @@ TEST_F(LockTest, AnotherThatSavesWaits) {
 
 /// No file system takes a name of more than 255 bytes.
 TEST_F(LockTest, WhatLiesBesideAFileHasAShortName) {
-  for (const std::size_t size : {1, 239, 240}) {
+  for (const std::size_t size : {1U, 239U, 240U}) {
     const std::string name(size, 'a');
     EXPECT_EQ(model::besideFile("x/" + name, ".lock"), "x/." + name + ".lock");
   }

@@ -555,7 +555,7 @@ TEST_F(SaveTest, AProcessorsNameThatLeadsElsewhereLeadsToNoFile) {
 }
 
 TEST_F(SaveTest, ANameThatIsTooLongLeadsToNoFile) {
-  for (const std::size_t size : {247, 248}) { // with "kvo_" and ".opt", 255
+  for (const std::size_t size : {247U, 248U}) { // with "kvo_" and ".opt", 255
     const std::string name(size, 'n');
     fillDesign(design);
     design.processors = {name};
