@@ -1,4 +1,5 @@
 // What discovery finds on a board.
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,20 @@ TEST_F(BoardTest, KeepsTheFolderAsItWasGiven) {
                 ElementsAre("lc", "lc_sim", "ppc405", "ppc440", "a9", "r5"));
     EXPECT_EQ(Session(found, "lc").File(), row.file);
   }
+}
+
+/// A relative one has no place then.
+TEST_F(BoardTest, NeedsTheFolderThatTheProcessIsIn) {
+  namespace fs = std::filesystem;
+  const fs::path before = fs::current_path();
+  const fs::path gone = work.path() / "gone";
+  fs::create_directory(gone);
+  fs::current_path(gone);
+  fs::remove(gone);
+  EXPECT_EQ(refusalOf([&] { Board(design, "etc"); }),
+            "file-system: etc: No such file or directory");
+  EXPECT_EQ(refusalOf([&] { Board(design, "/etc"); }), "accepted");
+  fs::current_path(before);
 }
 
 } // namespace

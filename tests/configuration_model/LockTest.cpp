@@ -141,7 +141,7 @@ TEST_F(LockTest, AnotherThatSavesWaits) {
 
 /// No file system takes a name of more than 255 bytes.
 TEST_F(LockTest, WhatLiesBesideAFileHasAShortName) {
-  for (const std::size_t size : {1, 239, 240}) {
+  for (const std::size_t size : {1U, 239U, 240U}) {
     const std::string name(size, 'a');
     EXPECT_EQ(model::besideFile("x/" + name, ".lock"), "x/." + name + ".lock");
   }
@@ -181,7 +181,7 @@ TEST_F(LockTest, WhoHasWaitedTakesALockThatLiesThere) {
         const Session session(board, "lc", Session::Hold::untilSaved);
         return names();
       });
-  while (descriptorsOf(file) < 2)
+  for (int count = 0; count < 2; count = descriptorsOf(file))
     usleep(1000);
   EXPECT_EQ(unlink(file.c_str()), 0);
   EXPECT_EQ(close(held), 0);

@@ -220,6 +220,22 @@ TEST_F(LossTest, ALineThatIsCutIsTold) {
   expectExplained(losses);
 }
 
+/// The cut is told, not what the reader makes of half a word.
+TEST_F(LossTest, ALineThatIsCutInAnOptionIsToldOnce) {
+  Session session = open();
+  const auto takePort = [&session](std::size_t size) {
+    session.Change({{"cable.cableType", 3},
+                    {"cable.port", std::string(size, 'p')},
+                    {"debugDevice", 1}});
+    return session.Command().find("-debugdevice");
+  };
+  const std::size_t front = takePort(1) - 1;
+  EXPECT_EQ(takePort(1018 - front), 1018U); // five letters of it are read
+  EXPECT_THAT(session.Losses(), testing::SizeIs(1));
+  EXPECT_EQ(session.Losses()[0].field, "connectCommand");
+  EXPECT_EQ(session.Losses()[0].code, "long-file");
+}
+
 TEST_F(LossTest, ALineThatEndsInATextIsTold) {
   Session session = open();
   session.Edit("connect lc hdu -cable type quorla_podusb port a\nb -quiet");

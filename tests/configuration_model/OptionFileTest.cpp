@@ -1,4 +1,5 @@
 // What is read of an option file, and which files are the same.
+#include <cerrno>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -44,6 +45,13 @@ TEST_F(OptionFileTest, HasItsFirstLineThatIsNotEmpty) {
     EXPECT_EQ(file.line, row.line) << row.content;
     EXPECT_EQ(file.text, row.text) << row.content;
   }
+}
+
+/// Only a call that has failed says why.
+TEST_F(OptionFileTest, EndsWhateverWasInterruptedBefore) {
+  work.write("some.opt", "a\n");
+  errno = EINTR;
+  EXPECT_EQ(readOptionFile(work.path() / "some.opt").bytes, "a\n");
 }
 
 TEST_F(OptionFileTest, IsCutBehindWhatIsReadOfALine) {

@@ -31,6 +31,33 @@ TEST(Printable, LeavesWhatCanBeShown) {
     EXPECT_EQ(printable(row.text), row.shown);
 }
 
+/// A character as UTF-8.
+std::string encoded(unsigned character) {
+  const auto tail = [character](unsigned shift) {
+    return static_cast<char>(0x80 | (character >> shift & 0x3F));
+  };
+  const auto front = [character](unsigned mark, unsigned shift) {
+    return static_cast<char>(mark | character >> shift);
+  };
+  if (character < 0x800)
+    return {front(0xC0, 6), tail(0)};
+  if (character < 0x10000)
+    return {front(0xE0, 12), tail(6), tail(0)};
+  return {front(0xF0, 18), tail(12), tail(6), tail(0)};
+}
+
+/// The first and the last one of each form.
+TEST(Printable, LeavesCharactersOfEachForm) {
+  for (const unsigned character :
+       {0xA0U, 0xBFU, 0xC0U, 0x7FFU, 0x800U, 0xFFFU, 0x1000U, 0xCFFFU, 0xD000U,
+        0xD7FFU, 0xE000U, 0xFFFFU, 0x10000U, 0x3FFFFU, 0x40000U, 0xFFFFFU,
+        0x100000U, 0x10FFFFU}) {
+    const std::string text = encoded(character);
+    EXPECT_EQ(printable(text), text) << character;
+    EXPECT_EQ(wellFormed(text), text) << character;
+  }
+}
+
 TEST(Printable, EscapesControlCharacters) {
   const Row rows[] = {
       {std::string("\0", 1), "\\x00"},

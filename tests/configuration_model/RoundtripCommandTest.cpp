@@ -116,6 +116,11 @@ TEST(RoundtripCommand, TellsWhichStepIsRefused) {
        "reading again: column 30: 'jtagpin' is no parameter of this option "
        "(UNKNOWN Parameter 'jtagpin' for option '-configDevice')",
        "cpuJtag 1->nothing cpu-jtag-marker"},
+      // Beside what is refused, what is not even written; no defaults.
+      {"connect lc hdu -configdevice jtagport cpu -debugdevice nCpu 2",
+       "reading again: column 30: 'jtagpin' is no parameter of this option "
+       "(UNKNOWN Parameter 'jtagpin' for option '-configDevice')",
+       "nCpu 2->nothing never-written; cpuJtag 1->nothing cpu-jtag-marker"},
       {"vpconnect lc -ipcport h:3",
        "reading again: column 14: '-ipcporth3' is no option here (UNKNOWN "
        "virtual platform Option 'lc')",

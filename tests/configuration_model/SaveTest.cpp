@@ -307,6 +307,8 @@ TEST_F(SaveTest, OnlyARegularFileIsReplaced) {
        }},
       {"is a link to nothing",
        [](const fs::path &path) { fs::create_symlink("nowhere", path); }},
+      {"Too many levels of symbolic links",
+       [](const fs::path &path) { fs::create_symlink(path, path); }},
   };
   for (const Row &row : rows) {
     row.make(file());
@@ -349,6 +351,18 @@ TEST_F(SaveTest, AMissingFolderIsRefusedOrMade) {
   EXPECT_EQ(saved(), command3);
 }
 
+TEST_F(SaveTest, OnlyTheLastFolderIsMade) {
+  Session session(boardIn("no/etc"), "lc");
+  session.Change({{"debugDevice", 3}});
+  SaveOptions options;
+  options.makeFolder = true;
+  EXPECT_THAT(
+      refusalOf([&] { session.Save(options); }),
+      testing::AllOf(testing::StartsWith("file-system: "),
+                     testing::EndsWith("no/etc: No such file or directory")));
+  EXPECT_FALSE(work.exists("no"));
+}
+
 TEST_F(SaveTest, AFolderThatIsAFileIsRefused) {
   fs::remove(work.path() / "etc");
   work.write("etc", "file");
@@ -360,6 +374,15 @@ TEST_F(SaveTest, AFolderThatIsAFileIsRefused) {
                 testing::AllOf(testing::StartsWith("no-folder: "),
                                testing::EndsWith("is a file, no folder")));
   }
+}
+
+TEST_F(SaveTest, AFolderThatIsAPipeIsRefused) {
+  fs::remove(work.path() / "etc");
+  ASSERT_EQ(mkfifo((work.path() / "etc").c_str(), 0600), 0);
+  Session session = changed();
+  EXPECT_THAT(refusalOf([&] { session.Save(); }),
+              testing::AllOf(testing::StartsWith("no-folder: "),
+                             testing::EndsWith("etc: is no folder")));
 }
 
 TEST_F(SaveTest, LinksAreFollowed) {
@@ -529,6 +552,27 @@ TEST_F(SaveTest, AProcessorsNameThatLeadsElsewhereLeadsToNoFile) {
   EXPECT_THAT(names(), ElementsAre("kvo_lc", "kvo_x"));
   EXPECT_EQ(work.read("etc/kvo_lc"), content);
   EXPECT_EQ(work.read("escaped.opt"), content);
+}
+
+TEST_F(SaveTest, ANameThatIsTooLongLeadsToNoFile) {
+  for (const std::size_t size : {247U, 248U}) { // with "kvo_" and ".opt", 255
+    const std::string name(size, 'n');
+    fillDesign(design);
+    design.processors = {name};
+    design.typeOf[name] = "lumacore";
+    design.instancesOfType["lumacore"] = {name};
+    const Board odd(design, (work.path() / "etc").string());
+    Session session(odd, name);
+    session.Change({{"connection", "sim"}});
+    if (size == 247) {
+      EXPECT_EQ(session.Problem(), "");
+      EXPECT_TRUE(session.Save().written);
+      EXPECT_EQ(saved(name), "connect lc sim");
+    } else {
+      EXPECT_EQ(session.Problem(), "File name too long");
+      EXPECT_NE(refusalOf([&] { session.Save(); }), "accepted");
+    }
+  }
 }
 
 TEST_F(SaveTest, NamesOfOtherBytesLeadToAFile) {

@@ -261,6 +261,20 @@ TEST_F(StateTest, ANumberThatWasCutIsToldOfTheCommandThatWasTyped) {
   }
 }
 
+TEST_F(StateTest, WhatWasCutIsToldAsLongAsItsDeviceIsThere) {
+  Session session = open();
+  session.Edit("connect lc hdu -configdevice devicenr 1 -configdevice "
+               "devicenr 300 -configdevice devicenr 2");
+  const std::vector<std::string> cut{"value-cut '44'"};
+  EXPECT_EQ(warningsOf(session), cut);
+  const Value::Chain all = session.Get("chain").Devices();
+  ASSERT_EQ(all.size(), 3U);
+  session.Change({{"chain", Value::Chain{all[0], all[1]}}});
+  EXPECT_EQ(warningsOf(session), cut);
+  session.Change({{"chain", Value::Chain{all[0]}}});
+  EXPECT_THAT(warningsOf(session), testing::IsEmpty());
+}
+
 TEST_F(StateTest, WhatWasCutIsToldAsLongAsItStands) {
   Session session = openWith("connect lc hdu -debugdevice devicenr 200");
   const std::vector<std::string> cut{"value-cut '-56'"};

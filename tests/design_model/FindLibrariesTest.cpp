@@ -273,7 +273,7 @@ TEST_F(FindLibraries, LooksAtSixteenKilobytesOfADocument) {
   const std::string end = "</ipxact:version>";
   const std::size_t identity = text.find(end) + end.size();
   const std::string missing = "component x:y:cpu:1";
-  for (const std::size_t size : {16384, 16385}) {
+  for (const std::size_t size : {16384U, 16385U}) {
     const std::string front(size - identity - 7, ' ');
     folder.write("ip/a.xml",
                  "<!--" + front + "-->" + text + std::string(16384, '\n'));

@@ -181,6 +181,9 @@ TEST(KnownTypes, AreAskedForByTheirRole) {
       {DesignRole::processor, "x", "processor of type 'x'"},
       {DesignRole::processor, "ppc404_core",
        "processor of type 'ppc404_core'; did you mean 'ppc405_core'?"},
+      // As near as another one: the first of them.
+      {DesignRole::processor, "ppc400_core",
+       "processor of type 'ppc400_core'; did you mean 'ppc405_core'?"},
       {DesignRole::debugModule, "hdu", ""},
       {DesignRole::debugModule, "lumacore", "debug module of type 'lumacore'"},
       {DesignRole::other, "aux_fpu", ""},
