@@ -634,5 +634,45 @@
         <source>this processor does not allow what was copied</source>
         <translation>dieser Prozessor erlaubt nicht, was kopiert wurde</translation>
     </message>
+    <message>
+        <source>bytes</source>
+        <translation>Byte</translation>
+    </message>
+    <message>
+        <source>bits</source>
+        <translation>Bit</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>nein</translation>
+    </message>
+    <message>
+        <source>no devices</source>
+        <translation>keine Geräte</translation>
+    </message>
+    <message>
+        <source>a device</source>
+        <translation>ein Gerät</translation>
+    </message>
+    <message>
+        <source>not set</source>
+        <translation>nicht gesetzt</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>bit/s</source>
+        <translation>Bit/s</translation>
+    </message>
 </context>
 </TS>

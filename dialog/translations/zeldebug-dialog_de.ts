@@ -17,6 +17,17 @@
     </message>
 </context>
 <context>
+    <name>Lists</name>
+    <message>
+        <source>Setting</source>
+        <translation>Einstellung</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Gespeichert</translation>
+    </message>
+</context>
+<context>
     <name>Origins</name>
     <message>
         <source>default</source>
@@ -348,14 +359,6 @@ Sollen sie gespeichert werden?</translation>
         <translation>Was vom Gespeicherten abweicht</translation>
     </message>
     <message>
-        <source>Setting</source>
-        <translation>Einstellung</translation>
-    </message>
-    <message>
-        <source>Saved</source>
-        <translation>Gespeichert</translation>
-    </message>
-    <message>
         <source>Now</source>
         <translation>Jetzt</translation>
     </message>
@@ -401,10 +404,6 @@ Sollen sie gespeichert werden?</translation>
         <translation>Was beim Speichern verloren geht</translation>
     </message>
     <message>
-        <source>Setting</source>
-        <translation>Einstellung</translation>
-    </message>
-    <message>
         <source>Value</source>
         <translation>Wert</translation>
     </message>
@@ -426,10 +425,6 @@ Sollen sie gespeichert werden?</translation>
     <message>
         <source>Open a design, or drop its file here.</source>
         <translation>Ein Design öffnen oder seine Datei hier ablegen.</translation>
-    </message>
-    <message>
-        <source>Messages about the design</source>
-        <translation>Meldungen zum Design</translation>
     </message>
     <message>
         <source>Reading the design</source>
@@ -563,28 +558,8 @@ Sollen sie gespeichert werden?</translation>
         <translation>nichts ist gespeichert</translation>
     </message>
     <message>
-        <source>Processors</source>
-        <translation>Prozessoren</translation>
-    </message>
-    <message>
-        <source>Processor</source>
-        <translation>Prozessor</translation>
-    </message>
-    <message>
-        <source>Type</source>
-        <translation>Typ</translation>
-    </message>
-    <message>
         <source>No.</source>
         <translation>Nr.</translation>
-    </message>
-    <message>
-        <source>FPU</source>
-        <translation>FPU</translation>
-    </message>
-    <message>
-        <source>Saved</source>
-        <translation>Gespeichert</translation>
     </message>
     <message>
         <source>cannot be debugged: %1</source>

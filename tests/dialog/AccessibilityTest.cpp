@@ -16,8 +16,10 @@
 #include <QToolBar>
 
 #include "dialog/Scene.h"
+#include "pages/SessionModel.h"
 #include "pages/SettingRow.h"
 #include "pages/SettingsForm.h"
+#include "pages/ToneLabel.h"
 
 using namespace ZelDebugDialog;
 using scene::Scene;
@@ -116,6 +118,55 @@ private slots:
       auto *const control = scene::named<QWidget>(scene.window(), name);
       QVERIFY2(control == nullptr || reached.count(control) == 1, name);
     }
+  }
+
+  /// Their labels take the focus in their place, and tell the reason.
+  void TheKeyboardLeadsToTheReasonsOfWhatIsDisabled() {
+    Scene scene;
+    scene.board().choose("ppc405_0");
+    const auto state = [&scene](const std::string &setting) {
+      return *scene.page().findChild<dialog::SessionModel *>()->find(setting);
+    };
+    auto *const form = scene.page().findChild<dialog::SettingsForm *>();
+    std::set<QWidget *> reached;
+    for (int i = 0; i < 400; ++i) {
+      QWidget *const focus = QApplication::focusWidget();
+      QVERIFY(focus != nullptr);
+      reached.insert(focus);
+      QTest::keyClick(focus, Qt::Key_Tab);
+    }
+    int disabled = 0;
+    for (const SettingInfo &setting : GetSettings()) {
+      dialog::SettingRow *const row = form->rowFor(setting.id);
+      if (row == nullptr || row->setting().id != setting.id ||
+          !row->label().isVisible() || !setting.settable)
+        continue;
+      auto *const label = const_cast<dialog::ToneLabel *>(&row->label());
+      const QString told = QAccessible::queryAccessibleInterface(label)->text(
+          QAccessible::Description);
+      if (row->field()->isEnabled()) {
+        QVERIFY2(reached.count(label) == 0, setting.id.c_str());
+        continue;
+      }
+      ++disabled;
+      QVERIFY2(reached.count(label) == 1, setting.id.c_str());
+      const QString reason = QString::fromStdString(state(setting.id).reason);
+      QVERIFY2(!reason.isEmpty() && told.contains(reason), setting.id.c_str());
+      // To those who see it as well.
+      label->setFocus(Qt::TabFocusReason);
+      QTest::keyClick(label, Qt::Key_F1, Qt::ShiftModifier);
+      QWidget *const help = QApplication::activePopupWidget();
+      QVERIFY2(help != nullptr, setting.id.c_str());
+      QTest::keyClick(help, Qt::Key_Escape);
+      QCoreApplication::processEvents();
+    }
+    QVERIFY(disabled > 0);
+    // Groups that are folded away say why.
+    auto *const heading =
+        scene::named<QAbstractButton>(scene.page(), "Simulator");
+    QVERIFY(heading != nullptr);
+    QVERIFY2(heading->accessibleDescription().startsWith("folded: "),
+             qPrintable(heading->accessibleDescription()));
   }
 
   /// Such a box is told by what is chosen; its name is its label's.

@@ -9,15 +9,19 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QStandardItemModel>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
@@ -36,6 +40,7 @@
 #include "pages/SessionModel.h"
 #include "pages/SettingsForm.h"
 #include "pages/Texts.h"
+#include "program/RecentDesigns.h"
 
 using namespace ZelDebugDialog;
 using scene::Scene;
@@ -357,6 +362,39 @@ private slots:
     while (scene.action(Operation::redo)->isEnabled())
       scene.action(Operation::redo)->trigger();
     QCOMPARE(scene.command(), QString(storyCommand));
+  }
+
+  /// What was typed and taken back by typing is no step, not even to redo.
+  void TypingBackAndForthLeavesNothingToRedo() {
+    Scene scene;
+    QAction *const undo = scene.action(Operation::undo);
+    QAction *const redo = scene.action(Operation::redo);
+    scene.choose("cable.cableType", "quorla_podusb");
+    const QString chosen = scene.command();
+    QLineEdit &line = lineOf(scene, "debugDevice");
+    QCOMPARE(line.text(), QString("0"));
+    QTest::keyClick(&line, Qt::Key_End);
+    QTest::keyClick(&line, Qt::Key_Backspace);
+    QTest::keyClicks(&line, "2");
+    QVERIFY(scene.command() != chosen);
+    QTest::keyClick(&line, Qt::Key_Backspace);
+    QTest::keyClicks(&line, "0");
+    QCOMPARE(scene.command(), chosen);
+    QVERIFY(!redo->isEnabled());
+    // What is undone meanwhile is done again, and no more than that.
+    undo->trigger();
+    QVERIFY(scene.command() != chosen);
+    QVERIFY(redo->isEnabled());
+    redo->trigger();
+    QCOMPARE(scene.command(), chosen);
+    QVERIFY(!redo->isEnabled());
+    // A step that is typed can be done again as ever.
+    scene.type("debugDevice", "3");
+    const QString typed = scene.command();
+    undo->trigger();
+    QCOMPARE(scene.command(), chosen);
+    redo->trigger();
+    QCOMPARE(scene.command(), typed);
   }
 
   void ALineThatWasCutIsWholeWhereThereIsRoom() {
@@ -827,6 +865,133 @@ private slots:
     QVERIFY(!scene.board().choose("no_such"));
   }
 
+  void ProcessorsThatWereNotVisitedHaveTheirSigns() {
+    Scene scene;
+    QCOMPARE(savedSign(scene, "lumacore_1"), QString());
+    scene.write("lumacore_1", "connect lc hdu\n");
+    scene.write("ppc405_0", "connect nothing\n");
+    const auto isSeen = [&scene] {
+      return savedSign(scene, "lumacore_1") == QString("✓") &&
+             savedSign(scene, "ppc405_0") == QString("⚠");
+    };
+    // While the board is open ...
+    QVERIFY(scene::waitUntil(isSeen));
+    QVERIFY(QFile::remove(scene.fileOf("lumacore_1")));
+    QVERIFY(scene::waitUntil(
+        [&scene] { return savedSign(scene, "lumacore_1").isEmpty(); }));
+    // ... and from the start.
+    scene.write("lumacore_1", "connect lc hdu\n");
+    QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
+    scene.window().open({TEST_BOARD, {}, "", ""});
+    QVERIFY(opened.wait(60000));
+    QVERIFY(isSeen());
+  }
+
+  void ThePagesAreDividedAsTheyWere() {
+    Scene scene;
+    const auto reopen = [&scene] {
+      QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
+      scene.window().open({TEST_BOARD, {}, "", ""});
+      QVERIFY(opened.wait(60000));
+      QCoreApplication::processEvents();
+    };
+    const auto widthOf = [&scene](const char *column) {
+      auto &list = only<dialog::DifferenceList>(scene.page());
+      for (int i = 0; i < list.columnCount(); ++i)
+        if (list.headerItem()->text(i) == QLatin1String(column))
+          return list.columnWidth(i);
+      return -1;
+    };
+    auto *const board =
+        scene.window().findChild<QSplitter *>(QStringLiteral("board"));
+    board->setSizes({300, 900});
+    const QList<int> sizes = board->sizes();
+    // A person's hand on the edge of a column.
+    scene.page().findChild<QTabWidget *>()->setCurrentIndex(2);
+    auto &list = only<dialog::DifferenceList>(scene.page());
+    QWidget *const header = list.header()->viewport();
+    const int before = widthOf("Setting");
+    const QPoint edge(before - 1, header->height() / 2);
+    QTest::mousePress(header, Qt::LeftButton, {}, edge);
+    QTest::mouseMove(header, edge + QPoint(70, 0));
+    QMouseEvent move(QEvent::MouseMove, edge + QPoint(70, 0),
+                     header->mapToGlobal(edge + QPoint(70, 0)), Qt::LeftButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(header, &move);
+    QTest::mouseRelease(header, Qt::LeftButton, {}, edge + QPoint(70, 0));
+    const int wide = widthOf("Setting");
+    QVERIFY2(wide > before + 50, qPrintable(QString::number(wide)));
+    // It stays when there is something to show, ...
+    scene.type("debugDevice", "2");
+    QCOMPARE(widthOf("Setting"), wide);
+    scene.action(Operation::undo)->trigger();
+    // ... for another processor, and for the next board.
+    QVERIFY(scene.board().choose("a9_0"));
+    QCOMPARE(widthOf("Setting"), wide);
+    reopen();
+    QCOMPARE(
+        scene.window().findChild<QSplitter *>(QStringLiteral("board"))->sizes(),
+        sizes);
+    QCOMPARE(widthOf("Setting"), wide);
+    // Nothing else is taken for such a state.
+    QVERIFY(!scene.board().restoreLayoutState("no state"));
+    QCOMPARE(widthOf("Setting"), wide);
+  }
+
+  void ARecentDesignComesWithItsLibraries() {
+    QTemporaryDir folder;
+    const QString design = splitBoard(folder);
+    DesignSources sources;
+    sources.designFile = design.toStdString();
+    sources.libraryFolders = {folder.filePath("project").toStdString(),
+                              folder.filePath("elsewhere").toStdString()};
+    Scene scene;
+    QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
+    scene.window().open(sources);
+    QVERIFY(opened.wait(60000));
+    scene.window().open({TEST_BOARD, {}, "", ""});
+    QVERIFY(opened.wait(60000));
+    const std::vector<DesignSources> recent = dialog::recentDesigns();
+    QVERIFY(recent.size() >= 2);
+    QCOMPARE(recent[0].designFile, std::string(TEST_BOARD));
+    QVERIFY(recent[0].libraryFolders.empty());
+    QCOMPARE(recent[1].designFile, sources.designFile);
+    QCOMPARE(recent[1].libraryFolders, sources.libraryFolders);
+    for (QAction *const one : scene.window().findChildren<QAction *>())
+      if (one->text() == QDir::toNativeSeparators(design)) {
+        one->trigger();
+        break;
+      }
+    QVERIFY(opened.wait(60000));
+    // Nothing is missing.
+    QVERIFY(answerIn(scene, "Take them from there") == nullptr);
+    QVERIFY(scene.window().board() != nullptr);
+  }
+
+  void RecentDesignsKeepAllThatTheyWereOpenedWith() {
+    const DesignSources sources{
+        "/b/board.xml", {"/b", "/lib"}, "rtl", "/b/kinds.txt"};
+    dialog::noteRecentDesign(sources);
+    DesignSources other;
+    other.designFile = "/b/other.xml";
+    dialog::noteRecentDesign(other);
+    dialog::noteRecentDesign(sources);
+    const std::vector<DesignSources> recent = dialog::recentDesigns();
+    QCOMPARE(recent[0].designFile, sources.designFile);
+    QCOMPARE(recent[0].libraryFolders, sources.libraryFolders);
+    QCOMPARE(recent[0].view, sources.view);
+    QCOMPARE(recent[0].kindsFile, sources.kindsFile);
+    QCOMPARE(recent[1].designFile, other.designFile);
+    QVERIFY(recent[1].kindsFile.empty() && recent[1].view.empty());
+    // Once each, and not without end.
+    for (int i = 0; i < 20; ++i) {
+      other.designFile = "/b/" + std::to_string(i) + ".xml";
+      dialog::noteRecentDesign(other);
+    }
+    QCOMPARE(dialog::recentDesigns().size(), std::size_t(8));
+    QCOMPARE(dialog::recentDesigns()[0].designFile, std::string("/b/19.xml"));
+  }
+
   void ADesignIsOpenedByDroppingIt() {
     Scene scene;
     QMimeData data;
@@ -902,6 +1067,27 @@ private slots:
     QVERIFY(scene.action(Operation::save)->isEnabled());
     QVERIFY(scene.action(Operation::undo)->isEnabled());
     QVERIFY(!scene.action(Operation::redo)->isEnabled());
+  }
+
+  /// By the keyboard as well, and without waiting for what is being read.
+  void ReadingIsCancelledAtOnce() {
+    Scene scene;
+    BoardPage *const before = scene.window().board();
+    QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
+    scene.window().open({TEST_OTHER_BOARD, {}, "", ""});
+    auto *const bar = scene.window().findChild<QProgressBar *>();
+    QVERIFY(bar->isVisible());
+    QCOMPARE(bar->minimum(), bar->maximum()); // It is not known how much.
+    QWidget *const focus = QApplication::focusWidget();
+    QVERIFY(focus != nullptr);
+    QTest::keyClick(focus, Qt::Key_Escape);
+    // The button is seen to be pressed.
+    QTRY_VERIFY_WITH_TIMEOUT(scene.board().isVisible(), 1000);
+    QVERIFY(!bar->isVisible());
+    constexpr int longer = 400; // ms
+    QTest::qWait(longer);
+    QVERIFY(opened.isEmpty());
+    QCOMPARE(scene.window().board(), before);
   }
 
   /// It was read while a question was open, and is not wanted any more.

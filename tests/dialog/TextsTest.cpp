@@ -120,6 +120,9 @@ private slots:
       QVERIFY2(isThere(setting.group), setting.group.c_str());
       QVERIFY2(isThere(setting.label), setting.label.c_str());
       QVERIFY2(isThere(setting.help), setting.help.c_str());
+      QVERIFY2(setting.unit.empty() || setting.kind == SettingKind::frequency ||
+                   isThere(setting.unit),
+               setting.unit.c_str());
       // A label that is a word of the command stays as it is.
       for (const Choice &choice : setting.choices)
         QVERIFY2(choice.label == choice.text || isThere(choice.label) ||
@@ -129,6 +132,17 @@ private slots:
     }
     QCOMPARE(dialog::nameOf("cable.frequency"), QString("Kabel: Frequenz"));
     QCOMPARE(dialog::originOf("file:28"), QString("Datei, Spalte 28"));
+    // What a value is called, but not what a person has typed.
+    QCOMPARE(dialog::valueOf("cpuJtag", Value(true)), QString("ja"));
+    QCOMPARE(dialog::valueOf("cpuJtag", Value(false)), QString("nein"));
+    QCOMPARE(dialog::valueOf("chain", Value(Value::Chain())),
+             QString("keine Geräte"));
+    QCOMPARE(dialog::valueOf("romemStartAdr", Value(4294967295)),
+             QString("nicht gesetzt"));
+    QCOMPARE(dialog::valueOf("cable.port", Value("yes")), QString("yes"));
+    QCOMPARE(dialog::valueOf("cable.frequency", Value(3000000)),
+             QString("3 MHz"));
+    QCOMPARE(dialog::unitOf(*FindSetting("romemSize")), QString("Byte"));
     scene::prepare();
     scene::Scene scene;
     QCOMPARE(scene::clashingKeys(scene.window()), QStringList());

@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include <QByteArray>
 #include <QString>
 #include <QWidget>
 
@@ -140,6 +141,12 @@ public:
   /// @return false: the person wants to go on instead
   bool mayClose();
 
+  /// How the person has divided it: widths, heights, columns. A program may
+  /// keep it, as it keeps `QMainWindow::saveState`.
+  QByteArray layoutState() const;
+  /// False, and nothing has changed, for what is no such state.
+  bool restoreLayoutState(const QByteArray &state);
+
 public slots:
   /// Saves every configuration that is not as it is saved.
   bool saveAll();
@@ -150,6 +157,9 @@ signals:
 
 private:
   void makeActions();
+  void watchUnvisited();
+  void displayUnvisited();
+  std::map<QString, QByteArray> pageLayout() const;
   ConfigurationPage *pageOf(const std::string &processor);
   std::vector<ConfigurationPage *> modifiedPages() const;
   bool savePages(const std::vector<ConfigurationPage *> &pages);
@@ -159,8 +169,10 @@ private:
   Board board;
   dialog::ProcessorList *list;
   QStackedWidget *stack;
-  QLabel *remark; ///< In place of a page.
+  QLabel *remark;                     ///< In place of a page.
+  dialog::FileWatch *watch = nullptr; ///< Of processors without a page.
   std::map<std::string, ConfigurationPage *> pages;
+  std::map<QString, QByteArray> laidOut; ///< What the next page is to be like.
   std::map<Operation, QAction *> actions;
 };
 

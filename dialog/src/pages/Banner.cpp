@@ -41,7 +41,8 @@ void Banner::changeEvent(QEvent *event) {
 void Banner::colour() {
   isColouring = true;
   QPalette remarkPalette;
-  remarkPalette.setColor(QPalette::Window, remarkColour(remarkPalette));
+  remarkPalette.setColor(QPalette::Window,
+                         remarkColour(parentWidget()->palette()));
   setPalette(remarkPalette);
   isColouring = false;
 }

@@ -11,6 +11,8 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Session.h"
 #include "pages/CopyDialog.h"
+#include "pages/FileWatch.h"
+#include "pages/Layout.h"
 #include "pages/ProcessorList.h"
 #include "pages/Saving.h"
 #include "pages/SessionModel.h"
@@ -46,6 +48,7 @@ BoardPage::BoardPage(const Board &ofBoard, QWidget *parent)
   auto *const layout = new QHBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   auto *const splitter = new QSplitter(this);
+  splitter->setObjectName(QStringLiteral("board"));
   splitter->addWidget(list);
   splitter->addWidget(stack);
   splitter->setStretchFactor(0, 0);
@@ -64,14 +67,29 @@ BoardPage::BoardPage(const Board &ofBoard, QWidget *parent)
   remark->setMargin(3 * letter);
   stack->addWidget(remark);
   makeActions();
-  for (const BoardProcessor &processor : board.Processors())
-    list->display(processor.name, savedAs(board, processor.name));
+  watchUnvisited();
   connect(list, &ProcessorList::processorChosen, this, &BoardPage::choose);
   if (!board.Processors().empty())
     choose(board.Processors().front().name);
   else
     remark->setText(tr("No processor of this design can be debugged."));
   refresh();
+}
+
+/// Each has its sign from the start, and keeps it true.
+void BoardPage::watchUnvisited() {
+  QStringList files;
+  for (const BoardProcessor &processor : board.Processors())
+    files.append(shown(Session(board, processor.name).File()));
+  watch = new FileWatch(files, this);
+  connect(watch, &FileWatch::changed, this, &BoardPage::displayUnvisited);
+  displayUnvisited();
+}
+
+void BoardPage::displayUnvisited() {
+  for (const BoardProcessor &processor : board.Processors())
+    if (pages.count(processor.name) == 0)
+      list->display(processor.name, savedAs(board, processor.name));
 }
 
 void BoardPage::makeActions() {
@@ -129,12 +147,15 @@ bool BoardPage::choose(const std::string &processor) {
     if (none.name == processor) {
       remark->setText(
           tr("%1 (%2) cannot be debugged: %3.")
-              .arg(shown(none.name), shown(none.type), shown(none.reason)));
+              .arg(shown(none.name), shown(none.type), reasonOf(none.reason)));
       stack->setCurrentWidget(remark);
       refresh();
       return true;
     }
+  laidOut = pageLayout();
   ConfigurationPage *const page = pageOf(processor);
+  if (page != current())
+    restoreLayout(*page, laidOut);
   stack->setCurrentWidget(page);
   page->lookAtFile();
   refresh();
@@ -144,6 +165,32 @@ bool BoardPage::choose(const std::string &processor) {
 ConfigurationPage *BoardPage::current() const {
   return qobject_cast<ConfigurationPage *>(stack->currentWidget());
 }
+
+// --- Layout ------------------------------------------------------------------
+
+/// Of the page that is shown: another one is to look the same.
+std::map<QString, QByteArray> BoardPage::pageLayout() const {
+  const ConfigurationPage *const page = current();
+  return page != nullptr ? layoutOf(*page) : laidOut;
+}
+
+QByteArray BoardPage::layoutState() const {
+  Layout layout = layoutOf(*this);
+  for (const auto &[name, state] : pageLayout())
+    layout[name] = state;
+  return written(layout);
+}
+
+bool BoardPage::restoreLayoutState(const QByteArray &state) {
+  const Layout layout = readLayout(state);
+  if (layout.empty())
+    return false;
+  laidOut = layout;
+  restoreLayout(*this, layout);
+  return true;
+}
+
+// --- Saving, closing, copying ------------------------------------------------
 
 std::vector<ConfigurationPage *> BoardPage::modifiedPages() const {
   std::vector<ConfigurationPage *> found;

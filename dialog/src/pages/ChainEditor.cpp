@@ -8,12 +8,11 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QStringList>
-#include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
-#include "pages/Palette.h"
 #include "pages/Texts.h"
+#include "pages/ToneDelegate.h"
 
 namespace ZelDebugDialog::dialog {
 
@@ -63,18 +62,17 @@ QString problemOf(const SettingInfo &field, const QString &text) {
 
 /// Says to assistive programs what is being edited, and to the table that it
 /// is.
-class CellDelegate : public QStyledItemDelegate {
+class CellDelegate : public ToneDelegate {
 public:
   /// An editor opens over a text.
   using Opened = std::function<void(QLineEdit &, const QString &)>;
 
   CellDelegate(QObject *parent, Opened whenOpened)
-      : QStyledItemDelegate(parent), opened(std::move(whenOpened)) {}
+      : ToneDelegate(parent), opened(std::move(whenOpened)) {}
 
   QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                         const QModelIndex &index) const override {
-    QWidget *const editor =
-        QStyledItemDelegate::createEditor(parent, option, index);
+    QWidget *const editor = ToneDelegate::createEditor(parent, option, index);
     if (editor != nullptr)
       editor->setAccessibleName(
           index.model()->headerData(index.column(), Qt::Horizontal).toString());
@@ -106,8 +104,8 @@ ChainEditor::ChainEditor(const SettingInfo &setting, SessionModel &sessionModel,
       });
   table->setItemDelegate(delegate);
   connect(delegate, &QAbstractItemDelegate::closeEditor, this,
-          [this] { model.noteOpenText(false); });
-  connect(&model, &SessionModel::openTextWanted, this, &ChainEditor::closeCell);
+          [this] { model->noteOpenText(false); });
+  connect(model, &SessionModel::openTextWanted, this, &ChainEditor::closeCell);
   QHeaderView *const header = table->horizontalHeader();
   for (int column = 0; column < table->columnCount(); ++column) {
     const SettingInfo &field = *fields[static_cast<std::size_t>(column)];
@@ -163,12 +161,12 @@ void ChainEditor::follow(QLineEdit &editor, const QString &before) {
   editing = &editor;
   connect(&editor, &QLineEdit::textEdited, &follows,
           [this, before](const QString &text) {
-            model.noteOpenText(text != before);
+            model->noteOpenText(text != before);
           });
   // Also where its row is taken away.
   connect(&editor, &QObject::destroyed, &follows, [this] {
     if (editing == nullptr)
-      model.noteOpenText(false);
+      model->noteOpenText(false);
   });
 }
 
@@ -184,13 +182,13 @@ void ChainEditor::closeCell() {
 }
 
 Value::Chain ChainEditor::devices() const {
-  const SettingState *const state = model.find(info.id);
+  const SettingState *const state = model->find(info->id);
   return state != nullptr && state->value.IsChain() ? state->value.Devices()
                                                     : Value::Chain();
 }
 
 CellTexts ChainEditor::unfinished() const {
-  const SettingState *const state = model.find(info.id);
+  const SettingState *const state = model->find(info->id);
   return state != nullptr && state->draft ? readTexts(shown(*state->draft))
                                           : CellTexts();
 }
@@ -249,17 +247,16 @@ void ChainEditor::displayCell(int row, int column, const CellTexts &texts) {
                                       : text->second);
   }
   item->setToolTip(problem.isEmpty() ? helpOf(field) : problem);
-  item->setForeground(problem.isEmpty() ? QBrush()
-                                        : QBrush(faultColour(palette())));
+  setTone(*item, problem.isEmpty() ? Tone::plain : Tone::fault);
 }
 
 void ChainEditor::take(Value::Chain chain, const CellTexts &texts) {
-  model.change(info.id, std::move(chain));
+  model->change(info->id, std::move(chain));
   if (!texts.empty())
-    model.keepDraft(info.id, written(texts));
-  else if (const SettingState *const state = model.find(info.id);
+    model->keepDraft(info->id, written(texts));
+  else if (const SettingState *const state = model->find(info->id);
            state != nullptr && state->draft)
-    model.dropDraft(info.id);
+    model->dropDraft(info->id);
 }
 
 void ChainEditor::takeCell(QTableWidgetItem *item) {

@@ -4,8 +4,8 @@
 #include <QStandardItemModel>
 #include <QWheelEvent>
 
-#include "pages/Palette.h"
 #include "pages/Texts.h"
+#include "pages/ToneLabel.h"
 
 namespace ZelDebugDialog::dialog {
 
@@ -41,7 +41,8 @@ WordEditor::WordEditor(const SettingInfo &setting, SessionModel &sessionModel,
     box->setItemData(box->count() - 1, shown(choice.text), Qt::ToolTipRole);
   }
   connect(box, &QComboBox::activated, this, [this](int index) {
-    model.change(info.id, info.choices[static_cast<std::size_t>(index)].value);
+    model->change(info->id,
+                  info->choices[static_cast<std::size_t>(index)].value);
   });
 }
 
@@ -72,8 +73,8 @@ FlagEditor::FlagEditor(const SettingInfo &setting, SessionModel &sessionModel,
     : ValueEditor(setting, sessionModel, parent), mark(new QCheckBox(this)) {
   mark->setAccessibleName(labelOf(setting));
   connect(mark, &QCheckBox::clicked, this, [this](bool isOn) {
-    if (!model.change(info.id, isOn))
-      if (const SettingState *const state = model.find(info.id))
+    if (!model->change(info->id, isOn))
+      if (const SettingState *const state = model->find(info->id))
         display(*state);
   });
 }
@@ -86,19 +87,19 @@ void FlagEditor::display(const SettingState &state) {
 
 ShownValue::ShownValue(const SettingInfo &setting, SessionModel &sessionModel,
                        QWidget *parent)
-    : ValueEditor(setting, sessionModel, parent), text(new QLabel(this)) {
+    : ValueEditor(setting, sessionModel, parent),
+      text(new ToneLabel(Tone::quiet, this)) {
   text->setTextFormat(Qt::PlainText);
   text->setWordWrap(true);
-  QPalette quiet = text->palette();
-  quiet.setColor(QPalette::WindowText, quietColour(quiet));
-  text->setPalette(quiet);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse |
                                 Qt::TextSelectableByKeyboard);
 }
 
+QWidget *ShownValue::field() { return text; }
+
 void ShownValue::display(const SettingState &state) {
-  text->setText(valueOf(info.id, state.value));
-  text->setAccessibleName(labelOf(info));
+  text->setText(valueOf(info->id, state.value));
+  text->setAccessibleName(labelOf(*info));
 }
 
 } // namespace ZelDebugDialog::dialog

@@ -4,7 +4,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
 
 #include "pages/ValueEditor.h"
 
@@ -39,6 +38,8 @@ private:
   QCheckBox *mark;
 };
 
+class ToneLabel;
+
 /// Of what cannot be set.
 class ShownValue : public ValueEditor {
   Q_OBJECT
@@ -48,10 +49,10 @@ public:
              QWidget *parent);
 
   void display(const SettingState &state) override;
-  QWidget *field() override { return text; }
+  QWidget *field() override;
 
 private:
-  QLabel *text;
+  ToneLabel *text;
 };
 
 } // namespace ZelDebugDialog::dialog

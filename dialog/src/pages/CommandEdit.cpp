@@ -155,14 +155,14 @@ void CommandEdit::replace(std::size_t offset, std::size_t length,
 
 bool CommandEdit::event(QEvent *event) {
   if (event->type() == QEvent::ShortcutOverride) {
-    const auto *const key = static_cast<QKeyEvent *>(event); // NOLINT
+    const auto *const key = static_cast<QKeyEvent *>(event);
     if (isUndoing(*key)) {
       event->ignore();
       return false;
     }
   }
   if (event->type() == QEvent::ToolTip) {
-    const auto *const help = static_cast<QHelpEvent *>(event); // NOLINT
+    const auto *const help = static_cast<QHelpEvent *>(event);
     const QPoint place = viewport()->mapFrom(this, help->pos());
     QToolTip::showText(help->globalPos(),
                        diagnosisAt(cursorForPosition(place).position()), this);

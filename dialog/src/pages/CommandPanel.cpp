@@ -36,7 +36,7 @@ std::vector<EditWord> explained(const std::string &text) {
 } // namespace
 
 CommandPanel::CommandPanel(SessionModel &sessionModel, QWidget *parent)
-    : QWidget(parent), model(sessionModel), command(new CommandEdit(this)),
+    : QWidget(parent), model(&sessionModel), command(new CommandEdit(this)),
       remark(new ElidedLabel(this)) {
   auto *const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -53,7 +53,7 @@ CommandPanel::CommandPanel(SessionModel &sessionModel, QWidget *parent)
   layout->addWidget(remark);
   connect(command, &CommandEdit::typed, this, &CommandPanel::send);
   const auto finish = [this] {
-    model.endTypingCommand();
+    model->endTypingCommand();
     isTyping = false;
     refresh();
   };
@@ -61,13 +61,13 @@ CommandPanel::CommandPanel(SessionModel &sessionModel, QWidget *parent)
   connect(command, &CommandEdit::left, this, finish, Qt::QueuedConnection);
   connect(command, &CommandEdit::settingAsked, this,
           &CommandPanel::settingAsked);
-  connect(&model, &SessionModel::stateChanged, this, &CommandPanel::refresh);
+  connect(model, &SessionModel::stateChanged, this, &CommandPanel::refresh);
   refresh();
 }
 
 void CommandPanel::send() {
   isTyping = true;
-  model.typeCommand(command->toPlainText());
+  model->typeCommand(command->toPlainText());
 }
 
 /// A command that was accepted stands there as it was typed, until one leaves.
@@ -75,14 +75,14 @@ bool CommandPanel::isAsTyped() const {
   if (!isTyping || !command->hasFocus())
     return false;
   const std::string text = command->text();
-  const SessionState &state = model.state();
+  const SessionState &state = model->state();
   return state.draft
              ? *state.draft == text
              : text == state.editedCommand.value_or(state.command.value_or(""));
 }
 
 void CommandPanel::refresh() {
-  const SessionState &state = model.state();
+  const SessionState &state = model->state();
   if (!isAsTyped()) {
     isTyping = false;
     command->showText(state.draft ? *state.draft : state.command.value_or(""));
@@ -104,7 +104,7 @@ void CommandPanel::refresh() {
 }
 
 CommandMarks CommandPanel::marksOf(const std::string &text) const {
-  const SessionState &state = model.state();
+  const SessionState &state = model->state();
   if (!state.draft && state.command == text)
     return {joined(state.words), state.diagnostics};
   if (state.draft == text)
@@ -112,15 +112,15 @@ CommandMarks CommandPanel::marksOf(const std::string &text) const {
   if (text.empty())
     return {};
   CheckOptions options;
-  options.board = &model.board();
+  options.board = &model->board();
   options.processor = state.processor;
   return {explained(text), CheckCommand(text, options).diagnostics};
 }
 
 void CommandPanel::apply(const CommandDiagnostic &diagnostic) {
-  model.endTyping();
+  model->endTyping();
   command->replace(diagnostic.offset, diagnostic.length, diagnostic.suggestion);
-  model.endTyping();
+  model->endTyping();
 }
 
 } // namespace ZelDebugDialog::dialog

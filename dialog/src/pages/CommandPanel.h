@@ -36,7 +36,7 @@ private:
   bool isAsTyped() const;
   CommandMarks marksOf(const std::string &text) const;
 
-  SessionModel &model; // NOLINT: outlives its widgets
+  SessionModel *model;
   CommandEdit *command;
   ElidedLabel *remark;
   std::vector<CommandDiagnostic> found;

@@ -10,7 +10,6 @@
 #include "pages/ElidedLabel.h"
 #include "pages/FileWatch.h"
 #include "pages/Lists.h"
-#include "pages/Palette.h"
 #include "pages/Saving.h"
 #include "pages/SessionModel.h"
 #include "pages/SettingsForm.h"
@@ -37,7 +36,7 @@ ConfigurationPage::ConfigurationPage(const Board &board,
       unreadable(new Banner(this)), changedOnDisk(new Banner(this)),
       form(new SettingsForm(*model, this)), effects(new ElidedLabel(this)),
       command(new CommandPanel(*model, this)),
-      watch(new FileWatch(shown(model->session().File()), this)) {
+      watch(new FileWatch({shown(model->session().File())}, this)) {
   auto *const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(unreadable);
@@ -53,6 +52,7 @@ ConfigurationPage::ConfigurationPage(const Board &board,
   effects->setAccessibleName(tr("What else has changed"));
 
   auto *const splitter = new QSplitter(Qt::Vertical, this);
+  splitter->setObjectName(QStringLiteral("page"));
   splitter->addWidget(form);
   splitter->addWidget(below);
   splitter->setStretchFactor(0, 1);
@@ -137,7 +137,7 @@ const std::string &ConfigurationPage::processor() const {
 
 bool ConfigurationPage::isModified() const { return model->isModified(); }
 bool ConfigurationPage::canUndo() const { return model->state().canUndo; }
-bool ConfigurationPage::canRedo() const { return model->state().canRedo; }
+bool ConfigurationPage::canRedo() const { return model->canRedo(); }
 bool ConfigurationPage::isUnreadable() const {
   return !model->state().problem.empty();
 }
@@ -190,10 +190,7 @@ void ConfigurationPage::showFaults() {
 
 void ConfigurationPage::tell(const QString &text, bool isRefusal) {
   effects->say(text);
-  QPalette colours = effects->palette();
-  colours.setColor(QPalette::WindowText,
-                   isRefusal ? faultColour(colours) : quietColour(colours));
-  effects->setPalette(colours);
+  effects->setTone(isRefusal ? Tone::fault : Tone::quiet);
 }
 
 } // namespace ZelDebugDialog

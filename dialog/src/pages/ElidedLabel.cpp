@@ -4,7 +4,7 @@
 
 namespace ZelDebugDialog::dialog {
 
-ElidedLabel::ElidedLabel(QWidget *parent) : QLabel(parent) {
+ElidedLabel::ElidedLabel(QWidget *parent) : ToneLabel(Tone::plain, parent) {
   setTextFormat(Qt::PlainText);
   setTextInteractionFlags(Qt::TextSelectableByMouse);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -21,7 +21,7 @@ void ElidedLabel::say(const QString &text) {
 }
 
 void ElidedLabel::changeEvent(QEvent *event) {
-  QLabel::changeEvent(event);
+  ToneLabel::changeEvent(event);
   if (event->type() != QEvent::FontChange)
     return;
   setFixedHeight(fontMetrics().height());
@@ -29,7 +29,7 @@ void ElidedLabel::changeEvent(QEvent *event) {
 }
 
 void ElidedLabel::resizeEvent(QResizeEvent *event) {
-  QLabel::resizeEvent(event);
+  ToneLabel::resizeEvent(event);
   elide();
 }
 

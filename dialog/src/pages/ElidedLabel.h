@@ -3,13 +3,14 @@
 #ifndef ZELDEBUGDIALOG_DIALOG_ELIDEDLABEL_H
 #define ZELDEBUGDIALOG_DIALOG_ELIDEDLABEL_H
 
-#include <QLabel>
 #include <QString>
+
+#include "pages/ToneLabel.h"
 
 namespace ZelDebugDialog::dialog {
 
 /// One line, always: nothing moves while one types. The tip has the whole text.
-class ElidedLabel : public QLabel {
+class ElidedLabel : public ToneLabel {
   Q_OBJECT
 
 public:

@@ -1,5 +1,7 @@
 #include "pages/FileWatch.h"
 
+#include <algorithm>
+
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -19,8 +21,10 @@ QByteArray contentOf(const QString &path) {
   return content.isNull() ? QByteArray("") : content;
 }
 
-FileWatch::FileWatch(const QString &path, QObject *parent)
-    : QObject(parent), file(QFileInfo(path).absoluteFilePath()) {
+FileWatch::FileWatch(const QStringList &paths, QObject *parent)
+    : QObject(parent) {
+  for (const QString &path : paths)
+    files.append(QFileInfo(path).absoluteFilePath());
   delay.setSingleShot(true);
   delay.setInterval(settlingTime);
   const auto note = [this] {
@@ -39,21 +43,31 @@ FileWatch::FileWatch(const QString &path, QObject *parent)
   follow();
 }
 
-void FileWatch::passOver() { passedOver = contentOf(file); }
+void FileWatch::passOver() {
+  passedOver.clear();
+  for (const QString &file : files)
+    passedOver.append(contentOf(file));
+}
 
 bool FileWatch::isPassedOver() const {
-  const QByteArray now = contentOf(file);
-  return now == passedOver && now.isNull() == passedOver.isNull();
+  return std::equal(files.begin(), files.end(), passedOver.begin(),
+                    passedOver.end(),
+                    [](const QString &file, const QByteArray &then) {
+                      const QByteArray now = contentOf(file);
+                      return now == then && now.isNull() == then.isNull();
+                    });
 }
 
 /// A file that has been replaced is another one, and has to be watched anew.
 void FileWatch::follow() {
-  const QFileInfo info(file);
-  const QString folder = info.absolutePath();
-  if (QFileInfo::exists(folder) && !watcher.directories().contains(folder))
-    watcher.addPath(folder);
-  if (info.exists() && !watcher.files().contains(file))
-    watcher.addPath(file);
+  for (const QString &file : files) {
+    const QFileInfo info(file);
+    const QString folder = info.absolutePath();
+    if (QFileInfo::exists(folder) && !watcher.directories().contains(folder))
+      watcher.addPath(folder);
+    if (info.exists() && !watcher.files().contains(file))
+      watcher.addPath(file);
+  }
 }
 
 } // namespace ZelDebugDialog::dialog

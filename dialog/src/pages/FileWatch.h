@@ -1,10 +1,13 @@
-// Notices that an option file is not what it was, also when it comes or goes.
+// Notices that option files are not what they were, also when one comes or
+// goes.
 #ifndef ZELDEBUGDIALOG_DIALOG_FILEWATCH_H
 #define ZELDEBUGDIALOG_DIALOG_FILEWATCH_H
 
 #include <QByteArray>
 #include <QFileSystemWatcher>
+#include <QList>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
 namespace ZelDebugDialog::dialog {
@@ -16,11 +19,11 @@ class FileWatch : public QObject {
   Q_OBJECT
 
 public:
-  FileWatch(const QString &path, QObject *parent);
+  FileWatch(const QStringList &paths, QObject *parent);
 
-  /// What the file holds now is known, and no news any more.
+  /// What they hold now is known, and no news any more.
   void passOver();
-  /// Whether it still holds what was passed over last.
+  /// Whether they still hold what was passed over last.
   bool isPassedOver() const;
 
 signals:
@@ -29,8 +32,8 @@ signals:
 private:
   void follow();
 
-  QString file;
-  QByteArray passedOver;
+  QStringList files;
+  QList<QByteArray> passedOver; ///< One for each file.
   QFileSystemWatcher watcher;
   QTimer delay; ///< A file that is replaced changes several times at once.
 };

@@ -13,7 +13,7 @@ namespace ZelDebugDialog::dialog {
 
 bool SessionLine::event(QEvent *event) {
   if (event->type() == QEvent::ShortcutOverride) {
-    const auto *const key = static_cast<QKeyEvent *>(event); // NOLINT
+    const auto *const key = static_cast<QKeyEvent *>(event);
     if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
       event->ignore();
       return false;
@@ -51,7 +51,7 @@ LineEditor::LineEditor(const SettingInfo &setting, SessionModel &sessionModel,
   }
   // A frequency says its unit itself.
   if (!setting.unit.empty() && setting.kind != SettingKind::frequency)
-    layout->addWidget(new QLabel(shown(setting.unit), this));
+    layout->addWidget(new QLabel(unitOf(setting), this));
   setFocusProxy(line);
 }
 
@@ -77,25 +77,25 @@ void LineEditor::display(const SettingState &state) {
 void LineEditor::send() {
   isTyping = true;
   isSending = true;
-  model.type(info.id, line->text());
+  model->type(info->id, line->text());
   isSending = false;
 }
 
 void LineEditor::finish() {
-  model.endTypingFor(info.id);
+  model->endTypingFor(info->id);
   isTyping = false;
-  if (const SettingState *const state = model.find(info.id))
+  if (const SettingState *const state = model->find(info->id))
     display(*state);
 }
 
 void LineEditor::browse() {
   const QString path = QFileDialog::getOpenFileName(
-      this, labelOf(info), line->text(), QString(), nullptr);
+      this, labelOf(*info), line->text(), QString(), nullptr);
   if (path.isEmpty())
     return;
-  model.endTyping();
-  model.type(info.id, path);
-  model.endTyping();
+  model->endTyping();
+  model->type(info->id, path);
+  model->endTyping();
 }
 
 } // namespace ZelDebugDialog::dialog

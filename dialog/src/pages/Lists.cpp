@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
-#include <QStyledItemDelegate>
 #include <QTimer>
 
-#include "pages/Palette.h"
+#include "pages/Columns.h"
 #include "pages/Texts.h"
+#include "pages/ToneDelegate.h"
 
 namespace ZelDebugDialog::dialog {
 
@@ -17,6 +18,11 @@ namespace {
 constexpr int settingRole = Qt::UserRole;
 constexpr int matchColumn = 1;
 
+/// Of columns that several lists have.
+QString title(const char *text) {
+  return QCoreApplication::translate("Lists", text);
+}
+
 bool isSame(const CommandDiagnostic &one, const CommandDiagnostic &other) {
   return one.offset == other.offset && one.length == other.length &&
          one.severity == other.severity && one.message == other.message &&
@@ -24,18 +30,18 @@ bool isSame(const CommandDiagnostic &one, const CommandDiagnostic &other) {
 }
 
 /// A row is as high as its longest text in the width of its column.
-class WrappingDelegate : public QStyledItemDelegate {
+class WrappingDelegate : public ToneDelegate {
 public:
-  explicit WrappingDelegate(QTreeView &ofView)
-      : QStyledItemDelegate(&ofView), view(ofView) {}
+  explicit WrappingDelegate(QTreeView *ofView)
+      : ToneDelegate(ofView), view(ofView) {}
 
   QSize sizeHint(const QStyleOptionViewItem &option,
                  const QModelIndex &index) const override {
     constexpr int margin = 6;
     constexpr int boundless = 10000;
-    const QSize plain = QStyledItemDelegate::sizeHint(option, index);
+    const QSize plain = ToneDelegate::sizeHint(option, index);
     const int width =
-        std::max(view.columnWidth(index.column()) - margin, margin);
+        std::max(view->columnWidth(index.column()) - margin, margin);
     const QRect wrapped = option.fontMetrics.boundingRect(
         QRect(0, 0, width, boundless), Qt::TextWordWrap,
         index.data().toString());
@@ -43,7 +49,7 @@ public:
   }
 
 private:
-  QTreeView &view; // NOLINT: its delegate is a part of it
+  QTreeView *view;
 };
 
 /// "cpu0: Cable: Frequency" where there are several processors.
@@ -64,8 +70,10 @@ void addTips(QTreeWidgetItem &item) {
 
 } // namespace
 
-List::List(const QString &name, const QStringList &titles, QWidget *parent)
-    : QTreeWidget(parent) {
+List::List(const QString &key, const QString &name, const QStringList &titles,
+           QWidget *parent)
+    : QTreeWidget(parent), columns(new Columns(this, key)) {
+  setItemDelegate(new ToneDelegate(this));
   setAccessibleName(name);
   setHeaderLabels(titles);
   setRootIsDecorated(false);
@@ -81,6 +89,8 @@ List::List(const QString &name, const QStringList &titles, QWidget *parent)
           });
 }
 
+void List::fitColumns() { columns->fit(); }
+
 QTreeWidgetItem &List::add(const QStringList &texts,
                            const std::string &setting) {
   auto *const item = new QTreeWidgetItem(this, texts);
@@ -90,13 +100,13 @@ QTreeWidgetItem &List::add(const QStringList &texts,
 }
 
 LossList::LossList(QWidget *parent)
-    : List(tr("What will not survive saving"),
-           {tr("Setting"), tr("Value"), tr("Comes back as"), tr("Why"),
-            tr("What to do")},
+    : List(QStringLiteral("losses"), tr("What will not survive saving"),
+           {title(QT_TRANSLATE_NOOP("Lists", "Setting")), tr("Value"),
+            tr("Comes back as"), tr("Why"), tr("What to do")},
            parent) {
   setWordWrap(true);
   setUniformRowHeights(false);
-  setItemDelegate(new WrappingDelegate(*this));
+  setItemDelegate(new WrappingDelegate(this));
   // Where the lines of a text end depends on the width.
   connect(header(), &QHeaderView::sectionResized, this,
           [this] { scheduleDelayedItemsLayout(); });
@@ -117,15 +127,16 @@ void LossList::append(const std::vector<Loss> &losses,
              code != nullptr ? shown(code->advice) : QString()},
             loss.field);
     if (loss.blocking)
-      item.setForeground(0, faultColour(palette()));
+      setTone(item, 0, Tone::fault);
   }
-  for (int column = 0; column < columnCount() - 1; ++column)
-    resizeColumnToContents(column);
+  fitColumns();
 }
 
 DifferenceList::DifferenceList(QWidget *parent)
-    : List(tr("What differs from what is saved"),
-           {tr("Setting"), tr("Saved"), tr("Now")}, parent) {}
+    : List(QStringLiteral("differences"), tr("What differs from what is saved"),
+           {title(QT_TRANSLATE_NOOP("Lists", "Setting")),
+            title(QT_TRANSLATE_NOOP("Lists", "Saved")), tr("Now")},
+           parent) {}
 
 void DifferenceList::display(const std::vector<Difference> &differences) {
   clear();
@@ -139,12 +150,11 @@ void DifferenceList::append(const std::vector<Difference> &differences,
          valueOf(difference.setting, difference.saved),
          valueOf(difference.setting, difference.now)},
         difference.setting);
-  for (int column = 0; column < columnCount() - 1; ++column)
-    resizeColumnToContents(column);
+  fitColumns();
 }
 
 FaultList::FaultList(QWidget *parent)
-    : List(tr("What is wrong with the command"),
+    : List(QStringLiteral("faults"), tr("What is wrong with the command"),
            {tr("Column"), tr("Nearest match"), tr("What is wrong")}, parent) {
   // One click takes the match; by the keyboard, Return does. What is clicked
   // is gone by then, so not at once.
@@ -186,21 +196,20 @@ void FaultList::display(const std::vector<CommandDiagnostic> &diagnostics) {
     QTreeWidgetItem &item = add({QString::number(diagnostic.offset + 1),
                                  QString(), shown(diagnostic.message)},
                                 "");
-    item.setForeground(2, diagnostic.severity == CodeSeverity::error
-                              ? faultColour(palette())
-                              : doubtColour(palette()));
+    setTone(item, 2,
+            diagnostic.severity == CodeSeverity::error ? Tone::fault
+                                                       : Tone::doubt);
     if (diagnostic.suggestion.empty())
       continue;
     item.setText(matchColumn, shown(diagnostic.suggestion));
-    item.setForeground(matchColumn, palette().link());
+    setTone(item, matchColumn, Tone::link);
     item.setToolTip(matchColumn,
                     tr("Replace by %1").arg(shown(diagnostic.suggestion)));
     QFont font = item.font(matchColumn);
     font.setUnderline(true);
     item.setFont(matchColumn, font);
   }
-  resizeColumnToContents(0);
-  resizeColumnToContents(1);
+  fitColumns();
 }
 
 } // namespace ZelDebugDialog::dialog

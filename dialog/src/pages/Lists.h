@@ -11,17 +11,25 @@
 
 namespace ZelDebugDialog::dialog {
 
+class Columns;
+
 class List : public QTreeWidget {
   Q_OBJECT
 
 public:
-  List(const QString &name, const QStringList &titles, QWidget *parent);
+  /// @param key  by which the widths of its columns are remembered
+  List(const QString &key, const QString &name, const QStringList &titles,
+       QWidget *parent);
 
 signals:
   void settingAsked(const std::string &setting);
 
 protected:
   QTreeWidgetItem &add(const QStringList &texts, const std::string &setting);
+  void fitColumns();
+
+private:
+  Columns *columns;
 };
 
 /// What does not survive saving.

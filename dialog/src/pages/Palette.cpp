@@ -35,6 +35,24 @@ bool isDark(const QPalette &palette) {
          palette.color(QPalette::Text).lightness();
 }
 
+QColor toneColour(Tone tone, const QPalette &palette) {
+  switch (tone) {
+  case Tone::disabled:
+    return palette.color(QPalette::Disabled, QPalette::WindowText);
+  case Tone::quiet:
+    return quietColour(palette);
+  case Tone::fault:
+    return faultColour(palette);
+  case Tone::doubt:
+    return doubtColour(palette);
+  case Tone::link:
+    return palette.color(QPalette::Link);
+  case Tone::plain:
+    break;
+  }
+  return palette.color(QPalette::Text);
+}
+
 QColor roleColour(const std::string &role, const QPalette &palette) {
   for (const RoleColour &row : roleColours)
     if (role == row.role)

@@ -9,7 +9,11 @@
 
 namespace ZelDebugDialog::dialog {
 
+/// What a text is to the person.
+enum class Tone { plain, disabled, quiet, fault, doubt, link };
+
 bool isDark(const QPalette &palette);
+QColor toneColour(Tone tone, const QPalette &palette);
 /// Of a word of the command, by its role.
 QColor roleColour(const std::string &role, const QPalette &palette);
 QColor faultColour(const QPalette &palette);

@@ -1,9 +1,11 @@
 #include "pages/ProcessorList.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
 
-#include "pages/Palette.h"
+#include "pages/Columns.h"
 #include "pages/Texts.h"
+#include "pages/ToneDelegate.h"
 
 namespace ZelDebugDialog::dialog {
 
@@ -39,24 +41,25 @@ SavedText textOf(SavedAs saved) {
 
 ProcessorList::ProcessorList(const Board &board, QWidget *parent)
     : QTreeWidget(parent) {
-  setAccessibleName(tr("Processors"));
-  setHeaderLabels(
-      {tr("Processor"), tr("Type"), tr("No."), tr("FPU"), tr("Saved")});
+  setAccessibleName(wordOf("Processors"));
+  setHeaderLabels({wordOf("Processor"), wordOf("Type"), tr("No."),
+                   wordOf("FPU"),
+                   QCoreApplication::translate("Lists", "Saved")});
   setRootIsDecorated(false);
   setUniformRowHeights(true);
+  setItemDelegate(new ToneDelegate(this));
   setAllColumnsShowFocus(true);
   for (const BoardProcessor &processor : board.Processors())
     new QTreeWidgetItem(this, {shown(processor.name), shown(processor.type),
                                QString::number(processor.number),
                                shown(processor.fpuText), QString()});
-  const QColor quiet = quietColour(palette());
   for (const UndebuggableProcessor &processor : board.Undebuggable()) {
     auto *const item = new QTreeWidgetItem(
         this, {shown(processor.name), shown(processor.type)});
     const QString why =
-        tr("cannot be debugged: %1").arg(shown(processor.reason));
+        tr("cannot be debugged: %1").arg(reasonOf(processor.reason));
     for (int column = 0; column < columnCount(); ++column) {
-      item->setForeground(column, quiet);
+      setTone(*item, column, Tone::quiet);
       item->setToolTip(column,
                        QStringLiteral("<p>%1</p>").arg(why.toHtmlEscaped()));
     }
@@ -65,6 +68,7 @@ ProcessorList::ProcessorList(const Board &board, QWidget *parent)
   for (int column = 0; column < columnCount(); ++column)
     resizeColumnToContents(column);
   header()->setStretchLastSection(false);
+  new Columns(this, QStringLiteral("processors"));
   header()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
   connect(this, &QTreeWidget::currentItemChanged, this,
           [this](const QTreeWidgetItem *item) {
@@ -103,9 +107,8 @@ void ProcessorList::display(const std::string &processor, SavedAs saved) {
   item->setTextAlignment(savedColumn, Qt::AlignCenter);
   item->setToolTip(savedColumn, tr(text.text));
   item->setData(savedColumn, Qt::AccessibleTextRole, tr(text.text));
-  item->setForeground(savedColumn, saved == SavedAs::unreadable
-                                       ? QBrush(faultColour(palette()))
-                                       : QBrush());
+  setTone(*item, savedColumn,
+          saved == SavedAs::unreadable ? Tone::fault : Tone::plain);
 }
 
 } // namespace ZelDebugDialog::dialog

@@ -5,11 +5,10 @@
 #include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "pages/Palette.h"
+#include "pages/ElidedLabel.h"
 #include "pages/SettingRow.h"
 #include "pages/Texts.h"
 #include "pages/ValueEditor.h"
@@ -34,7 +33,7 @@ QString commonReason(const std::vector<const SettingState *> &states) {
 
 Section::Section(const SettingInfo &first, QWidget *parent)
     : QWidget(parent), name(first.group), heading(new QToolButton(this)),
-      remark(new QLabel(this)), body(new QWidget(this)),
+      remark(new ElidedLabel(this)), body(new QWidget(this)),
       grid(new QGridLayout(body)) {
   auto *const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -55,7 +54,7 @@ Section::Section(const SettingInfo &first, QWidget *parent)
   heading->setFont(font);
   connect(heading, &QToolButton::clicked, this,
           [this] { fold(!body->isHidden()); });
-  remark->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  remark->setTone(Tone::quiet);
 
   const int letter = fontMetrics().averageCharWidth();
   grid->setContentsMargins(3 * letter, 0, 0, letter);
@@ -87,9 +86,17 @@ void Section::setLabelWidth(int width) {
 void Section::unfold() { fold(false); }
 
 void Section::fold(bool isFolded) {
-  heading->setAccessibleDescription(isFolded ? tr("folded") : tr("unfolded"));
   heading->setArrowType(isFolded ? Qt::RightArrow : Qt::DownArrow);
   body->setVisible(!isFolded);
+  describe();
+}
+
+/// "folded: a command for this kind of connection does not carry it"
+void Section::describe() {
+  const QString fold = body->isHidden() ? tr("folded") : tr("unfolded");
+  heading->setAccessibleDescription(
+      reason.isEmpty() ? fold : QStringLiteral("%1: %2").arg(fold, reason));
+  heading->setWhatsThis(reason.toHtmlEscaped());
 }
 
 void Section::refresh(const SessionModel &model) {
@@ -105,15 +112,14 @@ void Section::refresh(const SessionModel &model) {
     isOpen = isOpen || state->applicable || state->draft.has_value();
     closed.push_back(state);
   }
-  remark->setText(isOpen ? QString() : commonReason(closed));
-  remark->setToolTip(remark->text());
-  QPalette quiet = remark->palette();
-  quiet.setColor(QPalette::WindowText, quietColour(quiet));
-  remark->setPalette(quiet);
+  reason = isOpen ? QString() : commonReason(closed);
+  remark->say(reason);
   const QWidget *const focus = QApplication::focusWidget();
   const bool holdsFocus = focus != nullptr && body->isAncestorOf(focus);
   if (isNew || isOpen != wasOpen)
     fold(!isOpen && !holdsFocus);
+  else
+    describe();
   isNew = false;
   wasOpen = isOpen;
 }

@@ -10,11 +10,11 @@
 #include "pages/SessionModel.h"
 
 class QGridLayout;
-class QLabel;
 class QToolButton;
 
 namespace ZelDebugDialog::dialog {
 
+class ElidedLabel;
 class SettingRow;
 
 class Section : public QWidget {
@@ -36,10 +36,12 @@ public:
 
 private:
   void fold(bool isFolded);
+  void describe();
 
   std::string name;
+  QString reason; ///< Why none of its settings is applicable.
   QToolButton *heading;
-  QLabel *remark;
+  ElidedLabel *remark;
   QWidget *body;
   QGridLayout *grid;
   std::vector<SettingRow *> rows;

@@ -55,6 +55,10 @@ bool SessionModel::hasDrafts() const {
              [](const SettingState &one) { return one.draft.has_value(); });
 }
 
+bool SessionModel::canRedo() const {
+  return known.canRedo && (!undoneSince || *undoneSince > 0);
+}
+
 bool SessionModel::isModified() const {
   return hasOpenText || !known.differences.empty() || hasDrafts();
 }
@@ -84,14 +88,20 @@ void SessionModel::performTyping(const std::string &typedFor,
     beforeTyping = known;
     typingIsStep = false;
   }
+  const bool takesBack = goesOn && typingIsStep;
   perform([&] {
-    if (goesOn && typingIsStep)
+    if (takesBack)
       live.Undo();
     typingIsStep = false;
     return operation();
   });
   typed = key;
   typingIsStep = isStep(beforeTyping, known);
+  // Back where typing began: the step that was taken back is nobody's.
+  if (takesBack && !typingIsStep && known.canRedo) {
+    undoneSince = 0;
+    emit stateChanged();
+  }
 }
 
 void SessionModel::endTypingFor(const std::string &setting) {
@@ -125,12 +135,18 @@ void SessionModel::reset(const std::vector<std::string> &settings) {
 void SessionModel::undo() {
   takeOpenText();
   endTyping();
+  if (undoneSince && known.canUndo)
+    ++*undoneSince;
   perform([&] { return live.Undo(); });
 }
 
 void SessionModel::redo() {
   takeOpenText();
   endTyping();
+  if (!canRedo())
+    return;
+  if (undoneSince)
+    --*undoneSince;
   perform([&] { return live.Redo(); });
 }
 
@@ -156,6 +172,8 @@ void SessionModel::lookAtFile() {
 
 void SessionModel::refresh() {
   known = live.State();
+  if (!known.canRedo)
+    undoneSince.reset();
   emit stateChanged();
 }
 

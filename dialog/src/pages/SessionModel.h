@@ -7,6 +7,7 @@
 #define ZELDEBUGDIALOG_DIALOG_SESSIONMODEL_H
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,9 @@ public:
   /// Whether closing would lose something: unfinished texts count.
   bool isModified() const;
   bool hasDrafts() const;
+  /// Whether `redo` has a step. What was typed and taken back by typing is
+  /// none.
+  bool canRedo() const;
 
   /// Lets the editor that is open hand over its text. What is done to the whole
   /// configuration begins with it.
@@ -84,6 +88,9 @@ private:
   std::string typed; ///< What is being typed for; empty for nothing.
   bool hasOpenText = false;
   SessionState beforeTyping; ///< While something is typed.
+  /// Steps that are undone beside what was typed back and forth, which is
+  /// undone, too; none where nothing was.
+  std::optional<int> undoneSince;
   bool typingIsStep = false; ///< Whether undoing takes it back.
 };
 

@@ -1,12 +1,11 @@
 #include "pages/SettingRow.h"
 
 #include <QGridLayout>
-#include <QLabel>
 #include <QStringList>
 #include <QToolButton>
 
-#include "pages/Palette.h"
 #include "pages/Texts.h"
+#include "pages/ToneLabel.h"
 #include "pages/ValueEditor.h"
 
 namespace ZelDebugDialog::dialog {
@@ -17,12 +16,6 @@ constexpr int labelColumn = 0;
 constexpr int editorColumn = 1;
 constexpr int originColumn = 2;
 constexpr int backColumn = 3;
-
-void colour(QLabel &label, const QColor &text) {
-  QPalette palette = label.palette();
-  palette.setColor(QPalette::WindowText, text);
-  label.setPalette(palette);
-}
 
 /// Sentences, a line each, as a tip that is broken into lines.
 QString tipOf(const QStringList &sentences) {
@@ -37,17 +30,19 @@ QString tipOf(const QStringList &sentences) {
 
 SettingRow::SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
                        QGridLayout &grid, QWidget *parent)
-    : QObject(parent), info(setting), model(sessionModel),
-      label(new QLabel(labelOf(setting), parent)),
+    : QObject(parent), info(&setting), model(&sessionModel),
+      nameLabel(new ToneLabel(Tone::plain, parent)),
       valueEditor(makeEditor(setting, sessionModel, parent)),
-      originLabel(new QLabel(parent)), errorLabel(new QLabel(parent)) {
+      originLabel(new ToneLabel(Tone::quiet, parent)),
+      errorLabel(new ToneLabel(Tone::fault, parent)) {
   const int line = grid.rowCount();
   const bool isWide = valueEditor->isWide();
   QWidget *const shownEditor = valueEditor->widget();
   valueEditor->setVisible(shownEditor == valueEditor);
-  label->setBuddy(valueEditor->field());
-  label->setMargin(2);
-  grid.addWidget(label, line, labelColumn);
+  nameLabel->setText(labelOf(setting));
+  nameLabel->setBuddy(valueEditor->field());
+  nameLabel->setMargin(2);
+  grid.addWidget(nameLabel, line, labelColumn);
   if (isWide)
     grid.addWidget(shownEditor, line + 1, labelColumn, 1, backColumn + 1);
   else
@@ -60,7 +55,7 @@ SettingRow::SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
     backButton->setAccessibleName(
         tr("Back to default: %1").arg(labelOf(setting)));
     connect(backButton, &QToolButton::clicked, this,
-            [this] { model.reset({info.id}); });
+            [this] { model->reset({info->id}); });
     QSizePolicy keepsPlace = backButton->sizePolicy();
     keepsPlace.setRetainSizeWhenHidden(true);
     backButton->setSizePolicy(keepsPlace);
@@ -75,67 +70,75 @@ SettingRow::SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
 }
 
 bool SettingRow::has(const QWidget *widget) const {
-  return widget != nullptr &&
-         (valueEditor->widget() == widget ||
-          valueEditor->widget()->isAncestorOf(widget) || backButton == widget);
+  return widget != nullptr && (valueEditor->widget() == widget ||
+                               valueEditor->widget()->isAncestorOf(widget) ||
+                               backButton == widget || nameLabel == widget);
 }
 
 QWidget *SettingRow::field() const { return valueEditor->field(); }
 
-int SettingRow::labelWidth() const { return label->sizeHint().width(); }
+int SettingRow::labelWidth() const { return nameLabel->sizeHint().width(); }
 
 void SettingRow::display(const SettingState &state) {
   valueEditor->display(state);
-  const bool isOpen = !info.settable || state.applicable || state.draft;
+  const bool isOpen = !info->settable || state.applicable || state.draft;
   valueEditor->widget()->setEnabled(isOpen);
-  label->setEnabled(isOpen);
+  displayLabel(isOpen);
   const QString problem = valueEditor->errorIn(state);
   errorLabel->setText(problem);
   errorLabel->setVisible(!problem.isEmpty());
-  colour(*errorLabel, faultColour(errorLabel->palette()));
 
   const bool isChanged =
       state.draft.has_value() || state.origin == std::string("changed");
   originLabel->setText(state.draft ? tr("no value") : originOf(state.origin));
-  QFont font = label->font();
+  QFont font = nameLabel->font();
   font.setBold(isChanged);
   originLabel->setFont(font);
-  colour(*originLabel, state.draft ? faultColour(originLabel->palette())
-                                   : quietColour(originLabel->palette()));
-  if (backButton != nullptr) {
-    const bool isDefault = state.value == state.defaultValue && !state.draft;
-    // The button that was pressed keeps the focus.
-    backButton->setVisible(!isDefault || backButton->hasFocus());
-    backButton->setEnabled(!isDefault || backButton->hasFocus());
-    backButton->setToolTip(
-        tr("Back to default: %1").arg(valueOf(info.id, state.defaultValue)));
-  }
+  originLabel->setTone(state.draft ? Tone::fault : Tone::quiet);
+  displayBack(state);
   describe(state);
 }
 
-void SettingRow::describe(const SettingState &state) {
-  QStringList sentences{helpOf(info)};
-  if (info.settable && !state.applicable)
-    sentences.append(tr("Not applicable: %1.").arg(reasonOf(state.reason)));
-  if (info.settable)
-    sentences.append(
-        tr("Default: %1").arg(valueOf(info.id, state.defaultValue)));
-  const QString tip = tipOf(sentences);
-  label->setToolTip(tip);
-  valueEditor->widget()->setToolTip(tip);
-  originLabel->setToolTip(tr("Where the value comes from"));
-  const QString problem = valueEditor->errorIn(state);
-  if (!problem.isEmpty())
-    sentences.prepend(problem);
-  valueEditor->field()->setAccessibleDescription(
-      sentences.join(QStringLiteral(" ")));
+/// What is disabled takes no focus: its label does, so that the keyboard leads
+/// to the reason as well.
+void SettingRow::displayLabel(bool isOpen) {
+  nameLabel->setTone(isOpen ? Tone::plain : Tone::disabled);
+  nameLabel->setFocusPolicy(isOpen ? Qt::NoFocus : Qt::TabFocus);
 }
 
-void SettingRow::mark(bool isMarked) {
-  QPalette palette = label->palette();
-  palette.setColor(QPalette::Window, markColour(palette));
-  label->setPalette(isMarked ? palette : QPalette());
-  label->setAutoFillBackground(isMarked);
+void SettingRow::displayBack(const SettingState &state) {
+  if (backButton == nullptr)
+    return;
+  const bool isDefault = state.value == state.defaultValue && !state.draft;
+  // The button that was pressed keeps the focus.
+  backButton->setVisible(!isDefault || backButton->hasFocus());
+  backButton->setEnabled(!isDefault || backButton->hasFocus());
+  backButton->setToolTip(
+      tr("Back to default: %1").arg(valueOf(info->id, state.defaultValue)));
 }
+
+void SettingRow::describe(const SettingState &state) {
+  QStringList sentences{helpOf(*info)};
+  if (info->settable && !state.applicable)
+    sentences.append(tr("Not applicable: %1.").arg(reasonOf(state.reason)));
+  if (info->settable)
+    sentences.append(
+        tr("Default: %1").arg(valueOf(info->id, state.defaultValue)));
+  const QString problem = valueEditor->errorIn(state);
+  const QString tip = tipOf(sentences);
+  if (!problem.isEmpty())
+    sentences.prepend(problem);
+  const QString description = sentences.join(QStringLiteral(" "));
+  for (QWidget *const one : {static_cast<QWidget *>(nameLabel),
+                             valueEditor->widget(), valueEditor->field()}) {
+    one->setToolTip(tip);
+    one->setWhatsThis(tip);
+  }
+  originLabel->setToolTip(tr("Where the value comes from"));
+  nameLabel->setAccessibleDescription(description);
+  valueEditor->field()->setAccessibleDescription(description);
+}
+
+void SettingRow::mark(bool isMarked) { nameLabel->setMarked(isMarked); }
 
 } // namespace ZelDebugDialog::dialog

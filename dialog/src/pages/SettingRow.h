@@ -8,11 +8,11 @@
 #include "pages/SessionModel.h"
 
 class QGridLayout;
-class QLabel;
 class QToolButton;
 
 namespace ZelDebugDialog::dialog {
 
+class ToneLabel;
 class ValueEditor;
 
 class SettingRow : public QObject {
@@ -23,13 +23,15 @@ public:
   SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
              QGridLayout &grid, QWidget *parent);
 
-  const SettingInfo &setting() const { return info; }
+  const SettingInfo &setting() const { return *info; }
   bool has(const QWidget *widget) const;
   QWidget *field() const;
   int labelWidth() const;
   ValueEditor &editor() const { return *valueEditor; }
-  const QLabel &origin() const { return *originLabel; }
-  const QLabel &error() const { return *errorLabel; }
+  /// Takes the focus where the setting is disabled, to say why.
+  const ToneLabel &label() const { return *nameLabel; }
+  const ToneLabel &origin() const { return *originLabel; }
+  const ToneLabel &error() const { return *errorLabel; }
   /// Leads back to the default; null for what is only shown.
   const QToolButton *back() const { return backButton; }
   void display(const SettingState &state);
@@ -38,14 +40,16 @@ public:
 
 private:
   void describe(const SettingState &state);
+  void displayLabel(bool isOpen);
+  void displayBack(const SettingState &state);
 
-  const SettingInfo &info; // NOLINT: a row of a table that never goes
-  SessionModel &model;     // NOLINT: outlives its widgets
-  QLabel *label;
+  const SettingInfo *info;
+  SessionModel *model;
+  ToneLabel *nameLabel;
   ValueEditor *valueEditor;
-  QLabel *originLabel;
+  ToneLabel *originLabel;
   QToolButton *backButton = nullptr;
-  QLabel *errorLabel;
+  ToneLabel *errorLabel;
 };
 
 } // namespace ZelDebugDialog::dialog

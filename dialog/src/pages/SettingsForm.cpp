@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include <QApplication>
+#include <QShortcut>
 #include <QVBoxLayout>
+#include <QWhatsThis>
 
 #include "pages/Section.h"
 #include "pages/SettingRow.h"
@@ -13,7 +15,7 @@
 namespace ZelDebugDialog::dialog {
 
 SettingsForm::SettingsForm(SessionModel &sessionModel, QWidget *parent)
-    : QScrollArea(parent), model(sessionModel) {
+    : QScrollArea(parent), model(&sessionModel) {
   setWidgetResizable(true);
   setFrameShape(QFrame::NoFrame);
   // Each control in it takes the focus itself.
@@ -24,7 +26,7 @@ SettingsForm::SettingsForm(SessionModel &sessionModel, QWidget *parent)
     // The fields of a device stand in the table of the chain.
     if (rowOf(setting.id) != setting.id)
       continue;
-    rows.push_back(sectionFor(setting, *layout).add(setting, model));
+    rows.push_back(sectionFor(setting, *layout).add(setting, *model));
   }
   layout->addStretch();
   int widest = 0;
@@ -33,10 +35,13 @@ SettingsForm::SettingsForm(SessionModel &sessionModel, QWidget *parent)
   for (Section *const section : sections)
     section->setLabelWidth(widest);
   setWidget(content);
-  connect(&model, &SessionModel::stateChanged, this, &SettingsForm::refresh);
+  connect(model, &SessionModel::stateChanged, this, &SettingsForm::refresh);
   focusNotes =
       connect(qApp, &QApplication::focusChanged, this,
               [this](const QWidget *, const QWidget *now) { noteFocus(now); });
+  auto *const help = new QShortcut(QKeySequence::WhatsThis, this);
+  help->setContext(Qt::WidgetWithChildrenShortcut);
+  connect(help, &QShortcut::activated, this, &SettingsForm::explain);
   refresh();
 }
 
@@ -50,9 +55,21 @@ Section &SettingsForm::sectionFor(const SettingInfo &setting,
   return *sections.back();
 }
 
+/// What the control with the focus is for, and why it cannot be changed.
+void SettingsForm::explain() {
+  const QWidget *const focus = QApplication::focusWidget();
+  for (const QWidget *one = focus; one != nullptr && one != this;
+       one = one->parentWidget())
+    if (!one->whatsThis().isEmpty()) {
+      QWhatsThis::showText(focus->mapToGlobal(focus->rect().bottomLeft()),
+                           one->whatsThis());
+      return;
+    }
+}
+
 void SettingsForm::refresh() {
   for (Section *const section : sections)
-    section->refresh(model);
+    section->refresh(*model);
 }
 
 SettingRow *SettingsForm::rowFor(const std::string &setting) const {

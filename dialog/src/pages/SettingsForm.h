@@ -37,11 +37,12 @@ signals:
 
 private:
   void refresh();
+  void explain();
   void noteFocus(const QWidget *widget);
   Section *sectionOf(const SettingRow *row) const;
   Section &sectionFor(const SettingInfo &setting, QVBoxLayout &layout);
 
-  SessionModel &model; // NOLINT: outlives its widgets
+  SessionModel *model;
   std::vector<Section *> sections;
   std::vector<SettingRow *> rows;
   QMetaObject::Connection focusNotes;

@@ -55,6 +55,10 @@ QString helpOf(const SettingInfo &setting) { return translated(setting.help); }
 
 QString labelOf(const Choice &choice) { return translated(choice.label); }
 
+QString unitOf(const SettingInfo &setting) { return translated(setting.unit); }
+
+QString wordOf(const std::string &word) { return translated(word); }
+
 QString reasonOf(const std::string &reason) { return translated(reason); }
 
 QString nameOf(const std::string &setting) {
@@ -72,9 +76,11 @@ QString valueOf(const std::string &setting, const Value &value) {
     return QCoreApplication::translate("Values", "(empty)");
   if (value.IsNothing())
     return QStringLiteral("–");
-  if (info != nullptr)
-    return shown(ShowValue(*info, value));
-  return value.IsText() ? shown(value.Text()) : QStringLiteral("–");
+  if (value.IsText())
+    return shown(info != nullptr ? ShowValue(*info, value) : value.Text());
+  // "not set", "yes"; a person's own texts are no words of ours.
+  return info != nullptr ? translated(ShowValue(*info, value))
+                         : QStringLiteral("–");
 }
 
 QString originOf(const std::string &origin) {

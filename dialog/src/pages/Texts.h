@@ -25,6 +25,9 @@ QString labelOf(const SettingInfo &setting);
 QString groupOf(const SettingInfo &setting);
 QString helpOf(const SettingInfo &setting);
 QString labelOf(const Choice &choice);
+QString unitOf(const SettingInfo &setting);
+/// A word that the table has as well: "Processor".
+QString wordOf(const std::string &word);
 /// A reason, or what a change was for; in English where it is no whole sentence
 /// of a table.
 QString reasonOf(const std::string &reason);

@@ -17,7 +17,7 @@ class ValueEditor : public QWidget {
 public:
   ValueEditor(const SettingInfo &setting, SessionModel &sessionModel,
               QWidget *parent)
-      : QWidget(parent), info(setting), model(sessionModel) {}
+      : QWidget(parent), info(&setting), model(&sessionModel) {}
 
   virtual void display(const SettingState &state) = 0;
   /// The widget that takes the focus.
@@ -33,8 +33,8 @@ public:
   virtual void lead(const std::string &setting);
 
 protected:
-  const SettingInfo &info; // NOLINT: a row of a table that never goes
-  SessionModel &model;     // NOLINT: outlives its widgets
+  const SettingInfo *info; ///< A row of a table that never goes.
+  SessionModel *model;
 };
 
 ValueEditor *makeEditor(const SettingInfo &setting, SessionModel &model,

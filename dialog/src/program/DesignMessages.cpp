@@ -10,8 +10,10 @@
 #include <QTextBlock>
 #include <QVBoxLayout>
 
+#include "pages/Columns.h"
 #include "pages/Palette.h"
 #include "pages/Texts.h"
+#include "pages/ToneDelegate.h"
 
 namespace ZelDebugDialog::dialog {
 
@@ -29,6 +31,8 @@ DesignMessages::DesignMessages(QWidget *parent) : QTreeWidget(parent) {
   setHeaderLabels({tr("Severity"), tr("File"), tr("Line"), tr("Message")});
   setRootIsDecorated(false);
   setUniformRowHeights(true);
+  setItemDelegate(new ToneDelegate(this));
+  columns = new Columns(this, QStringLiteral("messages"));
   setAllColumnsShowFocus(true);
   connect(this, &QTreeWidget::itemActivated, this,
           [this](const QTreeWidgetItem *item) { showSource(*item); });
@@ -59,10 +63,9 @@ void DesignMessages::display(const std::vector<DesignDiagnostic> &diagnostics) {
         messageColumn,
         QStringLiteral("<p>%1</p>").arg(shown(one.message).toHtmlEscaped()));
     if (one.severity == DesignDiagnostic::Severity::error)
-      item->setForeground(severityColumn, faultColour(palette()));
+      setTone(*item, severityColumn, Tone::fault);
   }
-  for (const int column : {severityColumn, fileColumn, lineColumn})
-    resizeColumnToContents(column);
+  columns->fit();
 }
 
 void DesignMessages::showSource(const QTreeWidgetItem &item) {

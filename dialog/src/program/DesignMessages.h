@@ -11,6 +11,8 @@
 
 namespace ZelDebugDialog::dialog {
 
+class Columns;
+
 class DesignMessages : public QTreeWidget {
   Q_OBJECT
 
@@ -21,6 +23,8 @@ public:
 
 private:
   void showSource(const QTreeWidgetItem &item);
+
+  Columns *columns;
 };
 
 } // namespace ZelDebugDialog::dialog

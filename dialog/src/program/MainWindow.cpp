@@ -24,6 +24,7 @@
 #include "pages/Banner.h"
 #include "pages/Texts.h"
 #include "program/DesignMessages.h"
+#include "program/RecentDesigns.h"
 
 namespace ZelDebugDialog::dialog {
 
@@ -31,8 +32,7 @@ namespace {
 
 constexpr const char *geometryKey = "window/geometry";
 constexpr const char *layoutKey = "window/layout";
-constexpr const char *recentKey = "recent";
-constexpr int mostRecent = 8;
+constexpr const char *pageKey = "window/page";
 constexpr int mostNamed = 4;
 
 /// The folder that was dropped, or the file.
@@ -72,9 +72,10 @@ MainWindow::MainWindow(const std::string &optionFolder)
   stack->addWidget(welcome);
   makeProgress();
 
-  messagesDock = new QDockWidget(tr("Messages about the design"), this);
+  messagesDock = new QDockWidget(this);
   messagesDock->setObjectName(QStringLiteral("messages"));
   messages = new DesignMessages(messagesDock);
+  messagesDock->setWindowTitle(messages->accessibleName());
   messagesDock->setWidget(messages);
   addDockWidget(Qt::BottomDockWidgetArea, messagesDock);
   messagesDock->hide();
@@ -103,7 +104,8 @@ void MainWindow::makeProgress() {
   auto *const bar = new QProgressBar(progress);
   bar->setRange(0, 0);
   bar->setAccessibleName(tr("Reading the design"));
-  auto *const stop = new QPushButton(tr("Cancel"), progress);
+  stop = new QPushButton(tr("Cancel"), progress);
+  stop->setShortcut(Qt::Key_Escape);
   connect(stop, &QPushButton::clicked, this, &MainWindow::cancel);
   layout->addStretch();
   layout->addWidget(progressText);
@@ -170,6 +172,7 @@ void MainWindow::openIn(const DesignSources &sources,
   progressText->setText(tr("Reading %1 …").arg(shown(sources.designFile)));
   missing->say(QString());
   stack->setCurrentWidget(progress);
+  stop->setFocus();
   loader.start(sources, folder);
   refresh();
 }
@@ -204,6 +207,7 @@ void MainWindow::showReady() {
     QTimer::singleShot(later, this, &MainWindow::showReady);
     return;
   }
+  keepLayout();
   // The page asks its design until it is gone.
   delete page;
   page = nullptr;
@@ -215,24 +219,12 @@ void MainWindow::showReady() {
     stack->addWidget(page);
     stack->setCurrentWidget(page);
     page->setFocus();
-    using Operation = BoardPage::Operation;
-    pageActions = new QActionGroup(page);
-    pageActions->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
-    for (const Operation one :
-         {Operation::save, Operation::saveAll, Operation::undo, Operation::redo,
-          Operation::revert, Operation::reset, Operation::copy})
-      pageActions->addAction(page->action(one));
-    for (const Operation one : {Operation::save, Operation::saveAll})
-      fileMenu->insertAction(saveSeparator, page->action(one));
-    for (const Operation one :
-         {Operation::save, Operation::undo, Operation::redo, Operation::revert})
-      tools->addAction(page->action(one));
-    for (const Operation one :
-         {Operation::undo, Operation::redo, Operation::revert, Operation::reset,
-          Operation::copy})
-      editMenu->addAction(page->action(one));
+    page->restoreLayoutState(
+        QSettings().value(QLatin1String(pageKey)).toByteArray());
+    addPageActions();
     connect(page, &BoardPage::changed, this, &MainWindow::refresh);
-    noteRecent(shown(design->sources.designFile));
+    noteRecentDesign(design->sources);
+    fillRecent();
   } else {
     welcome->setText(
         tr("%1 cannot be read: %2")
@@ -245,6 +237,31 @@ void MainWindow::showReady() {
   showMissing();
   refresh();
   emit opened();
+}
+
+void MainWindow::addPageActions() {
+  using Operation = BoardPage::Operation;
+  pageActions = new QActionGroup(page);
+  pageActions->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+  for (const Operation one :
+       {Operation::save, Operation::saveAll, Operation::undo, Operation::redo,
+        Operation::revert, Operation::reset, Operation::copy})
+    pageActions->addAction(page->action(one));
+  for (const Operation one : {Operation::save, Operation::saveAll})
+    fileMenu->insertAction(saveSeparator, page->action(one));
+  for (const Operation one :
+       {Operation::save, Operation::undo, Operation::redo, Operation::revert})
+    tools->addAction(page->action(one));
+  for (const Operation one :
+       {Operation::undo, Operation::redo, Operation::revert, Operation::reset,
+        Operation::copy})
+    editMenu->addAction(page->action(one));
+}
+
+/// For the next board, and the next time.
+void MainWindow::keepLayout() const {
+  if (page != nullptr)
+    QSettings().setValue(QLatin1String(pageKey), page->layoutState());
 }
 
 void MainWindow::showMissing() {
@@ -332,28 +349,15 @@ void MainWindow::askForFolder() {
 
 // --- Recent designs ----------------------------------------------------------
 
-void MainWindow::noteRecent(const QString &file) {
-  QSettings settings;
-  QStringList recent = settings.value(QLatin1String(recentKey)).toStringList();
-  const QString path = QFileInfo(file).absoluteFilePath();
-  recent.removeAll(path);
-  recent.prepend(path);
-  while (recent.size() > mostRecent)
-    recent.removeLast();
-  settings.setValue(QLatin1String(recentKey), recent);
-  fillRecent();
-}
-
 void MainWindow::fillRecent() {
   recentMenu->clear();
-  const QStringList recent =
-      QSettings().value(QLatin1String(recentKey)).toStringList();
-  for (const QString &file : recent)
-    connect(recentMenu->addAction(file), &QAction::triggered, this,
-            [this, file] {
-              open({bytesOf(file), {}, "", ""});
-            });
-  recentMenu->setEnabled(!recent.isEmpty());
+  const std::vector<DesignSources> recent = recentDesigns();
+  for (const DesignSources &one : recent) {
+    QString text = QDir::toNativeSeparators(shown(one.designFile));
+    connect(recentMenu->addAction(text.replace(u'&', QLatin1String("&&"))),
+            &QAction::triggered, this, [this, one] { open(one); });
+  }
+  recentMenu->setEnabled(!recent.empty());
 }
 
 // --- Events ------------------------------------------------------------------
@@ -363,6 +367,7 @@ void MainWindow::closeEvent(QCloseEvent *event) {
     event->ignore();
     return;
   }
+  keepLayout();
   QSettings settings;
   settings.setValue(QLatin1String(geometryKey), saveGeometry());
   settings.setValue(QLatin1String(layoutKey), saveState());

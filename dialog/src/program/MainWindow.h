@@ -56,7 +56,6 @@ private:
   void makeMenus();
   void makeMissingBanner();
   void fillRecent();
-  void noteRecent(const QString &file);
   void askForDesign();
   void askForLibrary();
   void askForKinds();
@@ -66,6 +65,8 @@ private:
   void take(const std::shared_ptr<LoadedDesign> &loaded);
   void showReady();
   void showMissing();
+  void addPageActions();
+  void keepLayout() const;
   void refresh();
 
   std::string folder; ///< Of what is being read, or was last.
@@ -79,6 +80,7 @@ private:
   QWidget *progress = nullptr;
   QLabel *progressText = nullptr;
   Banner *missing;
+  QPushButton *stop = nullptr;
   QPushButton *useFound = nullptr;
   DesignMessages *messages;
   QDockWidget *messagesDock = nullptr;

@@ -22,6 +22,7 @@
 #include "pages/SettingRow.h"
 #include "pages/SettingsForm.h"
 #include "pages/Texts.h"
+#include "pages/ToneLabel.h"
 
 using namespace ZelDebugDialog;
 using dialog::bytesOf;
