@@ -5,11 +5,15 @@ set(CPACK_PACKAGE_VENDOR "the ZelDebugDialog project")
 set(CPACK_PACKAGE_CONTACT "ZelDebugDialog maintainers <maintainers@zeldebugdialog.invalid>")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL
-    ZelDebugDialog_Runtime ZelDebugDialog_Development ZelDebugDialog_Tool)
+set(components Runtime Development Tool)
 if(ZELDEBUGDIALOG_HAS_DIALOG)
-    list(APPEND CPACK_COMPONENTS_ALL ZelDebugDialog_Dialog)
+    list(APPEND components Dialog)
 endif()
+if(ZELDEBUGDIALOG_C_INTERFACE)
+    list(APPEND components Python)
+endif()
+set(CPACK_COMPONENTS_ALL ${components})
+list(TRANSFORM CPACK_COMPONENTS_ALL PREPEND ZelDebugDialog_)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
@@ -59,6 +63,28 @@ set(CPACK_COMPONENT_ZELDEBUGDIALOG_DIALOG_DESCRIPTION
  Shows the processors of an IP-XACT design in a window, and lets people change
  the configuration of each, with reasons and without losing anything.")
 
+# Of no architecture: it loads the library of the one that it runs on. It is for
+# Debian's own Python; a wheel (scripts/python-wheel) is for every other.
+set(CPACK_DEBIAN_ZELDEBUGDIALOG_PYTHON_PACKAGE_NAME python3-zeldebugdialog)
+set(CPACK_DEBIAN_ZELDEBUGDIALOG_PYTHON_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_ZELDEBUGDIALOG_PYTHON_PACKAGE_ARCHITECTURE all)
+set(CPACK_DEBIAN_ZELDEBUGDIALOG_PYTHON_PACKAGE_DEPENDS
+    "python3 (>= 3.11), ${runtime} ${same_version}")
+set(CPACK_DEBIAN_ZELDEBUGDIALOG_PYTHON_PACKAGE_CONTROL_EXTRA
+    ${PROJECT_SOURCE_DIR}/cmake/debian/python/postinst
+    ${PROJECT_SOURCE_DIR}/cmake/debian/python/prerm)
+set(CPACK_COMPONENT_ZELDEBUGDIALOG_PYTHON_DESCRIPTION
+    "debug-target configurations for FPGA processors - Python package
+ Boards, and the configurations of their processors, as objects: settings are
+ attributes, the JTAG chain is a list, and what is refused is an exception that
+ says why.")
+if(ZELDEBUGDIALOG_C_INTERFACE)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/python/zeldebugdialog
+        DESTINATION lib/python3/dist-packages
+        COMPONENT ZelDebugDialog_Python EXCLUDE_FROM_ALL
+        FILES_MATCHING PATTERN "*.py" PATTERN "py.typed" PATTERN "__pycache__" EXCLUDE)
+endif()
+
 # What Debian asks of every package: a change log and a notice of its licence;
 # and what lintian need not say, with the reasons. Manual pages are compressed.
 set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/debian/CompressManuals.cmake)
@@ -67,10 +93,6 @@ set(notes ${PROJECT_BINARY_DIR}/debian)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/debian/changelog.in ${notes}/changelog @ONLY)
 file(ARCHIVE_CREATE OUTPUT ${notes}/changelog.Debian.gz PATHS ${notes}/changelog
     FORMAT raw COMPRESSION GZip COMPRESSION_LEVEL 9 MTIME "1970-01-01")
-set(components Runtime Development Tool)
-if(ZELDEBUGDIALOG_HAS_DIALOG)
-    list(APPEND components Dialog)
-endif()
 foreach(component ${components})
     string(TOUPPER ZelDebugDialog_${component} key)
     install(FILES ${notes}/changelog.Debian.gz ${PROJECT_SOURCE_DIR}/cmake/debian/copyright
