@@ -110,14 +110,15 @@ def document_schema():
     parameter = closed({
         "name": told(TEXT, "Its name in 'params'"), "summary": told(TEXT, "What it means"),
         "required": {"type": "boolean", "description": "Whether it has to be there"},
-        "schema": {"type": "object", "description": "What it has to be, as a JSON Schema"}})
+        "schema": {"$ref": "#/$defs/anything", "description": "What it has to be, as a JSON Schema"}})
     method = closed({
         "name": told(TEXT, "What a request calls it"), "summary": told(TEXT, "What it does"),
         "params": {"type": "array", "items": parameter, "description": "All are given by name"},
         "result": told(reference, "What it answers"), "error": told(reference, "What it answers instead")})
-    return closed({"title": told(TEXT, "Whose methods they are"),
-                   "version": {"const": 1, "description": "Of the protocol"},
-                   "methods": {"type": "array", "items": method, "description": "All that there are"}})
+    return {**closed({"title": told(TEXT, "Whose methods they are"),
+                      "version": {"const": 1, "description": "Of the protocol"},
+                      "methods": {"type": "array", "items": method, "description": "All that there are"}}),
+            "$defs": {"anything": {}}}
 
 
 PROBES = [None, True, False, 0, 1, 1.0, 1.5, -1, 100000000, 100000001, 2 ** 63, 1e300, "", "a", "\0", "ä", [], [""],
