@@ -181,13 +181,12 @@ private slots:
     QCOMPARE(after.size(), wanted.size());
     for (qsizetype i = 0; i < wanted.size(); ++i) {
       QCOMPARE(after[i].size(), wanted[i].size());
-      QVERIFY(differences(before[i], wanted[i]) > 10000);
-      const int count = differences(after[i], wanted[i]);
-      if (count != 0) {
-        after[i].save(QStringLiteral("looks.after.png"));
-        wanted[i].save(QStringLiteral("looks.wanted.png"));
-      }
-      QCOMPARE(count, 0);
+      QVERIFY(before[i] != wanted[i]);
+      if (after[i] == wanted[i])
+        continue;
+      after[i].save(QStringLiteral("looks.after.png"));
+      wanted[i].save(QStringLiteral("looks.wanted.png"));
+      QCOMPARE(differences(after[i], wanted[i]), 0);
     }
   }
 

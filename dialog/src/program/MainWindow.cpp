@@ -14,6 +14,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSettings>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -105,7 +106,9 @@ void MainWindow::makeProgress() {
   bar->setRange(0, 0);
   bar->setAccessibleName(tr("Reading the design"));
   stop = new QPushButton(tr("Cancel"), progress);
-  stop->setShortcut(Qt::Key_Escape);
+  // At once, and not when a button has come up again.
+  auto *const escape = new QShortcut(Qt::Key_Escape, progress);
+  connect(escape, &QShortcut::activated, this, &MainWindow::cancel);
   connect(stop, &QPushButton::clicked, this, &MainWindow::cancel);
   layout->addStretch();
   layout->addWidget(progressText);
