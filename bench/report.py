@@ -37,7 +37,7 @@ PARTS = {
     "designs": ("load", "instances"),
 }
 
-Result = collections.namedtuple("Result", "nanoseconds bytes peak")
+Result = collections.namedtuple("Result", "nanoseconds bytes peak taken")
 
 
 def load(folder):
@@ -55,7 +55,11 @@ def load(folder):
             if found is None or run["cpu_time"] < found.nanoseconds:
                 groups[group][who][int(size)] = Result(run["cpu_time"],
                                                        run["bytes"],
-                                                       run.get("peak", 0))
+                                                       run.get("peak", 0),
+                                                       run["real_time"])
+            least = groups[group][who][int(size)]
+            groups[group][who][int(size)] = least._replace(
+                taken=min(run["real_time"], found.taken if found else run["real_time"]))
     return groups, machine
 
 
@@ -77,6 +81,10 @@ def megabytes(size):
     return f"{size / 1e6:.3g} MB"
 
 
+def times_as_long(ratio):
+    return f" ({ratio:,.0f}×)" if ratio >= 10 else f" ({ratio:.2g}×)"
+
+
 def compared(group, counted, value, unit):
     """A row for each way, with what is compared and its ratio to ours."""
     ours = next(who for who in group if who in OURS)
@@ -92,8 +100,7 @@ def compared(group, counted, value, unit):
                 continue
             cell = unit(value(results[size]))
             if who != ours:
-                ratio = value(results[size]) / value(group[ours][size])
-                cell += f" ({ratio:,.0f}×)" if ratio >= 10 else f" ({ratio:.2g}×)"
+                cell += times_as_long(value(results[size]) / value(group[ours][size]))
             cells.append(cell)
         rows.append(cells)
     return table(["", *(f"{size:,} {counted}" for size in sizes)], rows)
@@ -101,6 +108,18 @@ def compared(group, counted, value, unit):
 
 def times(group, counted):
     return compared(group, counted, lambda result: result.nanoseconds, duration)
+
+
+def rates(group):
+    """A row for each way: the time of a change, and how many that are a second."""
+    rows = []
+    for who, results in group.items():
+        (result,) = results.values()
+        rows.append((result.taken, who))
+    least = min(rows)[0]
+    return table(["", "A change", "Changes a second"],
+                 [[who, duration(taken) + ("" if taken == least else times_as_long(taken / least)),
+                   f"{1e9 / taken:,.0f}"] for taken, who in sorted(rows)])
 
 
 def memory(group, counted):
@@ -224,6 +243,8 @@ def main():
             parts[name] = times(groups[group], counted)
             print(f"\n{group}\n{parts[name]}")
 
+    if "change" in groups:
+        parts["protocol"] = rates(groups["change"])
     if "load" in groups:
         parts["design-sizes"] = bytes_read(groups["load"], "instances")
         parts["design-memory"] = memory(groups["load"], "instances")
