@@ -23,8 +23,8 @@ using Given = nlohmann::json;
 constexpr std::size_t longestRequest = 64UL * 1024 * 1024;
 constexpr std::size_t deepestNesting = 100;
 
-/// A name that stands twice in one object of `params`: which of the two is meant
-/// cannot be told.
+/// A name that stands twice in one object of `params`: which of the two is
+/// meant cannot be told.
 struct Twin {
   std::string parameter; ///< in whose value it is; or its own name
   std::string name;
