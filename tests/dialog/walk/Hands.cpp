@@ -116,7 +116,8 @@ int Hands::below(int end) {
 
 template <class List>
 const typename List::value_type &Hands::pick(const List &list) {
-  return list[static_cast<std::size_t>(below(static_cast<int>(list.size())))];
+  const int chosen = below(static_cast<int>(list.size()));
+  return list[static_cast<typename List::size_type>(chosen)];
 }
 
 bool Hands::hasPage() {
