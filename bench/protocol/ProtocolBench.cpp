@@ -36,7 +36,7 @@ public:
     require(zdd_answer(server, text.data(), text.size(), &answer, &length) ==
                 ZDD_OK,
             text);
-    const std::string copy(answer, length);
+    std::string copy(answer, length);
     zdd_answer_release(answer);
     return copy;
   }
