@@ -284,6 +284,24 @@ TEST_F(ChangeTest, ARequestStartsFromACopy) {
   EXPECT_EQ(session.Get("instanceName"), Value("lc"));
 }
 
+TEST_F(ChangeTest, ARequestTellsWhatOfItsCopyIsNotAllowed) {
+  Session other = open();
+  other.Change({{"connection", "stub-serial"}});
+  const std::string told =
+      "connection: hw -> hw (this processor does not allow what was copied)";
+  ChangeRequest request;
+  request.copyFrom = &other;
+  request.values = {{"debugDevice", 4}};
+  Session session = open("ppc405");
+  EXPECT_THAT(shown(session.Change(request)), testing::Contains(told));
+  // What is asked for takes its place.
+  request.values = {{"connection", "sim"}};
+  Session asked = open("ppc405");
+  for (const std::string &effect : shown(asked.Change(request)))
+    EXPECT_THAT(effect, testing::Not(testing::HasSubstr("not allow")));
+  EXPECT_EQ(asked.Get("connection"), Value("sim"));
+}
+
 TEST_F(ChangeTest, ACopyTakesAllButIdentityAndTellsWhatIsNotAllowed) {
   Session other = open();
   other.Change({{"connection", "stub-serial"},

@@ -1,10 +1,13 @@
 // A file that is written is there wholly or not at all.
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 #include <thread>
 #include <vector>
+
+#include <sys/resource.h>
 
 #include <gtest/gtest.h>
 
@@ -89,6 +92,25 @@ TEST_F(WholeFileTest, ReplacesFilesOnly) {
   EXPECT_TRUE(fs::is_symlink(at("link")));
   EXPECT_EQ(contentOf(at("target")), "new");
   EXPECT_EQ(names().size(), 4U);
+}
+
+TEST_F(WholeFileTest, IsAsItWasWhereThereIsNoRoom) {
+  const std::string file = at("table");
+  WriteWholeFile(file, "old", ExistingFile::refuse);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit before = {};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
+  rlimit small = before;
+  small.rlim_cur = 10;
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  const std::string refusal =
+      refusalOf(file, std::string(100, 'n'), ExistingFile::replace);
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_EQ(refusal, "file-system: it could not be written whole: no space "
+                     "left, or a limit on the size of files");
+  EXPECT_EQ(contentOf(file), "old");
+  EXPECT_EQ(names(), std::vector<std::string>{"table"});
 }
 
 TEST_F(WholeFileTest, IsAlwaysOneOfThoseThatWriteIt) {

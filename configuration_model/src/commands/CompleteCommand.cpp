@@ -154,7 +154,9 @@ void Walk::takeName(const std::string &word) {
 void Walk::takeValue(const std::string &word) {
   if (IsOptionWord(word))
     return takeOption(word);
-  if (!value->settings.empty() && value->settings.front() == "cable.cableType")
+  const std::vector<std::string> &stored = value->settings;
+  if (std::find(stored.begin(), stored.end(), "cable.cableType") !=
+      stored.end())
     cable = word;
   place = option->parameters.empty() ? Place::option : Place::clause;
   value = nullptr;
