@@ -17,6 +17,7 @@ using namespace model_test;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 class LossTest : public ModelTest {};
 
@@ -187,6 +188,19 @@ TEST_F(LossTest, WhatACommandAsksForIsNotDisplaced) {
   EXPECT_THAT(shown(session.Losses()),
               ElementsAre("cable.frequency: 6 MHz -> 0 Hz [serial-number by "
                           "cable.esn]"));
+}
+
+TEST_F(LossTest, TheOneCableThatCarriesASettingIsNamed) {
+  Session session = open();
+  session.Change({{"cable.moduleName", "m"}, {"cable.esn", "E"}});
+  std::vector<std::string> reasons;
+  for (const Loss &loss : session.Losses())
+    reasons.push_back(loss.field + ": " + loss.reason);
+  EXPECT_THAT(reasons,
+              UnorderedElementsAre(
+                  "cable.moduleName: a command does not carry it for this "
+                  "cable, only for 'quorla_plugin'",
+                  "cable.esn: a command does not carry it for this cable"));
 }
 
 TEST_F(LossTest, WhatIsCopiedIsNotDisplaced) {

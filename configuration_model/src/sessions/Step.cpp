@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iterator>
+#include <string_view>
 
 #include "settings/SettingTable.h"
 
@@ -49,7 +50,7 @@ void noteChangedDevices(const Snapshot &before, Step &after) {
   eraseDevices(after.origins, after.now.chain.size());
 }
 
-constexpr const char *inFile = "file:";
+constexpr std::string_view inFile = "file:";
 
 /// Of a setting, or of a device's field.
 void copyOrigin(const Step &from, Step &to, const std::string &name) {
@@ -63,7 +64,8 @@ void copyOrigin(const Step &from, Step &to, const std::string &name) {
 /// A place in the file that is no more says nothing.
 void forgetPlace(Step &step, const std::string &name) {
   const auto found = step.origins.find(name);
-  if (found != step.origins.end() && found->second.rfind(inFile, 0) == 0)
+  if (found != step.origins.end() &&
+      std::string_view(found->second).substr(0, inFile.size()) == inFile)
     found->second = changed;
 }
 
