@@ -58,6 +58,35 @@ TEST(Printable, LeavesCharactersOfEachForm) {
   }
 }
 
+/// Whether these bytes are one character that can be shown: its number, written
+/// anew, gives the same bytes.
+bool isCharacter(const std::string &bytes) {
+  const unsigned masks[] = {0, 0, 0x1F, 0x0F, 0x07};
+  unsigned number = static_cast<unsigned char>(bytes[0]) & masks[bytes.size()];
+  for (std::size_t i = 1; i < bytes.size(); ++i)
+    number = number << 6 | (static_cast<unsigned char>(bytes[i]) & 0x3F);
+  const bool isSurrogate = number >= 0xD800 && number <= 0xDFFF;
+  return number >= 0xA0 && number <= 0x10FFFF && !isSurrogate &&
+         encoded(number) == bytes;
+}
+
+TEST(Printable, GoesByTheFirstTwoBytes) {
+  for (int first = 0x80; first <= 0xFF; ++first)
+    for (int second = 0; second <= 0xFF; ++second) {
+      const std::string text{static_cast<char>(first),
+                             static_cast<char>(second), '\x80', '\x80'};
+      std::size_t length = 0;
+      for (const std::size_t size : {2U, 3U, 4U})
+        if (isCharacter(text.substr(0, size)))
+          length = size;
+      const bool isWhole =
+          printable(text).compare(0, length, text, 0, length) == 0;
+      const bool isEscaped = printable(text)[0] == '\\';
+      EXPECT_TRUE(length == 0 ? isEscaped : isWhole && !isEscaped)
+          << std::hex << first << " " << second;
+    }
+}
+
 TEST(Printable, EscapesControlCharacters) {
   const Row rows[] = {
       {std::string("\0", 1), "\\x00"},
