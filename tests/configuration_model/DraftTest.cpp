@@ -1,4 +1,5 @@
 // Texts as they are typed, settings and whole commands.
+#include <functional>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -105,6 +106,45 @@ TEST_F(DraftTest, SettingsThatCannotBeSetAreRefused) {
 }
 
 // --- Commands ----------------------------------------------------------------
+
+/// Texts that stand in settings, and one for the command.
+int draftsOf(const Session &session) {
+  const SessionState state = session.State();
+  int count = state.draft ? 1 : 0;
+  for (const SettingState &setting : state.settings)
+    count += setting.draft ? 1 : 0;
+  return count;
+}
+
+TEST_F(DraftTest, WhatIsDoneToTheWholeDropsTexts) {
+  const Session other = open();
+  const std::string command = "connect lc hdu -debugdevice devicenr 3";
+  ChangeRequest given;
+  given.command = command;
+  ChangeRequest copied;
+  copied.copyFrom = &other;
+  const std::function<void(Session &)> operations[] = {
+      [](Session &session) { session.Reset({}); },
+      [](Session &session) { session.Revert(); },
+      [&](Session &session) { session.CopyFrom(other); },
+      [&](Session &session) { session.Change(given); },
+      [&](Session &session) { session.Change(copied); },
+      [&](Session &session) { session.Edit(command); },
+  };
+  for (const auto &operation : operations) {
+    Session typed = open();
+    typed.Draft("cable.frequency", "3 MHx");
+    typed.Draft("debugDevice", "many");
+    EXPECT_EQ(draftsOf(typed), 2);
+    operation(typed);
+    EXPECT_EQ(draftsOf(typed), 0) << &operation - operations;
+    Session edited = open();
+    edited.Edit("connect lc nowhere");
+    EXPECT_EQ(draftsOf(edited), 1);
+    operation(edited);
+    EXPECT_EQ(draftsOf(edited), 0) << &operation - operations;
+  }
+}
 
 TEST_F(DraftTest, ACommandThatReadsWellMakesItsSettingsItsOwn) {
   Session session = open();
