@@ -763,7 +763,14 @@ TEST_F(RandomWriting, TellsOfEverySettingAndKeepsWhatItDoesNotOmit) {
   CaseMaker maker(kSeed);
   int refused = 0;
   std::set<Reason> met;
-  for (int i = 0; i < kCases; ++i) {
+  const auto reasons = static_cast<std::size_t>(Reason::colonInHost) + 1;
+  // The rarest reason has one case in some thousands: it is waited for, as a
+  // new field draws other cases.
+  const auto goesOn = [&](int count) {
+    const bool waits = kCases >= 5000 && met.size() < reasons;
+    return count < kCases || (waits && count < 10 * kCases);
+  };
+  for (int i = 0; goesOn(i); ++i) {
     const RoundTripCase made = maker.next();
     Desk plain(made.written);
     Desk traced(made.written);
@@ -796,7 +803,6 @@ TEST_F(RandomWriting, TellsOfEverySettingAndKeepsWhatItDoesNotOmit) {
   EXPECT_GT(refused, kCases / 50);
   EXPECT_GT(hopeless, kCases / 200);
   EXPECT_GT(readable, kCases / 4);
-  const auto reasons = static_cast<std::size_t>(Reason::colonInHost) + 1;
   if (kCases >= 5000) {
     EXPECT_EQ(met.size(), reasons);
   }
