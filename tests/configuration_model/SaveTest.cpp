@@ -1,16 +1,15 @@
 // Saving: whole or not at all, and nothing that is lost in silence.
-#include <csignal>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <gmock/gmock.h>
 
 #include "configuration_model/ModelTest.h"
+#include "support/FileSizeLimit.h"
 
 namespace {
 
@@ -32,6 +31,19 @@ protected:
   Session changed() const {
     Session session = open();
     session.Change({{"debugDevice", 3}});
+    return session;
+  }
+  /// Of one processor, under any name.
+  Board boardOf(const std::string &name) {
+    fillDesign(design);
+    design.processors = {name};
+    design.typeOf[name] = "lumacore";
+    design.instancesOfType["lumacore"] = {name};
+    return {design, (work.path() / "etc").string()};
+  }
+  Session simulated(const std::string &name) {
+    Session session(boardOf(name), name);
+    session.Change({{"connection", "sim"}});
     return session;
   }
   SaveOptions force() const {
@@ -432,15 +444,10 @@ TEST_F(SaveTest, ADryRunNotesNoPlaces) {
 TEST_F(SaveTest, AFullDiskLeavesTheFileAsItWas) {
   Session session = openWith(byDefault);
   session.Change({{"debugDevice", 3}});
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before = {};
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  rlimit small = before;
-  small.rlim_cur = 10;
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  const std::string refusal = refusalOf([&] { session.Save(); });
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
-  std::signal(SIGXFSZ, handler);
+  const std::string refusal = refusalOf([&] {
+    const support::FileSizeLimit limit(10);
+    session.Save();
+  });
   EXPECT_THAT(
       refusal,
       testing::AllOf(
@@ -528,11 +535,7 @@ TEST_F(SaveTest, AProcessorsNameThatLeadsElsewhereLeadsToNoFile) {
       {"/", "a '/' in a processor's name leads to no file"},
   };
   for (const Row &row : rows) {
-    fillDesign(design);
-    design.processors = {row.name};
-    design.typeOf[row.name] = "lumacore";
-    design.instancesOfType["lumacore"] = {row.name};
-    const Board odd(design, (work.path() / "etc").string());
+    const Board odd = boardOf(row.name);
     for (const auto hold :
          {Session::Hold::whileSaving, Session::Hold::untilSaved}) {
       Session session(odd, row.name, hold);
@@ -557,13 +560,7 @@ TEST_F(SaveTest, AProcessorsNameThatLeadsElsewhereLeadsToNoFile) {
 TEST_F(SaveTest, ANameThatIsTooLongLeadsToNoFile) {
   for (const std::size_t size : {247U, 248U}) { // with "kvo_" and ".opt", 255
     const std::string name(size, 'n');
-    fillDesign(design);
-    design.processors = {name};
-    design.typeOf[name] = "lumacore";
-    design.instancesOfType["lumacore"] = {name};
-    const Board odd(design, (work.path() / "etc").string());
-    Session session(odd, name);
-    session.Change({{"connection", "sim"}});
+    Session session = simulated(name);
     if (size == 247) {
       EXPECT_EQ(session.Problem(), "");
       EXPECT_TRUE(session.Save().written);
@@ -577,13 +574,7 @@ TEST_F(SaveTest, ANameThatIsTooLongLeadsToNoFile) {
 
 TEST_F(SaveTest, NamesOfOtherBytesLeadToAFile) {
   for (const char *name : {"..", "a b", "a\\b", "a\n", "\xFF"}) {
-    fillDesign(design);
-    design.processors = {name};
-    design.typeOf[name] = "lumacore";
-    design.instancesOfType["lumacore"] = {name};
-    const Board odd(design, (work.path() / "etc").string());
-    Session session(odd, name);
-    session.Change({{"connection", "sim"}});
+    Session session = simulated(name);
     EXPECT_TRUE(session.Save().written) << name;
     EXPECT_EQ(saved(name), "connect lc sim") << name;
   }

@@ -1,5 +1,4 @@
 // A file that is written is there wholly or not at all.
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -7,11 +6,10 @@
 #include <thread>
 #include <vector>
 
-#include <sys/resource.h>
-
 #include <gtest/gtest.h>
 
 #include "ZelDebugDialog/ConfigurationModel/Files.h"
+#include "support/FileSizeLimit.h"
 #include "support/TemporaryDirectory.h"
 
 namespace {
@@ -97,18 +95,12 @@ TEST_F(WholeFileTest, ReplacesFilesOnly) {
 TEST_F(WholeFileTest, IsAsItWasWhereThereIsNoRoom) {
   const std::string file = at("table");
   WriteWholeFile(file, "old", ExistingFile::refuse);
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before = {};
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  rlimit small = before;
-  small.rlim_cur = 10;
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  const std::string refusal =
-      refusalOf(file, std::string(100, 'n'), ExistingFile::replace);
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(refusal, "file-system: it could not be written whole: no space "
-                     "left, or a limit on the size of files");
+  {
+    const support::FileSizeLimit limit(10);
+    EXPECT_EQ(refusalOf(file, std::string(100, 'n'), ExistingFile::replace),
+              "file-system: it could not be written whole: no space left, or "
+              "a limit on the size of files");
+  }
   EXPECT_EQ(contentOf(file), "old");
   EXPECT_EQ(names(), std::vector<std::string>{"table"});
 }

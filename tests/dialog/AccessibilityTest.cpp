@@ -51,6 +51,19 @@ QString nameOf(QWidget &widget) {
   return told == nullptr ? QString() : told->text(QAccessible::Name);
 }
 
+/// Whatever has the focus from here on; nothing where it gets lost.
+std::set<QWidget *> reachedByTabulator() {
+  std::set<QWidget *> reached;
+  for (int i = 0; i < 400; ++i) {
+    QWidget *const focus = QApplication::focusWidget();
+    if (focus == nullptr)
+      return {};
+    reached.insert(focus);
+    QTest::keyClick(focus, Qt::Key_Tab);
+  }
+  return reached;
+}
+
 } // namespace
 
 class AccessibilityTest : public QObject {
@@ -98,13 +111,8 @@ private slots:
     Scene scene;
     scene.board().choose("ppc405_0");
     auto *const form = scene.page().findChild<dialog::SettingsForm *>();
-    std::set<QWidget *> reached;
-    for (int i = 0; i < 400; ++i) {
-      QWidget *const focus = QApplication::focusWidget();
-      QVERIFY(focus != nullptr);
-      reached.insert(focus);
-      QTest::keyClick(focus, Qt::Key_Tab);
-    }
+    const std::set<QWidget *> reached = reachedByTabulator();
+    QVERIFY(!reached.empty());
     for (const SettingInfo &setting : GetSettings()) {
       dialog::SettingRow *const row = form->rowFor(setting.id);
       if (row == nullptr || !setting.settable || !row->field()->isEnabled() ||
@@ -128,13 +136,8 @@ private slots:
       return *scene.page().findChild<dialog::SessionModel *>()->find(setting);
     };
     auto *const form = scene.page().findChild<dialog::SettingsForm *>();
-    std::set<QWidget *> reached;
-    for (int i = 0; i < 400; ++i) {
-      QWidget *const focus = QApplication::focusWidget();
-      QVERIFY(focus != nullptr);
-      reached.insert(focus);
-      QTest::keyClick(focus, Qt::Key_Tab);
-    }
+    const std::set<QWidget *> reached = reachedByTabulator();
+    QVERIFY(!reached.empty());
     int disabled = 0;
     for (const SettingInfo &setting : GetSettings()) {
       dialog::SettingRow *const row = form->rowFor(setting.id);
