@@ -1,5 +1,6 @@
 #include "zeldebugdialog.h"
 
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <optional>
@@ -22,13 +23,10 @@ template <class Function> zdd_status guarded(const Function &run) noexcept {
   }
 }
 
-// An array of a length that only the running program knows.
-using Answer = std::unique_ptr<char[]>; // NOLINT(modernize-avoid-c-arrays)
-
-/// With a null byte behind it.
-Answer copied(const std::string &text) {
-  Answer copy(new Answer::element_type[text.size() + 1]());
-  text.copy(copy.get(), text.size());
+/// With a null byte behind it; `zdd_answer_release` takes it.
+char *copied(const std::string &text) {
+  char *const copy = new char[text.size() + 1];
+  *std::copy(text.begin(), text.end(), copy) = '\0';
   return copy;
 }
 
@@ -64,7 +62,7 @@ zdd_status zdd_answer(zdd_server *server, const char *request, size_t length,
         server->server.Answer({request, length});
     if (!text)
       return ZDD_NO_ANSWER;
-    *answer = copied(*text).release();
+    *answer = copied(*text);
     if (answer_length != nullptr)
       *answer_length = text->size();
     return ZDD_OK;
@@ -74,7 +72,7 @@ zdd_status zdd_answer(zdd_server *server, const char *request, size_t length,
 zdd_status zdd_answer_release(char *answer) {
   if (answer == nullptr)
     return ZDD_NULL_POINTER;
-  const Answer released(answer);
+  delete[] answer;
   return ZDD_OK;
 }
 
