@@ -103,9 +103,9 @@ void expectWritable(const fs::path &folder, bool mayMake) {
 void flushFiles(const std::vector<const ScratchFile *> &files) {
   std::map<dev_t, std::vector<const ScratchFile *>> byFileSystem;
   for (const ScratchFile *const file : files) {
-    // One that has gone is refused where it is opened.
     struct stat status = {};
-    static_cast<void>(lstat(file->path().c_str(), &status));
+    if (lstat(file->path().c_str(), &status) != 0)
+      refuseFile(file->path(), std::generic_category().message(errno));
     byFileSystem[status.st_dev].push_back(file);
   }
   for (const auto &[device, together] : byFileSystem) {

@@ -46,7 +46,7 @@ std::string FileSystemSource::read(const std::string &path, std::size_t most,
     return "it is no regular file";
   const std::uintmax_t size = fs::file_size(path, error);
   if (error)
-    return unreadable;
+    return unreadable + (": " + error.message());
   if (size > largestFile)
     return "it is larger than " + std::to_string(largestFile >> 20) + " MiB";
   std::ifstream file(path, std::ios::binary);
