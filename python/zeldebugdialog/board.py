@@ -77,7 +77,8 @@ class Board:
              force: bool = False) -> list[Saved]:
         """Saves several at once: these, or all that are open. Each is saved
         wholly or not at all. Where some were refused, it raises the first
-        Refused when the others have been saved."""
+        Refused when the others have been saved; its notes (`__notes__`, which a
+        traceback shows) tell the other refusals."""
         saved: list[Saved] = []
         refusals: list[Refused] = []
         for outcome in self._outcomes(configurations, force):
@@ -88,7 +89,10 @@ class Board:
                 refusals.append(Refused(error["message"],
                                         error.get("data", {})))
         if refusals:
-            raise refusals[0]
+            first, *others = refusals
+            for other in others:
+                first.add_note(f"refused as well: {other}")
+            raise first
         return saved
 
     def _outcomes(self, configurations: tuple[Configuration, ...],

@@ -91,6 +91,23 @@ class BoardTest(Case):
         self.assertEqual(list(self.board.losses()), ["lumacore_2"])
 
 
+    def test_tells_of_every_refusal(self):
+        displaced = {"cable.cableType": "quorla_podusb",
+                     "cable.port": "USB22", "cable.esn": "1"}
+        self.one.change(displaced)
+        two = self.board.configuration("lumacore_1")
+        two.change(displaced)
+        three = self.board.configuration("ppc405_0")
+        three["debugDevice"] = 2
+        with self.assertRaises(Refused) as caught:
+            self.board.save(self.one, two, three)
+        self.assertIn("kvo_lumacore_0.opt", str(caught.exception))
+        self.assertEqual(len(caught.exception.__notes__), 1)
+        self.assertRegex(caught.exception.__notes__[0],
+                         "^refused as well: .*kvo_lumacore_1.opt: .*cable.port")
+        self.assertFalse(three.dirty)
+
+
 class ConfigurationTest(Case):
     def test_is_a_mapping(self):
         self.assertIn("cable.frequency", self.one)
