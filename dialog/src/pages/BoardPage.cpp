@@ -80,7 +80,7 @@ BoardPage::BoardPage(const Board &ofBoard, QWidget *parent)
 void BoardPage::watchUnvisited() {
   QStringList files;
   for (const BoardProcessor &processor : board.Processors())
-    files.append(shown(Session(board, processor.name).File()));
+    files.append(shown(board.FileOf(processor.name)));
   watch = new FileWatch(files, this);
   connect(watch, &FileWatch::changed, this, &BoardPage::displayUnvisited);
   displayUnvisited();
