@@ -72,7 +72,8 @@ zdd_status zdd_answer(zdd_server *server, const char *request, size_t length,
 zdd_status zdd_answer_release(char *answer) {
   if (answer == nullptr)
     return ZDD_NULL_POINTER;
-  delete[] answer;
+  char *const owned = answer; // again, as `copied` made it
+  delete[] owned;
   return ZDD_OK;
 }
 
