@@ -33,6 +33,9 @@ endfunction()
 function(zeldebugdialog_install_pkg_config name description)
     cmake_parse_arguments(PARSE_ARGV 2 PC "" ""
         "LIBRARIES;FLAGS;REQUIRES;STATIC_LIBRARIES;STATIC_REQUIRES")
+    if(NOT PC_LIBRARIES OR PC_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "${name}.pc: no LIBRARIES, or not known: ${PC_UNPARSED_ARGUMENTS}")
+    endif()
     if(ZELDEBUGDIALOG_STATIC)
         list(APPEND PC_REQUIRES ${PC_STATIC_REQUIRES})
         list(APPEND PC_LIBRARIES ${PC_STATIC_LIBRARIES})
@@ -160,6 +163,16 @@ function(zeldebugdialog_install_dialog)
         DESTINATION ${ZELDEBUGDIALOG_CMAKE_DIR} COMPONENT ZelDebugDialog_DialogLibrary)
 endfunction()
 
+# The pages, with what they lead to: schemas, pictures, and the examples. They
+# keep their places towards each other.
+function(zeldebugdialog_install_documentation)
+    install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        COMPONENT ZelDebugDialog_Documentation
+        PATTERN site EXCLUDE PATTERN "*.dot" EXCLUDE PATTERN __pycache__ EXCLUDE)
+    install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        COMPONENT ZelDebugDialog_Documentation)
+endfunction()
+
 function(zeldebugdialog_install_package)
     zeldebugdialog_install_engine()
     if(ZELDEBUGDIALOG_DESIGN_MODEL)
@@ -177,6 +190,7 @@ function(zeldebugdialog_install_package)
     if(ZELDEBUGDIALOG_HAS_DIALOG)
         zeldebugdialog_install_dialog()
     endif()
+    zeldebugdialog_install_documentation()
 
     configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZelDebugDialogConfig.cmake.in
         ${PROJECT_BINARY_DIR}/ZelDebugDialogConfig.cmake

@@ -1,13 +1,14 @@
 # Programs outside the tree that use the project, each built and run in a folder
 # of its own below `scratch`. Sourced, not run. CXX and CXX_STANDARD choose the
-# compiler and the language.
+# compiler and the language, STRICT whether warnings of the project's own sources
+# are errors.
 # shellcheck shell=bash
 
 project=$PWD
 consumers=$project/tests/packaging/consumers
 vendor=$project/tests/packaging/vendor
 board=$project/examples/board/board.xml
-: "${CXX:=c++}" "${CXX_STANDARD:=17}"
+: "${CXX:=c++}" "${CXX_STANDARD:=17}" "${STRICT:=ON}"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
@@ -33,7 +34,7 @@ build() {
 # it was installed to; without the dialog unless an option asks for it.
 install_project() {
   rm -rf "$scratch/first" "$scratch/moved"
-  build project "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER=ON \
+  build project "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER="$STRICT" \
     -DZELDEBUGDIALOG_DIALOG=OFF "$@"
   quietly cmake --install "$scratch/project" --prefix "$scratch/first"
   prefix=$scratch/moved
@@ -158,7 +159,7 @@ vendor_consumer() {
   cp -r "$vendor/include" "$scratch/vendor/include"
   (
     cd "$scratch" || exit
-    build vendor-engine "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER=ON \
+    build vendor-engine "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER="$STRICT" \
       -DCMAKE_INSTALL_PREFIX="$scratch/vendor-prefix" \
       -DZELDEBUGDIALOG_TOOL=OFF -DZELDEBUGDIALOG_C_INTERFACE=OFF -DZELDEBUGDIALOG_DIALOG=OFF \
       -DZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR=vendor/include \
