@@ -28,6 +28,10 @@ void expectExplained(const std::vector<Loss> &losses) {
   std::vector<std::string> fields;
   for (const Loss &loss : losses) {
     EXPECT_THAT(fields, testing::Not(Contains(loss.field)));
+    EXPECT_NE(FindSetting(loss.field), nullptr) << loss.field;
+    if (!loss.displacedBy.empty()) {
+      EXPECT_NE(FindSetting(loss.displacedBy), nullptr) << loss.displacedBy;
+    }
     fields.push_back(loss.field);
     EXPECT_NE(FindCode(loss.code), nullptr) << loss.code;
     EXPECT_THAT(page, testing::HasSubstr("<a id=\"" + loss.anchor + "\">"));
