@@ -7,6 +7,7 @@
 
 #include "configuration_model/ModelTest.h"
 #include "settings/Values.h"
+#include "support/Cables.h"
 
 namespace {
 
@@ -161,7 +162,7 @@ TEST_F(ValuesTest, OfEachKindAreTakenInEitherForm) {
       {"connection", 1, nullptr},
       {"cable.cableType", 3, "quorla_podusb"},
       {"cable.cableType", 7, "quorla_tcf"},
-      {"cable.cableType", 8, nullptr},
+      {"cable.cableType", support::cables().back().number + 1, nullptr},
       {"cable.cableType", -1, nullptr},
       {"cable.cableType", "quorla_podusb", "quorla_podusb"},
       {"cable.cableType", "quorla_podus", nullptr},
