@@ -1,5 +1,6 @@
 // Saving: whole or not at all, and nothing that is lost in silence.
 #include <filesystem>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -69,6 +70,23 @@ TEST_F(SaveTest, WritesTheCommandAndNothingElse) {
   EXPECT_FALSE(session.State().dirty);
   EXPECT_FALSE(session.ChangedOnDisk());
   EXPECT_EQ(open().Get("debugDevice"), Value(3));
+}
+
+TEST_F(SaveTest, LeavesNoFileOpen) {
+  const auto openFiles = [] {
+    return std::distance(fs::directory_iterator("/proc/self/fd"), {});
+  };
+  const auto before = openFiles();
+  {
+    Session session = changed();
+    Session other = open("a9");
+    EXPECT_TRUE(SaveSessions({&session, &other})[1].written);
+    session.Change({{"debugDevice", 4}});
+    session.Save();
+    EXPECT_THAT(refusalOf([&] { openWith("nonsense").Save(); }),
+                testing::StartsWith("unreadable"));
+  }
+  EXPECT_EQ(openFiles(), before);
 }
 
 TEST_F(SaveTest, SavesTheDefaultsWhereNothingIsSaved) {

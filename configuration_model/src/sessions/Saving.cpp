@@ -214,7 +214,7 @@ void Save::writeAndReadBack() {
   const Reading writing =
       writeSnapshotTo(session.desk, step.now, scratch->path().string());
   if (writing.result != 0)
-    refuseFile(target, reasonOf(writing));
+    refuseFile(target, reasonOf(writing.message));
   scratch->expectContent(*step.analysis.command);
   Desk second(session.board->design, session.identity);
   const ReadBack back =
