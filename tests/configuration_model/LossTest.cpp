@@ -238,6 +238,20 @@ TEST_F(LossTest, ALineThatIsCutIsTold) {
   expectExplained(losses);
 }
 
+TEST_F(LossTest, ALineThatIsReadWholeIsNotCut) {
+  Session session = open();
+  const auto takePort = [&session](std::size_t size) {
+    session.Change(
+        {{"cable.cableType", 3}, {"cable.port", std::string(size, 'p')}});
+    return session.Command().size();
+  };
+  const std::size_t around = takePort(1) - 1;
+  EXPECT_EQ(takePort(1023 - around), 1023U);
+  EXPECT_THAT(session.Losses(), IsEmpty());
+  EXPECT_EQ(takePort(1024 - around), 1024U);
+  EXPECT_EQ(session.Losses().at(0).code, "long-file");
+}
+
 /// The cut is told, not what the reader makes of half a word.
 TEST_F(LossTest, ALineThatIsCutInAnOptionIsToldOnce) {
   Session session = open();

@@ -69,9 +69,8 @@ Fields fieldsThatChange(const model::Snapshot &wanted,
   Fields fields;
   for (const model::FieldDifference &difference :
        model::fieldsThatDiffer(wanted, after)) {
-    const Omission *omission = findFor(writing.omissions, difference.name);
-    if (omission == nullptr)
-      omission = findFor(writing.unreadable, difference.name);
+    const Omission *const omission =
+        findFor(writing.omissions, difference.name);
     if (omission != nullptr)
       fields.push_back(fieldOf(difference.name, difference.before,
                                difference.after, *omission));

@@ -236,15 +236,12 @@ void Save::finish() {
   if (scratch) {
     scratch->moveIntoPlace();
     outcome.written = true;
-    scratch.reset();
     session.load();
   }
   if (outcome.written || (outcome.unchanged && !options.dryRun))
     session.noteSaved();
-  lock.reset();
   if (!options.dryRun)
     session.lock.reset();
-  folder.reset();
 }
 
 } // namespace
