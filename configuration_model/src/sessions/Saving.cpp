@@ -260,9 +260,10 @@ std::vector<SaveOutcome> saveAll(const std::vector<SessionImp *> &sessions,
     places.emplace_back(saves[i].place(), sessions[i]->lock == nullptr, i);
   }
   std::sort(places.begin(), places.end());
-  std::vector<std::size_t> order;
-  for (const auto &place : places)
-    order.push_back(std::get<std::size_t>(place));
+  std::vector<std::size_t> order(places.size());
+  std::transform(
+      places.begin(), places.end(), order.begin(),
+      [](const auto &place) { return std::get<std::size_t>(place); });
   std::set<fs::path> taken;
   std::vector<const ScratchFile *> written;
   const auto attempt = [&](std::size_t i, const auto &step) {
