@@ -11,6 +11,7 @@
 
 #include "configuration_model/ModelTest.h"
 #include "support/FileSizeLimit.h"
+#include "support/Targets.h"
 
 namespace {
 
@@ -199,7 +200,7 @@ TEST_F(SaveTest, AFileThatHasChangedIsRefusedUnlessForced) {
 TEST_F(SaveTest, AFileThatCannotBeReadIsRefusedUnlessForced) {
   struct Row {
     std::string content;
-    const char *problem;
+    std::string problem;
   } const rows[] = {
       {"connect lc nothing",
        "the command is refused: column 12: 'nothing' is no way to connect to "
@@ -221,7 +222,8 @@ TEST_F(SaveTest, AFileThatCannotBeReadIsRefusedUnlessForced) {
        "file; accepted are 'connect', 'vpconnect'"},
       {"connect hdu",
        "the command is refused: column 9: 'hdu' is not taken in an option "
-       "file; accepted are 'lc', 'ppc', 'arm', 'r5'"},
+       "file; accepted are " +
+           support::listed(support::targetsInFiles)},
       {"\xFF\xFE\n",
        "the command is refused: column 1: '\\xff\\xfe' is no head word"},
   };
