@@ -163,6 +163,23 @@ TEST_F(LossTest, WhatALaterChangeDisplacesDoesNotStopSaving) {
                        "connection], blocking"));
 }
 
+/// Dropping a draft is a step, and asks for nothing.
+TEST_F(LossTest, AStepThatChangesNoValueLeavesThemAsTheyAre) {
+  Session session = open();
+  session.Change({{"cable.cableType", 3}, {"cable.frequency", 3000000}});
+  session.Change(
+      {{"cable.esn", "7"}, {"cable.port", "USB7"}, {"debugDevice", 1}});
+  const std::vector<std::string> losses{
+      "cable.frequency: 3 MHz -> 0 Hz [serial-number by cable.esn]",
+      "cable.port: USB7 -> USB21 [serial-number by cable.esn], blocking"};
+  EXPECT_EQ(shown(session.Losses()), losses);
+  session.Draft("debugDevice", "one");
+  EXPECT_EQ(shown(session.Losses()), losses);
+  session.Change({{"debugDevice", 1}});
+  EXPECT_FALSE(settingIn(session.State(), "debugDevice").draft);
+  EXPECT_EQ(shown(session.Losses()), losses);
+}
+
 TEST_F(LossTest, WhatIsDisplacedIsSoAlsoBehindAConfigurationWithoutACommand) {
   Session session = open();
   session.Change({{"debugDevice", 3}});
