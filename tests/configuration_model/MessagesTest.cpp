@@ -205,6 +205,10 @@ TEST_F(MessagesTest, OfAProcessorThatIsNone) {
   options.processor = "lx";
   EXPECT_EQ(refusalOf([&] { CheckCommand("connect lc hdu", options); }),
             message);
+  options.processor = "esc\x1B";
+  EXPECT_EQ(refusalOf([&] { CheckCommand("connect lc hdu", options); }),
+            "unknown-processor: 'esc\\x1b' is no processor of the design; "
+            "there are 'lc', 'lc_sim', 'ppc405', 'ppc440', 'a9', 'r5'");
 }
 
 TEST_F(MessagesTest, OfTheNumberOfAnotherProcessor) {
