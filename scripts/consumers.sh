@@ -25,7 +25,7 @@ build() {
   local name=$1 source=$2
   shift 2
   quietly cmake -S "$source" -B "$scratch/$name" -G Ninja \
-    -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_COMPILER="$CXX" \
+    -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_COMPILER="$CXX" -DCMAKE_UNITY_BUILD=ON \
     -DCMAKE_CXX_STANDARD="$CXX_STANDARD" "$@"
   quietly cmake --build "$scratch/$name"
 }
