@@ -1,17 +1,19 @@
 #!/usr/bin/env python3
-"""Counts instructions of the engine's work and holds them to recorded figures.
+"""Counts instructions of the engine's work, and of the tool's, and holds them to
+recorded figures.
 
 Instructions, not time: a count is the same on a busy machine. It stays the same
 on another machine as well once the C library is kept from choosing its string
 routines by the processor, which GLIBC_TUNABLES does here.
 
-  instructions.py check   PROGRAM FIGURES
+  instructions.py check   PROGRAM FIGURES [--only WORK]
   instructions.py linear  PROGRAM
   instructions.py record  PROGRAM FIGURES --reason TEXT
 
-PROGRAM is counted_work of an optimized build. VALGRIND in the environment names
-another valgrind than the one of the PATH. Exit status: 0 held, 1 a figure
-was exceeded, 2 nothing could be counted.
+PROGRAM is counted_work of an optimized build, with the tool beside it: the works
+that tool_work.py knows are lines of that, counted from start to end. VALGRIND in
+the environment names another valgrind than the one of the PATH. Exit status:
+0 held, 1 a figure was exceeded, 2 nothing could be counted.
 """
 
 import argparse
@@ -24,10 +26,13 @@ import subprocess
 import sys
 import tempfile
 
+import tool_work
+
 TOLERANCE = 0.03
 
-# What holds whatever is recorded: the example command of two chain devices.
-MOST = {"read 2": 10000}
+# What holds whatever is recorded: the example command of two chain devices; all
+# processors of a large board, with nothing to save; 0.3 million a command.
+MOST = {"read 2": 10000, "set-all-again 1000": 1500000000, "check 1000": 300000000}
 
 # What the C library may not use, so that every processor runs the routines that
 # all have.
@@ -41,6 +46,9 @@ CHOSEN_ROUTINE = re.compile(
 # Reading ten times the devices takes at most ten times the instructions.
 LONGER = (20, 200)
 LONGER_FACTOR = 10
+# Setting all of ten times the processors, a little more.
+MORE_PROCESSORS = (100, 1000)
+MORE_PROCESSORS_FACTOR = 10.5
 # What may be added to each unit of work that grows from one size to the other:
 # to a byte of text, to a processor. The heap takes longer to find room among
 # more records.
@@ -58,12 +66,18 @@ def count(program, work):
     if valgrind is None:
         raise CannotCount("valgrind was not found: nothing can be counted")
     environment = dict(os.environ, LD_BIND_NOW="1", GLIBC_TUNABLES=PINNED)
+    name, size = work.split()
+    region, line = ["--toggle-collect=countedRegion"], [name, size]
+    program = program.resolve()
     with tempfile.TemporaryDirectory() as folder:
-        profile = pathlib.Path(folder, "profile")
+        folder = pathlib.Path(folder)
+        profile = folder / "profile"
+        if name in tool_work.WORKS:
+            program = program.with_name("zeldebug")
+            region, line = [], tool_work.WORKS[name](program, folder, int(size))
         run = subprocess.run(
-            [valgrind, "--tool=callgrind", f"--callgrind-out-file={profile}",
-             "--toggle-collect=countedRegion", str(program), *work.split()],
-            env=environment, capture_output=True, text=True, check=False)
+            [valgrind, "--tool=callgrind", f"--callgrind-out-file={profile}", *region, program, *line],
+            cwd=folder, env=environment, capture_output=True, text=True, check=False)
         if run.returncode != 0:
             raise CannotCount(f"{work}: {program} failed\n{run.stderr}")
         text = profile.read_text(encoding="utf-8", errors="replace")
@@ -78,10 +92,12 @@ def count(program, work):
     return instructions
 
 
-def check(program, figures):
+def check(program, figures, only):
     recorded = json.loads(figures.read_text(encoding="utf-8"))
     held = True
     for work, figure in recorded.items():
+        if only not in (None, work):
+            continue
         instructions = count(program, work)
         limit = figure["instructions"]
         excess = instructions / limit - 1
@@ -97,11 +113,15 @@ def check(program, figures):
     return held
 
 
+def grows(program, work, sizes, factor):
+    few, many = (count(program, f"{work} {size}") for size in sizes)
+    print(f"{work} {sizes[1]}: {many / few:.2f} times {sizes[0]}, at most {factor}", flush=True)
+    return many <= factor * few
+
+
 def linear(program):
-    few, many = (count(program, f"read {devices}") for devices in LONGER)
-    print(f"read {LONGER[1]} devices: {many / few:.2f} times {LONGER[0]}, "
-          f"at most {LONGER_FACTOR}", flush=True)
-    held = many <= LONGER_FACTOR * few
+    held = grows(program, "read", LONGER, LONGER_FACTOR)
+    held = grows(program, "set-all", MORE_PROCESSORS, MORE_PROCESSORS_FACTOR) and held
     for work, limit in GROWTH.items():
         few, many = (count(program, f"{work} {size}") / units(program, work, size)
                      for size in MUCH_LONGER)
@@ -132,7 +152,9 @@ def record(program, figures, reason):
     recorded = json.loads(figures.read_text(encoding="utf-8"))
     for work, figure in recorded.items():
         instructions = count(program, work)
-        if instructions != figure["instructions"]:
+        # A whole process is not the same to the last instruction.
+        close = instructions / 500 if work.split()[0] in tool_work.WORKS else 0
+        if abs(instructions - figure["instructions"]) > close:
             print(f"{work}: {figure['instructions']} -> {instructions}")
             figure.update(instructions=instructions, reason=reason)
     figures.write_text(json.dumps(recorded, indent=2) + "\n", encoding="utf-8")
@@ -144,12 +166,13 @@ def main():
     parser.add_argument("action", choices=("check", "linear", "record"))
     parser.add_argument("program", type=pathlib.Path)
     parser.add_argument("figures", type=pathlib.Path, nargs="?")
+    parser.add_argument("--only")
     parser.add_argument("--reason", default="")
     given = parser.parse_args()
     if given.action != "linear" and given.figures is None:
         parser.error("FIGURES is missing")
     if given.action == "check":
-        return check(given.program, given.figures)
+        return check(given.program, given.figures, given.only)
     if given.action == "linear":
         return linear(given.program)
     return record(given.program, given.figures, given.reason)
