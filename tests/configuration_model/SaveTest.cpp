@@ -90,7 +90,7 @@ TEST_F(SaveTest, AFileThatReadsAsWantedStaysAsItIs) {
 TEST_F(SaveTest, AFileThatReadsAsWantedIsRewordedOnRequest) {
   SaveOptions reword;
   reword.reword = true;
-  for (const std::string content :
+  for (const std::string &content :
        {std::string(command3) + "\n",
         std::string("connect lc hdu -debugdevice cpunr 1 deviceNr 3")}) {
     Session session = openWith(content);

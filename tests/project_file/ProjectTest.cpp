@@ -1,8 +1,16 @@
 #include "project_file/ProjectTest.h"
 
+#include <cstdlib>
+#include <stdexcept>
+
 namespace project_test {
 
 using namespace ZelDebugDialog;
+
+int rounds(int most) {
+  return std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") == nullptr ? most
+                                                                : most / 20;
+}
 
 Project read(const std::string &project,
              const std::optional<std::string> &local) {

@@ -18,6 +18,9 @@ namespace project_test {
 /// What stands in front of every project file that is not about it. One line.
 inline constexpr const char *head = "design = \"board.xml\"\n";
 
+/// How often a random test runs; less where a debugger of memory watches.
+int rounds(int most);
+
 /// Reads texts; the project file gets `head` in front.
 ZelDebugDialog::Project
 read(const std::string &project,

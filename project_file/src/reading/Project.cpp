@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "files/ReadFile.h"
 #include "reading/DeskSettings.h"
 #include "reading/Faults.h"
 #include "reading/FileReader.h"
 #include "reading/Keys.h"
-#include "reading/ReadFile.h"
 
 namespace ZelDebugDialog {
 

@@ -1,4 +1,4 @@
-#include "reading/ReadFile.h"
+#include "files/ReadFile.h"
 
 #include <array>
 #include <cerrno>
