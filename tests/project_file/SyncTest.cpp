@@ -1,9 +1,6 @@
 // Option files that follow from the files of a project.
 #include <filesystem>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include "ZelDebugDialog/ProjectFile/Sync.h"
 #include "project_file/ProjectTest.h"
 #include "syncing/Remembered.h"
@@ -168,47 +165,6 @@ TEST_F(Syncing, RefusesAProcessorThatIsNone) {
   EXPECT_EQ(model_test::refusalOf([&] { sync("", options); }),
             "unknown-processor: 'dsp' is no processor that can be debugged; "
             "accepted are 'lc', 'ppc405', 'ppc440', 'lc_sim', 'a9'");
-}
-
-TEST_F(Syncing, TwoAtOnceLeaveEveryFileWhole) {
-  std::vector<pid_t> children;
-  for (int at = 0; at < 4; ++at) {
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-      bool isGood = true;
-      for (int round = 0; round < 5; ++round)
-        isGood = !sync(device3).isRefused && isGood;
-      _exit(isGood ? 0 : 1);
-    }
-    children.push_back(child);
-  }
-  for (const pid_t child : children) {
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
-  }
-  EXPECT_FALSE(sync(device3, with(&SyncOptions::check)).isRefused);
-  EXPECT_EQ(names().size(), board.Processors().size() + 1);
-}
-
-TEST_F(Syncing, AKilledRunIsMendedByTheNext) {
-  for (int delay = 1; delay <= 10; ++delay) {
-    const std::string wanted = delay % 2 == 0 ? device3 : device4;
-    const pid_t child = fork();
-    ASSERT_GE(child, 0);
-    if (child == 0) {
-      for (;;)
-        sync(wanted);
-    }
-    usleep(static_cast<useconds_t>(delay) * 2000);
-    kill(child, SIGKILL);
-    int status = 0;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    const SyncRun run = sync(wanted);
-    EXPECT_FALSE(run.isRefused) << delay;
-    EXPECT_FALSE(sync(wanted, with(&SyncOptions::check)).isRefused) << delay;
-  }
 }
 
 TEST(Remembering, ReadsWhatItWrites) {
