@@ -36,8 +36,9 @@ set(CPACK_COMPONENT_ZELDEBUGDIALOG_RUNTIME_DESCRIPTION
  The engine behind a debug-configuration dialog: sets, checks and reads the
  configuration of a debug target, and translates it to and from the connect
  command of the target debugger. With the design model, which answers the
- engine's questions from IP-XACT designs, and the configuration model, which
- lets people change configurations without losing anything.")
+ engine's questions from IP-XACT designs, the configuration model, which lets
+ people change configurations without losing anything, and the project file, by
+ which a team shares them.")
 
 set(CPACK_DEBIAN_ZELDEBUGDIALOG_DEVELOPMENT_PACKAGE_NAME libzeldebugdialog-dev)
 set(CPACK_DEBIAN_ZELDEBUGDIALOG_DEVELOPMENT_PACKAGE_SECTION libdevel)
