@@ -147,6 +147,15 @@ std::string tablesOf(std::vector<Adopted> &list, NotDefault Adopted::*part) {
   return text;
 }
 
+/// The sources that name the table of kinds, where one is to be written.
+ProjectSources withTable(ProjectSources sources, AdoptedProject &made) {
+  if (!sources.kindsTable.empty()) {
+    made.kinds = sources.kindsTable;
+    sources.kinds = kindsFileName;
+  }
+  return sources;
+}
+
 /// What becomes of an option file that is there.
 void addChange(const Adopted &one, const Project &project, const Board &board,
                std::vector<AdoptChange> &changes) {
@@ -172,10 +181,10 @@ void addChange(const Adopted &one, const Project &project, const Board &board,
 
 } // namespace
 
-AdoptedProject InitProject(const Board &board, const ProjectSources &sources) {
+AdoptedProject InitProject(const Board &board, const ProjectSources &given) {
   AdoptedProject made;
   made.project =
-      newHead(sources) +
+      newHead(withTable(given, made)) +
       "\n# [settings]\n"
       "# cable.cableType = \"quorla_podusb\"   # of all processors\n"
       "#\n# [probe.lab]\n# esn = \"0042\"   # use.probe = \"lab\" in the local "
@@ -194,7 +203,8 @@ AdoptedProject AdoptProject(const Board &board, const ProjectSources &sources) {
   for (const BoardProcessor &processor : board.Processors())
     list.push_back(adoptedOf(processor, board));
   AdoptedProject made;
-  made.project = newHead(sources) + tablesOf(list, &Adopted::values);
+  made.project =
+      newHead(withTable(sources, made)) + tablesOf(list, &Adopted::values);
   const std::string ofDesk = tablesOf(list, &Adopted::ofDesk);
   if (!ofDesk.empty())
     made.local = newLocalHead() + ofDesk;

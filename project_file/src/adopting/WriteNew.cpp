@@ -1,4 +1,6 @@
 #include <filesystem>
+#include <utility>
+#include <vector>
 
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
@@ -19,7 +21,7 @@ void expectNone(const std::string &file) {
   std::error_code error;
   if (fs::symlink_status(file, error).type() == fs::file_type::not_found)
     return;
-  Refusal refusal(RefusalKind::changedOnDisk, ShowText(file),
+  Refusal refusal(RefusalKind::fileExists, ShowText(file),
                   "it is there already, and stays as it is");
   refusal.file = file;
   throw refusal;
@@ -59,24 +61,44 @@ void ignore(const fs::path &file, const std::vector<std::string> &lines) {
 
 void WriteNewProject(const std::string &projectFile,
                      const AdoptedProject &adopted) {
-  const std::string localFile = LocalFileOf(projectFile);
-  expectNone(projectFile);
+  const fs::path folder = fs::path(projectFile).parent_path();
+  std::vector<std::pair<fs::path, const std::string *>> files;
+  if (adopted.kinds)
+    files.emplace_back(folder / kindsFileName, &*adopted.kinds);
+  const fs::path localFile = LocalFileOf(projectFile);
+  if (adopted.local)
+    files.emplace_back(localFile, &*adopted.local);
+  // What names the others comes last.
+  files.emplace_back(projectFile, &adopted.project);
+  const auto expectNoFile = [&files] {
+    for (const auto &[file, text] : files)
+      expectNone(file.string());
+  };
+  expectNoFile();
   const Lock lock(lockOf(projectFile));
-  expectNone(projectFile);
-  if (adopted.local)
-    expectNone(localFile);
-  ignore(fs::path(projectFile).parent_path() / ".gitignore",
-         {fs::path(localFile).filename().string(), "etc/"});
-  if (adopted.local)
-    writeFile(localFile, *adopted.local);
+  expectNoFile();
+  ignore(folder / ".gitignore", {localFile.filename().string(), "etc/"});
+  std::vector<fs::path> written;
   try {
-    writeFile(projectFile, adopted.project);
+    for (const auto &[file, text] : files) {
+      writeFile(file, *text);
+      written.push_back(file);
+    }
   } catch (const Refusal &) {
     std::error_code ignored;
-    if (adopted.local)
-      fs::remove(localFile, ignored);
+    for (const fs::path &file : written)
+      fs::remove(file, ignored);
     throw;
   }
+}
+
+std::string PathFor(const std::string &projectFile, const std::string &path) {
+  std::error_code error;
+  const fs::path folder = fs::weakly_canonical(
+      fs::absolute(projectFile, error).parent_path(), error);
+  const fs::path whole = fs::weakly_canonical(fs::absolute(path, error), error);
+  const fs::path relative = whole.lexically_relative(folder);
+  return error || relative.empty() ? path : relative.string();
 }
 
 } // namespace ZelDebugDialog

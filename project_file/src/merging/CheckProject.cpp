@@ -180,4 +180,13 @@ std::vector<ProjectFault> CheckProject(const Project &project,
   return faults;
 }
 
+std::vector<ProjectFault> AllFaults(const Project &project,
+                                    const Board &board) {
+  std::vector<ProjectFault> faults = project.faults;
+  for (ProjectFault &fault : CheckProject(project, board))
+    faults.push_back(std::move(fault));
+  sortFaults(faults, project.project.file);
+  return faults;
+}
+
 } // namespace ZelDebugDialog

@@ -24,7 +24,18 @@ struct ProjectSources {
   std::string view = {};                 ///< Empty: none.
   std::string kinds = {};                ///< Path; empty: none.
   std::vector<std::string> library = {}; ///< Paths; empty: none.
+  /// Text of a table of kinds that is to lie beside the project file, and is
+  /// `kinds` then; empty: none.
+  std::string kindsTable = {};
 };
+
+/// A path as a project file says it: relative to its folder.
+/// @param path  as the process would open it
+ZELDEBUGDIALOG_PROJECTFILE_API std::string
+PathFor(const std::string &projectFile, const std::string &path);
+
+/// The name of the table of kinds that is written beside a project file.
+inline constexpr const char *kindsFileName = "zeldebug.kinds";
 
 /// An option file that would not be as it is.
 struct AdoptChange {
@@ -39,6 +50,7 @@ struct AdoptChange {
 struct AdoptedProject {
   std::string project;              ///< Text of the project file.
   std::optional<std::string> local; ///< Text of the local file; none: none.
+  std::optional<std::string> kinds; ///< Text of the table of kinds.
   std::vector<AdoptChange> changes; ///< In the order of the board.
 };
 
@@ -57,9 +69,9 @@ InitProject(const Board &board, const ProjectSources &sources);
 ZELDEBUGDIALOG_PROJECTFILE_API AdoptedProject
 AdoptProject(const Board &board, const ProjectSources &sources);
 
-/// Writes both files, and adds what is missing of the local file's name and
+/// Writes the files, and adds what is missing of the local file's name and
 /// `etc/` to the `.gitignore` beside them.
-/// @throws Refusal (changedOnDisk) where one of the files is there already;
+/// @throws Refusal (fileExists) where one of the files is there already;
 ///   (fileSystem, noFolder). Then nothing has been touched but the
 ///   `.gitignore`.
 ZELDEBUGDIALOG_PROJECTFILE_API void

@@ -55,6 +55,11 @@ ChooseProject(const Project &project, const ProjectWishes &wishes);
 ZELDEBUGDIALOG_PROJECTFILE_API std::vector<ProjectFault>
 CheckProject(const Project &project, const Board &board);
 
+/// Everything that is wrong with the files: what reading found, and what
+/// `CheckProject` finds. The project file's first, by line and column.
+ZELDEBUGDIALOG_PROJECTFILE_API std::vector<ProjectFault>
+AllFaults(const Project &project, const Board &board);
+
 /// A value that counts for a processor.
 struct MergedValue {
   ProjectValue value; ///< Without a place for one of the line.
