@@ -97,6 +97,9 @@ void Reader::take(const std::string &word) {
 
 void Reader::takeLast(const std::string &word) {
   read.last = word;
+  for (const CLI::Option *option : app->get_options())
+    if (option->get_positional() && option->get_name() == "DESIGN")
+      read.takesDesign = true;
   // In "--name=va" the value is what is being typed.
   const std::size_t equals = word.find('=');
   if (valueOf == nullptr && equals != std::string::npos && word[0] == '-') {

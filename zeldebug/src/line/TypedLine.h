@@ -24,6 +24,9 @@ struct TypedLine {
   /// What arguments of the subcommand may be that look like options.
   std::optional<ValueKind> dashedKind;
 
+  /// Whether the first argument of the subcommand is a design.
+  bool takesDesign = false;
+
   /// The last value of an option; empty without one.
   std::string value(const std::string &option) const;
 };

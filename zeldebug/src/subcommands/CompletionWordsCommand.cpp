@@ -1,20 +1,23 @@
 // complete: the words that fit at the end of a command line that is being
 // typed. The completion scripts call it; it is not meant for people.
 #include <memory>
+#include <set>
 
 #include <fmt/format.h>
 #include <strings.h>
 
 #include <ZelDebugDialog/ConfigurationModel/Board.h>
-#include <ZelDebugDialog/ConfigurationModel/Codes.h>
 #include <ZelDebugDialog/ConfigurationModel/Language.h>
+#include <ZelDebugDialog/ConfigurationModel/Refusal.h>
 #include <ZelDebugDialog/ConfigurationModel/Settings.h>
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
+#include <ZelDebugDialog/ProjectFile/Project.h>
 
 #include "line/Number.h"
 #include "line/Options.h"
 #include "line/SettingOptions.h"
 #include "line/TypedLine.h"
+#include "output/AllCodes.h"
 #include "subcommands/CompletionShells.h"
 #include "subcommands/LanguageWords.h"
 #include "subcommands/Subcommands.h"
@@ -30,24 +33,53 @@ using ZelDebugDialog::Choice;
 using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignSources;
 using ZelDebugDialog::FindSetting;
+using ZelDebugDialog::Project;
+using ZelDebugDialog::ProjectLayer;
+using ZelDebugDialog::ProjectProfile;
+using ZelDebugDialog::ProjectTable;
+using ZelDebugDialog::Refusal;
 using ZelDebugDialog::SettingInfo;
 
 constexpr const char *filesWanted = ":files";
 constexpr const char *foldersWanted = ":folders";
 
-/// The design that the line names; an empty one if it cannot be read.
+/// That of the line, or above the folder of -C; an empty one if it cannot be
+/// read.
+Project projectOf(const TypedLine &line) {
+  std::string file = line.value("--project");
+  const std::string folder = line.value("-C");
+  if (file.empty())
+    file = ZelDebugDialog::FindProject(folder.empty() ? "." : folder);
+  try {
+    return file.empty() ? Project() : ZelDebugDialog::ReadProject(file);
+  } catch (const Refusal &) {
+    return {};
+  }
+}
+
+/// The design that the line or its project names; an empty one if it cannot be
+/// read.
 std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
   auto design = std::make_unique<DesignModel>();
-  const std::string named = line.value("--design");
-  if (named.empty() && line.arguments.empty())
-    return design;
+  std::string named = line.value("--design");
+  if (named.empty() && line.takesDesign && !line.arguments.empty())
+    named = line.arguments.front();
   DesignSources sources;
-  sources.designFile = named.empty() ? line.arguments.front() : named;
+  sources.designFile = named;
+  if (named.empty()) {
+    const Project project = projectOf(line);
+    sources = {project.Design(), project.Libraries(), project.View(),
+               project.Kinds()};
+  }
+  if (sources.designFile.empty())
+    return design;
   const auto libraries = line.values.find("--library");
   if (libraries != line.values.end())
     sources.libraryFolders = libraries->second;
-  sources.view = line.value("--view");
-  sources.kindsFile = line.value("--kinds");
+  if (const std::string view = line.value("--view"); !view.empty())
+    sources.view = view;
+  if (const std::string kinds = line.value("--kinds"); !kinds.empty())
+    sources.kindsFile = kinds;
   if (const auto most = readNumber(line.value("--max-instances")))
     sources.maxInstances = *most;
   return ReadDesign(sources, *design) ? std::move(design)
@@ -112,6 +144,27 @@ std::vector<std::string> settableNames() {
   return names;
 }
 
+/// The names that both files define.
+std::vector<std::string> wordsOfProject(ValueKind kind,
+                                        const TypedLine &typed) {
+  const Project project = projectOf(typed);
+  std::set<std::string> names;
+  for (const ProjectLayer *const layer : {&project.project, &project.local})
+    if (kind == ValueKind::probe)
+      for (const ProjectTable &probe : layer->probes)
+        names.insert(probe.name);
+    else
+      for (const ProjectProfile &profile : layer->profiles)
+        names.insert((kind == ValueKind::target ? "profile:" : "") +
+                     profile.name);
+  std::vector<std::string> words(names.begin(), names.end());
+  if (kind == ValueKind::target)
+    words.insert(words.begin(), {"local", "project"});
+  else
+    words.emplace_back("none");
+  return words;
+}
+
 std::vector<std::string> valuesOf(const CommandLine &line, ValueKind kind,
                                   const TypedLine &typed) {
   switch (kind) {
@@ -131,12 +184,8 @@ std::vector<std::string> valuesOf(const CommandLine &line, ValueKind kind,
     return processorsOf(typed);
   case ValueKind::instance:
     return instancesOf(typed);
-  case ValueKind::diagnosticCode: {
-    std::vector<std::string> words;
-    for (const ZelDebugDialog::Code &row : ZelDebugDialog::GetCodes())
-      words.push_back(row.code);
-    return words;
-  }
+  case ValueKind::diagnosticCode:
+    return codeNames();
   case ValueKind::languageWord:
     return languageWords();
   case ValueKind::subcommand:
@@ -147,6 +196,10 @@ std::vector<std::string> valuesOf(const CommandLine &line, ValueKind kind,
     return settableNames();
   case ValueKind::colour:
     return {"auto", "always", "never"};
+  case ValueKind::probe:
+  case ValueKind::profile:
+  case ValueKind::target:
+    return wordsOfProject(kind, typed);
   case ValueKind::text:
     break;
   }

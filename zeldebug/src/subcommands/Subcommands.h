@@ -12,6 +12,8 @@ void addKindsCommand(CommandLine &line);
 void addShowCommand(CommandLine &line);
 void addSetCommand(CommandLine &line);
 void addCommandCommand(CommandLine &line);
+void addInitCommand(CommandLine &line);
+void addSyncCommand(CommandLine &line);
 void addCheckCommand(CommandLine &line);
 void addExplainCommand(CommandLine &line);
 void addExplainCodeCommand(CommandLine &line);

@@ -1,0 +1,80 @@
+#include "output/ProjectFaults.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+namespace zeldebug {
+
+namespace {
+
+using ZelDebugDialog::ProjectFault;
+using ZelDebugDialog::ProjectPlace;
+using ZelDebugDialog::ProjectSeverity;
+
+bool isError(const ProjectFault &fault) {
+  return fault.severity == ProjectSeverity::error;
+}
+
+Json orNull(const std::string &text) {
+  return text.empty() ? Json() : Json(text);
+}
+
+Json faultJson(const ProjectFault &fault) {
+  Json told = placeJson(fault.place);
+  told["code"] = fault.code;
+  told["message"] = fault.message;
+  told["accepted"] = fault.accepted;
+  told["suggestion"] = orNull(fault.suggestion);
+  return told;
+}
+
+} // namespace
+
+std::string shownPlace(const ProjectPlace &place) {
+  return place.line == 0 ? "option"
+                         : fmt::format("{}:{}:{}", printable(place.file),
+                                       place.line, place.column);
+}
+
+Json placeJson(const ProjectPlace &place) {
+  if (place.line == 0)
+    return {{"file", nullptr}, {"line", nullptr}, {"column", nullptr}};
+  return {{"file", place.file}, {"line", place.line}, {"column", place.column}};
+}
+
+std::string shownFault(const ProjectFault &fault) {
+  return fmt::format("{}: {} [{}]", shownPlace(fault.place), fault.message,
+                     fault.code);
+}
+
+void tellRemark(const ProjectFault &fault, Output &output) {
+  const About about{fault.code, fault.setting, fault.place.file,
+                    fault.place.line, fault.place.column};
+  if (fault.severity == ProjectSeverity::note)
+    output.note(shownFault(fault), about);
+  else
+    output.warn(shownFault(fault), about);
+}
+
+void expectNoFaults(const std::vector<ProjectFault> &faults, Output &output) {
+  const auto first = std::find_if(faults.begin(), faults.end(), isError);
+  if (first == faults.end()) {
+    for (const ProjectFault &fault : faults)
+      tellRemark(fault, output);
+    return;
+  }
+  for (const ProjectFault &fault : faults)
+    if (isError(fault))
+      output.fault(shownFault(fault), faultJson(fault));
+  throw ToldFailure(ExitStatus::unreadable, shownFault(*first),
+                    {first->code,
+                     first->setting,
+                     {},
+                     first->accepted,
+                     first->suggestion,
+                     first->place.file,
+                     first->place.line});
+}
+
+} // namespace zeldebug
