@@ -137,6 +137,75 @@ TEST_F(Editing, WarnsOfAValueThatAHigherSourceHides) {
       IsEmpty());
 }
 
+TEST_F(Editing, WarnsWhereAHigherSourceStandsOverWhatIsTakenAway) {
+  given("[processor.lc]\ndebugDevice = 3\n",
+        "[settings]\ndebugDevice = 9\nunset = [\"cable.cableType\"]\n");
+  const EditedProject still = plan(edit("lc", {}, {"debugDevice"}));
+  ASSERT_EQ(still.warnings.size(), 1U);
+  EXPECT_EQ(still.warnings[0].code, "overridden");
+  EXPECT_EQ(still.warnings[0].place.line, 2);
+  const EditedProject away =
+      plan(edit("lc", {{"cable.cableType", "quorla_parallel3"}}));
+  ASSERT_EQ(away.warnings.size(), 1U);
+  EXPECT_EQ(away.warnings[0].code, "overridden");
+  EXPECT_EQ(away.warnings[0].setting, "cable.cableType");
+  EXPECT_EQ(away.warnings[0].place.line, 3);
+  EXPECT_EQ(away.warnings[0].place.column, 10);
+  EXPECT_THAT(plan(local(edit("lc", {}, {"debugDevice"}))).warnings, IsEmpty());
+}
+
+TEST_F(Editing, WarnsOfWhatIsToldOfTheFilesOnlyNow) {
+  given("[settings]\ncable.cableType = \"quorla_podusb\"\n"
+        "[processor.lc]\ncable.esn = \"0042\"\n");
+  // The old warning has moved by a line.
+  EXPECT_THAT(plan(edit("", {{"debugDevice", 0}})).warnings, IsEmpty());
+  const EditedProject desk = plan(edit("lc", {{"cable.esn", "0043"}}));
+  ASSERT_EQ(desk.warnings.size(), 1U);
+  EXPECT_EQ(desk.warnings[0].code, "desk-setting");
+  EXPECT_EQ(desk.warnings[0].place.line, 7);
+  EXPECT_THAT(plan(local(edit("lc", {{"cable.esn", "0043"}}))).warnings,
+              IsEmpty());
+}
+
+TEST_F(Editing, ASettingIsAskedForOnce) {
+  given("");
+  const auto refusal = [&](const ProjectEdit &wanted) {
+    return model_test::refusalOf([&] { plan(wanted); });
+  };
+  EXPECT_EQ(refusal(edit("lc", {{"debugDevice", 3}, {"debugDevice", 4}})),
+            "excluded: debugDevice: it is given twice, with different values");
+  EXPECT_EQ(refusal(edit("lc", {{"debugDevice", 3}}, {"debugDevice"})),
+            "excluded: debugDevice: it is given a value and unset");
+  EXPECT_EQ(edited(edit("lc", {{"debugDevice", 3}, {"debugDevice", "0x3"}})),
+            "\n[processor.lc]\ndebugDevice = 3\n");
+}
+
+TEST_F(Editing, TheBaseOfTheAddressMapFollowsFromAllRegions) {
+  given("");
+  const auto regions = [](const SettingValues &more) {
+    SettingValues values{{"icacheStartAdr", 0x70000000},
+                         {"itagStartAdr", 0x70010000},
+                         {"dcacheStartAdr", 0x70020000},
+                         {"dtagStartAdr", 0x70030000},
+                         {"dcrStartAdr", 0x70040000}};
+    values.insert(values.end(), more.begin(), more.end());
+    return values;
+  };
+  const auto refusal = [&](const SettingValues &values) {
+    return model_test::refusalOf([&] { plan(edit("lc", values)); });
+  };
+  EXPECT_THAT(refusal(regions({{"debugAddressMap", 0x70000000}})),
+              testing::StartsWith("not-settable: debugAddressMap"));
+  EXPECT_THAT(refusal({{"debugAddressMap", 0x70000000}}),
+              testing::StartsWith("not-settable: debugAddressMap"));
+  EXPECT_EQ(edited(edit("ppc405", regions({{"tlbStartAdr", 0x70050000},
+                                        {"debugAddressMap", 0x70000000}}))),
+            "\n[processor.ppc405]\nicacheStartAdr = 0x70000000\n"
+            "itagStartAdr = 0x70010000\ndcacheStartAdr = 0x70020000\n"
+            "dtagStartAdr = 0x70030000\ndcrStartAdr = 0x70040000\n"
+            "tlbStartAdr = 0x70050000\n");
+}
+
 TEST_F(Editing, RefusesWhatAProcessorCannotHaveAndChangesNothing) {
   given("[processor.lc]\ncable.cableType = \"quorla_podusb\"\n"
         "cable.frequency = \"3MHz\"\n");

@@ -6,6 +6,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "editing/EditText.h"
+#include "editing/WantedValues.h"
 #include "editing/WrittenValue.h"
 #include "files/ReadFile.h"
 #include "files/WriteFile.h"
@@ -71,7 +72,8 @@ public:
     localText = findFile(LocalFileOf(projectFile));
     const Project before = read();
     expectNoError(before.faults);
-    expectNoError(CheckProject(before, board));
+    told = AllFaults(before, board);
+    expectNoError(told);
     choice = ChooseProject(before, wishes);
     choose(before);
   }
@@ -83,8 +85,8 @@ public:
       edited.before = projectText;
     else
       edited.before = localText;
-    for (const auto &[setting, value] : edit.values)
-      set(setting, ExpectSetting(expectAccepted(setting), value));
+    for (const auto &[setting, value] : wantedValues(edit))
+      set(setting, value);
     for (const std::string &setting : edit.unset)
       unset(expectAccepted(setting));
     edited.after = text();
@@ -106,26 +108,6 @@ private:
       localText = to;
     else
       projectText = to;
-  }
-
-  static const std::string &expectAccepted(const std::string &setting) {
-    if (findAccepted(setting) != nullptr)
-      return FindSetting(setting)->id;
-    const SettingInfo *const known = FindSetting(setting);
-    const std::vector<std::string> accepted =
-        known == nullptr ? acceptedSettings() : writtenFor(setting);
-    Refusal refusal(known == nullptr ? RefusalKind::unknownSetting
-                                     : RefusalKind::notSettable,
-                    ShowText(setting),
-                    known == nullptr ? std::string("is no setting")
-                    : accepted.empty()
-                        ? std::string("it cannot be set")
-                        : fmt::format("it follows from others; write {}",
-                                      quotedList(accepted)));
-    refusal.setting = setting;
-    refusal.suggestion = known == nullptr ? FindNearest(setting, accepted) : "";
-    refusal.accepted = accepted;
-    throw refusal;
   }
 
   void choose(const Project &before) {
@@ -281,16 +263,63 @@ private:
   // --- What it makes of the processors ---------------------------------------
 
   void check(EditedProject &edited) const {
-    expectNoError(CheckProject(edited.project, board));
+    const std::vector<ProjectFault> now = AllFaults(edited.project, board);
+    expectNoError(now);
+    addNew(now, edited);
     for (const BoardProcessor *const processor : findProcessors()) {
       const MergedProcessor merged =
           MergeProject(edited.project, choice, *processor);
       expectApplied(edited.project, merged);
-      for (const auto &[setting, value] : edit.values)
+      for (const auto &[setting, value] : wantedValues(edit)) {
+        const MergedValue *const counting = merged.Find(setting);
+        if (counting == nullptr)
+          warnOfUnset(setting, *processor, edited);
+        else if (counting->value.value != value)
+          warn(*counting, processor->name, edited);
+      }
+      for (const std::string &setting : edit.unset)
         if (const MergedValue *const counting = merged.Find(setting))
-          warn(*counting, ExpectSetting(setting, value), processor->name,
-               edited);
+          warn(*counting, processor->name, edited);
     }
+  }
+
+  /// What is told of the files only now, wherever the rest has moved to.
+  void addNew(const std::vector<ProjectFault> &now,
+              EditedProject &edited) const {
+    std::vector<ProjectFault> before = told;
+    for (const ProjectFault &one : now) {
+      const auto known = std::find_if(
+          before.begin(), before.end(), [&one](const ProjectFault &other) {
+            return other.code == one.code && other.message == one.message;
+          });
+      if (known == before.end())
+        edited.warnings.push_back(one);
+      else
+        before.erase(known);
+    }
+  }
+
+  /// A value that a higher source takes away.
+  void warnOfUnset(const std::string &setting, const BoardProcessor &processor,
+                   EditedProject &edited) const {
+    const ProjectText *last = nullptr;
+    const std::vector<Source> sources =
+        sourcesOf(edited.project, choice, processor);
+    for (const Source &source : sources)
+      for (const ProjectTable *const one : source)
+        for (const ProjectText &unset : one->unset)
+          if (unset.text == setting)
+            last = &unset;
+    // Else it is left out for another cable's sake, which is told of anyway.
+    if (last == nullptr)
+      return;
+    ProjectFault fault = faultOf(
+        "overridden", last->place,
+        fmt::format("'{}' of '{}' is taken away by {}:{}:{}", setting,
+                    ShowText(processor.name), ShowText(last->place.file),
+                    last->place.line, last->place.column));
+    fault.setting = setting;
+    edited.warnings.push_back(std::move(fault));
   }
 
   void expectApplied(const Project &project,
@@ -316,10 +345,8 @@ private:
     throw refusal;
   }
 
-  void warn(const MergedValue &counting, const Value &wanted,
-            const std::string &processor, EditedProject &edited) const {
-    if (counting.value.value == wanted)
-      return;
+  void warn(const MergedValue &counting, const std::string &processor,
+            EditedProject &edited) const {
     ProjectFault fault = faultOf(
         "overridden", counting.value.place,
         fmt::format("'{}' of '{}' is still {}, which {}:{}:{} says",
@@ -333,6 +360,7 @@ private:
   }
 
   std::string projectFile;
+  std::vector<ProjectFault> told; ///< of the files as they are
   const ProjectEdit &edit;
   const Board &board;
   ProjectChoice choice;

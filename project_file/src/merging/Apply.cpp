@@ -64,6 +64,7 @@ Refusal connectionRefusal(const MergedProcessor &merged, const Board &board) {
                           allowed.front());
   Refusal refusal(RefusalKind::notAllowed, connection, problem);
   refusal.setting = connection;
+  refusal.value = named == nullptr ? "" : named->value.value.Text();
   refusal.accepted = allowed;
   refusal.suggestion = allowed.empty() ? "" : allowed.front();
   return refusal;

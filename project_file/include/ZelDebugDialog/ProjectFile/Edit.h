@@ -49,17 +49,18 @@ struct EditedProject {
   std::optional<std::string> before; ///< Its text; none: it is not there.
   std::string after;                 ///< What it is to be.
   Project project;                   ///< What both files say afterwards.
-  /// Warnings: "overridden", at the place of what counts instead.
+  /// Warnings: what is told of the files only now, and "overridden", at the
+  /// place of what counts instead.
   std::vector<ProjectFault> warnings;
 };
 
 /// Plans a change and checks what it makes of the files and of the processors
 /// concerned.
 /// @param wishes  what is chosen beside the files
-/// @throws Refusal (unknownSetting, notSettable, badValue; unknownProcessor;
-///   badValue for a profile that neither file has; unreadable for files with
-///   errors; notAllowed, excluded, noCommand, wouldBeLost for what a processor
-///   cannot have)
+/// @throws Refusal (unknownSetting, notSettable, badValue; excluded for a
+///   setting that is asked for twice; unknownProcessor; badValue for a profile
+///   that neither file has; unreadable for files with errors; notAllowed,
+///   excluded, noCommand, wouldBeLost for what a processor cannot have)
 ZELDEBUGDIALOG_PROJECTFILE_API EditedProject
 EditProject(const std::string &projectFile, const ProjectEdit &edit,
             const Board &board, const ProjectWishes &wishes);
