@@ -1,12 +1,11 @@
 // The files of a project, from the line: which are used, what is told of them,
 // and the option files that follow. init, sync.
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 
 #include <gmock/gmock.h>
 
-#include "ToolTest.h"
+#include "ProjectTest.h"
 
 namespace tool {
 namespace {
@@ -17,39 +16,6 @@ using nlohmann::json;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-
-/// A board in a folder of the test, and a project beside it. What does not
-/// allow hardware says so.
-class ProjectTest : public ToolTest {
-protected:
-  ProjectTest() {
-    fs::copy(fs::path(board).parent_path(), "hw", fs::copy_options::recursive);
-    unsetenv("ZELDEBUG_PROBE");
-    unsetenv("ZELDEBUG_PROFILE");
-  }
-  ~ProjectTest() override {
-    unsetenv("ZELDEBUG_PROBE");
-    unsetenv("ZELDEBUG_PROFILE");
-  }
-  ProjectTest(const ProjectTest &) = delete;
-  ProjectTest &operator=(const ProjectTest &) = delete;
-
-  /// Line 1 names the design; `text` begins in line 4.
-  void project(const std::string &text,
-               const std::string &file = "zeldebug.toml") {
-    folder.write(file, "design = \"hw/board.xml\"\n[processor.lumacore_2]\n"
-                       "connection = \"sim\"\n" +
-                           text);
-  }
-  void local(const std::string &text) {
-    folder.write("zeldebug.local.toml", text);
-  }
-  std::string text(const std::string &file) const { return folder.read(file); }
-  json syncOne(std::vector<std::string> line = {}, int status = 0) {
-    line.insert(line.begin(), {"sync", "lumacore_0"});
-    return runJson(line, status)["results"][0];
-  }
-};
 
 constexpr const char *ofThree =
     "connect lc hdu -debugdevice deviceNr 3 cpunr 1";

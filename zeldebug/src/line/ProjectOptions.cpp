@@ -66,6 +66,15 @@ std::unique_ptr<DesignModel> readDesign(const Project &project,
 
 } // namespace
 
+ZelDebugDialog::MergedProcessor
+mergedFor(const LineProject &line, const std::string &processor,
+          const ZelDebugDialog::SettingValues &settings) {
+  for (const ZelDebugDialog::BoardProcessor &one : line.board->Processors())
+    if (one.name == processor)
+      return MergeProject(line.project, line.choice, one, settings);
+  throw std::logic_error("no processor '" + processor + "' to merge for");
+}
+
 void ProjectOptions::addTo(Options &options) {
   options.addOption("--project", "FILE", projectFile,
                     "the project file, in place of DESIGN (default: "

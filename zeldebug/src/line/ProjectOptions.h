@@ -36,6 +36,13 @@ struct LineProject {
   std::unique_ptr<ZelDebugDialog::Board> board;
 };
 
+/// What the files say together for a processor.
+/// @param processor  one of the board
+/// @param settings   of the line
+ZelDebugDialog::MergedProcessor
+mergedFor(const LineProject &line, const std::string &processor,
+          const ZelDebugDialog::SettingValues &settings = {});
+
 class ProjectOptions {
 public:
   /// Adds --project, --no-project, --probe and --profile to a subcommand.

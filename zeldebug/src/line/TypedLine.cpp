@@ -122,9 +122,18 @@ void Reader::takeLast(const std::string &word) {
   if (read.isSubcommand)
     return;
   std::size_t position = 0;
-  for (const CLI::Option *option : app->get_options())
-    if (option->get_positional() && position++ == read.arguments.size())
+  bool takesProcessor = false;
+  for (const CLI::Option *option : app->get_options()) {
+    if (!option->get_positional())
+      continue;
+    takesProcessor =
+        takesProcessor || line.kindOf(option) == ValueKind::processor;
+    if (position++ == read.arguments.size())
       read.kind = line.kindOf(option);
+  }
+  read.mayBeProcessor = read.takesDesign && read.arguments.empty() &&
+                        takesProcessor &&
+                        findOption(*app, "--project") != nullptr;
 }
 
 } // namespace

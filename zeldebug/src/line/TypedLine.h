@@ -26,6 +26,9 @@ struct TypedLine {
 
   /// Whether the first argument of the subcommand is a design.
   bool takesDesign = false;
+  /// Whether the last word is that argument, or where a project names the
+  /// design, a processor.
+  bool mayBeProcessor = false;
 
   /// The last value of an option; empty without one.
   std::string value(const std::string &option) const;

@@ -1,14 +1,21 @@
 #include "output/ProjectFaults.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include <fmt/format.h>
+
+#include "output/Values.h"
 
 namespace zeldebug {
 
 namespace {
 
+using ZelDebugDialog::DroppedValue;
+using ZelDebugDialog::MergedProcessor;
+using ZelDebugDialog::MergedValue;
 using ZelDebugDialog::ProjectFault;
+using ZelDebugDialog::ProjectLoss;
 using ZelDebugDialog::ProjectPlace;
 using ZelDebugDialog::ProjectSeverity;
 
@@ -29,7 +36,53 @@ Json faultJson(const ProjectFault &fault) {
   return told;
 }
 
+About aboutPlace(const std::string &code, const std::string &setting,
+                 const ProjectPlace &place) {
+  return {code, setting, place.file, place.line, place.column};
+}
+
 } // namespace
+
+std::string originAt(const ProjectPlace &place) {
+  ProjectPlace inFolder = place;
+  inFolder.file = std::filesystem::path(place.file).filename().string();
+  return shownPlace(inFolder);
+}
+
+Failure refusedAt(const ZelDebugDialog::Refusal &refusal,
+                  const ProjectPlace &place) {
+  return {ExitStatus::refused,
+          fmt::format("{}: {}", shownPlace(place), refusal.problem),
+          {ShowKind(refusal.kind),
+           refusal.setting,
+           {},
+           refusal.accepted,
+           refusal.suggestion,
+           place.file,
+           place.line}};
+}
+
+void tellLeftOut(const MergedProcessor &merged,
+                 const std::vector<ProjectLoss> &displaced, Output &output) {
+  const std::string &name = merged.processor;
+  for (const DroppedValue &one : merged.dropped)
+    output.note(
+        fmt::format("{}: {} {} of {} is left out: {} chooses another "
+                    "cable [cable-dropped]",
+                    name, one.value.setting,
+                    shownStored(one.value.setting, one.value.value),
+                    shownPlace(one.value.place), shownPlace(one.by)),
+        aboutPlace("cable-dropped", one.value.setting, one.value.place));
+  for (const ProjectLoss &one : displaced) {
+    const MergedValue *const displacer = merged.Find(one.displacer);
+    output.note(
+        fmt::format("{}: {}: {}; {} of {} takes its place [displaced]", name,
+                    shownPlace(one.place), shownLoss(one.loss), one.displacer,
+                    shownPlace(displacer == nullptr ? ProjectPlace()
+                                                    : displacer->value.place)),
+        aboutPlace("displaced", one.loss.field, one.place));
+  }
+}
 
 std::string shownPlace(const ProjectPlace &place) {
   return place.line == 0 ? "option"

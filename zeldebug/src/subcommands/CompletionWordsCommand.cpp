@@ -1,5 +1,6 @@
 // complete: the words that fit at the end of a command line that is being
 // typed. The completion scripts call it; it is not meant for people.
+#include <filesystem>
 #include <memory>
 #include <set>
 
@@ -57,13 +58,20 @@ Project projectOf(const TypedLine &line) {
   }
 }
 
+/// Whether the only argument is a processor of the project: it is no file.
+bool isProcessorAlone(const TypedLine &line) {
+  std::error_code error;
+  return line.arguments.size() == 1 &&
+         !std::filesystem::exists(line.arguments.front(), error);
+}
+
 /// The design that the line or its project names; an empty one if it cannot be
 /// read.
 std::unique_ptr<DesignModel> designOf(const TypedLine &line) {
   auto design = std::make_unique<DesignModel>();
   std::string named = line.value("--design");
-  if (named.empty() && line.takesDesign && !line.arguments.empty())
-    named = line.arguments.front();
+  if (named.empty() && line.takesDesign && !isProcessorAlone(line))
+    named = line.arguments.empty() ? "" : line.arguments.front();
   DesignSources sources;
   sources.designFile = named;
   if (named.empty()) {
@@ -107,9 +115,9 @@ std::vector<std::string> instancesOf(const TypedLine &line) {
 std::vector<std::string> connectionsOf(const TypedLine &line) {
   const auto design = designOf(line);
   const Board board(*design, "etc");
-  if (line.arguments.size() > 1)
+  if (line.arguments.size() > 1 || isProcessorAlone(line))
     for (const BoardProcessor &processor : board.Processors())
-      if (processor.name == line.arguments[1])
+      if (processor.name == line.arguments[line.arguments.size() > 1 ? 1 : 0])
         return processor.connections;
   std::vector<std::string> words;
   for (const Choice &known : FindSetting("connection")->choices)
@@ -210,8 +218,13 @@ std::vector<std::string> candidatesOf(const CommandLine &line,
                                       const TypedLine &typed) {
   if (typed.isSubcommand)
     return line.names();
-  if (typed.kind)
-    return valuesOf(line, *typed.kind, typed);
+  if (typed.kind) {
+    std::vector<std::string> words = valuesOf(line, *typed.kind, typed);
+    if (typed.mayBeProcessor)
+      for (const std::string &name : processorsOf(typed))
+        words.push_back(name);
+    return words;
+  }
   std::vector<std::string> words = typed.options;
   if (typed.dashedKind)
     for (const std::string &word : valuesOf(line, *typed.dashedKind, typed))

@@ -42,13 +42,9 @@ ProjectPlace placeIn(const SyncResult &result, const std::string &setting) {
   return value == nullptr ? ProjectPlace() : value->value.place;
 }
 
-/// "zeldebug.toml:3:8", without the folder; "default".
-std::string originAt(const ProjectPlace &place) {
-  if (place.line == 0)
-    return "default";
-  ProjectPlace inFolder = place;
-  inFolder.file = std::filesystem::path(place.file).filename().string();
-  return shownPlace(inFolder);
+/// "zeldebug.toml:3:8"; "default".
+std::string originOf(const ProjectPlace &place) {
+  return place.line == 0 ? "default" : originAt(place);
 }
 
 About aboutPlace(const std::string &code, const std::string &setting,
@@ -81,21 +77,7 @@ private:
 
   void tell(const SyncResult &result) {
     const std::string &name = result.processor;
-    for (const DroppedValue &one : result.merged.dropped)
-      output.note(
-          fmt::format("{}: {} {} of {} is left out: {} chooses another "
-                      "cable [cable-dropped]",
-                      name, one.value.setting,
-                      shownStored(one.value.setting, one.value.value),
-                      shownPlace(one.value.place), shownPlace(one.by)),
-          aboutPlace("cable-dropped", one.value.setting, one.value.place));
-    for (const ProjectLoss &one : result.displaced)
-      output.note(fmt::format("{}: {}: {}; {} of {} takes its place "
-                              "[displaced]",
-                              name, shownPlace(one.place), shownLoss(one.loss),
-                              one.displacer,
-                              shownPlace(placeIn(result, one.displacer))),
-                  aboutPlace("displaced", one.loss.field, one.place));
+    tellLeftOut(result.merged, result.displaced, output);
     if (result.outcome == SyncOutcome::refused)
       return tellRefused(result);
     for (const ProjectLoss &one : result.lost)
@@ -141,7 +123,7 @@ Json differencesJson(const SyncResult &result) {
     list.push_back({{"setting", one.setting},
                     {"before", toJson(one.saved)},
                     {"after", toJson(one.now)},
-                    {"origin", originAt(placeIn(result, one.setting))}});
+                    {"origin", originOf(placeIn(result, one.setting))}});
   return list;
 }
 
@@ -149,7 +131,7 @@ Json lostJson(const std::vector<ProjectLoss> &losses) {
   Json list = Json::array();
   for (const ProjectLoss &one : losses) {
     Json loss = toJson(std::vector{one.loss}).front();
-    loss["origin"] = originAt(one.place);
+    loss["origin"] = originOf(one.place);
     list.push_back(loss);
   }
   return list;
@@ -160,13 +142,13 @@ Json droppedJson(const SyncResult &result) {
   for (const DroppedValue &one : result.merged.dropped)
     list.push_back({{"setting", one.value.setting},
                     {"value", toJson(one.value.value)},
-                    {"origin", originAt(one.value.place)},
-                    {"by", originAt(one.by)}});
+                    {"origin", originOf(one.value.place)},
+                    {"by", originOf(one.by)}});
   for (const ProjectLoss &one : result.displaced)
     list.push_back({{"setting", one.loss.field},
                     {"value", toJson(one.loss.value)},
-                    {"origin", originAt(one.place)},
-                    {"by", originAt(placeIn(result, one.displacer))}});
+                    {"origin", originOf(one.place)},
+                    {"by", originOf(placeIn(result, one.displacer))}});
   return list;
 }
 
@@ -196,7 +178,7 @@ void printDifferences(const SyncResult &result, Output &output) {
     output.printLine(fmt::format("  {}: {} in the file, {} by {}", one.setting,
                                  shownStored(one.setting, one.saved),
                                  shownStored(one.setting, one.now),
-                                 originAt(placeIn(result, one.setting))));
+                                 originOf(placeIn(result, one.setting))));
   if (result.differences.empty())
     output.printLine("  the same settings, in other words");
 }
