@@ -270,6 +270,23 @@ TEST_F(ProjectTest, WhatIsLeftOutIsToldWithBothPlaces) {
   EXPECT_FALSE(fs::exists("etc"));
 }
 
+TEST_F(ProjectTest, WhatIsDisplacedIsToldAndIsNoDifference) {
+  project("[settings]\ncable.cableType = \"quorla_podusb\"\n"
+          "cable.frequency = \"3 MHz\"\n[probe.lab]\nesn = \"0042\"\n");
+  EXPECT_EQ(run({"sync", "lumacore_0"}).status, 0);
+  const Result run =
+      this->run({"sync", "lumacore_0", "--dry-run", "--probe", "lab"});
+  EXPECT_EQ(run.err, "zeldebug: note: lumacore_0: cable.frequency 3000000 of "
+                     "zeldebug.toml:6:19 is not written: cable.esn of "
+                     "zeldebug.toml:8:7 takes its place [displaced]\n");
+  EXPECT_EQ(run.out,
+            "PROCESSOR   RESULT   FILE\n"
+            "lumacore_0  updated  etc/kvo_lumacore_0.opt\n"
+            "\n"
+            "etc/kvo_lumacore_0.opt\n"
+            "  cable.esn: \"\" in the file, \"0042\" by zeldebug.toml:8:7\n");
+}
+
 TEST_F(ProjectTest, AnOptionFileOfNobodyIsToldAndStays) {
   project("");
   save("gone", ofThree);

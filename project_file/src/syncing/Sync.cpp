@@ -192,16 +192,15 @@ private:
     return task;
   }
 
-  /// What neither of them carries is no difference.
+  /// What the command to be written does not carry is no difference.
   static std::vector<Difference> differencesFrom(const Session &disk,
                                                  const Session &session) {
-    const std::set<std::string> ofDisk = applicableIn(disk);
-    const std::set<std::string> ofSession = applicableIn(session);
+    const std::set<std::string> applicable = applicableIn(session);
     std::vector<Difference> differences;
     for (const SettingInfo &setting : GetSettings()) {
       const std::string &id = setting.id;
-      const bool counts = ofDisk.count(id) != 0 || ofSession.count(id) != 0;
-      if (!setting.settable || !counts || id.find('[') != std::string::npos)
+      if (!setting.settable || applicable.count(id) == 0 ||
+          id.find('[') != std::string::npos)
         continue;
       Value saved = disk.Get(id);
       Value now = session.Get(id);

@@ -95,12 +95,14 @@ private:
                       shownPlace(one.value.place), shownPlace(one.by)),
           aboutPlace("cable-dropped", one.value.setting, one.value.place));
     for (const ProjectLoss &one : result.displaced)
-      output.note(fmt::format("{}: {}: {}; {} of {} takes its place "
-                              "[displaced]",
-                              name, shownPlace(one.place), shownLoss(one.loss),
-                              one.displacer,
-                              shownPlace(placeIn(result, one.displacer))),
-                  aboutPlace("displaced", one.loss.field, one.place));
+      output.note(
+          fmt::format("{}: {} {} of {} is not written: {} of {} takes its "
+                      "place [displaced]",
+                      name, one.loss.field,
+                      shownStored(one.loss.field, one.loss.value),
+                      shownPlace(one.place), one.displacer,
+                      shownPlace(placeIn(result, one.displacer))),
+          aboutPlace("displaced", one.loss.field, one.place));
     if (result.outcome == SyncOutcome::refused)
       return tellRefused(result);
     for (const ProjectLoss &one : result.lost)
