@@ -85,6 +85,8 @@ TEST_F(Adopting, SettingsOfADeskGoToTheLocalFile) {
   set("lc", {{"cable.cableType", podusb}, {"cable.esn", "0042"}});
   const AdoptedProject made = adopt();
   EXPECT_THAT(made.project, Not(HasSubstr("esn")));
+  // In its place port and frequency say nothing.
+  EXPECT_THAT(made.project, Not(HasSubstr("frequency")));
   ASSERT_TRUE(made.local);
   EXPECT_THAT(*made.local,
               testing::EndsWith("\n[processor.lc]\ncable.esn = \"0042\"\n"));
@@ -108,19 +110,100 @@ TEST_F(Adopting, NamesFilesThatWouldBeWrittenOtherwise) {
 TEST_F(Adopting, WritesNothingOverWhatIsThere) {
   const std::string file = (work.path() / "zeldebug.toml").string();
   work.write(".gitignore", "build/\n/etc/");
-  WriteNewProject(file, {"design = \"a\"\n", "use.probe = \"none\"\n", {}});
+  WriteNewProject(
+      file, {"design = \"a\"\n", "use.probe = \"none\"\n", "table\n", {}});
+  EXPECT_EQ(work.read("zeldebug.kinds"), "table\n");
   EXPECT_EQ(work.read("zeldebug.toml"), "design = \"a\"\n");
   EXPECT_EQ(work.read("zeldebug.local.toml"), "use.probe = \"none\"\n");
   EXPECT_EQ(work.read(".gitignore"), "build/\n/etc/\nzeldebug.local.toml\n");
   EXPECT_THAT(model_test::refusalOf([&] { WriteNewProject(file, {}); }),
-              testing::StartsWith("changed-on-disk: "));
+              testing::StartsWith("file-exists: "));
   EXPECT_EQ(work.read("zeldebug.toml"), "design = \"a\"\n");
   std::filesystem::remove(file);
   EXPECT_THAT(model_test::refusalOf([&] {
-                WriteNewProject(file, {"x", "y", {}});
+                WriteNewProject(file, {"x", "y", {}, {}});
               }),
-              testing::StartsWith("changed-on-disk: "));
+              testing::StartsWith("file-exists: "));
   EXPECT_FALSE(work.exists("zeldebug.toml"));
+}
+
+TEST_F(Adopting, ATableOfKindsLiesBeside) {
+  ProjectSources sources{"board.xml"};
+  sources.kindsTable = "table\n";
+  const AdoptedProject made = InitProject(board, sources);
+  EXPECT_EQ(made.kinds, "table\n");
+  EXPECT_THAT(made.project, HasSubstr("\nkinds = \"zeldebug.kinds\"\n"));
+}
+
+TEST_F(Adopting, APathIsOfTheFolderOfItsFile) {
+  const std::string folder = work.path().string();
+  EXPECT_EQ(PathFor(folder + "/zeldebug.toml", folder + "/hw/a.xml"),
+            "hw/a.xml");
+  EXPECT_EQ(PathFor(folder + "/a/zeldebug.toml", folder + "/hw/a.xml"),
+            "../hw/a.xml");
+  EXPECT_EQ(PathFor(folder + "/zeldebug.toml", folder + "/hw/../a.xml"),
+            "a.xml");
+}
+
+// --- Into a project that is there
+// ---------------------------------------------
+
+class AdoptingFiles : public Adopting {
+protected:
+  std::vector<ProjectEdit> edits(const std::string &project,
+                                 const ProjectEdit *into = nullptr) {
+    return AdoptOptionFiles(read(project), {}, board, {"lc"}, into);
+  }
+};
+
+TEST_F(AdoptingFiles, WhatDiffersGoesWhereItBelongs) {
+  set("lc",
+      {{"cable.cableType", podusb}, {"cable.esn", "0042"}, {"debugDevice", 3}});
+  const std::string project =
+      "[settings]\ncable.cableType = \"quorla_podusb\"\n";
+  const std::vector<ProjectEdit> both = edits(project);
+  ASSERT_EQ(both.size(), 2U);
+  EXPECT_EQ(both[0].target, ProjectTarget::project);
+  EXPECT_EQ(both[0].processor, "lc");
+  EXPECT_EQ(both[0].values, (SettingValues{{"debugDevice", 3}}));
+  EXPECT_EQ(both[1].target, ProjectTarget::local);
+  EXPECT_EQ(both[1].values, (SettingValues{{"cable.esn", "0042"}}));
+  ProjectEdit into;
+  into.target = ProjectTarget::local;
+  ASSERT_EQ(edits(project, &into).size(), 1U);
+  EXPECT_EQ(edits(project, &into)[0].values.size(), 2U);
+}
+
+TEST_F(AdoptingFiles, WhatIsTakenTogetherIsCheckedTogether) {
+  set("lc", {{"cable.cableType", podusb}, {"cable.esn", "0042"}});
+  const std::string file = (work.path() / "zeldebug.toml").string();
+  work.write("zeldebug.toml",
+             std::string(head) + "[processor.lc_sim]\nconnection = \"sim\"\n");
+  const std::vector<EditedProject> files = EditProjectFiles(
+      file, AdoptOptionFiles(ReadProject(file), {}, board, {"lc"}), board, {});
+  ASSERT_EQ(files.size(), 2U);
+  EXPECT_EQ(files[0].file, file);
+  EXPECT_FALSE(files[1].before);
+  WriteProjectFiles(files);
+  EXPECT_THAT(AdoptOptionFiles(ReadProject(file), {}, board, {"lc"}),
+              IsEmpty());
+  RememberOptionFiles(board, {"lc", "lc_sim"});
+  EXPECT_EQ(work.read("etc/.zeldebug-sync"), "lc\t" + saved("lc") + "\n");
+  // Neither file is written where one has changed.
+  work.write("zeldebug.local.toml", "# mine\n");
+  EXPECT_THAT(model_test::refusalOf([&] { WriteProjectFiles(files); }),
+              testing::StartsWith("changed-on-disk: "));
+}
+
+TEST_F(AdoptingFiles, RefusesWhatCannotBeTaken) {
+  EXPECT_THAT(model_test::refusalOf([&] { edits(""); }),
+              testing::StartsWith("unreadable: "));
+  save("connect");
+  EXPECT_THAT(model_test::refusalOf([&] { edits(""); }),
+              testing::StartsWith("unreadable: "));
+  EXPECT_THAT(model_test::refusalOf(
+                  [&] { AdoptOptionFiles(read(""), {}, board, {"lcc"}); }),
+              testing::StartsWith("unknown-processor: "));
 }
 
 // --- Round trip

@@ -199,7 +199,7 @@ TEST_F(Editing, TheBaseOfTheAddressMapFollowsFromAllRegions) {
   EXPECT_THAT(refusal({{"debugAddressMap", 0x70000000}}),
               testing::StartsWith("not-settable: debugAddressMap"));
   EXPECT_EQ(edited(edit("ppc405", regions({{"tlbStartAdr", 0x70050000},
-                                        {"debugAddressMap", 0x70000000}}))),
+                                           {"debugAddressMap", 0x70000000}}))),
             "\n[processor.ppc405]\nicacheStartAdr = 0x70000000\n"
             "itagStartAdr = 0x70010000\ndcacheStartAdr = 0x70020000\n"
             "dtagStartAdr = 0x70030000\ndcrStartAdr = 0x70040000\n"

@@ -1,10 +1,11 @@
-// Lines that use a project: a board in a folder of the test, and the files
-// beside it.
+// The real program on a project: a board of its own in the folder of the test.
 #ifndef TESTS_ZELDEBUG_PROJECTTEST_H
 #define TESTS_ZELDEBUG_PROJECTTEST_H
 
 #include <cstdlib>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "ToolTest.h"
 

@@ -133,7 +133,7 @@ TEST_F(ProjectTest, EveryFaultIsToldAtItsPlaceAndNothingIsWritten) {
     places.push_back({fault["file"], fault["line"], fault["column"],
                       fault["code"], fault["suggestion"]});
   EXPECT_EQ(places, json::parse(R"([
-    ["zeldebug.toml", 5, 7, "unknown-key", "cable.frequency"],
+    ["zeldebug.toml", 5, 7, "unknown-key", "frequency"],
     ["zeldebug.toml", 6, 15, "out-of-range", null],
     ["zeldebug.local.toml", 1, 13, "unknown-probe", null],
     ["zeldebug.local.toml", 2, 12, "unknown-processor", "lumacore_0"]])"));
@@ -253,7 +253,7 @@ TEST_F(ProjectTest, ALossBlocksUnlessItIsForced) {
 TEST_F(ProjectTest, WhatIsLeftOutIsToldWithBothPlaces) {
   project("[settings]\ncable.cableType = \"quorla_podusb\"\n"
           "cable.port = \"USB22\"\ncable.frequency = \"3 MHz\"\n");
-  local("[settings]\ncable.cableType = \"quorla_tcf\"\n");
+  local("[settings]\ncable.cableType = \"quorla_parallel4\"\n");
   const json document = runJson({"sync", "lumacore_0", "--dry-run"});
   EXPECT_EQ(document["results"][0]["dropped"], json::parse(R"([
     {"setting": "cable.frequency", "value": 3000000,
@@ -263,10 +263,27 @@ TEST_F(ProjectTest, WhatIsLeftOutIsToldWithBothPlaces) {
   // A port belongs to a desk.
   EXPECT_EQ(document["warnings"][0]["code"], "desk-setting");
   EXPECT_EQ(document["warnings"][0]["line"], 6);
-  EXPECT_EQ(document["warnings"][0]["column"], 1);
+  EXPECT_EQ(document["warnings"][0]["column"], 14);
   EXPECT_EQ(document["warnings"][1]["code"], "cable-dropped");
   EXPECT_EQ(run({"sync", "--strict"}).status, 1);
   EXPECT_FALSE(fs::exists("etc"));
+}
+
+TEST_F(ProjectTest, WhatIsDisplacedIsToldAndIsNoDifference) {
+  project("[settings]\ncable.cableType = \"quorla_podusb\"\n"
+          "cable.frequency = \"3 MHz\"\n[probe.lab]\nesn = \"0042\"\n");
+  EXPECT_EQ(run({"sync", "lumacore_0"}).status, 0);
+  const Result run =
+      this->run({"sync", "lumacore_0", "--dry-run", "--probe", "lab"});
+  EXPECT_EQ(run.err, "zeldebug: note: lumacore_0: cable.frequency 3000000 of "
+                     "zeldebug.toml:6:19 is not written: cable.esn of "
+                     "zeldebug.toml:8:7 takes its place [displaced]\n");
+  EXPECT_EQ(run.out,
+            "PROCESSOR   RESULT   FILE\n"
+            "lumacore_0  updated  etc/kvo_lumacore_0.opt\n"
+            "\n"
+            "etc/kvo_lumacore_0.opt\n"
+            "  cable.esn: \"\" in the file, \"0042\" by zeldebug.toml:8:7\n");
 }
 
 TEST_F(ProjectTest, AnOptionFileOfNobodyIsToldAndStays) {
@@ -276,6 +293,38 @@ TEST_F(ProjectTest, AnOptionFileOfNobodyIsToldAndStays) {
   const json &warning = document["warnings"].back();
   EXPECT_EQ(warning["code"], "stale-option-file");
   EXPECT_EQ(saved("gone"), ofThree);
+}
+
+TEST_F(ProjectTest, WatchingFollowsEveryChangeUntilItIsEnded) {
+  project(lumacore0 + "3\n");
+  EXPECT_EQ(run({"sync", "--watch", "--json"}).status, 2);
+  // What is wrong is told, and waited on; each step has ten seconds at most.
+  folder.write("watch.sh", R"(
+waitFor() {
+  for i in $(seq 100); do
+    if eval "$1" 2>/dev/null; then return 0; fi
+    sleep 0.1
+  done
+  echo "in vain: $1"
+}
+)" + std::string(ZELDEBUG_PROGRAM) +
+                               R"( sync lumacore_0 --watch > out 2> err &
+waitFor 'grep -q "deviceNr 3" etc/kvo_lumacore_0.opt'
+waitFor 'grep -q waiting err'
+sed -i 's/debugDevice = 3/debugDevice = x/' zeldebug.toml
+waitFor 'grep -q zeldebug.toml:5:15 err'
+sed -i 's/debugDevice = x/debugDevice = 4/' zeldebug.toml
+waitFor 'grep -q "deviceNr 4" etc/kvo_lumacore_0.opt'
+printf '[processor.lumacore_0]\ndebugDevice = 5\n' > zeldebug.local.toml
+waitFor 'grep -q "deviceNr 5" etc/kvo_lumacore_0.opt'
+kill -TERM $!
+wait $!
+echo "ended with $?"
+)");
+  static_cast<void>(std::system("bash watch.sh > told 2>&1"));
+  EXPECT_EQ(text("told"), "ended with 0\n") << text("err");
+  EXPECT_THAT(text("out"), HasSubstr("lumacore_0  created  "));
+  EXPECT_THAT(text("out"), HasSubstr("lumacore_0  updated  "));
 }
 
 TEST_F(ProjectTest, CompletionKnowsTheProject) {

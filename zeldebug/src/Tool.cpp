@@ -35,6 +35,7 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   addCommandCommand(line);
   addInitCommand(line);
   addSyncCommand(line);
+  addAdoptCommand(line);
   addCheckCommand(line);
   addExplainCommand(line);
   addExplainCodeCommand(line);

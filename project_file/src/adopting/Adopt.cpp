@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include <fmt/format.h>
 
@@ -10,6 +11,7 @@
 #include "adopting/NewText.h"
 #include "editing/WrittenValue.h"
 #include "files/ReadFile.h"
+#include "merging/Applicable.h"
 #include "reading/DeskSettings.h"
 #include "reading/Keys.h"
 
@@ -69,6 +71,7 @@ Adopted adoptedOf(const BoardProcessor &processor, const Board &board) {
   }
   adopted.disk = findFile(session.File());
   const SessionState state = session.State();
+  const std::set<std::string> applicable = applicableIn(session);
   const Value cable = session.Get(cableType);
   for (std::size_t at = 0; at < GetSettings().size(); ++at) {
     const SettingInfo &setting = settingAt(at);
@@ -87,7 +90,8 @@ Adopted adoptedOf(const BoardProcessor &processor, const Board &board) {
         !(value.IsText() && allows(processor, value.Text()));
     if (isForbidden)
       value = processor.connections.front();
-    else if (isAsByDefault || !canBeSaid(setting, value))
+    else if (isAsByDefault || applicable.count(setting.id) == 0 ||
+             !canBeSaid(setting, value))
       continue;
     (isOfDesk(setting.id, value, &cable) ? adopted.ofDesk : adopted.values)
         .emplace(at, value);

@@ -1,6 +1,7 @@
 #include "ZelDebugDialog/ProjectFile/Edit.h"
 
 #include <algorithm>
+#include <memory>
 
 #include <fmt/format.h>
 
@@ -65,9 +66,8 @@ const ProjectProfile *findProfile(const ProjectLayer &layer,
 /// The texts of both files while one of them changes.
 class Edit {
 public:
-  Edit(std::string ofFile, const ProjectEdit &wanted, const Board &ofBoard,
-       const ProjectWishes &wishes)
-      : projectFile(std::move(ofFile)), edit(wanted), board(ofBoard) {
+  Edit(std::string ofFile, const Board &ofBoard, const ProjectWishes &wishes)
+      : projectFile(std::move(ofFile)), board(ofBoard) {
     projectText = expectFile(projectFile);
     localText = findFile(LocalFileOf(projectFile));
     const Project before = read();
@@ -75,25 +75,41 @@ public:
     told = AllFaults(before, board);
     expectNoError(told);
     choice = ChooseProject(before, wishes);
-    choose(before);
   }
 
-  EditedProject plan() {
-    EditedProject edited;
-    edited.file = isLocal ? LocalFileOf(projectFile) : projectFile;
-    if (!isLocal)
-      edited.before = projectText;
-    else
-      edited.before = localText;
-    for (const auto &[setting, value] : wantedValues(edit))
-      set(setting, value);
-    for (const std::string &setting : edit.unset)
-      unset(expectAccepted(setting));
-    edited.after = text();
-    edited.project = read();
-    expectNoError(edited.project.faults);
-    check(edited);
-    return edited;
+  /// One a file that is a target, the project file first.
+  std::vector<EditedProject> plan(const std::vector<ProjectEdit> &edits) {
+    std::vector<EditedProject> changed(2);
+    EditedProject &ofProject = changed.front();
+    EditedProject &ofLocal = changed.back();
+    ofProject.file = projectFile;
+    ofProject.before = projectText;
+    ofLocal.file = LocalFileOf(projectFile);
+    ofLocal.before = localText;
+    std::vector<bool> isOfLocal;
+    for (const ProjectEdit &one : edits) {
+      apply(one);
+      isOfLocal.push_back(isLocal);
+    }
+    const Project after = read();
+    const std::vector<ProjectFault> now = AllFaults(after, board);
+    expectNoError(now);
+    for (const ProjectFault &fault : newOf(now))
+      (fault.place.file == ofLocal.file ? ofLocal : ofProject)
+          .warnings.push_back(fault);
+    ofProject.after = projectText;
+    ofLocal.after = localText.value_or("");
+    for (std::size_t at = 0; at < edits.size(); ++at) {
+      edit = &edits[at];
+      check(after, isOfLocal[at] ? ofLocal : ofProject);
+    }
+    ofProject.project = after;
+    ofLocal.project = after;
+    for (const bool isLast : {true, false})
+      if (std::find(isOfLocal.begin(), isOfLocal.end(), isLast) ==
+          isOfLocal.end())
+        changed.erase(isLast ? changed.end() - 1 : changed.begin());
+    return changed;
   }
 
 private:
@@ -110,32 +126,43 @@ private:
       projectText = to;
   }
 
+  void apply(const ProjectEdit &one) {
+    edit = &one;
+    choose(read());
+    for (const auto &[setting, value] : wantedValues(one))
+      set(setting, value);
+    for (const std::string &setting : one.unset)
+      unset(expectAccepted(setting));
+  }
+
   void choose(const Project &before) {
-    isLocal = edit.target == ProjectTarget::local;
-    if (edit.target == ProjectTarget::profile) {
+    table.clear();
+    isLocal = edit->target == ProjectTarget::local;
+    if (edit->target == ProjectTarget::profile) {
       const bool isInProject =
-          findProfile(before.project, edit.profile) != nullptr;
-      const bool isInLocal = findProfile(before.local, edit.profile) != nullptr;
+          findProfile(before.project, edit->profile) != nullptr;
+      const bool isInLocal =
+          findProfile(before.local, edit->profile) != nullptr;
       if (!isInProject && !isInLocal)
         refuseProfile(before);
       isLocal = !isInProject;
-      table = {"profile", edit.profile};
-      choice.profile.name = edit.profile;
+      table = {"profile", edit->profile};
+      choice.profile.name = edit->profile;
     }
-    if (edit.processor.empty()) {
+    if (edit->processor.empty()) {
       table.emplace_back("settings");
       return;
     }
     table.emplace_back("processor");
-    table.push_back(edit.processor);
+    table.push_back(edit->processor);
     if (findProcessors().empty()) {
       Refusal refusal(RefusalKind::unknownProcessor, "",
                       fmt::format("'{}' is no processor that can be debugged",
-                                  ShowText(edit.processor)));
-      refusal.value = edit.processor;
+                                  ShowText(edit->processor)));
+      refusal.value = edit->processor;
       for (const BoardProcessor &processor : board.Processors())
         refusal.accepted.push_back(processor.name);
-      refusal.suggestion = FindNearest(edit.processor, refusal.accepted);
+      refusal.suggestion = FindNearest(edit->processor, refusal.accepted);
       throw refusal;
     }
   }
@@ -148,10 +175,10 @@ private:
     Refusal refusal(RefusalKind::badValue, "",
                     fmt::format("'{}' is no profile of the project; write "
                                 "[profile.{}.settings]",
-                                ShowText(edit.profile),
-                                writtenKey(edit.profile)));
-    refusal.value = edit.profile;
-    refusal.suggestion = FindNearest(edit.profile, names);
+                                ShowText(edit->profile),
+                                writtenKey(edit->profile)));
+    refusal.value = edit->profile;
+    refusal.suggestion = FindNearest(edit->profile, names);
     refusal.accepted = std::move(names);
     throw refusal;
   }
@@ -159,7 +186,7 @@ private:
   std::vector<const BoardProcessor *> findProcessors() const {
     std::vector<const BoardProcessor *> found;
     for (const BoardProcessor &processor : board.Processors())
-      if (edit.processor.empty() || processor.name == edit.processor)
+      if (edit->processor.empty() || processor.name == edit->processor)
         found.push_back(&processor);
     return found;
   }
@@ -262,49 +289,46 @@ private:
 
   // --- What it makes of the processors ---------------------------------------
 
-  void check(EditedProject &edited) const {
-    const std::vector<ProjectFault> now = AllFaults(edited.project, board);
-    expectNoError(now);
-    addNew(now, edited);
+  void check(const Project &after, EditedProject &edited) const {
     for (const BoardProcessor *const processor : findProcessors()) {
-      const MergedProcessor merged =
-          MergeProject(edited.project, choice, *processor);
-      expectApplied(edited.project, merged);
-      for (const auto &[setting, value] : wantedValues(edit)) {
+      const MergedProcessor merged = MergeProject(after, choice, *processor);
+      expectApplied(after, merged);
+      for (const auto &[setting, value] : wantedValues(*edit)) {
         const MergedValue *const counting = merged.Find(setting);
         if (counting == nullptr)
-          warnOfUnset(setting, *processor, edited);
+          warnOfUnset(setting, after, *processor, edited);
         else if (counting->value.value != value)
           warn(*counting, processor->name, edited);
       }
-      for (const std::string &setting : edit.unset)
+      for (const std::string &setting : edit->unset)
         if (const MergedValue *const counting = merged.Find(setting))
           warn(*counting, processor->name, edited);
     }
   }
 
   /// What is told of the files only now, wherever the rest has moved to.
-  void addNew(const std::vector<ProjectFault> &now,
-              EditedProject &edited) const {
+  std::vector<ProjectFault> newOf(const std::vector<ProjectFault> &now) const {
     std::vector<ProjectFault> before = told;
+    std::vector<ProjectFault> found;
     for (const ProjectFault &one : now) {
       const auto known = std::find_if(
           before.begin(), before.end(), [&one](const ProjectFault &other) {
             return other.code == one.code && other.message == one.message;
           });
       if (known == before.end())
-        edited.warnings.push_back(one);
+        found.push_back(one);
       else
         before.erase(known);
     }
+    return found;
   }
 
   /// A value that a higher source takes away.
-  void warnOfUnset(const std::string &setting, const BoardProcessor &processor,
+  void warnOfUnset(const std::string &setting, const Project &after,
+                   const BoardProcessor &processor,
                    EditedProject &edited) const {
     const ProjectText *last = nullptr;
-    const std::vector<Source> sources =
-        sourcesOf(edited.project, choice, processor);
+    const std::vector<Source> sources = sourcesOf(after, choice, processor);
     for (const Source &source : sources)
       for (const ProjectTable *const one : source)
         for (const ProjectText &unset : one->unset)
@@ -360,8 +384,8 @@ private:
   }
 
   std::string projectFile;
-  std::vector<ProjectFault> told; ///< of the files as they are
-  const ProjectEdit &edit;
+  std::vector<ProjectFault> told;    ///< of the files as they are
+  const ProjectEdit *edit = nullptr; ///< the present one
   const Board &board;
   ProjectChoice choice;
   std::string projectText;
@@ -375,19 +399,32 @@ private:
 EditedProject EditProject(const std::string &projectFile,
                           const ProjectEdit &edit, const Board &board,
                           const ProjectWishes &wishes) {
-  return Edit(projectFile, edit, board, wishes).plan();
+  return EditProjectFiles(projectFile, {edit}, board, wishes).front();
 }
 
-void WriteProject(const EditedProject &edited) {
-  const Lock lock(lockOf(edited.file));
-  if (findFile(edited.file) != edited.before) {
+std::vector<EditedProject>
+EditProjectFiles(const std::string &projectFile,
+                 const std::vector<ProjectEdit> &edits, const Board &board,
+                 const ProjectWishes &wishes) {
+  return Edit(projectFile, board, wishes).plan(edits);
+}
+
+void WriteProject(const EditedProject &edited) { WriteProjectFiles({edited}); }
+
+void WriteProjectFiles(const std::vector<EditedProject> &files) {
+  std::vector<std::unique_ptr<Lock>> locks;
+  for (const EditedProject &edited : files) {
+    locks.push_back(std::make_unique<Lock>(lockOf(edited.file)));
+    if (findFile(edited.file) == edited.before)
+      continue;
     Refusal refusal(RefusalKind::changedOnDisk, ShowText(edited.file),
                     "it has changed on disk since it was read");
     refusal.file = edited.file;
     throw refusal;
   }
-  if (edited.before != edited.after)
-    writeFile(edited.file, edited.after);
+  for (const EditedProject &edited : files)
+    if (edited.before != edited.after)
+      writeFile(edited.file, edited.after);
 }
 
 } // namespace ZelDebugDialog

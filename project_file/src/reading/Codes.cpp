@@ -30,6 +30,7 @@ std::vector<ProjectCode> makeCodes() {
       {"overridden", warning, "What was written does not count, because a higher source says something else.", "", "Change it where the message says."},
       {"stale-option-file", warning, "An option file belongs to a processor that the design has no longer.", "", "Delete it, if the processor does not come back."},
       {"sync-unreadable", warning, "The file that holds what was synchronized last cannot be read. It is taken for empty.", "", "Option files that differ are conflicts now; 'sync --force' writes them."},
+      {"adopt-changes", warning, "The project would write an option file otherwise than it is.", "", "Look at both commands. 'adopt --force' makes the project all the same; 'sync' then tells the file as a conflict."},
       {"cable-dropped", note, "The value belongs to a cable that is not the one in use.", "", "Say it again in the table that names the cable, if it is meant for that one too."},
       {"displaced", note, "A higher source says something beside which the value is not written.", "", "Nothing, if the higher source is meant."},
   };

@@ -11,6 +11,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "files/ReadFile.h"
 #include "files/WriteFile.h"
+#include "merging/Applicable.h"
 #include "reading/Faults.h"
 #include "syncing/Remembered.h"
 
@@ -160,7 +161,6 @@ private:
       // What is loaded is what is compared when it is saved: the file is looked
       // at behind it, and a change in between is noticed.
       task.session = std::make_unique<Session>(board, processor.name);
-      const SettingValues ofDisk = settingsOf(*task.session);
       const bool isReadable = task.session->Problem().empty();
       AppliedProject applied =
           ApplyProject(project, result.merged, board, *task.session);
@@ -173,8 +173,10 @@ private:
         return task;
       }
       task.disk = findFile(result.file);
-      result.differences = differencesFrom(ofDisk, *task.session);
       decide(task, isReadable);
+      if (task.disk && result.outcome != SyncOutcome::same)
+        result.differences =
+            differencesFrom(Session(board, processor.name), *task.session);
     } catch (const Refusal &refusal) {
       result.outcome = SyncOutcome::refused;
       result.message = refusal.problem;
@@ -190,21 +192,20 @@ private:
     return task;
   }
 
-  static SettingValues settingsOf(const Session &session) {
-    SettingValues values;
-    for (const SettingInfo &setting : GetSettings())
-      if (setting.settable && setting.id.find('[') == std::string::npos)
-        values.emplace_back(setting.id, session.Get(setting.id));
-    return values;
-  }
-
-  static std::vector<Difference> differencesFrom(const SettingValues &ofDisk,
+  /// What the command to be written does not carry is no difference.
+  static std::vector<Difference> differencesFrom(const Session &disk,
                                                  const Session &session) {
+    const std::set<std::string> applicable = applicableIn(session);
     std::vector<Difference> differences;
-    for (const auto &[setting, saved] : ofDisk) {
-      const Value now = session.Get(setting);
+    for (const SettingInfo &setting : GetSettings()) {
+      const std::string &id = setting.id;
+      if (!setting.settable || applicable.count(id) == 0 ||
+          id.find('[') != std::string::npos)
+        continue;
+      Value saved = disk.Get(id);
+      Value now = session.Get(id);
       if (now != saved)
-        differences.push_back({setting, saved, now});
+        differences.push_back({id, std::move(saved), std::move(now)});
     }
     return differences;
   }
@@ -331,6 +332,21 @@ const char *ShowOutcome(SyncOutcome outcome) {
     break;
   }
   return "refused";
+}
+
+void RememberOptionFiles(const Board &board,
+                         const std::vector<std::string> &processors) {
+  const fs::path folder = board.Folder().empty() ? "." : board.Folder();
+  const Lock lock(folder / (std::string(rememberedName) + ".lock"));
+  const std::string file = (folder / rememberedName).string();
+  const auto before = findFile(file);
+  Remembered texts = readRemembered(before.value_or("")).texts;
+  for (const std::string &processor : processors)
+    if (const auto text = findFile(board.FileOf(processor)))
+      texts[processor] = *text;
+  const std::string after = writtenRemembered(texts);
+  if (before != after)
+    writeFile(file, after);
 }
 
 SyncRun SyncProject(const Project &project, const ProjectChoice &choice,

@@ -115,6 +115,13 @@ bool ProjectOptions::areUsed(const DesignOptions &design) const {
   return false;
 }
 
+bool ProjectOptions::isThere(const std::string &workingFolder) const {
+  if (isLeftOut || projectFile)
+    return !isLeftOut;
+  optionFolder(workingFolder);
+  return !ZelDebugDialog::FindProject(workingFolder).empty();
+}
+
 std::string ProjectOptions::expectFile(const std::string &workingFolder) const {
   if (projectFile)
     return *projectFile;

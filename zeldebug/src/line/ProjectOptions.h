@@ -58,6 +58,10 @@ public:
   ///   --no-project that names neither; for --probe and --profile of no project
   bool areUsed(const DesignOptions &design) const;
 
+  /// Whether there is a project file, and the line does not leave it out.
+  /// @throws Failure (unreadable) for a folder that is none
+  bool isThere(const std::string &workingFolder) const;
+
   /// Where the project file is: of --project, or found from the folder of -C
   /// upwards.
   /// @throws Failure (wrong use) where there is none; (unreadable) for a folder

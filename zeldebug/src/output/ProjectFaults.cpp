@@ -76,8 +76,11 @@ void tellLeftOut(const MergedProcessor &merged,
   for (const ProjectLoss &one : displaced) {
     const MergedValue *const displacer = merged.Find(one.displacer);
     output.note(
-        fmt::format("{}: {}: {}; {} of {} takes its place [displaced]", name,
-                    shownPlace(one.place), shownLoss(one.loss), one.displacer,
+        fmt::format("{}: {} {} of {} is not written: {} of {} takes its place "
+                    "[displaced]",
+                    name, one.loss.field,
+                    shownStored(one.loss.field, one.loss.value),
+                    shownPlace(one.place), one.displacer,
                     shownPlace(displacer == nullptr ? ProjectPlace()
                                                     : displacer->value.place)),
         aboutPlace("displaced", one.loss.field, one.place));

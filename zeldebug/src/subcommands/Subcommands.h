@@ -14,6 +14,7 @@ void addSetCommand(CommandLine &line);
 void addCommandCommand(CommandLine &line);
 void addInitCommand(CommandLine &line);
 void addSyncCommand(CommandLine &line);
+void addAdoptCommand(CommandLine &line);
 void addCheckCommand(CommandLine &line);
 void addExplainCommand(CommandLine &line);
 void addExplainCodeCommand(CommandLine &line);

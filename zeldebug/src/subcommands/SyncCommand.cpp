@@ -9,13 +9,16 @@
 
 #include "line/Options.h"
 #include "line/ProjectOptions.h"
-#include "output/Place.h"
+#include "line/Refused.h"
 #include "output/ProjectFaults.h"
 #include "output/Table.h"
 #include "output/Values.h"
 #include "subcommands/Subcommands.h"
+#include "subcommands/Watching.h"
 
 namespace zeldebug {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -24,6 +27,7 @@ using ZelDebugDialog::DroppedValue;
 using ZelDebugDialog::MergedValue;
 using ZelDebugDialog::ProjectLoss;
 using ZelDebugDialog::ProjectPlace;
+using ZelDebugDialog::Refusal;
 using ZelDebugDialog::ShowOutcome;
 using ZelDebugDialog::SyncOptions;
 using ZelDebugDialog::SyncOutcome;
@@ -34,6 +38,7 @@ using ZelDebugDialog::SyncRun;
 struct SyncLine {
   ProjectOptions project;
   SyncOptions how;
+  bool watch = false;
 };
 
 /// Where the files say a setting; none where they leave it at its default.
@@ -195,11 +200,10 @@ void print(const SyncRun &run, const SyncOptions &how, Output &output) {
       printDifferences(result, output);
 }
 
-ExitStatus run(const SyncLine &options, const std::string &folder,
-               Output &output) {
-  const DesignOptions none;
-  options.project.areUsed(none);
-  const LineProject line = options.project.open(none, folder, output);
+ExitStatus runOnce(const SyncLine &options, const std::string &folder,
+                   Output &output) {
+  const LineProject line =
+      options.project.open(DesignOptions(), folder, output);
   if (output.failsBecauseOfWarnings())
     throw Failure(ExitStatus::refused,
                   "nothing is written, because a warning is a failure with "
@@ -212,6 +216,72 @@ ExitStatus run(const SyncLine &options, const std::string &folder,
   else
     print(run, options.how, output);
   return run.isRefused ? ExitStatus::refused : ExitStatus::done;
+}
+
+// --- Again and again --------------------------------------------------------
+
+/// The files, and what they name as far as they can be read.
+Watched watchedOf(const std::string &file) {
+  Watched watched;
+  watched.files = {file, ZelDebugDialog::LocalFileOf(file)};
+  try {
+    const ZelDebugDialog::Project project = ZelDebugDialog::ReadProject(file);
+    for (const std::string &named : {project.Design(), project.Kinds()})
+      if (!named.empty())
+        watched.files.push_back(named);
+    watched.folders = project.Libraries();
+    // Without a library, components are looked for below the design's folder.
+    const fs::path design = project.Design();
+    if (watched.folders.empty() && !design.empty())
+      watched.folders = {design.has_parent_path()
+                             ? design.parent_path().string()
+                             : std::string(".")};
+  } catch (const Refusal &) {
+    // The run tells it.
+  }
+  return watched;
+}
+
+/// What is wrong is told, and waited on.
+/// @param output  of this run alone
+void runTelling(const SyncLine &options, const std::string &folder,
+                Output output) {
+  ExitStatus status = ExitStatus::refused;
+  try {
+    status = runOnce(options, folder, output);
+  } catch (const ToldFailure &) {
+    // Every fault has been told.
+  } catch (const Failure &failure) {
+    output.fail(failure);
+  } catch (const Refusal &refusal) {
+    output.fail(failureOf(refusal));
+  }
+  output.note("waiting for the files to change");
+  output.finish(status);
+}
+
+ExitStatus runWatching(const SyncLine &options, const std::string &folder,
+                       Output &output) {
+  if (output.json())
+    throw Failure(ExitStatus::wrongUse,
+                  "--watch: --json excludes it, because a run has one document",
+                  {"", "--watch"});
+  const std::string file = options.project.expectFile(folder);
+  const Watching watching;
+  for (;;) {
+    const Watched watched = watchedOf(file);
+    const std::string before = Watching::look(watched);
+    runTelling(options, folder, output);
+    if (!watching.waitForChange(watched, before))
+      return ExitStatus::done;
+  }
+}
+
+ExitStatus run(const SyncLine &options, const std::string &folder,
+               Output &output) {
+  options.project.areUsed(DesignOptions());
+  return options.watch ? runWatching(options, folder, output)
+                       : runOnce(options, folder, output);
 }
 
 } // namespace
@@ -235,6 +305,9 @@ void addSyncCommand(CommandLine &line) {
   app.addFlag("--force", options->how.force,
               "write over option files that somebody has changed, and save "
               "settings that would not survive");
+  app.addFlag("--watch", options->watch,
+              "go on, and do it again whenever the project, the design or a "
+              "component changes; ends by a signal");
   options->project.addTo(app);
 }
 

@@ -14,7 +14,9 @@
 #include <vector>
 
 #include "ZelDebugDialog/ConfigurationModel/Board.h"
+#include "ZelDebugDialog/ProjectFile/Edit.h"
 #include "ZelDebugDialog/ProjectFile/Export.h"
+#include "ZelDebugDialog/ProjectFile/Merge.h"
 
 namespace ZelDebugDialog {
 
@@ -68,6 +70,18 @@ InitProject(const Board &board, const ProjectSources &sources);
 /// @throws Refusal (unreadable) for an option file that cannot be read
 ZELDEBUGDIALOG_PROJECTFILE_API AdoptedProject
 AdoptProject(const Board &board, const ProjectSources &sources);
+
+/// What the option files of processors have otherwise than the project says, as
+/// changes of the project: settings of a desk in the local file, others in the
+/// project file.
+/// @param into  where all of it goes instead: its target and profile; null for
+///   none
+/// @throws Refusal (unknownProcessor; unreadable for an option file that is not
+///   there or cannot be read)
+ZELDEBUGDIALOG_PROJECTFILE_API std::vector<ProjectEdit>
+AdoptOptionFiles(const Project &project, const ProjectChoice &choice,
+                 const Board &board, const std::vector<std::string> &processors,
+                 const ProjectEdit *into = nullptr);
 
 /// Writes the files, and adds what is missing of the local file's name and
 /// `etc/` to the `.gitignore` beside them.

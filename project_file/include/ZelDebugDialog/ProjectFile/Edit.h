@@ -65,10 +65,23 @@ ZELDEBUGDIALOG_PROJECTFILE_API EditedProject
 EditProject(const std::string &projectFile, const ProjectEdit &edit,
             const Board &board, const ProjectWishes &wishes);
 
+/// The same for changes that belong together, which may go to both files: what
+/// they make of the processors is looked at once, behind the last of them.
+/// @return one a file that is to change, the project file first
+ZELDEBUGDIALOG_PROJECTFILE_API std::vector<EditedProject>
+EditProjectFiles(const std::string &projectFile,
+                 const std::vector<ProjectEdit> &edits, const Board &board,
+                 const ProjectWishes &wishes);
+
 /// Writes what was planned.
 /// @throws Refusal (changedOnDisk, fileSystem, noFolder, noRegularFile); then
 ///   the file is as it was
 ZELDEBUGDIALOG_PROJECTFILE_API void WriteProject(const EditedProject &edited);
+
+/// The same for changes that belong together. Before either file is written,
+/// both are as they were when it was planned.
+ZELDEBUGDIALOG_PROJECTFILE_API void
+WriteProjectFiles(const std::vector<EditedProject> &files);
 
 } // namespace ZelDebugDialog
 

@@ -81,6 +81,13 @@ ZELDEBUGDIALOG_PROJECTFILE_API SyncRun
 SyncProject(const Project &project, const ProjectChoice &choice,
             const Board &board, const SyncOptions &options = {});
 
+/// Takes the option files of processors for written as they are: what they hold
+/// is nobody's change any more.
+/// @throws Refusal (unreadable, fileSystem, noFolder)
+ZELDEBUGDIALOG_PROJECTFILE_API void
+RememberOptionFiles(const Board &board,
+                    const std::vector<std::string> &processors);
+
 } // namespace ZelDebugDialog
 
 #endif
