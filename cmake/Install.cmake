@@ -109,6 +109,19 @@ function(zeldebugdialog_install_configuration_model)
         STATIC_LIBRARIES -lstdc++)
 endfunction()
 
+function(zeldebugdialog_install_project_file)
+    zeldebugdialog_install_library(ZelDebugDialogProjectFile ProjectFile
+        ZelDebugDialogProjectFileTargets)
+    zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/project_file/include)
+    zeldebugdialog_install_targets(ZelDebugDialogProjectFileTargets)
+    zeldebugdialog_install_pkg_config(zeldebugdialog-project-file
+        "A project's debug configuration in one file"
+        LIBRARIES -lZelDebugDialogProjectFile
+        REQUIRES zeldebugdialog-configuration-model
+        STATIC_REQUIRES fmt tomlplusplus
+        STATIC_LIBRARIES -lstdc++)
+endfunction()
+
 function(zeldebugdialog_install_c_interface)
     zeldebugdialog_install_library(ZelDebugDialogC C ZelDebugDialogCTargets)
     zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/c_interface/include)
@@ -180,6 +193,9 @@ function(zeldebugdialog_install_package)
     endif()
     if(ZELDEBUGDIALOG_CONFIGURATION_MODEL)
         zeldebugdialog_install_configuration_model()
+    endif()
+    if(ZELDEBUGDIALOG_PROJECT_FILE)
+        zeldebugdialog_install_project_file()
     endif()
     if(ZELDEBUGDIALOG_C_INTERFACE)
         zeldebugdialog_install_c_interface()

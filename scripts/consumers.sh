@@ -63,6 +63,7 @@ find_package_consumer() {
   "$scratch/find_package/dialog"
   "$scratch/find_package/model_dialog"
   "$scratch/find_package/session"
+  "$scratch/find_package/project"
   "$scratch/find_package/c_interface" "$board"
 }
 
@@ -108,6 +109,11 @@ pkg_config_consumer() {
   "$CXX" "$consumers/session.cpp" "$consumers/OwnDesign.cpp" "${flags[@]}" "${all[@]}" \
     -o "$scratch/pkg_config/session"
   "$scratch/pkg_config/session"
+
+  read -ra flags <<<"$(pkg-config --cflags --libs zeldebugdialog-project-file)"
+  "$CXX" "$consumers/project.cpp" "$consumers/OwnDesign.cpp" "${flags[@]}" "${all[@]}" \
+    -o "$scratch/pkg_config/project"
+  "$scratch/pkg_config/project"
 
   # As C, by a compiler of C.
   read -ra flags <<<"$(pkg-config --cflags --libs zeldebugdialog-c)"

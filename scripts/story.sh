@@ -29,6 +29,14 @@ tell_story() {
 
   say "# The two saved commands compared."
   run 'zeldebug diff "$before" "$after"'
+
+  say "# One file for all processors, which a team shares."
+  mkdir "$work/team"
+  run 'zeldebug init -C $work/team examples/board/board.xml'
+
+  say "# The option files follow from it, and continuous integration looks after that."
+  run 'zeldebug sync -C $work/team'
+  run 'zeldebug sync -C $work/team --check'
 }
 
 zeldebug() { "$tool" "$@"; }

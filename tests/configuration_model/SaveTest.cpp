@@ -118,6 +118,21 @@ TEST_F(SaveTest, AFileThatReadsAsWantedStaysAsItIs) {
   EXPECT_EQ(before.st_ino, after.st_ino);
 }
 
+TEST_F(SaveTest, AFileThatReadsAsWantedIsRewordedOnRequest) {
+  SaveOptions reword;
+  reword.reword = true;
+  for (const std::string &content :
+       {std::string(command3) + "\n",
+        std::string("connect lc hdu -debugdevice cpunr 1 deviceNr 3")}) {
+    Session session = openWith(content);
+    EXPECT_TRUE(session.Save().unchanged) << content;
+    EXPECT_EQ(saved(), content);
+    EXPECT_TRUE(session.Save(reword).written) << content;
+    EXPECT_EQ(saved(), command3);
+    EXPECT_TRUE(session.Save(reword).unchanged) << content;
+  }
+}
+
 TEST_F(SaveTest, ALossIsToldAlsoWhereTheCommandIsTheFilesAlready) {
   Session session = openWith(command3);
   session.Change({{"cpu_version", "2"}});

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include "ZelDebugDialog/ConfigurationModel/Codes.h"
+#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
 #include "ZelDebugDialog/SettingFields.h"
 #include "losses/Reasons.h"
@@ -63,6 +64,52 @@ TEST(SettingTable, OnlyWhatSaysWhichProcessorItIsOrFollowsIsNotSettable) {
                          "instanceName", "procFamily", "procType",
                          "connectionMask", "cpuNr", "fpuType", "connectionType",
                          "stubType", "connectCommand"));
+}
+
+TEST(SettingTable, SaysWhichValuesBelongToADesk) {
+  Names always;
+  Names unlessOfCable;
+  Names ifAbsolute;
+  for (const SettingInfo &setting : GetSettings()) {
+    if (setting.desk == DeskRule::always)
+      always.push_back(setting.id);
+    if (setting.desk == DeskRule::unlessOfCable)
+      unlessOfCable.push_back(setting.id);
+    if (setting.desk == DeskRule::ifAbsolute)
+      ifAbsolute.push_back(setting.id);
+  }
+  EXPECT_THAT(always,
+              testing::UnorderedElementsAre(
+                  "cable.esn", "cable.url", "stubSerialPort", "simIpcHost",
+                  "simIpcPort", "modelSimHost", "modelSimPort"));
+  EXPECT_THAT(unlessOfCable, testing::ElementsAre("cable.port"));
+  EXPECT_THAT(ifAbsolute, testing::UnorderedElementsAre("cable.svfFile",
+                                                        "ppcSimConfigFile"));
+}
+
+TEST(SettingTable, TakesWhatAChangeWouldTake) {
+  EXPECT_EQ(ExpectSetting("debugDevice", 127), Value(127));
+  EXPECT_EQ(ExpectSetting("cable.frequency", "3MHz"), Value(3000000));
+  EXPECT_EQ(ExpectSetting("cable.esn", ""), Value(""));
+  EXPECT_EQ(ExpectSetting("cable.esn", "00123"), Value("00123"));
+  EXPECT_EQ(ExpectSetting("icacheStartAdr", "not set"), Value(0xFFFFFFFF));
+  EXPECT_EQ(ExpectSetting("chain", Value::Chain{}), Value(Value::Chain{}));
+  EXPECT_EQ(ExpectSetting("chain[].irlength", 127), Value(127));
+  const auto refuses = [](const char *id, const Value &value) {
+    try {
+      ExpectSetting(id, value);
+    } catch (const Refusal &refusal) {
+      return refusal.kind;
+    }
+    ADD_FAILURE() << id << " takes it";
+    return RefusalKind::draft;
+  };
+  EXPECT_EQ(refuses("debugDevice", 128), RefusalKind::badValue);
+  EXPECT_EQ(refuses("cable.cableType", ""), RefusalKind::badValue);
+  EXPECT_EQ(refuses("icacheStartAdr", 1), RefusalKind::badValue);
+  EXPECT_EQ(refuses("chain[].irlength", 128), RefusalKind::badValue);
+  EXPECT_EQ(refuses("instanceName", "a"), RefusalKind::notSettable);
+  EXPECT_EQ(refuses("cable.esm", "a"), RefusalKind::unknownSetting);
 }
 
 TEST(SettingTable, RangesFitTheFieldsAndStopAtTheirLimits) {

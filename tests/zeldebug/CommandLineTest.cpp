@@ -12,9 +12,10 @@ using testing::StartsWith;
 using CommandLineTest = ToolTest;
 
 const std::vector<std::string> subcommands{
-    "list",    "design",       "show",   "set",       "command", "check",
-    "explain", "explain-code", "diff",   "roundtrip", "cables",  "language",
-    "serve",   "completion",   "manual", "help"};
+    "list",   "design",   "show",         "set",        "command",
+    "check",  "explain",  "explain-code", "diff",       "roundtrip",
+    "cables", "language", "serve",        "completion", "manual",
+    "help",   "init",     "sync",         "adopt"};
 
 TEST_F(CommandLineTest, EveryLevelHasHelpWithAnExample) {
   Result run = this->run({"--help"});
@@ -60,14 +61,16 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
       {{"lst", "x"},
        "unknown subcommand 'lst'; there are 'list', 'design', 'kinds', 'show', "
        "'set', "
-       "'command', 'check', 'explain', 'explain-code', 'diff', 'roundtrip', "
+       "'command', 'init', 'sync', 'adopt', 'check', 'explain', "
+       "'explain-code', 'diff', 'roundtrip', "
        "'cables', 'language', 'serve', 'completion', 'manual', 'help'; did "
        "you mean "
        "'list'?"},
       {{"frobnicate"},
        "unknown subcommand 'frobnicate'; there are 'list', 'design', 'kinds', "
        "'show', "
-       "'set', 'command', 'check', 'explain', 'explain-code', 'diff', "
+       "'set', 'command', 'init', 'sync', 'adopt', 'check', 'explain', "
+       "'explain-code', 'diff', "
        "'roundtrip', 'cables', 'language', 'serve', 'completion', 'manual', "
        "'help'"},
       {{"list", "--jsn", "x"},

@@ -29,7 +29,7 @@ TEST_F(CompletionTest, KnowsWhatFits) {
     std::vector<std::string> words;
     std::string answer;
   } rows[] = {
-      {{"s"}, "show\nset\nserve\n"},
+      {{"s"}, "show\nset\nsync\nserve\n"},
       {{"zz"}, ""},
       {{"set", "--deb"}, "--debug-device\n"},
       {{"list", ""}, ":files\n"},

@@ -51,7 +51,8 @@ protected:
 TEST_F(DocumentTest, EveryExamplePrintsWhatThePageSays) {
   const fs::path source = fs::path(board).parent_path().parent_path();
   fs::create_directory_symlink(source, "examples");
-  for (const char *const page : {ZELDEBUG_DOCUMENT, ZELDEBUG_DESIGN_FILES}) {
+  for (const char *const page :
+       {ZELDEBUG_DOCUMENT, ZELDEBUG_DESIGN_FILES, ZELDEBUG_PROJECT_PAGE}) {
     const std::vector<Example> examples = examplesOf(page);
     EXPECT_GT(examples.size(), 10U) << page;
     for (const Example &example : examples) {

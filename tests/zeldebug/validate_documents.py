@@ -67,7 +67,7 @@ def looseness(schema, place):
 
 def schema_of(document):
     """A run that failed has no result, or says how far it got."""
-    members = document.keys() - {"version", "command", "warnings", "diagnostics"}
+    members = document.keys() - {"version", "command", "warnings", "diagnostics", "faults"}
     if members - {"failure"} == {"text"}:
         return "text"
     return "failure" if members == {"failure"} else document["command"]

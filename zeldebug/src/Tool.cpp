@@ -11,11 +11,16 @@ namespace zeldebug {
 
 namespace {
 
-ExitStatus fail(Output &output, const Failure &failure) {
-  output.fail(failure);
+ExitStatus end(Output &output, const Failure &failure) {
+  output.keepFailure(failure);
   if (output.json())
     output.dropResult();
   return failure.status();
+}
+
+ExitStatus fail(Output &output, const Failure &failure) {
+  output.fail(failure);
+  return end(output, failure);
 }
 
 } // namespace
@@ -28,6 +33,9 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   addShowCommand(line);
   addSetCommand(line);
   addCommandCommand(line);
+  addInitCommand(line);
+  addSyncCommand(line);
+  addAdoptCommand(line);
   addCheckCommand(line);
   addExplainCommand(line);
   addExplainCodeCommand(line);
@@ -42,6 +50,8 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   addCompletionWordsCommand(line);
   try {
     return line.run(argc, argv, output);
+  } catch (const ToldFailure &failure) {
+    return end(output, failure);
   } catch (const Failure &failure) {
     return fail(output, failure);
   } catch (const ZelDebugDialog::Refusal &refusal) {

@@ -164,14 +164,18 @@ void Save::expectSameOnDisk() {
 /// A file that reads as what is wanted stays as it is, however it is worded.
 bool Save::isSavedAlready() const {
   const OptionFile &file = session.loaded;
+  if (options.reword && file.bytes != session.current->analysis.command)
+    return false;
   return session.problem.empty() && file.exists && file.line != 0 &&
          session.differences().empty();
 }
 
 /// What cannot be saved makes no difference to the file.
 bool Save::isWrittenAlready() const {
+  const OptionFile &file = session.loaded;
   return session.problem.empty() &&
-         session.loaded.text == session.current->analysis.command &&
+         (options.reword ? file.bytes : file.text) ==
+             session.current->analysis.command &&
          !session.isChangedOnDisk();
 }
 

@@ -74,6 +74,10 @@ struct Draft {
     row.info.option = name;
     return *this;
   }
+  Draft ofDesk(DeskRule rule) {
+    row.info.desk = rule;
+    return *this;
+  }
   Draft multipleOf(std::int64_t step) {
     row.step = step;
     return *this;
@@ -218,13 +222,13 @@ std::vector<Draft> drafts() {
         .oneOf(connectionChoices()).through(readConnection, storeConnection).option("--connection").brings({"connectionType", "stubType"}, "the kind of connection decides it"),
     Draft("connectionType", connection, "Connection type", SettingKind::number, "Number of the kind of connection: 1 simulator, 2 hardware, 4 stub, 8 virtual platform.").shown(),
     Draft("simMemSize", simulator, "Memory", SettingKind::number, "Memory size of the soft processor's simulator.").range(0, most32),
-    Draft("ppcSimConfigFile", simulator, "Configuration file", SettingKind::file, "File that configures the PowerPC simulator; it takes the place of host and port.").text(TextRule::anyWord),
-    text("simIpcHost", simulator, "Host", "Host on which the PowerPC simulator or the virtual platform runs.").text(TextRule::anyWord).with({"simIpcPort"}),
-    Draft("simIpcPort", simulator, "Port", SettingKind::number, "Port of the PowerPC simulator or the virtual platform.").range(0, mostInt).with({"simIpcHost"}),
+    Draft("ppcSimConfigFile", simulator, "Configuration file", SettingKind::file, "File that configures the PowerPC simulator; it takes the place of host and port.").text(TextRule::anyWord).ofDesk(DeskRule::ifAbsolute),
+    text("simIpcHost", simulator, "Host", "Host on which the PowerPC simulator or the virtual platform runs.").text(TextRule::anyWord).with({"simIpcPort"}).ofDesk(DeskRule::always),
+    Draft("simIpcPort", simulator, "Port", SettingKind::number, "Port of the PowerPC simulator or the virtual platform.").range(0, mostInt).with({"simIpcHost"}).ofDesk(DeskRule::always),
     Draft("vpConfigMode", platform, "Configuration mode", SettingKind::flag, "Starts the virtual platform in its configuration mode.").range(0, 1).oneOf(flagChoices()).with({"cycleApproximate"}),
     Draft("cycleApproximate", platform, "Cycle-approximate", SettingKind::flag, "Counts cycles approximately; a part of the configuration mode.").range(0, 1).oneOf(flagChoices()).with({"vpConfigMode"}),
     Draft("stubType", connection, "Stub type", SettingKind::number, "How the stub is reached: 0 over JTAG, 1 over a serial line.").shown(),
-    Draft("stubSerialPort", stub, "Serial device", SettingKind::file, "Serial device that leads to the stub.").option("--stub-port"),
+    Draft("stubSerialPort", stub, "Serial device", SettingKind::file, "Serial device that leads to the stub.").option("--stub-port").ofDesk(DeskRule::always),
     Draft("stubBaudRate", stub, "Baud rate", SettingKind::number, "Bits per second of the stub's line.").range(0, mostInt, "bit/s").option("--stub-baud"),
     Draft("stubTimeout", stub, "Time-out", SettingKind::number, "How long to wait for the stub's answers.").range(0, mostInt, "ms"),
     Draft("debugDevice", debugDevice, "Debug device", SettingKind::number, "Number of the debug device in the JTAG chain, 0 for none.").range(0, most7Bits).option("--debug-device"),
@@ -246,8 +250,8 @@ std::vector<Draft> drafts() {
     Draft("romemSize", "Address map", "ROM size", SettingKind::number, "Size of the read-only memory.").range(0, most32, "bytes").with({"romemStartAdr"}).option("--rom"),
     Draft("svfFileFlag", cable, "SVF file named", SettingKind::flag, "A cable clause has named an SVF file."),
     Draft("modelSimMode", simulator, "ModelSim", SettingKind::flag, "Simulates together with ModelSim."),
-    text("modelSimHost", simulator, "ModelSim host", "Host on which ModelSim runs.").text(TextRule::anyWord),
-    Draft("modelSimPort", simulator, "ModelSim port", SettingKind::number, "Port of ModelSim.").range(0, mostInt),
+    text("modelSimHost", simulator, "ModelSim host", "Host on which ModelSim runs.").text(TextRule::anyWord).ofDesk(DeskRule::always),
+    Draft("modelSimPort", simulator, "ModelSim port", SettingKind::number, "Port of ModelSim.").range(0, mostInt).ofDesk(DeskRule::always),
     Draft("uartOverHdu", debugDevice, "UART over the debug module", SettingKind::flag, "Passes the processor's serial output through the debug module."),
     Draft("bscanUserReg", jtagChain, "Boundary-scan register", SettingKind::word, "User register through which the debug module is reached.").oneOf(registerChoices()).hexadecimal(),
     Draft("connectCommand", connection, "Command", SettingKind::text, "The connect command that was read or written last.").shown(),
@@ -255,12 +259,12 @@ std::vector<Draft> drafts() {
     Draft("cable.cableType", cable, "Cable", SettingKind::word, "Cable between the debugger and the board; choosing another one starts it anew.")
         .oneOf(cableChoices()).alsoBy(otherCableWords()).through(nullptr, storeCable).option("--cable").brings({"cable.frequency", "cable.port", "cable.esn", "cable.svfFile", "cable.moduleName", "cable.moduleArgs", "cable.url"}, "choosing a cable brings its port and frequency"),
     Draft("cable.frequency", cable, "Frequency", SettingKind::frequency, "Clock of the JTAG chain.").range(0, most32, "Hz").option("--frequency"),
-    text("cable.port", cable, "Port", "Port that the cable is plugged into.").option("--port"),
-    text("cable.esn", cable, "Serial number", "Electronic serial number that picks one of several cables; it takes the place of port and frequency.").option("--esn"),
-    Draft("cable.svfFile", cable, "SVF file", SettingKind::file, "File that an SVF cable writes."),
+    text("cable.port", cable, "Port", "Port that the cable is plugged into.").option("--port").ofDesk(DeskRule::unlessOfCable),
+    text("cable.esn", cable, "Serial number", "Electronic serial number that picks one of several cables; it takes the place of port and frequency.").option("--esn").ofDesk(DeskRule::always),
+    Draft("cable.svfFile", cable, "SVF file", SettingKind::file, "File that an SVF cable writes.").ofDesk(DeskRule::ifAbsolute),
     text("cable.moduleName", cable, "Module", "Module of a plug-in cable.").option("--module"),
     text("cable.moduleArgs", cable, "Module arguments", "Arguments of the plug-in's module, with ';' between them.").text(TextRule::words).option("--module-arg"),
-    text("cable.url", cable, "URL", "Address of the cable."),
+    text("cable.url", cable, "URL", "Address of the cable.").ofDesk(DeskRule::always),
 
     Draft("cpuJtag", jtagChain, "Processor's own JTAG pins", SettingKind::flag, "The processor's own JTAG pins are the debug path; no command with this mark can be read back.").range(0, 1).oneOf(flagChoices()).option("--cpu-jtag"),
     Draft("chain", jtagChain, "Devices", SettingKind::chain, "The devices of the JTAG chain, in their order.").through(readChain, storeChain).option("--device"),

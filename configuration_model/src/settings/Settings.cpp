@@ -126,6 +126,12 @@ Value ReadSetting(std::string_view id, const std::string &text) {
                           text);
 }
 
+Value ExpectSetting(std::string_view id, const Value &asked) {
+  const model::SettingRow &row = model::expectRow(id);
+  return model::takenValue(row.isOfDevice() ? row : model::expectSettable(id),
+                           asked);
+}
+
 std::string ShowValue(const SettingInfo &setting, const Value &value) {
   if (value.IsText())
     return model::wellFormed(value.Text());

@@ -361,6 +361,15 @@ Value readValue(const SettingRow &row, const std::string &text) {
   return expectValueOfKind(row, text, valueIn(fresh, row), fresh);
 }
 
+Value takenValue(const SettingRow &row, const Value &asked) {
+  Snapshot fresh;
+  fresh.chain.emplace_back();
+  const Value defaultValue = valueIn(fresh, row);
+  if (row.info.kind != SettingKind::word && asked == defaultValue)
+    return asked;
+  return expectValueOfKind(row, asked, defaultValue, fresh);
+}
+
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
                           const ProcessorInfoImp &processor) {
   if (row.set == nullptr || !choice.value.IsText())

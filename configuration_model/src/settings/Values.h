@@ -28,6 +28,10 @@ Value expectValue(const SettingRow &row, const Value &asked,
 /// @throws Refusal (badValue)
 Value readValue(const SettingRow &row, const std::string &text);
 
+/// The value that a change would take, of a fresh configuration.
+/// @throws Refusal (badValue)
+Value takenValue(const SettingRow &row, const Value &asked);
+
 /// Why the processor cannot have a choice; empty if it can.
 std::string whyNotAllowed(const SettingRow &row, const Choice &choice,
                           const ProcessorInfoImp &processor);

@@ -25,6 +25,9 @@ enum class ValueKind {
   connection,
   device,
   processor,
+  probe,   ///< of the project
+  profile, ///< of the project
+  target,  ///< a part of the project that changes
   setting,
   colour,
   instance,

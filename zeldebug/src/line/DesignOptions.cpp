@@ -143,6 +143,23 @@ void DesignOptions::addSourcesTo(CommandLine &line, CLI::App &app) {
                     ValueKind::text);
 }
 
+std::optional<std::string> DesignOptions::takeName() {
+  std::optional<std::string> name;
+  name.swap(designFile);
+  return name;
+}
+
+void DesignOptions::standOn(const DesignSources &sources) {
+  if (!designFile)
+    designFile = sources.designFile;
+  if (libraryFolders.empty())
+    libraryFolders = sources.libraryFolders;
+  if (!view && !sources.view.empty())
+    view = sources.view;
+  if (!kindsFile && !sources.kindsFile.empty())
+    kindsFile = sources.kindsFile;
+}
+
 /// What is empty here means to the model that nothing was given.
 DesignSources DesignOptions::expectSources() const {
   if (view && view->empty())
@@ -168,6 +185,11 @@ std::unique_ptr<DesignModel> DesignOptions::read(Output &output,
   expectRead(isRead, *design);
   tell(*design, telling, output);
   return design;
+}
+
+std::unique_ptr<DesignModel> DesignOptions::find() const {
+  auto design = std::make_unique<DesignModel>();
+  return ReadDesign(expectSources(), *design) ? std::move(design) : nullptr;
 }
 
 std::unique_ptr<DesignModel>

@@ -34,6 +34,14 @@ public:
 
   bool named() const { return designFile.has_value(); }
 
+  /// Takes DESIGN away: it was meant for something else.
+  std::optional<std::string> takeName();
+  /// What the line says.
+  /// @throws Failure for what is none
+  ZelDebugDialog::DesignSources expectSources() const;
+  /// What the line leaves out is as it is there.
+  void standOn(const ZelDebugDialog::DesignSources &sources);
+
   /// How much a person is told of what there is to say of a design that can be
   /// read.
   enum class Telling {
@@ -47,7 +55,9 @@ public:
   ///   none.
   std::unique_ptr<ZelDebugDialog::DesignModel>
   read(Output &output, Telling telling = Telling::counted) const;
-  /// The same, and proposes a kind table; the model is the design with it.
+  /// The same without a word; null where it cannot be read.
+  std::unique_ptr<ZelDebugDialog::DesignModel> find() const;
+  /// Reads it, and proposes a kind table; the model is the design with it.
   std::unique_ptr<ZelDebugDialog::DesignModel>
   proposeKinds(ZelDebugDialog::KindProposal &proposal, Output &output) const;
 
@@ -59,7 +69,6 @@ public:
 
 private:
   void addSourcesTo(CommandLine &line, CLI::App &app);
-  ZelDebugDialog::DesignSources expectSources() const;
   void expectView(const ZelDebugDialog::DesignModel &design) const;
   void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design) const;
   void tell(const ZelDebugDialog::DesignModel &design, Telling telling,

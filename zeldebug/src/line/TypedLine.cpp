@@ -97,6 +97,9 @@ void Reader::take(const std::string &word) {
 
 void Reader::takeLast(const std::string &word) {
   read.last = word;
+  for (const CLI::Option *option : app->get_options())
+    if (option->get_positional() && option->get_name() == "DESIGN")
+      read.takesDesign = true;
   // In "--name=va" the value is what is being typed.
   const std::size_t equals = word.find('=');
   if (valueOf == nullptr && equals != std::string::npos && word[0] == '-') {
@@ -119,9 +122,18 @@ void Reader::takeLast(const std::string &word) {
   if (read.isSubcommand)
     return;
   std::size_t position = 0;
-  for (const CLI::Option *option : app->get_options())
-    if (option->get_positional() && position++ == read.arguments.size())
+  bool takesProcessor = false;
+  for (const CLI::Option *option : app->get_options()) {
+    if (!option->get_positional())
+      continue;
+    takesProcessor =
+        takesProcessor || line.kindOf(option) == ValueKind::processor;
+    if (position++ == read.arguments.size())
       read.kind = line.kindOf(option);
+  }
+  read.mayBeProcessor = read.takesDesign && read.arguments.empty() &&
+                        takesProcessor &&
+                        findOption(*app, "--project") != nullptr;
 }
 
 } // namespace

@@ -24,6 +24,12 @@ struct TypedLine {
   /// What arguments of the subcommand may be that look like options.
   std::optional<ValueKind> dashedKind;
 
+  /// Whether the first argument of the subcommand is a design.
+  bool takesDesign = false;
+  /// Whether the last word is that argument, or where a project names the
+  /// design, a processor.
+  bool mayBeProcessor = false;
+
   /// The last value of an option; empty without one.
   std::string value(const std::string &option) const;
 };

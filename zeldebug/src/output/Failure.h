@@ -44,6 +44,12 @@ private:
   FailureDetails about;
 };
 
+/// The same, but the user has been told already.
+class ToldFailure : public Failure {
+public:
+  using Failure::Failure;
+};
+
 } // namespace zeldebug
 
 #endif

@@ -128,9 +128,15 @@ std::string Output::wholeDocument() const {
     whole[name] = value;
   if (!failed.is_null())
     whole["failure"] = failed;
+  if (!faults.is_null())
+    whole["faults"] = faults;
   if (!remarks.is_null() && !whole.contains("diagnostics"))
     whole["diagnostics"] = remarks;
   whole["warnings"] = said;
+  for (Json &one : whole["warnings"])
+    for (const char *const part : {"file", "line", "column"})
+      if (hasPlaces && !one.contains(part))
+        one[part] = nullptr;
   // Bytes that are no UTF-8 can stand in an option file; JSON has no place for
   // them.
   return whole.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
@@ -153,6 +159,11 @@ void Output::keep(const Severity &severity, std::string_view text,
                   {"code", orNull(about.code)},
                   {"message", printableLines(text)},
                   {"setting", orNull(about.setting)}});
+  if (about.line == 0)
+    return;
+  said.back()["file"] = about.file;
+  said.back()["line"] = about.line;
+  said.back()["column"] = about.column;
 }
 
 void Output::note(std::string_view text, const About &about) {
@@ -184,6 +195,13 @@ void Output::fail(const Failure &failure) {
 
 void Output::keepFailure(const Failure &failure) {
   failed = failureJson(failure);
+}
+
+void Output::fault(std::string_view text, const Json &told) {
+  say(errorSeverity, text);
+  if (faults.is_null())
+    faults = Json::array();
+  faults.push_back(told);
 }
 
 void Output::useRemarks() {

@@ -28,6 +28,9 @@ enum class Colour {
 struct About {
   std::string code = {};    ///< known to `explain-code`
   std::string setting = {}; ///< its name
+  std::string file = {};    ///< a file of the project
+  int line = 0;             ///< in it, from 1
+  int column = 0;           ///< from 1, in bytes
 };
 
 /// Something that a design file is told of.
@@ -81,6 +84,12 @@ public:
   /// The same for the document alone.
   void keepFailure(const Failure &failure);
 
+  /// The files of a project are read: documents tell of each warning where it
+  /// stands in them.
+  void usePlaces() { hasPlaces = true; }
+  /// One of several errors for which a run ends; `told` is it in the document.
+  void fault(std::string_view text, const Json &told);
+
   /// A design is read: documents tell what there is to say of its files.
   void useRemarks();
   void remark(const DesignRemark &remark);
@@ -121,6 +130,7 @@ private:
   bool isQuiet = false;
   bool isStrict = false;
   bool hasWarned = false;
+  bool hasPlaces = false;
   bool colourOut = false;
   bool colourErr = false;
   std::size_t columns = 0;
@@ -129,6 +139,7 @@ private:
   Json members;
   Json said = Json::array();
   Json remarks; ///< null unless a design is read
+  Json faults;  ///< null unless there are any
   Json failed;  ///< null unless the run has failed
 };
 

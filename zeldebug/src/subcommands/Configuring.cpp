@@ -11,12 +11,14 @@
 
 #include "line/Refused.h"
 #include "line/WorkingFolder.h"
+#include "output/ProjectFaults.h"
 #include "output/Values.h"
 
 namespace zeldebug {
 
 namespace {
 
+using ZelDebugDialog::AppliedProject;
 using ZelDebugDialog::Board;
 using ZelDebugDialog::CableInfo;
 using ZelDebugDialog::CheckCommand;
@@ -27,6 +29,7 @@ using ZelDebugDialog::CommandSettings;
 using ZelDebugDialog::Effect;
 using ZelDebugDialog::FindSetting;
 using ZelDebugDialog::Loss;
+using ZelDebugDialog::MergedProcessor;
 using ZelDebugDialog::Refusal;
 using ZelDebugDialog::Session;
 using ZelDebugDialog::SettingInfo;
@@ -75,12 +78,14 @@ void expectWholeNumbers(const Board &board, const Session &session,
 }
 
 std::optional<Session> copiedSession(const Board &board,
-                                     const AskedSettings &asked) {
+                                     const AskedSettings &asked,
+                                     const LineProject *project) {
   if (!asked.copyFrom)
     return std::nullopt;
   try {
     std::optional<Session> copied(std::in_place, board, *asked.copyFrom);
     expectLoaded(*copied, "");
+    startFrom(project, *copied);
     return copied;
   } catch (const Refusal &refusal) {
     throw failureOf(refusal, "--copy-from");
@@ -155,7 +160,7 @@ std::string settingAt(const std::string &command, std::size_t offset) {
 }
 
 /// What is read as it is written, and surely not meant.
-void tellDoubts(const Session &session, std::vector<Remark> &remarks) {
+void tellDoubtsOfCommand(const Session &session, std::vector<Remark> &remarks) {
   const std::string command = commandOf(session);
   if (command.empty())
     return;
@@ -229,11 +234,13 @@ void expectLoaded(Session &session, const std::string &advice) {
 }
 
 std::vector<Effect> applySettings(const Board &board, Session &session,
-                                  const AskedSettings &asked, bool force,
+                                  const AskedSettings &asked,
+                                  const ConfigureOptions &options,
                                   std::vector<Remark> &remarks) {
   if (asked.command)
-    expectWholeNumbers(board, session, *asked.command, force, remarks);
-  const std::optional<Session> copied = copiedSession(board, asked);
+    expectWholeNumbers(board, session, *asked.command, options.force, remarks);
+  const std::optional<Session> copied =
+      copiedSession(board, asked, options.project);
   std::vector<Effect> effects;
   try {
     for (Effect &effect :
@@ -246,10 +253,31 @@ std::vector<Effect> applySettings(const Board &board, Session &session,
   for (const Effect &effect : effects)
     remarks.push_back({false, shownEffect(effect), {"", effect.setting}});
   tellLeftOut(session, asked, remarks);
+  tellDoubts(session, asked, remarks);
+  return effects;
+}
+
+void tellDoubts(const Session &session, const AskedSettings &asked,
+                std::vector<Remark> &remarks) {
   tellFrequency(session, asked, remarks);
   if (!asked.empty())
-    tellDoubts(session, remarks);
-  return effects;
+    tellDoubtsOfCommand(session, remarks);
+}
+
+void startFrom(const LineProject *project, Session &session) {
+  std::error_code error;
+  if (project == nullptr || std::filesystem::exists(session.File(), error))
+    return;
+  const MergedProcessor merged = mergedFor(*project, session.Processor());
+  const AppliedProject applied =
+      ApplyProject(project->project, merged, *project->board, session);
+  // Where nobody has named a connection, the line may; it is looked at again
+  // when it is saved.
+  const bool isUnnamed = merged.Find("connection") == nullptr &&
+                         applied.refusal &&
+                         applied.refusal->setting == "connection";
+  if (applied.refusal && !isUnnamed)
+    throw refusedAt(*applied.refusal, applied.place);
 }
 
 Configured configure(const Board &board, const std::string &processor,
@@ -267,12 +295,13 @@ Configured configure(const Board &board, const std::string &processor,
                      ? "; it stays as it is (--force starts from the defaults)"
                      : "; it stays as it is");
   }
+  startFrom(options.project, configured.session);
   if (!asked.empty()) {
     configured.lossesBefore = configured.session.Losses();
     configured.saved = settingsInFile(configured.session);
   }
-  configured.effects = applySettings(board, configured.session, asked,
-                                     options.force, configured.remarks);
+  configured.effects = applySettings(board, configured.session, asked, options,
+                                     configured.remarks);
   const bool isReplaced = asked.command || asked.copyFrom;
   if (!asked.empty() && !isReplaced)
     tellCutNumbers(configured.session, configured.remarks);

@@ -10,6 +10,7 @@
 #include <ZelDebugDialog/ConfigurationModel/Session.h>
 
 #include "line/AskedSettings.h"
+#include "line/ProjectOptions.h"
 #include "output/Output.h"
 
 namespace zeldebug {
@@ -36,10 +37,14 @@ struct Configured {
 };
 
 struct ConfigureOptions {
-  ZelDebugDialog::Session::Hold hold;
+  ZelDebugDialog::Session::Hold hold =
+      ZelDebugDialog::Session::Hold::whileSaving;
   /// A saved command that cannot be read counts as none; a number of --from
   /// that does not fit is taken as it is read.
   bool force = false;
+  /// What a processor without an option file starts from; null for the
+  /// defaults.
+  const LineProject *project = nullptr;
 };
 
 /// Loads and changes.
@@ -53,13 +58,23 @@ Configured configure(const ZelDebugDialog::Board &board,
 /// @throws Failure (unreadable) for a saved command that cannot be read
 void expectLoaded(ZelDebugDialog::Session &session, const std::string &advice);
 
+/// Makes a session without an option file what the project says.
+/// @param project  null: it stays as it is
+/// @throws Failure (refused) where the processor cannot have it
+void startFrom(const LineProject *project, ZelDebugDialog::Session &session);
+
 /// Changes a session that is loaded.
-/// @param force  as of `ConfigureOptions`
+/// @param options  `hold` is of no account
 /// @throws Failure
 std::vector<ZelDebugDialog::Effect>
 applySettings(const ZelDebugDialog::Board &board,
               ZelDebugDialog::Session &session, const AskedSettings &asked,
-              bool force, std::vector<Remark> &remarks);
+              const ConfigureOptions &options, std::vector<Remark> &remarks);
+
+/// What is read as it is written and surely not meant, of a session that has
+/// the settings of a line.
+void tellDoubts(const ZelDebugDialog::Session &session,
+                const AskedSettings &asked, std::vector<Remark> &remarks);
 
 /// What a written command would not bring back, as it is told.
 struct Verdict {

@@ -2,11 +2,11 @@
 #include <memory>
 #include <optional>
 
-#include <ZelDebugDialog/ConfigurationModel/Codes.h>
 #include <fmt/format.h>
 
 #include "line/CommandLine.h"
 #include "line/Options.h"
+#include "output/AllCodes.h"
 #include "output/Output.h"
 #include "output/Suggestion.h"
 #include "output/Table.h"
@@ -16,35 +16,33 @@ namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::Code;
-using ZelDebugDialog::GetCodes;
-using ZelDebugDialog::ShowSeverity;
-
-std::vector<std::string> knownCodes() {
-  std::vector<std::string> codes;
-  for (const Code &row : GetCodes())
-    codes.emplace_back(row.code);
-  return codes;
-}
-
-std::vector<const Code *> expectCodes(const std::optional<std::string> &code) {
-  std::vector<const Code *> rows;
-  for (const Code &row : GetCodes())
+std::vector<const CodeRow *>
+expectCodes(const std::optional<std::string> &code) {
+  std::vector<const CodeRow *> rows;
+  for (const CodeRow &row : allCodes())
     if (!code || *code == row.code)
       rows.push_back(&row);
   if (rows.empty())
     throw Failure(ExitStatus::wrongUse,
                   fmt::format("explain-code: '{}' is unknown; there are {}{}",
-                              printable(*code), quotedList(knownCodes()),
-                              didYouMean(*code, knownCodes())),
-                  {"bad-value", "CODE", *code, knownCodes(),
-                   nearestMatch(*code, knownCodes())});
+                              printable(*code), quotedList(codeNames()),
+                              didYouMean(*code, codeNames())),
+                  {"bad-value", "CODE", *code, codeNames(),
+                   nearestMatch(*code, codeNames())});
   return rows;
 }
 
-Json codeJson(const Code &row) {
+/// Each line behind the first as far to the right.
+std::string indented(std::string text) {
+  for (std::size_t at = text.find('\n'); at != std::string::npos;
+       at = text.find('\n', at + 1))
+    text.insert(at + 1, "  ");
+  return text;
+}
+
+Json codeJson(const CodeRow &row) {
   return {{"code", row.code},
-          {"severity", ShowSeverity(row.severity)},
+          {"severity", row.severity},
           {"meaning", row.meaning},
           {"example", row.example.empty() ? Json() : Json(row.example)},
           {"where", row.where.empty() ? Json() : Json(row.where)},
@@ -52,28 +50,28 @@ Json codeJson(const Code &row) {
 }
 
 ExitStatus run(const std::optional<std::string> &code, Output &output) {
-  const std::vector<const Code *> rows = expectCodes(code);
+  const std::vector<const CodeRow *> rows = expectCodes(code);
   if (output.json()) {
     Json list = Json::array();
-    for (const Code *row : rows)
+    for (const CodeRow *row : rows)
       list.push_back(codeJson(*row));
     output.document({{"codes", list}});
     return ExitStatus::done;
   }
   if (!code) {
     Table table({"CODE", "SEVERITY", "MEANING"});
-    for (const Code *row : rows)
-      table.addRow({row->code, ShowSeverity(row->severity), row->meaning});
+    for (const CodeRow *row : rows)
+      table.addRow({row->code, row->severity, row->meaning});
     table.print(output);
     return ExitStatus::done;
   }
-  const Code &row = *rows.front();
-  output.printLine(
-      fmt::format("{} ({})\n", row.code, ShowSeverity(row.severity)));
+  const CodeRow &row = *rows.front();
+  output.printLine(fmt::format("{} ({})\n", row.code, row.severity));
   output.printSentence(row.meaning);
   const std::string where = row.where.empty() ? "" : ", " + row.where;
   if (!row.example.empty())
-    output.printLine(fmt::format("\nExample{}:\n  {}", where, row.example));
+    output.printLine(
+        fmt::format("\nExample{}:\n  {}", where, indented(row.example)));
   output.printLine("");
   output.printSentence("What to do: " + row.advice);
   return ExitStatus::done;

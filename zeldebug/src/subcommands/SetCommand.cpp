@@ -1,4 +1,5 @@
-// set: change what is saved for a processor, or for all of them at once.
+// set: change what is saved for a processor, or for all of them at once, or
+// what the project says of them.
 #include <algorithm>
 #include <filesystem>
 #include <memory>
@@ -10,12 +11,15 @@
 
 #include "line/DesignOptions.h"
 #include "line/Options.h"
+#include "line/ProjectOptions.h"
+#include "line/ProjectTargets.h"
 #include "line/Refused.h"
 #include "line/SettingOptions.h"
 #include "line/WorkingFolder.h"
 #include "output/Table.h"
 #include "output/Values.h"
 #include "subcommands/Configuring.h"
+#include "subcommands/SettingInto.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
@@ -35,7 +39,9 @@ using ZelDebugDialog::Session;
 
 struct SetOptions {
   DesignOptions design;
+  ProjectOptions project;
   std::optional<std::string> processor;
+  std::optional<std::string> into;
   SettingOptions settings;
   bool all = false;
   bool dryRun = false;
@@ -97,10 +103,11 @@ bool isBlocking(const Loss &loss) { return loss.blocking; }
 
 class Run {
 public:
+  /// @param lineProject  null for none
   Run(const SetOptions &setOptions, const AskedSettings &askedSettings,
-      const Board &usedBoard, Output &runOutput)
+      const Board &usedBoard, const LineProject *lineProject, Output &runOutput)
       : options(setOptions), asked(askedSettings), board(usedBoard),
-        output(runOutput) {}
+        project(lineProject), output(runOutput) {}
 
   /// Configures all, saves them together, and tells what became of each.
   ExitStatus run(const std::vector<std::string> &processors);
@@ -119,6 +126,7 @@ private:
   const SetOptions &options;
   const AskedSettings &asked;
   const Board &board;
+  const LineProject *project;
   Output &output;
   std::vector<Outcome> outcomes;
 };
@@ -130,7 +138,7 @@ Outcome Run::open(const std::string &processor) const {
     const Session::Hold hold = holdFor(board, options.dryRun);
     outcome.wasHeld = hold == Session::Hold::untilSaved;
     outcome.configured =
-        configure(board, processor, asked, {hold, options.force});
+        configure(board, processor, asked, {hold, options.force, project});
     if (output.strict())
       expectNoWarning(*outcome.configured);
   } catch (const Failure &failure) {
@@ -271,7 +279,9 @@ void Run::printResults() const {
     Json list = Json::array();
     for (const Outcome &outcome : outcomes)
       list.push_back(resultOf(outcome));
-    output.document({{"results", list}});
+    Json members = project == nullptr ? Json::object() : projectJson(*project);
+    members["results"] = list;
+    output.document(members);
     return;
   }
   if (!options.all) {
@@ -299,23 +309,76 @@ ExitStatus Run::run(const std::vector<std::string> &processors) {
   return worst;
 }
 
+std::vector<std::string> processorsOf(const SetOptions &options,
+                                      const Board &board) {
+  if (!options.all)
+    return {*options.processor};
+  std::vector<std::string> processors;
+  for (const BoardProcessor &processor : board.Processors())
+    processors.push_back(processor.name);
+  return processors;
+}
+
+/// What goes to a file of the project is a setting with its value.
+IntoOptions intoOptions(const SetOptions &options, const AskedSettings &asked) {
+  const auto refuse = [](const char *option, const char *problem) {
+    throw Failure(ExitStatus::wrongUse, fmt::format("{}: {}", option, problem),
+                  {"", option});
+  };
+  if (options.design.named())
+    refuse("--into", "there is no project where DESIGN is given");
+  if (options.makeFolder)
+    refuse("--mkdir", "--into writes no option file");
+  if (options.force)
+    refuse("--force", "--into writes nothing that would not survive");
+  constexpr const char *whole =
+      "--into takes settings one by one, or with --settings";
+  if (asked.command)
+    refuse("--from", whole);
+  if (asked.copyFrom)
+    refuse("--copy-from", whole);
+  IntoOptions into;
+  into.target = *options.into;
+  expectTarget(into.target, into.edit);
+  into.edit.processor = options.processor.value_or("");
+  into.dryRun = options.dryRun;
+  return into;
+}
+
 ExitStatus run(const SetOptions &options, const std::string &folder,
                Output &output) {
-  if (options.all == options.processor.has_value())
-    throw Failure(ExitStatus::wrongUse,
-                  "set: give either a PROCESSOR or --all");
+  const auto expectOne = [&options] {
+    if (options.all == options.processor.has_value())
+      throw Failure(ExitStatus::wrongUse,
+                    "set: give either a PROCESSOR or --all");
+  };
+  const auto expectQuiet = [&output] {
+    if (output.failsBecauseOfWarnings())
+      throw Failure(ExitStatus::refused, savedNothingStrictly);
+  };
+  if (!options.project.areUsed(options.design)) {
+    expectOne();
+    const AskedSettings asked = options.settings.read();
+    if (options.into)
+      intoOptions(options, asked);
+    const auto design = options.design.read(output);
+    expectQuiet();
+    const Board board(*design, optionFolder(folder));
+    return Run(options, asked, board, nullptr, output)
+        .run(processorsOf(options, board));
+  }
+  options.project.expectFile(folder);
+  expectOne();
   const AskedSettings asked = options.settings.read();
-  const auto design = options.design.read(output);
-  if (output.failsBecauseOfWarnings())
-    throw Failure(ExitStatus::refused, savedNothingStrictly);
-  const Board board(*design, optionFolder(folder));
-  std::vector<std::string> processors;
-  if (options.all)
-    for (const BoardProcessor &processor : board.Processors())
-      processors.push_back(processor.name);
-  else
-    processors.push_back(*options.processor);
-  return Run(options, asked, board, output).run(processors);
+  std::optional<IntoOptions> into;
+  if (options.into)
+    into = intoOptions(options, asked);
+  const LineProject line = options.project.open(options.design, folder, output);
+  expectQuiet();
+  if (into)
+    return setInto(*into, asked, line, output);
+  return Run(options, asked, *line.board, &line, output)
+      .run(processorsOf(options, *line.board));
 }
 
 } // namespace
@@ -325,11 +388,14 @@ void addSetCommand(CommandLine &line) {
   Options app = line.addSubcommand(
       "set", "Change and save the configuration of a processor",
       "zeldebug set board.xml cpu0 --cable quorla_podusb --frequency 3MHz "
-      "--mkdir",
+      "--mkdir\n  zeldebug set cpu0 --esn 0042 --into local",
       [options, &line](Output &output) {
-        return run(*options, line.workingFolder(), output);
+        SetOptions given = *options;
+        if (!given.all)
+          given.project.takeProcessor(given.design, given.processor);
+        return run(given, line.workingFolder(), output);
       });
-  options->design.addTo(app);
+  options->design.addTo(app, false);
   app.addArgument("PROCESSOR", options->processor,
                   "instance name of a processor", ValueKind::processor);
   app.addFlag("--all", options->all,
@@ -341,6 +407,11 @@ void addSetCommand(CommandLine &line) {
               "start from the defaults if what is saved cannot be read");
   app.addFlag("--mkdir", options->makeFolder,
               "make the folder etc/ if it is missing");
+  addTargetOption(app, options->into,
+                  "write to a file of the project in place of the option "
+                  "file: local, project or profile:NAME; with --all to its "
+                  "table of all processors");
+  options->project.addTo(app);
   options->settings.addTo(app);
 }
 

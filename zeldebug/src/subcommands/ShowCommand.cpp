@@ -208,7 +208,7 @@ ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
   if (!asked.empty()) {
     expectLoaded(session, "");
     std::vector<Remark> remarks;
-    applySettings(board, session, asked, false, remarks);
+    applySettings(board, session, asked, {}, remarks);
     print(settingsWith(session, asked), options.origin, output);
     return ExitStatus::done;
   }

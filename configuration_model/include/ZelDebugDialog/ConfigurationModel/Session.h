@@ -156,6 +156,8 @@ struct SaveOptions {
   bool force = false;
   bool makeFolder = false; ///< Makes the folder if it is missing.
   bool dryRun = false;     ///< Tells what would become of it; writes nothing.
+  /// Also replaces a file that gives the same in other bytes.
+  bool reword = false;
 };
 
 namespace model {

@@ -36,6 +36,15 @@ enum class SettingKind : std::uint8_t {
 /// "flag", "number", ...
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const char *ShowKind(SettingKind kind);
 
+/// Whether a value belongs to the desk of a person: to what is plugged in there
+/// and to where files lie, not to the design that a team shares.
+enum class DeskRule : std::uint8_t {
+  never,         ///< it belongs to the design
+  always,        ///< a serial number, a device, a host, a port of a host
+  unlessOfCable, ///< unless it is what the cable starts with
+  ifAbsolute,    ///< if it is an absolute path
+};
+
 /// One of the values of a setting that has few.
 struct Choice {
   Value value;       ///< What the setting is then.
@@ -65,6 +74,7 @@ struct SettingInfo {
   std::vector<Choice> choices; ///< Of words; empty for the others.
   /// The option of `zeldebug set` that sets it; empty: `--settings` does.
   std::string option;
+  DeskRule desk = DeskRule::never; ///< Whose its values are.
 };
 
 /// All settings. The fields of a chain's devices have rows of their own
@@ -96,6 +106,14 @@ ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const AddressMapInfo &GetAddressMap();
 /// @throws Refusal (unknownSetting, notSettable, badValue)
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Value
 ReadSetting(std::string_view id, const std::string &text);
+
+/// What a change would take a value for, before there is a configuration: of
+/// the type that the setting has, or a text that a person would type for it.
+/// What the setting has by default is a value.
+/// @param id  also a field of the chain's devices, "chain[].idcode"
+/// @throws Refusal (unknownSetting, notSettable, badValue)
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Value
+ExpectSetting(std::string_view id, const Value &asked);
 
 /// A value for people: "quorla_podusb", "3 MHz", "0x40000000", "not set". It is
 /// UTF-8: bytes of a text that are none are shown as U+FFFD.

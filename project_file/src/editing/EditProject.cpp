@@ -1,0 +1,430 @@
+#include "ZelDebugDialog/ProjectFile/Edit.h"
+
+#include <algorithm>
+#include <memory>
+
+#include <fmt/format.h>
+
+#include "ZelDebugDialog/ConfigurationModel/Text.h"
+#include "editing/EditText.h"
+#include "editing/WantedValues.h"
+#include "editing/WrittenValue.h"
+#include "files/ReadFile.h"
+#include "files/WriteFile.h"
+#include "merging/Sources.h"
+#include "reading/Faults.h"
+#include "reading/FileReader.h"
+#include "reading/Keys.h"
+
+namespace ZelDebugDialog {
+
+namespace {
+
+using namespace project;
+
+constexpr const char *byteOrderMark = "\xEF\xBB\xBF";
+
+[[noreturn]] void refuseFault(const ProjectFault &fault) {
+  Refusal refusal(RefusalKind::unreadable,
+                  fmt::format("{}:{}:{}", ShowText(fault.place.file),
+                              fault.place.line, fault.place.column),
+                  fault.message);
+  refusal.file = fault.place.file;
+  refusal.line = fault.place.line;
+  refusal.setting = fault.setting;
+  refusal.accepted = fault.accepted;
+  refusal.suggestion = fault.suggestion;
+  throw refusal;
+}
+
+void expectNoError(const std::vector<ProjectFault> &faults) {
+  for (const ProjectFault &fault : faults)
+    if (fault.severity == ProjectSeverity::error)
+      refuseFault(fault);
+}
+
+Path settingPath(const Path &table, const std::string &setting) {
+  Path path = table;
+  std::size_t start = 0;
+  for (;;) {
+    const std::size_t dot = setting.find('.', start);
+    path.push_back(setting.substr(start, dot - start));
+    if (dot == std::string::npos)
+      return path;
+    start = dot + 1;
+  }
+}
+
+const ProjectProfile *findProfile(const ProjectLayer &layer,
+                                  const std::string &name) {
+  for (const ProjectProfile &profile : layer.profiles)
+    if (profile.name == name)
+      return &profile;
+  return nullptr;
+}
+
+/// The texts of both files while one of them changes.
+class Edit {
+public:
+  Edit(std::string ofFile, const Board &ofBoard, const ProjectWishes &wishes)
+      : projectFile(std::move(ofFile)), board(ofBoard) {
+    projectText = expectFile(projectFile);
+    localText = findFile(LocalFileOf(projectFile));
+    const Project before = read();
+    expectNoError(before.faults);
+    told = AllFaults(before, board);
+    expectNoError(told);
+    choice = ChooseProject(before, wishes);
+  }
+
+  /// One a file that is a target, the project file first.
+  std::vector<EditedProject> plan(const std::vector<ProjectEdit> &edits) {
+    std::vector<EditedProject> changed(2);
+    EditedProject &ofProject = changed.front();
+    EditedProject &ofLocal = changed.back();
+    ofProject.file = projectFile;
+    ofProject.before = projectText;
+    ofLocal.file = LocalFileOf(projectFile);
+    ofLocal.before = localText;
+    std::vector<bool> isOfLocal;
+    for (const ProjectEdit &one : edits) {
+      apply(one);
+      isOfLocal.push_back(isLocal);
+    }
+    const Project after = read();
+    const std::vector<ProjectFault> now = AllFaults(after, board);
+    expectNoError(now);
+    for (const ProjectFault &fault : newOf(now))
+      (fault.place.file == ofLocal.file ? ofLocal : ofProject)
+          .warnings.push_back(fault);
+    ofProject.after = projectText;
+    ofLocal.after = localText.value_or("");
+    for (std::size_t at = 0; at < edits.size(); ++at) {
+      edit = &edits[at];
+      check(after, isOfLocal[at] ? ofLocal : ofProject);
+    }
+    ofProject.project = after;
+    ofLocal.project = after;
+    for (const bool isLast : {true, false})
+      if (std::find(isOfLocal.begin(), isOfLocal.end(), isLast) ==
+          isOfLocal.end())
+        changed.erase(isLast ? changed.end() - 1 : changed.begin());
+    return changed;
+  }
+
+private:
+  Project read() const {
+    return ReadProjectTexts(projectFile, projectText, localText);
+  }
+  std::string text() const {
+    return isLocal ? localText.value_or("") : projectText;
+  }
+  void change(const std::string &to) {
+    if (isLocal)
+      localText = to;
+    else
+      projectText = to;
+  }
+
+  void apply(const ProjectEdit &one) {
+    edit = &one;
+    choose(read());
+    for (const auto &[setting, value] : wantedValues(one))
+      set(setting, value);
+    for (const std::string &setting : one.unset)
+      unset(expectAccepted(setting));
+  }
+
+  void choose(const Project &before) {
+    table.clear();
+    isLocal = edit->target == ProjectTarget::local;
+    if (edit->target == ProjectTarget::profile) {
+      const bool isInProject =
+          findProfile(before.project, edit->profile) != nullptr;
+      const bool isInLocal =
+          findProfile(before.local, edit->profile) != nullptr;
+      if (!isInProject && !isInLocal)
+        refuseProfile(before);
+      isLocal = !isInProject;
+      table = {"profile", edit->profile};
+      choice.profile.name = edit->profile;
+    }
+    if (edit->processor.empty()) {
+      table.emplace_back("settings");
+      return;
+    }
+    table.emplace_back("processor");
+    table.push_back(edit->processor);
+    if (findProcessors().empty()) {
+      Refusal refusal(RefusalKind::unknownProcessor, "",
+                      fmt::format("'{}' is no processor that can be debugged",
+                                  ShowText(edit->processor)));
+      refusal.value = edit->processor;
+      for (const BoardProcessor &processor : board.Processors())
+        refusal.accepted.push_back(processor.name);
+      refusal.suggestion = FindNearest(edit->processor, refusal.accepted);
+      throw refusal;
+    }
+  }
+
+  [[noreturn]] void refuseProfile(const Project &before) const {
+    std::vector<std::string> names;
+    for (const ProjectLayer *const layer : {&before.project, &before.local})
+      for (const ProjectProfile &profile : layer->profiles)
+        names.push_back(profile.name);
+    Refusal refusal(RefusalKind::badValue, "",
+                    fmt::format("'{}' is no profile of the project; write "
+                                "[profile.{}.settings]",
+                                ShowText(edit->profile),
+                                writtenKey(edit->profile)));
+    refusal.value = edit->profile;
+    refusal.suggestion = FindNearest(edit->profile, names);
+    refusal.accepted = std::move(names);
+    throw refusal;
+  }
+
+  std::vector<const BoardProcessor *> findProcessors() const {
+    std::vector<const BoardProcessor *> found;
+    for (const BoardProcessor &processor : board.Processors())
+      if (edit->processor.empty() || processor.name == edit->processor)
+        found.push_back(&processor);
+    return found;
+  }
+
+  // --- Bytes -----------------------------------------------------------------
+
+  std::vector<std::string> unsetOf(const TomlNode &root) const {
+    std::vector<std::string> names;
+    Path path = table;
+    path.emplace_back(unsetKey);
+    if (const TomlNode *const list = findNode(root, path))
+      for (const TomlNode &item : list->items)
+        names.push_back(item.text);
+    return names;
+  }
+
+  std::string withUnset(const std::string &of,
+                        const std::vector<std::string> &names) const {
+    Path path = table;
+    path.emplace_back(unsetKey);
+    if (names.empty())
+      return withoutKey(of, path);
+    std::string list;
+    for (const std::string &name : names)
+      list += (list.empty() ? "" : ", ") + writtenText(name);
+    return withKey(of, path, table.size(),
+                   [&list](const std::string &) { return "[" + list + "]"; });
+  }
+
+  void set(const std::string &setting, const Value &value) {
+    const bool hasMark = withoutMark(text()).size() != text().size();
+    std::string now = withoutMark(text());
+    std::vector<std::string> names = unsetOf(readToml(now).root);
+    const auto found = std::find(names.begin(), names.end(), setting);
+    if (found != names.end()) {
+      names.erase(found);
+      now = withUnset(now, names);
+    }
+    const SettingInfo &info = *FindSetting(setting);
+    const std::string lineEnd = lineEndOf(now);
+    now = withKey(now, settingPath(table, setting), table.size(),
+                  [&](const std::string &before) {
+                    return keeps(info, value, before)
+                               ? before
+                               : writtenValue(info, value, before, lineEnd);
+                  });
+    change((hasMark ? byteOrderMark : "") + now);
+  }
+
+  /// Whether what is written says the value already, in its own words.
+  static bool keeps(const SettingInfo &info, const Value &value,
+                    const std::string &before) {
+    if (before.empty() || value.IsChain())
+      return false;
+    const TomlDocument document = readToml("value = " + before);
+    const TomlMember *const member = document.root.find("value");
+    if (member == nullptr)
+      return false;
+    const TomlNode &node = member->value;
+    try {
+      switch (node.type) {
+      case TomlType::boolean:
+        return ExpectSetting(info.id, node.flag) == value;
+      case TomlType::integer:
+        return ExpectSetting(info.id, node.integer) == value;
+      case TomlType::text:
+        return ExpectSetting(info.id, node.text) == value;
+      default:
+        return false;
+      }
+    } catch (const Refusal &) {
+      return false;
+    }
+  }
+
+  void unset(const std::string &setting) {
+    const std::string before = text();
+    const bool hasMark = withoutMark(before).size() != before.size();
+    const std::string front = hasMark ? byteOrderMark : "";
+    const std::string removed =
+        withoutKey(withoutMark(before), settingPath(table, setting));
+    change(front + removed);
+    std::vector<std::string> names = unsetOf(readToml(removed).root);
+    if (std::find(names.begin(), names.end(), setting) != names.end())
+      return;
+    const Project without = read();
+    names.push_back(setting);
+    const std::string taken = withUnset(removed, names);
+    change(front + taken);
+    const Project with = read();
+    const auto counts = [&](const Project &project,
+                            const BoardProcessor &processor) {
+      return MergeProject(project, choice, processor).Find(setting) != nullptr;
+    };
+    for (const BoardProcessor *const processor : findProcessors())
+      if (counts(without, *processor) && !counts(with, *processor))
+        return;
+    change(front + removed);
+  }
+
+  // --- What it makes of the processors ---------------------------------------
+
+  void check(const Project &after, EditedProject &edited) const {
+    for (const BoardProcessor *const processor : findProcessors()) {
+      const MergedProcessor merged = MergeProject(after, choice, *processor);
+      expectApplied(after, merged);
+      for (const auto &[setting, value] : wantedValues(*edit)) {
+        const MergedValue *const counting = merged.Find(setting);
+        if (counting == nullptr)
+          warnOfUnset(setting, after, *processor, edited);
+        else if (counting->value.value != value)
+          warn(*counting, processor->name, edited);
+      }
+      for (const std::string &setting : edit->unset)
+        if (const MergedValue *const counting = merged.Find(setting))
+          warn(*counting, processor->name, edited);
+    }
+  }
+
+  /// What is told of the files only now, wherever the rest has moved to.
+  std::vector<ProjectFault> newOf(const std::vector<ProjectFault> &now) const {
+    std::vector<ProjectFault> before = told;
+    std::vector<ProjectFault> found;
+    for (const ProjectFault &one : now) {
+      const auto known = std::find_if(
+          before.begin(), before.end(), [&one](const ProjectFault &other) {
+            return other.code == one.code && other.message == one.message;
+          });
+      if (known == before.end())
+        found.push_back(one);
+      else
+        before.erase(known);
+    }
+    return found;
+  }
+
+  /// A value that a higher source takes away.
+  void warnOfUnset(const std::string &setting, const Project &after,
+                   const BoardProcessor &processor,
+                   EditedProject &edited) const {
+    const ProjectText *last = nullptr;
+    const std::vector<Source> sources = sourcesOf(after, choice, processor);
+    for (const Source &source : sources)
+      for (const ProjectTable *const one : source)
+        for (const ProjectText &unset : one->unset)
+          if (unset.text == setting)
+            last = &unset;
+    // Else it is left out for another cable's sake, which is told of anyway.
+    if (last == nullptr)
+      return;
+    ProjectFault fault = faultOf(
+        "overridden", last->place,
+        fmt::format("'{}' of '{}' is taken away by {}:{}:{}", setting,
+                    ShowText(processor.name), ShowText(last->place.file),
+                    last->place.line, last->place.column));
+    fault.setting = setting;
+    edited.warnings.push_back(std::move(fault));
+  }
+
+  void expectApplied(const Project &project,
+                     const MergedProcessor &merged) const {
+    Session session(board, merged.processor);
+    const AppliedProject applied =
+        ApplyProject(project, merged, board, session);
+    if (applied.refusal) {
+      Refusal refusal = *applied.refusal;
+      refusal.file = applied.place.file;
+      refusal.line = applied.place.line;
+      throw refusal;
+    }
+    if (applied.lost.empty())
+      return;
+    const ProjectLoss &first = applied.lost.front();
+    Refusal refusal(RefusalKind::wouldBeLost, first.loss.field,
+                    fmt::format("for '{}' it would not survive: {}",
+                                ShowText(merged.processor), first.loss.reason));
+    refusal.setting = first.loss.field;
+    refusal.file = first.place.file;
+    refusal.line = first.place.line;
+    throw refusal;
+  }
+
+  void warn(const MergedValue &counting, const std::string &processor,
+            EditedProject &edited) const {
+    ProjectFault fault = faultOf(
+        "overridden", counting.value.place,
+        fmt::format("'{}' of '{}' is still {}, which {}:{}:{} says",
+                    counting.value.setting, ShowText(processor),
+                    ShowValue(*FindSetting(counting.value.setting),
+                              counting.value.value),
+                    ShowText(counting.value.place.file),
+                    counting.value.place.line, counting.value.place.column));
+    fault.setting = counting.value.setting;
+    edited.warnings.push_back(std::move(fault));
+  }
+
+  std::string projectFile;
+  std::vector<ProjectFault> told;    ///< of the files as they are
+  const ProjectEdit *edit = nullptr; ///< the present one
+  const Board &board;
+  ProjectChoice choice;
+  std::string projectText;
+  std::optional<std::string> localText;
+  bool isLocal = false;
+  Path table;
+};
+
+} // namespace
+
+EditedProject EditProject(const std::string &projectFile,
+                          const ProjectEdit &edit, const Board &board,
+                          const ProjectWishes &wishes) {
+  return EditProjectFiles(projectFile, {edit}, board, wishes).front();
+}
+
+std::vector<EditedProject>
+EditProjectFiles(const std::string &projectFile,
+                 const std::vector<ProjectEdit> &edits, const Board &board,
+                 const ProjectWishes &wishes) {
+  return Edit(projectFile, board, wishes).plan(edits);
+}
+
+void WriteProject(const EditedProject &edited) { WriteProjectFiles({edited}); }
+
+void WriteProjectFiles(const std::vector<EditedProject> &files) {
+  std::vector<std::unique_ptr<Lock>> locks;
+  for (const EditedProject &edited : files) {
+    locks.push_back(std::make_unique<Lock>(lockOf(edited.file)));
+    if (findFile(edited.file) == edited.before)
+      continue;
+    Refusal refusal(RefusalKind::changedOnDisk, ShowText(edited.file),
+                    "it has changed on disk since it was read");
+    refusal.file = edited.file;
+    throw refusal;
+  }
+  for (const EditedProject &edited : files)
+    if (edited.before != edited.after)
+      writeFile(edited.file, edited.after);
+}
+
+} // namespace ZelDebugDialog

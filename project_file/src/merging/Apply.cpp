@@ -1,0 +1,143 @@
+#include <algorithm>
+
+#include <fmt/format.h>
+
+#include "ZelDebugDialog/ConfigurationModel/Text.h"
+#include "ZelDebugDialog/ProjectFile/Merge.h"
+#include "reading/Faults.h"
+#include "toml/Statements.h"
+
+namespace ZelDebugDialog {
+
+namespace {
+
+constexpr const char *connection = "connection";
+constexpr const char *connectionMask = "connection-mask";
+
+SettingValues valuesOf(const MergedProcessor &merged,
+                       const std::vector<ProjectLoss> &without = {}) {
+  SettingValues values;
+  for (const MergedValue &one : merged.values) {
+    const bool isLeftOut = std::any_of(
+        without.begin(), without.end(), [&one](const ProjectLoss &loss) {
+          return loss.loss.field == one.value.setting;
+        });
+    if (!isLeftOut)
+      values.emplace_back(one.value.setting, one.value.value);
+  }
+  return values;
+}
+
+void setFromDefaults(Session &session, const SettingValues &values) {
+  session.Reset({});
+  if (!values.empty())
+    session.Change(values);
+}
+
+const BoardProcessor *find(const Board &board, const std::string &name) {
+  for (const BoardProcessor &processor : board.Processors())
+    if (processor.name == name)
+      return &processor;
+  return nullptr;
+}
+
+/// Where nobody has named a connection and the one that is there by default is
+/// not allowed, nothing in the files is at fault but what is missing there.
+Refusal connectionRefusal(const MergedProcessor &merged, const Board &board) {
+  const BoardProcessor *const processor = find(board, merged.processor);
+  const std::vector<std::string> allowed = processor == nullptr
+                                               ? std::vector<std::string>()
+                                               : processor->connections;
+  const std::string name = ShowText(merged.processor);
+  const MergedValue *const named = merged.Find(connection);
+  std::string problem;
+  if (allowed.empty())
+    problem = fmt::format("'{}' allows no connection", name);
+  else if (named != nullptr)
+    problem =
+        fmt::format("'{}' does not allow '{}'; it allows {}", name,
+                    named->value.value.Text(), project::quotedList(allowed));
+  else
+    problem = fmt::format("'{}' does not allow the one that is there by "
+                          "default; write [processor.{}] connection = \"{}\"",
+                          name, project::writtenKey(merged.processor),
+                          allowed.front());
+  Refusal refusal(RefusalKind::notAllowed, connection, problem);
+  refusal.setting = connection;
+  refusal.value = named == nullptr ? "" : named->value.value.Text();
+  refusal.accepted = allowed;
+  refusal.suggestion = allowed.empty() ? "" : allowed.front();
+  return refusal;
+}
+
+ProjectPlace placeOf(const Project &project, const MergedProcessor &merged,
+                     const std::string &setting) {
+  if (const MergedValue *const value = merged.Find(setting))
+    return value->value.place;
+  return project.project.design ? project.project.design->place
+                                : ProjectPlace{project.project.file, 1, 1};
+}
+
+bool isOfHigherSource(const MergedProcessor &merged, const std::string &what,
+                      const MergedValue &than) {
+  const MergedValue *const value = merged.Find(what);
+  return value != nullptr && value->rank > than.rank;
+}
+
+void sortLosses(const Project &project, const MergedProcessor &merged,
+                const Session &session, AppliedProject &applied) {
+  for (const Loss &loss : session.Losses()) {
+    const MergedValue *const value = merged.Find(loss.field);
+    if (value == nullptr && !loss.blocking)
+      continue;
+    ProjectLoss one{loss, placeOf(project, merged, loss.field), ""};
+    one.loss.blocking = true;
+    const bool isDisplaced = value != nullptr && !loss.displacedBy.empty() &&
+                             isOfHigherSource(merged, loss.displacedBy, *value);
+    if (isDisplaced) {
+      one.displacer = loss.displacedBy;
+      one.loss.blocking = false;
+    }
+    (isDisplaced ? applied.displaced : applied.lost).push_back(std::move(one));
+  }
+}
+
+} // namespace
+
+AppliedProject ApplyProject(const Project &project,
+                            const MergedProcessor &merged, const Board &board,
+                            Session &session) {
+  AppliedProject applied;
+  const auto refuse = [&](const Refusal &refusal) {
+    applied.refusal = refusal;
+    applied.place = placeOf(project, merged, refusal.setting);
+    applied.command.reset();
+  };
+  try {
+    setFromDefaults(session, valuesOf(merged));
+    sortLosses(project, merged, session, applied);
+    const bool isNotAllowed = std::any_of(
+        applied.lost.begin(), applied.lost.end(), [](const ProjectLoss &loss) {
+          return loss.loss.code == connectionMask;
+        });
+    if (isNotAllowed) {
+      refuse(connectionRefusal(merged, board));
+      return applied;
+    }
+    applied.command = session.Command();
+    if (applied.displaced.empty())
+      return applied;
+    // What is displaced does not stand in the way of saving.
+    setFromDefaults(session, valuesOf(merged, applied.displaced));
+    if (session.Command() != *applied.command)
+      setFromDefaults(session, valuesOf(merged));
+  } catch (const Refusal &refusal) {
+    const bool isUnnamed =
+        merged.Find(connection) == nullptr &&
+        (refusal.setting == connection || refusal.setting == "connectionType");
+    refuse(isUnnamed ? connectionRefusal(merged, board) : refusal);
+  }
+  return applied;
+}
+
+} // namespace ZelDebugDialog

@@ -1,0 +1,357 @@
+#include "ZelDebugDialog/ProjectFile/Sync.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <set>
+
+#include <fmt/format.h>
+
+#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+#include "ZelDebugDialog/ConfigurationModel/Text.h"
+#include "files/ReadFile.h"
+#include "files/WriteFile.h"
+#include "merging/Applicable.h"
+#include "reading/Faults.h"
+#include "syncing/Remembered.h"
+
+namespace ZelDebugDialog {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using namespace project;
+
+constexpr std::string_view optionFront = "kvo_";
+constexpr std::string_view optionEnding = ".opt";
+
+/// Makes the folders up to that of the option files, and takes those that it
+/// made away again if nothing came into them.
+class MadeFolders {
+public:
+  explicit MadeFolders(const fs::path &folder) {
+    std::error_code error;
+    std::vector<fs::path> missing;
+    for (fs::path at = folder; !at.empty() && !fs::exists(at, error);
+         at = at.parent_path())
+      missing.push_back(at);
+    for (auto path = missing.rbegin(); path != missing.rend(); ++path) {
+      if (!fs::create_directory(*path, error) && error) {
+        Refusal refusal(RefusalKind::fileSystem, ShowText(path->string()),
+                        error.message());
+        refusal.file = path->string();
+        throw refusal;
+      }
+      made.push_back(*path);
+    }
+  }
+  ~MadeFolders() {
+    std::error_code ignored;
+    for (auto path = made.rbegin(); path != made.rend(); ++path)
+      fs::remove(*path, ignored);
+  }
+  MadeFolders(const MadeFolders &) = delete;
+  MadeFolders &operator=(const MadeFolders &) = delete;
+
+private:
+  std::vector<fs::path> made;
+};
+
+/// One processor on its way.
+struct Task {
+  SyncResult result;
+  std::unique_ptr<Session> session;
+  std::optional<std::string> disk; ///< what the option file holds
+  bool isForced = false;           ///< its save
+};
+
+class Sync {
+public:
+  Sync(const Project &ofProject, const ProjectChoice &chosen,
+       const Board &ofBoard, const SyncOptions &how)
+      : project(ofProject), choice(chosen), board(ofBoard), options(how),
+        folder(ofBoard.Folder().empty() ? "." : ofBoard.Folder()),
+        writes(!how.dryRun && !how.check) {}
+
+  SyncRun run() {
+    expectProcessors();
+    std::unique_ptr<MadeFolders> made;
+    std::unique_ptr<Lock> lock;
+    if (writes) {
+      made = std::make_unique<MadeFolders>(folder);
+      lock = std::make_unique<Lock>(folder /
+                                    (std::string(rememberedName) + ".lock"));
+    }
+    remember();
+    for (const BoardProcessor &processor : board.Processors())
+      if (isAsked(processor.name))
+        tasks.push_back(prepared(processor));
+    const bool isBlocked =
+        std::any_of(tasks.begin(), tasks.end(), [this](const Task &task) {
+          return !task.result.command ||
+                 (!task.result.lost.empty() && !options.force);
+        });
+    if (writes && !(isBlocked && !options.force)) {
+      write();
+      run_.isDone = true;
+    }
+    warnOfStale();
+    return finished();
+  }
+
+private:
+  void expectProcessors() const {
+    for (const std::string &name : options.processors) {
+      std::vector<std::string> names;
+      for (const BoardProcessor &processor : board.Processors())
+        names.push_back(processor.name);
+      if (std::find(names.begin(), names.end(), name) != names.end())
+        continue;
+      const std::string nearest = FindNearest(name, names);
+      Refusal refusal(
+          RefusalKind::unknownProcessor, "",
+          fmt::format("'{}' is no processor that can be debugged; {}",
+                      ShowText(name),
+                      nearest.empty()
+                          ? fmt::format("accepted are {}", quotedList(names))
+                          : fmt::format("did you mean '{}'?", nearest)));
+      refusal.value = name;
+      refusal.suggestion = nearest;
+      refusal.accepted = std::move(names);
+      throw refusal;
+    }
+  }
+
+  bool isAsked(const std::string &name) const {
+    return options.processors.empty() ||
+           std::find(options.processors.begin(), options.processors.end(),
+                     name) != options.processors.end();
+  }
+
+  std::string rememberedFile() const {
+    return (folder / rememberedName).string();
+  }
+
+  void remember() {
+    std::string problem;
+    try {
+      const auto text = findFile(rememberedFile());
+      ReadRemembered read = readRemembered(text.value_or(""));
+      problem = read.problem;
+      remembered = std::move(read.texts);
+      rememberedText = text;
+    } catch (const Refusal &refusal) {
+      problem = refusal.problem;
+    }
+    if (!problem.empty())
+      run_.warnings.push_back(
+          faultOf("sync-unreadable", {rememberedFile(), 1, 1},
+                  fmt::format("what was synchronized last cannot be read: {}",
+                              problem)));
+  }
+
+  Task prepared(const BoardProcessor &processor) {
+    Task task;
+    SyncResult &result = task.result;
+    result.processor = processor.name;
+    result.file = board.FileOf(processor.name);
+    result.merged = MergeProject(project, choice, processor);
+    try {
+      // What is loaded is what is compared when it is saved: the file is looked
+      // at behind it, and a change in between is noticed.
+      task.session = std::make_unique<Session>(board, processor.name);
+      const bool isReadable = task.session->Problem().empty();
+      AppliedProject applied =
+          ApplyProject(project, result.merged, board, *task.session);
+      result.command = std::move(applied.command);
+      result.lost = std::move(applied.lost);
+      result.displaced = std::move(applied.displaced);
+      if (applied.refusal) {
+        result.message = applied.refusal->problem;
+        result.place = applied.place;
+        return task;
+      }
+      task.disk = findFile(result.file);
+      decide(task, isReadable);
+      if (task.disk && result.outcome != SyncOutcome::same)
+        result.differences =
+            differencesFrom(Session(board, processor.name), *task.session);
+    } catch (const Refusal &refusal) {
+      result.outcome = SyncOutcome::refused;
+      result.message = refusal.problem;
+      result.command.reset();
+    }
+    if (!result.lost.empty() && !options.force) {
+      result.outcome = SyncOutcome::refused;
+      result.message = fmt::format("'{}' would not survive: {}",
+                                   result.lost.front().loss.field,
+                                   result.lost.front().loss.reason);
+      result.place = result.lost.front().place;
+    }
+    return task;
+  }
+
+  /// What the command to be written does not carry is no difference.
+  static std::vector<Difference> differencesFrom(const Session &disk,
+                                                 const Session &session) {
+    const std::set<std::string> applicable = applicableIn(session);
+    std::vector<Difference> differences;
+    for (const SettingInfo &setting : GetSettings()) {
+      const std::string &id = setting.id;
+      if (!setting.settable || applicable.count(id) == 0 ||
+          id.find('[') != std::string::npos)
+        continue;
+      Value saved = disk.Get(id);
+      Value now = session.Get(id);
+      if (now != saved)
+        differences.push_back({id, std::move(saved), std::move(now)});
+    }
+    return differences;
+  }
+
+  void decide(Task &task, bool isReadable) const {
+    SyncResult &result = task.result;
+    const std::string &wanted = *result.command;
+    const auto last = remembered.find(result.processor);
+    const bool isUntouched =
+        last != remembered.end() && task.disk == last->second;
+    if (task.disk == wanted)
+      result.outcome = SyncOutcome::same;
+    else if (!task.disk)
+      result.outcome = SyncOutcome::created;
+    else if (isUntouched || options.force)
+      result.outcome = SyncOutcome::updated;
+    else
+      result.outcome = SyncOutcome::conflict;
+    task.isForced = options.force || !isReadable;
+  }
+
+  bool isWritten(const Task &task) const {
+    return task.result.outcome == SyncOutcome::created ||
+           task.result.outcome == SyncOutcome::updated;
+  }
+
+  void write() {
+    for (const bool isForced : {false, true}) {
+      std::vector<Session *> sessions;
+      std::vector<Task *> written;
+      for (Task &task : tasks)
+        if (isWritten(task) && task.isForced == isForced) {
+          sessions.push_back(task.session.get());
+          written.push_back(&task);
+        }
+      if (sessions.empty())
+        continue;
+      SaveOptions how;
+      how.reword = true;
+      how.force = isForced;
+      const std::vector<SaveOutcome> outcomes = SaveSessions(sessions, how);
+      for (std::size_t at = 0; at < outcomes.size(); ++at)
+        if (outcomes[at].refusal)
+          refuse(*written[at], *outcomes[at].refusal);
+    }
+    Remembered now = remembered;
+    for (const Task &task : tasks)
+      if (isWritten(task) || task.result.outcome == SyncOutcome::same)
+        now[task.result.processor] = *task.result.command;
+    const std::string text = writtenRemembered(now);
+    if (rememberedText != text && !(now.empty() && !rememberedText))
+      writeFile(rememberedFile(), text);
+  }
+
+  /// A file that has changed since it was looked at is somebody's change.
+  static void refuse(Task &task, const Refusal &refusal) {
+    task.result.outcome = refusal.kind == RefusalKind::changedOnDisk
+                              ? SyncOutcome::conflict
+                              : SyncOutcome::refused;
+    task.result.message = refusal.problem;
+  }
+
+  void warnOfStale() {
+    std::set<std::string> names;
+    for (const BoardProcessor &processor : board.Processors())
+      names.insert(fs::path(board.FileOf(processor.name)).filename().string());
+    std::set<std::string> stale;
+    std::error_code error;
+    for (fs::directory_iterator entry(folder, error), end;
+         !error && entry != end; entry.increment(error)) {
+      const std::string name = entry->path().filename().string();
+      const bool isOptionFile =
+          name.size() > optionFront.size() + optionEnding.size() &&
+          name.compare(0, optionFront.size(), optionFront) == 0 &&
+          name.compare(name.size() - optionEnding.size(), optionEnding.size(),
+                       optionEnding) == 0;
+      if (isOptionFile && names.count(name) == 0)
+        stale.insert((folder / name).string());
+    }
+    for (const std::string &file : stale)
+      run_.warnings.push_back(
+          faultOf("stale-option-file", {file, 1, 1},
+                  fmt::format("'{}' belongs to no processor of the design "
+                              "that can be debugged",
+                              ShowText(file))));
+  }
+
+  SyncRun finished() {
+    for (Task &task : tasks) {
+      const SyncOutcome outcome = task.result.outcome;
+      run_.isRefused = run_.isRefused || outcome == SyncOutcome::conflict ||
+                       outcome == SyncOutcome::refused ||
+                       (options.check && outcome != SyncOutcome::same);
+      run_.results.push_back(std::move(task.result));
+    }
+    return std::move(run_);
+  }
+
+  const Project &project;
+  const ProjectChoice &choice;
+  const Board &board;
+  const SyncOptions &options;
+  fs::path folder;
+  bool writes;
+  Remembered remembered;
+  std::optional<std::string> rememberedText;
+  std::vector<Task> tasks;
+  SyncRun run_;
+};
+
+} // namespace
+
+const char *ShowOutcome(SyncOutcome outcome) {
+  switch (outcome) {
+  case SyncOutcome::same:
+    return "same";
+  case SyncOutcome::created:
+    return "created";
+  case SyncOutcome::updated:
+    return "updated";
+  case SyncOutcome::conflict:
+    return "conflict";
+  case SyncOutcome::refused:
+    break;
+  }
+  return "refused";
+}
+
+void RememberOptionFiles(const Board &board,
+                         const std::vector<std::string> &processors) {
+  const fs::path folder = board.Folder().empty() ? "." : board.Folder();
+  const Lock lock(folder / (std::string(rememberedName) + ".lock"));
+  const std::string file = (folder / rememberedName).string();
+  const auto before = findFile(file);
+  Remembered texts = readRemembered(before.value_or("")).texts;
+  for (const std::string &processor : processors)
+    if (const auto text = findFile(board.FileOf(processor)))
+      texts[processor] = *text;
+  const std::string after = writtenRemembered(texts);
+  if (before != after)
+    writeFile(file, after);
+}
+
+SyncRun SyncProject(const Project &project, const ProjectChoice &choice,
+                    const Board &board, const SyncOptions &options) {
+  return Sync(project, choice, board, options).run();
+}
+
+} // namespace ZelDebugDialog

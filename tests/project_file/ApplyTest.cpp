@@ -1,0 +1,90 @@
+// What the merged values make of a configuration.
+#include "project_file/ProjectTest.h"
+
+namespace {
+
+using namespace ZelDebugDialog;
+using namespace project_test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Applying : public ProjectTest {
+protected:
+  AppliedProject apply(const std::string &project,
+                       const std::string &local = "",
+                       const std::string &name = "lc") {
+    const Project files = read(project, local);
+    EXPECT_FALSE(files.HasErrors());
+    Session session(board, name);
+    return ApplyProject(
+        files, MergeProject(files, ChooseProject(files, {}), processor(name)),
+        board, session);
+  }
+  static std::vector<std::string> shown(const std::vector<ProjectLoss> &list) {
+    std::vector<std::string> lines;
+    for (const ProjectLoss &one : list)
+      lines.push_back(one.loss.field + " at " + project_test::shown(one.place) +
+                      (one.displacer.empty() ? "" : " by " + one.displacer));
+    return lines;
+  }
+};
+
+constexpr const char *byDefault = "connect lc hdu -debugdevice cpunr 1";
+
+TEST_F(Applying, StartsFromTheDefaultsWhateverIsSaved) {
+  EXPECT_EQ(apply("").command, byDefault);
+  save("connect lc hdu -debugdevice deviceNr 3 cpunr 1");
+  EXPECT_EQ(apply("").command, byDefault);
+  EXPECT_EQ(apply("[settings]\ndebugDevice = 4\n").command,
+            "connect lc hdu -debugdevice deviceNr 4 cpunr 1");
+}
+
+constexpr const char *fast = "[settings]\n"
+                             "cable.cableType = \"quorla_podusb\"\n"
+                             "cable.frequency = \"3MHz\"\n";
+
+TEST_F(Applying, AHigherSourceDisplaces) {
+  const AppliedProject serial = apply(fast, "[settings]\ncable.esn = \"7\"\n");
+  EXPECT_THAT(shown(serial.displaced),
+              ElementsAre("cable.frequency at zeldebug.toml:4:19 by "
+                          "cable.esn"));
+  EXPECT_THAT(shown(serial.lost), IsEmpty());
+  ASSERT_TRUE(serial.command);
+  const AppliedProject simulated =
+      apply(fast, "[settings]\nconnection = \"sim\"\n");
+  EXPECT_THAT(shown(simulated.lost), IsEmpty());
+  EXPECT_THAT(shown(simulated.displaced),
+              ElementsAre("cable.cableType at zeldebug.toml:3:19 by connection",
+                          "cable.frequency at zeldebug.toml:4:19 by "
+                          "connection"));
+}
+
+TEST_F(Applying, TheSameOrALowerSourceLoses) {
+  EXPECT_THAT(shown(apply(std::string(fast) + "cable.esn = \"7\"\n").lost),
+              ElementsAre("cable.frequency at zeldebug.toml:4:19"));
+  EXPECT_THAT(shown(apply("[settings]\nconnection = \"sim\"\n",
+                          "[settings]\ncable.cableType = \"quorla_podusb\"\n")
+                        .lost),
+              ElementsAre("cable.cableType at zeldebug.local.toml:2:19"));
+}
+
+TEST_F(Applying, AConnectionThatIsNotAllowedIsRefusedAtItsPlace) {
+  const AppliedProject named =
+      apply("[settings]\nconnection = \"hw\"\n", "", "lc_sim");
+  ASSERT_TRUE(named.refusal);
+  EXPECT_EQ(named.refusal->kind, RefusalKind::notAllowed);
+  EXPECT_EQ(project_test::shown(named.place), "zeldebug.toml:3:14");
+  EXPECT_FALSE(named.command);
+}
+
+TEST_F(Applying, WhereNobodyNamesAConnectionTheMessageSaysWhichToWrite) {
+  const AppliedProject unnamed = apply("", "", "lc_sim");
+  ASSERT_TRUE(unnamed.refusal);
+  EXPECT_EQ(project_test::shown(unnamed.place), "zeldebug.toml:1:10");
+  EXPECT_THAT(unnamed.refusal->problem,
+              testing::HasSubstr("[processor.lc_sim] connection = \"sim\""));
+  EXPECT_FALSE(apply("[processor.lc_sim]\nconnection = \"sim\"\n", "", "lc_sim")
+                   .refusal);
+}
+
+} // namespace

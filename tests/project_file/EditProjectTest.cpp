@@ -1,0 +1,245 @@
+// Changes of the files, from what was asked for to what stands there.
+#include <filesystem>
+
+#include "ZelDebugDialog/ProjectFile/Edit.h"
+#include "project_file/ProjectTest.h"
+
+namespace {
+
+using namespace ZelDebugDialog;
+using namespace project_test;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Names a connection for the one that has only a simulator.
+constexpr const char *allowed =
+    "[processor.lc_sim]\nconnection = \"sim\" # only\n";
+
+class Editing : public ProjectTest {
+protected:
+  std::string projectFile() const {
+    return (work.path() / "zeldebug.toml").string();
+  }
+  void given(const std::string &project, const std::string &local = "") const {
+    work.write("zeldebug.toml", std::string(head) + allowed + project);
+    if (!local.empty())
+      work.write("zeldebug.local.toml", local);
+  }
+  EditedProject plan(const ProjectEdit &edit) const {
+    return EditProject(projectFile(), edit, board, {});
+  }
+  /// What is behind `head` and `allowed` afterwards; or the local file.
+  std::string edited(const ProjectEdit &edit) const {
+    const EditedProject planned = plan(edit);
+    WriteProject(planned);
+    EXPECT_EQ(work.read(std::filesystem::path(planned.file).filename()),
+              planned.after);
+    const std::string front = std::string(head) + allowed;
+    return planned.after.compare(0, front.size(), front) == 0
+               ? planned.after.substr(front.size())
+               : planned.after;
+  }
+  static ProjectEdit edit(const std::string &processor,
+                          const SettingValues &values,
+                          const std::vector<std::string> &unset = {}) {
+    ProjectEdit wanted;
+    wanted.processor = processor;
+    wanted.values = values;
+    wanted.unset = unset;
+    return wanted;
+  }
+  static ProjectEdit local(ProjectEdit wanted) {
+    wanted.target = ProjectTarget::local;
+    return wanted;
+  }
+  static ProjectEdit profile(ProjectEdit wanted, const std::string &name) {
+    wanted.target = ProjectTarget::profile;
+    wanted.profile = name;
+    return wanted;
+  }
+};
+
+TEST_F(Editing, WritesToTheTableOfTheProcessor) {
+  given("[processor.lc]\ndebugDevice = 0x3 # third\n");
+  EXPECT_EQ(edited(edit("lc", {{"debugDevice", 26}})),
+            "[processor.lc]\ndebugDevice = 0x1a # third\n");
+  EXPECT_EQ(edited(edit("lc", {{"cable.cableType", "quorla_podusb"}})),
+            "[processor.lc]\ndebugDevice = 0x1a # third\ncable.cableType = "
+            "\"quorla_podusb\"\n");
+  EXPECT_EQ(edited(edit("", {{"debugDevice", 5}})),
+            "[processor.lc]\ndebugDevice = 0x1a # third\ncable.cableType = "
+            "\"quorla_podusb\"\n\n"
+            "[settings]\ndebugDevice = 5\n");
+}
+
+TEST_F(Editing, LeavesAValueThatSaysTheSameAlready) {
+  given("[processor.lc]\ncable.cableType = 'quorla_podusb'\n"
+        "cable.frequency = \"3MHz\"\n");
+  const EditedProject same =
+      plan(edit("lc", {{"cable.frequency", 3000000}, {"cable.cableType", 3}}));
+  EXPECT_EQ(same.before, same.after);
+}
+
+TEST_F(Editing, MakesALocalFileThatIsMissing) {
+  given("[settings]\ncable.cableType = \"quorla_podusb\"\n");
+  EXPECT_EQ(edited(local(edit("lc", {{"cable.esn", "0042"}}))),
+            "[processor.lc]\ncable.esn = \"0042\"\n");
+  EXPECT_EQ(edited(local(edit("lc", {{"cable.esn", "0043"}}))),
+            "[processor.lc]\ncable.esn = \"0043\"\n");
+}
+
+TEST_F(Editing, WritesToAProfileWhereItIs) {
+  given("[profile.slow.settings]\ndebugDevice = 1\n",
+        "[profile.mine.processor.lc]\ndebugDevice = 2\n");
+  EXPECT_EQ(
+      edited(
+          profile(edit("lc", {{"cable.cableType", "quorla_podusb"}}), "slow")),
+      "[profile.slow.settings]\ndebugDevice = 1\n\n"
+      "[profile.slow.processor.lc]\ncable.cableType = \"quorla_podusb\"\n");
+  EXPECT_EQ(edited(profile(
+                edit("lc", {{"cable.cableType", "quorla_parallel3"}}), "mine")),
+            "[profile.mine.processor.lc]\ndebugDevice = 2\ncable.cableType = "
+            "\"quorla_parallel3\"\n");
+  EXPECT_THAT(model_test::refusalOf([&] {
+                plan(
+                    profile(edit("", {{"cable.cableType", "quorla_parallel3"}}),
+                            "slov"));
+              }),
+              testing::StartsWith("bad-value: 'slov' is no profile"));
+}
+
+TEST_F(Editing, UnsetRemovesTheLineAndSaysSoWhereALowerSourceHasOne) {
+  given("[settings]\ncable.cableType = "
+        "\"quorla_podusb\"\n[processor.lc]\ncable.cableType = "
+        "\"quorla_parallel3\"\ndebugDevice = 4\n");
+  EXPECT_EQ(edited(edit("lc", {}, {"debugDevice"})),
+            "[settings]\ncable.cableType = "
+            "\"quorla_podusb\"\n[processor.lc]\ncable.cableType = "
+            "\"quorla_parallel3\"\n");
+  EXPECT_EQ(
+      edited(edit("lc", {}, {"cable.cableType"})),
+      "[settings]\ncable.cableType = \"quorla_podusb\"\n[processor.lc]\nunset "
+      "= [\"cable.cableType\"]\n");
+  EXPECT_EQ(edited(edit("lc", {{"cable.cableType", "none"}})),
+            "[settings]\ncable.cableType = "
+            "\"quorla_podusb\"\n[processor.lc]\ncable.cableType = \"none\"\n");
+}
+
+TEST_F(Editing, WarnsOfAValueThatAHigherSourceHides) {
+  given("", "[settings]\ndebugDevice = 9\n");
+  const EditedProject hidden = plan(edit("lc", {{"debugDevice", 3}}));
+  ASSERT_EQ(hidden.warnings.size(), 1U);
+  EXPECT_EQ(hidden.warnings[0].code, "overridden");
+  EXPECT_EQ(hidden.warnings[0].place.line, 2);
+  EXPECT_EQ(hidden.warnings[0].place.column, 15);
+  EXPECT_THAT(
+      plan(edit("lc", {{"cable.cableType", "quorla_parallel3"}})).warnings,
+      IsEmpty());
+}
+
+TEST_F(Editing, WarnsWhereAHigherSourceStandsOverWhatIsTakenAway) {
+  given("[processor.lc]\ndebugDevice = 3\n",
+        "[settings]\ndebugDevice = 9\nunset = [\"cable.cableType\"]\n");
+  const EditedProject still = plan(edit("lc", {}, {"debugDevice"}));
+  ASSERT_EQ(still.warnings.size(), 1U);
+  EXPECT_EQ(still.warnings[0].code, "overridden");
+  EXPECT_EQ(still.warnings[0].place.line, 2);
+  const EditedProject away =
+      plan(edit("lc", {{"cable.cableType", "quorla_parallel3"}}));
+  ASSERT_EQ(away.warnings.size(), 1U);
+  EXPECT_EQ(away.warnings[0].code, "overridden");
+  EXPECT_EQ(away.warnings[0].setting, "cable.cableType");
+  EXPECT_EQ(away.warnings[0].place.line, 3);
+  EXPECT_EQ(away.warnings[0].place.column, 10);
+  EXPECT_THAT(plan(local(edit("lc", {}, {"debugDevice"}))).warnings, IsEmpty());
+}
+
+TEST_F(Editing, WarnsOfWhatIsToldOfTheFilesOnlyNow) {
+  given("[settings]\ncable.cableType = \"quorla_podusb\"\n"
+        "[processor.lc]\ncable.esn = \"0042\"\n");
+  // The old warning has moved by a line.
+  EXPECT_THAT(plan(edit("", {{"debugDevice", 0}})).warnings, IsEmpty());
+  const EditedProject desk = plan(edit("lc", {{"cable.esn", "0043"}}));
+  ASSERT_EQ(desk.warnings.size(), 1U);
+  EXPECT_EQ(desk.warnings[0].code, "desk-setting");
+  EXPECT_EQ(desk.warnings[0].place.line, 7);
+  EXPECT_THAT(plan(local(edit("lc", {{"cable.esn", "0043"}}))).warnings,
+              IsEmpty());
+}
+
+TEST_F(Editing, ASettingIsAskedForOnce) {
+  given("");
+  const auto refusal = [&](const ProjectEdit &wanted) {
+    return model_test::refusalOf([&] { plan(wanted); });
+  };
+  EXPECT_EQ(refusal(edit("lc", {{"debugDevice", 3}, {"debugDevice", 4}})),
+            "excluded: debugDevice: it is given twice, with different values");
+  EXPECT_EQ(refusal(edit("lc", {{"debugDevice", 3}}, {"debugDevice"})),
+            "excluded: debugDevice: it is given a value and unset");
+  EXPECT_EQ(edited(edit("lc", {{"debugDevice", 3}, {"debugDevice", "0x3"}})),
+            "\n[processor.lc]\ndebugDevice = 3\n");
+}
+
+TEST_F(Editing, TheBaseOfTheAddressMapFollowsFromAllRegions) {
+  given("");
+  const auto regions = [](const SettingValues &more) {
+    SettingValues values{{"icacheStartAdr", 0x70000000},
+                         {"itagStartAdr", 0x70010000},
+                         {"dcacheStartAdr", 0x70020000},
+                         {"dtagStartAdr", 0x70030000},
+                         {"dcrStartAdr", 0x70040000}};
+    values.insert(values.end(), more.begin(), more.end());
+    return values;
+  };
+  const auto refusal = [&](const SettingValues &values) {
+    return model_test::refusalOf([&] { plan(edit("lc", values)); });
+  };
+  EXPECT_THAT(refusal(regions({{"debugAddressMap", 0x70000000}})),
+              testing::StartsWith("not-settable: debugAddressMap"));
+  EXPECT_THAT(refusal({{"debugAddressMap", 0x70000000}}),
+              testing::StartsWith("not-settable: debugAddressMap"));
+  EXPECT_EQ(edited(edit("ppc405", regions({{"tlbStartAdr", 0x70050000},
+                                           {"debugAddressMap", 0x70000000}}))),
+            "\n[processor.ppc405]\nicacheStartAdr = 0x70000000\n"
+            "itagStartAdr = 0x70010000\ndcacheStartAdr = 0x70020000\n"
+            "dtagStartAdr = 0x70030000\ndcrStartAdr = 0x70040000\n"
+            "tlbStartAdr = 0x70050000\n");
+}
+
+TEST_F(Editing, RefusesWhatAProcessorCannotHaveAndChangesNothing) {
+  given("[processor.lc]\ncable.cableType = \"quorla_podusb\"\n"
+        "cable.frequency = \"3MHz\"\n");
+  const std::string before = work.read("zeldebug.toml");
+  const auto refusal = [&](const ProjectEdit &wanted) {
+    return model_test::refusalOf([&] { plan(wanted); });
+  };
+  EXPECT_THAT(refusal(edit("lc", {{"cable.esn", "7"}})),
+              testing::StartsWith("would-be-lost: cable.frequency"));
+  EXPECT_THAT(refusal(edit("lc_sim", {{"connection", "vp"}})),
+              testing::StartsWith("not-allowed: connection"));
+  EXPECT_THAT(refusal(edit("lc", {{"debugDevice", 128}})),
+              testing::StartsWith("bad-value: debugDevice"));
+  EXPECT_THAT(refusal(edit("lc", {{"debugDevce", 1}})),
+              testing::StartsWith("unknown-setting: debugDevce"));
+  EXPECT_THAT(refusal(edit("lc", {{"stubType", 1}})),
+              testing::StartsWith("not-settable: stubType"));
+  EXPECT_THAT(refusal(edit("lx", {{"nCpu", 1}})),
+              testing::StartsWith("unknown-processor"));
+  EXPECT_EQ(work.read("zeldebug.toml"), before);
+  given("[settings]\nnCpu = -1\n");
+  EXPECT_THAT(refusal(edit("lc", {{"nCpu", 1}})),
+              testing::StartsWith("unreadable: "));
+}
+
+TEST_F(Editing, DoesNotWriteOverWhatSomebodyElseWrote) {
+  given("");
+  const EditedProject mine = plan(edit("lc", {{"debugDevice", 3}}));
+  given("# theirs\n");
+  EXPECT_THAT(model_test::refusalOf([&] { WriteProject(mine); }),
+              testing::StartsWith("changed-on-disk: "));
+  EXPECT_THAT(work.read("zeldebug.toml"), testing::EndsWith("# theirs\n"));
+  for (const auto &entry : std::filesystem::directory_iterator(work.path()))
+    EXPECT_NE(entry.path().filename().string().front(), '.') << entry.path();
+}
+
+} // namespace

@@ -1,0 +1,137 @@
+// Option files that are there become a project, or part of one.
+#include <filesystem>
+
+#include <gmock/gmock.h>
+
+#include "ProjectTest.h"
+
+namespace tool {
+namespace {
+
+namespace fs = std::filesystem;
+
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::Not;
+
+using AdoptCommandTest = ProjectTest;
+
+constexpr const char *usb =
+    "connect lc hdu -cable type quorla_podusb esn 0042 -debugdevice cpunr 1";
+
+TEST_F(AdoptCommandTest, MakesAProjectThatGivesTheSameFiles) {
+  save("lumacore_0", "connect lc hdu -debugdevice deviceNr 3 cpunr 1");
+  save("lumacore_1", "connect lc hdu -debugdevice deviceNr 3 cpunr 2");
+  save("lumacore_2", "connect lc sim");
+  const Result run = this->run({"adopt", "hw/board.xml"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "zeldebug.toml\n");
+  const std::string made = text("zeldebug.toml");
+  EXPECT_THAT(made, HasSubstr("\ndesign = \"hw/board.xml\"\n"));
+  EXPECT_THAT(made, HasSubstr("\n[processor.lumacore_0]\ndebugDevice = 3\n"));
+  EXPECT_THAT(made,
+              HasSubstr("\n[processor.lumacore_2]\nconnection = \"sim\"\n"));
+  const json document = runJson({"sync"});
+  for (const json &result : document["results"]) {
+    const std::string name = result["instanceName"];
+    const bool wasThere = name.compare(0, 8, "lumacore") == 0;
+    EXPECT_EQ(result["outcome"], wasThere ? "same" : "created") << name;
+  }
+}
+
+TEST_F(AdoptCommandTest, WhatBelongsToADeskGoesToTheLocalFile) {
+  save("lumacore_0", usb);
+  const json document = runJson({"adopt", "hw/board.xml"});
+  EXPECT_EQ(document["project"], "zeldebug.toml");
+  EXPECT_EQ(document["local"], "zeldebug.local.toml");
+  EXPECT_THAT(text("zeldebug.toml"), Not(HasSubstr("0042")));
+  EXPECT_THAT(text("zeldebug.toml"), Not(HasSubstr("frequency")));
+  EXPECT_THAT(text("zeldebug.local.toml"),
+              HasSubstr("[processor.lumacore_0]\ncable.esn = \"0042\"\n"));
+  EXPECT_THAT(text(".gitignore"), HasSubstr("zeldebug.local.toml\n"));
+}
+
+TEST_F(AdoptCommandTest, AFileThatWouldChangeIsNamed) {
+  const std::string other = "connect  lc hdu -debugdevice devicenr 3 cpunr 1";
+  save("lumacore_0", other);
+  Result run = this->run({"adopt", "hw/board.xml"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("[adopt-changes]\n  is      " + other +
+                                 "\n  becomes connect lc hdu -debugdevice "
+                                 "deviceNr 3 cpunr 1\n"));
+  EXPECT_FALSE(fs::exists("zeldebug.toml"));
+  EXPECT_EQ(runJson({"adopt", "hw/board.xml"}, 1)["failure"]["code"],
+            "adopt-changes");
+  const json document = runJson({"adopt", "hw/board.xml", "--force"});
+  EXPECT_EQ(document["changes"][0]["before"], other);
+  EXPECT_EQ(saved("lumacore_0"), other);
+  EXPECT_TRUE(fs::exists("zeldebug.toml"));
+}
+
+TEST_F(AdoptCommandTest, AFileThatCannotBeReadIsNoSource) {
+  save("lumacore_0", "connect nothing");
+  const Result run = this->run({"adopt", "hw/board.xml"});
+  EXPECT_EQ(run.status, 3);
+  EXPECT_THAT(run.err, HasSubstr("etc/kvo_lumacore_0.opt"));
+  EXPECT_FALSE(fs::exists("zeldebug.toml"));
+}
+
+TEST_F(AdoptCommandTest, TakesAChangeIntoTheProject) {
+  project("# of the lab\n[processor.lumacore_0]\ndebugDevice = 0x3 # chain\n");
+  EXPECT_EQ(run({"sync", "lumacore_0"}).status, 0);
+  save("lumacore_0", "connect lc hdu -cable type quorla_podusb esn 0042 "
+                     "-debugdevice deviceNr 5 cpunr 1");
+  EXPECT_EQ(run({"sync", "lumacore_0"}).status, 1);
+  const Result run = this->run({"adopt", "lumacore_0"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  // The cable is the project's, its serial number the desk's; comments stay.
+  EXPECT_THAT(text("zeldebug.toml"),
+              HasSubstr("# of the lab\n[processor.lumacore_0]\ndebugDevice = "
+                        "0x5 # chain\n"));
+  EXPECT_THAT(text("zeldebug.toml"),
+              HasSubstr("cable.cableType = \"quorla_podusb\"\n"));
+  EXPECT_THAT(text("zeldebug.toml"), Not(HasSubstr("0042")));
+  EXPECT_THAT(text("zeldebug.local.toml"),
+              HasSubstr("[processor.lumacore_0]\ncable.esn = \"0042\"\n"));
+  EXPECT_EQ(syncOne({"--check"})["outcome"], "same");
+}
+
+TEST_F(AdoptCommandTest, AllOfItGoesWhereTheLineSays) {
+  project("[profile.slow.settings]\n");
+  save("lumacore_0", "connect lc hdu -debugdevice deviceNr 5 cpunr 1");
+  const json document =
+      runJson({"adopt", "lumacore_0", "--into", "profile:slow"});
+  EXPECT_EQ(document["adopted"], json::parse(R"([
+    {"instanceName": "lumacore_0", "setting": "debugDevice", "value": 5,
+     "file": "zeldebug.toml"}])"));
+  EXPECT_THAT(text("zeldebug.toml"),
+              HasSubstr("[profile.slow.processor.lumacore_0]\n"
+                        "debugDevice = 5\n"));
+  EXPECT_EQ(runJson({"adopt", "lumacore_0", "--into", "local"})["local"],
+            "zeldebug.local.toml");
+  EXPECT_EQ(syncOne({"--check"})["outcome"], "same");
+  // Nothing is left to take.
+  const Result again = this->run({"adopt", "lumacore_0"});
+  EXPECT_EQ(again.status, 0);
+  EXPECT_EQ(again.out, "");
+  EXPECT_EQ(again.err, "zeldebug: note: the project says it already\n");
+}
+
+TEST_F(AdoptCommandTest, WrongUse) {
+  EXPECT_EQ(run({"adopt"}).status, 2);
+  EXPECT_EQ(run({"adopt", "hw/board.xml", "--into", "local"}).status, 2);
+  EXPECT_EQ(run({"adopt", "hw/board.xml", "lumacore_0"}).status, 2);
+  project("");
+  EXPECT_EQ(run({"adopt"}).status, 2);
+  EXPECT_EQ(run({"adopt", "lumacore_9"}).status, 2);
+  json failure =
+      runJson({"adopt", "lumacore_0", "--into", "locl"}, 2)["failure"];
+  EXPECT_EQ(failure["option"], "--into");
+  EXPECT_EQ(failure["suggestion"], "local");
+  EXPECT_EQ(run({"adopt", "lumacore_0", "--into", "profile:"}).status, 2);
+  // No option file is there.
+  EXPECT_EQ(run({"adopt", "lumacore_0"}).status, 3);
+}
+
+} // namespace
+} // namespace tool

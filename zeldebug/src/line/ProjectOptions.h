@@ -1,0 +1,87 @@
+// How a line finds its project: the files that say what stands on no line, and
+// the design that they name.
+//
+//   ProjectOptions options;            // beside a DesignOptions
+//   options.addTo(app);
+//   ...
+//   if (options.areUsed(design)) {
+//     const LineProject line = options.open(design, folder, output);
+//     use(line.project, line.choice, *line.board);
+//   }
+#ifndef ZELDEBUG_PROJECTOPTIONS_H
+#define ZELDEBUG_PROJECTOPTIONS_H
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include <ZelDebugDialog/ConfigurationModel/Board.h>
+#include <ZelDebugDialog/DesignModel/DesignModel.h>
+#include <ZelDebugDialog/ProjectFile/Merge.h>
+#include <ZelDebugDialog/ProjectFile/Project.h>
+
+#include "line/DesignOptions.h"
+#include "line/Options.h"
+
+namespace zeldebug {
+
+/// A project without errors, and its design.
+struct LineProject {
+  std::string file; ///< as it is shown
+  ZelDebugDialog::Project project;
+  ZelDebugDialog::ProjectWishes wishes; ///< of the line and the environment
+  ZelDebugDialog::ProjectChoice choice;
+  DesignOptions sources; ///< of the design, as if a line named it
+  std::unique_ptr<ZelDebugDialog::DesignModel> design;
+  std::unique_ptr<ZelDebugDialog::Board> board;
+};
+
+/// What the files say together for a processor.
+/// @param processor  one of the board
+/// @param settings   of the line
+ZelDebugDialog::MergedProcessor
+mergedFor(const LineProject &line, const std::string &processor,
+          const ZelDebugDialog::SettingValues &settings = {});
+
+class ProjectOptions {
+public:
+  /// Adds --project, --no-project, --probe and --profile to a subcommand.
+  void addTo(Options &options);
+
+  /// Of a line with DESIGN and PROCESSOR: a word alone is the processor, unless
+  /// projects are left out.
+  void takeProcessor(DesignOptions &design,
+                     std::optional<std::string> &processor) const;
+
+  /// Whether the line uses a project: it names no DESIGN, or --project.
+  /// @throws Failure (wrong use) for a line that names both; for one with
+  ///   --no-project that names neither; for --probe and --profile of no project
+  bool areUsed(const DesignOptions &design) const;
+
+  /// Whether there is a project file, and the line does not leave it out.
+  /// @throws Failure (unreadable) for a folder that is none
+  bool isThere(const std::string &workingFolder) const;
+
+  /// Where the project file is: of --project, or found from the folder of -C
+  /// upwards.
+  /// @throws Failure (wrong use) where there is none; (unreadable) for a folder
+  ///   that is none
+  std::string expectFile(const std::string &workingFolder) const;
+
+  /// Reads both files and the design, and tells what there is to say of them.
+  /// What the line says of the design stands over the files.
+  /// @throws Failure (unreadable), with every fault of the files told, or for
+  ///   the design; (wrong use) for a probe or a profile that is none
+  LineProject open(const DesignOptions &design,
+                   const std::string &workingFolder, Output &output) const;
+
+private:
+  std::optional<std::string> projectFile;
+  std::optional<std::string> probe;
+  std::optional<std::string> profile;
+  bool isLeftOut = false;
+};
+
+} // namespace zeldebug
+
+#endif

@@ -1,0 +1,136 @@
+#include "output/ProjectFaults.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include <fmt/format.h>
+
+#include "output/Values.h"
+
+namespace zeldebug {
+
+namespace {
+
+using ZelDebugDialog::DroppedValue;
+using ZelDebugDialog::MergedProcessor;
+using ZelDebugDialog::MergedValue;
+using ZelDebugDialog::ProjectFault;
+using ZelDebugDialog::ProjectLoss;
+using ZelDebugDialog::ProjectPlace;
+using ZelDebugDialog::ProjectSeverity;
+
+bool isError(const ProjectFault &fault) {
+  return fault.severity == ProjectSeverity::error;
+}
+
+Json orNull(const std::string &text) {
+  return text.empty() ? Json() : Json(text);
+}
+
+Json faultJson(const ProjectFault &fault) {
+  Json told = placeJson(fault.place);
+  told["code"] = fault.code;
+  told["message"] = fault.message;
+  told["accepted"] = fault.accepted;
+  told["suggestion"] = orNull(fault.suggestion);
+  return told;
+}
+
+About aboutPlace(const std::string &code, const std::string &setting,
+                 const ProjectPlace &place) {
+  return {code, setting, place.file, place.line, place.column};
+}
+
+} // namespace
+
+std::string originAt(const ProjectPlace &place) {
+  ProjectPlace inFolder = place;
+  inFolder.file = std::filesystem::path(place.file).filename().string();
+  return shownPlace(inFolder);
+}
+
+Failure refusedAt(const ZelDebugDialog::Refusal &refusal,
+                  const ProjectPlace &place) {
+  return {ExitStatus::refused,
+          fmt::format("{}: {}", shownPlace(place), refusal.problem),
+          {ShowKind(refusal.kind),
+           refusal.setting,
+           {},
+           refusal.accepted,
+           refusal.suggestion,
+           place.file,
+           place.line}};
+}
+
+void tellLeftOut(const MergedProcessor &merged,
+                 const std::vector<ProjectLoss> &displaced, Output &output) {
+  const std::string &name = merged.processor;
+  for (const DroppedValue &one : merged.dropped)
+    output.note(
+        fmt::format("{}: {} {} of {} is left out: {} chooses another "
+                    "cable [cable-dropped]",
+                    name, one.value.setting,
+                    shownStored(one.value.setting, one.value.value),
+                    shownPlace(one.value.place), shownPlace(one.by)),
+        aboutPlace("cable-dropped", one.value.setting, one.value.place));
+  for (const ProjectLoss &one : displaced) {
+    const MergedValue *const displacer = merged.Find(one.displacer);
+    output.note(
+        fmt::format("{}: {} {} of {} is not written: {} of {} takes its place "
+                    "[displaced]",
+                    name, one.loss.field,
+                    shownStored(one.loss.field, one.loss.value),
+                    shownPlace(one.place), one.displacer,
+                    shownPlace(displacer == nullptr ? ProjectPlace()
+                                                    : displacer->value.place)),
+        aboutPlace("displaced", one.loss.field, one.place));
+  }
+}
+
+std::string shownPlace(const ProjectPlace &place) {
+  return place.line == 0 ? "option"
+                         : fmt::format("{}:{}:{}", printable(place.file),
+                                       place.line, place.column);
+}
+
+Json placeJson(const ProjectPlace &place) {
+  if (place.line == 0)
+    return {{"file", nullptr}, {"line", nullptr}, {"column", nullptr}};
+  return {{"file", place.file}, {"line", place.line}, {"column", place.column}};
+}
+
+std::string shownFault(const ProjectFault &fault) {
+  return fmt::format("{}: {} [{}]", shownPlace(fault.place), fault.message,
+                     fault.code);
+}
+
+void tellRemark(const ProjectFault &fault, Output &output) {
+  const About about{fault.code, fault.setting, fault.place.file,
+                    fault.place.line, fault.place.column};
+  if (fault.severity == ProjectSeverity::note)
+    output.note(shownFault(fault), about);
+  else
+    output.warn(shownFault(fault), about);
+}
+
+void expectNoFaults(const std::vector<ProjectFault> &faults, Output &output) {
+  const auto first = std::find_if(faults.begin(), faults.end(), isError);
+  if (first == faults.end()) {
+    for (const ProjectFault &fault : faults)
+      tellRemark(fault, output);
+    return;
+  }
+  for (const ProjectFault &fault : faults)
+    if (isError(fault))
+      output.fault(shownFault(fault), faultJson(fault));
+  throw ToldFailure(ExitStatus::unreadable, shownFault(*first),
+                    {first->code,
+                     first->setting,
+                     {},
+                     first->accepted,
+                     first->suggestion,
+                     first->place.file,
+                     first->place.line});
+}
+
+} // namespace zeldebug

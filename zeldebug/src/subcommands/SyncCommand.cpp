@@ -1,0 +1,314 @@
+// sync: the option files follow from the files of the project.
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+#include <fmt/format.h>
+
+#include <ZelDebugDialog/ProjectFile/Sync.h>
+
+#include "line/Options.h"
+#include "line/ProjectOptions.h"
+#include "line/Refused.h"
+#include "output/ProjectFaults.h"
+#include "output/Table.h"
+#include "output/Values.h"
+#include "subcommands/Subcommands.h"
+#include "subcommands/Watching.h"
+
+namespace zeldebug {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using ZelDebugDialog::Difference;
+using ZelDebugDialog::DroppedValue;
+using ZelDebugDialog::MergedValue;
+using ZelDebugDialog::ProjectLoss;
+using ZelDebugDialog::ProjectPlace;
+using ZelDebugDialog::Refusal;
+using ZelDebugDialog::ShowOutcome;
+using ZelDebugDialog::SyncOptions;
+using ZelDebugDialog::SyncOutcome;
+using ZelDebugDialog::SyncProject;
+using ZelDebugDialog::SyncResult;
+using ZelDebugDialog::SyncRun;
+
+struct SyncLine {
+  ProjectOptions project;
+  SyncOptions how;
+  bool watch = false;
+};
+
+/// Where the files say a setting; none where they leave it at its default.
+ProjectPlace placeIn(const SyncResult &result, const std::string &setting) {
+  const MergedValue *const value = result.merged.Find(setting);
+  return value == nullptr ? ProjectPlace() : value->value.place;
+}
+
+/// "zeldebug.toml:3:8"; "default".
+std::string originOf(const ProjectPlace &place) {
+  return place.line == 0 ? "default" : originAt(place);
+}
+
+About aboutPlace(const std::string &code, const std::string &setting,
+                 const ProjectPlace &place) {
+  return {code, setting, place.file, place.line, place.column};
+}
+
+// --- What is said -----------------------------------------------------------
+
+class Teller {
+public:
+  Teller(const SyncRun &ofRun, const SyncOptions &options, Output &into)
+      : run(ofRun), how(options), output(into) {}
+
+  void tell() {
+    for (const SyncResult &result : run.results)
+      tell(result);
+    for (const ZelDebugDialog::ProjectFault &warning : run.warnings)
+      tellRemark(warning, output);
+    const bool isBlocked = std::any_of(
+        run.results.begin(), run.results.end(), [](const SyncResult &result) {
+          return result.outcome == SyncOutcome::refused;
+        });
+    if (isBlocked && !run.isDone && writes())
+      output.error("nothing is written");
+  }
+
+private:
+  bool writes() const { return !how.check && !how.dryRun; }
+
+  void tell(const SyncResult &result) {
+    const std::string &name = result.processor;
+    tellLeftOut(result.merged, result.displaced, output);
+    if (result.outcome == SyncOutcome::refused)
+      return tellRefused(result);
+    for (const ProjectLoss &one : result.lost)
+      output.warn(fmt::format("{}: {}: does not survive: {}", name,
+                              shownPlace(one.place), shownLoss(one.loss)),
+                  aboutPlace(one.loss.code, one.loss.field, one.place));
+    if (result.outcome == SyncOutcome::conflict)
+      output.error(fmt::format(
+          "{}: {} is not as it was written last, and stays: 'zeldebug adopt "
+          "{}' takes it into the project, --force writes over it",
+          name, result.file, name));
+  }
+
+  void tellRefused(const SyncResult &result) {
+    for (const ProjectLoss &one : result.lost)
+      output.error(fmt::format("{}: {}: would not survive: {}",
+                               result.processor, shownPlace(one.place),
+                               shownLoss(one.loss)),
+                   aboutPlace(one.loss.code, one.loss.field, one.place));
+    if (!result.lost.empty() && result.command)
+      return;
+    const std::string where =
+        result.place.line == 0 ? "" : shownPlace(result.place) + ": ";
+    output.error(
+        fmt::format("{}: {}{}", result.processor, where, result.message),
+        aboutPlace("", "", result.place));
+  }
+
+  const SyncRun &run;
+  const SyncOptions &how;
+  Output &output;
+};
+
+// --- The result -------------------------------------------------------------
+
+Json orNull(const std::string &text) {
+  return text.empty() ? Json() : Json(text);
+}
+
+Json differencesJson(const SyncResult &result) {
+  Json list = Json::array();
+  for (const Difference &one : result.differences)
+    list.push_back({{"setting", one.setting},
+                    {"before", toJson(one.saved)},
+                    {"after", toJson(one.now)},
+                    {"origin", originOf(placeIn(result, one.setting))}});
+  return list;
+}
+
+Json lostJson(const std::vector<ProjectLoss> &losses) {
+  Json list = Json::array();
+  for (const ProjectLoss &one : losses) {
+    Json loss = toJson(std::vector{one.loss}).front();
+    loss["origin"] = originOf(one.place);
+    list.push_back(loss);
+  }
+  return list;
+}
+
+Json droppedJson(const SyncResult &result) {
+  Json list = Json::array();
+  for (const DroppedValue &one : result.merged.dropped)
+    list.push_back({{"setting", one.value.setting},
+                    {"value", toJson(one.value.value)},
+                    {"origin", originOf(one.value.place)},
+                    {"by", originOf(one.by)}});
+  for (const ProjectLoss &one : result.displaced)
+    list.push_back({{"setting", one.loss.field},
+                    {"value", toJson(one.loss.value)},
+                    {"origin", originOf(one.place)},
+                    {"by", originOf(placeIn(result, one.displacer))}});
+  return list;
+}
+
+Json documentOf(const LineProject &line, const SyncRun &run) {
+  Json results = Json::array();
+  for (const SyncResult &result : run.results)
+    results.push_back(
+        {{"instanceName", result.processor},
+         {"outcome", ShowOutcome(result.outcome)},
+         {"file", result.file},
+         {"connectCommand", result.command ? Json(*result.command) : Json()},
+         {"differences", differencesJson(result)},
+         {"lost", lostJson(result.lost)},
+         {"dropped", droppedJson(result)},
+         {"message", orNull(result.message)}});
+  const ZelDebugDialog::ProjectLayer &local = line.project.local;
+  return {{"project", line.file},
+          {"local", local.exists ? Json(local.file) : Json()},
+          {"probe", orNull(line.choice.probe.name)},
+          {"profile", orNull(line.choice.profile.name)},
+          {"results", results}};
+}
+
+void printDifferences(const SyncResult &result, Output &output) {
+  output.printLine(fmt::format("\n{}", printable(result.file)));
+  for (const Difference &one : result.differences)
+    output.printLine(fmt::format("  {}: {} in the file, {} by {}", one.setting,
+                                 shownStored(one.setting, one.saved),
+                                 shownStored(one.setting, one.now),
+                                 originOf(placeIn(result, one.setting))));
+  if (result.differences.empty())
+    output.printLine("  the same settings, in other words");
+}
+
+void print(const SyncRun &run, const SyncOptions &how, Output &output) {
+  Table table({"PROCESSOR", "RESULT", "FILE"});
+  for (const SyncResult &result : run.results)
+    table.addRow({result.processor, ShowOutcome(result.outcome), result.file});
+  table.print(output);
+  const bool isPreview = how.check || how.dryRun;
+  for (const SyncResult &result : run.results)
+    if (result.outcome == SyncOutcome::conflict ||
+        (isPreview && result.outcome == SyncOutcome::updated))
+      printDifferences(result, output);
+}
+
+ExitStatus runOnce(const SyncLine &options, const std::string &folder,
+                   Output &output) {
+  const LineProject line =
+      options.project.open(DesignOptions(), folder, output);
+  if (output.failsBecauseOfWarnings())
+    throw Failure(ExitStatus::refused,
+                  "nothing is written, because a warning is a failure with "
+                  "--strict");
+  const SyncRun run =
+      SyncProject(line.project, line.choice, *line.board, options.how);
+  Teller(run, options.how, output).tell();
+  if (output.json())
+    output.document(documentOf(line, run));
+  else
+    print(run, options.how, output);
+  return run.isRefused ? ExitStatus::refused : ExitStatus::done;
+}
+
+// --- Again and again --------------------------------------------------------
+
+/// The files, and what they name as far as they can be read.
+Watched watchedOf(const std::string &file) {
+  Watched watched;
+  watched.files = {file, ZelDebugDialog::LocalFileOf(file)};
+  try {
+    const ZelDebugDialog::Project project = ZelDebugDialog::ReadProject(file);
+    for (const std::string &named : {project.Design(), project.Kinds()})
+      if (!named.empty())
+        watched.files.push_back(named);
+    watched.folders = project.Libraries();
+    // Without a library, components are looked for below the design's folder.
+    const fs::path design = project.Design();
+    if (watched.folders.empty() && !design.empty())
+      watched.folders = {design.has_parent_path()
+                             ? design.parent_path().string()
+                             : std::string(".")};
+  } catch (const Refusal &) {
+    // The run tells it.
+  }
+  return watched;
+}
+
+/// What is wrong is told, and waited on.
+/// @param output  of this run alone
+void runTelling(const SyncLine &options, const std::string &folder,
+                Output output) {
+  ExitStatus status = ExitStatus::refused;
+  try {
+    status = runOnce(options, folder, output);
+  } catch (const ToldFailure &) {
+    // Every fault has been told.
+  } catch (const Failure &failure) {
+    output.fail(failure);
+  } catch (const Refusal &refusal) {
+    output.fail(failureOf(refusal));
+  }
+  output.note("waiting for the files to change");
+  output.finish(status);
+}
+
+ExitStatus runWatching(const SyncLine &options, const std::string &folder,
+                       Output &output) {
+  if (output.json())
+    throw Failure(ExitStatus::wrongUse,
+                  "--watch: --json excludes it, because a run has one document",
+                  {"", "--watch"});
+  const std::string file = options.project.expectFile(folder);
+  const Watching watching;
+  for (;;) {
+    const Watched watched = watchedOf(file);
+    const std::string before = Watching::look(watched);
+    runTelling(options, folder, output);
+    if (!watching.waitForChange(watched, before))
+      return ExitStatus::done;
+  }
+}
+
+ExitStatus run(const SyncLine &options, const std::string &folder,
+               Output &output) {
+  options.project.areUsed(DesignOptions());
+  return options.watch ? runWatching(options, folder, output)
+                       : runOnce(options, folder, output);
+}
+
+} // namespace
+
+void addSyncCommand(CommandLine &line) {
+  const auto options = std::make_shared<SyncLine>();
+  Options app = line.addSubcommand(
+      "sync", "Write the option files as the project says",
+      "zeldebug sync\n  zeldebug sync --check --profile slow",
+      [options, &line](Output &output) {
+        return run(*options, line.workingFolder(), output);
+      });
+  app.addArguments("PROCESSOR", options->how.processors,
+                   "instance names of processors (default: all)",
+                   ValueKind::processor);
+  app.addFlag("--dry-run", options->how.dryRun,
+              "write nothing, and tell what the run would have done");
+  app.addFlag("--check", options->how.check,
+              "write nothing, and fail unless every option file is as the "
+              "project says");
+  app.addFlag("--force", options->how.force,
+              "write over option files that somebody has changed, and save "
+              "settings that would not survive");
+  app.addFlag("--watch", options->watch,
+              "go on, and do it again whenever the project, the design or a "
+              "component changes; ends by a signal");
+  options->project.addTo(app);
+}
+
+} // namespace zeldebug
