@@ -3,8 +3,12 @@ include(${CMAKE_CURRENT_LIST_DIR}/Unity.cmake)
 # How our own targets are compiled. Private to them: nothing of it reaches a
 # project that uses the libraries.
 function(zeldebugdialog_build_options target)
+    set(standard 17)
+    if(CMAKE_CXX_STANDARD GREATER 17)
+        set(standard ${CMAKE_CXX_STANDARD})
+    endif()
     set_target_properties(${target} PROPERTIES
-        CXX_STANDARD 17 CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF
+        CXX_STANDARD ${standard} CXX_STANDARD_REQUIRED ON CXX_EXTENSIONS OFF
         POSITION_INDEPENDENT_CODE ON)
     if(ZELDEBUGDIALOG_DEVELOPER)
         target_compile_options(${target} PRIVATE
