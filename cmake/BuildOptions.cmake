@@ -1,3 +1,5 @@
+include(${CMAKE_CURRENT_LIST_DIR}/Unity.cmake)
+
 # How our own targets are compiled. Private to them: nothing of it reaches a
 # project that uses the libraries.
 function(zeldebugdialog_build_options target)
@@ -17,5 +19,8 @@ function(zeldebugdialog_build_options target)
     if(ZELDEBUGDIALOG_COVERAGE)
         target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
         target_link_options(${target} PRIVATE --coverage)
+    endif()
+    if(CMAKE_UNITY_BUILD)
+        zeldebugdialog_unity_options(${target})
     endif()
 endfunction()

@@ -26,16 +26,26 @@ function(zeldebugdialog_install_targets targets)
         DESTINATION ${ZELDEBUGDIALOG_CMAKE_DIR} COMPONENT ZelDebugDialog_Development)
 endfunction()
 
-# pkg-config's file `name`.pc for the libraries in `linked`. What static
-# libraries need besides, in `packages` and `libraries`, counts only for them.
-function(zeldebugdialog_install_pkg_config name description linked packages libraries)
+# pkg-config's file `name`.pc. What only static libraries need is given apart.
+#
+#   zeldebugdialog_install_pkg_config(name description LIBRARIES ... [FLAGS ...]
+#       [REQUIRES ...] [STATIC_LIBRARIES ...] [STATIC_REQUIRES ...])
+function(zeldebugdialog_install_pkg_config name description)
+    cmake_parse_arguments(PARSE_ARGV 2 PC "" ""
+        "LIBRARIES;FLAGS;REQUIRES;STATIC_LIBRARIES;STATIC_REQUIRES")
+    if(NOT PC_LIBRARIES OR PC_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "${name}.pc: no LIBRARIES, or not known: ${PC_UNPARSED_ARGUMENTS}")
+    endif()
+    if(ZELDEBUGDIALOG_STATIC)
+        list(APPEND PC_REQUIRES ${PC_STATIC_REQUIRES})
+        list(APPEND PC_LIBRARIES ${PC_STATIC_LIBRARIES})
+    endif()
+    foreach(list PC_REQUIRES PC_LIBRARIES PC_FLAGS)
+        list(JOIN ${list} " " ${list})
+    endforeach()
     file(RELATIVE_PATH prefix_from_here
         ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
     string(REGEX REPLACE "/$" "" prefix_from_here ${prefix_from_here})
-    if(NOT ZELDEBUGDIALOG_STATIC)
-        set(packages "")
-        set(libraries "")
-    endif()
     configure_file(${PROJECT_SOURCE_DIR}/cmake/package.pc.in
         ${PROJECT_BINARY_DIR}/${name}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/${name}.pc
@@ -46,19 +56,31 @@ function(zeldebugdialog_install_engine)
     zeldebugdialog_install_library(ZelDebugDialog ZelDebugDialog ZelDebugDialogTargets)
     zeldebugdialog_install_library(ZelDebugDialogPlatform Platform ZelDebugDialogTargets)
     zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/debug_dialog/include)
+    zeldebugdialog_install_headers(${PROJECT_BINARY_DIR}/debug_dialog/include)
     if(NOT ZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR)
         zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/platform/include)
     endif()
-    set(linked -lZelDebugDialog)
+    set(platform_flags "")
+    set(platform_libraries "")
+    if(ZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR)
+        set(platform_flags -I${ZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR})
+    endif()
+    foreach(library IN LISTS ZELDEBUGDIALOG_PLATFORM_LIBRARIES)
+        if(NOT library MATCHES "^(/|-)")
+            set(library -l${library})
+        endif()
+        list(APPEND platform_libraries ${library})
+    endforeach()
     if(TARGET ZelDebugDialogMessageOutput)
         zeldebugdialog_install_library(ZelDebugDialogMessageOutput MessageOutput
             ZelDebugDialogTargets)
-        list(APPEND linked -lZelDebugDialogMessageOutput)
+        set(platform_libraries -lZelDebugDialogMessageOutput)
     endif()
     zeldebugdialog_install_targets(ZelDebugDialogTargets)
-    list(JOIN linked " " linked)
     zeldebugdialog_install_pkg_config(zeldebugdialog "${PROJECT_DESCRIPTION}"
-        "${linked}" "" "-lboost_filesystem -lstdc++")
+        LIBRARIES -lZelDebugDialog ${platform_libraries}
+        FLAGS ${platform_flags}
+        STATIC_LIBRARIES -lboost_filesystem -lstdc++)
 endfunction()
 
 function(zeldebugdialog_install_design_model)
@@ -67,7 +89,11 @@ function(zeldebugdialog_install_design_model)
     zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/design_model/include)
     zeldebugdialog_install_targets(ZelDebugDialogDesignModelTargets)
     zeldebugdialog_install_pkg_config(zeldebugdialog-design-model
-        "IP-XACT designs for ZelDebugDialog" -lZelDebugDialogDesignModel pugixml -lstdc++)
+        "IP-XACT designs for ZelDebugDialog"
+        LIBRARIES -lZelDebugDialogDesignModel
+        REQUIRES zeldebugdialog
+        STATIC_REQUIRES pugixml
+        STATIC_LIBRARIES -lstdc++)
 endfunction()
 
 function(zeldebugdialog_install_configuration_model)
@@ -77,7 +103,10 @@ function(zeldebugdialog_install_configuration_model)
     zeldebugdialog_install_targets(ZelDebugDialogConfigurationModelTargets)
     zeldebugdialog_install_pkg_config(zeldebugdialog-configuration-model
         "What stands between ZelDebugDialog's engine and people"
-        -lZelDebugDialogConfigurationModel "zeldebugdialog fmt" -lstdc++)
+        LIBRARIES -lZelDebugDialogConfigurationModel
+        REQUIRES zeldebugdialog
+        STATIC_REQUIRES fmt
+        STATIC_LIBRARIES -lstdc++)
 endfunction()
 
 function(zeldebugdialog_install_project_file)
@@ -86,8 +115,11 @@ function(zeldebugdialog_install_project_file)
     zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/project_file/include)
     zeldebugdialog_install_targets(ZelDebugDialogProjectFileTargets)
     zeldebugdialog_install_pkg_config(zeldebugdialog-project-file
-        "A project's debug configuration in one file" -lZelDebugDialogProjectFile
-        "zeldebugdialog-configuration-model fmt tomlplusplus" -lstdc++)
+        "A project's debug configuration in one file"
+        LIBRARIES -lZelDebugDialogProjectFile
+        REQUIRES zeldebugdialog-configuration-model
+        STATIC_REQUIRES fmt tomlplusplus
+        STATIC_LIBRARIES -lstdc++)
 endfunction()
 
 function(zeldebugdialog_install_c_interface)
@@ -95,8 +127,10 @@ function(zeldebugdialog_install_c_interface)
     zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/c_interface/include)
     zeldebugdialog_install_targets(ZelDebugDialogCTargets)
     zeldebugdialog_install_pkg_config(zeldebugdialog-c
-        "ZelDebugDialog for every language that can call C" -lzeldebugdialog-c
-        "zeldebugdialog-configuration-model zeldebugdialog-design-model" -lstdc++)
+        "ZelDebugDialog for every language that can call C"
+        LIBRARIES -lzeldebugdialog-c
+        STATIC_REQUIRES zeldebugdialog-configuration-model zeldebugdialog-design-model
+        STATIC_LIBRARIES -lstdc++)
 endfunction()
 
 function(zeldebugdialog_install_tool)
@@ -142,6 +176,16 @@ function(zeldebugdialog_install_dialog)
         DESTINATION ${ZELDEBUGDIALOG_CMAKE_DIR} COMPONENT ZelDebugDialog_DialogLibrary)
 endfunction()
 
+# The pages, with what they lead to: schemas, pictures, and the examples. They
+# keep their places towards each other.
+function(zeldebugdialog_install_documentation)
+    install(DIRECTORY docs examples DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        COMPONENT ZelDebugDialog_Documentation
+        PATTERN site EXCLUDE PATTERN "*.dot" EXCLUDE PATTERN __pycache__ EXCLUDE)
+    install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        COMPONENT ZelDebugDialog_Documentation)
+endfunction()
+
 function(zeldebugdialog_install_package)
     zeldebugdialog_install_engine()
     if(ZELDEBUGDIALOG_DESIGN_MODEL)
@@ -162,6 +206,7 @@ function(zeldebugdialog_install_package)
     if(ZELDEBUGDIALOG_HAS_DIALOG)
         zeldebugdialog_install_dialog()
     endif()
+    zeldebugdialog_install_documentation()
 
     configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/ZelDebugDialogConfig.cmake.in
         ${PROJECT_BINARY_DIR}/ZelDebugDialogConfig.cmake

@@ -7,10 +7,22 @@ set(ZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR "" CACHE PATH
 set(ZELDEBUGDIALOG_PLATFORM_LIBRARIES "" CACHE STRING
     "A vendor's libraries that answer the design queries and define message output; empty: the message output of this project")
 
-# Asked for by name, or by a BUILD_SHARED_LIBS that says so; shared otherwise.
-set(static_default OFF)
-if(DEFINED BUILD_SHARED_LIBS AND NOT BUILD_SHARED_LIBS)
-    set(static_default ON)
+# Files may be named as seen from where cmake is called; a folder in the cache is
+# made absolute by CMake itself, a list is not.
+set(platform_libraries "")
+foreach(library IN LISTS ZELDEBUGDIALOG_PLATFORM_LIBRARIES)
+    if(library MATCHES "/" AND NOT library MATCHES "^(/|-)")
+        get_filename_component(library ${library} ABSOLUTE BASE_DIR $ENV{PWD})
+    endif()
+    list(APPEND platform_libraries ${library})
+endforeach()
+set_property(CACHE ZELDEBUGDIALOG_PLATFORM_LIBRARIES PROPERTY VALUE "${platform_libraries}")
+
+# BUILD_SHARED_LIBS decides where it is set. Otherwise shared; static inside
+# another project, whose installed programs would lack the libraries.
+set(static_default ON)
+if(BUILD_SHARED_LIBS OR (PROJECT_IS_TOP_LEVEL AND NOT DEFINED BUILD_SHARED_LIBS))
+    set(static_default OFF)
 endif()
 option(ZELDEBUGDIALOG_STATIC "Static libraries in place of shared ones" ${static_default})
 if(ZELDEBUGDIALOG_STATIC)

@@ -1,13 +1,14 @@
 # Programs outside the tree that use the project, each built and run in a folder
 # of its own below `scratch`. Sourced, not run. CXX and CXX_STANDARD choose the
-# compiler and the language.
+# compiler and the language, STRICT whether warnings of the project's own sources
+# are errors.
 # shellcheck shell=bash
 
 project=$PWD
 consumers=$project/tests/packaging/consumers
 vendor=$project/tests/packaging/vendor
 board=$project/examples/board/board.xml
-: "${CXX:=c++}" "${CXX_STANDARD:=17}"
+: "${CXX:=c++}" "${CXX_STANDARD:=17}" "${STRICT:=ON}"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
@@ -24,7 +25,7 @@ build() {
   local name=$1 source=$2
   shift 2
   quietly cmake -S "$source" -B "$scratch/$name" -G Ninja \
-    -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_COMPILER="$CXX" \
+    -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_COMPILER="$CXX" -DCMAKE_UNITY_BUILD=ON \
     -DCMAKE_CXX_STANDARD="$CXX_STANDARD" "$@"
   quietly cmake --build "$scratch/$name"
 }
@@ -33,11 +34,27 @@ build() {
 # it was installed to; without the dialog unless an option asks for it.
 install_project() {
   rm -rf "$scratch/first" "$scratch/moved"
-  build project "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER=ON \
+  build project "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER="$STRICT" \
     -DZELDEBUGDIALOG_DIALOG=OFF "$@"
   quietly cmake --install "$scratch/project" --prefix "$scratch/first"
   prefix=$scratch/moved
   mv "$scratch/first" "$prefix"
+}
+
+# a_project NAME: a copy in $scratch/NAME-project of one of the small projects
+# that docs/packaging.md shows, with the sources that it names.
+a_project() {
+  local copy=$scratch/$1-project
+  mkdir -p "$copy"
+  if [ -d "$consumers/$1" ]; then cp "$consumers/$1/CMakeLists.txt" "$copy"; fi
+  cp "$consumers/dialog.cpp" "$consumers/OneLumacore.h" "$copy"
+  cp "$consumers/ModelDesign.cpp" "$copy/board.cpp"
+}
+
+# watched NAME: a copy that also watches that nothing leaks into the project.
+watched() {
+  a_project "$1"
+  say "include($consumers/NothingLeaks.cmake)" >>"$scratch/$1-project/CMakeLists.txt"
 }
 
 find_package_consumer() {
@@ -69,7 +86,13 @@ pkg_config_consumer() {
   say "-- pkg-config: $CXX, C++$CXX_STANDARD"
   libraries=$(dirname "$(find "$prefix" -name pkgconfig -type d)")
   export PKG_CONFIG_PATH="$libraries/pkgconfig"
-  read -ra flags <<<"$(pkg-config --cflags --libs zeldebugdialog zeldebugdialog-design-model)"
+  # As the page says it; each package tells what else it takes.
+  a_project pkg_config
+  fenced_block '<!-- pkg-config -->' docs/packaging.md >"$scratch/pkg_config-project/build"
+  (cd "$scratch/pkg_config-project" && bash -eu build)
+  LD_LIBRARY_PATH=$libraries "$scratch/pkg_config-project/dialog"
+
+  read -ra flags <<<"$(pkg-config --cflags --libs zeldebugdialog-design-model)"
   all=("-std=c++$CXX_STANDARD" -Wall -Wextra -Wpedantic -Werror "-Wl,-rpath,$libraries")
   flags+=("${all[@]}")
   mkdir -p "$scratch/pkg_config"
@@ -102,43 +125,63 @@ pkg_config_consumer() {
 
 add_subdirectory_consumer() {
   say "-- add_subdirectory: $CXX, C++$CXX_STANDARD"
-  build add_subdirectory "$consumers/add_subdirectory" -DZELDEBUGDIALOG_SOURCE_DIR="$project"
+  watched add_subdirectory
+  ln -s "$project" "$scratch/add_subdirectory-project/ZelDebugDialog"
+  build add_subdirectory "$scratch/add_subdirectory-project"
   "$scratch/add_subdirectory/dialog"
-  nothing_installed add_subdirectory
+  stands_alone add_subdirectory
 }
 
 fetch_content_consumer() {
   say "-- FetchContent: $CXX, C++$CXX_STANDARD"
-  build fetch_content "$consumers/fetch_content" -DZELDEBUGDIALOG_REPOSITORY="$project"
+  watched fetch_content
+  build fetch_content "$scratch/fetch_content-project" -DZELDEBUGDIALOG_REPOSITORY="$project"
   "$scratch/fetch_content/dialog"
-  nothing_installed fetch_content
+  stands_alone fetch_content
 }
 
-# nothing_installed NAME: a consumer without install rules installs nothing.
-nothing_installed() {
+# stands_alone NAME: what a consumer installs is its own program, which runs
+# where nothing else of the build is left.
+stands_alone() {
+  local installed
   quietly cmake --install "$scratch/$1" --prefix "$scratch/$1-prefix"
-  if [ -e "$scratch/$1-prefix" ]; then
-    say "install rules came in:"
-    find "$scratch/$1-prefix"
+  rm -r "${scratch:?}/$1"
+  installed=$(cd "$scratch/$1-prefix" && find . ! -type d)
+  if [ "$installed" != ./bin/dialog ]; then
+    say "install rules came in: $installed"
     return 1
   fi
+  "$scratch/$1-prefix/bin/dialog"
 }
 
-# The engine and the models against a vendor's headers and library in place of
-# our own. What stands on the models alone sees neither.
+# The engine and the configuration model against a vendor's headers and library
+# in place of our own, named as seen from the folder that cmake is called in.
+# Programs that use them name neither.
 vendor_consumer() {
-  local library=$scratch/vendor/libVendorPlatform.so
+  local flags=() libraries
   say "-- a vendor's platform: $CXX, C++$CXX_STANDARD"
   build vendor "$vendor"
-  build vendor-engine "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER=ON \
-    -DCMAKE_INSTALL_PREFIX="$scratch/vendor-prefix" \
-    -DZELDEBUGDIALOG_TOOL=OFF -DZELDEBUGDIALOG_C_INTERFACE=OFF -DZELDEBUGDIALOG_DIALOG=OFF \
-    -DZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR="$vendor/include" \
-    -DZELDEBUGDIALOG_PLATFORM_LIBRARIES="$library"
+  # CMake installs no package that leads into its own source tree.
+  cp -r "$vendor/include" "$scratch/vendor/include"
+  (
+    cd "$scratch" || exit
+    build vendor-engine "$project" -DBUILD_TESTING=OFF -DZELDEBUGDIALOG_DEVELOPER="$STRICT" \
+      -DCMAKE_INSTALL_PREFIX="$scratch/vendor-prefix" \
+      -DZELDEBUGDIALOG_TOOL=OFF -DZELDEBUGDIALOG_C_INTERFACE=OFF -DZELDEBUGDIALOG_DIALOG=OFF \
+      -DZELDEBUGDIALOG_PLATFORM_INCLUDE_DIR=vendor/include \
+      -DZELDEBUGDIALOG_PLATFORM_LIBRARIES=vendor/libVendorPlatform.so
+  )
   quietly cmake --install "$scratch/vendor-engine"
-  build vendor-consumer "$consumers/find_package" -DCMAKE_PREFIX_PATH="$scratch/vendor-prefix" \
-    -DCOMPONENTS=Engine -DDESIGN_SOURCE= -DCMAKE_CXX_FLAGS="-I$vendor/include"
+  a_project vendor_platform
+  build vendor-consumer "$scratch/vendor_platform-project" \
+    -DCMAKE_PREFIX_PATH="$scratch/vendor-prefix"
   "$scratch/vendor-consumer/dialog" 2>"$scratch/vendor-messages"
   cat "$scratch/vendor-messages"
   grep -q "^vendor's log: UNKNOWN Parameter" "$scratch/vendor-messages"
+
+  libraries=$(dirname "$(find "$scratch/vendor-prefix" -name pkgconfig -type d)")
+  read -ra flags <<<"$(PKG_CONFIG_PATH="$libraries/pkgconfig" pkg-config --cflags --libs zeldebugdialog)"
+  "$CXX" "-std=c++$CXX_STANDARD" "$consumers/dialog.cpp" "${flags[@]}" \
+    "-Wl,-rpath,$libraries:$scratch/vendor" -o "$scratch/vendor-pkg-config"
+  "$scratch/vendor-pkg-config"
 }

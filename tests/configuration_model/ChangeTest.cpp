@@ -300,6 +300,13 @@ TEST_F(ChangeTest, ARequestTellsWhatOfItsCopyIsNotAllowed) {
   for (const std::string &effect : shown(asked.Change(request)))
     EXPECT_THAT(effect, testing::Not(testing::HasSubstr("not allow")));
   EXPECT_EQ(asked.Get("connection"), Value("sim"));
+  // So does a whole command.
+  request.values = {};
+  request.command = "connect ppc hw -debugdevice devicenr 4";
+  Session commanded = open("ppc405");
+  for (const std::string &effect : shown(commanded.Change(request)))
+    EXPECT_THAT(effect, testing::Not(testing::HasSubstr("not allow")));
+  EXPECT_EQ(commanded.Get("debugDevice"), Value(4));
 }
 
 TEST_F(ChangeTest, ACopyTakesAllButIdentityAndTellsWhatIsNotAllowed) {

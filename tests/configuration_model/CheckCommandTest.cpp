@@ -225,6 +225,10 @@ TEST(CheckCommand, WarnsOfWhatIsReadAndSurelyNotMeant) {
        "42+11 warning value-cut"},
       {"connect lc hdu -debugdevice devicenr 2nd", "37+3 warning not-a-number"},
       {"connect lc hdu -debugdevice devicenr 0", ""},
+      // More than any number holds, and a number behind it that fits.
+      {"connect lc hdu -configdevice devicenr 99999999999999999999 "
+       "-configdevice devicenr 5",
+       "38+20 warning value-cut"},
       {"connect lc hdu -debugdevice devicenr 0x10", ""},
       {"connect lc sim fast furious", "15+4 warning ignored-word"},
       {"connect lc hdu -configdevice devicenr 1 -configdevice devicenr 2", ""},

@@ -67,6 +67,31 @@ TEST_F(CommandSettingsTest, TellTheFirstLineThatIsNotEmpty) {
   EXPECT_EQ(settingIn(read.chain[0], "chain[0].idcode").origin, "default");
 }
 
+/// The line of a stub is a part of how to connect: the last word decides.
+TEST_F(CommandSettingsTest, AConnectionComesFromTheWordThatDecidesIt) {
+  const std::string command = "connect lc stub -baud 9600 -comm serial";
+  const CommandSettings read = readOf(command);
+  EXPECT_EQ(settingIn(read.settings, "connection").value, Value("stub-serial"));
+  EXPECT_EQ(settingIn(read.settings, "connectionType").origin, "file:12");
+  EXPECT_EQ(settingIn(read.settings, "stubType").origin, "file:34");
+  EXPECT_EQ(settingIn(read.settings, "connection").origin, "file:34");
+  const SessionState state = openWith(command).State();
+  EXPECT_EQ(model_test::settingIn(state, "connectionType").origin, "file:12");
+  EXPECT_EQ(model_test::settingIn(state, "connection").origin, "file:34");
+}
+
+TEST_F(CommandSettingsTest, AChainComesFromTheWordThatBeginsIt) {
+  const SessionState state =
+      openWith("connect lc hdu -configdevice partname p irlength 4 "
+               "-configdevice partname q")
+          .State();
+  EXPECT_EQ(model_test::settingIn(state, "chain").origin,
+            state.chain[0][0].origin);
+  EXPECT_EQ(state.chain[0][0].origin, "file:39");
+  EXPECT_EQ(state.chain[0][1].origin, "default");
+  EXPECT_EQ(state.chain[1][0].origin, "file:75");
+}
+
 TEST_F(CommandSettingsTest, OfARefusedCommandGoUpToItsFault) {
   const CommandSettings read =
       readOf("connect lc hdu -debugdevice devicenr 5 -foo");

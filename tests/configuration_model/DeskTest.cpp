@@ -40,7 +40,7 @@ protected:
 std::string written(Desk &desk) {
   std::string command;
   const Reading reading = desk.writeCommand(command);
-  return reading.accepted() ? command : reasonOf(reading);
+  return reading.accepted() ? command : reasonOf(reading.message);
 }
 
 TEST_F(DeskTest, DiscoveryAsksOnceAndReleasesWhatItFound) {
@@ -115,8 +115,8 @@ TEST_F(DeskTest, RefusalsHaveTheEnginesMessage) {
     EXPECT_EQ(reading.message, row.message) << row.command;
     EXPECT_EQ(reading.accepted(), row.result == 0) << row.command;
   }
-  EXPECT_EQ(reasonOf({3, ""}), "the engine gives no reason");
-  EXPECT_EQ(reasonOf({3, " a\n\t b \n"}), "a b");
+  EXPECT_EQ(reasonOf(""), "the engine gives no reason");
+  EXPECT_EQ(reasonOf(" a\n\t b \n"), "a b");
 }
 
 TEST_F(DeskTest, TheDesignRefusesWhatItDoesNotAllow) {

@@ -7,6 +7,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -98,6 +99,20 @@ TEST_F(LockTest, TheLockIsHeldUntilSavedOrClosed) {
     EXPECT_THAT(names(), ElementsAre(".kvo_lc.opt.lock", "kvo_lc.opt"));
   }
   EXPECT_THAT(names(), ElementsAre("kvo_lc.opt"));
+}
+
+TEST_F(LockTest, NewFilesHaveTheRightsThatTheUserLeaves) {
+  namespace fs = std::filesystem;
+  const mode_t usual = umask(0027);
+  Session session(board, "lc", Session::Hold::untilSaved);
+  const fs::perms ofLock =
+      fs::status(work.path() / "etc" / ".kvo_lc.opt.lock").permissions();
+  session.Save();
+  umask(usual);
+  const fs::perms left =
+      fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
+  EXPECT_EQ(ofLock, left);
+  EXPECT_EQ(fs::status(work.path() / fileOf()).permissions(), left);
 }
 
 TEST_F(LockTest, AnotherProcessorsFileIsNotHeld) {

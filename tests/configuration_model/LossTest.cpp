@@ -28,6 +28,10 @@ void expectExplained(const std::vector<Loss> &losses) {
   std::vector<std::string> fields;
   for (const Loss &loss : losses) {
     EXPECT_THAT(fields, testing::Not(Contains(loss.field)));
+    EXPECT_NE(FindSetting(loss.field), nullptr) << loss.field;
+    if (!loss.displacedBy.empty()) {
+      EXPECT_NE(FindSetting(loss.displacedBy), nullptr) << loss.displacedBy;
+    }
     fields.push_back(loss.field);
     EXPECT_NE(FindCode(loss.code), nullptr) << loss.code;
     EXPECT_THAT(page, testing::HasSubstr("<a id=\"" + loss.anchor + "\">"));
@@ -159,6 +163,23 @@ TEST_F(LossTest, WhatALaterChangeDisplacesDoesNotStopSaving) {
                        "connection], blocking"));
 }
 
+/// Dropping a draft is a step, and asks for nothing.
+TEST_F(LossTest, AStepThatChangesNoValueLeavesThemAsTheyAre) {
+  Session session = open();
+  session.Change({{"cable.cableType", 3}, {"cable.frequency", 3000000}});
+  session.Change(
+      {{"cable.esn", "7"}, {"cable.port", "USB7"}, {"debugDevice", 1}});
+  const std::vector<std::string> losses{
+      "cable.frequency: 3 MHz -> 0 Hz [serial-number by cable.esn]",
+      "cable.port: USB7 -> USB21 [serial-number by cable.esn], blocking"};
+  EXPECT_EQ(shown(session.Losses()), losses);
+  session.Draft("debugDevice", "one");
+  EXPECT_EQ(shown(session.Losses()), losses);
+  session.Change({{"debugDevice", 1}});
+  EXPECT_FALSE(settingIn(session.State(), "debugDevice").draft);
+  EXPECT_EQ(shown(session.Losses()), losses);
+}
+
 TEST_F(LossTest, WhatIsDisplacedIsSoAlsoBehindAConfigurationWithoutACommand) {
   Session session = open();
   session.Change({{"debugDevice", 3}});
@@ -232,6 +253,20 @@ TEST_F(LossTest, ALineThatIsCutIsTold) {
   EXPECT_EQ(losses[0].code, "long-file");
   EXPECT_TRUE(losses[0].blocking);
   expectExplained(losses);
+}
+
+TEST_F(LossTest, ALineThatIsReadWholeIsNotCut) {
+  Session session = open();
+  const auto takePort = [&session](std::size_t size) {
+    session.Change(
+        {{"cable.cableType", 3}, {"cable.port", std::string(size, 'p')}});
+    return session.Command().size();
+  };
+  const std::size_t around = takePort(1) - 1;
+  EXPECT_EQ(takePort(1023 - around), 1023U);
+  EXPECT_THAT(session.Losses(), IsEmpty());
+  EXPECT_EQ(takePort(1024 - around), 1024U);
+  EXPECT_EQ(session.Losses().at(0).code, "long-file");
 }
 
 /// The cut is told, not what the reader makes of half a word.

@@ -9,6 +9,7 @@
 #include "files/FileLock.h"
 #include "settings/SettingTable.h"
 #include "settings/Values.h"
+#include "support/Cables.h"
 #include "text/Words.h"
 
 namespace {
@@ -98,6 +99,14 @@ TEST(Messages, OfAFolderThatCannotBeWritten) {
             "no-folder: /no: is a file, no folder");
 }
 
+std::string writableCableWords() {
+  std::string text = "'none'";
+  for (const support::Cable &cable : support::cables())
+    for (const std::string &word : cable.words)
+      text += cable.written.empty() ? "" : ", '" + word + "'";
+  return text;
+}
+
 TEST(Messages, OfAValue) {
   const std::string port = "bad-value: cable.port: ";
   const struct {
@@ -126,9 +135,8 @@ TEST(Messages, OfAValue) {
        "'USER2', 'USER3', 'USER4'; did you mean 'USER1'?"},
       // A cable that no command can be written with is not offered.
       {"cable.cableType", "ftdi_cable",
-       "bad-value: cable.cableType: 'ftdi_cable' is unknown; accepted are "
-       "'none', 'quorla_parallel', 'quorla_parallel4', 'quorla_podusb', "
-       "'quorla_parallel3', 'quorla_plugin', 'digilent_plugin'"},
+       "bad-value: cable.cableType: 'ftdi_cable' is unknown; accepted are " +
+           writableCableWords()},
   };
   model::Snapshot current;
   for (const auto &row : rows)
@@ -197,6 +205,10 @@ TEST_F(MessagesTest, OfAProcessorThatIsNone) {
   options.processor = "lx";
   EXPECT_EQ(refusalOf([&] { CheckCommand("connect lc hdu", options); }),
             message);
+  options.processor = "esc\x1B";
+  EXPECT_EQ(refusalOf([&] { CheckCommand("connect lc hdu", options); }),
+            "unknown-processor: 'esc\\x1b' is no processor of the design; "
+            "there are 'lc', 'lc_sim', 'ppc405', 'ppc440', 'a9', 'r5'");
 }
 
 TEST_F(MessagesTest, OfTheNumberOfAnotherProcessor) {

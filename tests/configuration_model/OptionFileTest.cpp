@@ -83,6 +83,19 @@ TEST_F(OptionFileTest, IsReadUpToABound) {
   EXPECT_FALSE(readOf(other).isSameAs(file));
 }
 
+TEST_F(OptionFileTest, IsReadToItsLastByte) {
+  for (const std::size_t size : {4095U, 4096U, 4097U, 8193U})
+    EXPECT_EQ(readOf(std::string(size, '\n')).bytes.size(), size);
+}
+
+/// A program's own memory is a file, and nothing lies at its front.
+TEST_F(OptionFileTest, SaysWhyItCannotBeRead) {
+  const OptionFile file = readOptionFile("/proc/self/mem");
+  EXPECT_TRUE(file.exists);
+  EXPECT_EQ(file.problem, "Input/output error");
+  EXPECT_EQ(file.bytes, "");
+}
+
 TEST_F(OptionFileTest, IsAnotherWhereItIsNotThere) {
   const OptionFile none = readOptionFile(work.path() / "none.opt");
   EXPECT_FALSE(none.exists);

@@ -121,6 +121,12 @@ TEST(RoundtripCommand, TellsWhichStepIsRefused) {
        "reading again: column 30: 'jtagpin' is no parameter of this option "
        "(UNKNOWN Parameter 'jtagpin' for option '-configDevice')",
        "nCpu 2->nothing never-written; cpuJtag 1->nothing cpu-jtag-marker"},
+      {"connect lc hdu -configdevice jtagport cpu -configdevice devicenr 1 "
+       "isfpga 1",
+       "reading again: column 30: 'jtagpin' is no parameter of this option "
+       "(UNKNOWN Parameter 'jtagpin' for option '-configDevice')",
+       "cpuJtag 1->nothing cpu-jtag-marker; chain[1].isfpga 1->nothing "
+       "never-written"},
       {"vpconnect lc -ipcport h:3",
        "reading again: column 14: '-ipcporth3' is no option here (UNKNOWN "
        "virtual platform Option 'lc')",

@@ -1,5 +1,6 @@
 // Saving: whole or not at all, and nothing that is lost in silence.
 #include <filesystem>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -10,6 +11,7 @@
 
 #include "configuration_model/ModelTest.h"
 #include "support/FileSizeLimit.h"
+#include "support/Targets.h"
 
 namespace {
 
@@ -69,6 +71,23 @@ TEST_F(SaveTest, WritesTheCommandAndNothingElse) {
   EXPECT_FALSE(session.State().dirty);
   EXPECT_FALSE(session.ChangedOnDisk());
   EXPECT_EQ(open().Get("debugDevice"), Value(3));
+}
+
+TEST_F(SaveTest, LeavesNoFileOpen) {
+  const auto openFiles = [] {
+    return std::distance(fs::directory_iterator("/proc/self/fd"), {});
+  };
+  const auto before = openFiles();
+  {
+    Session session = changed();
+    Session other = open("a9");
+    EXPECT_TRUE(SaveSessions({&session, &other})[1].written);
+    session.Change({{"debugDevice", 4}});
+    session.Save();
+    EXPECT_THAT(refusalOf([&] { openWith("nonsense").Save(); }),
+                testing::StartsWith("unreadable"));
+  }
+  EXPECT_EQ(openFiles(), before);
 }
 
 TEST_F(SaveTest, SavesTheDefaultsWhereNothingIsSaved) {
@@ -196,7 +215,7 @@ TEST_F(SaveTest, AFileThatHasChangedIsRefusedUnlessForced) {
 TEST_F(SaveTest, AFileThatCannotBeReadIsRefusedUnlessForced) {
   struct Row {
     std::string content;
-    const char *problem;
+    std::string problem;
   } const rows[] = {
       {"connect lc nothing",
        "the command is refused: column 12: 'nothing' is no way to connect to "
@@ -218,7 +237,8 @@ TEST_F(SaveTest, AFileThatCannotBeReadIsRefusedUnlessForced) {
        "file; accepted are 'connect', 'vpconnect'"},
       {"connect hdu",
        "the command is refused: column 9: 'hdu' is not taken in an option "
-       "file; accepted are 'lc', 'ppc', 'arm', 'r5'"},
+       "file; accepted are " +
+           support::listed(support::targetsInFiles)},
       {"\xFF\xFE\n",
        "the command is refused: column 1: '\\xff\\xfe' is no head word"},
   };

@@ -164,10 +164,6 @@ TEST(SettingTable, ChoicesAreTheEnginesOwn) {
             (Names{"sim", "hw", "stub-serial", "stub-jtag", "vp"}));
   EXPECT_EQ(wordsOf("bscanUserReg"),
             (Names{"USER1", "USER2", "USER3", "USER4"}));
-  EXPECT_EQ(wordsOf("cable.cableType"),
-            (Names{"none", "1", "quorla_parallel", "quorla_podusb",
-                   "quorla_parallel3", "quorla_plugin", "digilent_plugin",
-                   "quorla_tcf"}));
   EXPECT_EQ(FindSetting("cable.cableType")->choices[3].value, Value(3));
   EXPECT_EQ(FindSetting("bscanUserReg")->choices[2].value, Value(0x22));
   for (const SettingInfo &setting : GetSettings())

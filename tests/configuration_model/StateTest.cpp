@@ -311,6 +311,18 @@ TEST_F(StateTest, AWordWithTwoSettingsNamesBoth) {
   EXPECT_THAT(settings, ElementsAre("connection"));
 }
 
+/// The line of a stub is a part of how to connect.
+TEST_F(StateTest, AConnectionStandsInEachOfItsWords) {
+  Session session = open();
+  session.Change({{"connection", "stub-serial"}, {"stubBaudRate", 9600}});
+  const SessionState state = session.State();
+  std::vector<std::string> words;
+  for (const StateWord &word : state.words)
+    if (word.setting == "connection")
+      words.push_back(state.command->substr(word.offset, word.length));
+  EXPECT_THAT(words, ElementsAre("stub", "serial"));
+}
+
 TEST_F(StateTest, ADevicesFieldsAreAsApplicableAsTheChain) {
   Session session = open();
   session.Change({{"chain", Value::Chain{{}}}});

@@ -7,6 +7,7 @@
 
 #include "configuration_model/ModelTest.h"
 #include "settings/Values.h"
+#include "support/Cables.h"
 
 namespace {
 
@@ -161,7 +162,7 @@ TEST_F(ValuesTest, OfEachKindAreTakenInEitherForm) {
       {"connection", 1, nullptr},
       {"cable.cableType", 3, "quorla_podusb"},
       {"cable.cableType", 7, "quorla_tcf"},
-      {"cable.cableType", 8, nullptr},
+      {"cable.cableType", support::cables().back().number + 1, nullptr},
       {"cable.cableType", -1, nullptr},
       {"cable.cableType", "quorla_podusb", "quorla_podusb"},
       {"cable.cableType", "quorla_podus", nullptr},
@@ -294,6 +295,67 @@ TEST_F(ValuesTest, RefusalsOfADeviceNameItsField) {
                             Value::Chain{{}, device.asked}, current, defaults);
               }),
               device.refusal);
+}
+
+TEST_F(ValuesTest, DevicesThatAreThereStayWhateverTheyAre) {
+  JtagOption odd;
+  odd.devicenr = -56; // of a command that says 200
+  odd.partname = "a b";
+  current.chain = {odd};
+  ChainDevice present = deviceValue(odd);
+  const auto taken = [&](const Value::Chain &asked) {
+    return refusalOf([&] {
+      const Value chain =
+          expectValue(expectSettable("chain"), asked, current, defaults);
+      EXPECT_EQ(chain.Devices().size(), asked.size());
+      EXPECT_EQ(chain.Devices().back(), present);
+    });
+  };
+  EXPECT_EQ(taken({present}), "accepted");
+  EXPECT_EQ(taken({{}, present}), "accepted");
+  EXPECT_EQ(taken({present, {{"nppc", 1}}, present}), "accepted");
+  // Another one is like any that is new.
+  present[6].second = 1;
+  EXPECT_THAT(taken({present}),
+              testing::StartsWith("bad-value: chain[0].partname: 'a b' "));
+  current.chain.clear();
+  present[0].second = "a";
+  EXPECT_THAT(taken({{}, present}),
+              testing::StartsWith("bad-value: chain[1].devicenr: '-56' "));
+}
+
+TEST_F(ValuesTest, SamplesAreThePresentValueAndAllThatAWriterTellsApart) {
+  current.record.debugDevice = 5;
+  current.record.icacheStartAdr = 0x40000;
+  current.record.uartOverHdu = true;
+  current.record.connectionType = Engine::CONNECT_VP; // against the mask
+  current.record.stubSerialPort = "/dev/x";
+  current.cable.frequency = 7;
+  current.chain.resize(2);
+  const struct {
+    const char *id;
+    std::vector<std::string> samples;
+  } rows[] = {
+      {"debugDevice", {"5", "0", "1", "2"}},
+      {"nCpu", {"8", "0", "1", "2"}},
+      {"cable.frequency", {"7 Hz", "0 Hz", "1 Hz", "2 Hz"}},
+      {"icacheStartAdr", {"0x40000", "not set", "0x0", "0x10000"}},
+      {"romemStartAdr", {"not set", "0x0", "0x1"}},
+      {"uartOverHdu", {"yes", "no"}},
+      {"modelSimMode", {"no", "yes"}},
+      {"cpuJtag", {"no", "yes"}},
+      {"connection", {"vp", "sim", "hw"}},
+      {"bscanUserReg", {"USER2", "USER1", "USER3", "USER4"}},
+      {"stubSerialPort", {"/dev/x", "/dev/ttyS0", "a", "b"}},
+      {"ppcSimConfigFile", {"", "a", "b"}},
+      {"chain", {"UNKNOWN, UNKNOWN", "no devices", "UNKNOWN"}},
+  };
+  for (const auto &row : rows) {
+    std::vector<std::string> found;
+    for (const Value &value : sampleValues(*findRow(row.id), current, defaults))
+      found.push_back(shown(row.id, value));
+    EXPECT_EQ(found, row.samples) << row.id;
+  }
 }
 
 TEST_F(ValuesTest, SamplesAreValuesThatAreTaken) {

@@ -732,6 +732,18 @@ private slots:
     QVERIFY(!scene.board().isModified());
   }
 
+  void ACellThatIsBeingTypedMayGoWithItsDevice() {
+    Scene scene;
+    QTest::keyClicks(openCell(scene), "9");
+    scene.page().findChild<dialog::SessionModel *>()->typeCommand(
+        "connect lc hdu -debugdevice cpunr 1");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(
+        only<QTableWidget>(only<dialog::ChainEditor>(scene.page())).rowCount(),
+        0);
+    QVERIFY(!scene.board().isModified());
+  }
+
   void APageMayGoWhileACellIsBeingTyped() {
     DesignModel design;
     QVERIFY(ReadDesign({TEST_BOARD, {}, "", ""}, design));

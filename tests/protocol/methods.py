@@ -1,10 +1,11 @@
-"""The document of all methods: what each does, takes and answers.
+"""The OpenRPC document of all methods: what each does, takes and answers.
 
 Names, and which parameters there are, come from the server's own table; what is
 said here of them has to fit it.
 """
 
 import json
+import re
 
 import jsonschema
 
@@ -82,43 +83,49 @@ MEANINGS = {
 }
 
 
-def document(table):
-    """@param table  the server's, as print_methods prints it"""
-    listed = []
+def errors(page):
+    """Those that are this protocol's own, as the page of the protocol lists them: the
+    ones below -32000 that JSON-RPC defines may come from any method, and it says so."""
+    rows = re.findall(r"^\| (-?\d+) \| (.+?) \|$", page, re.MULTILINE)
+    return {f"E{code}".replace("-", ""): {"code": int(code), "message": message} for code, message in rows
+            if not -32768 <= int(code) <= -32600}
+
+
+def document(table, page):
+    """@param table  the server's, as print_methods prints it
+    @param page  the text of docs/protocol.md"""
+    listed, own = [], errors(page)
     for row in table:
         summary, meanings = MEANINGS[row["name"]]
         if set(meanings) != {each["name"] for each in row["parameters"]}:
             raise SystemExit(f"methods.py says nothing, or too much, of the parameters of {row['name']}")
+        result = RESULTS + row["name"].replace("~", "~0").replace("/", "~1")
         listed.append({
             "name": row["name"],
             "summary": summary,
+            "paramStructure": "by-name",
             "params": [{"name": each["name"], "summary": meanings[each["name"]], "required": each["required"],
                         "schema": KINDS[each["is"]]} for each in row["parameters"]],
-            "result": {"$ref": RESULTS + row["name"].replace("~", "~0").replace("/", "~1")},
-            "error": {"$ref": "protocol-error.schema.json"},
+            "result": {"name": "result", "schema": {"$ref": result}},
+            "errors": [{"$ref": f"#/components/errors/{name}"} for name in own],
         })
-    return {"title": "The protocol of ZelDebugDialog", "version": 1, "methods": listed}
+    return {"openrpc": "1.3.2",
+            "info": {"title": "The protocol of ZelDebugDialog", "version": "1",
+                     "description": "JSON-RPC 2.0 over the pipes of 'zeldebug serve', or in process by its C library. "
+                                    "An error has 'data' as x-error says."},
+            "methods": listed,
+            "components": {"errors": own},
+            "x-error": {"$ref": "protocol-error.schema.json"}}
 
 
-def document_schema():
-    def closed(properties):
-        return {"type": "object", "additionalProperties": False, "required": list(properties),
-                "properties": properties}
-    def told(schema, description):
-        return {**schema, "description": description}
-    reference = closed({"$ref": told(TEXT, "A schema of this folder")})
-    parameter = closed({
-        "name": told(TEXT, "Its name in 'params'"), "summary": told(TEXT, "What it means"),
-        "required": {"type": "boolean", "description": "Whether it has to be there"},
-        "schema": {"$ref": "#/$defs/anything", "description": "What it has to be, as a JSON Schema"}})
-    method = closed({
-        "name": told(TEXT, "What a request calls it"), "summary": told(TEXT, "What it does"),
-        "params": {"type": "array", "items": parameter, "description": "All are given by name"},
-        "result": told(reference, "What it answers"), "error": told(reference, "What it answers instead")})
-    return {**closed({"title": told(TEXT, "Whose methods they are"),
-                      "version": {"const": 1, "description": "Of the protocol"},
-                      "methods": {"type": "array", "items": method, "description": "All that there are"}}),
-            "$defs": {"anything": {}}}
+def validate(content, folder):
+    """Holds the document against the schema of OpenRPC.
+    @param folder  with that schema, and the one of JSON Schema that it refers to"""
+    openrpc, json_schema = (json.loads((folder / name).read_text(encoding="utf-8"))
+                            for name in ("schema-1.3.json", "json-schema.json"))
+    store = {json_schema["$id"].rstrip("/"): json_schema, json_schema["$id"]: json_schema}
+    resolver = jsonschema.RefResolver(openrpc["$id"], openrpc, store)
+    jsonschema.Draft7Validator(openrpc, resolver=resolver).validate(content)
 
 
 PROBES = [None, True, False, 0, 1, 1.0, 1.5, -1, 100000000, 100000001, 2 ** 63, 1e300, "", "a", "\0", "ä", [], [""],

@@ -2,7 +2,7 @@
 
 HEAD = """# Every method and member
 
-What [the protocol](protocol.md) takes and answers, member by member. This page is made from the same tables as the schemas in [schema/](schema/); [protocol-methods.json](schema/protocol-methods.json) has the methods for programs, in a form of its own that `protocol-methods.schema.json` describes.
+What [the protocol](protocol.md) takes and answers, member by member. This page is made from the same tables as the schemas in [schema/](schema/); [protocol.openrpc.json](schema/protocol.openrpc.json) has the methods for programs, as an [OpenRPC](https://spec.open-rpc.org/) document.
 
 A member whose description begins with "Optional" is left out where it does not apply.
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """The schemas of what the protocol answers, made from the table of settings; the
-document of its methods, made from the server's table of them; and the page that
+OpenRPC document of its methods, made from the server's table of them; and the page that
 says what each member is.
 
 usage: schemas.py LIBRARY PRINT_METHODS DOCS_FOLDER [--write]
@@ -21,6 +21,7 @@ import reference
 from transports import Library
 
 PREFIX = "protocol-"
+OPENRPC = "protocol.openrpc.json"
 COMMON = "common.schema.json#/$defs/"
 ANYTHING = {"$ref": "protocol-results.schema.json#/$defs/anything"}
 WHOLE = {"type": "integer", "minimum": 0}
@@ -263,7 +264,6 @@ def make(settings, folder):
         "error": document("error", "Why a request is not done", error()),
         "results": document("results", "What each method answers: an object whose one member is named as the method",
                             results(tool), DEFINITIONS),
-        "methods": document("methods", "The document of all methods", methods.document_schema()),
     }
 
 
@@ -303,12 +303,12 @@ def main(library, print_methods, folder, *options):
     server = Library(library)
     table = json.loads(subprocess.run([print_methods], check=True, capture_output=True, text=True).stdout)
     schemas = make(settings_of(server), folder / "schema")
-    all_methods = methods.document(table)
+    all_methods = methods.document(table, (folder / "protocol.md").read_text(encoding="utf-8"))
     for schema in schemas.values():
         jsonschema.Draft202012Validator.check_schema(schema)
-    jsonschema.Draft202012Validator(schemas["methods"]).validate(all_methods)
+    methods.validate(all_methods, pathlib.Path(__file__).parent / "openrpc")
     made = {folder / "schema" / f"{PREFIX}{name}.schema.json": as_text(schema) for name, schema in schemas.items()}
-    made[folder / "schema" / f"{PREFIX}methods.json"] = as_text(all_methods)
+    made[folder / "schema" / OPENRPC] = as_text(all_methods)
     made[folder / "protocol-reference.md"] = reference.page(all_methods, schemas)
     for path, text in made.items():
         if options == ("--write",):

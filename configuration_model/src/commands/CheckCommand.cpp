@@ -1,12 +1,9 @@
 #include <algorithm>
 
-#include <fmt/format.h>
-
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
-#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "commands/Diagnose.h"
 #include "commands/TracedCommand.h"
-#include "text/NearestMatch.h"
+#include "commands/WhyNoProcessor.h"
 
 namespace ZelDebugDialog {
 
@@ -14,32 +11,12 @@ namespace {
 
 constexpr int refused = 3;
 
-Refusal unknownProcessor(const Board &board, const std::string &name) {
-  for (const UndebuggableProcessor &processor : board.Undebuggable())
-    if (processor.name == name) {
-      Refusal refusal(
-          RefusalKind::notDebuggable, "",
-          fmt::format("'{}' cannot be debugged: {}", name, processor.reason));
-      refusal.value = name;
-      return refusal;
-    }
-  Refusal refusal(RefusalKind::unknownProcessor, "",
-                  fmt::format("'{}' is no processor of the design; there are "
-                              "{}{}",
-                              name, model::quotedList(board.Names()),
-                              model::didYouMean(name, board.Names())));
-  refusal.value = name;
-  refusal.accepted = board.Names();
-  refusal.suggestion = model::nearestMatch(name, board.Names());
-  return refusal;
-}
-
 const BoardProcessor &expectProcessor(const Board &board,
                                       const std::string &name) {
   for (const BoardProcessor &processor : board.Processors())
     if (processor.name == name)
       return processor;
-  throw unknownProcessor(board, name);
+  throw model::whyNoProcessor(name, board.Names(), board.Undebuggable());
 }
 
 bool isError(const CommandDiagnostic &diagnostic) {

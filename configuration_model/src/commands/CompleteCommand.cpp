@@ -72,14 +72,13 @@ private:
   const LanguageHead *head = nullptr;
   const LanguageTarget *target = nullptr;
   const LanguageOptionSet *options = nullptr;
-  const LanguageOption *option = nullptr; ///< whose clause is open
-  const LanguageValue *value = nullptr;   ///< that belongs next
+  const LanguageOption *option = nullptr; ///< at a clause: whose it is
+  const LanguageValue *value = nullptr;   ///< at a value: which one it is
   std::string cable;                      ///< the type that was named last
 };
 
 void Walk::enterOptions(const std::string &set) {
   options = FindOptionSet(set);
-  option = nullptr;
   place = options == nullptr ? Place::nowhere : Place::option;
 }
 
@@ -128,7 +127,6 @@ void Walk::takeTarget(const std::string &word) {
 /// the next option.
 void Walk::takeOption(const std::string &word) {
   option = model::findKeyword(options->options, word);
-  value = nullptr;
   place = Place::option;
   if (option == nullptr)
     return;
@@ -146,8 +144,9 @@ void Walk::takeName(const std::string &word) {
   if (IsOptionWord(word))
     return takeOption(word);
   const auto *const parameter = model::findKeyword(option->parameters, word);
-  value = parameter == nullptr ? nullptr : &parameter->value;
   place = parameter == nullptr ? Place::option : Place::value;
+  if (parameter != nullptr)
+    value = &parameter->value;
 }
 
 /// An option word in place of a value begins the next clause.
@@ -159,7 +158,6 @@ void Walk::takeValue(const std::string &word) {
       stored.end())
     cable = word;
   place = option->parameters.empty() ? Place::option : Place::clause;
-  value = nullptr;
 }
 
 Words Walk::optionWords() const {

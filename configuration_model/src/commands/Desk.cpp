@@ -95,9 +95,9 @@ Reading Desk::writeCommand(std::string &command) {
   return readingOf(engine, [&] { return engine.GenerateCmdString(command); });
 }
 
-std::string reasonOf(const Reading &reading) {
+std::string reasonOf(const std::string &message) {
   std::string text;
-  for (const char c : reading.message) {
+  for (const char c : message) {
     const bool blank = c == ' ' || c == '\n' || c == '\t';
     if (!blank)
       text += c;

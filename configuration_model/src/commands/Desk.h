@@ -29,7 +29,7 @@ struct Reading {
 
 /// What is known about a refusal: the engine's message on one line, or that it
 /// gave none.
-std::string reasonOf(const Reading &reading);
+std::string reasonOf(const std::string &message);
 
 class Desk {
 public:

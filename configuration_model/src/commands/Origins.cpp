@@ -22,8 +22,7 @@ public:
       for (const std::string &field : word.fields) {
         const std::string place = fmt::format("file:{}", word.offset + 1);
         places[field] = place;
-        if (field == "connectionType" || field == "stubType")
-          places["connection"] = place;
+        places[settingOf(field)] = place;
       }
   }
 

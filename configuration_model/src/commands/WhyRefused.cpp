@@ -15,7 +15,7 @@ namespace {
 std::string refusalIn(const CommandTrace &trace, const Reading &reading,
                       const std::string &command) {
   if (trace.faults.empty())
-    return printable(reasonOf(reading));
+    return printable(reasonOf(reading.message));
   const CommandFault &fault = trace.faults.front();
   const std::size_t offset = fault.word < trace.words.size()
                                  ? trace.words[fault.word].offset
@@ -25,7 +25,7 @@ std::string refusalIn(const CommandTrace &trace, const Reading &reading,
   return fault.message.empty()
              ? place
              : fmt::format("{} ({})", place,
-                           printable(reasonOf({1, fault.message})));
+                           printable(reasonOf(fault.message)));
 }
 
 } // namespace

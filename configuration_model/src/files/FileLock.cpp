@@ -57,14 +57,12 @@ int waitForLock(int descriptor, std::chrono::steady_clock::time_point end) {
 FileLock::FileLock(const fs::path &file) : path(besideFile(file, ".lock")) {
   const auto end = std::chrono::steady_clock::now() + longestWait;
   for (;;) {
-    descriptor =
-        open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0666);
-    if (descriptor < 0)
+    descriptor.emplace(path, O_RDWR | O_CREAT | O_NOFOLLOW, 0666);
+    if (!descriptor->isOpen())
       refuseToWriteIn(file.parent_path(), errno);
-    const int problem = waitForLock(descriptor, end);
-    if (problem == 0 && isStillThere(descriptor, path))
+    const int problem = waitForLock(descriptor->number(), end);
+    if (problem == 0 && isStillThere(descriptor->number(), path))
       return;
-    close(descriptor);
     if (problem == ETIMEDOUT)
       refuseFile(file, "another program has been saving it for too long");
     if (problem != 0)
@@ -72,10 +70,7 @@ FileLock::FileLock(const fs::path &file) : path(besideFile(file, ".lock")) {
   }
 }
 
-FileLock::~FileLock() {
-  unlink(path.c_str());
-  close(descriptor);
-}
+FileLock::~FileLock() { unlink(path.c_str()); }
 
 fs::path besideFile(const fs::path &file, const char *ending) {
   std::string name = file.filename().string();

@@ -3,9 +3,11 @@
 #define ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_FILELOCK_H
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
+#include "files/FileDescriptor.h"
 
 namespace ZelDebugDialog::model {
 
@@ -23,7 +25,7 @@ public:
 
 private:
   std::filesystem::path path;
-  int descriptor = -1;
+  std::optional<FileDescriptor> descriptor;
 };
 
 /// The name of a file beside another one, short enough for the file system.

@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "files/FileDescriptor.h"
 #include "files/FileLock.h"
 #include "files/Place.h"
 
@@ -37,12 +38,10 @@ ScratchFile::ScratchFile(fs::path target)
     : place(std::move(target)), scratch(besideFile(place, ".new")) {
   unlink(scratch.c_str());
   // Made here, so that the engine cannot be led elsewhere by a link.
-  const int made =
-      open(scratch.c_str(),
-           O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
-  if (made < 0)
+  const FileDescriptor made(scratch, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW,
+                            0666);
+  if (!made.isOpen())
     refuseToWriteIn(place.parent_path(), errno);
-  close(made);
 }
 
 ScratchFile::~ScratchFile() {
@@ -110,25 +109,16 @@ void flushFiles(const std::vector<const ScratchFile *> &files) {
   }
   for (const auto &[device, together] : byFileSystem) {
     const fs::path &one = together.front()->path();
-    const int descriptor = open(one.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0)
+    const FileDescriptor opened(one, O_RDONLY);
+    const auto flush = together.size() == 1 ? fsync : syncfs;
+    if (!opened.isOpen() || flush(opened.number()) != 0)
       refuseFile(one, std::generic_category().message(errno));
-    const int result =
-        together.size() == 1 ? fsync(descriptor) : syncfs(descriptor);
-    const int problem = result == 0 ? 0 : errno;
-    close(descriptor);
-    if (problem != 0)
-      refuseFile(one, std::generic_category().message(problem));
   }
 }
 
 void flushFolder(const fs::path &folder) {
-  const int descriptor =
-      open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0)
-    return;
-  static_cast<void>(fsync(descriptor));
-  close(descriptor);
+  const FileDescriptor opened(folder, O_RDONLY | O_DIRECTORY);
+  static_cast<void>(fsync(opened.number()));
 }
 
 } // namespace ZelDebugDialog::model

@@ -10,6 +10,7 @@
 #include <unistd.h>
 
 #include "ZelDebugDialog/EngineFacts.h"
+#include "files/FileDescriptor.h"
 #include "files/Place.h"
 
 namespace ZelDebugDialog::model {
@@ -68,18 +69,16 @@ OptionFile readOptionFile(const fs::path &file) {
   if (!found.exists || !found.problem.empty())
     return found;
   // Whatever has come there since: opening must not wait for anybody.
-  const int descriptor =
-      open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-  if (descriptor < 0) {
+  const FileDescriptor opened(file, O_RDONLY | O_NONBLOCK | O_NOCTTY);
+  if (!opened.isOpen()) {
     found.problem = std::generic_category().message(errno);
     return found;
   }
   struct stat status = {};
-  if (fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
+  if (fstat(opened.number(), &status) != 0 || !S_ISREG(status.st_mode))
     found.problem = "is no regular file";
   else
-    readBytes(descriptor, found);
-  close(descriptor);
+    readBytes(opened.number(), found);
   findCommand(found);
   return found;
 }

@@ -19,25 +19,13 @@ constexpr const char *wholeCommand = "connectCommand";
 constexpr const char *connection = "connection";
 constexpr const char *chain = "chain";
 
-bool isPartOfChain(const Omission &omission) {
-  return omission.field.compare(0, 5, chain) == 0;
-}
-
-bool isPartOfConnection(const Omission &omission) {
-  return omission.field == "connectionType" || omission.field == "stubType";
-}
-
 const Omission *findFor(const std::vector<Omission> &omissions,
                         const SettingRow &row) {
   const auto isIt = [&row](const Omission &omission) {
-    return omission.field == row.info.id;
+    const std::string &field = omission.field;
+    return row.info.id == (row.get == nullptr ? field : settingOf(field));
   };
-  const auto found =
-      row.get == nullptr
-          ? std::find_if(omissions.begin(), omissions.end(), isIt)
-          : std::find_if(omissions.begin(), omissions.end(),
-                         row.info.id == chain ? isPartOfChain
-                                              : isPartOfConnection);
+  const auto found = std::find_if(omissions.begin(), omissions.end(), isIt);
   return found == omissions.end() ? nullptr : &*found;
 }
 
@@ -48,8 +36,9 @@ const Omission *findFor(const std::vector<Omission> &omissions,
   if (row.info.id != chain)
     return findFor(omissions, row);
   for (const Omission &omission : omissions)
-    if (isPartOfChain(omission) && fieldNamed(wanted, omission.field) !=
-                                       fieldNamed(readBack, omission.field))
+    if (settingOf(omission.field) == chain &&
+        fieldNamed(wanted, omission.field) !=
+            fieldNamed(readBack, omission.field))
       return &omission;
   return nullptr;
 }
@@ -83,10 +72,7 @@ std::string shownReason(const Omission &omission, const Snapshot &wanted) {
 void explain(RawLoss &loss, const Omission &omission, const Snapshot &wanted) {
   loss.reason = shownReason(omission, wanted);
   loss.code = reasonRow(omission.reason).why.code;
-  const SettingRow *const displacing = findRow(omission.displacedBy);
-  loss.displacedBy = displacing == nullptr ? "" : omission.displacedBy;
-  if (loss.displacedBy == "connectionType" || loss.displacedBy == "stubType")
-    loss.displacedBy = connection;
+  loss.displacedBy = settingOf(omission.displacedBy);
 }
 
 constexpr const char *linesInFile = "lines-in-file";
@@ -94,7 +80,7 @@ constexpr const char *longFile = "long-file";
 
 /// A text that an option file's line ends in.
 std::optional<Why> problemInFile(const Value &value) {
-  if (!value.IsText() || value.Text().empty())
+  if (!value.IsText())
     return std::nullopt;
   const auto problem = whyNoOpaqueWord(value.Text(), WordPlace::optionFile);
   const bool isOfFile =
@@ -127,15 +113,10 @@ RawLoss cutLoss(const std::string &command) {
 /// The one setting because of which the reader refuses.
 RawLoss refusalLoss(const Snapshot &wanted, const std::string &command,
                     const CommandWriting &writing, const std::string &refusal) {
-  for (const Omission &omission : writing.unreadable) {
-    const bool isOfChain = isPartOfChain(omission);
-    const bool isOfConnection = omission.field == "connectionType";
-    const SettingRow *const row = findRow(isOfChain        ? chain
-                                          : isOfConnection ? connection
-                                                           : omission.field);
-    if (row == nullptr)
-      continue;
-    RawLoss loss{row->info.id, valueIn(wanted, *row), {}, "", "", "", true};
+  if (!writing.unreadable.empty()) {
+    const Omission &omission = writing.unreadable.front();
+    const SettingRow &row = *findRow(settingOf(omission.field));
+    RawLoss loss{row.info.id, valueIn(wanted, row), {}, "", "", "", true};
     explain(loss, omission, wanted);
     return loss;
   }
@@ -146,10 +127,6 @@ RawLoss refusalLoss(const Snapshot &wanted, const std::string &command,
           "refused-again",
           "",
           true};
-}
-
-bool isPartOfConnection(const SettingRow &row) {
-  return row.info.id == "connectionType" || row.info.id == "stubType";
 }
 
 /// What a refused command does not even carry, beside the defaults.
@@ -192,9 +169,9 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
   for (const FieldDifference &difference :
        settingsThatDiffer(wanted, *readBack)) {
     const SettingRow &row = *findRow(difference.name);
-    connectionDiffers = connectionDiffers || difference.name == connection;
-    if (connectionDiffers && isPartOfConnection(row))
+    if (connectionDiffers && settingOf(difference.name) == connection)
       continue;
+    connectionDiffers = connectionDiffers || difference.name == connection;
     RawLoss loss{difference.name,
                  difference.before,
                  difference.after,
@@ -233,10 +210,8 @@ const Omission *Analysis::findOmission(const SettingRow &row) const {
 Refusal noCommandOf(const Analysis &analysis) {
   Refusal refusal(RefusalKind::noCommand, "",
                   "no command can be written: " + analysis.error);
-  if (!analysis.writing.omissions.empty()) {
-    const Omission &cause = analysis.writing.omissions.front();
-    refusal.setting = isPartOfConnection(cause) ? connection : cause.field;
-  }
+  if (!analysis.writing.omissions.empty())
+    refusal.setting = settingOf(analysis.writing.omissions.front().field);
   return refusal;
 }
 

@@ -84,7 +84,7 @@ bool isOutOfSight(const SettingRow &row, const Analysis &analysis) {
 bool canMakeDifference(Desk &desk, const Snapshot &snapshot,
                        const Snapshot &defaults, const SettingRow &row,
                        const Analysis &analysis) {
-  if (!row.info.settable || row.isOfDevice() || isOutOfSight(row, analysis))
+  if (!row.info.settable || isOutOfSight(row, analysis))
     return false;
   Trial trial(desk, defaults, row);
   return trial.makesDifferenceTo(snapshot, analysis.command) ||

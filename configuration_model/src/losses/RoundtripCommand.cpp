@@ -41,38 +41,24 @@ RoundtripField fieldOf(const std::string &name, const Value &before,
   return {name, before, after, why.text(), why.code, omission.displacedBy};
 }
 
-/// The settings because of which the reader refuses, and those that the command
-/// does not even carry.
+/// The settings because of which the reader refuses, of which there is one at
+/// least, and those that the command does not even carry.
 Fields fieldsOfRefusal(const model::Snapshot &wanted,
-                       const model::Written &written,
-                       const std::string &refusal) {
+                       const CommandWriting &writing) {
   Fields fields;
-  bool isExplained = false;
   model::Snapshot unset = model::defaultsBeside(wanted, wanted.record);
   unset.chain.resize(wanted.chain.size());
   const std::vector<model::NamedValue> defaults = model::fieldsOf(unset);
   std::size_t position = 0;
   for (const model::NamedValue &field : model::fieldsOf(wanted)) {
     const bool isDefault = defaults[position++].value == field.value;
-    const Omission *const unreadable =
-        findFor(written.writing.unreadable, field.name);
-    const Omission *const omitted =
-        findFor(written.writing.omissions, field.name);
-    isExplained = isExplained || unreadable != nullptr;
+    const Omission *const unreadable = findFor(writing.unreadable, field.name);
+    const Omission *const omitted = findFor(writing.omissions, field.name);
     if (unreadable != nullptr)
       fields.push_back(fieldOf(field.name, field.value, {}, *unreadable));
     else if (omitted != nullptr && !isDefault)
       fields.push_back(fieldOf(field.name, field.value, {}, *omitted));
   }
-  if (!isExplained)
-    fields.push_back(
-        {"connectCommand",
-         *written.command,
-         {},
-         fmt::format("{}: {}", model::expectCode("refused-again").summary,
-                     refusal),
-         "refused-again",
-         ""});
   return fields;
 }
 
@@ -83,9 +69,8 @@ Fields fieldsThatChange(const model::Snapshot &wanted,
   Fields fields;
   for (const model::FieldDifference &difference :
        model::fieldsThatDiffer(wanted, after)) {
-    const Omission *omission = findFor(writing.omissions, difference.name);
-    if (omission == nullptr)
-      omission = findFor(writing.unreadable, difference.name);
+    const Omission *const omission =
+        findFor(writing.omissions, difference.name);
     if (omission != nullptr)
       fields.push_back(fieldOf(difference.name, difference.before,
                                difference.after, *omission));
@@ -166,7 +151,7 @@ RoundtripResult RoundtripCommand(const std::string &text) {
   trip.written = *written.command;
   const model::Reading second = desk.readCommand(trip.written);
   if (!second.accepted()) {
-    trip.fields = fieldsOfRefusal(before, written, model::reasonOf(second));
+    trip.fields = fieldsOfRefusal(before, written.writing);
     trip.message =
         "reading again: " + model::whyRefused(desk, second, trip.written);
     return trip;

@@ -45,7 +45,7 @@ Written writeSnapshot(Desk &desk, const Snapshot &snapshot) {
   if (result == 0)
     written.command = std::move(command);
   else
-    written.error = reasonOf(outcomeOf(desk, result));
+    written.error = reasonOf(outcomeOf(desk, result).message);
   return written;
 }
 

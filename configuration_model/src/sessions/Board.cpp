@@ -7,18 +7,16 @@
 #include <fmt/format.h>
 
 #include "HHSMHwManager.h"
-#include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/TypeNames.h"
 #include "commands/Desk.h"
 #include "commands/Discovery.h"
 #include "commands/EngineLock.h"
+#include "commands/WhyNoProcessor.h"
 #include "files/FileLock.h"
 #include "files/OptionFile.h"
 #include "sessions/BoardState.h"
 #include "settings/ConnectionKinds.h"
-#include "text/NearestMatch.h"
-#include "text/Printable.h"
 
 namespace ZelDebugDialog {
 
@@ -118,24 +116,7 @@ BoardState::expectProcessor(const std::string &name) const {
   for (std::size_t i = 0; i < processors.size(); ++i)
     if (processors[i].name == name)
       return records[i];
-  for (const UndebuggableProcessor &other : undebuggable)
-    if (other.name == name) {
-      Refusal refusal(RefusalKind::notDebuggable, "",
-                      fmt::format("'{}' cannot be debugged: {}",
-                                  model::printable(name),
-                                  model::printable(other.reason)));
-      refusal.value = name;
-      throw refusal;
-    }
-  Refusal refusal(RefusalKind::unknownProcessor, "",
-                  fmt::format("'{}' is no processor of the design; there are "
-                              "{}{}",
-                              model::printable(name), model::quotedList(names),
-                              model::didYouMean(name, names)));
-  refusal.value = name;
-  refusal.accepted = names;
-  refusal.suggestion = model::nearestMatch(name, names);
-  throw refusal;
+  throw model::whyNoProcessor(name, names, undebuggable);
 }
 
 std::string MemoryClassOf(const std::string &typeName) {

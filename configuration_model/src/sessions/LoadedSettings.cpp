@@ -10,16 +10,15 @@ CommandSettings SessionImp::loadedSettings() {
   read.text = loaded.text;
   read.line = loaded.line;
   const std::string command = lineOfFile(loaded.text);
-  const bool hasCommand = loaded.line != 0;
   // What loading gave: the file may be another one by now.
   const Reading &reading = loadedReading;
   read.result = reading.result;
   read.error = reading.message;
-  const bool isCutOnly = reading.accepted() && loaded.isText() &&
-                         loaded.problem.empty() && loaded.isCut();
+  const bool isCutOnly =
+      reading.accepted() && loaded.isText() && loaded.isCut();
   (isCutOnly ? read.doubt : read.refusal) = problem;
   CommandTrace trace;
-  if (hasCommand && reading.accepted())
+  if (reading.accepted())
     desk.traceCommand(command, AfterFault::stop, trace);
   appendSettings(read, loadedValues, trace, true);
   return read;

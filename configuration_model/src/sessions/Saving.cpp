@@ -1,7 +1,6 @@
 #include "sessions/Saving.h"
 
 #include <algorithm>
-#include <functional>
 #include <set>
 #include <tuple>
 #include <utility>
@@ -219,7 +218,7 @@ void Save::writeAndReadBack() {
   const Reading writing =
       writeSnapshotTo(session.desk, step.now, scratch->path().string());
   if (writing.result != 0)
-    refuseFile(target, reasonOf(writing));
+    refuseFile(target, reasonOf(writing.message));
   scratch->expectContent(*step.analysis.command);
   Desk second(session.board->design, session.identity);
   const ReadBack back =
@@ -241,15 +240,12 @@ void Save::finish() {
   if (scratch) {
     scratch->moveIntoPlace();
     outcome.written = true;
-    scratch.reset();
     session.load();
   }
   if (outcome.written || (outcome.unchanged && !options.dryRun))
     session.noteSaved();
-  lock.reset();
   if (!options.dryRun)
     session.lock.reset();
-  folder.reset();
 }
 
 } // namespace
@@ -259,20 +255,19 @@ std::vector<SaveOutcome> saveAll(const std::vector<SessionImp *> &sessions,
   std::vector<SaveOutcome> outcomes(sessions.size());
   std::vector<Save> saves;
   saves.reserve(sessions.size());
-  // Two programs that save the same files take their locks in one order.
-  std::vector<std::size_t> order;
+  // Two programs that save the same files take their locks in one order. Of two
+  // sessions that have one file, the one that holds its lock comes first: the
+  // other is refused then, and does not wait for it.
+  std::vector<std::tuple<fs::path, bool, std::size_t>> places;
   for (std::size_t i = 0; i < sessions.size(); ++i) {
     saves.emplace_back(*sessions[i], options, outcomes[i]);
-    order.push_back(i);
+    places.emplace_back(saves[i].place(), sessions[i]->lock == nullptr, i);
   }
-  const auto place = [&sessions, &saves](std::size_t i) {
-    // Of two that have one file, the one that holds its lock comes first: the
-    // other is refused then, and does not wait for it.
-    return std::make_tuple(std::cref(saves[i].place()),
-                           sessions[i]->lock == nullptr, i);
-  };
-  std::sort(order.begin(), order.end(),
-            [&](std::size_t a, std::size_t b) { return place(a) < place(b); });
+  std::sort(places.begin(), places.end());
+  std::vector<std::size_t> order(places.size());
+  std::transform(
+      places.begin(), places.end(), order.begin(),
+      [](const auto &place) { return std::get<std::size_t>(place); });
   std::set<fs::path> taken;
   std::vector<const ScratchFile *> written;
   const auto attempt = [&](std::size_t i, const auto &step) {

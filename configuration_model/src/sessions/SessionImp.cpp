@@ -18,19 +18,11 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr const char *chainSetting = "chain";
 constexpr const char *commandSetting = "command";
 constexpr const char *byCommand = "the command says so";
 constexpr const char *byCopying = "it was copied";
 constexpr const char *byDefault = "it is the default";
-
-/// The setting that a field of the records belongs to.
-std::string settingOf(const std::string &field) {
-  return field.compare(0, 6, "chain[") == 0 ? "chain" : field;
-}
-
-bool isPartOfConnection(const std::string &field) {
-  return field == "connectionType" || field == "stubType";
-}
 
 [[noreturn]] void refuseCommand(const std::string &command,
                                 const std::string &reason) {
@@ -188,11 +180,12 @@ void SessionImp::noteOrigins(Step &step, const std::string &command,
   for (const CommandWord &word : trace.words)
     for (const std::string &field : word.fields) {
       const std::string place = fmt::format("{}:{}", origin, word.offset + 1);
+      const std::string setting = settingOf(field);
       step.origins[field] = place;
-      if (isPartOfConnection(field))
-        step.origins["connection"] = place;
+      if (setting != chainSetting)
+        step.origins[setting] = place;
       // The chain begins where its first device does.
-      step.origins.emplace(settingOf(field), place);
+      step.origins.emplace(setting, place);
     }
   step.origins["connectCommand"] = fmt::format("{}:1", origin);
 }
@@ -414,7 +407,6 @@ std::vector<Effect> SessionImp::reset(std::vector<std::string> settings) {
   Step next = startStep();
   restoreIdentity(next);
   if (settings.empty()) {
-    next.drafts.clear();
     next.commandDraft.reset();
     for (const SettingRow &row : settingRows())
       if (row.info.settable && !row.isOfDevice())

@@ -18,12 +18,12 @@ bool isBlocking(const RawLoss &loss, const Step &step,
                 const Snapshot &defaults) {
   if (loss.isRefusal)
     return true;
-  const SettingRow *const row = findRow(loss.setting);
-  if (row == nullptr || row->isIdentity)
+  const SettingRow &row = *findRow(loss.setting);
+  if (row.isIdentity)
     return true;
   if (step.asked.count(loss.setting) != 0)
     return true;
-  const bool isDefault = loss.value == valueIn(defaults, *row);
+  const bool isDefault = loss.value == valueIn(defaults, row);
   return !isDefault && step.displaced.count(loss.setting) == 0;
 }
 

@@ -328,6 +328,12 @@ const std::vector<const SettingRow *> &deviceRows() {
   return rows;
 }
 
+std::string settingOf(const std::string &field) {
+  if (field == "connectionType" || field == "stubType")
+    return "connection";
+  return startsWith(field, deviceFront) ? "chain" : field;
+}
+
 const SettingRow *findRow(std::string_view id) {
   static const std::unordered_map<std::string_view, const SettingRow *> byName =
       [] {

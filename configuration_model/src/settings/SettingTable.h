@@ -48,6 +48,10 @@ struct SettingRow {
 /// In the order of `GetSettings`.
 const std::vector<SettingRow> &settingRows();
 
+/// The setting by which a field is changed: the connection, the chain, or the
+/// field itself.
+std::string settingOf(const std::string &field);
+
 /// Those of a device's fields.
 const std::vector<const SettingRow *> &deviceRows();
 

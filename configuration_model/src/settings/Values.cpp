@@ -19,17 +19,9 @@ namespace ZelDebugDialog::model {
 
 namespace {
 
-struct FlagWord {
-  const char *word;
-  bool value;
-};
-
-constexpr std::array<FlagWord, 6> flagWords{{{"yes", true},
-                                             {"no", false},
-                                             {"on", true},
-                                             {"off", false},
-                                             {"true", true},
-                                             {"false", false}}};
+using Words = std::array<const char *, 4>;
+constexpr Words yesWords{"yes", "on", "true", "1"};
+constexpr Words noWords{"no", "off", "false", "0"};
 constexpr std::array<const char *, 2> unsetWords{"not set", "unset"};
 
 std::string lower(std::string_view text) {
@@ -77,10 +69,9 @@ std::string shownAsked(const Value &asked) {
 }
 
 std::string shownRange(const SettingRow &row) {
-  std::string text =
-      fmt::format("is no number from {} to {}",
-                  shownNumber(row, row.info.minimum.value_or(0)),
-                  shownNumber(row, row.info.maximum.value_or(0)));
+  std::string text = fmt::format("is no number from {} to {}",
+                                 shownNumber(row, row.info.minimum.value()),
+                                 shownNumber(row, row.info.maximum.value()));
   if (row.step != 1)
     text += fmt::format(" that is a multiple of {:#x}", row.step);
   return text + " (decimal or 0x)";
@@ -89,8 +80,8 @@ std::string shownRange(const SettingRow &row) {
 bool isInRange(const SettingRow &row, std::int64_t number) {
   if (row.info.kind == SettingKind::address && number == unsetAddress)
     return true;
-  return number >= row.info.minimum.value_or(0) &&
-         number <= row.info.maximum.value_or(0) && number % row.step == 0;
+  return number >= row.info.minimum.value() &&
+         number <= row.info.maximum.value() && number % row.step == 0;
 }
 
 // --- Texts as people type them -----------------------------------------------
@@ -150,22 +141,16 @@ std::vector<std::string> wordsOf(const SettingRow &row) {
 
 Value expectFlag(const SettingRow &row, const Value &asked,
                  const Value &current) {
-  std::optional<bool> flag;
-  if (asked.IsFlag())
-    flag = asked.Flag();
-  else if (asked.IsNumber() && (asked.Number() == 0 || asked.Number() == 1))
-    flag = asked.Number() == 1;
-  else if (asked.IsText())
-    for (const FlagWord &word : flagWords)
-      if (lower(asked.Text()) == word.word)
-        flag = word.value;
-  if (!flag && asked.IsText() && (asked.Text() == "0" || asked.Text() == "1"))
-    flag = asked.Text() == "1";
-  if (!flag)
+  const std::string word = lower(shownAsked(asked));
+  const auto isOneOf = [&word](const Words &words) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+  };
+  const bool flag = isOneOf(yesWords);
+  if (!flag && !isOneOf(noWords))
     refuse(row.info.id, asked, "is neither yes nor no", {"yes", "no"});
   if (current.IsFlag())
-    return *flag;
-  return *flag ? 1 : 0;
+    return flag;
+  return flag ? 1 : 0;
 }
 
 Value expectNumberValue(const SettingRow &row, const Value &asked) {
@@ -180,7 +165,7 @@ Value expectNumberValue(const SettingRow &row, const Value &asked) {
     refuse(row.info.id, asked,
            fmt::format("is no whole number of hertz (decimal or 0x, with Hz, "
                        "kHz, MHz or nothing behind it), up to {} Hz",
-                       row.info.maximum.value_or(0)));
+                       row.info.maximum.value()));
   refuse(row.info.id, asked, shownRange(row));
 }
 

@@ -25,7 +25,7 @@ std::optional<Why> whyNoOpaqueWord(std::string_view text, WordPlace place) {
     return Why{"lines-in-file",
                "it holds a line break, and the line of an option file ends "
                "there"};
-  if (isOfFile && hasAny(text, std::string_view("\0", 1)))
+  if (isOfFile && text.find('\0') != std::string_view::npos)
     return Why{"lines-in-file",
                "it holds a null byte, and the line of an option file ends "
                "there"};

@@ -49,7 +49,7 @@ public:
   std::string partname = "UNKNOWN"; ///< Name of the part.
   std::uint32_t idcode = 0;         ///< JTAG IDCODE.
   std::int8_t irlength = 0; ///< Length of the instruction register in bits.
-  std::int8_t devicenr = 0; ///< Position in the chain.
+  std::int8_t devicenr = 0; ///< Position in the chain, from 1.
   std::uint8_t isfpga = 0;  ///< 1 for an FPGA.
   std::uint8_t hardppc = 0; ///< Hard core: 0 none, 1 ppc405, 2 another PowerPC.
   std::uint8_t nppc = 0;    ///< Number of PowerPC hard cores.

@@ -26,8 +26,8 @@
 // Results. Unless said otherwise an operation returns 0 when it is done; 1 when
 // a value is not set, empty or refused; 2 when the setting does not apply to
 // the present connection, processor or cable; Result.h has names for them. A
-// refusal that has a message puts
-// it into the error string; nothing empties the error string but a selection.
+// refusal that has a message puts it into the error string; nothing empties the
+// error string but a selection.
 // Outputs stay as they were unless the description says otherwise. Exceptions:
 // std::bad_alloc, and std::out_of_range from every operation that reads command
 // text for a word that is a lone "-". What an operation has read until an

@@ -33,13 +33,14 @@ inline constexpr std::string_view gen5FpuTypeName = "aux_fpu_gen5";
 
 /// Type names of memories that share a class.
 struct MemoryRule {
+  /// How a type name is compared.
   enum class Match {
     whole,    ///< The type name is `name`.
     anywhere, ///< `name` stands in the type name.
   };
-  Match match = Match::whole;
-  std::string_view name;  ///< In lower case.
-  std::string_view label; ///< The class.
+  Match match = Match::whole; ///< For this rule.
+  std::string_view name;      ///< In lower case.
+  std::string_view label;     ///< The class.
 };
 
 /// Memory on the chip.

@@ -163,16 +163,18 @@ void ChainEditor::follow(QLineEdit &editor, const QString &before) {
           [this, before](const QString &text) {
             model->noteOpenText(text != before);
           });
-  // Also where its row is taken away.
-  connect(&editor, &QObject::destroyed, &follows, [this] {
-    if (editing == nullptr)
+  // Also where its row is taken away. The line that goes may still be pointed
+  // to.
+  connect(&editor, &QObject::destroyed, &follows, [this](QObject *gone) {
+    if (editing == nullptr || editing == gone)
       model->noteOpenText(false);
   });
 }
 
-/// As leaving it does.
+/// As leaving it does. A line that goes loses the focus on its way, and is none
+/// any more.
 void ChainEditor::closeCell() {
-  QLineEdit *const editor = editing;
+  auto *const editor = qobject_cast<QLineEdit *>(editing.data());
   editing = nullptr;
   if (editor == nullptr)
     return;

@@ -54,8 +54,8 @@ private:
 
   std::vector<const SettingInfo *> fields;
   QTableWidget *table;
-  QPointer<QLineEdit> editing; ///< The editor that is open.
-  QObject follows;             ///< What a cell tells; ends before the cells do.
+  QPointer<QWidget> editing; ///< The line that is open.
+  QObject follows;           ///< What a cell tells; ends before the cells do.
   QPushButton *removeButton;
   QPushButton *upButton;
   QPushButton *downButton;

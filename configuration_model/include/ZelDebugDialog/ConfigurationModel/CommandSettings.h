@@ -20,8 +20,8 @@ namespace ZelDebugDialog {
 
 /// A setting as a command leaves it.
 struct CommandSetting {
-  std::string id; ///< As of `GetSettings`; of a device: "chain[0].idcode".
-  Value value;
+  std::string id;     ///< As of `GetSettings`; of a device: "chain[0].idcode".
+  Value value;        ///< Of the kind that the setting has.
   std::string origin; ///< "default", "design" or "file:<column>".
 };
 

@@ -95,12 +95,14 @@ struct AddressMapInfo {
   std::int64_t step = 0;            ///< How far one is behind the one before.
 };
 
+/// The same on every call; usable from any thread.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API const AddressMapInfo &GetAddressMap();
 
 /// The value that a text means, as a person types it for a setting, before
 /// there is a configuration. What a setting has by default is no exception
 /// here: an empty text is no value.
 /// @param id  also a field of the chain's devices, "chain[].idcode"
+/// @param text  as it is typed
 /// @throws Refusal (unknownSetting, notSettable, badValue)
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Value
 ReadSetting(std::string_view id, const std::string &text);

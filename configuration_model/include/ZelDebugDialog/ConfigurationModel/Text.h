@@ -14,7 +14,7 @@
 namespace ZelDebugDialog {
 
 /// `text` with every control character and every byte that belongs to no UTF-8
-/// written as \xNN: fit for a terminal and for a table.
+/// written as `\xNN`: fit for a terminal and for a table.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
 ShowText(std::string_view text);
 

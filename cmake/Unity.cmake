@@ -1,0 +1,89 @@
+# Where everything is built from nothing, several sources of a target are compiled
+# as one (CMAKE_UNITY_BUILD): their common headers are then read once, by the
+# compiler and by clang-tidy. A build to work with does not, and shows that each
+# source stands by itself.
+
+# Those that give names of their own to what another source of their target calls
+# the same, which is right: such names are seen in one file.
+set(ZELDEBUGDIALOG_COMPILED_ALONE
+    configuration_model/src/codes/LossCodes.cpp
+    configuration_model/src/sessions/SessionImp.cpp
+    configuration_model/src/sessions/Step.cpp
+    configuration_model/src/settings/SettingTable.cpp
+    configuration_model/src/text/NearestMatch.cpp
+    debug_dialog/src/KvoOption_Parser/ConfigDeviceClause.cpp
+    debug_dialog/src/KvoOption_Parser/DebugDeviceClause.cpp
+    debug_dialog/src/KvoOption_Parser/FslClause.cpp
+    debug_dialog/src/KvoOption_Parser/OptionDispatcher.cpp
+    debug_dialog/src/KvoOption_Parser/PpcSimulatorClause.cpp
+    debug_dialog/src/KvoOption_Parser/StubLineClause.cpp
+    debug_dialog/src/KvoOption_Parser/VirtualPlatformClause.cpp
+    design_model/src/library/Library.cpp
+    design_model/src/proposals/DebugModuleCandidates.cpp
+    design_model/src/proposals/PeripheralCandidates.cpp
+    design_model/src/proposals/ProcessorCandidates.cpp
+    design_model/src/proposals/Words.cpp
+    design_model/src/xml/Identity.cpp
+    dialog/src/pages/CommandEdit.cpp
+    dialog/src/pages/SessionModel.cpp
+    fuzz/operations/TargetOperations.cpp
+    tests/configuration_model/ChangeTest.cpp
+    tests/configuration_model/DraftTest.cpp
+    tests/configuration_model/HistoryTest.cpp
+    tests/configuration_model/LossTest.cpp
+    tests/configuration_model/MessagesTest.cpp
+    tests/configuration_model/PrintableTest.cpp
+    tests/configuration_model/RoundtripCommandTest.cpp
+    tests/configuration_model/SaveTest.cpp
+    tests/configuration_model/StateTest.cpp
+    tests/configuration_model/TablesTest.cpp
+    tests/configuration_model/ValuesTest.cpp
+    tests/configuration_model/WordsTest.cpp
+    tests/design_model/DesignTest.cpp
+    tests/design_model/KindTableTest.cpp
+    tests/design_model/LibraryTest.cpp
+    tests/design_model/NumeralsTest.cpp
+    tests/design_model/ParameterTest.cpp
+    tests/design_model/QuoteTest.cpp
+    tests/design_model/WalkTest.cpp
+    tests/language/ConfigDeviceClauseTest.cpp
+    tests/language/DebugDeviceClauseTest.cpp
+    tests/language/DebugModuleTest.cpp
+    tests/language/ExplainedWordsTest.cpp
+    tests/language/JtagOptionsTest.cpp
+    tests/language/LocaleTest.cpp
+    tests/language/LoneMinusTest.cpp
+    tests/language/OptionDispatcherTest.cpp
+    tests/language/RoundTripTest.cpp
+    tests/language/SimulatorTest.cpp
+    tests/robustness/LoneDashTest.cpp
+    tests/trace/CommandWordsTest.cpp
+    tests/zeldebug/ListCommandTest.cpp
+    zeldebug/src/line/SettingOptions.cpp
+    zeldebug/src/line/TypedLine.cpp
+    zeldebug/src/output/SettingsDocument.cpp
+    zeldebug/src/subcommands/CompletionWordsCommand.cpp
+    zeldebug/src/subcommands/ExplainCommand.cpp
+    zeldebug/src/subcommands/LanguageCommand.cpp
+    zeldebug/src/subcommands/RoundtripCommand.cpp
+    zeldebug/src/subcommands/ShowCommand.cpp)
+list(TRANSFORM ZELDEBUGDIALOG_COMPILED_ALONE PREPEND ${PROJECT_SOURCE_DIR}/)
+
+# What a target needs to be compiled so.
+function(zeldebugdialog_unity_options target)
+    set_source_files_properties(${ZELDEBUGDIALOG_COMPILED_ALONE}
+        PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    # A local name may be that of something in the source before.
+    target_compile_options(${target} PRIVATE -Wno-shadow)
+    if(NOT CMAKE_CXX_CLANG_TIDY)
+        return()
+    endif()
+    # What is compiled lies in the build folder: which checks are meant is told by
+    # the folder of the sources, or one above.
+    set(folder ${CMAKE_CURRENT_SOURCE_DIR})
+    while(NOT EXISTS ${folder}/.clang-tidy)
+        cmake_path(GET folder PARENT_PATH folder)
+    endwhile()
+    set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY
+        "${CMAKE_CXX_CLANG_TIDY};--config-file=${folder}/.clang-tidy;--checks=-bugprone-suspicious-include")
+endfunction()

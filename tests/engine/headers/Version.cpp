@@ -1,0 +1,4 @@
+// Stands alone, and can be included again.
+#include "ZelDebugDialog/Version.h"
+
+#include "ZelDebugDialog/Version.h"
