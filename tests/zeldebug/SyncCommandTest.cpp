@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include <gmock/gmock.h>
+#include <sys/syscall.h>
 
 #include "ProjectTest.h"
 
@@ -13,7 +14,6 @@ namespace {
 namespace fs = std::filesystem;
 
 using nlohmann::json;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -284,6 +284,49 @@ TEST_F(ProjectTest, WhatIsDisplacedIsToldAndIsNoDifference) {
             "\n"
             "etc/kvo_lumacore_0.opt\n"
             "  cable.esn: \"\" in the file, \"0042\" by zeldebug.toml:8:7\n");
+}
+
+TEST_F(ProjectTest, AFullDiskLeavesWhatWasThere) {
+  project(lumacore0 + "3\n");
+  EXPECT_EQ(run({"sync"}).status, 0);
+  project(lumacore0 + "4\n");
+  Surroundings surroundings;
+  surroundings.fileSizeLimit = 10;
+  const Result run = this->run({"sync"}, surroundings);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("lumacore_0: the option file could not be "
+                                 "written whole: no space left"));
+  EXPECT_EQ(saved("lumacore_0"), ofThree);
+  EXPECT_EQ(syncOne()["outcome"], "updated");
+}
+
+TEST_F(ProjectTest, WhatAKilledRunLeavesIsMendedByTheNext) {
+  project(lumacore0 + "3\n");
+#ifdef SYS_rename
+  constexpr long renaming = SYS_rename;
+#else
+  constexpr long renaming = SYS_renameat;
+#endif
+  for (const long call : {long{SYS_flock}, long{SYS_fsync}, renaming}) {
+    Surroundings surroundings;
+    surroundings.fatalCall = call;
+    run({"sync"}, surroundings);
+    EXPECT_EQ(run({"sync"}).status, 0) << call;
+    EXPECT_EQ(run({"sync", "--check"}).status, 0) << call;
+    for (const std::string &name : etc())
+      EXPECT_TRUE(name == ".zeldebug-sync" || name.compare(0, 4, "kvo_") == 0)
+          << name << " is left of " << call;
+    fs::remove_all("etc");
+  }
+}
+
+TEST_F(ProjectTest, TwoRunsAtOnceTakeTurns) {
+  project(lumacore0 + "3\n");
+  const std::vector<Result> results =
+      runAtOnce({{"sync"}, {"sync"}, {"sync"}}, [] {});
+  for (const Result &result : results)
+    EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(run({"sync", "--check"}).status, 0);
 }
 
 TEST_F(ProjectTest, AnOptionFileOfNobodyIsToldAndStays) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <map>
 #include <set>
 #include <unordered_set>
@@ -17,8 +18,8 @@ namespace {
 using namespace project;
 
 // Types that designs without such a processor may name all the same.
-constexpr const char *knownTypes[] = {"lumacore", "ppc405_core", "ppc440_core",
-                                      "soc_cortexa9"};
+constexpr std::array<const char *, 4> knownTypes{"lumacore", "ppc405_core",
+                                                 "ppc440_core", "soc_cortexa9"};
 
 std::string shown(const ProjectPlace &place) {
   return fmt::format("line {}, column {}", place.line, place.column);

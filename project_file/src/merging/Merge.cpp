@@ -124,6 +124,7 @@ MergedProcessor MergeProject(const Project &project,
   for (const auto &[setting, value] : line)
     ofLine.push_back({setting, ExpectSetting(setting, value), {}, {}});
   std::vector<const ProjectValue *> values;
+  values.reserve(ofLine.size());
   for (const ProjectValue &value : ofLine)
     values.push_back(&value);
   if (!values.empty())

@@ -1,13 +1,15 @@
 #include "merging/Sources.h"
 
+#include <array>
+
 namespace ZelDebugDialog::project {
 
 namespace {
 
 // Inside a block, low to high.
-constexpr ProjectScope scopes[] = {ProjectScope::all, ProjectScope::type,
-                                   ProjectScope::pattern,
-                                   ProjectScope::processor};
+constexpr std::array<ProjectScope, 4> scopes{
+    ProjectScope::all, ProjectScope::type, ProjectScope::pattern,
+    ProjectScope::processor};
 
 void addBlock(const ProjectBlock &block, const BoardProcessor &processor,
               std::vector<Source> &sources) {

@@ -10,10 +10,11 @@
 
 namespace ZelDebugDialog::project {
 
-/// @param text  the whole file
+/// @param given  the whole file
+/// @param list   gets what is wrong with it
 ProjectLayer readLayer(FileKind kind, const std::string &file,
-                       const std::string &text,
-                       std::vector<ProjectFault> &faults);
+                       const std::string &given,
+                       std::vector<ProjectFault> &list);
 
 /// `text` without the mark that some editors put in front.
 std::string withoutMark(const std::string &text);

@@ -1,6 +1,7 @@
 #include "reading/Keys.h"
 
 #include <algorithm>
+#include <array>
 
 namespace ZelDebugDialog::project {
 
@@ -12,8 +13,8 @@ struct InPlace {
 };
 
 // What follows from other settings.
-constexpr InPlace inPlace[] = {{"connectionType", "connection"},
-                               {"stubType", "connection"}};
+constexpr std::array<InPlace, 2> inPlace{
+    {{"connectionType", "connection"}, {"stubType", "connection"}}};
 
 bool startsWith(std::string_view text, std::string_view front) {
   return text.substr(0, front.size()) == front;

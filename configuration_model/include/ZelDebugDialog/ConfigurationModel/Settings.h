@@ -112,8 +112,8 @@ ReadSetting(std::string_view id, const std::string &text);
 /// What the setting has by default is a value.
 /// @param id  also a field of the chain's devices, "chain[].idcode"
 /// @throws Refusal (unknownSetting, notSettable, badValue)
-ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Value
-ExpectSetting(std::string_view id, const Value &asked);
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Value ExpectSetting(std::string_view id,
+                                                          const Value &asked);
 
 /// A value for people: "quorla_podusb", "3 MHz", "0x40000000", "not set". It is
 /// UTF-8: bytes of a text that are none are shown as U+FFFD.
