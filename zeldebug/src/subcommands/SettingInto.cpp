@@ -1,7 +1,6 @@
 #include "subcommands/SettingInto.h"
 
 #include <algorithm>
-#include <set>
 
 #include <fmt/format.h>
 
