@@ -178,7 +178,7 @@ private:
         result.differences = CompareWithOptionFile(board, *task.session);
     } catch (const Refusal &refusal) {
       result.outcome = SyncOutcome::refused;
-      result.message = refusal.problem;
+      result.message = shownProblem(refusal, result);
       result.command.reset();
     }
     if (!result.lost.empty() && !options.force) {
@@ -241,12 +241,20 @@ private:
       writeFile(rememberedFile(), text);
   }
 
+  /// What the file system refuses, it refuses of the option file.
+  static std::string shownProblem(const Refusal &refusal,
+                                  const SyncResult &result) {
+    return refusal.file.empty()
+               ? refusal.problem
+               : fmt::format("{}: {}", ShowText(result.file), refusal.problem);
+  }
+
   /// A file that has changed since it was looked at is somebody's change.
   static void refuse(Task &task, const Refusal &refusal) {
     task.result.outcome = refusal.kind == RefusalKind::changedOnDisk
                               ? SyncOutcome::conflict
                               : SyncOutcome::refused;
-    task.result.message = refusal.problem;
+    task.result.message = shownProblem(refusal, task.result);
   }
 
   void warnOfStale() {
