@@ -218,7 +218,7 @@ TEST_F(CommandLineTest, AnEmptyFolderIsNone) {
 TEST_F(CommandLineTest, NamesWhatIsMissing) {
   EXPECT_EQ(this->run({}).status, 2);
   EXPECT_EQ(this->run({}).err, "zeldebug: error: A subcommand is required\n");
-  EXPECT_EQ(this->run({"list"}).err, "zeldebug: error: DESIGN is required\n");
+  EXPECT_EQ(this->run({"init"}).err, "zeldebug: error: DESIGN is required\n");
   EXPECT_EQ(this->run({"set", "x", "y", "--port"}).status, 2);
 }
 
