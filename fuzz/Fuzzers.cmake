@@ -87,9 +87,7 @@ if(ZELDEBUGDIALOG_TOOL)
         $<FILTER:$<TARGET_OBJECTS:zeldebug>,EXCLUDE,main.cpp>)
     set(fuzz_arguments_includes ${PROJECT_SOURCE_DIR}/zeldebug/src)
     set(fuzz_arguments_definitions BOARD_FOLDER="${PROJECT_SOURCE_DIR}/examples/board")
-    set(fuzz_arguments_libraries FuzzCommon ProtocolPipe ProtocolCore
-        ZelDebugDialog::ConfigurationModel ZelDebugDialog::ZelDebugDialog
-        ZelDebugDialog::DesignModel
-        CLI11::CLI11 fmt::fmt nlohmann_json::nlohmann_json
+    set(fuzz_arguments_libraries FuzzCommon ZelDebugDialog::ZelDebugDialog
+        $<TARGET_PROPERTY:zeldebug,LINK_LIBRARIES>
         -Wl,--wrap=write)
 endif()
