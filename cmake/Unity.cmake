@@ -62,6 +62,7 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     zeldebug/src/line/SettingOptions.cpp
     zeldebug/src/line/TypedLine.cpp
     zeldebug/src/output/SettingsDocument.cpp
+    zeldebug/src/subcommands/AdoptCommand.cpp
     zeldebug/src/subcommands/CompletionWordsCommand.cpp
     zeldebug/src/subcommands/ExplainCommand.cpp
     zeldebug/src/subcommands/LanguageCommand.cpp
