@@ -23,10 +23,6 @@ bool isError(const ProjectFault &fault) {
   return fault.severity == ProjectSeverity::error;
 }
 
-Json orNull(const std::string &text) {
-  return text.empty() ? Json() : Json(text);
-}
-
 Json faultJson(const ProjectFault &fault) {
   Json told = placeJson(fault.place);
   told["code"] = fault.code;

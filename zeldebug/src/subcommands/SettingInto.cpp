@@ -254,9 +254,6 @@ ExitStatus Into::run() {
 } // namespace
 
 Json projectJson(const LineProject &line) {
-  const auto orNull = [](const std::string &text) {
-    return text.empty() ? Json() : Json(text);
-  };
   const ZelDebugDialog::ProjectLayer &local = line.project.local;
   return {{"project", line.file},
           {"local", local.exists ? Json(local.file) : Json()},

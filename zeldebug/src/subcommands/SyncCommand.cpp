@@ -118,10 +118,6 @@ private:
 
 // --- The result -------------------------------------------------------------
 
-Json orNull(const std::string &text) {
-  return text.empty() ? Json() : Json(text);
-}
-
 Json differencesJson(const SyncResult &result) {
   Json list = Json::array();
   for (const Difference &one : result.differences)
