@@ -13,9 +13,7 @@ add_library(FuzzCommon STATIC
     ${fuzz_folder}/common/ScratchFolder.cpp
     ${fuzz_folder}/common/TracedValues.cpp)
 zeldebugdialog_build_options(FuzzCommon)
-# A program is linked with those of its sources that it needs, and with no engine
-# for the others.
-set_target_properties(FuzzCommon PROPERTIES UNITY_BUILD OFF)
+zeldebugdialog_keep_sources_apart(FuzzCommon)
 target_include_directories(FuzzCommon
     PUBLIC ${fuzz_folder}
     PRIVATE
