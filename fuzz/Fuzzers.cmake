@@ -13,9 +13,7 @@ add_library(FuzzCommon STATIC
     ${fuzz_folder}/common/ScratchFolder.cpp
     ${fuzz_folder}/common/TracedValues.cpp)
 zeldebugdialog_build_options(FuzzCommon)
-# A program is linked with those of its sources that it needs, and with no engine
-# for the others.
-set_target_properties(FuzzCommon PROPERTIES UNITY_BUILD OFF)
+zeldebugdialog_keep_sources_apart(FuzzCommon)
 target_include_directories(FuzzCommon
     PUBLIC ${fuzz_folder}
     PRIVATE
@@ -96,10 +94,7 @@ if(ZELDEBUGDIALOG_TOOL)
         $<FILTER:$<TARGET_OBJECTS:zeldebug>,EXCLUDE,main.cpp>)
     set(fuzz_arguments_includes ${PROJECT_SOURCE_DIR}/zeldebug/src)
     set(fuzz_arguments_definitions BOARD_FOLDER="${PROJECT_SOURCE_DIR}/examples/board")
-    set(fuzz_arguments_libraries FuzzCommon ProtocolPipe ProtocolCore
-        ZelDebugDialog::ProjectFile
-        ZelDebugDialog::ConfigurationModel ZelDebugDialog::ZelDebugDialog
-        ZelDebugDialog::DesignModel
-        CLI11::CLI11 fmt::fmt nlohmann_json::nlohmann_json
+    set(fuzz_arguments_libraries FuzzCommon ZelDebugDialog::ZelDebugDialog
+        $<TARGET_PROPERTY:zeldebug,LINK_LIBRARIES>
         -Wl,--wrap=write)
 endif()

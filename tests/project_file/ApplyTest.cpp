@@ -1,4 +1,5 @@
 // What the merged values make of a configuration.
+#include "ZelDebugDialog/ProjectFile/Codes.h"
 #include "project_file/ProjectTest.h"
 
 namespace {
@@ -57,6 +58,18 @@ TEST_F(Applying, AHigherSourceDisplaces) {
               ElementsAre("cable.cableType at zeldebug.toml:3:19 by connection",
                           "cable.frequency at zeldebug.toml:4:19 by "
                           "connection"));
+}
+
+TEST_F(Applying, ExamplesOfNotesHaveThem) {
+  const std::string dropped = FindProjectCode("cable-dropped")->example;
+  const MergedProcessor merged = merge(dropped);
+  ASSERT_EQ(merged.dropped.size(), 1U);
+  EXPECT_EQ(
+      shownDropped(merged).front(),
+      "cable.frequency = 3 MHz (zeldebug.toml:4:13) by zeldebug.toml:6:13");
+  EXPECT_THAT(shown(apply(FindProjectCode("displaced")->example).displaced),
+              ElementsAre("cable.frequency at zeldebug.toml:4:13 by "
+                          "cable.esn"));
 }
 
 TEST_F(Applying, TheSameOrALowerSourceLoses) {

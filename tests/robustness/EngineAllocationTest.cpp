@@ -17,6 +17,7 @@
 #include "ZelDebugDialog/CommandWriting.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "ZelDebugDialog/SettingFields.h"
+#include "ZelDebugDialog/Version.h"
 #include "support/TemporaryDirectory.h"
 
 // Takes no memory and says nothing.
@@ -400,6 +401,8 @@ TEST(EngineAllocation, OfFieldsByTheirNames) {
     scene.text = std::get<std::string>(value);
   };
   expectAllOrNothing({
+      {"GetLibraryVersion",
+       [](EngineScene &scene) { scene.number = *GetLibraryVersion(); }},
       {"GetSettingFields",
        [](EngineScene &scene) {
          scene.number = static_cast<int>(GetSettingFields().size());

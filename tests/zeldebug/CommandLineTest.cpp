@@ -48,7 +48,8 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
       "'--help', '--json', '-C', '--color', '--quiet', '--strict', "
       "'--library', '--view', '--kinds', "
       "'--max-instances', '--all', "
-      "'--dry-run', '--force', '--mkdir', '--from', '--settings', "
+      "'--dry-run', '--force', '--mkdir', '--into', '--project', "
+      "'--no-project', '--probe', '--profile', '--from', '--settings', "
       "'--copy-from', '--connection', '--stub-port', '--stub-baud', "
       "'--debug-device', '--icache', '--dcache', '--itag', '--dtag', '--tlb', "
       "'--dcr', '--rom', '--cable', '--frequency', '--port', '--esn', "
@@ -76,8 +77,8 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
       {{"list", "--jsn", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
        "'--color', '--quiet', '--strict', "
-       "'--library', '--view', '--kinds', '--max-instances'; did you mean "
-       "'--json'?"},
+       "'--library', '--view', '--kinds', '--max-instances', '--project', "
+       "'--no-project', '--probe', '--profile'; did you mean '--json'?"},
       {{"set", "x", "y", "--frequncy=3MHz"},
        "unknown option '--frequncy' of 'set'; there are " + optionsOfSet +
            "; did you mean '--frequency'?"},
@@ -92,14 +93,15 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
       {{"--jsn", "list", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
        "'--color', '--quiet', '--strict', "
-       "'--library', '--view', '--kinds', '--max-instances'; did you mean "
-       "'--json'?"},
+       "'--library', '--view', '--kinds', '--max-instances', '--project', "
+       "'--no-project', '--probe', '--profile'; did you mean '--json'?"},
       {{"check", "connect", "lc", "hdu", "-cable", "type", "x"},
        "unknown option '-cable' of 'check'; there are '--help', '--json', "
        "'-C', '--color', '--quiet', '--strict', '--file', '--design', "
        "'--library', '--view', '--kinds', "
-       "'--max-instances', '--processor'; a connect command is one argument: "
-       "put it in quotes"},
+       "'--max-instances', '--processor', '--project', '--no-project', "
+       "'--probe', '--profile'; a connect command is one argument: put it in "
+       "quotes"},
       {{"list", "x", "y"}, "'list' takes no more arguments, but 'y' is left"},
   };
   for (const auto &row : rows) {
@@ -260,7 +262,8 @@ TEST_F(CommandLineTest, WrongUseIsADocumentInJson) {
   EXPECT_EQ(document["failure"]["message"],
             "unknown option '--jsn' of 'list'; there are '--help', '--json', "
             "'-C', '--color', '--quiet', '--strict', '--library', '--view', "
-            "'--kinds', '--max-instances'; did "
+            "'--kinds', '--max-instances', '--project', '--no-project', "
+            "'--probe', '--profile'; did "
             "you mean '--json'?");
 }
 

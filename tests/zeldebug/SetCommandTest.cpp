@@ -282,13 +282,19 @@ TEST_F(SetCommandTest, GivesEachProcessorOfAllItsOwnResult) {
 
 TEST_F(SetCommandTest, WantsEitherAProcessorOrAll) {
   for (const std::vector<std::string> &line :
-       {std::vector<std::string>{"set", board},
+       {std::vector<std::string>{"set", board, "--no-project"},
         std::vector<std::string>{"set", board, "lumacore_0", "--all"}}) {
     const Result run = this->run(line);
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.err,
               "zeldebug: error: set: give either a PROCESSOR or --all\n");
   }
+  // One word is the processor of a project.
+  const Result run = this->run({"set", board});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "zeldebug: error: there is no zeldebug.toml in '.' nor "
+                     "above it: give DESIGN, or make one with 'zeldebug init "
+                     "DESIGN'\n");
 }
 
 TEST_F(SetCommandTest, TellsTheSameInJson) {

@@ -12,7 +12,6 @@ namespace zeldebug {
 namespace {
 
 ExitStatus end(Output &output, const Failure &failure) {
-  output.keepFailure(failure);
   if (output.json())
     output.dropResult();
   return failure.status();
@@ -51,6 +50,7 @@ ExitStatus runTool(int argc, const char *const *argv, Output &output) {
   try {
     return line.run(argc, argv, output);
   } catch (const ToldFailure &failure) {
+    output.keepFailure(failure);
     return end(output, failure);
   } catch (const Failure &failure) {
     return fail(output, failure);

@@ -244,8 +244,10 @@ void Save::finish() {
   }
   if (outcome.written || (outcome.unchanged && !options.dryRun))
     session.noteSaved();
-  if (!options.dryRun)
-    session.lock.reset();
+  if (options.dryRun)
+    return;
+  session.lock.reset();
+  lock.reset();
 }
 
 } // namespace

@@ -21,9 +21,6 @@ namespace {
 
 using namespace project;
 
-constexpr const char *connection = "connection";
-constexpr const char *cableType = "cable.cableType";
-
 /// What is not default, by the place of the setting in the table.
 using NotDefault = std::map<std::size_t, Value>;
 

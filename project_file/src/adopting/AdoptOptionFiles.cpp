@@ -16,8 +16,6 @@ namespace {
 
 using namespace project;
 
-constexpr const char *cableType = "cable.cableType";
-
 const BoardProcessor &expectProcessor(const Board &board,
                                       const std::string &name) {
   std::vector<std::string> names;

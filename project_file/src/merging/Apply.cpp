@@ -5,13 +5,15 @@
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Merge.h"
 #include "reading/Faults.h"
+#include "reading/Keys.h"
 #include "toml/Statements.h"
 
 namespace ZelDebugDialog {
 
 namespace {
 
-constexpr const char *connection = "connection";
+using project::connection;
+
 constexpr const char *connectionMask = "connection-mask";
 
 SettingValues valuesOf(const MergedProcessor &merged,

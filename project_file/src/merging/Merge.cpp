@@ -12,8 +12,6 @@ namespace {
 
 using namespace project;
 
-constexpr const char *cableType = "cable.cableType";
-
 /// What chooses no cable; it names none.
 const Value &noCable() {
   static const Value none = ReadSetting(cableType, noChoice);

@@ -31,8 +31,8 @@ std::vector<ProjectCode> makeCodes() {
       {"stale-option-file", warning, "An option file belongs to a processor that the design has no longer.", "", "Delete it, if the processor does not come back."},
       {"sync-unreadable", warning, "The file that holds what was synchronized last cannot be read. It is taken for empty.", "", "Option files that differ are conflicts now; 'sync --force' writes them."},
       {"adopt-changes", warning, "The project would write an option file otherwise than it is.", "", "Look at both commands. 'adopt --force' makes the project all the same; 'sync' then tells the file as a conflict."},
-      {"cable-dropped", note, "The value belongs to a cable that is not the one in use.", "", "Say it again in the table that names the cable, if it is meant for that one too."},
-      {"displaced", note, "A higher source says something beside which the value is not written.", "", "Nothing, if the higher source is meant."},
+      {"cable-dropped", note, "The value belongs to a cable that is not the one in use.", "[settings.cable]\ncableType = \"quorla_podusb\"\nfrequency = \"3MHz\"\n[processor.\"*\".cable]\ncableType = \"quorla_parallel3\"", "Say it again in the table that names the cable, if it is meant for that one too."},
+      {"displaced", note, "A higher source says something beside which the value is not written.", "[settings.cable]\ncableType = \"quorla_podusb\"\nfrequency = \"3MHz\"\n[processor.\"*\".cable]\nesn = \"0042\"", "Nothing, if the higher source is meant."},
   };
 }
 // clang-format on

@@ -8,6 +8,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "reading/Faults.h"
+#include "reading/Keys.h"
 
 namespace ZelDebugDialog::project {
 
@@ -24,7 +25,7 @@ bool isPortOfCable(const std::string &port, const Value *cable) {
 
 const Value *cableOf(const ProjectTable &table) {
   for (const ProjectValue &value : table.values)
-    if (value.setting == "cable.cableType")
+    if (value.setting == cableType)
       return &value.value;
   return nullptr;
 }

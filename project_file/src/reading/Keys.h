@@ -48,6 +48,10 @@ std::vector<std::string> keysOf(FileKind kind);
 /// Those of a block, in a profile or at the top.
 const std::vector<std::string> &blockKeys();
 
+/// Which cable other values belong to, and what a connection keeps out.
+inline constexpr const char *cableType = "cable.cableType";
+inline constexpr const char *connection = "connection";
+
 /// What the settings of a probe lack in front.
 inline constexpr std::string_view cableFront = "cable.";
 

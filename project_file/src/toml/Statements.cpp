@@ -185,7 +185,7 @@ bool needsEscape(char c) {
 std::string escaped(const std::string &text) {
   std::string result;
   for (const char c : text) {
-    const auto found =
+    const auto *const found =
         std::find_if(escapes.begin(), escapes.end(),
                      [c](const Escape &escape) { return escape.meaning == c; });
     if (found != escapes.end())
@@ -198,51 +198,58 @@ std::string escaped(const std::string &text) {
   return result;
 }
 
+/// A header from its bracket on. @return whether it has its end
+bool readHeader(std::string_view text, Statement &statement) {
+  const bool isArray = text.substr(statement.key.begin, 2) == "[[";
+  const std::size_t brackets = isArray ? 2 : 1;
+  statement.kind =
+      isArray ? Statement::Kind::arrayHeader : Statement::Kind::header;
+  const std::size_t behind =
+      readPath(text, statement.key.begin + brackets, statement.path);
+  if (behind == none)
+    return false;
+  const std::size_t close = skipBlanks(text, behind);
+  statement.key.end = close + brackets;
+  return close < text.size() && text[close] == ']';
+}
+
+/// A key and its value. @return whether there is a key with its equals sign
+bool readPair(std::string_view text, Statement &statement) {
+  statement.key.end = readPath(text, statement.key.begin, statement.path);
+  if (statement.key.end == none)
+    return false;
+  const std::size_t equals = skipBlanks(text, statement.key.end);
+  if (equals >= text.size() || text[equals] != '=')
+    return false;
+  statement.value.begin = skipBlanks(text, equals + 1);
+  statement.value.end = skipValue(text, statement.value.begin);
+  return true;
+}
+
 } // namespace
 
 std::vector<Statement> statementsOf(std::string_view text) {
   std::vector<Statement> statements;
   Path header;
-  std::size_t at = 0;
-  while (at < text.size()) {
-    const std::size_t start = at;
-    at = skipBlanks(text, at);
+  std::size_t start = 0;
+  while (start < text.size()) {
+    const std::size_t at = skipBlanks(text, start);
     std::size_t end = endOfLine(text, at);
-    const bool isEmpty = at == end || text[at] == '#' || text[at] == '\r';
-    if (!isEmpty) {
+    if (at != end && text[at] != '#' && text[at] != '\r') {
       Statement statement;
       statement.key.begin = at;
-      if (text[at] == '[') {
-        const bool isArray = text.substr(at, 2) == "[[";
-        const std::size_t brackets = isArray ? 2 : 1;
-        statement.kind =
-            isArray ? Statement::Kind::arrayHeader : Statement::Kind::header;
-        const std::size_t behind =
-            readPath(text, at + brackets, statement.path);
-        if (behind == none)
-          return statements;
-        const std::size_t close = skipBlanks(text, behind);
-        if (close >= text.size() || text[close] != ']')
-          return statements;
-        statement.key.end = close + brackets;
+      const bool isHeader = text[at] == '[';
+      if (!(isHeader ? readHeader : readPair)(text, statement))
+        return statements;
+      if (isHeader)
         header = statement.path;
-      } else {
-        const std::size_t behind = readPath(text, at, statement.path);
-        if (behind == none)
-          return statements;
-        statement.key.end = behind;
-        const std::size_t equals = skipBlanks(text, behind);
-        if (equals >= text.size() || text[equals] != '=')
-          return statements;
-        statement.value.begin = skipBlanks(text, equals + 1);
-        statement.value.end = skipValue(text, statement.value.begin);
+      else
         end = endOfLine(text, statement.value.end);
-      }
       statement.headerPath = header;
       statement.lines = {start, std::min(end + 1, text.size())};
       statements.push_back(std::move(statement));
     }
-    at = end + 1;
+    start = end + 1;
   }
   return statements;
 }

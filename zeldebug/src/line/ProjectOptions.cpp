@@ -73,9 +73,6 @@ mergedFor(const LineProject &line, const std::string &processor,
 }
 
 Json projectJson(const LineProject &line) {
-  const auto orNull = [](const std::string &text) {
-    return text.empty() ? Json() : Json(text);
-  };
   const ZelDebugDialog::ProjectLayer &local = line.project.local;
   return {{"project", line.file},
           {"local", local.exists ? Json(local.file) : Json()},

@@ -2,11 +2,18 @@
 #ifndef ZELDEBUG_JSON_H
 #define ZELDEBUG_JSON_H
 
+#include <string>
+
 #include "documents/Json.h"
 
 namespace zeldebug {
 
 using ZelDebugDialog::documents::Json;
+
+/// A text of a document that may have none.
+inline Json orNull(const std::string &text) {
+  return text.empty() ? Json() : Json(text);
+}
 
 } // namespace zeldebug
 

@@ -62,10 +62,6 @@ std::string printableLines(std::string_view text) {
   }
 }
 
-Json orNull(const std::string &text) {
-  return text.empty() ? Json() : Json(text);
-}
-
 const char *codeOf(ExitStatus status) {
   switch (status) {
   case ExitStatus::wrongUse:

@@ -24,10 +24,6 @@ bool isError(const ProjectFault &fault) {
   return fault.severity == ProjectSeverity::error;
 }
 
-Json orNull(const std::string &text) {
-  return text.empty() ? Json() : Json(text);
-}
-
 Json faultJson(const ProjectFault &fault) {
   Json told = placeJson(fault.place);
   told["code"] = fault.code;

@@ -44,12 +44,11 @@ struct AdoptLine {
 Json changesJson(const AdoptedProject &made) {
   Json list = Json::array();
   for (const AdoptChange &change : made.changes)
-    list.push_back(
-        {{"instanceName", change.processor},
-         {"file", change.file},
-         {"before", change.before},
-         {"after", change.command ? Json(*change.command) : Json()},
-         {"reason", change.reason.empty() ? Json() : Json(change.reason)}});
+    list.push_back({{"instanceName", change.processor},
+                    {"file", change.file},
+                    {"before", change.before},
+                    {"after", change.command ? Json(*change.command) : Json()},
+                    {"reason", orNull(change.reason)}});
   return list;
 }
 

@@ -41,12 +41,9 @@ std::string indented(std::string text) {
 }
 
 Json codeJson(const CodeRow &row) {
-  return {{"code", row.code},
-          {"severity", row.severity},
-          {"meaning", row.meaning},
-          {"example", row.example.empty() ? Json() : Json(row.example)},
-          {"where", row.where.empty() ? Json() : Json(row.where)},
-          {"advice", row.advice}};
+  return {{"code", row.code},           {"severity", row.severity},
+          {"meaning", row.meaning},     {"example", orNull(row.example)},
+          {"where", orNull(row.where)}, {"advice", row.advice}};
 }
 
 ExitStatus run(const std::optional<std::string> &code, Output &output) {

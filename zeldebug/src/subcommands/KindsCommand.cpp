@@ -84,8 +84,7 @@ Json candidateJson(const KindCandidate &candidate) {
           {"otherInstances", candidate.otherInstances},
           {"evidence", candidate.evidence},
           {"wiredTo", candidate.wiredTo},
-          {"question", candidate.question.empty() ? Json(nullptr)
-                                                  : Json(candidate.question)}};
+          {"question", orNull(candidate.question)}};
 }
 
 Json proposalJson(const KindProposal &proposal) {

@@ -80,10 +80,6 @@ std::vector<std::string> knownWords() {
 
 // --- Documents --------------------------------------------------------------
 
-Json nullIfEmpty(const std::string &text) {
-  return text.empty() ? Json() : Json(text);
-}
-
 Json valueJson(const LanguageValue &value) {
   return {{"kind", value.kind},
           {"settings", value.settings},
@@ -98,7 +94,7 @@ Json optionJson(const LanguageOption &option) {
   return {{"keyword", option.keyword},
           {"parameters", parameters},
           {"value", option.value ? valueJson(*option.value) : Json()},
-          {"optionSet", nullIfEmpty(option.optionSet)},
+          {"optionSet", orNull(option.optionSet)},
           {"settings", option.settings}};
 }
 
@@ -107,11 +103,11 @@ Json targetJson(const LanguageTarget &target) {
   for (const LanguageConnection &connection : target.connections)
     connections.push_back({{"keyword", connection.keyword},
                            {"connectionType", connection.type},
-                           {"optionSet", nullIfEmpty(connection.optionSet)}});
+                           {"optionSet", orNull(connection.optionSet)}});
   return {{"keyword", target.keyword},
           {"inOptionFile", target.inOptionFile},
           {"connections", connections},
-          {"optionSet", nullIfEmpty(target.optionSet)}};
+          {"optionSet", orNull(target.optionSet)}};
 }
 
 Json documentOf(const Choice &choice) {

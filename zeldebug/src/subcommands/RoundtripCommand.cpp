@@ -66,16 +66,12 @@ Json lossesJson(const RoundtripResult &trip) {
   return list;
 }
 
-Json nullIfEmpty(const std::string &text) {
-  return text.empty() ? Json() : Json(text);
-}
-
 Json tripJson(const CommandInFile &line, const RoundtripResult &trip) {
   return {{"line", line.number},
           {"text", line.text},
           {"outcome", ShowOutcome(trip.outcome)},
-          {"written", nullIfEmpty(trip.written)},
-          {"message", nullIfEmpty(trip.message)},
+          {"written", orNull(trip.written)},
+          {"message", orNull(trip.message)},
           {"fields", fieldsJson(trip)},
           {"lost", lossesJson(trip)}};
 }

@@ -258,9 +258,6 @@ void Run::report(const Outcome &outcome) {
 }
 
 Json Run::resultOf(const Outcome &outcome) const {
-  const auto orNull = [](const std::string &text) {
-    return text.empty() ? Json() : Json(text);
-  };
   return {
       {"instanceName", outcome.processor},
       {"outcome", wordOf(outcome, options.dryRun)},

@@ -105,10 +105,6 @@ private:
 
 // --- The result -------------------------------------------------------------
 
-Json orNull(const std::string &text) {
-  return text.empty() ? Json() : Json(text);
-}
-
 Json documentOf(const LineProject &line, const SyncRun &run) {
   Json results = Json::array();
   for (const SyncResult &result : run.results)
