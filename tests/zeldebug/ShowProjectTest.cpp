@@ -143,7 +143,7 @@ TEST_F(ShowProjectTest, DifferencesAreThoseOfTheOptionFile) {
                                            {"origin", "zeldebug.toml:8:15"}}));
   const Result run = this->run({"show", "lumacore_0"});
   EXPECT_EQ(run.err, "");
-  EXPECT_THAT(run.out, HasSubstr("\ndebugDevice        3              "
+  EXPECT_THAT(run.out, HasSubstr("\ndebugDevice       3              "
                                  "zeldebug.toml:8:15\n"));
   EXPECT_THAT(run.out, HasSubstr("\netc/kvo_lumacore_0.opt\n"
                                  "  debugDevice: 5 in the file, 3 by "
