@@ -58,6 +58,7 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     tests/language/SimulatorTest.cpp
     tests/project_file/EditTextTest.cpp
     tests/project_file/FaultsTest.cpp
+    tests/project_file/MergeTest.cpp
     tests/robustness/LoneDashTest.cpp
     tests/trace/CommandWordsTest.cpp
     tests/zeldebug/ListCommandTest.cpp
