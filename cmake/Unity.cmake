@@ -79,6 +79,13 @@ list(TRANSFORM ZELDEBUGDIALOG_COMPILED_ALONE PREPEND ${PROJECT_SOURCE_DIR}/)
 function(zeldebugdialog_unity_options target)
     set_source_files_properties(${ZELDEBUGDIALOG_COMPILED_ALONE}
         PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    # Of what tests share, a program takes what it needs, and is linked with
+    # nothing that the rest would need.
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL STATIC_LIBRARY
+            AND CMAKE_CURRENT_SOURCE_DIR MATCHES "^${PROJECT_SOURCE_DIR}/(tests|fuzz)")
+        set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
+    endif()
     # A local name may be that of something in the source before.
     target_compile_options(${target} PRIVATE -Wno-shadow)
     if(NOT CMAKE_CXX_CLANG_TIDY)
@@ -92,10 +99,4 @@ function(zeldebugdialog_unity_options target)
     endwhile()
     set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY
         "${CMAKE_CXX_CLANG_TIDY};--config-file=${folder}/.clang-tidy;--checks=-bugprone-suspicious-include")
-endfunction()
-
-# Keeps apart what a static library is made of: a program takes of it what it
-# needs, and is linked with nothing that the rest would need.
-function(zeldebugdialog_keep_sources_apart target)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
 endfunction()
