@@ -58,6 +58,7 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     tests/language/SimulatorTest.cpp
     tests/project_file/EditTextTest.cpp
     tests/project_file/FaultsTest.cpp
+    tests/project_file/MergeTest.cpp
     tests/robustness/LoneDashTest.cpp
     tests/trace/CommandWordsTest.cpp
     tests/zeldebug/ListCommandTest.cpp
@@ -71,8 +72,10 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     zeldebug/src/subcommands/LanguageCommand.cpp
     zeldebug/src/subcommands/RoundtripCommand.cpp
     zeldebug/src/subcommands/ShowCommand.cpp)
-# And the one that a program of the tests has another version of.
-list(APPEND ZELDEBUGDIALOG_COMPILED_ALONE design_model/src/xml/XmlNames.cpp)
+# And those that a program of the tests has another version of.
+list(APPEND ZELDEBUGDIALOG_COMPILED_ALONE
+    design_model/src/xml/XmlNames.cpp
+    zeldebug/src/main.cpp)
 list(TRANSFORM ZELDEBUGDIALOG_COMPILED_ALONE PREPEND ${PROJECT_SOURCE_DIR}/)
 
 # What a target needs to be compiled so.
