@@ -71,7 +71,8 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     zeldebug/src/subcommands/ExplainCommand.cpp
     zeldebug/src/subcommands/LanguageCommand.cpp
     zeldebug/src/subcommands/RoundtripCommand.cpp
-    zeldebug/src/subcommands/ShowCommand.cpp)
+    zeldebug/src/subcommands/ShowCommand.cpp
+    zeldebug/src/subcommands/ShownSettings.cpp)
 # And those that a program of the tests has another version of.
 list(APPEND ZELDEBUGDIALOG_COMPILED_ALONE
     design_model/src/xml/XmlNames.cpp

@@ -65,6 +65,15 @@ if(ZELDEBUGDIALOG_CONFIGURATION_MODEL)
     set(fuzz_session_libraries ConfigurationModelCore ${fuzz_engine_libraries} fmt::fmt)
 endif()
 
+if(ZELDEBUGDIALOG_PROJECT_FILE)
+    find_package(fmt 9 REQUIRED)
+    find_package(tomlplusplus 3.3 REQUIRED)
+    list(APPEND fuzzers project)
+    set(fuzz_project_sources ${fuzz_folder}/fuzz_project.cpp)
+    set(fuzz_project_libraries ProjectFileCore ConfigurationModelCore
+        ${fuzz_engine_libraries} fmt::fmt tomlplusplus::tomlplusplus)
+endif()
+
 if(TARGET ProtocolPipe)
     find_package(nlohmann_json 3.11 REQUIRED)
     list(APPEND fuzzers frames requests)

@@ -46,7 +46,7 @@ CHOSEN_ROUTINE = re.compile(
 # Reading ten times the devices takes at most ten times the instructions.
 LONGER = (20, 200)
 LONGER_FACTOR = 10
-# Setting all of ten times the processors, a little more.
+# Setting or synchronizing all of ten times the processors, a little more.
 MORE_PROCESSORS = (100, 1000)
 MORE_PROCESSORS_FACTOR = 10.5
 # What may be added to each unit of work that grows from one size to the other:
@@ -121,7 +121,8 @@ def grows(program, work, sizes, factor):
 
 def linear(program):
     held = grows(program, "read", LONGER, LONGER_FACTOR)
-    held = grows(program, "set-all", MORE_PROCESSORS, MORE_PROCESSORS_FACTOR) and held
+    for work in ("set-all", "sync"):
+        held = grows(program, work, MORE_PROCESSORS, MORE_PROCESSORS_FACTOR) and held
     for work, limit in GROWTH.items():
         few, many = (count(program, f"{work} {size}") / units(program, work, size)
                      for size in MUCH_LONGER)

@@ -39,6 +39,31 @@ def setting_all_again(tool, folder, processors):
     return line
 
 
+PROJECT = """design = "{design}"
+[settings]
+cable.cableType = "quorla_podusb"
+[type.lumacore]
+cable.frequency = "3 MHz"
+[processor."lumacore_1*"]
+debugDevice = 3
+[processor.lumacore_7]
+debugDevice = 4
+"""
+
+
+def syncing(_tool, folder, processors):
+    design = written(folder, "board", boards.flat(processors))
+    (folder / "zeldebug.toml").write_text(PROJECT.format(design=design), encoding="utf-8")
+    return ["sync"]
+
+
+def syncing_again(tool, folder, processors):
+    """With nothing left to write."""
+    line = syncing(tool, folder, processors)
+    subprocess.run([tool, *line], cwd=folder, check=True, capture_output=True)
+    return line
+
+
 def checking(_tool, folder, commands):
     frequencies = (6000000, 3000000)
     text = "".join(COMMAND.format(frequency=frequencies[number % 2]) for number in range(commands))
@@ -47,4 +72,5 @@ def checking(_tool, folder, commands):
 
 
 WORKS = {"list": listing, "list-hierarchy": listing_hierarchy, "set-all": setting_all,
-         "set-all-again": setting_all_again, "check": checking}
+         "set-all-again": setting_all_again, "sync": syncing, "sync-again": syncing_again,
+         "check": checking}

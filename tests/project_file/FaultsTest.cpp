@@ -88,6 +88,7 @@ TEST(Faults, TellsTypesApart) {
       {"view = true", "2:8 wrong-type"},
       {"view = 1", "2:8 number-for-text \"1\""},
       {"kinds = \"\"", "2:9 bad-value"},
+      {"view = \"\"", "2:8 bad-value"},
       {"library = \"lib\"", "2:11 wrong-type"},
       {"library = [\"lib\", 7]", "2:19 number-for-text \"7\""},
       {"use = 1", "2:7 wrong-type"},

@@ -77,8 +77,8 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
       {{"list", "--jsn", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
        "'--color', '--quiet', '--strict', "
-       "'--library', '--view', '--kinds', '--max-instances'; did you mean "
-       "'--json'?"},
+       "'--library', '--view', '--kinds', '--max-instances', '--project', "
+       "'--no-project', '--probe', '--profile'; did you mean '--json'?"},
       {{"set", "x", "y", "--frequncy=3MHz"},
        "unknown option '--frequncy' of 'set'; there are " + optionsOfSet +
            "; did you mean '--frequency'?"},
@@ -93,14 +93,15 @@ TEST_F(CommandLineTest, NamesWhatThereIsAndTheNearestMatch) {
       {{"--jsn", "list", "x"},
        "unknown option '--jsn' of 'list'; there are '--help', '--json', '-C', "
        "'--color', '--quiet', '--strict', "
-       "'--library', '--view', '--kinds', '--max-instances'; did you mean "
-       "'--json'?"},
+       "'--library', '--view', '--kinds', '--max-instances', '--project', "
+       "'--no-project', '--probe', '--profile'; did you mean '--json'?"},
       {{"check", "connect", "lc", "hdu", "-cable", "type", "x"},
        "unknown option '-cable' of 'check'; there are '--help', '--json', "
        "'-C', '--color', '--quiet', '--strict', '--file', '--design', "
        "'--library', '--view', '--kinds', "
-       "'--max-instances', '--processor'; a connect command is one argument: "
-       "put it in quotes"},
+       "'--max-instances', '--processor', '--project', '--no-project', "
+       "'--probe', '--profile'; a connect command is one argument: put it in "
+       "quotes"},
       {{"list", "x", "y"}, "'list' takes no more arguments, but 'y' is left"},
   };
   for (const auto &row : rows) {
@@ -219,7 +220,7 @@ TEST_F(CommandLineTest, AnEmptyFolderIsNone) {
 TEST_F(CommandLineTest, NamesWhatIsMissing) {
   EXPECT_EQ(this->run({}).status, 2);
   EXPECT_EQ(this->run({}).err, "zeldebug: error: A subcommand is required\n");
-  EXPECT_EQ(this->run({"list"}).err, "zeldebug: error: DESIGN is required\n");
+  EXPECT_EQ(this->run({"init"}).err, "zeldebug: error: DESIGN is required\n");
   EXPECT_EQ(this->run({"set", "x", "y", "--port"}).status, 2);
 }
 
@@ -261,7 +262,8 @@ TEST_F(CommandLineTest, WrongUseIsADocumentInJson) {
   EXPECT_EQ(document["failure"]["message"],
             "unknown option '--jsn' of 'list'; there are '--help', '--json', "
             "'-C', '--color', '--quiet', '--strict', '--library', '--view', "
-            "'--kinds', '--max-instances'; did "
+            "'--kinds', '--max-instances', '--project', '--no-project', "
+            "'--probe', '--profile'; did "
             "you mean '--json'?");
 }
 

@@ -234,9 +234,9 @@ TEST_F(ShowCommandTest, TellsTheOriginOfAFilesValues) {
 }
 
 TEST_F(ShowCommandTest, WantsOneSource) {
-  EXPECT_EQ(this->run({"show", board}).err,
-            "zeldebug: error: show: DESIGN and PROCESSOR are required without "
-            "--file\n");
+  EXPECT_EQ(this->run({"show", board}).status, 2);
+  EXPECT_EQ(this->run({"show", board, "--no-project"}).err,
+            "zeldebug: error: PROCESSOR is required\n");
   EXPECT_EQ(this->run({"show", board, "lumacore_0", "--file", "x"}).err,
             "zeldebug: error: show: --file goes without a design and without "
             "settings\n");

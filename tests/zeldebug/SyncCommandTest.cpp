@@ -294,8 +294,10 @@ TEST_F(ProjectTest, AFullDiskLeavesWhatWasThere) {
   surroundings.fileSizeLimit = 10;
   const Result run = this->run({"sync"}, surroundings);
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, HasSubstr("lumacore_0: the option file could not be "
-                                 "written whole: no space left"));
+  EXPECT_THAT(run.err,
+              HasSubstr("lumacore_0: etc/kvo_lumacore_0.opt: the option "
+                        "file could not be written whole: no space "
+                        "left"));
   EXPECT_EQ(saved("lumacore_0"), ofThree);
   EXPECT_EQ(syncOne()["outcome"], "updated");
 }

@@ -6,7 +6,7 @@ usage: validate_documents.py SCHEMA_FOLDER DOCUMENT_FOLDER
 Every document must pass the schema of its subcommand, and for each schema that
 was met damaged copies of its fullest document, five at least, must not. The
 schemas themselves say the type of every member, take no others, and tell which
-ones are optional.
+ones are optional. Those of the project's files are no documents.
 """
 
 import copy
@@ -30,6 +30,7 @@ def load_validators(folder):
     schemas = {
         path.name.removesuffix(".schema.json"): local(json.loads(path.read_text()))
         for path in sorted(pathlib.Path(folder).glob("*.schema.json"))
+        if not path.name.startswith("project-file")
     }
     definitions = schemas[SHARED]["$defs"]
     return {

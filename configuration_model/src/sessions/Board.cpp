@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "HHSMHwManager.h"
+#include "ZelDebugDialog/ConfigurationModel/ProcessorTypes.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/TypeNames.h"
 #include "commands/Desk.h"
@@ -117,6 +118,12 @@ BoardState::expectProcessor(const std::string &name) const {
     if (processors[i].name == name)
       return records[i];
   throw model::whyNoProcessor(name, names, undebuggable);
+}
+
+const std::vector<std::string> &GetProcessorTypes() {
+  static const std::vector<std::string> names(processorTypeNames.begin(),
+                                              processorTypeNames.end());
+  return names;
 }
 
 std::string MemoryClassOf(const std::string &typeName) {

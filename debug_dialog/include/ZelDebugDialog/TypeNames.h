@@ -21,6 +21,14 @@ inline constexpr std::string_view ppcControllerType = "ppc_jtag_link";
 inline constexpr std::string_view lumacoreTypeName = "lumacore";
 /// A Cortex-A9, which needs none at all.
 inline constexpr std::string_view cortexA9TypeName = "soc_cortexa9";
+/// Cores that a debug module or the controller leads to.
+inline constexpr std::string_view ppc405TypeName = "ppc405_core";
+inline constexpr std::string_view ppc440TypeName = "ppc440_core";
+inline constexpr std::string_view cortexR5TypeName = "soc_cortexr5";
+/// All processors.
+inline constexpr std::array<std::string_view, 5> processorTypeNames{
+    lumacoreTypeName, ppc405TypeName, ppc440TypeName, cortexA9TypeName,
+    cortexR5TypeName};
 /// UARTs that a serial stub works over.
 inline constexpr std::array<std::string_view, 2> stubUartTypes{
     "uart_mini_cedar", "uart_mini_ember"};

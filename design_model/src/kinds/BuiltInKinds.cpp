@@ -1,7 +1,5 @@
 #include "kinds/BuiltInKinds.h"
 
-#include <array>
-
 namespace ZelDebugDialog {
 namespace {
 
@@ -10,21 +8,23 @@ struct Row {
   DesignRole role;
 };
 
-constexpr std::array<Row, 8> table = {{
-    {debugModuleTypes[1], DesignRole::debugModule},
-    {debugModuleTypes[0], DesignRole::debugModule},
-    {ppcControllerType, DesignRole::debugModule},
-    {lumacoreTypeName, DesignRole::processor},
-    {ppc405TypeName, DesignRole::processor},
-    {ppc440TypeName, DesignRole::processor},
-    {cortexA9TypeName, DesignRole::processor},
-    {cortexR5TypeName, DesignRole::processor},
-}};
+/// Debug modules, then processors.
+const std::vector<Row> &table() {
+  static const std::vector<Row> rows = [] {
+    std::vector<Row> made{{debugModuleTypes[1], DesignRole::debugModule},
+                          {debugModuleTypes[0], DesignRole::debugModule},
+                          {ppcControllerType, DesignRole::debugModule}};
+    for (const std::string_view typeName : processorTypeNames)
+      made.push_back({typeName, DesignRole::processor});
+    return made;
+  }();
+  return rows;
+}
 
 } // namespace
 
 DesignRole findBuiltInRole(std::string_view typeName) {
-  for (const Row &row : table)
+  for (const Row &row : table())
     if (row.typeName == typeName)
       return row.role;
   return DesignRole::other;
@@ -32,7 +32,7 @@ DesignRole findBuiltInRole(std::string_view typeName) {
 
 std::vector<std::string_view> builtInTypes(DesignRole role) {
   std::vector<std::string_view> names;
-  for (const Row &row : table)
+  for (const Row &row : table())
     if (row.role == role)
       names.push_back(row.typeName);
   return names;

@@ -10,12 +10,6 @@
 
 namespace ZelDebugDialog {
 
-// Processors that a debug module leads to, and that a design is asked for as
-// processors, not by their type.
-inline constexpr std::string_view ppc405TypeName = "ppc405_core";
-inline constexpr std::string_view ppc440TypeName = "ppc440_core";
-inline constexpr std::string_view cortexR5TypeName = "soc_cortexr5";
-
 /// `other` for a type name that the table doesn't hold.
 DesignRole findBuiltInRole(std::string_view typeName);
 

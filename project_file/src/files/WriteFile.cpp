@@ -4,6 +4,7 @@
 #include <chrono>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -67,18 +68,20 @@ fs::path behindLinks(const fs::path &path) {
   return error ? path : target;
 }
 
-/// A file beside the one that it is to replace, gone again unless it did.
+/// A file beside the one that it is to replace, gone again unless it did. What
+/// goes wrong with it is told of that one.
 class Scratch {
 public:
-  explicit Scratch(const fs::path &target)
-      : path(target.parent_path() /
+  explicit Scratch(fs::path replaced)
+      : target(std::move(replaced)),
+        path(target.parent_path() /
              ("." + target.filename().string() + ".new")) {
     unlink(path.c_str());
     descriptor =
         open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
              0666);
     if (descriptor < 0)
-      refuse(path, errno);
+      refuse(target, errno);
   }
   ~Scratch() {
     if (descriptor >= 0)
@@ -96,23 +99,24 @@ public:
       if (count < 0 && errno == EINTR)
         continue;
       if (count <= 0)
-        refuse(path, count < 0 ? errno : ENOSPC);
+        refuse(target, count < 0 ? errno : ENOSPC);
       at += static_cast<std::size_t>(count);
     }
     if (fsync(descriptor) != 0)
-      refuse(path, errno);
+      refuse(target, errno);
   }
-  void moveTo(const fs::path &target) {
+  void moveIntoPlace() {
     struct stat there = {};
     if (stat(target.c_str(), &there) == 0 &&
         fchmod(descriptor, there.st_mode & 07777U) != 0)
-      refuse(path, errno);
+      refuse(target, errno);
     if (rename(path.c_str(), target.c_str()) != 0)
       refuse(target, errno);
     path.clear();
   }
 
 private:
+  fs::path target;
   fs::path path;
   int descriptor = -1;
 };
@@ -159,7 +163,7 @@ void writeFile(const fs::path &file, const std::string &text) {
                                    : "is no regular file");
   Scratch scratch(target);
   scratch.write(text);
-  scratch.moveTo(target);
+  scratch.moveIntoPlace();
 }
 
 } // namespace ZelDebugDialog::project

@@ -1,11 +1,11 @@
 #include <algorithm>
-#include <array>
 #include <map>
 #include <set>
 #include <unordered_set>
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/ConfigurationModel/ProcessorTypes.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Merge.h"
 #include "merging/Sources.h"
@@ -16,10 +16,6 @@ namespace ZelDebugDialog {
 namespace {
 
 using namespace project;
-
-// Types that designs without such a processor may name all the same.
-constexpr std::array<const char *, 4> knownTypes{"lumacore", "ppc405_core",
-                                                 "ppc440_core", "soc_cortexa9"};
 
 std::string shown(const ProjectPlace &place) {
   return fmt::format("line {}, column {}", place.line, place.column);
@@ -82,8 +78,10 @@ private:
   void checkType(const ProjectTable &table) {
     if (types.count(table.name) != 0)
       return;
+    // A design without such a processor may be one of several that share the
+    // file.
     std::set<std::string> known = types;
-    known.insert(std::begin(knownTypes), std::end(knownTypes));
+    known.insert(GetProcessorTypes().begin(), GetProcessorTypes().end());
     if (known.count(table.name) != 0 || otherTypes.count(table.name) != 0)
       faults.push_back(
           faultOf("unmatched-type", table.place,

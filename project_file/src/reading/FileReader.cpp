@@ -65,7 +65,7 @@ private:
                         : layer.directory) = readPath(node, key);
       return;
     case KeyShape::text:
-      layer.view = readText(node, key);
+      layer.view = readView(node, key);
       return;
     case KeyShape::paths:
       layer.library = readPaths(node, key);
@@ -107,6 +107,18 @@ private:
     if (text == nullptr)
       return std::nullopt;
     return ProjectText{*text, faults.placeOf(node.span.begin)};
+  }
+
+  std::optional<ProjectText> readView(const TomlNode &node,
+                                      const std::string &key) {
+    auto view = readText(node, key);
+    if (!view || !view->text.empty())
+      return view;
+    faults
+        .add("bad-value", node.span.begin,
+             fmt::format("'{}' is the name of a view, and this is none", key))
+        .accepted = {"the name of a view"};
+    return std::nullopt;
   }
 
   std::optional<ProjectText> readPath(const TomlNode &node,

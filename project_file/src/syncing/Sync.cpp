@@ -9,9 +9,9 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
+#include "ZelDebugDialog/ProjectFile/Origins.h"
 #include "files/ReadFile.h"
 #include "files/WriteFile.h"
-#include "merging/Applicable.h"
 #include "reading/Faults.h"
 #include "syncing/Remembered.h"
 
@@ -175,11 +175,10 @@ private:
       task.disk = findFile(result.file);
       decide(task, isReadable);
       if (task.disk && result.outcome != SyncOutcome::same)
-        result.differences =
-            differencesFrom(Session(board, processor.name), *task.session);
+        result.differences = CompareWithOptionFile(board, *task.session);
     } catch (const Refusal &refusal) {
       result.outcome = SyncOutcome::refused;
-      result.message = refusal.problem;
+      result.message = shownProblem(refusal, result);
       result.command.reset();
     }
     if (!result.lost.empty() && !options.force) {
@@ -190,24 +189,6 @@ private:
       result.place = result.lost.front().place;
     }
     return task;
-  }
-
-  /// What the command to be written does not carry is no difference.
-  static std::vector<Difference> differencesFrom(const Session &disk,
-                                                 const Session &session) {
-    const std::set<std::string> applicable = applicableIn(session);
-    std::vector<Difference> differences;
-    for (const SettingInfo &setting : GetSettings()) {
-      const std::string &id = setting.id;
-      if (!setting.settable || applicable.count(id) == 0 ||
-          id.find('[') != std::string::npos)
-        continue;
-      Value saved = disk.Get(id);
-      Value now = session.Get(id);
-      if (now != saved)
-        differences.push_back({id, std::move(saved), std::move(now)});
-    }
-    return differences;
   }
 
   void decide(Task &task, bool isReadable) const {
@@ -260,12 +241,20 @@ private:
       writeFile(rememberedFile(), text);
   }
 
+  /// What the file system refuses, it refuses of the option file.
+  static std::string shownProblem(const Refusal &refusal,
+                                  const SyncResult &result) {
+    return refusal.file.empty()
+               ? refusal.problem
+               : fmt::format("{}: {}", ShowText(result.file), refusal.problem);
+  }
+
   /// A file that has changed since it was looked at is somebody's change.
   static void refuse(Task &task, const Refusal &refusal) {
     task.result.outcome = refusal.kind == RefusalKind::changedOnDisk
                               ? SyncOutcome::conflict
                               : SyncOutcome::refused;
-    task.result.message = refusal.problem;
+    task.result.message = shownProblem(refusal, task.result);
   }
 
   void warnOfStale() {

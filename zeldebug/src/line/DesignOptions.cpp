@@ -9,6 +9,7 @@
 #include "line/TextOption.h"
 #include "output/Output.h"
 #include "output/Place.h"
+#include "output/ProjectFaults.h"
 #include "output/Suggestion.h"
 
 namespace zeldebug {
@@ -20,6 +21,9 @@ using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::DesignSources;
 using ZelDebugDialog::LibrarySearch;
 using ZelDebugDialog::MissingDocument;
+using ZelDebugDialog::Project;
+using ZelDebugDialog::ProjectFault;
+using ZelDebugDialog::ProjectSeverity;
 using ZelDebugDialog::documents::shownSeverity;
 
 using Severity = DesignDiagnostic::Severity;
@@ -149,15 +153,20 @@ std::optional<std::string> DesignOptions::takeName() {
   return name;
 }
 
-void DesignOptions::standOn(const DesignSources &sources) {
-  if (!designFile)
-    designFile = sources.designFile;
+void DesignOptions::standOn(const Project &project) {
+  if (!designFile) {
+    designFile = project.Design();
+    if (project.project.design)
+      designPlace = project.project.design->place;
+  }
   if (libraryFolders.empty())
-    libraryFolders = sources.libraryFolders;
-  if (!view && !sources.view.empty())
-    view = sources.view;
-  if (!kindsFile && !sources.kindsFile.empty())
-    kindsFile = sources.kindsFile;
+    libraryFolders = project.Libraries();
+  if (!view && project.project.view) {
+    view = project.View();
+    viewPlace = project.project.view->place;
+  }
+  if (!kindsFile && project.project.kinds)
+    kindsFile = project.Kinds();
 }
 
 /// What is empty here means to the model that nothing was given.
@@ -182,7 +191,7 @@ std::unique_ptr<DesignModel> DesignOptions::read(Output &output,
   output.useRemarks();
   auto design = std::make_unique<DesignModel>();
   const bool isRead = ReadDesign(expectSources(), *design);
-  expectRead(isRead, *design);
+  expectRead(isRead, *design, output);
   tell(*design, telling, output);
   return design;
 }
@@ -198,31 +207,37 @@ DesignOptions::proposeKinds(ZelDebugDialog::KindProposal &proposal,
   output.useRemarks();
   auto design = std::make_unique<DesignModel>();
   const bool isRead = ProposeKinds(expectSources(), proposal, *design);
-  expectRead(isRead, *design);
+  expectRead(isRead, *design, output);
   tell(*design, Telling::counted, output);
   return design;
 }
 
 /// A name that no component has would be passed over in silence. One that is
 /// not there may have it.
-void DesignOptions::expectView(const DesignModel &design) const {
+void DesignOptions::expectView(const DesignModel &design,
+                               Output &output) const {
   const std::vector<std::string> views = design.Views();
   if (!view || !design.Missing().empty() ||
       std::find(views.begin(), views.end(), *view) != views.end())
     return;
-  throw Failure(
-      ExitStatus::wrongUse,
-      fmt::format("--view: '{}' is the view of no component; there {}{}",
-                  printable(*view),
-                  views.empty() ? std::string("are no views in this design")
-                                : "are " + quotedList(views),
-                  didYouMean(*view, views)),
-      {"bad-value", "--view", *view, views, nearestMatch(*view, views)});
+  const std::string problem = fmt::format(
+      "'{}' is the view of no component; there {}{}", printable(*view),
+      views.empty() ? std::string("are no views in this design")
+                    : "are " + quotedList(views),
+      didYouMean(*view, views));
+  const std::string nearest = nearestMatch(*view, views);
+  if (viewPlace.line != 0)
+    expectNoFaults({ProjectFault{viewPlace, ProjectSeverity::error, "bad-value",
+                                 problem, views, nearest, ""}},
+                   output);
+  throw Failure(ExitStatus::wrongUse, "--view: " + problem,
+                {"bad-value", "--view", *view, views, nearest});
 }
 
-void DesignOptions::expectRead(bool isRead, const DesignModel &design) const {
+void DesignOptions::expectRead(bool isRead, const DesignModel &design,
+                               Output &output) const {
   if (isRead) {
-    expectView(design);
+    expectView(design, output);
     return;
   }
   const std::vector<DesignDiagnostic> &all = design.Diagnostics();
@@ -242,6 +257,8 @@ void DesignOptions::expectRead(bool isRead, const DesignModel &design) const {
     if (!advice.command.empty())
       text += "\n  " + shellLine(advice.command);
   }
+  if (designPlace.line != 0)
+    text += fmt::format("\n{} names the design", shownPlace(designPlace));
   throw Failure(ExitStatus::unreadable, text, about);
 }
 

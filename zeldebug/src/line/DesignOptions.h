@@ -10,6 +10,7 @@
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 #include <ZelDebugDialog/DesignModel/Kinds.h>
 #include <ZelDebugDialog/DesignModel/Libraries.h>
+#include <ZelDebugDialog/ProjectFile/Project.h>
 
 #include "line/Options.h"
 
@@ -39,8 +40,9 @@ public:
   /// What the line says.
   /// @throws Failure for what is none
   ZelDebugDialog::DesignSources expectSources() const;
-  /// What the line leaves out is as it is there.
-  void standOn(const ZelDebugDialog::DesignSources &sources);
+  /// What the line leaves out is as the project says; what is wrong with that
+  /// is told at its place.
+  void standOn(const ZelDebugDialog::Project &project);
 
   /// How much a person is told of what there is to say of a design that can be
   /// read.
@@ -69,8 +71,10 @@ public:
 
 private:
   void addSourcesTo(CommandLine &line, CLI::App &app);
-  void expectView(const ZelDebugDialog::DesignModel &design) const;
-  void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design) const;
+  void expectView(const ZelDebugDialog::DesignModel &design,
+                  Output &output) const;
+  void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design,
+                  Output &output) const;
   void tell(const ZelDebugDialog::DesignModel &design, Telling telling,
             Output &output) const;
 
@@ -79,6 +83,9 @@ private:
   std::optional<std::string> view;
   std::optional<std::string> kindsFile;
   std::optional<std::string> maxInstances;
+  /// Where a project names them, if the line does not.
+  ZelDebugDialog::ProjectPlace designPlace;
+  ZelDebugDialog::ProjectPlace viewPlace;
 };
 
 /// Words as a shell takes them.

@@ -18,20 +18,20 @@ namespace {
 using ZelDebugDialog::AllFaults;
 using ZelDebugDialog::Board;
 using ZelDebugDialog::DesignModel;
-using ZelDebugDialog::DesignSources;
 using ZelDebugDialog::Project;
 using ZelDebugDialog::projectFileName;
 
 constexpr const char *group = "The project";
+constexpr const char *commandHead = "connect";
+
+[[noreturn]] void refuse(const char *option, const char *problem) {
+  throw Failure(ExitStatus::wrongUse, fmt::format("{}: {}", option, problem),
+                {"", option});
+}
 
 std::string environment(const char *name) {
   const char *const value = std::getenv(name);
   return value == nullptr ? "" : value;
-}
-
-DesignSources sourcesOf(const Project &project) {
-  return {project.Design(), project.Libraries(), project.View(),
-          project.Kinds()};
 }
 
 Board boardOf(DesignModel &design, const Project &project) {
@@ -50,18 +50,15 @@ Board boardOf(DesignModel &design, const Project &project) {
   throw std::logic_error("a project with errors has none");
 }
 
-/// The design's own faults, and which file it is of.
-std::unique_ptr<DesignModel> readDesign(const Project &project,
-                                        const DesignOptions &sources,
-                                        Output &output) {
-  try {
-    return sources.read(output);
-  } catch (const Failure &failure) {
-    throw Failure(failure.status(),
-                  fmt::format("{}\n{} names the design", failure.what(),
-                              shownPlace(project.project.design->place)),
-                  failure.details());
-  }
+/// What the files say, without errors of their own.
+/// @return the design, as if the line named it
+DesignOptions expectReadable(const Project &project,
+                             const DesignOptions &ofLine, Output &output) {
+  DesignOptions sources = ofLine;
+  sources.standOn(project);
+  if (project.HasErrors())
+    failWithAllFaults(project, sources, output);
+  return sources;
 }
 
 } // namespace
@@ -73,6 +70,14 @@ mergedFor(const LineProject &line, const std::string &processor,
     if (one.name == processor)
       return MergeProject(line.project, line.choice, one, settings);
   throw std::logic_error("no processor '" + processor + "' to merge for");
+}
+
+Json projectJson(const LineProject &line) {
+  const ZelDebugDialog::ProjectLayer &local = line.project.local;
+  return {{"project", line.file},
+          {"local", local.exists ? Json(local.file) : Json()},
+          {"probe", orNull(line.choice.probe.name)},
+          {"profile", orNull(line.choice.profile.name)}};
 }
 
 void ProjectOptions::addTo(Options &options) {
@@ -95,11 +100,36 @@ void ProjectOptions::takeProcessor(
     processor = design.takeName();
 }
 
+bool ProjectOptions::takeProcessorAlone(
+    const std::string &text, const std::string &workingFolder) const {
+  if (projectFile && isLeftOut)
+    refuse("--project", "--no-project excludes it");
+  if (projectFile)
+    return true;
+  // A command has several words; the one that each begins with is none alone.
+  const bool mayBeProcessor =
+      text.find_first_of(" \t\r\n") == std::string::npos && !text.empty() &&
+      text != commandHead;
+  if (mayBeProcessor && isThere(workingFolder))
+    return true;
+  expectNoChoice("there is no project where a command is given");
+  return false;
+}
+
+void ProjectOptions::expectUnused(const char *problem) const {
+  if (projectFile)
+    refuse("--project", problem);
+  expectNoChoice(problem);
+}
+
+void ProjectOptions::expectNoChoice(const char *problem) const {
+  if (probe)
+    refuse("--probe", problem);
+  if (profile)
+    refuse("--profile", problem);
+}
+
 bool ProjectOptions::areUsed(const DesignOptions &design) const {
-  const auto refuse = [](const char *option, const std::string &problem) {
-    throw Failure(ExitStatus::wrongUse, fmt::format("{}: {}", option, problem),
-                  {"", option});
-  };
   if (projectFile && isLeftOut)
     refuse("--project", "--no-project excludes it");
   if (projectFile && design.named())
@@ -108,10 +138,7 @@ bool ProjectOptions::areUsed(const DesignOptions &design) const {
     refuse("--no-project", "DESIGN is missing");
   if (!design.named())
     return true;
-  if (probe)
-    refuse("--probe", "there is no project where DESIGN is given");
-  if (profile)
-    refuse("--profile", "there is no project where DESIGN is given");
+  expectNoChoice("there is no project where DESIGN is given");
   return false;
 }
 
@@ -137,6 +164,20 @@ std::string ProjectOptions::expectFile(const std::string &workingFolder) const {
       {"no-project"});
 }
 
+DesignOptions ProjectOptions::sourcesFor(const DesignOptions &design,
+                                         const std::string &workingFolder,
+                                         Output &output) const {
+  if (!areUsed(design))
+    return design;
+  output.usePlaces();
+  const Project project =
+      ZelDebugDialog::ReadProject(expectFile(workingFolder));
+  DesignOptions sources = expectReadable(project, design, output);
+  expectNoFaults(project.faults, output);
+  ChooseProject(project, wishes());
+  return sources;
+}
+
 LineProject ProjectOptions::open(const DesignOptions &design,
                                  const std::string &workingFolder,
                                  Output &output) const {
@@ -144,17 +185,18 @@ LineProject ProjectOptions::open(const DesignOptions &design,
   LineProject line;
   line.file = expectFile(workingFolder);
   line.project = ZelDebugDialog::ReadProject(line.file);
-  line.wishes = {probe, profile, environment("ZELDEBUG_PROBE"),
-                 environment("ZELDEBUG_PROFILE")};
-  line.sources = design;
-  line.sources.standOn(sourcesOf(line.project));
-  if (line.project.HasErrors())
-    failWithAllFaults(line.project, line.sources, output);
-  line.design = readDesign(line.project, line.sources, output);
+  line.wishes = wishes();
+  line.sources = expectReadable(line.project, design, output);
+  line.design = line.sources.read(output);
   line.board = std::make_unique<Board>(boardOf(*line.design, line.project));
   expectNoFaults(AllFaults(line.project, *line.board), output);
   line.choice = ChooseProject(line.project, line.wishes);
   return line;
+}
+
+ZelDebugDialog::ProjectWishes ProjectOptions::wishes() const {
+  return {probe, profile, environment("ZELDEBUG_PROBE"),
+          environment("ZELDEBUG_PROFILE")};
 }
 
 } // namespace zeldebug

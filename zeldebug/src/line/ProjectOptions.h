@@ -22,6 +22,7 @@
 
 #include "line/DesignOptions.h"
 #include "line/Options.h"
+#include "output/Json.h"
 
 namespace zeldebug {
 
@@ -43,6 +44,9 @@ ZelDebugDialog::MergedProcessor
 mergedFor(const LineProject &line, const std::string &processor,
           const ZelDebugDialog::SettingValues &settings = {});
 
+/// The members of a document that tell which project a line has used.
+Json projectJson(const LineProject &line);
+
 class ProjectOptions {
 public:
   /// Adds --project, --no-project, --probe and --profile to a subcommand.
@@ -58,6 +62,17 @@ public:
   ///   --no-project that names neither; for --probe and --profile of no project
   bool areUsed(const DesignOptions &design) const;
 
+  /// Of a line with one word that is a connect command or a processor of the
+  /// project: whether it is a processor.
+  /// @throws Failure (wrong use) for --probe and --profile of a command;
+  ///   (unreadable) for a folder that is none
+  bool takeProcessorAlone(const std::string &text,
+                          const std::string &workingFolder) const;
+
+  /// @throws Failure (wrong use) for --project, --probe and --profile of a line
+  ///   that asks nothing of a project
+  void expectUnused(const char *problem) const;
+
   /// Whether there is a project file, and the line does not leave it out.
   /// @throws Failure (unreadable) for a folder that is none
   bool isThere(const std::string &workingFolder) const;
@@ -68,6 +83,13 @@ public:
   ///   that is none
   std::string expectFile(const std::string &workingFolder) const;
 
+  /// The design of the line, or the one that the project names: for what asks
+  /// nothing else of the files.
+  /// @throws as `open`, but for what is wrong with the design
+  DesignOptions sourcesFor(const DesignOptions &design,
+                           const std::string &workingFolder,
+                           Output &output) const;
+
   /// Reads both files and the design, and tells what there is to say of them.
   /// What the line says of the design stands over the files.
   /// @throws Failure (unreadable), with every fault of the files told, or for
@@ -76,6 +98,9 @@ public:
                    const std::string &workingFolder, Output &output) const;
 
 private:
+  ZelDebugDialog::ProjectWishes wishes() const;
+  void expectNoChoice(const char *problem) const;
+
   std::optional<std::string> projectFile;
   std::optional<std::string> probe;
   std::optional<std::string> profile;

@@ -1,9 +1,10 @@
 #include "output/ProjectFaults.h"
 
 #include <algorithm>
-#include <filesystem>
 
 #include <fmt/format.h>
+
+#include <ZelDebugDialog/ProjectFile/Origins.h>
 
 #include "output/Values.h"
 
@@ -40,9 +41,7 @@ About aboutPlace(const std::string &code, const std::string &setting,
 } // namespace
 
 std::string originAt(const ProjectPlace &place) {
-  ProjectPlace inFolder = place;
-  inFolder.file = std::filesystem::path(place.file).filename().string();
-  return shownPlace(inFolder);
+  return printable(ShowOrigin(place));
 }
 
 Failure refusedAt(const ZelDebugDialog::Refusal &refusal,

@@ -12,6 +12,7 @@
 #include "line/CommandsInFile.h"
 #include "line/DesignOptions.h"
 #include "line/Options.h"
+#include "line/ProjectOptions.h"
 #include "output/Output.h"
 #include "output/Suggestion.h"
 #include "subcommands/Subcommands.h"
@@ -33,6 +34,7 @@ struct CheckLine {
   std::vector<std::string> commands;
   std::optional<std::string> file;
   DesignOptions design;
+  ProjectOptions project;
   std::optional<std::string> processor;
 };
 
@@ -117,12 +119,16 @@ class CheckedFor {
 public:
   CheckedFor(const CheckLine &line, const CommandLine &commandLine,
              Output &output) {
-    if (line.design.named() != line.processor.has_value())
-      throw Failure(ExitStatus::wrongUse,
-                    "check: --design and --processor go together");
-    if (!line.design.named())
+    if (!line.processor) {
+      line.project.expectUnused("it goes together with --processor");
+      if (line.design.named())
+        throw Failure(ExitStatus::wrongUse,
+                      "check: --design and --processor go together");
       return;
-    design = line.design.read(output);
+    }
+    design = line.project
+                 .sourcesFor(line.design, commandLine.workingFolder(), output)
+                 .read(output);
     board.emplace(*design, commandLine.workingFolder());
     options.board = &*board;
     options.processor = *line.processor;
@@ -205,8 +211,10 @@ void addCheckCommand(CommandLine &line) {
                 ValueKind::file);
   options->design.addAsOptionTo(app);
   app.addOption("--processor", "NAME", options->processor,
-                "check what this processor of the design allows, too",
+                "check what this processor of the design, or of the project, "
+                "allows, too",
                 ValueKind::processor, "The design");
+  options->project.addTo(app);
 }
 
 } // namespace zeldebug

@@ -1,10 +1,12 @@
 // command: the connect command that `set` would save.
 #include <memory>
+#include <optional>
 
 #include <fmt/format.h>
 
 #include "line/DesignOptions.h"
 #include "line/Options.h"
+#include "line/ProjectOptions.h"
 #include "line/Refused.h"
 #include "line/SettingOptions.h"
 #include "line/WorkingFolder.h"
@@ -22,7 +24,8 @@ using ZelDebugDialog::Session;
 
 struct CommandOptions {
   DesignOptions design;
-  std::string processor;
+  ProjectOptions project;
+  std::optional<std::string> processor;
   SettingOptions settings;
   bool force = false;
 };
@@ -49,30 +52,50 @@ void say(const Configured &configured, const Verdict &verdict, Output &output) {
                 {loss.code, loss.field});
 }
 
-ExitStatus run(const CommandOptions &options, const std::string &folder,
-               Output &output) {
-  const AskedSettings asked = options.settings.read();
-  const auto design = options.design.read(output);
-  const Board board(*design, optionFolder(folder));
+/// @param project  null for none
+ExitStatus print(const CommandOptions &options, const AskedSettings &asked,
+                 const Board &board, const LineProject *project,
+                 Output &output) {
   Configured configured =
-      configure(board, options.processor, asked,
-                {Session::Hold::whileSaving, options.force});
+      configure(board, *options.processor, asked,
+                {Session::Hold::whileSaving, options.force, project});
   bool isSaved = false;
   const std::string command = commandOf(configured.session, isSaved);
   const Verdict verdict =
       isSaved ? Verdict() : judge(configured, configured.session.Losses());
   say(configured, verdict, output);
-  if (output.json())
-    output.document({{"instanceName", options.processor},
-                     {"connectCommand", command},
-                     {"effects", toJson(configured.effects)},
-                     {"lost", toJson(verdict.lost)},
-                     {"dropped", toJson(verdict.dropped)}});
-  else
+  if (output.json()) {
+    Json members = project == nullptr ? Json::object() : projectJson(*project);
+    members.update({{"instanceName", *options.processor},
+                    {"connectCommand", command},
+                    {"effects", toJson(configured.effects)},
+                    {"lost", toJson(verdict.lost)},
+                    {"dropped", toJson(verdict.dropped)}});
+    output.document(members);
+  } else {
     output.printLine(command);
+  }
   // As with `set`: what is asked for stands, or the run fails.
   return verdict.lost.empty() || options.force ? ExitStatus::done
                                                : ExitStatus::refused;
+}
+
+ExitStatus run(const CommandOptions &options, const std::string &folder,
+               Output &output) {
+  const bool ofProject = options.project.areUsed(options.design);
+  if (ofProject)
+    options.project.expectFile(folder);
+  if (!options.processor)
+    throw Failure(ExitStatus::wrongUse, "PROCESSOR is required");
+  const AskedSettings asked = options.settings.read();
+  if (ofProject) {
+    const LineProject line =
+        options.project.open(options.design, folder, output);
+    return print(options, asked, *line.board, &line, output);
+  }
+  const auto design = options.design.read(output);
+  const Board board(*design, optionFolder(folder));
+  return print(options, asked, board, nullptr, output);
 }
 
 } // namespace
@@ -83,14 +106,17 @@ void addCommandCommand(CommandLine &line) {
       "command", "Print the connect command for settings, without saving it",
       "zeldebug command board.xml cpu0 --cable quorla_podusb --frequency 3MHz",
       [options, &line](Output &output) {
-        return run(*options, line.workingFolder(), output);
+        CommandOptions given = *options;
+        given.project.takeProcessor(given.design, given.processor);
+        return run(given, line.workingFolder(), output);
       });
-  options->design.addTo(app);
-  app.addRequired("PROCESSOR", options->processor,
+  options->design.addTo(app, false);
+  app.addArgument("PROCESSOR", options->processor,
                   "instance name of a processor", ValueKind::processor);
   app.addFlag("--force", options->force,
               "succeed also where settings would not survive, and start from "
               "the defaults if what is saved cannot be read");
+  options->project.addTo(app);
   options->settings.addTo(app);
 }
 

@@ -4,6 +4,7 @@
 
 #include "line/DesignOptions.h"
 #include "line/Options.h"
+#include "line/ProjectOptions.h"
 #include "subcommands/DesignGraph.h"
 #include "subcommands/DesignTables.h"
 #include "subcommands/Subcommands.h"
@@ -16,16 +17,19 @@ using ZelDebugDialog::DesignModel;
 
 struct GraphOptions {
   DesignOptions design;
+  ProjectOptions project;
   bool graph = false;
   std::optional<std::string> under;
 };
 
-ExitStatus run(const GraphOptions &options, Output &output) {
+ExitStatus run(const GraphOptions &options, const std::string &folder,
+               Output &output) {
   if (options.under && !options.graph)
     throw Failure(ExitStatus::wrongUse,
                   "--under chooses a part of the graph: give --graph as well");
   const std::unique_ptr<DesignModel> design =
-      options.design.read(output, DesignOptions::Telling::whole);
+      options.project.sourcesFor(options.design, folder, output)
+          .read(output, DesignOptions::Telling::whole);
   std::string graph;
   if (options.graph)
     graph = designGraph(
@@ -57,8 +61,11 @@ void addDesignCommand(CommandLine &line) {
       "peripherals, connections",
       "zeldebug design board.xml\n"
       "  zeldebug design board.xml --graph | dot -Tsvg > board.svg",
-      [options](Output &output) { return run(*options, output); });
-  options->design.addTo(app);
+      [options, &line](Output &output) {
+        return run(*options, line.workingFolder(), output);
+      });
+  options->design.addTo(app, false);
+  options->project.addTo(app);
   app.addFlag("--graph", options->graph,
               "print text for Graphviz: who is wired to whom", "The graph");
   app.addOption("--under", "PATH", options->under,

@@ -1,4 +1,5 @@
-// explain: what every word of a command is, and what it changes.
+// explain: what every word of a command is, and what it changes; with a
+// project, of the one that its files give a processor.
 #include <memory>
 
 #include <ZelDebugDialog/ConfigurationModel/Commands.h>
@@ -7,8 +8,10 @@
 #include "documents/Commands.h"
 #include "line/CommandLine.h"
 #include "line/Options.h"
+#include "line/ProjectOptions.h"
 #include "output/Table.h"
 #include "output/Values.h"
+#include "subcommands/ShowProject.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
@@ -32,6 +35,11 @@ void printWords(const ExplainedCommand &command, Output &output) {
   table.print(output);
 }
 
+struct ExplainLine {
+  std::string text;
+  ProjectOptions project;
+};
+
 ExitStatus run(const std::string &text, Output &output) {
   const ExplainedCommand command = ZelDebugDialog::ExplainCommand(text);
   if (output.json())
@@ -52,13 +60,24 @@ ExitStatus run(const std::string &text, Output &output) {
 } // namespace
 
 void addExplainCommand(CommandLine &line) {
-  const auto text = std::make_shared<std::string>();
+  const auto options = std::make_shared<ExplainLine>();
   Options app = line.addSubcommand(
       "explain", "Explain every word of a connect command",
-      "zeldebug explain 'connect lc hdu -debugdevice devicenr 1'",
-      [text](Output &output) { return run(*text, output); });
-  app.addRequired("COMMAND", *text, "a connect command, in quotes",
-                  ValueKind::text);
+      "zeldebug explain 'connect lc hdu -debugdevice devicenr 1'\n"
+      "  zeldebug explain cpu0",
+      [options, &line](Output &output) {
+        const std::string folder = line.workingFolder();
+        if (!options->project.takeProcessorAlone(options->text, folder))
+          return run(options->text, output);
+        const LineProject project =
+            options->project.open(DesignOptions(), folder, output);
+        return explainProject(project, options->text, output);
+      });
+  app.addRequired("COMMAND", options->text,
+                  "a connect command, in quotes; with a project, or the "
+                  "instance name of a processor, whose command it gives",
+                  ValueKind::processor);
+  options->project.addTo(app);
 }
 
 } // namespace zeldebug

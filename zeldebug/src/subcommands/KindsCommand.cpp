@@ -11,6 +11,7 @@
 
 #include "line/DesignOptions.h"
 #include "line/Options.h"
+#include "line/ProjectOptions.h"
 #include "output/Output.h"
 #include "output/Place.h"
 #include "subcommands/ProcessorList.h"
@@ -69,6 +70,7 @@ const char *wordOf(KindVerdict verdict) {
 
 struct KindsOptions {
   DesignOptions design;
+  ProjectOptions project;
   std::optional<std::string> file;
   bool force = false;
 };
@@ -186,13 +188,15 @@ bool writeTable(const KindsOptions &options, const std::string &table) {
   }
 }
 
-ExitStatus run(const KindsOptions &options, Output &output) {
+ExitStatus run(const KindsOptions &options, const std::string &folder,
+               Output &output) {
   if (options.force && !options.file)
     throw Failure(ExitStatus::wrongUse,
                   "--force is for the file of --write: give that as well");
   KindProposal proposal;
   const std::unique_ptr<DesignModel> design =
-      options.design.proposeKinds(proposal, output);
+      options.project.sourcesFor(options.design, folder, output)
+          .proposeKinds(proposal, output);
   if (options.file) {
     const bool isNew = writeTable(options, proposal.table);
     output.note(fmt::format("{} {}: read it, mend it, and give it to --kinds",
@@ -222,8 +226,11 @@ void addKindsCommand(CommandLine &line) {
       "Propose a kind table: what could be the processors, debug modules, "
       "serial ports and memories of a design",
       "zeldebug kinds soc.xml --library ip --write soc.kinds",
-      [options](Output &output) { return run(*options, output); });
-  options->design.addTo(app);
+      [options, &line](Output &output) {
+        return run(*options, line.workingFolder(), output);
+      });
+  options->design.addTo(app, false);
+  options->project.addTo(app);
   app.addOption("--write", "FILE", options->file,
                 "write the table that is proposed, with its "
                 "evidence as comments",

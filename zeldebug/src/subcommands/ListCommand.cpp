@@ -3,6 +3,7 @@
 
 #include "line/DesignOptions.h"
 #include "line/Options.h"
+#include "line/ProjectOptions.h"
 #include "subcommands/ListAdvice.h"
 #include "subcommands/ProcessorList.h"
 #include "subcommands/Subcommands.h"
@@ -12,6 +13,11 @@ namespace zeldebug {
 namespace {
 
 using ZelDebugDialog::DesignModel;
+
+struct ListLine {
+  DesignOptions design;
+  ProjectOptions project;
+};
 
 ExitStatus run(const DesignOptions &options, Output &output) {
   const std::unique_ptr<DesignModel> design = options.read(output);
@@ -31,12 +37,16 @@ ExitStatus run(const DesignOptions &options, Output &output) {
 } // namespace
 
 void addListCommand(CommandLine &line) {
-  const auto options = std::make_shared<DesignOptions>();
+  const auto options = std::make_shared<ListLine>();
   Options app = line.addSubcommand(
       "list", "List the processors of a design that can be debugged",
-      "zeldebug list board.xml",
-      [options](Output &output) { return run(*options, output); });
-  options->addTo(app);
+      "zeldebug list board.xml", [options, &line](Output &output) {
+        return run(options->project.sourcesFor(options->design,
+                                               line.workingFolder(), output),
+                   output);
+      });
+  options->design.addTo(app, false);
+  options->project.addTo(app);
 }
 
 } // namespace zeldebug

@@ -253,14 +253,6 @@ ExitStatus Into::run() {
 
 } // namespace
 
-Json projectJson(const LineProject &line) {
-  const ZelDebugDialog::ProjectLayer &local = line.project.local;
-  return {{"project", line.file},
-          {"local", local.exists ? Json(local.file) : Json()},
-          {"probe", orNull(line.choice.probe.name)},
-          {"profile", orNull(line.choice.profile.name)}};
-}
-
 ExitStatus setInto(const IntoOptions &options, const AskedSettings &asked,
                    const LineProject &line, Output &output) {
   return Into(options, asked, line, output).run();

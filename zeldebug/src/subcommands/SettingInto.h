@@ -26,9 +26,6 @@ struct IntoOptions {
 ExitStatus setInto(const IntoOptions &options, const AskedSettings &asked,
                    const LineProject &line, Output &output);
 
-/// The members of a document that tell which project a line has used.
-Json projectJson(const LineProject &line);
-
 } // namespace zeldebug
 
 #endif

@@ -1,5 +1,4 @@
 // show: a saved configuration, of a processor or from any file with a command.
-#include <algorithm>
 #include <memory>
 #include <optional>
 
@@ -7,12 +6,14 @@
 
 #include "line/DesignOptions.h"
 #include "line/Options.h"
+#include "line/ProjectOptions.h"
 #include "line/Refused.h"
 #include "line/SettingOptions.h"
 #include "line/WorkingFolder.h"
-#include "output/Table.h"
-#include "output/Values.h"
+#include "output/Place.h"
 #include "subcommands/Configuring.h"
+#include "subcommands/ShowProject.h"
+#include "subcommands/ShownSettings.h"
 #include "subcommands/Subcommands.h"
 
 namespace zeldebug {
@@ -26,124 +27,35 @@ using ZelDebugDialog::FindSetting;
 using ZelDebugDialog::Session;
 using ZelDebugDialog::SessionState;
 using ZelDebugDialog::SettingState;
-using ZelDebugDialog::Value;
-
-constexpr const char *connection = "connection";
-constexpr const char *connectCommand = "connectCommand";
-constexpr const char *cpuJtag = "cpuJtag";
-constexpr const char *cableFront = "cable.";
 
 struct ShowOptions {
   DesignOptions design;
+  ProjectOptions project;
   SettingOptions settings;
   std::optional<std::string> processor;
   std::optional<std::string> file;
   bool origin = false;
+  bool saved = false;
 };
 
-void expectOneSource(const ShowOptions &options, bool withSettings) {
-  const bool fromFile = options.file.has_value();
-  if (fromFile && (options.design.named() || withSettings))
+void expectFileAlone(const ShowOptions &options, bool withSettings) {
+  options.project.expectUnused("--file goes without a project");
+  if (options.design.named() || options.processor || options.saved ||
+      withSettings)
     throw Failure(ExitStatus::wrongUse,
                   "show: --file goes without a design and without settings");
-  if (!fromFile && (!options.design.named() || !options.processor))
-    throw Failure(ExitStatus::wrongUse,
-                  "show: DESIGN and PROCESSOR are required without --file");
 }
 
-const CommandSetting &settingOf(const CommandSettings &shown,
-                                const std::string &id) {
-  const auto found = std::find_if(
-      shown.settings.begin(), shown.settings.end(),
-      [&id](const CommandSetting &setting) { return setting.id == id; });
-  if (found == shown.settings.end())
-    throw std::logic_error("no setting '" + id + "' to show");
-  return *found;
-}
-
-// --- For people --------------------------------------------------------------
-
-/// The word for how to connect; the number where no word stands for it.
-std::string shownConnection(const CommandSettings &shown) {
-  const Value value = settingOf(shown, connection).value;
-  return value.IsText()
-             ? value.Text()
-             : fmt::format("{:#x}",
-                           settingOf(shown, "connectionType").value.Number());
-}
-
-void printTable(const CommandSettings &shown, bool withOrigin, Output &output) {
-  Table table(withOrigin ? std::vector<std::string>{"SETTING", "VALUE", "FROM"}
-                         : std::vector<std::string>{"SETTING", "VALUE"});
-  const auto add = [&](const std::string &name, const std::string &value,
-                       const std::string &origin) {
-    if (withOrigin)
-      table.addRow({name, value, origin});
-    else
-      table.addRow({name, value});
-  };
-  const CommandSetting &cable = settingOf(shown, "cable.cableType");
-  add(connection, shownConnection(shown), settingOf(shown, connection).origin);
-  add("cable", ShowValue(*FindSetting(cable.id), cable.value), cable.origin);
-  const auto addAll = [&](const std::vector<CommandSetting> &settings) {
-    for (const CommandSetting &setting : settings)
-      if (setting.id != connection && setting.id != connectCommand)
-        add(setting.id, ShowStored(*FindSetting(setting.id), setting.value),
-            setting.origin);
-  };
-  addAll(shown.settings);
-  for (const std::vector<CommandSetting> &device : shown.chain)
-    addAll(device);
-  table.print(output);
-}
-
-// --- For programs ------------------------------------------------------------
-
-/// The settings in the shape of a document, each as `tell` has it.
-template <class Tell>
-Json shapedOf(const CommandSettings &shown, const Tell &tell) {
-  Json json{{"record", Json::object()},
-            {"cable", Json::object()},
-            {cpuJtag, Json()},
-            {"chain", Json::array()},
-            {connection, Json()}};
-  const std::string front = cableFront;
-  for (const CommandSetting &setting : shown.settings) {
-    if (setting.id == connection || setting.id == cpuJtag)
-      json[setting.id] = tell(setting);
-    else if (setting.id.compare(0, front.size(), front) == 0)
-      json["cable"][setting.id.substr(front.size())] = tell(setting);
-    else
-      json["record"][setting.id] = tell(setting);
-  }
-  for (const std::vector<CommandSetting> &device : shown.chain) {
-    Json fields = Json::object();
-    for (const CommandSetting &setting : device)
-      fields[setting.id.substr(setting.id.find('.') + 1)] = tell(setting);
-    json["chain"].push_back(fields);
-  }
-  return json;
+void expectProcessor(const ShowOptions &options) {
+  if (!options.processor)
+    throw Failure(ExitStatus::wrongUse, "PROCESSOR is required");
 }
 
 void print(const CommandSettings &shown, bool withOrigin, Output &output) {
-  const std::string command = settingOf(shown, connectCommand).value.Text();
-  if (!output.json()) {
-    if (!command.empty())
-      output.printLine(printable(command) + "\n");
-    printTable(shown, withOrigin, output);
-    return;
-  }
-  Json members = shapedOf(shown, [](const CommandSetting &setting) {
-    return toJson(setting.value);
-  });
-  members[connectCommand] = command;
-  members["result"] = shown.result;
-  members["error"] = shown.error;
-  if (withOrigin)
-    members["origin"] = shapedOf(shown, [](const CommandSetting &setting) {
-      return Json(setting.origin);
-    });
-  output.document(members);
+  if (output.json())
+    output.document(settingsJson(shown, withOrigin));
+  else
+    printSettings(shown, withOrigin, output);
 }
 
 // --- What is saved -----------------------------------------------------------
@@ -200,10 +112,8 @@ void tellDoubt(const std::string &file, const CommandSettings &read,
                 {"long-line", ""});
 }
 
-ExitStatus showSaved(const ShowOptions &options, const std::string &folder,
+ExitStatus showSaved(const ShowOptions &options, const Board &board,
                      const AskedSettings &asked, Output &output) {
-  const auto design = options.design.read(output);
-  const Board board(*design, optionFolder(folder));
   Session session(board, *options.processor);
   if (!asked.empty()) {
     expectLoaded(session, "");
@@ -235,9 +145,22 @@ ExitStatus showFile(const ShowOptions &options, Output &output) {
 ExitStatus run(const ShowOptions &options, const std::string &folder,
                Output &output) {
   const AskedSettings asked = options.settings.read();
-  expectOneSource(options, !asked.empty());
-  return options.file ? showFile(options, output)
-                      : showSaved(options, folder, asked, output);
+  if (options.file) {
+    expectFileAlone(options, !asked.empty());
+    return showFile(options, output);
+  }
+  if (!options.project.areUsed(options.design)) {
+    expectProcessor(options);
+    const auto design = options.design.read(output);
+    return showSaved(options, Board(*design, optionFolder(folder)), asked,
+                     output);
+  }
+  options.project.expectFile(folder);
+  if (options.saved)
+    expectProcessor(options);
+  const LineProject line = options.project.open(options.design, folder, output);
+  return options.saved ? showSaved(options, *line.board, asked, output)
+                       : showProject(line, options.processor, asked, output);
 }
 
 } // namespace
@@ -245,14 +168,21 @@ ExitStatus run(const ShowOptions &options, const std::string &folder,
 void addShowCommand(CommandLine &line) {
   const auto options = std::make_shared<ShowOptions>();
   Options app = line.addSubcommand(
-      "show", "Show the saved configuration of a processor",
-      "zeldebug show board.xml cpu0\n  zeldebug show --file etc/kvo_cpu0.opt",
+      "show",
+      "Show the saved configuration of a processor, or what the project makes "
+      "of it",
+      "zeldebug show board.xml cpu0\n  zeldebug show --file etc/kvo_cpu0.opt\n"
+      "  zeldebug show cpu0 --profile slow",
       [options, &line](Output &output) {
-        return run(*options, line.workingFolder(), output);
+        ShowOptions given = *options;
+        given.project.takeProcessor(given.design, given.processor);
+        return run(given, line.workingFolder(), output);
       });
   options->design.addTo(app, false);
   app.addArgument("PROCESSOR", options->processor,
-                  "instance name of a processor", ValueKind::processor);
+                  "instance name of a processor (default, with a project: all "
+                  "of them)",
+                  ValueKind::processor);
   app.addOption("--file", "FILE", options->file,
                 "show the command in this file, without a "
                 "design",
@@ -260,7 +190,10 @@ void addShowCommand(CommandLine &line) {
   app.addFlag(
       "--origin", options->origin,
       "tell where each value comes from: default, design, file:COLUMN or "
-      "option");
+      "option; always with a project, which has FILE:LINE:COLUMN");
+  app.addFlag("--saved", options->saved,
+              "with a project: show what is saved all the same");
+  options->project.addTo(app);
   options->settings.addTo(app);
 }
 

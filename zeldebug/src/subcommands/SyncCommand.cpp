@@ -10,6 +10,7 @@
 #include "line/Options.h"
 #include "line/ProjectOptions.h"
 #include "line/Refused.h"
+#include "output/ProjectDifferences.h"
 #include "output/ProjectFaults.h"
 #include "output/Table.h"
 #include "output/Values.h"
@@ -22,9 +23,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-using ZelDebugDialog::Difference;
-using ZelDebugDialog::DroppedValue;
-using ZelDebugDialog::MergedValue;
 using ZelDebugDialog::ProjectLoss;
 using ZelDebugDialog::ProjectPlace;
 using ZelDebugDialog::Refusal;
@@ -40,17 +38,6 @@ struct SyncLine {
   SyncOptions how;
   bool watch = false;
 };
-
-/// Where the files say a setting; none where they leave it at its default.
-ProjectPlace placeIn(const SyncResult &result, const std::string &setting) {
-  const MergedValue *const value = result.merged.Find(setting);
-  return value == nullptr ? ProjectPlace() : value->value.place;
-}
-
-/// "zeldebug.toml:3:8"; "default".
-std::string originOf(const ProjectPlace &place) {
-  return place.line == 0 ? "default" : originAt(place);
-}
 
 About aboutPlace(const std::string &code, const std::string &setting,
                  const ProjectPlace &place) {
@@ -118,41 +105,6 @@ private:
 
 // --- The result -------------------------------------------------------------
 
-Json differencesJson(const SyncResult &result) {
-  Json list = Json::array();
-  for (const Difference &one : result.differences)
-    list.push_back({{"setting", one.setting},
-                    {"before", toJson(one.saved)},
-                    {"after", toJson(one.now)},
-                    {"origin", originOf(placeIn(result, one.setting))}});
-  return list;
-}
-
-Json lostJson(const std::vector<ProjectLoss> &losses) {
-  Json list = Json::array();
-  for (const ProjectLoss &one : losses) {
-    Json loss = toJson(std::vector{one.loss}).front();
-    loss["origin"] = originOf(one.place);
-    list.push_back(loss);
-  }
-  return list;
-}
-
-Json droppedJson(const SyncResult &result) {
-  Json list = Json::array();
-  for (const DroppedValue &one : result.merged.dropped)
-    list.push_back({{"setting", one.value.setting},
-                    {"value", toJson(one.value.value)},
-                    {"origin", originOf(one.value.place)},
-                    {"by", originOf(one.by)}});
-  for (const ProjectLoss &one : result.displaced)
-    list.push_back({{"setting", one.loss.field},
-                    {"value", toJson(one.loss.value)},
-                    {"origin", originOf(one.place)},
-                    {"by", originOf(placeIn(result, one.displacer))}});
-  return list;
-}
-
 Json documentOf(const LineProject &line, const SyncRun &run) {
   Json results = Json::array();
   for (const SyncResult &result : run.results)
@@ -161,27 +113,13 @@ Json documentOf(const LineProject &line, const SyncRun &run) {
          {"outcome", ShowOutcome(result.outcome)},
          {"file", result.file},
          {"connectCommand", result.command ? Json(*result.command) : Json()},
-         {"differences", differencesJson(result)},
+         {"differences", differencesJson(result.differences, result.merged)},
          {"lost", lostJson(result.lost)},
-         {"dropped", droppedJson(result)},
+         {"dropped", droppedJson(result.merged, result.displaced)},
          {"message", orNull(result.message)}});
-  const ZelDebugDialog::ProjectLayer &local = line.project.local;
-  return {{"project", line.file},
-          {"local", local.exists ? Json(local.file) : Json()},
-          {"probe", orNull(line.choice.probe.name)},
-          {"profile", orNull(line.choice.profile.name)},
-          {"results", results}};
-}
-
-void printDifferences(const SyncResult &result, Output &output) {
-  output.printLine(fmt::format("\n{}", printable(result.file)));
-  for (const Difference &one : result.differences)
-    output.printLine(fmt::format("  {}: {} in the file, {} by {}", one.setting,
-                                 shownStored(one.setting, one.saved),
-                                 shownStored(one.setting, one.now),
-                                 originOf(placeIn(result, one.setting))));
-  if (result.differences.empty())
-    output.printLine("  the same settings, in other words");
+  Json members = projectJson(line);
+  members["results"] = results;
+  return members;
 }
 
 void print(const SyncRun &run, const SyncOptions &how, Output &output) {
@@ -193,7 +131,7 @@ void print(const SyncRun &run, const SyncOptions &how, Output &output) {
   for (const SyncResult &result : run.results)
     if (result.outcome == SyncOutcome::conflict ||
         (isPreview && result.outcome == SyncOutcome::updated))
-      printDifferences(result, output);
+      printDifferences(result.file, result.differences, result.merged, output);
 }
 
 ExitStatus runOnce(const SyncLine &options, const std::string &folder,
