@@ -1,17 +1,14 @@
 #include "line/ProjectOptions.h"
 
-#include <cstdlib>
-#include <filesystem>
-
 #include <fmt/format.h>
+
+#include <ZelDebugDialog/ProjectFile/ProjectBoard.h>
 
 #include "line/WorkingFolder.h"
 #include "output/Place.h"
 #include "output/ProjectFaults.h"
 
 namespace zeldebug {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -24,19 +21,13 @@ using ZelDebugDialog::projectFileName;
 
 constexpr const char *group = "The project";
 
-std::string environment(const char *name) {
-  const char *const value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
-
 DesignSources sourcesOf(const Project &project) {
   return {project.Design(), project.Libraries(), project.View(),
           project.Kinds()};
 }
 
 Board boardOf(DesignModel &design, const Project &project) {
-  const fs::path folder = fs::path(project.Directory()) / "etc";
-  return {design, shownPath(folder.lexically_normal())};
+  return {design, shownPath(ZelDebugDialog::OptionFolderOf(project))};
 }
 
 /// Also what only the design can tell, as far as there is one.
@@ -144,8 +135,9 @@ LineProject ProjectOptions::open(const DesignOptions &design,
   LineProject line;
   line.file = expectFile(workingFolder);
   line.project = ZelDebugDialog::ReadProject(line.file);
-  line.wishes = {probe, profile, environment("ZELDEBUG_PROBE"),
-                 environment("ZELDEBUG_PROFILE")};
+  line.wishes = ZelDebugDialog::AskEnvironment();
+  line.wishes.probe = probe;
+  line.wishes.profile = profile;
   line.sources = design;
   line.sources.standOn(sourcesOf(line.project));
   if (line.project.HasErrors())
