@@ -27,6 +27,10 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     dialog/src/pages/CommandEdit.cpp
     dialog/src/pages/SessionModel.cpp
     fuzz/operations/TargetOperations.cpp
+    project_file/src/merging/Choose.cpp
+    project_file/src/reading/Project.cpp
+    project_file/src/syncing/Remembered.cpp
+    protocol/src/documents/Projects.cpp
     tests/configuration_model/ChangeTest.cpp
     tests/configuration_model/DraftTest.cpp
     tests/configuration_model/HistoryTest.cpp
@@ -59,10 +63,13 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     tests/project_file/EditTextTest.cpp
     tests/project_file/FaultsTest.cpp
     tests/project_file/MergeTest.cpp
+    tests/project_file/SyncTest.cpp
     tests/robustness/LoneDashTest.cpp
     tests/trace/CommandWordsTest.cpp
     tests/zeldebug/ListCommandTest.cpp
     tests/zeldebug/SyncCommandTest.cpp
+    zeldebug/src/line/ProjectOptions.cpp
+    zeldebug/src/line/ProjectTargets.cpp
     zeldebug/src/line/SettingOptions.cpp
     zeldebug/src/line/TypedLine.cpp
     zeldebug/src/output/SettingsDocument.cpp
@@ -71,8 +78,10 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     zeldebug/src/subcommands/ExplainCommand.cpp
     zeldebug/src/subcommands/LanguageCommand.cpp
     zeldebug/src/subcommands/RoundtripCommand.cpp
+    zeldebug/src/subcommands/SettingInto.cpp
     zeldebug/src/subcommands/ShowCommand.cpp
-    zeldebug/src/subcommands/ShownSettings.cpp)
+    zeldebug/src/subcommands/ShownSettings.cpp
+    zeldebug/src/subcommands/SyncCommand.cpp)
 # And those that a program of the tests has another version of.
 list(APPEND ZELDEBUGDIALOG_COMPILED_ALONE
     design_model/src/xml/XmlNames.cpp
