@@ -126,10 +126,15 @@ function(zeldebugdialog_install_c_interface)
     zeldebugdialog_install_library(ZelDebugDialogC C ZelDebugDialogCTargets)
     zeldebugdialog_install_headers(${PROJECT_SOURCE_DIR}/c_interface/include)
     zeldebugdialog_install_targets(ZelDebugDialogCTargets)
+    set(project_file "")
+    if(ZELDEBUGDIALOG_PROJECT_FILE)
+        set(project_file zeldebugdialog-project-file)
+    endif()
     zeldebugdialog_install_pkg_config(zeldebugdialog-c
         "ZelDebugDialog for every language that can call C"
         LIBRARIES -lzeldebugdialog-c
-        STATIC_REQUIRES zeldebugdialog-configuration-model zeldebugdialog-design-model
+        STATIC_REQUIRES ${project_file}
+            zeldebugdialog-configuration-model zeldebugdialog-design-model
         STATIC_LIBRARIES -lstdc++)
 endfunction()
 

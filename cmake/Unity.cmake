@@ -27,6 +27,10 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     dialog/src/pages/CommandEdit.cpp
     dialog/src/pages/SessionModel.cpp
     fuzz/operations/TargetOperations.cpp
+    project_file/src/merging/Choose.cpp
+    project_file/src/reading/Project.cpp
+    project_file/src/syncing/Remembered.cpp
+    protocol/src/documents/Projects.cpp
     tests/configuration_model/ChangeTest.cpp
     tests/configuration_model/DraftTest.cpp
     tests/configuration_model/HistoryTest.cpp
@@ -59,10 +63,13 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     tests/project_file/EditTextTest.cpp
     tests/project_file/FaultsTest.cpp
     tests/project_file/MergeTest.cpp
+    tests/project_file/SyncTest.cpp
     tests/robustness/LoneDashTest.cpp
     tests/trace/CommandWordsTest.cpp
     tests/zeldebug/ListCommandTest.cpp
     tests/zeldebug/SyncCommandTest.cpp
+    zeldebug/src/line/ProjectOptions.cpp
+    zeldebug/src/line/ProjectTargets.cpp
     zeldebug/src/line/SettingOptions.cpp
     zeldebug/src/line/TypedLine.cpp
     zeldebug/src/output/SettingsDocument.cpp
@@ -71,16 +78,27 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     zeldebug/src/subcommands/ExplainCommand.cpp
     zeldebug/src/subcommands/LanguageCommand.cpp
     zeldebug/src/subcommands/RoundtripCommand.cpp
+    zeldebug/src/subcommands/SettingInto.cpp
     zeldebug/src/subcommands/ShowCommand.cpp
-    zeldebug/src/subcommands/ShownSettings.cpp)
-# And the one that a program of the tests has another version of.
-list(APPEND ZELDEBUGDIALOG_COMPILED_ALONE design_model/src/xml/XmlNames.cpp)
+    zeldebug/src/subcommands/ShownSettings.cpp
+    zeldebug/src/subcommands/SyncCommand.cpp)
+# And those that a program of the tests has another version of.
+list(APPEND ZELDEBUGDIALOG_COMPILED_ALONE
+    design_model/src/xml/XmlNames.cpp
+    zeldebug/src/main.cpp)
 list(TRANSFORM ZELDEBUGDIALOG_COMPILED_ALONE PREPEND ${PROJECT_SOURCE_DIR}/)
 
 # What a target needs to be compiled so.
 function(zeldebugdialog_unity_options target)
     set_source_files_properties(${ZELDEBUGDIALOG_COMPILED_ALONE}
         PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    # Of what tests share, a program takes what it needs, and is linked with
+    # nothing that the rest would need.
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL STATIC_LIBRARY
+            AND CMAKE_CURRENT_SOURCE_DIR MATCHES "^${PROJECT_SOURCE_DIR}/(tests|fuzz)")
+        set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
+    endif()
     # A local name may be that of something in the source before.
     target_compile_options(${target} PRIVATE -Wno-shadow)
     if(NOT CMAKE_CXX_CLANG_TIDY)
@@ -94,10 +112,4 @@ function(zeldebugdialog_unity_options target)
     endwhile()
     set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY
         "${CMAKE_CXX_CLANG_TIDY};--config-file=${folder}/.clang-tidy;--checks=-bugprone-suspicious-include")
-endfunction()
-
-# Keeps apart what a static library is made of: a program takes of it what it
-# needs, and is linked with nothing that the rest would need.
-function(zeldebugdialog_keep_sources_apart target)
-    set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
 endfunction()

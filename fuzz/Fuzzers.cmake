@@ -13,7 +13,6 @@ add_library(FuzzCommon STATIC
     ${fuzz_folder}/common/ScratchFolder.cpp
     ${fuzz_folder}/common/TracedValues.cpp)
 zeldebugdialog_build_options(FuzzCommon)
-zeldebugdialog_keep_sources_apart(FuzzCommon)
 target_include_directories(FuzzCommon
     PUBLIC ${fuzz_folder}
     PRIVATE

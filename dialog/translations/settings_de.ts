@@ -627,6 +627,10 @@
         <translation>der Befehl sagt es so</translation>
     </message>
     <message>
+        <source>it started so</source>
+        <translation>so hat es begonnen</translation>
+    </message>
+    <message>
         <source>it is saved so</source>
         <translation>so ist es gespeichert</translation>
     </message>

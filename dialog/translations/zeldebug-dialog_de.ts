@@ -17,6 +17,25 @@
     </message>
 </context>
 <context>
+    <name>Layers</name>
+    <message>
+        <source>probe %1</source>
+        <translation>Sonde %1</translation>
+    </message>
+    <message>
+        <source>profile %1</source>
+        <translation>Profil %1</translation>
+    </message>
+    <message>
+        <source>local file</source>
+        <translation>lokale Datei</translation>
+    </message>
+    <message>
+        <source>project file</source>
+        <translation>Projektdatei</translation>
+    </message>
+</context>
+<context>
     <name>Lists</name>
     <message>
         <source>Setting</source>
@@ -49,6 +68,10 @@
         <source>typed, column %1</source>
         <translation>getippt, Spalte %1</translation>
     </message>
+    <message>
+        <source>project</source>
+        <translation>Projekt</translation>
+    </message>
 </context>
 <context>
     <name>Program</name>
@@ -73,8 +96,20 @@
         <translation>Optionsdateien liegen in etc/ unterhalb dieses Ordners (Vorgabe: unterhalb des Arbeitsverzeichnisses).</translation>
     </message>
     <message>
-        <source>IP-XACT design file, or the component file on top of a hierarchy.</source>
-        <translation>IP-XACT-Designdatei oder die Komponentendatei an der Spitze einer Hierarchie.</translation>
+        <source>IP-XACT design file, or the component file on top of a hierarchy; or a project file (*.toml).</source>
+        <translation>IP-XACT-Designdatei oder die oberste Komponentendatei einer Hierarchie; oder eine Projektdatei (*.toml).</translation>
+    </message>
+    <message>
+        <source>Project file, in place of DESIGN.</source>
+        <translation>Projektdatei anstelle von DESIGN.</translation>
+    </message>
+    <message>
+        <source>Probe of the project, or none.</source>
+        <translation>Sonde des Projekts, oder none.</translation>
+    </message>
+    <message>
+        <source>Profile of the project, or none.</source>
+        <translation>Profil des Projekts, oder none.</translation>
     </message>
 </context>
 <context>
@@ -126,6 +161,14 @@ Den Ordner anlegen?</translation>
     <message>
         <source>Not saved</source>
         <translation>Nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Not in the project</source>
+        <translation>Nicht im Projekt</translation>
+    </message>
+    <message>
+        <source>The option file is saved, and the project is as it was: %1</source>
+        <translation>Die Optionsdatei ist gespeichert, und das Projekt ist, wie es war: %1</translation>
     </message>
 </context>
 <context>
@@ -423,8 +466,8 @@ Sollen sie gespeichert werden?</translation>
 <context>
     <name>ZelDebugDialog::dialog::MainWindow</name>
     <message>
-        <source>Open a design, or drop its file here.</source>
-        <translation>Ein Design öffnen oder seine Datei hier ablegen.</translation>
+        <source>Open a design or a project, or drop its file here.</source>
+        <translation>Ein Design oder ein Projekt öffnen oder seine Datei hier ablegen.</translation>
     </message>
     <message>
         <source>Reading the design</source>
@@ -451,8 +494,8 @@ Sollen sie gespeichert werden?</translation>
         <translation>&amp;Datei</translation>
     </message>
     <message>
-        <source>&amp;Open a design…</source>
-        <translation>Design ö&amp;ffnen …</translation>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen …</translation>
     </message>
     <message>
         <source>&amp;Recent designs</source>
@@ -519,12 +562,12 @@ Sollen sie gespeichert werden?</translation>
         <translation>Optionsdateien: %1</translation>
     </message>
     <message>
-        <source>Open a design</source>
-        <translation>Design öffnen</translation>
+        <source>Open a design or a project</source>
+        <translation>Design oder Projekt öffnen</translation>
     </message>
     <message>
-        <source>Designs (*.xml);;All files (*)</source>
-        <translation>Designs (*.xml);;Alle Dateien (*)</translation>
+        <source>Designs and projects (*.xml *.toml);;All files (*)</source>
+        <translation>Designs und Projekte (*.xml *.toml);;Alle Dateien (*)</translation>
     </message>
     <message>
         <source>Choose a library folder</source>
@@ -582,6 +625,68 @@ Sollen sie gespeichert werden?</translation>
     </message>
 </context>
 <context>
+    <name>ZelDebugDialog::dialog::ProjectBar</name>
+    <message>
+        <source>How the option file stands to the project</source>
+        <translation>Wie die Optionsdatei zum Projekt steht</translation>
+    </message>
+    <message>
+        <source>Ch&amp;anges go to:</source>
+        <translation>Änderungen &amp;in:</translation>
+    </message>
+    <message>
+        <source>Where changes go</source>
+        <translation>Wohin Änderungen gehen</translation>
+    </message>
+    <message>
+        <source>There is no option file yet.</source>
+        <translation>Es gibt noch keine Optionsdatei.</translation>
+    </message>
+    <message>
+        <source>The option file is as the project says.</source>
+        <translation>Die Optionsdatei ist, wie das Projekt sagt.</translation>
+    </message>
+    <message>
+        <source>The option file is not as the project says.</source>
+        <translation>Die Optionsdatei ist nicht, wie das Projekt sagt.</translation>
+    </message>
+</context>
+<context>
+    <name>ZelDebugDialog::dialog::ProjectModel</name>
+    <message>
+        <source>Option file</source>
+        <translation>Optionsdatei</translation>
+    </message>
+    <message>
+        <source>Saving writes the option file and leaves the project as it is.</source>
+        <translation>Speichern schreibt die Optionsdatei und lässt das Projekt, wie es ist.</translation>
+    </message>
+    <message>
+        <source>Project, each where it belongs</source>
+        <translation>Projekt, jede wohin sie gehört</translation>
+    </message>
+    <message>
+        <source>Saving writes the option file and takes the changes into the project: what belongs to this desk to %1, the rest to %2.</source>
+        <translation>Speichern schreibt die Optionsdatei und übernimmt die Änderungen ins Projekt: was zu diesem Arbeitsplatz gehört, nach %1, alles andere nach %2.</translation>
+    </message>
+    <message>
+        <source>Saving writes the option file and takes the changes into %1.</source>
+        <translation>Speichern schreibt die Optionsdatei und übernimmt die Änderungen nach %1.</translation>
+    </message>
+    <message>
+        <source>Profile %1</source>
+        <translation>Profil %1</translation>
+    </message>
+    <message>
+        <source>%1 is changed</source>
+        <translation>%1 ist geändert</translation>
+    </message>
+    <message>
+        <source>%1, and %2 more</source>
+        <translation>%1, und %2 weitere</translation>
+    </message>
+</context>
+<context>
     <name>ZelDebugDialog::dialog::SettingRow</name>
     <message>
         <source>Back to default: %1</source>
@@ -602,6 +707,10 @@ Sollen sie gespeichert werden?</translation>
     <message>
         <source>Where the value comes from</source>
         <translation>Woher der Wert kommt</translation>
+    </message>
+    <message>
+        <source>%1 says %2</source>
+        <translation>%1 sagt: %2</translation>
     </message>
 </context>
 <context>

@@ -23,6 +23,8 @@ class Board:
     kinds: a table of what plays a part; view: that of each component
     max_instances: how many to look at; directory: option files lie in `etc/` of
     it, the current one unless it says otherwise
+    project: in the place of all these, the project file that names them; with
+    it, probe and profile choose of those that it has
 
     >>> board = Board("board/board.xml")
     >>> board
@@ -32,23 +34,35 @@ class Board:
     >>> board.undebuggable[0].name
     'r5_0'
 
-    It raises Refused where the design can't be read.
+    `design` is the file that it was opened from, `warnings` what there is to
+    say of the files of a project.
+
+    It raises Refused where the design can't be read, or a project has faults.
     """
 
-    def __init__(self, design: _Path, *, library: _Path | Iterable[_Path] = (),
+    def __init__(self, design: _Path | None = None, *,
+                 library: _Path | Iterable[_Path] = (),
                  view: str | None = None, kinds: _Path | None = None,
                  max_instances: int | None = None,
-                 directory: _Path | None = None) -> None:
-        self.design = os.fspath(design)
+                 directory: _Path | None = None, project: _Path | None = None,
+                 probe: str | None = None, profile: str | None = None) -> None:
+        if (design is None) == (project is None):
+            raise TypeError("a board is of a design, or of a project")
+        opened_as = design if project is None else project
+        assert opened_as is not None
+        self.design = os.fspath(opened_as)
         folders = [library] if isinstance(library, (str, os.PathLike)) \
             else library
         self._server = server()
         opened = self._server.call(
-            "board/open", design=self.design,
+            "board/open", design=None if design is None else self.design,
+            project=None if project is None else self.design,
+            probe=probe, profile=profile,
             library=[os.fspath(folder) for folder in folders] or None,
             view=view, kinds=None if kinds is None else os.fspath(kinds),
             maxInstances=max_instances,
-            directory=os.fspath(directory or "."))
+            directory=None if directory is None and project is not None
+            else os.fspath(directory or "."))
         self._handle: int = opened["board"]
         self.processors: tuple[Processor, ...] = tuple(
             map(Processor.of, opened["processors"]))
@@ -56,6 +70,8 @@ class Board:
             map(Undebuggable.of, opened["undebuggable"]))
         self.diagnostics: tuple[Diagnostic, ...] = tuple(
             map(Diagnostic.of, opened["diagnostics"]))
+        self.warnings: tuple[Diagnostic, ...] = tuple(map(
+            Diagnostic.of, opened.get("project", {}).get("warnings", ())))
         self._configurations: weakref.WeakValueDictionary[
             int, Configuration] = weakref.WeakValueDictionary()
         self._finalizer = weakref.finalize(self, close_quietly, self._server,

@@ -13,6 +13,7 @@ from ._library import NULL, Server
 from ._patch import apply
 from .errors import ProtocolError
 from .records import Diagnostic, Difference, Effect, Loss, Saved, Setting
+from .records import Written
 from .values import Device, Value, from_json, to_json
 
 _CHAIN = "chain"
@@ -57,6 +58,7 @@ class Configuration(MutableMapping[str, Value]):
     _handle: int
     _state: dict[str, Any]
     _lock: threading.RLock
+    _written: Written | None
     _finalizer: Any
 
     def __init__(self, server: Server, board: int, processor: str) -> None:
@@ -67,6 +69,7 @@ class Configuration(MutableMapping[str, Value]):
         own["_handle"] = opened["configuration"]
         own["_state"] = opened["state"]
         own["_lock"] = threading.RLock()
+        own["_written"] = None
         finalizer = weakref.finalize(self, close_quietly, server,
                                      "configuration", self._handle)
         finalizer.atexit = False
@@ -74,12 +77,16 @@ class Configuration(MutableMapping[str, Value]):
 
     # --- Changing: each tells what has become different besides ---------------
 
-    def change(self, values: Mapping[str, object]) -> list[Effect]:
+    def change(self, values: Mapping[str, object],
+               into: str | None = None) -> list[Effect]:
         """Gives settings values: each has it afterwards, or nothing changed.
+        Of a project's board, `into` writes them to a file as well: "local",
+        "project" or "profile:NAME"; `written` says what that has come to.
 
         It raises Refused (unknown-setting, not-settable, bad-value,
         not-allowed, excluded)."""
-        return self._effects("configuration/change", values=to_json(values))
+        return self._effects("configuration/change", values=to_json(values),
+                             into=into)
 
     def draft(self, setting: str, text: str | None) -> list[Effect]:
         """Takes a text as it is typed. A value acts as `change`; another text
@@ -105,10 +112,11 @@ class Configuration(MutableMapping[str, Value]):
         """Back to what is saved, drafts and all."""
         return self._effects("configuration/revert")
 
-    def reset(self, *settings: str) -> list[Effect]:
-        """Back to the defaults: of these settings, or of all."""
+    def reset(self, *settings: str, into: str | None = None) -> list[Effect]:
+        """Back to the defaults: of these settings, or of all. With `into` a
+        file of the project says nothing of them any more, nor what is below."""
         return self._effects("configuration/reset",
-                             settings=list(settings) or None)
+                             settings=list(settings) or None, into=into)
 
     def copy_from(self, other: Configuration) -> list[Effect]:
         """Everything of another one but what says which processor it is."""
@@ -189,6 +197,11 @@ class Configuration(MutableMapping[str, Value]):
         """What is wrong with the draft of a command, or doubtful in the
         command."""
         return [Diagnostic.of(one) for one in self._state["diagnostics"]]
+
+    @property
+    def written(self) -> Written | None:
+        """What the last change has written to a file of the project."""
+        return self._written
 
     def setting(self, name: str) -> Setting:
         """All that is known of a setting. It raises KeyError."""
@@ -300,6 +313,8 @@ class Configuration(MutableMapping[str, Value]):
 
     def _patched(self, answer: dict[str, Any]) -> list[Effect]:
         self.__dict__["_state"] = apply(self._state, answer["patch"])
+        written = answer.get("written")
+        self.__dict__["_written"] = written and Written.of(written)
         return [Effect.of(effect) for effect in answer.get("effects", [])]
 
     def _text(self, member: str) -> str | None:

@@ -25,6 +25,8 @@ class Refused(ZelDebugDialogError):
     accepted: what would have been accepted
     suggestion: the nearest of them
     file, line: the file at fault, and the line in it, from 1
+    faults: of the files of a project, all that is wrong, as dictionaries with
+    file, line, column, code, message, accepted and suggestion
     """
 
     def __init__(self, message: str, data: dict[str, Any]) -> None:
@@ -37,6 +39,7 @@ class Refused(ZelDebugDialogError):
         self.suggestion: str | None = data.get("suggestion")
         self.file: str | None = data.get("file")
         self.line: int | None = data.get("line")
+        self.faults: list[dict[str, Any]] = list(data.get("faults", []))
 
 
 class ProtocolError(ZelDebugDialogError):

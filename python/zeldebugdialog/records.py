@@ -144,14 +144,39 @@ class Choice:
 
 
 @dataclasses.dataclass(frozen=True)
+class Said:
+    """What the files of a project say of a setting, and where.
+
+    layer: "project", "local", "probe:NAME" or "profile:NAME"
+    file, line, column: the place, from 1, in bytes
+    value: None of what is shown of the connection
+    """
+
+    layer: str
+    file: str
+    line: int
+    column: int
+    value: Value | None
+
+    @classmethod
+    def of(cls, document: dict[str, Any]) -> Said:
+        value = from_json(document["value"], document.get("bytes")) \
+            if "value" in document else None
+        return cls(document["layer"], document["file"], document["line"],
+                   document["column"], value)
+
+
+@dataclasses.dataclass(frozen=True)
 class Setting:
     """A setting of a configuration, and what is known of it.
 
     text: the value for people; default: of a cable's setting that of the cable
-    origin: "default", "design", "file:<column>", "command:<column>", "changed"
+    origin: "default", "design", "file:<column>", "command:<column>", "changed",
+    or "project" where it started as the files of a project say
     applicable: whether the command depends on it; reason: why it does not
     draft: a text that is no value; error: what is wrong with it
     choices: all that there are, with the reason against some; or none
+    said: what the files of the board's project say of it
     """
 
     id: str
@@ -164,6 +189,7 @@ class Setting:
     draft: str | None
     error: str | None
     choices: tuple[Choice, ...]
+    said: Said | None = None
 
     @classmethod
     def of(cls, name: str, document: dict[str, Any]) -> Setting:
@@ -172,7 +198,27 @@ class Setting:
                    document["origin"], document["applicable"],
                    document.get("reason"), document.get("draft"),
                    document.get("error"),
-                   tuple(map(Choice.of, document.get("choices", ()))))
+                   tuple(map(Choice.of, document.get("choices", ()))),
+                   Said.of(document["project"]) if "project" in document
+                   else None)
+
+
+@dataclasses.dataclass(frozen=True)
+class Written:
+    """What a change has written to a file of a project.
+
+    file: the one that says it now; changed: whether it did not do so before
+    remarks: what there is to say of it
+    """
+
+    file: str
+    changed: bool
+    remarks: tuple[Diagnostic, ...]
+
+    @classmethod
+    def of(cls, document: dict[str, Any]) -> Written:
+        return cls(document["file"], document["changed"],
+                   tuple(map(Diagnostic.of, document["remarks"])))
 
 
 @dataclasses.dataclass(frozen=True)

@@ -341,4 +341,76 @@ TEST_F(HistoryTest, WhatIsLoadedIsOfOneFile) {
   EXPECT_EQ(session.Loaded().result, 4);
 }
 
+// --- A start that is not the defaults ----------------------------------------
+
+class StartTest : public ModelTest {
+protected:
+  Session firstOne() const {
+    Session first = open();
+    first.Change({{"debugDevice", 3}, {"cable.cableType", "quorla_podusb"}});
+    return first;
+  }
+  Session started() const {
+    Session session = open();
+    session.StartAs(firstOne(), "project");
+    return session;
+  }
+};
+
+TEST_F(StartTest, IsThereFromTheBeginning) {
+  Session session = started();
+  const SessionState state = session.State();
+  EXPECT_EQ(state.command,
+            "connect lc hdu -cable type quorla_podusb port USB21 frequency "
+            "6000000 -debugdevice deviceNr 3 cpunr 1");
+  EXPECT_FALSE(state.canUndo);
+  EXPECT_FALSE(state.canRedo);
+  EXPECT_TRUE(state.dirty);
+  EXPECT_EQ(settingIn(state, "debugDevice").origin, "project");
+  EXPECT_EQ(settingIn(state, "cable.port").origin, "project");
+  EXPECT_EQ(settingIn(state, "cable.esn").origin, "default");
+  EXPECT_THAT(shown(state.differences),
+              testing::Contains("debugDevice: 0 -> 3"));
+}
+
+TEST_F(StartTest, IsWhereRevertComesBackToUntilSomethingIsSaved) {
+  Session session = started();
+  session.Change({{"debugDevice", 5}});
+  EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, "changed");
+  EXPECT_THAT(shown(session.Revert()),
+              ElementsAre("debugDevice: 5 -> 3 (it started so)"));
+  EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, "project");
+  session.Undo();
+  EXPECT_EQ(shown("debugDevice", session.Get("debugDevice")), "5");
+  session.Save();
+  session.Change({{"debugDevice", 6}});
+  EXPECT_THAT(shown(session.Revert()),
+              ElementsAre("debugDevice: 6 -> 5 (it is saved so)"));
+}
+
+TEST_F(StartTest, TakesThePlaceOfAnEarlierOneOnlyBeforeTheFirstChange) {
+  Session other = firstOne();
+  other.Change({{"debugDevice", 4}});
+  Session session = started();
+  session.StartAs(other, "project");
+  EXPECT_EQ(shown("debugDevice", session.Get("debugDevice")), "4");
+  session.Change({{"debugDevice", 7}});
+  session.StartAs(firstOne(), "project");
+  EXPECT_EQ(shown("debugDevice", session.Get("debugDevice")), "7");
+  session.Undo();
+  session.Revert();
+  EXPECT_EQ(shown("debugDevice", session.Get("debugDevice")), "3");
+}
+
+TEST_F(StartTest, IsNothingToOneThatHasAFile) {
+  const Session first = firstOne();
+  Session session = openWith("connect lc sim");
+  const auto before = shown(session.State());
+  session.StartAs(first, "project");
+  EXPECT_EQ(shown(session.State()), before);
+  session.Change({{"debugDevice", 7}});
+  session.Revert();
+  EXPECT_EQ(session.Command(), "connect lc sim");
+}
+
 } // namespace

@@ -894,7 +894,7 @@ private slots:
     // ... and from the start.
     scene.write("lumacore_1", "connect lc hdu\n");
     QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
-    scene.window().open({TEST_BOARD, {}, "", ""});
+    scene.window().open(dialog::WhatToOpen(TEST_BOARD));
     QVERIFY(opened.wait(60000));
     QVERIFY(isSeen());
   }
@@ -903,7 +903,7 @@ private slots:
     Scene scene;
     const auto reopen = [&scene] {
       QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
-      scene.window().open({TEST_BOARD, {}, "", ""});
+      scene.window().open(dialog::WhatToOpen(TEST_BOARD));
       QVERIFY(opened.wait(60000));
       QCoreApplication::processEvents();
     };
@@ -959,9 +959,9 @@ private slots:
                               folder.filePath("elsewhere").toStdString()};
     Scene scene;
     QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
-    scene.window().open(sources);
+    scene.window().open(dialog::WhatToOpen(sources));
     QVERIFY(opened.wait(60000));
-    scene.window().open({TEST_BOARD, {}, "", ""});
+    scene.window().open(dialog::WhatToOpen(TEST_BOARD));
     QVERIFY(opened.wait(60000));
     const std::vector<DesignSources> recent = dialog::recentDesigns();
     QVERIFY(recent.size() >= 2);
@@ -1065,9 +1065,7 @@ private slots:
     scene.type("debugDevice", "2");
     QVERIFY(scene.action(Operation::undo)->isEnabled());
     QVERIFY(scene::answer(
-        [&] {
-          scene.window().open({TEST_OTHER_BOARD, {}, "", ""});
-        },
+        [&] { scene.window().open(dialog::WhatToOpen(TEST_OTHER_BOARD)); },
         "Discard"));
     QVERIFY(!scene.board().isVisible());
     for (const Operation one :
@@ -1086,7 +1084,7 @@ private slots:
     Scene scene;
     BoardPage *const before = scene.window().board();
     QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
-    scene.window().open({TEST_OTHER_BOARD, {}, "", ""});
+    scene.window().open(dialog::WhatToOpen(TEST_OTHER_BOARD));
     auto *const bar = scene.window().findChild<QProgressBar *>();
     QVERIFY(bar->isVisible());
     QCOMPARE(bar->minimum(), bar->maximum()); // It is not known how much.
@@ -1111,7 +1109,7 @@ private slots:
     QDialog question(&scene.window());
     question.setModal(true);
     question.show();
-    scene.window().open({TEST_OTHER_BOARD, {}, "", ""});
+    scene.window().open(dialog::WhatToOpen(TEST_OTHER_BOARD));
     QVERIFY(read.wait(60000));
     QVERIFY(opened.isEmpty());
     pressCancel(scene);

@@ -11,7 +11,9 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDialog>
+#include <QFile>
 #include <QImage>
 #include <QLocale>
 #include <QMainWindow>
@@ -20,6 +22,7 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
@@ -129,6 +132,34 @@ QImage configured() {
   return grab(scene.window());
 }
 
+/// A team's file, a desk's, and a change that is to go to one of them.
+QImage project() {
+  const QTemporaryDir folder;
+  const auto write = [&folder](const char *name, const QByteArray &text) {
+    QFile file(folder.filePath(QLatin1String(name)));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+      qFatal("a file of the project cannot be written");
+  };
+  write("zeldebug.toml", "design = \"" TEST_BOARD "\"\n"
+                         "[settings]\n"
+                         "cable.cableType = \"quorla_podusb\"\n"
+                         "[processor.lumacore_2]\n"
+                         "connection = \"sim\"\n"
+                         "[profile.slow.settings]\n"
+                         "cable.frequency = \"750 kHz\"\n");
+  write("zeldebug.local.toml", "use.profile = \"slow\"\n"
+                               "[settings]\n"
+                               "cable.port = \"USB23\"\n");
+  Scene scene(folder.filePath(QStringLiteral("zeldebug.toml")).toStdString());
+  scene.type("debugDevice", QStringLiteral("2"));
+  auto *const box = scene::named<QComboBox>(scene.window(),
+                                            QStringLiteral("Where changes go"));
+  box->setFocus();
+  QTest::keyClick(box, Qt::Key_Down);
+  scene.field("cable.port");
+  return grab(scene.window());
+}
+
 QImage german() {
   ZelDebugDialog::InstallDialogTexts(QLocale(QLocale::German));
   Scene scene;
@@ -146,7 +177,7 @@ const std::vector<Picture> pictures = {
     {"first-sight", firstSight}, {"configured", configured},
     {"address-map", addressMap}, {"faulty-command", faultyCommand},
     {"losses", losses},          {"dark", dark},
-    {"german", german},
+    {"project", project},        {"german", german},
 };
 
 /// How two pictures differ; empty for well enough alike.

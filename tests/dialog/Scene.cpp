@@ -84,7 +84,8 @@ Scene::Scene(const std::string &design) {
   if (!isActive)
     qFatal("the window does not come up");
   QSignalSpy opened(mainWindow.get(), &MainWindow::opened);
-  mainWindow->open({design.empty() ? TEST_BOARD : design, {}, "", ""});
+  mainWindow->open(
+      dialog::WhatToOpen(design.empty() ? std::string(TEST_BOARD) : design));
   if (opened.isEmpty() && !opened.wait(patience))
     qFatal("the design is not read");
   QCoreApplication::processEvents();

@@ -34,6 +34,7 @@ KINDS = {
 BOARD = {"board": "Its number"}
 CONFIGURATION = {"configuration": "Its number"}
 COMMAND = {"command": "The command"}
+INTO = {"into": "The part of the board's project that is to say it: 'local', 'project' or 'profile:NAME'"}
 FORCE = {"force": "Also where something would be lost, or the file is not what was read; false without it"}
 
 # By method: what it does, and what its parameters mean.
@@ -41,12 +42,15 @@ MEANINGS = {
     "initialize": ("Says what the server is.", {}),
     "settings": ("Gives the table of settings.", {}),
     "board/open": ("Reads a design and finds its processors.", {
-        "design": "Its file",
+        "design": "Its file; it has to be given unless 'project' is",
+        "project": "In its place: the project file that names it, with all that belongs to it",
+        "probe": "With 'project': the probe to use, or none",
+        "profile": "With 'project': the profile to use, or none",
         "library": "Folders and catalogs of its components",
         "view": "The view of each component that has several",
         "kinds": "A file that says which components play which part",
         "maxInstances": "How many instances to look at",
-        "directory": "Where option files lie, in its etc/; the server's own without it",
+        "directory": "Where option files lie, in its etc/; the server's own without it; not with 'project'",
     }),
     "board/close": ("Closes a board with its configurations. Nothing is saved.", BOARD),
     "board/save": ("Saves several configurations at once: each wholly or not at all.", {
@@ -56,7 +60,7 @@ MEANINGS = {
     "configuration/state": ("Gives all that is known of a configuration, with the file as it is now.", CONFIGURATION),
     "configuration/close": ("Closes a configuration. Nothing is saved.", CONFIGURATION),
     "configuration/change": ("Gives settings values: all of them, or none.", {
-        **CONFIGURATION, "values": "Values by the ids of settings"}),
+        **CONFIGURATION, "values": "Values by the ids of settings", **INTO}),
     "configuration/draft": ("Takes a text as a person types it: a value acts as a change, another text is kept.", {
         **CONFIGURATION, "setting": "The setting; 'command' for a whole command",
         "text": "The text; null drops the one that is kept"}),
@@ -66,7 +70,7 @@ MEANINGS = {
     "configuration/redo": ("Does it again.", CONFIGURATION),
     "configuration/revert": ("Goes back to what is saved, drafts and all.", CONFIGURATION),
     "configuration/reset": ("Gives settings their defaults.", {
-        **CONFIGURATION, "settings": "Their ids; all of them without it, none for an empty list"}),
+        **CONFIGURATION, "settings": "Their ids; all of them without it, none for an empty list", **INTO}),
     "configuration/copy": ("Takes over all of another one but what says which processor it is.", {
         **CONFIGURATION, "from": "The number of the other one"}),
     "configuration/save": ("Saves the option file, wholly or not at all.", {**CONFIGURATION, **FORCE}),

@@ -20,7 +20,7 @@ def kind_of(schema):
         return "a value"
     if "$ref" in schema:
         last = schema["$ref"].rpartition("/")[2]
-        if last in ("names", "diagnostics", "losses"):
+        if last in ("names", "diagnostics", "losses", "faults"):
             return "an array"
         return {"result": "a number", "nullableText": "a text, or null", "anything": "anything"}.get(last, "an object")
     words = {"string": "a text", "integer": "a whole number", "number": "a number", "boolean": "true or false",
@@ -104,6 +104,8 @@ def page(content, schemas):
               ", ".join(f"`{name}`" for name in device) + "; the others are:", ""]
     lines += ["| setting | meaning |", "|---|---|"]
     lines += [row(f"`{name}`", described(each)) for name, each in settings.items()]
+    title(lines, "What the files of a project say of a setting", schemas["state"]["$defs"]["said"])
+    title(lines, "What there is to say of the files of a project", schemas["state"]["$defs"]["remark"])
     title(lines, "The table of settings", schemas["settings"])
     title(lines, "An error", schemas["error"])
     title(lines, "A step of a patch", schemas["results"]["$defs"]["patchStep"])

@@ -28,6 +28,8 @@ WHOLE = {"type": "integer", "minimum": 0}
 HANDLE = {"type": "integer", "minimum": 1}
 FLAG, TEXT, VALUE = {"type": "boolean"}, {"type": "string"}, {"$ref": COMMON + "value"}
 STATE = {"$ref": "protocol-state.schema.json", "description": "Everything that is known of the configuration"}
+STATE_DEFS = "protocol-state.schema.json#/$defs/"
+REMARKS = {"type": "array", "items": {"$ref": STATE_DEFS + "remark"}}
 LOSSES = {"$ref": "protocol-state.schema.json#/properties/losses",
           "description": "What the file does not bring back"}
 # Of a text; of a chain, those of each device.
@@ -91,6 +93,7 @@ def setting(row):
         "reason": described(TEXT, "why it is not applicable"),
         "draft": described(TEXT, "a text that is no value"),
         "error": described(TEXT, "what is wrong with the draft"),
+        "project": {"$ref": STATE_DEFS + "said", "description": "what the files of the board's project say of it"},
     }
     if "choices" in row:
         choice = closed({
@@ -103,10 +106,40 @@ def setting(row):
         "value": described(value, "What it is"),
         "text": described(TEXT, "The value for people"),
         "default": described(value, "What it is where nobody has set it; of a cable's setting, that of the cable"),
-        "origin": {"type": "string", "pattern": "^(default|design|changed|(file|command):[0-9]+)$",
+        "origin": {"type": "string", "pattern": "^(default|design|project|changed|(file|command):[0-9]+)$",
                    "description": "Where it comes from; behind 'file' and 'command' the column, from 1"},
         "applicable": described(FLAG, "Whether it can change the command"),
     }, optional, f"{row['label']}: {row['help']}{unit}")
+
+
+PLACE = {
+    "file": {"type": "string", "description": "The file that says it"},
+    "line": {"type": "integer", "minimum": 1, "description": "Its line, from 1"},
+    "column": {"type": "integer", "minimum": 1, "description": "Its column, from 1, in bytes"},
+}
+
+
+def said():
+    return closed({
+        "layer": {"type": "string", "pattern": "^(project|local|(probe|profile):.+)$",
+                  "description": "Which part of the files it stands in"},
+        **PLACE,
+    }, {"value": described(VALUE, "the value; not of what is shown of the connection"),
+        "text": described(TEXT, "the value for people"),
+        "bytes": described(BYTES, "in base64, where the value has a text that is no UTF-8")},
+        "What counts of a setting in the files of a project")
+
+
+def remark():
+    optional = {name: {**schema, "description": schema["description"][0].lower() + schema["description"][1:]}
+                for name, schema in PLACE.items()}
+    return closed({
+        "severity": {"enum": ["warning", "note"], "description": "How much it matters"},
+        "code": {"type": "string", "pattern": "^[a-z]+(-[a-z]+)*$",
+                 "description": "What it is, as a stable word; 'zeldebug explain-code' explains it"},
+        "message": described(TEXT, "The same for people"),
+    }, {"setting": described(TEXT, "the setting that it is about"), **optional},
+        "What there is to say of the files of a project")
 
 
 def loss_row():
@@ -167,6 +200,13 @@ def state(settings, check):
         "commandError": described(TEXT, "why none can be written"),
         "editedCommand": described(TEXT, "the command that was accepted, where it is another"),
         "draft": described(TEXT, "a command that is refused"),
+        "project": closed({
+            "command": {"type": ["string", "null"], "description": "The option file that they ask for; null for none"},
+            "remarks": described(REMARKS, "What became of values"),
+        }, {"problem": described(TEXT, "why there is none"),
+            **{name: {**schema, "description": "of the problem: " + schema["description"][0].lower() +
+                      schema["description"][1:]} for name, schema in PLACE.items()}},
+            "what the files of the board's project say of the processor"),
     })
 
 
@@ -198,7 +238,9 @@ def error():
         "accepted": listed(TEXT, "what would have been accepted"),
         "suggestion": described(TEXT, "the nearest of them"),
         "file": described(TEXT, "the file at fault"),
-        "line": {"type": "integer", "minimum": 1, "description": "the line in it"}})
+        "line": {"type": "integer", "minimum": 1, "description": "the line in it"},
+        "faults": {"$ref": COMMON + "faults",
+                   "description": "where the files of a project are at fault, all that is wrong with them"}})
     return closed({
         "code": {"enum": [-32700, -32600, -32601, -32602, -32603, -32800, 1],
                  "description": "Of JSON-RPC, or 1 where the model refuses"},
@@ -208,14 +250,27 @@ def error():
 
 def results(tool):
     """The result of each method."""
-    effects = closed({"effects": listed(effect_row(), "What has become different besides what was asked for"),
-                      "patch": PATCH})
+    effects = {"effects": listed(effect_row(), "What has become different besides what was asked for"),
+               "patch": PATCH}
+    written = closed({
+        "file": described(TEXT, "The file that says it now"),
+        "changed": described(FLAG, "Whether it did not say so already"),
+        "remarks": described(REMARKS, "What there is to say of it"),
+    }, None, "with 'into': what has been written")
     saved = {"file": described(TEXT, "The option file"), "command": described(TEXT, "What is in it now"),
              "losses": LOSSES, "patch": PATCH}
     refused = {"error": {"$ref": "protocol-error.schema.json", "description": "Why it is not saved"}, "patch": PATCH}
     number = described(HANDLE, "Its number, for other requests")
     of_board = [closed({"configuration": described(HANDLE, "Which one"), **members}) for members in (saved, refused)]
     nothing = closed({})
+    project = closed({
+        "file": described(TEXT, "The project file"),
+        "probes": listed(TEXT, "The names of the probes that there are"),
+        "profiles": listed(TEXT, "The names of the profiles"),
+        "warnings": described(REMARKS, "What there is to say of the files"),
+    }, {"local": described(TEXT, "the local file beside it"),
+        "probe": described(TEXT, "the probe that is chosen"),
+        "profile": described(TEXT, "the profile that is chosen")}, "the project that the board was opened from")
     by_method = {
         "initialize": closed({"version": {"const": 1, "description": "Of the protocol"},
                               "name": {"const": "zeldebug", "description": "Of the server"},
@@ -225,7 +280,8 @@ def results(tool):
             "board": number, "processors": described(tool["list"]["processors"], "Those that a debugger can reach"),
             "undebuggable": described(tool["list"]["undebuggable"], "Those that none can, and why"),
             "diagnostics": {"$ref": COMMON + "diagnostics",
-                            "description": "What there is to say of the files of the design"}}),
+                            "description": "What there is to say of the files of the design"}},
+            {"project": project}),
         "board/close": nothing,
         "board/save": closed({"configurations": listed({"oneOf": of_board}, "What became of each")}),
         "configuration/open": closed({"configuration": number, "state": STATE}),
@@ -243,8 +299,10 @@ def results(tool):
         "$/cancelRequest": {"type": "null"},
         "exit": {"type": "null"},
     }
-    for act in ("change", "draft", "edit", "undo", "redo", "revert", "reset", "copy"):
-        by_method[f"configuration/{act}"] = effects
+    for act in ("change", "reset"):
+        by_method[f"configuration/{act}"] = closed(effects, {"written": written})
+    for act in ("draft", "edit", "undo", "redo", "revert", "copy"):
+        by_method[f"configuration/{act}"] = closed(effects)
     told = {name: described(schema, f"Optional: the result of {name}") for name, schema in by_method.items()}
     return {"type": "object", "additionalProperties": False, "minProperties": 1, "maxProperties": 1,
             "properties": told}
@@ -260,7 +318,8 @@ def make(settings, folder):
         "settings": document("settings", "The table of settings",
                              closed({"settings": listed(setting_row(), "A row each, in the order to show them")})),
         "state": document("state", "Everything that is known of a configuration",
-                          state(settings, tool["check"]["properties"])),
+                          state(settings, tool["check"]["properties"]),
+                          {"said": said(), "remark": remark()}),
         "error": document("error", "Why a request is not done", error()),
         "results": document("results", "What each method answers: an object whose one member is named as the method",
                             results(tool), DEFINITIONS),

@@ -34,6 +34,79 @@ class Case(unittest.TestCase):
         return caught.exception
 
 
+class ProjectTest(unittest.TestCase):
+    """A board of a project, in the working folder."""
+
+    FILE = pathlib.Path("zeldebug.toml")
+    LOCAL = pathlib.Path("zeldebug.local.toml")
+
+    def setUp(self):
+        OPTION_FILE.parent.mkdir(exist_ok=True)
+        for file in [*OPTION_FILE.parent.iterdir(), *self.files()]:
+            file.unlink()
+        self.FILE.write_text('design = "board/board.xml"\n'
+                             '[settings]\n'
+                             'cable.cableType = "quorla_podusb"\n'
+                             '[processor.lumacore_2]\n'
+                             'connection = "sim"\n'
+                             '[profile.slow.settings]\n'
+                             'cable.frequency = "750 kHz"\n')
+
+    def tearDown(self):
+        for file in self.files():
+            file.unlink()
+
+    def files(self):
+        return [file for file in (self.FILE, self.LOCAL) if file.exists()]
+
+    def test_starts_as_the_files_say(self):
+        with Board(project=self.FILE) as board:
+            self.assertEqual(board.design, "zeldebug.toml")
+            self.assertEqual(board.warnings, ())
+            one = board.configuration("lumacore_0")
+            self.assertEqual(one.command, POD + NUMBER)
+            self.assertEqual(
+                one.setting("cable.cableType").said,
+                zeldebugdialog.Said("project", "zeldebug.toml", 3, 19, 3))
+            self.assertIsNone(one.setting("debugDevice").said)
+        with Board(project=self.FILE, profile="slow") as board:
+            one = board.configuration("lumacore_0")
+            self.assertEqual(one["cable.frequency"], 750000)
+            self.assertEqual(one.setting("cable.frequency").said.layer,
+                             "profile:slow")
+
+    def test_writes_changes_into_files(self):
+        with Board(project=self.FILE) as board:
+            one = board.configuration("lumacore_0")
+            one.change({"debugDevice": 3}, into="local")
+            self.assertEqual(self.LOCAL.read_text(),
+                             "[processor.lumacore_0]\ndebugDevice = 3\n")
+            self.assertEqual(one.written.file, "zeldebug.local.toml")
+            self.assertTrue(one.written.changed)
+            self.assertEqual(one["debugDevice"], 3)
+            one.change({"cable.esn": "0042"}, into="project")
+            self.assertEqual([told.code for told in one.written.remarks],
+                             ["desk-setting"])
+            one.reset("debugDevice", into="local")
+            self.assertEqual(one["debugDevice"], 0)
+            one["debugDevice"] = 4
+            self.assertIsNone(one.written)
+
+    def test_tells_every_fault(self):
+        self.LOCAL.write_text("[settings]\na = 1\ncable.esn = 42\n")
+        with self.assertRaises(Refused) as caught:
+            Board(project=self.FILE)
+        self.assertEqual([(one["code"], one["line"])
+                          for one in caught.exception.faults],
+                         [("unknown-key", 2), ("number-for-text", 3)])
+
+    def test_is_of_a_design_or_of_a_project(self):
+        with self.assertRaises(TypeError):
+            Board()
+        with self.assertRaises(TypeError):
+            Board("board/board.xml", project=self.FILE)
+
+
 class BoardTest(Case):
     def test_lists_processors(self):
         first = self.board.processors[0]

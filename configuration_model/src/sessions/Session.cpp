@@ -85,6 +85,12 @@ std::vector<Effect> Session::CopyFrom(const Session &other) {
   return imp->copyFrom(*copied);
 }
 
+void Session::StartAs(const Session &other, const std::string &origin) {
+  const model::StepPointer first = currentOf(other.imp);
+  const Turn turn(imp->mutex);
+  imp->startAs(*first, origin);
+}
+
 const std::string &Session::Processor() const {
   return imp->identity.instanceName;
 }

@@ -397,8 +397,11 @@ std::vector<Effect> SessionImp::redo() {
 
 std::vector<Effect> SessionImp::revert() {
   Saved found = read();
+  const bool isStart = start != nullptr && !found.file.exists;
   std::vector<Effect> effects =
-      take(*found.step, "it is saved so", true, Counts::textsAndOrigins);
+      take(isStart ? *start : *found.step,
+           isStart ? "it started so" : "it is saved so", true,
+           Counts::textsAndOrigins);
   adopt(std::move(found));
   return effects;
 }
@@ -429,6 +432,18 @@ std::vector<Effect> SessionImp::copyFrom(const Step &other) {
   for (const std::string &setting : left)
     effects.push_back(notCopied(setting));
   return effects;
+}
+
+void SessionImp::startAs(const Step &first, const std::string &origin) {
+  const bool isUntouched =
+      past.empty() && (current == saved || current == start);
+  Step step = first;
+  noteStart(step, origin);
+  start = std::make_shared<const Step>(std::move(step));
+  if (loaded.exists || !isUntouched)
+    return;
+  current = start;
+  future.clear();
 }
 
 // --- Questions ---------------------------------------------------------------

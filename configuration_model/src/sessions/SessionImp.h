@@ -39,6 +39,7 @@ public:
   std::vector<Effect> revert();
   std::vector<Effect> reset(std::vector<std::string> settings);
   std::vector<Effect> copyFrom(const Step &other);
+  void startAs(const Step &first, const std::string &origin);
 
   Snapshot defaults() const { return defaultsBeside(current->now, identity); }
   std::vector<Difference> differences() const;
@@ -68,6 +69,7 @@ public:
   Snapshot loadedValues; ///< what it gives by itself, also where it is refused
   std::string problem;   ///< why it could not be
   StepPointer saved;     ///< what it gives; the defaults without it
+  StepPointer start;     ///< stands for it while there is no file; may be null
   StepPointer current;
   std::vector<StepPointer> past;
   std::vector<StepPointer> future;

@@ -137,6 +137,15 @@ void noteSavedOrigins(const Step &saved, Step &step) {
            valueIn(saved.now, *row, i) == valueIn(step.now, *row, i));
 }
 
+void noteStart(Step &step, const std::string &origin) {
+  for (auto &[setting, place] : step.origins)
+    place = origin;
+  step.read = {};
+  step.drafts.clear();
+  step.commandDraft.reset();
+  step.editedCommand.reset();
+}
+
 void forgetOrigin(Step &step, const std::string &setting) {
   step.origins.erase(setting);
   if (setting == chain)

@@ -67,6 +67,9 @@ void noteDisplaced(const Step &before, Step &after);
 void noteChanged(const Snapshot &before, Step &after);
 /// Says that the file gives what it shares with what was saved.
 void noteSavedOrigins(const Step &saved, Step &step);
+/// Says that what is there is where everything begins: nothing is typed, and
+/// what is not the default comes from `origin`.
+void noteStart(Step &step, const std::string &origin);
 /// Says of a setting, with its devices if it is the chain, that nobody set it.
 void forgetOrigin(Step &step, const std::string &setting);
 

@@ -4,7 +4,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -13,6 +12,7 @@
 #include "ZelDebugDialog/EngineFacts.h"
 #include "ZelDebugDialog/EngineImp.h"
 #include "ZelDebugDialog/TypeNames.h"
+#include "ZelDebugDialog_Engine/MetNames.h"
 #include "facts/Results.h"
 
 namespace ZelDebugDialog {
@@ -26,7 +26,7 @@ constexpr std::string_view ppc405InTypeName = "405";
 class Discovery {
 public:
   Discovery(HHSMHwManager &hardware, EngineImp &engine)
-      : design(hardware), imp(engine) {}
+      : design(hardware), imp(engine), before(engine.processorList.size()) {}
 
   void appendAttached();
   void appendUnattachedLumacores();
@@ -45,6 +45,10 @@ private:
 
   HHSMHwManager &design;
   EngineImp &imp;
+  std::size_t before; ///< So many were listed when it began.
+  /// The names of those on debug modules as they were answered: they lie side
+  /// by side, their records far apart.
+  std::vector<std::vector<std::string>> attached;
   int lumacores = 0;
   int ppcs = 0;
   int cortexA9s = 0;
@@ -91,22 +95,25 @@ void Discovery::appendAttached() {
     } else if (type == ppcControllerType) {
       for (const std::string &processor : processors)
         appendPpc(processor);
+    } else {
+      continue;
     }
+    attached.push_back(std::move(processors));
   }
 }
 
 void Discovery::appendUnattachedLumacores() {
-  // A set, because asking the list anew for each instance would make discovery
-  // quadratic. The names stay where they are: each record is its own object.
-  std::unordered_set<std::string_view> listed;
-  for (const ProcessorInfoImp *const record : imp.processorList)
-    listed.insert(record->instanceName);
-  for (const std::string &name : instancesOf(lumacoreTypeName)) {
-    if (listed.count(name) != 0)
-      continue;
-    appendLumacore(name, Engine::CONNECT_SIM);
-    listed.insert(imp.processorList.back()->instanceName);
-  }
+  // Asking the list anew for each instance would make discovery quadratic.
+  const std::vector<std::string> instances = instancesOf(lumacoreTypeName);
+  MetNames met(imp.processorList.size() + instances.size());
+  for (std::size_t i = 0; i < before; ++i)
+    met.insert(imp.processorList[i]->instanceName);
+  for (const std::vector<std::string> &names : attached)
+    for (const std::string &name : names)
+      met.insert(name);
+  for (const std::string &name : instances)
+    if (met.insert(name))
+      appendLumacore(name, Engine::CONNECT_SIM);
 }
 
 void Discovery::appendCortexA9() {

@@ -36,6 +36,8 @@ class QTabWidget;
 
 namespace ZelDebugDialog {
 
+class ProjectBoard;
+
 namespace dialog {
 class Banner;
 class CommandPanel;
@@ -45,6 +47,8 @@ class FaultList;
 class FileWatch;
 class LossList;
 class ProcessorList;
+class ProjectBar;
+class ProjectModel;
 class SessionModel;
 class SettingsForm;
 } // namespace dialog
@@ -98,6 +102,9 @@ signals:
 private:
   friend class BoardPage;
 
+  ConfigurationPage(const Board &board, const std::string &processor,
+                    dialog::ProjectModel *project, QWidget *parent);
+
   QWidget *makeLists();
   void makeBanners();
   void refresh();
@@ -128,6 +135,9 @@ public:
   enum class Operation { save, saveAll, undo, redo, revert, reset, copy };
 
   explicit BoardPage(const Board &board, QWidget *parent = nullptr);
+  /// Also shows which of the project's files says what, and takes what is saved
+  /// into them, where the person wants it.
+  explicit BoardPage(const ProjectBoard &project, QWidget *parent = nullptr);
 
   /// Shows a processor; false for a name that the board does not have.
   bool choose(const std::string &processor);
@@ -156,6 +166,9 @@ signals:
   void changed();
 
 private:
+  BoardPage(const Board &ofBoard, const ProjectBoard *ofProject,
+            QWidget *parent);
+
   void makeActions();
   void watchUnvisited();
   void displayUnvisited();
@@ -167,6 +180,8 @@ private:
   void refresh();
 
   Board board;
+  dialog::ProjectModel *project = nullptr; ///< Null: none is used.
+  dialog::ProjectBar *bar = nullptr;       ///< The same.
   dialog::ProcessorList *list;
   QStackedWidget *stack;
   QLabel *remark;                     ///< In place of a page.

@@ -3,17 +3,19 @@
 #include <algorithm>
 
 #include <QAction>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 
 #include "ZelDebugDialog/ConfigurationModel/Session.h"
 #include "pages/CopyDialog.h"
 #include "pages/FileWatch.h"
 #include "pages/Layout.h"
 #include "pages/ProcessorList.h"
+#include "pages/ProjectBar.h"
+#include "pages/ProjectModel.h"
 #include "pages/Saving.h"
 #include "pages/SessionModel.h"
 #include "pages/Texts.h"
@@ -43,10 +45,24 @@ SavedAs savedAs(const Board &board, const std::string &processor) {
 } // namespace
 
 BoardPage::BoardPage(const Board &ofBoard, QWidget *parent)
+    : BoardPage(ofBoard, nullptr, parent) {}
+
+BoardPage::BoardPage(const ProjectBoard &ofProject, QWidget *parent)
+    : BoardPage(ofProject.GetBoard(), &ofProject, parent) {}
+
+BoardPage::BoardPage(const Board &ofBoard, const ProjectBoard *ofProject,
+                     QWidget *parent)
     : QWidget(parent), board(ofBoard), list(new ProcessorList(ofBoard, this)),
       stack(new QStackedWidget(this)), remark(new QLabel(stack)) {
-  auto *const layout = new QHBoxLayout(this);
+  auto *const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  if (ofProject != nullptr) {
+    project = new ProjectModel(*ofProject, this);
+    bar = new ProjectBar(*project, this);
+    layout->addWidget(bar);
+    connect(project, &ProjectModel::changed, this, &BoardPage::refresh);
+  }
   auto *const splitter = new QSplitter(this);
   splitter->setObjectName(QStringLiteral("board"));
   splitter->addWidget(list);
@@ -58,7 +74,7 @@ BoardPage::BoardPage(const Board &ofBoard, QWidget *parent)
   constexpr int pageLetters = 110;
   const int letter = fontMetrics().averageCharWidth();
   splitter->setSizes({listLetters * letter, pageLetters * letter});
-  layout->addWidget(splitter);
+  layout->addWidget(splitter, 1);
   setFocusProxy(list);
 
   remark->setWordWrap(true);
@@ -133,7 +149,7 @@ ConfigurationPage *BoardPage::pageOf(const std::string &processor) {
   if (known != pages.end())
     return known->second;
   // It may refuse the processor.
-  auto *const page = new ConfigurationPage(board, processor, stack);
+  auto *const page = new ConfigurationPage(board, processor, project, stack);
   pages.emplace(processor, page);
   stack->addWidget(page);
   connect(page, &ConfigurationPage::changed, this, &BoardPage::refresh);
@@ -259,6 +275,8 @@ void BoardPage::refresh() {
   enable(Operation::revert, isThere);
   enable(Operation::reset, isThere);
   enable(Operation::copy, isThere && board.Processors().size() > 1);
+  if (bar != nullptr)
+    bar->display(isThere ? page->model : nullptr);
   emit changed();
 }
 

@@ -32,7 +32,12 @@ QString withCount(const QString &title, std::size_t count) {
 ConfigurationPage::ConfigurationPage(const Board &board,
                                      const std::string &processor,
                                      QWidget *parent)
-    : QWidget(parent), model(new SessionModel(board, processor, this)),
+    : ConfigurationPage(board, processor, nullptr, parent) {}
+
+ConfigurationPage::ConfigurationPage(const Board &board,
+                                     const std::string &processor,
+                                     ProjectModel *project, QWidget *parent)
+    : QWidget(parent), model(new SessionModel(board, processor, project, this)),
       unreadable(new Banner(this)), changedOnDisk(new Banner(this)),
       form(new SettingsForm(*model, this)), effects(new ElidedLabel(this)),
       command(new CommandPanel(*model, this)),

@@ -13,6 +13,7 @@
 
 #include "pages/FileWatch.h"
 #include "pages/Lists.h"
+#include "pages/ProjectModel.h"
 #include "pages/Texts.h"
 
 namespace ZelDebugDialog::dialog {
@@ -260,13 +261,37 @@ bool saveWith(AllDoubts agreed, const std::vector<SessionModel *> &models,
   }
 }
 
+/// What has been saved goes to the files of the project as well, where the
+/// person wants it.
+bool takeIn(const std::vector<SessionModel *> &models, QWidget *parent) {
+  if (models.empty() || models.front()->project() == nullptr)
+    return true;
+  std::vector<std::string> processors;
+  for (const SessionModel *const model : models)
+    processors.push_back(model->state().processor);
+  QStringList remarks;
+  const QString refusal =
+      models.front()->project()->takeIn(processors, remarks);
+  if (!refusal.isEmpty())
+    QMessageBox::warning(
+        parent, said(QT_TRANSLATE_NOOP("Saving", "Not in the project")),
+        said(QT_TRANSLATE_NOOP("Saving",
+                               "The option file is saved, and the project is "
+                               "as it was: %1"))
+            .arg(refusal));
+  else if (!remarks.isEmpty())
+    models.front()->tell(remarks.join(QStringLiteral("; ")));
+  return refusal.isEmpty();
+}
+
 } // namespace
 
 bool saveConfigurations(const std::vector<SessionModel *> &models,
                         QWidget *parent) {
   for (SessionModel *const model : models)
     model->takeOpenText();
-  return saveWith(AllDoubts(models.size()), models, parent);
+  return saveWith(AllDoubts(models.size()), models, parent) &&
+         takeIn(models, parent);
 }
 
 bool overwrite(SessionModel &model, QWidget *parent) {
@@ -275,7 +300,7 @@ bool overwrite(SessionModel &model, QWidget *parent) {
   Doubts agreed;
   agreed.sentences.append(changeSentence(model.state()));
   agreed.overwritten = contentOf(shown(model.state().file));
-  return saveWith({agreed}, {&model}, parent);
+  return saveWith({agreed}, {&model}, parent) && takeIn({&model}, parent);
 }
 
 } // namespace ZelDebugDialog::dialog

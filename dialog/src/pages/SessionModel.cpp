@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QStringList>
 
+#include "pages/ProjectModel.h"
 #include "pages/Texts.h"
 
 namespace ZelDebugDialog::dialog {
@@ -37,9 +38,33 @@ std::string keyOf(const std::string &typedFor) { return "for " + typedFor; }
 } // namespace
 
 SessionModel::SessionModel(const Board &board, const std::string &processor,
-                           QObject *parent)
-    : QObject(parent), ofBoard(board), live(board, processor),
-      known(live.State()) {}
+                           ProjectModel *project, QObject *parent)
+    : QObject(parent), ofBoard(board), ofProject(project),
+      live(board, processor) {
+  start();
+  known = live.State();
+  if (ofProject != nullptr)
+    connect(ofProject, &ProjectModel::changed, this, [this] {
+      start();
+      refresh();
+    });
+}
+
+void SessionModel::start() {
+  if (ofProject == nullptr)
+    return;
+  ofProject->project().Start(live);
+  saidNow = ofProject->project().Said(live.Processor());
+}
+
+bool SessionModel::isSavedAsSaid() {
+  return known.exists && saidNow.command &&
+         live.Loaded().text == *saidNow.command;
+}
+
+bool SessionModel::isAsStarted() const {
+  return !known.exists && saidNow.command && known.command == saidNow.command;
+}
 
 const SettingState *SessionModel::find(const std::string &setting) const {
   const auto found = std::find_if(
@@ -60,7 +85,8 @@ bool SessionModel::canRedo() const {
 }
 
 bool SessionModel::isModified() const {
-  return hasOpenText || !known.differences.empty() || hasDrafts();
+  return hasOpenText || (!known.differences.empty() && !isAsStarted()) ||
+         hasDrafts();
 }
 
 void SessionModel::noteOpenText(bool isThere) {

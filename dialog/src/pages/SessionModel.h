@@ -15,22 +15,31 @@
 #include <QString>
 
 #include "ZelDebugDialog/ConfigurationModel/Session.h"
+#include "ZelDebugDialog/ProjectFile/ProjectBoard.h"
 
 namespace ZelDebugDialog::dialog {
+
+class ProjectModel;
 
 class SessionModel : public QObject {
   Q_OBJECT
 
 public:
+  /// @param ofBoard  the project that the board is of; null for none
   /// @throws Refusal for a processor that cannot be debugged
   SessionModel(const Board &board, const std::string &processor,
-               QObject *parent = nullptr);
+               ProjectModel *ofBoard = nullptr, QObject *parent = nullptr);
 
   const SessionState &state() const { return known; }
   /// The state of a setting of the table; null for one that has none.
   const SettingState *find(const std::string &setting) const;
   const Board &board() const { return ofBoard; }
   Session &session() { return live; }
+  ProjectModel *project() const { return ofProject; }
+  /// What the files of the project say; nothing without one.
+  const SaidProcessor &said() const { return saidNow; }
+  /// Whether the option file is what the project asks for.
+  bool isSavedAsSaid();
   /// Whether closing would lose something: unfinished texts count.
   bool isModified() const;
   bool hasDrafts() const;
@@ -68,6 +77,8 @@ public:
   void lookAtFile();
   /// Takes what has happened to the session elsewhere, such as saving.
   void refresh();
+  /// Tells what there is to say of it.
+  void tell(const QString &text) { emit told(text, false); }
 
 signals:
   void stateChanged();
@@ -82,8 +93,15 @@ private:
   bool perform(const Operation &operation);
   void performTyping(const std::string &typedFor, const Operation &operation);
 
+  /// Starts as the files of the project say now, as far as nothing is done.
+  void start();
+  /// Whether it is what it would be when it is opened the next time.
+  bool isAsStarted() const;
+
   Board ofBoard;
+  ProjectModel *ofProject;
   Session live;
+  SaidProcessor saidNow;
   SessionState known;
   std::string typed; ///< What is being typed for; empty for nothing.
   bool hasOpenText = false;

@@ -4,6 +4,7 @@
 #include <QStringList>
 #include <QToolButton>
 
+#include "pages/ProjectModel.h"
 #include "pages/Texts.h"
 #include "pages/ToneLabel.h"
 #include "pages/ValueEditor.h"
@@ -90,13 +91,22 @@ void SettingRow::display(const SettingState &state) {
 
   const bool isChanged =
       state.draft.has_value() || state.origin == std::string("changed");
-  originLabel->setText(state.draft ? tr("no value") : originOf(state.origin));
+  originLabel->setText(state.draft ? tr("no value") : shownOrigin(state));
   QFont font = nameLabel->font();
   font.setBold(isChanged);
   originLabel->setFont(font);
   originLabel->setTone(state.draft ? Tone::fault : Tone::quiet);
   displayBack(state);
   describe(state);
+}
+
+/// A value that the files of a project say is theirs, wherever the session has
+/// it from.
+QString SettingRow::shownOrigin(const SettingState &state) const {
+  const SaidSetting *const said = model->said().Find(info->id);
+  const bool isTheirs = said != nullptr && said->value.setting == info->id &&
+                        said->value.value == state.value;
+  return isTheirs ? layerOf(*said) : originOf(state.origin);
 }
 
 /// What is disabled takes no focus: its label does, so that the keyboard leads
@@ -124,6 +134,15 @@ void SettingRow::describe(const SettingState &state) {
   if (info->settable)
     sentences.append(
         tr("Default: %1").arg(valueOf(info->id, state.defaultValue)));
+  QStringList origins{tr("Where the value comes from")};
+  if (const SaidSetting *const said = model->said().Find(info->id)) {
+    const QString place = placeOf(said->value.place);
+    const QString told =
+        tr("%1 says %2")
+            .arg(place, valueOf(said->value.setting, said->value.value));
+    origins.append(told);
+    sentences.append(told);
+  }
   const QString problem = valueEditor->errorIn(state);
   const QString tip = tipOf(sentences);
   if (!problem.isEmpty())
@@ -134,7 +153,7 @@ void SettingRow::describe(const SettingState &state) {
     one->setToolTip(tip);
     one->setWhatsThis(tip);
   }
-  originLabel->setToolTip(tr("Where the value comes from"));
+  originLabel->setToolTip(tipOf(origins));
   nameLabel->setAccessibleDescription(description);
   valueEditor->field()->setAccessibleDescription(description);
 }

@@ -40,6 +40,7 @@ public:
 
 private:
   void describe(const SettingState &state);
+  QString shownOrigin(const SettingState &state) const;
   void displayLabel(bool isOpen);
   void displayBack(const SettingState &state);
 

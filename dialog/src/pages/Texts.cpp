@@ -19,9 +19,10 @@ struct Origin {
   const char *shown;
 };
 
-constexpr std::array<Origin, 5> origins{{
+constexpr std::array<Origin, 6> origins{{
     {"default", QT_TRANSLATE_NOOP("Origins", "default")},
     {"design", QT_TRANSLATE_NOOP("Origins", "design")},
+    {"project", QT_TRANSLATE_NOOP("Origins", "project")},
     {"changed", QT_TRANSLATE_NOOP("Origins", "changed")},
     {"file:", QT_TRANSLATE_NOOP("Origins", "file, column %1")},
     {"command:", QT_TRANSLATE_NOOP("Origins", "typed, column %1")},

@@ -12,6 +12,8 @@
 #include "ZelDebugDialog/ConfigurationModel/Board.h"
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "ZelDebugDialog/DesignModel/Libraries.h"
+#include "ZelDebugDialog/ProjectFile/ProjectBoard.h"
+#include "program/WhatToOpen.h"
 
 class QThread;
 
@@ -20,12 +22,18 @@ namespace ZelDebugDialog::dialog {
 /// A design, as far as it could be read. The board refers to the model beside
 /// it: neither is moved.
 struct LoadedDesign {
-  DesignSources sources;
-  std::string folder; ///< Of the option files.
+  WhatToOpen sources;    ///< What was asked for.
+  DesignSources ofModel; ///< What was read: of a project, what that names.
+  std::string folder;    ///< Of the option files.
   DesignModel model;
   std::optional<Board> board; ///< None for a design that could not be read.
-  LibrarySearch search;       ///< Where what is missing may be.
-  std::string problem;        ///< Why there is no board.
+  /// None for a design alone; then there is no board, either, for one that
+  /// could not be read.
+  std::optional<ProjectBoard> project;
+  /// Of the design, and of the files of a project.
+  std::vector<DesignDiagnostic> diagnostics;
+  LibrarySearch search; ///< Where what is missing may be.
+  std::string problem;  ///< Why there is no board.
 };
 
 class DesignLoader : public QObject {
@@ -39,7 +47,7 @@ public:
   ~DesignLoader() override;
 
   /// Takes the place of what is being read.
-  void start(const DesignSources &sources, const std::string &folder);
+  void start(const WhatToOpen &sources, const std::string &folder);
   /// What is being read will not be `loaded`; its thread ends by itself.
   void cancel();
 

@@ -66,7 +66,8 @@ MainWindow::MainWindow(const std::string &optionFolder)
   stack = new QStackedWidget(content);
   layout->addWidget(stack, 1);
   setCentralWidget(content);
-  welcome = new QLabel(tr("Open a design, or drop its file here."), stack);
+  welcome = new QLabel(tr("Open a design or a project, or drop its file here."),
+                       stack);
   welcome->setAlignment(Qt::AlignCenter);
   welcome->setWordWrap(true);
   welcome->setTextFormat(Qt::PlainText);
@@ -121,7 +122,7 @@ void MainWindow::makeProgress() {
 void MainWindow::makeMissingBanner() {
   useFound = missing->addAnswer(tr("Take them from t&here"));
   connect(useFound, &QPushButton::clicked, this, [this] {
-    DesignSources sources = asked;
+    WhatToOpen sources = asked;
     sources.libraryFolders = design->search.folders;
     open(sources);
   });
@@ -133,7 +134,8 @@ void MainWindow::makeMissingBanner() {
 
 void MainWindow::makeMenus() {
   fileMenu = menuBar()->addMenu(tr("&File"));
-  QAction *const openAction = fileMenu->addAction(tr("&Open a design…"));
+  QAction *const openAction =
+      fileMenu->addAction(tr("&Open…"));
   openAction->setShortcut(QKeySequence::Open);
   connect(openAction, &QAction::triggered, this, &MainWindow::askForDesign);
   recentMenu = fileMenu->addMenu(tr("&Recent designs"));
@@ -141,8 +143,7 @@ void MainWindow::makeMenus() {
   connect(libraryAction, &QAction::triggered, this, &MainWindow::askForLibrary);
   kindsAction = fileMenu->addAction(tr("&Kind table…"));
   connect(kindsAction, &QAction::triggered, this, &MainWindow::askForKinds);
-  QAction *const folderAction =
-      fileMenu->addAction(tr("&Folder of the option files…"));
+  folderAction = fileMenu->addAction(tr("&Folder of the option files…"));
   connect(folderAction, &QAction::triggered, this, &MainWindow::askForFolder);
   saveSeparator = fileMenu->addSeparator();
   QAction *const quit = fileMenu->addAction(tr("&Quit"));
@@ -160,23 +161,23 @@ void MainWindow::makeMenus() {
 
 // --- Designs -----------------------------------------------------------------
 
-void MainWindow::open(const DesignSources &sources) { openIn(sources, folder); }
+void MainWindow::open(const WhatToOpen &what) { openIn(what, folder); }
 
-void MainWindow::openIn(const DesignSources &sources,
+void MainWindow::openIn(const WhatToOpen &what,
                         const std::string &optionFolder) {
   if (page != nullptr && !page->mayClose())
     return;
   ready.reset();
-  asked = sources;
+  asked = what;
   folder = optionFolder;
   // What cannot be seen is not to be changed, either.
   if (pageActions != nullptr)
     pageActions->setEnabled(false);
-  progressText->setText(tr("Reading %1 …").arg(shown(sources.designFile)));
+  progressText->setText(tr("Reading %1 …").arg(shown(what.designFile)));
   missing->say(QString());
   stack->setCurrentWidget(progress);
   stop->setFocus();
-  loader.start(sources, folder);
+  loader.start(what, folder);
   refresh();
 }
 
@@ -184,8 +185,8 @@ void MainWindow::openIn(const DesignSources &sources,
 void MainWindow::cancel() {
   loader.cancel();
   ready.reset();
-  asked = design != nullptr ? design->sources : DesignSources();
-  if (design != nullptr)
+  asked = design != nullptr ? design->sources : WhatToOpen();
+  if (design != nullptr && !design->sources.isProject)
     folder = design->folder;
   if (pageActions != nullptr)
     pageActions->setEnabled(true);
@@ -218,7 +219,8 @@ void MainWindow::showReady() {
   design = std::move(ready);
   ready.reset();
   if (design->board) {
-    page = new BoardPage(*design->board, stack);
+    page = design->project ? new BoardPage(*design->project, stack)
+                           : new BoardPage(*design->board, stack);
     stack->addWidget(page);
     stack->setCurrentWidget(page);
     page->setFocus();
@@ -234,9 +236,9 @@ void MainWindow::showReady() {
             .arg(shown(design->sources.designFile), shown(design->problem)));
     stack->setCurrentWidget(welcome);
   }
-  messages->display(design->model.Diagnostics());
+  messages->display(design->diagnostics);
   const bool hasError = design->model.Missing().empty() && !design->board;
-  messagesDock->setVisible(!design->model.Diagnostics().empty() || hasError);
+  messagesDock->setVisible(!design->diagnostics.empty() || hasError);
   showMissing();
   refresh();
   emit opened();
@@ -299,19 +301,22 @@ void MainWindow::refresh() {
                                 : tr("%1[*] – Debug configurations").arg(name));
   libraryAction->setEnabled(!asked.designFile.empty());
   kindsAction->setEnabled(!asked.designFile.empty());
+  // A project says where they lie.
+  folderAction->setEnabled(!asked.isProject);
   statusBar()->showMessage(
       hasPage ? tr("Option files: %1")
                     .arg(QDir::toNativeSeparators(
-                        QFileInfo(shown(folder)).absoluteFilePath()))
+                        QFileInfo(shown(design->folder)).absoluteFilePath()))
               : QString());
 }
 
 void MainWindow::askForDesign() {
-  const QString file =
-      QFileDialog::getOpenFileName(this, tr("Open a design"), QString(),
-                                   tr("Designs (*.xml);;All files (*)"));
+  const QString file = QFileDialog::getOpenFileName(
+      this, tr("Open a design or a project"), QString(),
+      tr("Designs and projects (*.xml *.toml);;"
+         "All files (*)"));
   if (!file.isEmpty())
-    open({bytesOf(file), {}, "", ""});
+    open(WhatToOpen(bytesOf(file)));
 }
 
 void MainWindow::askForLibrary() {
@@ -319,11 +324,15 @@ void MainWindow::askForLibrary() {
       QFileDialog::getExistingDirectory(this, tr("Choose a library folder"));
   if (chosen.isEmpty())
     return;
-  DesignSources sources = asked;
+  WhatToOpen sources = asked;
   // Where none is named, the folder of the design is the library.
+  if (sources.libraryFolders.empty() && design != nullptr)
+    sources.libraryFolders = design->ofModel.libraryFolders;
   if (sources.libraryFolders.empty())
     sources.libraryFolders.push_back(
-        bytesOf(QFileInfo(shown(sources.designFile)).path()));
+        bytesOf(QFileInfo(shown(design != nullptr ? design->ofModel.designFile
+                                                  : sources.designFile))
+                    .path()));
   sources.libraryFolders.push_back(bytesOf(chosen));
   open(sources);
 }
@@ -333,7 +342,7 @@ void MainWindow::askForKinds() {
       QFileDialog::getOpenFileName(this, tr("Choose a kind table"));
   if (chosen.isEmpty())
     return;
-  DesignSources sources = asked;
+  WhatToOpen sources = asked;
   sources.kindsFile = bytesOf(chosen);
   open(sources);
 }
@@ -358,7 +367,7 @@ void MainWindow::fillRecent() {
   for (const DesignSources &one : recent) {
     QString text = QDir::toNativeSeparators(shown(one.designFile));
     connect(recentMenu->addAction(text.replace(u'&', QLatin1String("&&"))),
-            &QAction::triggered, this, [this, one] { open(one); });
+            &QAction::triggered, this, [this, one] { open(WhatToOpen(one)); });
   }
   recentMenu->setEnabled(!recent.empty());
 }
@@ -387,7 +396,7 @@ void MainWindow::dropEvent(QDropEvent *event) {
   if (file.isEmpty())
     return;
   event->acceptProposedAction();
-  open({bytesOf(file), {}, "", ""});
+  open(WhatToOpen(bytesOf(file)));
 }
 
 } // namespace ZelDebugDialog::dialog

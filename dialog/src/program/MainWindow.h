@@ -37,8 +37,9 @@ public:
   MainWindow &operator=(const MainWindow &) = delete;
   ~MainWindow() override;
 
-  /// Reads a design, unless the person wants to keep what is not saved yet.
-  void open(const DesignSources &sources);
+  /// Reads a design or a project, unless the person wants to keep what is not
+  /// saved yet.
+  void open(const WhatToOpen &what);
   /// The board that is open; null for none.
   BoardPage *board() const { return page; }
 
@@ -60,7 +61,7 @@ private:
   void askForLibrary();
   void askForKinds();
   void askForFolder();
-  void openIn(const DesignSources &sources, const std::string &optionFolder);
+  void openIn(const WhatToOpen &what, const std::string &optionFolder);
   void cancel();
   void take(const std::shared_ptr<LoadedDesign> &loaded);
   void showReady();
@@ -69,7 +70,7 @@ private:
   void keepLayout() const;
   void refresh();
 
-  std::string folder; ///< Of what is being read, or was last.
+  std::string folder; ///< Of designs without a project.
   DesignLoader loader;
   std::shared_ptr<LoadedDesign> design; ///< Outlives `page`.
   std::shared_ptr<LoadedDesign> ready;  ///< Is shown as soon as it can be.
@@ -91,7 +92,8 @@ private:
   QAction *saveSeparator = nullptr;
   QAction *libraryAction = nullptr;
   QAction *kindsAction = nullptr;
-  DesignSources asked; ///< What is being read, or was last.
+  QAction *folderAction = nullptr;
+  WhatToOpen asked; ///< What is being read, or was last.
 };
 
 } // namespace dialog

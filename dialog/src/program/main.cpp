@@ -1,5 +1,5 @@
-// zeldebug-dialog [DESIGN]: the debug configurations of a design, to look at
-// and to change.
+// zeldebug-dialog [DESIGN | PROJECT]: the debug configurations of a design, to
+// look at and to change.
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLocale>
@@ -53,29 +53,46 @@ int main(int count, char **arguments) {
           "Option files lie in etc/ below this folder (default: below "
           "the working directory).")),
       QStringLiteral("DIR"));
-  line.addOptions({library, view, kinds, directory});
+  const QCommandLineOption project(
+      QStringLiteral("project"),
+      said(QT_TRANSLATE_NOOP("Program", "Project file, in place of DESIGN.")),
+      QStringLiteral("FILE"));
+  const QCommandLineOption probe(
+      QStringLiteral("probe"),
+      said(QT_TRANSLATE_NOOP("Program", "Probe of the project, or none.")),
+      QStringLiteral("NAME"));
+  const QCommandLineOption profile(
+      QStringLiteral("profile"),
+      said(QT_TRANSLATE_NOOP("Program", "Profile of the project, or none.")),
+      QStringLiteral("NAME"));
+  line.addOptions({library, view, kinds, directory, project, probe, profile});
   line.addPositionalArgument(
       QStringLiteral("DESIGN"),
       said(QT_TRANSLATE_NOOP(
           "Program", "IP-XACT design file, or the component file on top of a "
-                     "hierarchy.")),
+                     "hierarchy; or a project file (*.toml).")),
       QStringLiteral("[DESIGN]"));
   line.process(application);
-  if (line.positionalArguments().size() > 1)
+  QStringList files = line.positionalArguments() + line.values(project);
+  if (files.size() > 1)
     line.showHelp(2);
 
   const QString base = line.value(directory);
   dialog::MainWindow window(dialog::bytesOf(
       base.isEmpty() ? QStringLiteral("etc") : base + QStringLiteral("/etc")));
   window.show();
-  if (!line.positionalArguments().isEmpty()) {
-    DesignSources sources;
-    sources.designFile = dialog::bytesOf(line.positionalArguments().front());
+  if (!files.isEmpty()) {
+    dialog::WhatToOpen what(dialog::bytesOf(files.front()));
+    what.isProject = what.isProject || line.isSet(project);
     for (const QString &one : line.values(library))
-      sources.libraryFolders.push_back(dialog::bytesOf(one));
-    sources.view = dialog::bytesOf(line.value(view));
-    sources.kindsFile = dialog::bytesOf(line.value(kinds));
-    window.open(sources);
+      what.libraryFolders.push_back(dialog::bytesOf(one));
+    what.view = dialog::bytesOf(line.value(view));
+    what.kindsFile = dialog::bytesOf(line.value(kinds));
+    if (line.isSet(probe))
+      what.wishes.probe = dialog::bytesOf(line.value(probe));
+    if (line.isSet(profile))
+      what.wishes.profile = dialog::bytesOf(line.value(profile));
+    window.open(what);
   }
   return QApplication::exec();
 }

@@ -9,6 +9,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "reading/Faults.h"
 #include "reading/Keys.h"
+#include "toml/Statements.h"
 
 namespace ZelDebugDialog::project {
 
@@ -34,6 +35,29 @@ bool follows(const std::string &setting, const ProjectEdit &edit) {
                               const std::string &problem) {
   Refusal refusal(RefusalKind::excluded, setting, problem);
   refusal.setting = setting;
+  throw refusal;
+}
+
+bool isWritable(const Value &value) {
+  if (value.IsText())
+    return !readToml("text = " + writtenText(value.Text())).error;
+  if (!value.IsChain())
+    return true;
+  for (const ChainDevice &device : value.Devices())
+    for (const auto &[field, stored] : device)
+      if (!isWritable(stored))
+        return false;
+  return true;
+}
+
+/// An option file takes any bytes.
+void expectWritable(const std::string &setting, const Value &value) {
+  if (isWritable(value))
+    return;
+  Refusal refusal(RefusalKind::badValue, setting,
+                  "the files of a project hold UTF-8 only");
+  refusal.setting = setting;
+  refusal.value = ShowValue(*FindSetting(setting), value);
   throw refusal;
 }
 
@@ -65,6 +89,7 @@ SettingValues wantedValues(const ProjectEdit &edit) {
       continue;
     const std::string &setting = expectAccepted(asked);
     const Value stored = ExpectSetting(setting, value);
+    expectWritable(setting, stored);
     const auto other =
         std::find_if(wanted.begin(), wanted.end(),
                      [&](const auto &one) { return one.first == setting; });

@@ -1,9 +1,11 @@
 #include <algorithm>
+#include <cstdlib>
 
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Merge.h"
+#include "ZelDebugDialog/ProjectFile/ProjectBoard.h"
 #include "reading/Faults.h"
 #include "reading/Keys.h"
 
@@ -12,6 +14,14 @@ namespace ZelDebugDialog {
 namespace {
 
 using namespace project;
+
+constexpr const char *probeVariable = "ZELDEBUG_PROBE";
+constexpr const char *profileVariable = "ZELDEBUG_PROFILE";
+
+std::string environmentOf(const char *name) {
+  const char *const value = std::getenv(name);
+  return value == nullptr ? "" : value;
+}
 
 /// Of a probe or a profile, all that can be chosen and who chooses.
 struct Question {
@@ -74,10 +84,17 @@ ProjectChosen choose(const Question &question,
 
 } // namespace
 
+ProjectWishes AskEnvironment() {
+  ProjectWishes wishes;
+  wishes.environmentProbe = environmentOf(probeVariable);
+  wishes.environmentProfile = environmentOf(profileVariable);
+  return wishes;
+}
+
 ProjectChoice ChooseProject(const Project &project,
                             const ProjectWishes &wishes) {
-  Question probe{"probe", "--probe", "ZELDEBUG_PROBE", {}};
-  Question profile{"profile", "--profile", "ZELDEBUG_PROFILE", {}};
+  Question probe{"probe", "--probe", probeVariable, {}};
+  Question profile{"profile", "--profile", profileVariable, {}};
   for (const ProjectLayer *const layer : {&project.project, &project.local}) {
     addNames(layer->probes, probe.names);
     addNames(layer->profiles, profile.names);

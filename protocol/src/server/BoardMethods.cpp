@@ -20,10 +20,38 @@ void expectWanted(const Workplace &place) {
     throw Fault(FaultCode::cancelled, "the request was cancelled");
 }
 
-DesignSources sourcesOf(const Parameters &given) {
-  DesignSources sources{given.text("design"), given.texts("library"),
-                        given.optionalText("view").value_or(""),
-                        given.optionalText("kinds").value_or("")};
+/// A project is named in the place of a design, and says what else there is to
+/// say of one.
+void expectOneDesign(const Parameters &given) {
+  const auto expectAlone = [&given](const char *name, const char *why) {
+    if (given.has(name))
+      refuseParameter(name, quote(name) + why);
+  };
+  if (given.has("project")) {
+    expectAlone("design", " is named by the project");
+    expectAlone("directory", " is named by the project");
+    return;
+  }
+  if (!given.has("design"))
+    refuseParameter("design", std::string("'design' is missing: ") +
+                                  describe(ParameterKind::path));
+  expectAlone("probe", " is one of a project, and there is none");
+  expectAlone("profile", " is one of a project, and there is none");
+}
+
+/// What a request says stands over what a project says.
+DesignSources sourcesOf(const Parameters &given, const ReadFiles *files) {
+  DesignSources sources;
+  if (files != nullptr)
+    sources = files->sources();
+  else
+    sources.designFile = given.text("design");
+  if (given.has("library"))
+    sources.libraryFolders = given.texts("library");
+  if (given.has("view"))
+    sources.view = given.text("view");
+  if (given.has("kinds"))
+    sources.kindsFile = given.text("kinds");
   if (given.has("maxInstances"))
     sources.maxInstances = given.number("maxInstances");
   return sources;
@@ -75,22 +103,35 @@ void expectView(const DesignModel &design, const std::string &view) {
 } // namespace
 
 Json openBoard(const Workplace &place, const Parameters &given) {
-  const DesignSources sources = sourcesOf(given);
+  expectOneDesign(given);
+  const std::unique_ptr<ReadFiles> files =
+      given.has("project") ? readProjectFiles(given) : nullptr;
+  const DesignSources sources = sourcesOf(given, files.get());
   const std::string folder =
-      optionFolder(given.optionalText("directory").value_or(place.directory));
+      files ? files->folder()
+            : optionFolder(
+                  given.optionalText("directory").value_or(place.directory));
   const auto opened = std::make_shared<OpenBoard>();
-  if (!ReadDesign(sources, opened->design))
+  if (!ReadDesign(sources, opened->design)) {
+    if (files)
+      files->expectFine();
     refuseDesign(opened->design);
+  }
   expectView(opened->design, sources.view);
   expectWanted(place);
   opened->board.emplace(opened->design, folder);
+  if (files)
+    opened->project = files->open(*opened->board);
   const auto undebuggable =
       documents::findUndebuggable(*opened->board, opened->design);
   expectWanted(place);
-  return {{"board", place.open.add(opened)},
-          {"processors", documents::toJson(opened->board->Processors())},
-          {"undebuggable", documents::toJson(undebuggable)},
-          {"diagnostics", documents::diagnosticsJson(opened->design)}};
+  Json result{{"board", place.open.add(opened)},
+              {"processors", documents::toJson(opened->board->Processors())},
+              {"undebuggable", documents::toJson(undebuggable)},
+              {"diagnostics", documents::diagnosticsJson(opened->design)}};
+  if (opened->project)
+    result["project"] = opened->project->json();
+  return result;
 }
 
 Json closeBoard(const Workplace &place, const Parameters &given) {

@@ -52,6 +52,21 @@ Json effectsOf(const Workplace &place, const Parameters &given,
   });
 }
 
+/// The same for a change that goes to a file of the project as well.
+Json writeInto(const Workplace &place, const Parameters &given,
+               const SettingValues &values,
+               const std::vector<std::string> &unset) {
+  const auto project = configurationOf(place, given)->board().project;
+  if (!project)
+    refuseParameter("into",
+                    "'into' names a part of a project, and the board "
+                    "has none",
+                    {"", given.text("into")});
+  return patched(place, given, [&](Session &session) {
+    return project->write(session, {given.text("into"), values, unset});
+  });
+}
+
 } // namespace
 
 Json openConfiguration(const Workplace &place, const Parameters &given) {
@@ -76,6 +91,8 @@ Json closeConfiguration(const Workplace &place, const Parameters &given) {
 
 Json changeConfiguration(const Workplace &place, const Parameters &given) {
   const SettingValues values = askedValues(given.json("values"));
+  if (given.has("into"))
+    return writeInto(place, given, values, {});
   return effectsOf(place, given, [&values](Session &session) {
     return session.Change(values);
   });
@@ -114,6 +131,11 @@ Json revertConfiguration(const Workplace &place, const Parameters &given) {
 Json resetConfiguration(const Workplace &place, const Parameters &given) {
   const bool isOfAll = !given.has("settings");
   const std::vector<std::string> settings = given.texts("settings");
+  if (given.has("into") && isOfAll)
+    refuseParameter("settings", "'settings' is missing: with 'into' each is "
+                                "named that the file is to say nothing of");
+  if (given.has("into"))
+    return writeInto(place, given, {}, settings);
   return effectsOf(place, given, [&](Session &session) {
     return isOfAll || !settings.empty() ? session.Reset(settings)
                                         : std::vector<Effect>();

@@ -59,7 +59,7 @@ Fault::Fault(RefusalKind kind, const std::string &message,
     : std::runtime_error(message), code(FaultCode::refused),
       data(dataOf(ShowKind(kind), message, details)) {}
 
-Fault::Fault(const Refusal &refusal)
+Fault::Fault(const Refusal &refusal, const Json &more)
     : std::runtime_error(refusal.what()), code(FaultCode::refused),
       data(dataOf(ShowKind(refusal.kind), refusal.problem,
                   {refusal.setting, refusal.value, refusal.accepted,
@@ -67,6 +67,7 @@ Fault::Fault(const Refusal &refusal)
   // An empty value can be what is wrong.
   if (refusal.kind == RefusalKind::badValue)
     data["value"] = refusal.value;
+  data.update(more);
 }
 
 Json Fault::json() const {

@@ -45,7 +45,8 @@ public:
   /// `refused`, for what the model would refuse.
   Fault(RefusalKind kind, const std::string &message,
         const FaultDetails &details = {});
-  explicit Fault(const Refusal &refusal);
+  /// @param more  members of its data beside those of the refusal
+  explicit Fault(const Refusal &refusal, const Json &more = Json::object());
 
   /// {"code", "message", "data"}
   Json json() const;

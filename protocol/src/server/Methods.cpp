@@ -40,12 +40,15 @@ const std::vector<Method> &methods() {
   static const Parameter board{"board", Kind::handle};
   static const Parameter configuration{"configuration", Kind::handle};
   static const Parameter command{"command", Kind::text};
+  static const Parameter into{"into", Kind::text, optional};
   static const Parameter force{"force", Kind::flag, optional};
   // clang-format off
   static const std::vector<Method> table{
       {"initialize", {}, initialize},
       {"settings", {}, listSettings},
-      {"board/open", {{"design", Kind::path}, {"library", Kind::paths, optional},
+      {"board/open", {{"design", Kind::path, optional}, {"project", Kind::path, optional},
+                      {"probe", Kind::text, optional}, {"profile", Kind::text, optional},
+                      {"library", Kind::paths, optional},
                       {"view", Kind::path, optional}, {"kinds", Kind::path, optional},
                       {"maxInstances", Kind::count, optional},
                       {"directory", Kind::path, optional}}, openBoard},
@@ -54,14 +57,14 @@ const std::vector<Method> &methods() {
       {"configuration/open", {board, {"processor", Kind::text}}, openConfiguration},
       {"configuration/state", {configuration}, stateOfConfiguration},
       {"configuration/close", {configuration}, closeConfiguration},
-      {"configuration/change", {configuration, {"values", Kind::values}}, changeConfiguration},
+      {"configuration/change", {configuration, {"values", Kind::values}, into}, changeConfiguration},
       {"configuration/draft", {configuration, {"setting", Kind::text},
                                {"text", Kind::textOrNull}}, draftConfiguration},
       {"configuration/edit", {configuration, command}, editConfiguration},
       {"configuration/undo", {configuration}, undoConfiguration},
       {"configuration/redo", {configuration}, redoConfiguration},
       {"configuration/revert", {configuration}, revertConfiguration},
-      {"configuration/reset", {configuration, {"settings", Kind::texts, optional}}, resetConfiguration},
+      {"configuration/reset", {configuration, {"settings", Kind::texts, optional}, into}, resetConfiguration},
       {"configuration/copy", {configuration, {"from", Kind::handle}}, copyConfiguration},
       {"configuration/save", {configuration, force}, saveConfiguration},
       {"command/check", {command, {"board", Kind::handle, optional},

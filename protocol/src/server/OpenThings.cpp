@@ -26,14 +26,24 @@ typename Things::iterator expectIn(Things &things, std::int64_t number,
 
 OpenConfiguration::OpenConfiguration(std::shared_ptr<OpenBoard> ofBoard,
                                      const std::string &processor)
-    : onBoard(std::move(ofBoard)), opened(*onBoard->board, processor) {}
+    : onBoard(std::move(ofBoard)), opened(*onBoard->board, processor) {
+  if (onBoard->project)
+    onBoard->project->start(opened);
+}
 
 const documents::Json &OpenConfiguration::state() {
-  // All but what is said of the file depends on the session alone.
-  const bool isKnown =
-      !known.is_null() && !known["changedOnDisk"] && !opened.ChangedOnDisk();
-  if (!isKnown)
-    known = documents::stateJson(opened.State());
+  // All but what is said of the file, and by a project, depends on the session
+  // alone.
+  BoardProject *const project = onBoard->project.get();
+  const unsigned version = project == nullptr ? 0 : project->version();
+  const bool isKnown = !known.is_null() && version == knownVersion &&
+                       !known["changedOnDisk"] && !opened.ChangedOnDisk();
+  if (isKnown)
+    return known;
+  known = documents::stateJson(opened.State());
+  knownVersion = version;
+  if (project != nullptr)
+    project->addTo(known, opened.Processor());
   return known;
 }
 

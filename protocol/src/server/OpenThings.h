@@ -18,12 +18,14 @@
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
 #include "documents/Json.h"
+#include "server/BoardProject.h"
 
 namespace ZelDebugDialog::protocol {
 
 struct OpenBoard {
   DesignModel design;
-  std::optional<Board> board; ///< of `design`
+  std::optional<Board> board;            ///< of `design`
+  std::shared_ptr<BoardProject> project; ///< null: none is used
 };
 
 class OpenConfiguration {
@@ -46,7 +48,8 @@ private:
   std::mutex mutex;
   std::shared_ptr<OpenBoard> onBoard; ///< outlives the session
   Session opened;
-  documents::Json known; ///< null: not known
+  documents::Json known;     ///< null: not known
+  unsigned knownVersion = 0; ///< of the project that `known` is of
 };
 
 class OpenThings {

@@ -418,7 +418,7 @@ void Hands::awaitDesign() {
 
 void Hands::openAgain() {
   done = "open the board again";
-  scene->window().open({TEST_BOARD, {}, "", ""});
+  scene->window().open(dialog::WhatToOpen(TEST_BOARD));
   awaitDesign();
 }
 

@@ -1,17 +1,14 @@
 #include "line/ProjectOptions.h"
 
-#include <cstdlib>
-#include <filesystem>
-
 #include <fmt/format.h>
+
+#include <ZelDebugDialog/ProjectFile/ProjectBoard.h>
 
 #include "line/WorkingFolder.h"
 #include "output/Place.h"
 #include "output/ProjectFaults.h"
 
 namespace zeldebug {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -29,14 +26,8 @@ constexpr const char *commandHead = "connect";
                 {"", option});
 }
 
-std::string environment(const char *name) {
-  const char *const value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
-
 Board boardOf(DesignModel &design, const Project &project) {
-  const fs::path folder = fs::path(project.Directory()) / "etc";
-  return {design, shownPath(folder.lexically_normal())};
+  return {design, shownPath(ZelDebugDialog::OptionFolderOf(project))};
 }
 
 /// Also what only the design can tell, as far as there is one.
@@ -195,8 +186,10 @@ LineProject ProjectOptions::open(const DesignOptions &design,
 }
 
 ZelDebugDialog::ProjectWishes ProjectOptions::wishes() const {
-  return {probe, profile, environment("ZELDEBUG_PROBE"),
-          environment("ZELDEBUG_PROFILE")};
+  ZelDebugDialog::ProjectWishes wishes = ZelDebugDialog::AskEnvironment();
+  wishes.probe = probe;
+  wishes.profile = profile;
+  return wishes;
 }
 
 } // namespace zeldebug

@@ -1,22 +1,14 @@
 #include "line/ProjectTargets.h"
 
-#include <fmt/format.h>
+#include <ZelDebugDialog/ProjectFile/ProjectBoard.h>
 
-#include "output/Failure.h"
-#include "output/Output.h"
-#include "output/Suggestion.h"
+#include "line/Refused.h"
 
 namespace zeldebug {
 
 namespace {
 
-using ZelDebugDialog::ProjectEdit;
-using ZelDebugDialog::ProjectTarget;
-
 constexpr const char *option = "--into";
-constexpr const char *localWord = "local";
-constexpr const char *projectWord = "project";
-constexpr const char *profileFront = "profile:";
 
 } // namespace
 
@@ -26,30 +18,12 @@ void addTargetOption(Options &options, std::optional<std::string> &value,
                     "The project");
 }
 
-void expectTarget(const std::string &text, ProjectEdit &edit) {
-  const std::string front = profileFront;
-  if (text == localWord) {
-    edit.target = ProjectTarget::local;
-    return;
+void expectTarget(const std::string &text, ZelDebugDialog::ProjectEdit &edit) {
+  try {
+    ZelDebugDialog::ReadTarget(text, edit);
+  } catch (const ZelDebugDialog::Refusal &refusal) {
+    throw failureOf(refusal, option);
   }
-  if (text == projectWord) {
-    edit.target = ProjectTarget::project;
-    return;
-  }
-  if (text.compare(0, front.size(), front) == 0 && text.size() > front.size()) {
-    edit.target = ProjectTarget::profile;
-    edit.profile = text.substr(front.size());
-    return;
-  }
-  const std::vector<std::string> accepted{localWord, projectWord,
-                                          front + "NAME"};
-  throw Failure(
-      ExitStatus::wrongUse,
-      fmt::format("{}: '{}' is no part of a project; accepted are "
-                  "{}{}",
-                  option, printable(text), quotedList(accepted),
-                  didYouMean(text, accepted)),
-      {"bad-value", option, text, accepted, nearestMatch(text, accepted)});
 }
 
 } // namespace zeldebug

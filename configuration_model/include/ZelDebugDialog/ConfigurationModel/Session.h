@@ -80,7 +80,8 @@ struct SettingState {
   Value value;        ///< What it is.
   std::string text;   ///< The value for people.
   Value defaultValue; ///< Of a cable's setting: that of the present cable.
-  /// "default", "design", "file:<column>", "command:<column>", "changed".
+  /// "default", "design", "file:<column>", "command:<column>", "changed", or
+  /// what `Session::StartAs` was given.
   std::string origin;
   /// Whether changing it, together with those that its row names, can change
   /// the command that is written.
@@ -223,6 +224,12 @@ public:
   /// this processor does not allow stays as it is, and is told as an effect
   /// without a difference.
   std::vector<Effect> CopyFrom(const Session &other);
+  /// Starts from the settings of another session of the same processor in the
+  /// place of the defaults, as long as nothing is saved: `Revert` comes back to
+  /// them, and where nothing has been done yet, they are there now. That is no
+  /// change, and nothing that can be undone.
+  /// @param origin  where those that are not the defaults come from
+  void StartAs(const Session &other, const std::string &origin);
 
   // Asking.
 

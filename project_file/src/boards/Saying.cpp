@@ -1,0 +1,127 @@
+#include "boards/Saying.h"
+
+#include <fmt/format.h>
+
+#include "ZelDebugDialog/ConfigurationModel/Settings.h"
+#include "ZelDebugDialog/ConfigurationModel/Text.h"
+#include "reading/Faults.h"
+
+namespace ZelDebugDialog {
+
+namespace project {
+
+namespace {
+
+bool isAt(const ProjectPlace &place, const ProjectTable &table) {
+  for (const ProjectValue &value : table.values)
+    if (value.place.line == place.line && value.place.column == place.column)
+      return true;
+  return false;
+}
+
+bool isAt(const ProjectPlace &place, const ProjectBlock &block) {
+  for (const ProjectTable &table : block)
+    if (isAt(place, table))
+      return true;
+  return false;
+}
+
+std::string layerOf(const Project &files, const ProjectPlace &place) {
+  const bool isLocal = place.file == files.local.file;
+  const ProjectLayer &layer = isLocal ? files.local : files.project;
+  for (const ProjectTable &probe : layer.probes)
+    if (isAt(place, probe))
+      return "probe:" + probe.name;
+  for (const ProjectProfile &profile : layer.profiles)
+    if (isAt(place, profile.tables))
+      return "profile:" + profile.name;
+  return isLocal ? "local" : "project";
+}
+
+std::string shownPlace(const ProjectPlace &place) {
+  return fmt::format("{}:{}:{}", ShowText(place.file), place.line,
+                     place.column);
+}
+
+/// "'cable.frequency' 3 MHz of 'cpu0'"
+std::string shownValue(const std::string &processor, const std::string &setting,
+                       const Value &value) {
+  return fmt::format("'{}' {} of '{}'", setting,
+                     ShowText(ShowValue(*FindSetting(setting), value)),
+                     ShowText(processor));
+}
+
+ProjectFault noteOf(const char *code, const std::string &setting,
+                    const ProjectPlace &place, const std::string &message) {
+  ProjectFault note = faultOf(code, place, message);
+  note.setting = setting;
+  return note;
+}
+
+ProjectFault droppedNote(const std::string &processor,
+                         const DroppedValue &one) {
+  return noteOf(
+      "cable-dropped", one.value.setting, one.value.place,
+      fmt::format("{} is left out: {} chooses another cable",
+                  shownValue(processor, one.value.setting, one.value.value),
+                  shownPlace(one.by)));
+}
+
+ProjectFault displacedNote(const MergedProcessor &merged,
+                           const ProjectLoss &one) {
+  const MergedValue *const by = merged.Find(one.displacer);
+  return noteOf(
+      "displaced", one.loss.field, one.place,
+      fmt::format("{} is not written: '{}' of {} takes its place",
+                  shownValue(merged.processor, one.loss.field, one.loss.value),
+                  one.displacer,
+                  shownPlace(by == nullptr ? one.place : by->value.place)));
+}
+
+ProjectFault lossWarning(const MergedProcessor &merged,
+                         const ProjectLoss &one) {
+  ProjectFault warning;
+  warning.place = one.place;
+  warning.severity = ProjectSeverity::warning;
+  warning.code = one.loss.code;
+  warning.setting = one.loss.field;
+  warning.message = fmt::format("for '{}' it would not survive: {}",
+                                ShowText(merged.processor), one.loss.reason);
+  return warning;
+}
+
+} // namespace
+
+SaidProcessor sayingOf(const Project &files, const ProjectChoice &choice,
+                       const Board &board, const BoardProcessor &processor) {
+  const MergedProcessor merged = MergeProject(files, choice, processor);
+  Session session(board, processor.name);
+  AppliedProject applied = ApplyProject(files, merged, board, session);
+  SaidProcessor said;
+  for (const MergedValue &one : merged.values)
+    said.settings.push_back({one.value, layerOf(files, one.value.place)});
+  said.command = std::move(applied.command);
+  said.refusal = std::move(applied.refusal);
+  said.place = std::move(applied.place);
+  for (const DroppedValue &one : merged.dropped)
+    said.remarks.push_back(droppedNote(processor.name, one));
+  for (const ProjectLoss &one : applied.displaced)
+    said.remarks.push_back(displacedNote(merged, one));
+  for (const ProjectLoss &one : applied.lost)
+    said.remarks.push_back(lossWarning(merged, one));
+  return said;
+}
+
+} // namespace project
+
+const SaidSetting *SaidProcessor::Find(const std::string &setting) const {
+  const bool isOfConnection =
+      setting == "connectionType" || setting == "stubType";
+  const std::string wanted = isOfConnection ? "connection" : setting;
+  for (const SaidSetting &one : settings)
+    if (one.value.setting == wanted)
+      return &one;
+  return nullptr;
+}
+
+} // namespace ZelDebugDialog

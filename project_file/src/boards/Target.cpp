@@ -1,0 +1,48 @@
+#include <fmt/format.h>
+
+#include "ZelDebugDialog/ConfigurationModel/Text.h"
+#include "ZelDebugDialog/ProjectFile/ProjectBoard.h"
+#include "reading/Faults.h"
+
+namespace ZelDebugDialog {
+
+namespace {
+
+constexpr const char *localWord = "local";
+constexpr const char *projectWord = "project";
+constexpr const char *profileFront = "profile:";
+
+} // namespace
+
+void ReadTarget(const std::string &text, ProjectEdit &edit) {
+  const std::string front = profileFront;
+  if (text == localWord) {
+    edit.target = ProjectTarget::local;
+    return;
+  }
+  if (text == projectWord) {
+    edit.target = ProjectTarget::project;
+    return;
+  }
+  if (text.compare(0, front.size(), front) == 0 && text.size() > front.size()) {
+    edit.target = ProjectTarget::profile;
+    edit.profile = text.substr(front.size());
+    return;
+  }
+  const std::vector<std::string> accepted{localWord, projectWord,
+                                          front + "NAME"};
+  const std::string nearest = FindNearest(text, accepted);
+  Refusal refusal(
+      RefusalKind::badValue, "",
+      fmt::format(
+          "'{}' is no part of a project; accepted are "
+          "{}{}",
+          ShowText(text), project::quotedList(accepted),
+          nearest.empty() ? "" : fmt::format("; did you mean '{}'?", nearest)));
+  refusal.value = text;
+  refusal.suggestion = nearest;
+  refusal.accepted = accepted;
+  throw refusal;
+}
+
+} // namespace ZelDebugDialog
