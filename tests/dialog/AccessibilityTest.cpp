@@ -8,10 +8,12 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTabBar>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
 
@@ -51,6 +53,21 @@ QString nameOf(QWidget &widget) {
   return told == nullptr ? QString() : told->text(QAccessible::Name);
 }
 
+/// How many there are; each of them has a name.
+int controlsOf(Scene &scene) {
+  int controls = 0;
+  for (QWidget *const widget : scene.window().findChildren<QWidget *>()) {
+    if (!isControl(*widget) || isOfQt(*widget) ||
+        widget->window() != &scene.window())
+      continue;
+    ++controls;
+    if (nameOf(*widget).isEmpty())
+      qFatal("%s in %s has no name", widget->metaObject()->className(),
+             widget->parentWidget()->metaObject()->className());
+  }
+  return controls;
+}
+
 /// Whatever has the focus from here on; nothing where it gets lost.
 std::set<QWidget *> reachedByTabulator() {
   std::set<QWidget *> reached;
@@ -74,20 +91,21 @@ private slots:
 
   void EveryControlHasAName() {
     Scene scene;
-    int controls = 0;
-    for (QWidget *const widget : scene.window().findChildren<QWidget *>()) {
-      if (!isControl(*widget) || isOfQt(*widget) ||
-          widget->window() != &scene.window())
-        continue;
-      ++controls;
-      QVERIFY2(
-          !nameOf(*widget).isEmpty(),
-          qPrintable(
-              QString("%1 in %2")
-                  .arg(widget->metaObject()->className(),
-                       widget->parentWidget()->metaObject()->className())));
-    }
-    QVERIFY(controls > 100);
+    const int ofDesign = controlsOf(scene);
+    QVERIFY(ofDesign > 100);
+    QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("zeldebug.toml")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.write("design = \"" TEST_BOARD "\"\n") > 0);
+    file.close();
+    Scene ofProject(file.fileName().toStdString());
+    QVERIFY(controlsOf(ofProject) > ofDesign);
+    auto *const box = scene::named<QComboBox>(ofProject.window(),
+                                              QStringLiteral("Where changes "
+                                                             "go"));
+    QVERIFY(box != nullptr);
+    ofProject.field("connection");
+    QVERIFY(reachedByTabulator().count(box) == 1);
   }
 
   void TheNameOfAControlIsTheLabelOfItsSetting() {

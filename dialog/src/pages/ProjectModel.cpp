@@ -14,16 +14,16 @@ QString nameOfFile(const std::string &path) {
   return QFileInfo(shown(path)).fileName();
 }
 
-QString said(const char *text) {
+QString layerWord(const char *text) {
   return QCoreApplication::translate("Layers", text);
 }
 
 QString probeNamed(const QString &name) {
-  return said(QT_TRANSLATE_NOOP("Layers", "probe %1")).arg(name);
+  return layerWord(QT_TRANSLATE_NOOP("Layers", "probe %1")).arg(name);
 }
 
 QString profileNamed(const QString &name) {
-  return said(QT_TRANSLATE_NOOP("Layers", "profile %1")).arg(name);
+  return layerWord(QT_TRANSLATE_NOOP("Layers", "profile %1")).arg(name);
 }
 
 ChangeTarget optionFilesAlone() {
@@ -150,8 +150,8 @@ QString layerOf(const SaidSetting &one) {
   if (const QString profile = behind("profile:", layer); !profile.isEmpty())
     return profileNamed(profile);
   return layer == std::string("local")
-             ? said(QT_TRANSLATE_NOOP("Layers", "local file"))
-             : said(QT_TRANSLATE_NOOP("Layers", "project file"));
+             ? layerWord(QT_TRANSLATE_NOOP("Layers", "local file"))
+             : layerWord(QT_TRANSLATE_NOOP("Layers", "project file"));
 }
 
 } // namespace ZelDebugDialog::dialog

@@ -134,8 +134,7 @@ void MainWindow::makeMissingBanner() {
 
 void MainWindow::makeMenus() {
   fileMenu = menuBar()->addMenu(tr("&File"));
-  QAction *const openAction =
-      fileMenu->addAction(tr("&Open…"));
+  QAction *const openAction = fileMenu->addAction(tr("&Open…"));
   openAction->setShortcut(QKeySequence::Open);
   connect(openAction, &QAction::triggered, this, &MainWindow::askForDesign);
   recentMenu = fileMenu->addMenu(tr("&Recent designs"));

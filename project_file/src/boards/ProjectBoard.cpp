@@ -40,7 +40,8 @@ Content contentOf(const Project &project, const Board &board,
 }
 
 template <class Named>
-void addNames(const std::vector<Named> &list, std::vector<std::string> &names) {
+void addNamesOf(const std::vector<Named> &list,
+                std::vector<std::string> &names) {
   for (const Named &one : list)
     if (std::find(names.begin(), names.end(), one.name) == names.end())
       names.push_back(one.name);
@@ -248,16 +249,16 @@ std::vector<ProjectFault> ProjectBoard::Warnings() const {
 std::vector<std::string> ProjectBoard::Probes() const {
   const Project files = Files();
   std::vector<std::string> names;
-  addNames(files.project.probes, names);
-  addNames(files.local.probes, names);
+  addNamesOf(files.project.probes, names);
+  addNamesOf(files.local.probes, names);
   return names;
 }
 
 std::vector<std::string> ProjectBoard::Profiles() const {
   const Project files = Files();
   std::vector<std::string> names;
-  addNames(files.project.profiles, names);
-  addNames(files.local.profiles, names);
+  addNamesOf(files.project.profiles, names);
+  addNamesOf(files.local.profiles, names);
   return names;
 }
 

@@ -10,7 +10,7 @@ namespace ZelDebugDialog::documents {
 
 namespace {
 
-void addText(Json &row, const char *name, const std::string &text) {
+void addSaidText(Json &row, const char *name, const std::string &text) {
   if (!text.empty())
     row[name] = text;
 }
@@ -29,7 +29,7 @@ Json remarksJson(const std::vector<ProjectFault> &remarks) {
     Json row{{"severity", ShowSeverity(one.severity)},
              {"code", one.code},
              {"message", one.message}};
-    addText(row, "setting", one.setting);
+    addSaidText(row, "setting", one.setting);
     addPlace(row, one.place);
     list.push_back(std::move(row));
   }
@@ -101,8 +101,8 @@ Json projectJson(const ProjectBoard &project) {
   Json row{{"file", files.project.file}};
   if (files.local.exists)
     row["local"] = files.local.file;
-  addText(row, "probe", choice.probe.name);
-  addText(row, "profile", choice.profile.name);
+  addSaidText(row, "probe", choice.probe.name);
+  addSaidText(row, "profile", choice.profile.name);
   row["probes"] = project.Probes();
   row["profiles"] = project.Profiles();
   row["warnings"] = remarksJson(project.Warnings());
