@@ -1,5 +1,7 @@
 #include "line/ProjectOptions.h"
 
+#include <cstdlib>
+
 #include <fmt/format.h>
 
 #include <ZelDebugDialog/ProjectFile/ProjectBoard.h>
@@ -135,7 +137,7 @@ LineProject ProjectOptions::open(const DesignOptions &design,
   LineProject line;
   line.file = expectFile(workingFolder);
   line.project = ZelDebugDialog::ReadProject(line.file);
-  line.wishes = ZelDebugDialog::AskEnvironment();
+  line.wishes = ZelDebugDialog::AskEnvironment(std::getenv);
   line.wishes.probe = probe;
   line.wishes.profile = profile;
   line.sources = design;
