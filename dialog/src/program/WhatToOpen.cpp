@@ -1,5 +1,6 @@
 #include "program/WhatToOpen.h"
 
+#include <cstdlib>
 #include <filesystem>
 
 #include "ZelDebugDialog/ProjectFile/ProjectBoard.h"
@@ -22,6 +23,6 @@ WhatToOpen::WhatToOpen(const DesignSources &sources)
     : DesignSources(sources),
       isProject(std::filesystem::path(sources.designFile).extension() ==
                 std::filesystem::path(projectFileName).extension()),
-      wishes(AskEnvironment()) {}
+      wishes(AskEnvironment(std::getenv)) {}
 
 } // namespace ZelDebugDialog::dialog

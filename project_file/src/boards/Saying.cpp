@@ -1,5 +1,7 @@
 #include "boards/Saying.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
@@ -13,17 +15,17 @@ namespace project {
 namespace {
 
 bool isAt(const ProjectPlace &place, const ProjectTable &table) {
-  for (const ProjectValue &value : table.values)
-    if (value.place.line == place.line && value.place.column == place.column)
-      return true;
-  return false;
+  return std::any_of(table.values.begin(), table.values.end(),
+                     [&place](const ProjectValue &value) {
+                       return value.place.line == place.line &&
+                              value.place.column == place.column;
+                     });
 }
 
 bool isAt(const ProjectPlace &place, const ProjectBlock &block) {
-  for (const ProjectTable &table : block)
-    if (isAt(place, table))
-      return true;
-  return false;
+  return std::any_of(
+      block.begin(), block.end(),
+      [&place](const ProjectTable &table) { return isAt(place, table); });
 }
 
 std::string layerOf(const Project &files, const ProjectPlace &place) {

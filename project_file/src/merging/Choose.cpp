@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstdlib>
 
 #include <fmt/format.h>
 
@@ -17,11 +16,6 @@ using namespace project;
 
 constexpr const char *probeVariable = "ZELDEBUG_PROBE";
 constexpr const char *profileVariable = "ZELDEBUG_PROFILE";
-
-std::string environmentOf(const char *name) {
-  const char *const value = std::getenv(name);
-  return value == nullptr ? "" : value;
-}
 
 /// Of a probe or a profile, all that can be chosen and who chooses.
 struct Question {
@@ -84,10 +78,14 @@ ProjectChosen choose(const Question &question,
 
 } // namespace
 
-ProjectWishes AskEnvironment() {
+ProjectWishes AskEnvironment(char *(*lookUp)(const char *)) {
+  const auto valueOf = [lookUp](const char *name) {
+    const char *const value = lookUp(name);
+    return value == nullptr ? std::string() : std::string(value);
+  };
   ProjectWishes wishes;
-  wishes.environmentProbe = environmentOf(probeVariable);
-  wishes.environmentProfile = environmentOf(profileVariable);
+  wishes.environmentProbe = valueOf(probeVariable);
+  wishes.environmentProfile = valueOf(profileVariable);
   return wishes;
 }
 

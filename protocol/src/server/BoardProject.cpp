@@ -1,6 +1,6 @@
 #include "server/BoardProject.h"
 
-#include <utility>
+#include <cstdlib>
 
 #include <ZelDebugDialog/ProjectFile/ProjectBoard.h>
 
@@ -28,7 +28,7 @@ Fault faultOf(const FaultyProject &faulty) {
 }
 
 ProjectWishes wishesOf(const Parameters &given) {
-  ProjectWishes wishes = AskEnvironment();
+  ProjectWishes wishes = AskEnvironment(std::getenv);
   wishes.probe = given.optionalText("probe");
   wishes.profile = given.optionalText("profile");
   return wishes;
@@ -36,7 +36,7 @@ ProjectWishes wishesOf(const Parameters &given) {
 
 class OpenProject : public BoardProject {
 public:
-  explicit OpenProject(ProjectBoard opened) : project(std::move(opened)) {}
+  explicit OpenProject(const ProjectBoard &opened) : project(opened) {}
 
   Json json() const override { return documents::projectJson(project); }
   unsigned version() const override { return project.Version(); }

@@ -1,5 +1,7 @@
 #include "line/ProjectOptions.h"
 
+#include <cstdlib>
+
 #include <fmt/format.h>
 
 #include <ZelDebugDialog/ProjectFile/ProjectBoard.h>
@@ -186,7 +188,8 @@ LineProject ProjectOptions::open(const DesignOptions &design,
 }
 
 ZelDebugDialog::ProjectWishes ProjectOptions::wishes() const {
-  ZelDebugDialog::ProjectWishes wishes = ZelDebugDialog::AskEnvironment();
+  ZelDebugDialog::ProjectWishes wishes =
+      ZelDebugDialog::AskEnvironment(std::getenv);
   wishes.probe = probe;
   wishes.profile = profile;
   return wishes;

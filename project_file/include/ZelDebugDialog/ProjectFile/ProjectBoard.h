@@ -5,8 +5,9 @@
 // board's design stays alive as long as it is used. Any thread may use it;
 // changes take turns.
 //
-//   ProjectBoard project(ReadProject("zeldebug.toml"), board,
-//   AskEnvironment()); Session session(board, "cpu0"); project.Start(session);
+//   ProjectBoard project(ReadProject("zeldebug.toml"), board);
+//   Session session(board, "cpu0");
+//   project.Start(session);
 //   for (const SaidSetting &one : project.Said("cpu0").settings)
 //     tell(one.value.setting, one.layer, one.value.place);
 #ifndef ZELDEBUGDIALOG_PROJECTFILE_PROJECTBOARD_H
@@ -82,7 +83,10 @@ ZELDEBUGDIALOG_PROJECTFILE_API void ReadTarget(const std::string &text,
                                                ProjectEdit &edit);
 
 /// What the environment chooses.
-ZELDEBUGDIALOG_PROJECTFILE_API ProjectWishes AskEnvironment();
+/// @param lookUp  `std::getenv`, which is for the program to call: no other
+///   thread may change the environment meanwhile
+ZELDEBUGDIALOG_PROJECTFILE_API ProjectWishes
+AskEnvironment(char *(*lookUp)(const char *));
 
 /// The folder of the option files of a project.
 ZELDEBUGDIALOG_PROJECTFILE_API std::string
