@@ -66,7 +66,7 @@ void addExplainCommand(CommandLine &line) {
       "zeldebug explain 'connect lc hdu -debugdevice devicenr 1'\n"
       "  zeldebug explain cpu0",
       [options, &line](Output &output) {
-        const std::string folder = line.workingFolder();
+        const std::string &folder = line.workingFolder();
         if (!options->project.takeProcessorAlone(options->text, folder))
           return run(options->text, output);
         const LineProject project =
