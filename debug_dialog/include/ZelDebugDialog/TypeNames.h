@@ -21,9 +21,11 @@ inline constexpr std::string_view ppcControllerType = "ppc_jtag_link";
 inline constexpr std::string_view lumacoreTypeName = "lumacore";
 /// A Cortex-A9, which needs none at all.
 inline constexpr std::string_view cortexA9TypeName = "soc_cortexa9";
-/// Cores that a debug module or the controller leads to.
+/// A PowerPC 405, which the controller leads to.
 inline constexpr std::string_view ppc405TypeName = "ppc405_core";
+/// A PowerPC 440, the same.
 inline constexpr std::string_view ppc440TypeName = "ppc440_core";
+/// A Cortex-R5, which no walk through a design lists.
 inline constexpr std::string_view cortexR5TypeName = "soc_cortexr5";
 /// All processors.
 inline constexpr std::array<std::string_view, 5> processorTypeNames{

@@ -228,6 +228,7 @@ public:
   /// place of the defaults, as long as nothing is saved: `Revert` comes back to
   /// them, and where nothing has been done yet, they are there now. That is no
   /// change, and nothing that can be undone.
+  /// @param other   of the same processor
   /// @param origin  where those that are not the defaults come from
   void StartAs(const Session &other, const std::string &origin);
 

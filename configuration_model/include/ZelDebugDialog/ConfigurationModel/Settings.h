@@ -111,6 +111,7 @@ ReadSetting(std::string_view id, const std::string &text);
 /// the type that the setting has, or a text that a person would type for it.
 /// What the setting has by default is a value.
 /// @param id  also a field of the chain's devices, "chain[].idcode"
+/// @param asked  the value
 /// @throws Refusal (unknownSetting, notSettable, badValue)
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API Value ExpectSetting(std::string_view id,
                                                           const Value &asked);

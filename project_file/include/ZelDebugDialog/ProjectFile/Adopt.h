@@ -32,6 +32,7 @@ struct ProjectSources {
 };
 
 /// A path as a project file says it: relative to its folder.
+/// @param projectFile  path of the project file
 /// @param path  as the process would open it
 ZELDEBUGDIALOG_PROJECTFILE_API std::string
 PathFor(const std::string &projectFile, const std::string &path);
@@ -74,6 +75,10 @@ AdoptProject(const Board &board, const ProjectSources &sources);
 /// What the option files of processors have otherwise than the project says, as
 /// changes of the project: settings of a desk in the local file, others in the
 /// project file.
+/// @param project     as it was read, without errors
+/// @param choice      of the project
+/// @param board       of the project's design
+/// @param processors  names of some of the board's, each once
 /// @param into  where all of it goes instead: its target and profile; null for
 ///   none
 /// @throws Refusal (unknownProcessor; unreadable for an option file that is not

@@ -56,6 +56,9 @@ struct EditedProject {
 
 /// Plans a change and checks what it makes of the files and of the processors
 /// concerned.
+/// @param projectFile  path of the project file
+/// @param edit         the change
+/// @param board        of the project's design
 /// @param wishes  what is chosen beside the files
 /// @throws Refusal (unknownSetting, notSettable, badValue; excluded for a
 ///   setting that is asked for twice; unknownProcessor; badValue for a profile

@@ -40,8 +40,8 @@ struct ProjectChosen {
 
 /// Which probe and which profile count.
 struct ProjectChoice {
-  ProjectChosen probe;
-  ProjectChosen profile;
+  ProjectChosen probe;   ///< Its name is empty where there is none.
+  ProjectChosen profile; ///< The same.
 };
 
 /// Project, local file, environment, line: the last one that says something.
@@ -75,9 +75,9 @@ struct DroppedValue {
 
 /// Everything that counts for a processor.
 struct MergedProcessor {
-  std::string processor;
-  std::vector<MergedValue> values; ///< In the order of `GetSettings`.
-  std::vector<DroppedValue> dropped;
+  std::string processor;             ///< Its instance name.
+  std::vector<MergedValue> values;   ///< In the order of `GetSettings`.
+  std::vector<DroppedValue> dropped; ///< Those of other cables.
 
   /// @return null if no source says anything of a setting
   ZELDEBUGDIALOG_PROJECTFILE_API const MergedValue *
@@ -86,15 +86,17 @@ struct MergedProcessor {
 
 /// Merges the sources for one processor: the block of the project, the probe,
 /// the profile, the block of the local file, the line.
-/// @param project  without errors
-/// @param line     settings of the command line
+/// @param project    without errors
+/// @param choice     of the project
+/// @param processor  of the board of its design
+/// @param line       settings of the command line
 ZELDEBUGDIALOG_PROJECTFILE_API MergedProcessor
 MergeProject(const Project &project, const ProjectChoice &choice,
              const BoardProcessor &processor, const SettingValues &line = {});
 
 /// A merged value that the command does not bring back.
 struct ProjectLoss {
-  Loss loss;
+  Loss loss;             ///< As the session tells it.
   ProjectPlace place;    ///< Of the value.
   std::string displacer; ///< The setting of a higher source; empty: it is lost.
 };
@@ -109,6 +111,9 @@ struct AppliedProject {
 };
 
 /// Makes the merged values the settings of a session, from its defaults.
+/// @param project  without errors
+/// @param merged   as `MergeProject` has merged them
+/// @param board    of the project's design
 /// @param session  of the processor; afterwards it has them, but for those that
 ///   are displaced, where the command is the same without them
 ZELDEBUGDIALOG_PROJECTFILE_API AppliedProject

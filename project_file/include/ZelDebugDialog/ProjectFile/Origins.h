@@ -32,12 +32,14 @@ ShowOrigin(const ProjectPlace &place);
 /// Every setting of a configuration, with its origin: "default", "design", or
 /// as of `ShowOrigin`. What follows from another setting has the origin of that
 /// one: the type of a connection, and a chain's devices each their own.
+/// @param merged   what the session was made of
 /// @param session  as `ApplyProject` leaves it; not refused
 ZELDEBUGDIALOG_PROJECTFILE_API CommandSettings
 ShowProject(const MergedProcessor &merged, const Session &session);
 
 /// The settings that the option file has otherwise, `saved` of the file. What
 /// the command does not carry is no difference. None where there is no file.
+/// @param board    of the session
 /// @param session  as `ApplyProject` leaves it; not refused
 ZELDEBUGDIALOG_PROJECTFILE_API std::vector<Difference>
 CompareWithOptionFile(const Board &board, const Session &session);

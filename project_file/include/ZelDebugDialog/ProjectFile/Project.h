@@ -147,6 +147,8 @@ ZELDEBUGDIALOG_PROJECTFILE_API Project
 ReadProject(const std::string &projectFile);
 
 /// The same of texts, as they would stand in the files.
+/// @param projectFile  path that the project file would have
+/// @param project      its text
 /// @param local  none: there is no local file
 ZELDEBUGDIALOG_PROJECTFILE_API Project
 ReadProjectTexts(const std::string &projectFile, const std::string &project,

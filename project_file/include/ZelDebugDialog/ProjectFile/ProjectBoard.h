@@ -45,7 +45,7 @@ public:
 
 /// What the files say of a setting of one processor.
 struct SaidSetting {
-  ProjectValue value;
+  ProjectValue value; ///< With the place that it stands at.
   /// "project" and "local" for what stands in no probe and no profile, else
   /// "probe:NAME" or "profile:NAME"; the place says in which file.
   std::string layer;
@@ -97,7 +97,9 @@ class ProjectBoardState;
 /// A board of a project. Copies are the same.
 class ZELDEBUGDIALOG_PROJECTFILE_API ProjectBoard {
 public:
+  /// @param project  as it was read
   /// @param board  with the design and the option folder that the files name
+  /// @param wishes  what is chosen beside the files
   /// @throws FaultyProject; Refusal (badValue) for a probe or a profile of
   ///   `wishes` that is none
   ProjectBoard(const Project &project, const Board &board,
@@ -137,6 +139,7 @@ public:
   WrittenProject Write(Session &session, ProjectEdit edit);
   /// Takes what the option files of processors have otherwise than the files
   /// say into the files, and takes the option files for written as they are.
+  /// @param processors  names of some of the board's
   /// @param into  its target and profile; null: what belongs to a desk goes to
   ///   the local file, the rest to the project file
   /// @return one a file that is concerned

@@ -76,6 +76,9 @@ struct SyncRun {
 /// say. Where something is refused or would be lost, nothing is written at all
 /// without `force`.
 /// @param project  without errors, also none of `CheckProject`
+/// @param choice   of the project
+/// @param board    of the project's design and folder
+/// @param options  which processors, and how
 /// @throws Refusal (unknownProcessor; fileSystem, noFolder for the folder)
 ZELDEBUGDIALOG_PROJECTFILE_API SyncRun
 SyncProject(const Project &project, const ProjectChoice &choice,
