@@ -99,8 +99,11 @@ function(zeldebugdialog_unity_options target)
             AND CMAKE_CURRENT_SOURCE_DIR MATCHES "^${PROJECT_SOURCE_DIR}/(tests|fuzz)")
         set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
     endif()
-    # A local name may be that of something in the source before.
-    target_compile_options(${target} PRIVATE -Wno-shadow)
+    # A local name may be that of something in the source before; and a class of a
+    # source, which is not the one that is compiled, may have members of a type
+    # that is its own.
+    target_compile_options(${target} PRIVATE -Wno-shadow
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     if(NOT CMAKE_CXX_CLANG_TIDY)
         return()
     endif()
