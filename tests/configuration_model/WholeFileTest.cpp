@@ -1,4 +1,5 @@
 // A file that is written is there wholly or not at all.
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -123,6 +124,42 @@ TEST_F(WholeFileTest, IsAlwaysOneOfThoseThatWriteIt) {
   first.join();
   second.join();
   EXPECT_EQ(names(), std::vector<std::string>{"table"});
+}
+
+TEST_F(WholeFileTest, WhoHasTheLockIsAlone) {
+  const std::string file = at("table");
+  fs::create_symlink("table", at("link"));
+  const auto refusalOfLock = [](const std::string &path) {
+    try {
+      const FileLock lock(path, std::chrono::seconds(0));
+    } catch (const Refusal &refusal) {
+      return std::string(ShowKind(refusal.kind));
+    }
+    return std::string();
+  };
+  EXPECT_EQ(refusalOfLock(at("none/file")), "no-folder");
+  EXPECT_EQ(refusalOfLock(""), "no-regular-file");
+  {
+    const FileLock lock(file);
+    EXPECT_TRUE(fs::exists(at(".table.lock")));
+    EXPECT_EQ(refusalOfLock(file), "file-system");
+    EXPECT_EQ(refusalOfLock(at("link")), "no-regular-file");
+    EXPECT_EQ(refusalOfLock(at("other")), "");
+    EXPECT_TRUE(WriteWholeFile(lock, "new", ExistingFile::refuse));
+    EXPECT_FALSE(WriteWholeFile(lock, "new", ExistingFile::refuse));
+    EXPECT_THROW(WriteWholeFile(lock, "other", ExistingFile::refuse), Refusal);
+    EXPECT_EQ(contentOf(file), "new");
+    EXPECT_EQ(refusalOfLock(at("link")), "file-system");
+    EXPECT_TRUE(WriteWholeFile(lock, "other", ExistingFile::replace));
+  }
+  EXPECT_EQ(contentOf(file), "other");
+  EXPECT_EQ(names().size(), 2U);
+  EXPECT_EQ(refusalOfLock(at("link")), "");
+}
+
+TEST_F(WholeFileTest, TheLockOfAHiddenFileHasOneDot) {
+  const FileLock lock(at(".table"));
+  EXPECT_EQ(names(), std::vector<std::string>{".table.lock"});
 }
 
 } // namespace

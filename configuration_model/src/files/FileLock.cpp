@@ -21,8 +21,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A save takes milliseconds: whoever takes longer has been stopped.
-constexpr auto longestWait = std::chrono::seconds(20);
 constexpr auto pause = std::chrono::milliseconds(5);
 
 // What most file systems allow, less the ending and the dot in front.
@@ -54,8 +52,9 @@ int waitForLock(int descriptor, std::chrono::steady_clock::time_point end) {
 
 } // namespace
 
-FileLock::FileLock(const fs::path &file) : path(besideFile(file, ".lock")) {
-  const auto end = std::chrono::steady_clock::now() + longestWait;
+FileLock::FileLock(const fs::path &file, std::chrono::seconds patience)
+    : path(besideFile(file, ".lock")) {
+  const auto end = std::chrono::steady_clock::now() + patience;
   for (;;) {
     descriptor.emplace(path, O_RDWR | O_CREAT | O_NOFOLLOW, 0666);
     if (!descriptor->isOpen())
@@ -77,7 +76,8 @@ fs::path besideFile(const fs::path &file, const char *ending) {
   if (name.size() > longestName)
     name = fmt::format("{}~{:x}", name.substr(0, longestName - 20),
                        std::hash<std::string>()(name));
-  return file.parent_path() / ("." + name + ending);
+  const bool isHidden = !name.empty() && name.front() == '.';
+  return file.parent_path() / ((isHidden ? "" : ".") + name + ending);
 }
 
 void refuseKind(RefusalKind kind, const fs::path &file,

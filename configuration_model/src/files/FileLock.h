@@ -2,6 +2,7 @@
 #ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_FILELOCK_H
 #define ZELDEBUGDIALOG_CONFIGURATIONMODEL_FILES_FILELOCK_H
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -16,9 +17,11 @@ namespace ZelDebugDialog::model {
 /// behind is in nobody's way.
 class FileLock {
 public:
-  /// Waits for whoever has it, some seconds at most.
+  /// Waits for whoever has it; a save takes milliseconds: whoever takes longer
+  /// than some seconds has been stopped.
   /// @throws Refusal (noFolder, fileSystem)
-  explicit FileLock(const std::filesystem::path &file);
+  explicit FileLock(const std::filesystem::path &file,
+                    std::chrono::seconds patience = std::chrono::seconds(20));
   ~FileLock();
   FileLock(const FileLock &) = delete;
   FileLock &operator=(const FileLock &) = delete;
@@ -28,7 +31,8 @@ private:
   std::optional<FileDescriptor> descriptor;
 };
 
-/// The name of a file beside another one, short enough for the file system.
+/// The name of a file beside another one: hidden, and short enough for the file
+/// system.
 std::filesystem::path besideFile(const std::filesystem::path &file,
                                  const char *ending);
 

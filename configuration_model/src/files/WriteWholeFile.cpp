@@ -20,17 +20,41 @@ bool holds(const fs::path &file, const std::string &text) {
                                        std::istreambuf_iterator<char>());
 }
 
+/// The file that a name leads to, behind links; or none, which may be made.
+fs::path targetOf(const std::string &path) {
+  if (path.empty() || path.find('\0') != std::string::npos)
+    model::refuseKind(RefusalKind::noRegularFile, path, "is no name of a file");
+  fs::path target = model::behindLinks(fs::absolute(path));
+  model::expectReplaceable(target, true);
+  return target;
+}
+
 } // namespace
 
 bool WriteWholeFile(const std::string &path, const std::string &text,
                     ExistingFile existing) {
-  if (path.empty() || path.find('\0') != std::string::npos)
-    model::refuseKind(RefusalKind::noRegularFile, path, "is no name of a file");
-  const fs::path target = model::behindLinks(fs::absolute(path));
+  return !holds(targetOf(path), text) &&
+         WriteWholeFile(FileLock(path), text, existing);
+}
+
+struct FileLock::Held {
+  fs::path target;
+  model::FileLock lock;
+};
+
+FileLock::FileLock(const std::string &file, std::chrono::seconds patience) {
+  const fs::path target = targetOf(file);
+  held.reset(new Held{target, model::FileLock(target, patience)});
+}
+
+FileLock::~FileLock() = default;
+
+bool WriteWholeFile(const FileLock &lock, const std::string &text,
+                    ExistingFile existing) {
+  const fs::path &target = lock.held->target;
   model::expectReplaceable(target, true);
   if (holds(target, text))
     return false;
-  const model::FileLock lock(target);
   if (existing == ExistingFile::refuse && fs::exists(target))
     model::refuseKind(RefusalKind::fileExists, target,
                       "there is a file of that name");
