@@ -3,6 +3,7 @@
 
 #include "ZelDebugDialog/ProjectFile/Edit.h"
 #include "project_file/ProjectTest.h"
+#include "support/FileSizeLimit.h"
 
 namespace {
 
@@ -240,6 +241,38 @@ TEST_F(Editing, DoesNotWriteOverWhatSomebodyElseWrote) {
   EXPECT_THAT(work.read("zeldebug.toml"), testing::EndsWith("# theirs\n"));
   for (const auto &entry : std::filesystem::directory_iterator(work.path()))
     EXPECT_NE(entry.path().filename().string().front(), '.') << entry.path();
+}
+
+TEST_F(Editing, NeitherFileStaysChangedWhenTheOtherCannotBeWritten) {
+  work.write("zeldebug.toml", head);
+  const auto planned = [&](const std::string &name,
+                           const std::optional<std::string> &before,
+                           const std::string &after) {
+    EditedProject edited;
+    edited.file = (work.path() / name).string();
+    edited.before = before;
+    edited.after = after;
+    return edited;
+  };
+  const EditedProject large = planned(
+      "zeldebug.toml", head, std::string(head) + std::string(1'000, '#'));
+  const auto refusal = [&](const EditedProject &local) {
+    const support::FileSizeLimit limit(500);
+    return model_test::refusalOf([&] { WriteProjectFiles({large, local}); });
+  };
+  const std::string noRoom =
+      "file-system: " + large.file +
+      ": it could not be written whole: no space left, or a limit on the size "
+      "of files";
+  EXPECT_EQ(refusal(planned("zeldebug.local.toml", {}, "# new\n")), noRoom);
+  EXPECT_EQ(work.read("zeldebug.toml"), head);
+  EXPECT_FALSE(std::filesystem::exists(work.path() / "zeldebug.local.toml"));
+
+  work.write("zeldebug.local.toml", "# old\n");
+  EXPECT_EQ(refusal(planned("zeldebug.local.toml", "# old\n", "# new\n")),
+            noRoom);
+  EXPECT_EQ(work.read("zeldebug.toml"), head);
+  EXPECT_EQ(work.read("zeldebug.local.toml"), "# old\n");
 }
 
 } // namespace

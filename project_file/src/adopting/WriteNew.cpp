@@ -2,12 +2,12 @@
 #include <utility>
 #include <vector>
 
+#include "ZelDebugDialog/ConfigurationModel/Files.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Adopt.h"
 #include "ZelDebugDialog/ProjectFile/Project.h"
 #include "files/ReadFile.h"
-#include "files/WriteFile.h"
 
 namespace ZelDebugDialog {
 
@@ -54,7 +54,7 @@ void ignore(const fs::path &file, const std::vector<std::string> &lines) {
     after += line + lineEnd;
   }
   if (after != before)
-    writeFile(file, after);
+    WriteWholeFile(file.string(), after, ExistingFile::replace);
 }
 
 } // namespace
@@ -75,13 +75,16 @@ void WriteNewProject(const std::string &projectFile,
       expectNone(file.string());
   };
   expectNoFile();
-  const Lock lock(lockOf(projectFile));
+  const FileLock lock(projectFile);
   expectNoFile();
   ignore(folder / ".gitignore", {localFile.filename().string(), "etc/"});
   std::vector<fs::path> written;
   try {
     for (const auto &[file, text] : files) {
-      writeFile(file, *text);
+      if (file == projectFile)
+        WriteWholeFile(lock, *text, ExistingFile::refuse);
+      else
+        WriteWholeFile(file.string(), *text, ExistingFile::refuse);
       written.push_back(file);
     }
   } catch (const Refusal &) {

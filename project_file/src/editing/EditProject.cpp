@@ -1,16 +1,17 @@
 #include "ZelDebugDialog/ProjectFile/Edit.h"
 
 #include <algorithm>
-#include <memory>
+#include <filesystem>
+#include <map>
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/ConfigurationModel/Files.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "editing/EditText.h"
 #include "editing/WantedValues.h"
 #include "editing/WrittenValue.h"
 #include "files/ReadFile.h"
-#include "files/WriteFile.h"
 #include "merging/Sources.h"
 #include "reading/Faults.h"
 #include "reading/FileReader.h"
@@ -394,6 +395,19 @@ private:
   Path table;
 };
 
+/// What was there before a change that is not to stay alone.
+void putBack(const EditedProject &edited, const FileLock &lock) {
+  try {
+    if (edited.before)
+      WriteWholeFile(lock, *edited.before, ExistingFile::replace);
+    else
+      std::filesystem::remove(edited.file);
+  } catch (const std::exception &) {
+    // The reason for it is told, which is why this fails as well.
+    return;
+  }
+}
+
 } // namespace
 
 EditedProject EditProject(const std::string &projectFile,
@@ -412,19 +426,32 @@ EditProjectFiles(const std::string &projectFile,
 void WriteProject(const EditedProject &edited) { WriteProjectFiles({edited}); }
 
 void WriteProjectFiles(const std::vector<EditedProject> &files) {
-  std::vector<std::unique_ptr<Lock>> locks;
-  for (const EditedProject &edited : files) {
-    locks.push_back(std::make_unique<Lock>(lockOf(edited.file)));
-    if (findFile(edited.file) == edited.before)
+  // Two programs that write the same files take their locks in one order.
+  std::map<std::string, const EditedProject *> inOrder;
+  for (const EditedProject &edited : files)
+    inOrder.emplace(edited.file, &edited);
+  std::map<std::string, FileLock> locks;
+  for (const auto &[file, edited] : inOrder) {
+    locks.try_emplace(file, file);
+    if (findFile(file) == edited->before)
       continue;
-    Refusal refusal(RefusalKind::changedOnDisk, ShowText(edited.file),
+    Refusal refusal(RefusalKind::changedOnDisk, ShowText(file),
                     "it has changed on disk since it was read");
-    refusal.file = edited.file;
+    refusal.file = file;
     throw refusal;
   }
-  for (const EditedProject &edited : files)
-    if (edited.before != edited.after)
-      writeFile(edited.file, edited.after);
+  std::vector<const EditedProject *> written;
+  try {
+    for (const auto &[file, edited] : inOrder)
+      if (edited->before != edited->after) {
+        WriteWholeFile(locks.at(file), edited->after, ExistingFile::replace);
+        written.push_back(edited);
+      }
+  } catch (const Refusal &) {
+    for (const EditedProject *const edited : written)
+      putBack(*edited, locks.at(edited->file));
+    throw;
+  }
 }
 
 } // namespace ZelDebugDialog

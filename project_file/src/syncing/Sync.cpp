@@ -1,17 +1,19 @@
 #include "ZelDebugDialog/ProjectFile/Sync.h"
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <memory>
 #include <set>
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/ConfigurationModel/Files.h"
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Origins.h"
 #include "files/ReadFile.h"
-#include "files/WriteFile.h"
+#include "merging/Sources.h"
 #include "reading/Faults.h"
 #include "syncing/Remembered.h"
 
@@ -23,8 +25,9 @@ namespace {
 
 using namespace project;
 
-constexpr std::string_view optionFront = "kvo_";
-constexpr std::string_view optionEnding = ".opt";
+// A thousand processors are synchronized in seconds: whoever takes longer has
+// been stopped.
+constexpr auto longestWait = std::chrono::seconds(60);
 
 /// Makes the folders up to that of the option files, and takes those that it
 /// made away again if nothing came into them.
@@ -77,11 +80,10 @@ public:
   SyncRun run() {
     expectProcessors();
     std::unique_ptr<MadeFolders> made;
-    std::unique_ptr<Lock> lock;
+    std::unique_ptr<FileLock> lock;
     if (writes) {
       made = std::make_unique<MadeFolders>(folder);
-      lock = std::make_unique<Lock>(folder /
-                                    (std::string(rememberedName) + ".lock"));
+      lock = std::make_unique<FileLock>(rememberedFile(), longestWait);
     }
     remember();
     for (const BoardProcessor &processor : board.Processors())
@@ -93,7 +95,7 @@ public:
                  (!task.result.lost.empty() && !options.force);
         });
     if (writes && !(isBlocked && !options.force)) {
-      write();
+      write(*lock);
       run_.isDone = true;
     }
     warnOfStale();
@@ -213,7 +215,7 @@ private:
            task.result.outcome == SyncOutcome::updated;
   }
 
-  void write() {
+  void write(const FileLock &lock) {
     for (const bool isForced : {false, true}) {
       std::vector<Session *> sessions;
       std::vector<Task *> written;
@@ -238,7 +240,7 @@ private:
         now[task.result.processor] = *task.result.command;
     const std::string text = writtenRemembered(now);
     if (rememberedText != text && !(now.empty() && !rememberedText))
-      writeFile(rememberedFile(), text);
+      WriteWholeFile(lock, text, ExistingFile::replace);
   }
 
   /// What the file system refuses, it refuses of the option file.
@@ -261,17 +263,14 @@ private:
     std::set<std::string> names;
     for (const BoardProcessor &processor : board.Processors())
       names.insert(fs::path(board.FileOf(processor.name)).filename().string());
+    const std::string anyOptionFile =
+        fs::path(board.FileOf("?*")).filename().string();
     std::set<std::string> stale;
     std::error_code error;
     for (fs::directory_iterator entry(folder, error), end;
          !error && entry != end; entry.increment(error)) {
       const std::string name = entry->path().filename().string();
-      const bool isOptionFile =
-          name.size() > optionFront.size() + optionEnding.size() &&
-          name.compare(0, optionFront.size(), optionFront) == 0 &&
-          name.compare(name.size() - optionEnding.size(), optionEnding.size(),
-                       optionEnding) == 0;
-      if (isOptionFile && names.count(name) == 0)
+      if (matches(anyOptionFile, name) && names.count(name) == 0)
         stale.insert((folder / name).string());
     }
     for (const std::string &file : stale)
@@ -326,8 +325,8 @@ const char *ShowOutcome(SyncOutcome outcome) {
 void RememberOptionFiles(const Board &board,
                          const std::vector<std::string> &processors) {
   const fs::path folder = board.Folder().empty() ? "." : board.Folder();
-  const Lock lock(folder / (std::string(rememberedName) + ".lock"));
   const std::string file = (folder / rememberedName).string();
+  const FileLock lock(file, longestWait);
   const auto before = findFile(file);
   Remembered texts = readRemembered(before.value_or("")).texts;
   for (const std::string &processor : processors)
@@ -335,7 +334,7 @@ void RememberOptionFiles(const Board &board,
       texts[processor] = *text;
   const std::string after = writtenRemembered(texts);
   if (before != after)
-    writeFile(file, after);
+    WriteWholeFile(lock, after, ExistingFile::replace);
 }
 
 SyncRun SyncProject(const Project &project, const ProjectChoice &choice,
