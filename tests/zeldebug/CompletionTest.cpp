@@ -156,6 +156,25 @@ TEST_F(ShellTest, BashCompletes) {
   EXPECT_FALSE(folder.exists("touched"));
 }
 
+TEST_F(ShellTest, BashTakesTheQuotesOffWordsOfAnyLength) {
+  EXPECT_EQ(answerOf("bash", "bash", R"(source completion
+text=
+for ((length = 0; length < 330; length++)); do
+  printf -v escaped %q "$text"
+  single="'${text//\'/\'\\\'\'}'"
+  double=${text//\\/\\\\} double=${double//\"/\\\"}
+  for word in "$escaped" "$single" "\"${double//\$/\\\$}\""; do
+    _zeldebug_unquote "$word"
+    [[ $unquoted == "$text" ]] || echo "$word"
+  done
+  next="connect lc 'hdu' \\\\ \"\$x\" "
+  text+=${next:length % ${#next}:1}
+done
+echo "${#text} $text" | cut -c 1-32
+)"),
+            "330 connect lc 'hdu' \\\\ \"$x\" con\n");
+}
+
 #ifdef ZELDEBUG_ZSH
 /// The shell's own functions for completion need a terminal; what they would be
 /// told is printed.

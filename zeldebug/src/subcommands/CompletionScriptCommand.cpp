@@ -27,24 +27,35 @@ struct Shell {
 constexpr std::array<Shell, 3> shells{{
     {"bash", R"(# zeldebug completion for bash
 _zeldebug_unquote() {
-  local rest=$1 quote='' char
+  local left=$1 part plain quote=''
   unquoted=''
-  if [[ $rest == '~' || $rest == '~/'* ]]; then
-    unquoted=$HOME rest=${rest:1}
+  if [[ $left == '~' || $left == '~/'* ]]; then
+    unquoted=$HOME left=${left:1}
   fi
-  while [[ -n $rest ]]; do
-    char=${rest:0:1} rest=${rest:1}
-    case $quote$char in
-    \' | \") quote=$char ;;
-    \'\' | \"\") quote='' ;;
-    \\ | \"\\)
-      if [[ -z $quote || $rest == [\$\`\"\\]* ]]; then
-        char=${rest:0:1} rest=${rest:1}
-      fi
-      unquoted+=$char
-      ;;
-    *) unquoted+=$char ;;
-    esac
+  # Taking something off costs the length of what is left: in short parts.
+  while [[ -n $left ]]; do
+    part=${left:0:99} left=${left:99}
+    while [[ $part == *\\ && -n $left ]]; do
+      part+=${left:0:1} left=${left:1}
+    done
+    while [[ -n $part ]]; do
+      case $quote in
+      \') plain=${part%%\'*} ;;
+      \") plain=${part%%[\"\\]*} ;;
+      *) plain=${part%%[\'\"\\]*} ;;
+      esac
+      unquoted+=$plain part=${part:${#plain}}
+      [[ -n $part ]] || break
+      case $quote${part:0:1} in
+      \'\' | \"\") quote='' part=${part:1} ;;
+      \' | \") quote=${part:0:1} part=${part:1} ;;
+      \\) unquoted+=${part:1:1} part=${part:2} ;;
+      \"\\)
+        [[ $part == \\[\$\`\"\\]* ]] && part=${part:1}
+        unquoted+=${part:0:1} part=${part:1}
+        ;;
+      esac
+    done
   done
 }
 _zeldebug() {
