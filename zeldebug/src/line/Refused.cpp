@@ -1,6 +1,8 @@
 #include "line/Refused.h"
 
 #include <array>
+#include <filesystem>
+#include <system_error>
 
 #include <fmt/format.h>
 
@@ -38,9 +40,12 @@ ExitStatus statusOf(RefusalKind kind) {
 /// What a person can do about it with this program.
 const char *adviceFor(const Refusal &refusal) {
   switch (refusal.kind) {
-  case RefusalKind::noFolder:
-    return refusal.problem == "there is no such folder" ? " (--mkdir makes it)"
-                                                        : "";
+  case RefusalKind::noFolder: {
+    std::error_code ignored;
+    return std::filesystem::exists(refusal.file, ignored)
+               ? ""
+               : " (--mkdir makes it)";
+  }
   case RefusalKind::changedOnDisk:
   case RefusalKind::readOnly:
     return " (--force writes it all the same)";
