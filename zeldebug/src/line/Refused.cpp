@@ -42,9 +42,9 @@ const char *adviceFor(const Refusal &refusal) {
   switch (refusal.kind) {
   case RefusalKind::noFolder: {
     std::error_code ignored;
-    return std::filesystem::exists(refusal.file, ignored)
-               ? ""
-               : " (--mkdir makes it)";
+    // A link to nothing is something: no folder can be made there.
+    const auto there = std::filesystem::symlink_status(refusal.file, ignored);
+    return std::filesystem::exists(there) ? "" : " (--mkdir makes it)";
   }
   case RefusalKind::changedOnDisk:
   case RefusalKind::readOnly:
