@@ -87,8 +87,9 @@ ProjectFault lossWarning(const MergedProcessor &merged,
   warning.severity = ProjectSeverity::warning;
   warning.code = one.loss.code;
   warning.setting = one.loss.field;
-  warning.message = fmt::format("for '{}' it would not survive: {}",
-                                ShowText(merged.processor), one.loss.reason);
+  warning.message =
+      fmt::format("'{}' of '{}' would not survive: {}", one.loss.field,
+                  ShowText(merged.processor), one.loss.reason);
   return warning;
 }
 
