@@ -12,6 +12,7 @@ namespace zeldebug {
 
 namespace {
 
+using ZelDebugDialog::AppliedProject;
 using ZelDebugDialog::DroppedValue;
 using ZelDebugDialog::MergedProcessor;
 using ZelDebugDialog::MergedValue;
@@ -44,11 +45,14 @@ std::string originAt(const ProjectPlace &place) {
   return printable(ShowOrigin(place));
 }
 
-Failure refusedAt(const ZelDebugDialog::Refusal &refusal,
-                  const ProjectPlace &place) {
+Failure refusedAt(const AppliedProject &applied) {
+  const ZelDebugDialog::Refusal &refusal = *applied.refusal;
+  const ProjectPlace &place = applied.place;
+  // Of a connection, the code of its loss.
   return {ExitStatus::refused,
           fmt::format("{}: {}", shownPlace(place), refusal.problem),
-          {ShowKind(refusal.kind),
+          {applied.lost.empty() ? ShowKind(refusal.kind)
+                                : applied.lost.front().loss.code,
            refusal.setting,
            {},
            refusal.accepted,
