@@ -409,6 +409,36 @@ echo "ended with $?"
   EXPECT_THAT(text("out"), HasSubstr("lumacore_0  updated  "));
 }
 
+TEST_F(ProjectTest, WatchingSeesEveryFileOfTheLibraries) {
+  folder.write("elsewhere/catalog.ipxact", "<none/>\n");
+  folder.write("zeldebug.toml",
+               "design = \"hw/board.xml\"\n"
+               "library = [\"hw\", \"elsewhere/catalog.ipxact\"]\n");
+  folder.write("watch.sh", R"sh(
+again() {
+  before=$(grep -c waiting err)
+  eval "$1"
+  for i in $(seq 100); do
+    if [ "$(grep -c waiting err)" -gt "$before" ]; then return 0; fi
+    sleep 0.1
+  done
+  echo "nothing after: $1"
+}
+touch err
+program=$1
+again '"$program" sync lumacore_0 --watch > out 2> err &'
+again 'echo "<none />" > elsewhere/catalog.ipxact'
+again 'echo "<none/>" > hw/new.XML'
+kill -INT $!
+wait $!
+echo "ended with $?"
+)sh");
+  const std::string line =
+      "bash watch.sh " + std::string(ZELDEBUG_PROGRAM) + " > told 2>&1";
+  static_cast<void>(std::system(line.c_str()));
+  EXPECT_EQ(text("told"), "ended with 0\n") << text("err");
+}
+
 TEST_F(ProjectTest, CompletionKnowsTheProject) {
   project("[probe.lab]\nesn = \"1\"\n[profile.slow.settings]\n");
   const auto complete = [this](std::vector<std::string> words) {

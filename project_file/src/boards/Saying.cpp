@@ -64,7 +64,7 @@ ProjectFault droppedNote(const std::string &processor,
                          const DroppedValue &one) {
   return noteOf(
       "cable-dropped", one.value.setting, one.value.place,
-      fmt::format("{} is left out: {} chooses another cable",
+      fmt::format("{} is left out: {} names another cable, or none",
                   shownValue(processor, one.value.setting, one.value.value),
                   shownPlace(one.by)));
 }

@@ -66,8 +66,8 @@ void tellLeftOut(const MergedProcessor &merged,
   const std::string &name = merged.processor;
   for (const DroppedValue &one : merged.dropped)
     output.note(
-        fmt::format("{}: {} {} of {} is left out: {} chooses another "
-                    "cable [cable-dropped]",
+        fmt::format("{}: {} {} of {} is left out: {} names another cable, "
+                    "or none [cable-dropped]",
                     name, one.value.setting,
                     shownStored(one.value.setting, one.value.value),
                     shownPlace(one.value.place), shownPlace(one.by)),
