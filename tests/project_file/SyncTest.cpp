@@ -113,6 +113,25 @@ TEST_F(Syncing, ADryRunAndACheckWriteNothing) {
             std::string("same: ") + third);
 }
 
+TEST_F(Syncing, ADryRunIsRefusedWhereTheRunWouldBe) {
+  fs::create_symlink("nowhere", work.path() / "etc/kvo_lc.opt");
+  const std::string refused = "refused, refused: none";
+  EXPECT_EQ(outcome(device3, with(&SyncOptions::dryRun)), refused);
+  EXPECT_EQ(outcome(device3, with(&SyncOptions::check)), refused);
+  EXPECT_EQ(outcome(device3), refused);
+  EXPECT_THAT(names(), ElementsAre("kvo_lc.opt"));
+  // A folder that is missing is made by the run.
+  const Board other = boardIn("a/b/etc");
+  const Project files = read(allowed);
+  const auto created = [&](const SyncRun &run) {
+    return !run.isRefused && run.results[0].outcome == SyncOutcome::created;
+  };
+  EXPECT_TRUE(
+      created(SyncProject(files, {}, other, with(&SyncOptions::dryRun))));
+  EXPECT_FALSE(work.exists("a"));
+  EXPECT_TRUE(created(SyncProject(files, {}, other)));
+}
+
 TEST_F(Syncing, MakesTheFolderAndLeavesNoneBehindForNothing) {
   fs::remove(work.path() / "etc");
   EXPECT_EQ(outcome("[processor.lc]\nconnection = \"vp\"\n"),

@@ -95,9 +95,11 @@ public:
           return !task.result.command ||
                  (!task.result.lost.empty() && !options.force);
         });
-    if (writes && !(isBlocked && !options.force)) {
-      write(*lock);
-      run_.isDone = true;
+    if (!isBlocked || options.force) {
+      save();
+      if (writes)
+        noteWritten(*lock);
+      run_.isDone = writes;
     }
     warnOfStale();
     return finished();
@@ -201,7 +203,8 @@ private:
            task.result.outcome == SyncOutcome::updated;
   }
 
-  void write(const FileLock &lock) {
+  /// What is not to be written is refused all the same where it cannot be.
+  void save() {
     for (const bool isForced : {false, true}) {
       std::vector<Session *> sessions;
       std::vector<Task *> written;
@@ -215,11 +218,15 @@ private:
       SaveOptions how;
       how.reword = true;
       how.force = isForced;
+      how.dryRun = !writes;
       const std::vector<SaveOutcome> outcomes = SaveSessions(sessions, how);
       for (std::size_t at = 0; at < outcomes.size(); ++at)
         if (outcomes[at].refusal)
           refuse(*written[at], *outcomes[at].refusal);
     }
+  }
+
+  void noteWritten(const FileLock &lock) {
     Remembered now = remembered;
     for (const Task &task : tasks)
       if (isWritten(task) || task.result.outcome == SyncOutcome::same)
