@@ -38,6 +38,17 @@ cmake_dependent_option(ZELDEBUGDIALOG_DESIGN_MODEL "The design model"
 option(ZELDEBUGDIALOG_CONFIGURATION_MODEL "The configuration model" ON)
 cmake_dependent_option(ZELDEBUGDIALOG_PROJECT_FILE "The project file"
     ON "ZELDEBUGDIALOG_CONFIGURATION_MODEL" OFF)
+# What the line asks for is not left out in silence; its options have no type yet.
+if(NOT ZELDEBUGDIALOG_DESIGN_MODEL OR NOT ZELDEBUGDIALOG_PROJECT_FILE)
+    get_property(type_of_tool CACHE ZELDEBUGDIALOG_TOOL PROPERTY TYPE)
+    if(ZELDEBUGDIALOG_TOOL AND type_of_tool STREQUAL UNINITIALIZED)
+        message(FATAL_ERROR "The tool needs the design model and the project file")
+    endif()
+    if(PROJECT_IS_TOP_LEVEL AND (ZELDEBUGDIALOG_TOOL OR NOT DEFINED ZELDEBUGDIALOG_TOOL))
+        message(STATUS
+            "The tool is left out: it needs the design model and the project file")
+    endif()
+endif()
 cmake_dependent_option(ZELDEBUGDIALOG_TOOL "The command line tool"
     ${PROJECT_IS_TOP_LEVEL}
     "ZELDEBUGDIALOG_DESIGN_MODEL;ZELDEBUGDIALOG_PROJECT_FILE" OFF)

@@ -963,7 +963,7 @@ private slots:
     QVERIFY(opened.wait(60000));
     scene.window().open(dialog::WhatToOpen(TEST_BOARD));
     QVERIFY(opened.wait(60000));
-    const std::vector<DesignSources> recent = dialog::recentDesigns();
+    const std::vector<dialog::WhatToOpen> recent = dialog::recentDesigns();
     QVERIFY(recent.size() >= 2);
     QCOMPARE(recent[0].designFile, std::string(TEST_BOARD));
     QVERIFY(recent[0].libraryFolders.empty());
@@ -981,14 +981,13 @@ private slots:
   }
 
   void RecentDesignsKeepAllThatTheyWereOpenedWith() {
-    const DesignSources sources{
-        "/b/board.xml", {"/b", "/lib"}, "rtl", "/b/kinds.txt"};
+    const dialog::WhatToOpen sources(
+        DesignSources{"/b/board.xml", {"/b", "/lib"}, "rtl", "/b/kinds.txt"});
     dialog::noteRecentDesign(sources);
-    DesignSources other;
-    other.designFile = "/b/other.xml";
+    dialog::WhatToOpen other("/b/other.xml");
     dialog::noteRecentDesign(other);
     dialog::noteRecentDesign(sources);
-    const std::vector<DesignSources> recent = dialog::recentDesigns();
+    const std::vector<dialog::WhatToOpen> recent = dialog::recentDesigns();
     QCOMPARE(recent[0].designFile, sources.designFile);
     QCOMPARE(recent[0].libraryFolders, sources.libraryFolders);
     QCOMPARE(recent[0].view, sources.view);

@@ -21,6 +21,7 @@
 #include "pages/SettingRow.h"
 #include "pages/SettingsForm.h"
 #include "program/DesignMessages.h"
+#include "program/RecentDesigns.h"
 
 using namespace ZelDebugDialog;
 using scene::Scene;
@@ -71,6 +72,16 @@ public:
 private:
   QTemporaryDir folder;
 };
+
+/// Of the list of those that were opened last. @return whether it is there
+bool chooseRecent(Scene &scene, const QString &name) {
+  for (QAction *const one : scene.window().findChildren<QAction *>())
+    if (one->text().endsWith(name)) {
+      one->trigger();
+      return true;
+    }
+  return false;
+}
 
 const dialog::SettingRow &rowOf(Scene &scene, const std::string &setting) {
   return *scene.page().findChild<dialog::SettingsForm *>()->rowFor(setting);
@@ -335,13 +346,33 @@ private slots:
     scene.action(Operation::save)->trigger();
     QVERIFY(scene.saved("lumacore_0").contains("deviceNr 4"));
     QCOMPARE(files.saved(), QByteArray("none"));
-    for (QAction *const one : scene.window().findChildren<QAction *>())
-      if (one->text().endsWith("zeldebug.toml")) {
-        one->trigger();
-        break;
-      }
+    QVERIFY(chooseRecent(scene, "zeldebug.toml"));
     QVERIFY(opened.wait(patience));
     QCOMPARE(scene.command(), QString(command));
+  }
+
+  void AProjectOfAnyNameIsReopenedAsOne() {
+    const Files files;
+    files.write("board.conf", files.read("zeldebug.toml"));
+    dialog::WhatToOpen what(files.path("board.conf").toStdString());
+    QVERIFY(!what.isProject);
+    what.isProject = true;
+    what.wishes.profile = "slow";
+    Scene scene;
+    QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
+    scene.window().open(what);
+    QVERIFY(opened.wait(patience));
+    QVERIFY(scene.command().contains("frequency 750000"));
+    scene.window().open(dialog::WhatToOpen(TEST_BOARD));
+    QVERIFY(opened.wait(patience));
+    QVERIFY(!scene.command().contains("frequency 750000"));
+    QVERIFY(chooseRecent(scene, "board.conf"));
+    QVERIFY(opened.wait(patience));
+    QVERIFY(scene.command().contains("frequency 750000"));
+    const std::vector<dialog::WhatToOpen> recent = dialog::recentDesigns();
+    QVERIFY(recent.size() >= 2);
+    QVERIFY(recent[0].isProject && !recent[1].isProject);
+    QVERIFY(!recent[1].wishes.profile);
   }
 
   void ProbeAndProfileCanBeAskedFor() {

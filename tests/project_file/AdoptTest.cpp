@@ -120,10 +120,12 @@ TEST_F(Adopting, WritesNothingOverWhatIsThere) {
               testing::StartsWith("file-exists: "));
   EXPECT_EQ(work.read("zeldebug.toml"), "design = \"a\"\n");
   std::filesystem::remove(file);
-  EXPECT_THAT(model_test::refusalOf([&] {
-                WriteNewProject(file, {"x", "y", {}, {}});
-              }),
-              testing::StartsWith("file-exists: "));
+  // A local file that is there would stand over the new one.
+  for (const AdoptedProject &made :
+       {AdoptedProject{"x", "y", {}, {}}, AdoptedProject{"x", {}, {}, {}}})
+    EXPECT_THAT(model_test::refusalOf([&] { WriteNewProject(file, made); }),
+                testing::AllOf(testing::StartsWith("file-exists: "),
+                               HasSubstr("zeldebug.local.toml")));
   EXPECT_FALSE(work.exists("zeldebug.toml"));
 }
 
@@ -172,6 +174,25 @@ TEST_F(AdoptingFiles, WhatDiffersGoesWhereItBelongs) {
   into.target = ProjectTarget::local;
   ASSERT_EQ(edits(project, &into).size(), 1U);
   EXPECT_EQ(edits(project, &into)[0].values.size(), 2U);
+}
+
+TEST_F(AdoptingFiles, WhatTakesADesksValueAwayBelongsToTheDesk) {
+  const std::string cable = "[settings]\ncable.cableType = \"quorla_podusb\"\n";
+  set("lc", {{"cable.cableType", podusb}});
+  const auto taken = [&](const std::string &local) {
+    SettingValues ofDesk;
+    for (const ProjectEdit &one :
+         AdoptOptionFiles(read(cable, local), {}, board, {"lc"}))
+      if (one.target == ProjectTarget::local)
+        ofDesk = one.values;
+    return ofDesk;
+  };
+  EXPECT_EQ(taken("[processor.lc]\ncable.port = \"USB22\"\n"),
+            (SettingValues{{"cable.port", "USB21"}}));
+  EXPECT_EQ(taken("[settings]\ncable.esn = \"0042\"\n"),
+            (SettingValues{{"cable.esn", ""}}));
+  // What belongs to nobody's desk goes where it always does.
+  EXPECT_THAT(taken("[processor.lc]\ndebugDevice = 2\n"), IsEmpty());
 }
 
 TEST_F(AdoptingFiles, WhatIsTakenTogetherIsCheckedTogether) {

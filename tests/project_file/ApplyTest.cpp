@@ -88,12 +88,20 @@ TEST_F(Applying, AConnectionThatIsNotAllowedIsRefusedAtItsPlace) {
   EXPECT_EQ(named.refusal->kind, RefusalKind::notAllowed);
   EXPECT_EQ(project_test::shown(named.place), "zeldebug.toml:3:14");
   EXPECT_FALSE(named.command);
+  ASSERT_EQ(named.lost.size(), 1U);
+  EXPECT_EQ(named.lost[0].loss.code, "connection-mask");
+  EXPECT_EQ(named.lost[0].loss.value, Value("hw"));
+  EXPECT_EQ(shown(named.lost),
+            std::vector<std::string>{"connection at zeldebug.toml:3:14"});
 }
 
 TEST_F(Applying, WhereNobodyNamesAConnectionTheMessageSaysWhichToWrite) {
   const AppliedProject unnamed = apply("", "", "lc_sim");
   ASSERT_TRUE(unnamed.refusal);
   EXPECT_EQ(project_test::shown(unnamed.place), "zeldebug.toml:1:10");
+  ASSERT_EQ(unnamed.lost.size(), 1U);
+  EXPECT_EQ(unnamed.lost[0].loss.code, "connection-mask");
+  EXPECT_EQ(unnamed.lost[0].loss.value, Value("hw"));
   EXPECT_THAT(unnamed.refusal->problem,
               testing::HasSubstr("[processor.lc_sim] connection = \"sim\""));
   EXPECT_FALSE(apply("[processor.lc_sim]\nconnection = \"sim\"\n", "", "lc_sim")

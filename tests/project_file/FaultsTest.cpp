@@ -54,6 +54,8 @@ TEST(Faults, NamesKeysThatAreNone) {
 TEST(Faults, SaysWhatToWriteForSettingsThatFollowFromOthers) {
   expectFaults({
       {"[settings]\nconnectionType = 2", "3:1 unknown-key connection"},
+      {"[settings]\n\"chain[0].partname\" = \"x\"", "3:1 unknown-key chain"},
+      {"[settings]\n\"chain[0]\" = []", "3:1 unknown-key chain"},
       {"[settings]\nstubType = 0", "3:1 unknown-key connection"},
       {"[settings]\ndebugAddressMap = 0", "3:1 unknown-key"},
       {"[settings]\nprocType = 0", "3:1 unknown-key"},

@@ -205,7 +205,15 @@ TEST(Patterns, HaveAStarAndAQuestionMarkAndNoOtherMagic) {
                                          {"a.c", "abc", false},
                                          {"**", "x", true},
                                          {"?*", "x", true},
-                                         {"?*", "", false}})
+                                         {"?*", "", false},
+                                         // A character may have many bytes.
+                                         {"?", "\u00e9", true},
+                                         {"??", "\u00e9", false},
+                                         {"a?c", "a\u4e2dc", true},
+                                         {"a??c", "a\u4e2dc", false},
+                                         {"*?", "\u00e9", true},
+                                         {"*??yb", "\u4e2dyb", false},
+                                         {"*?b", "x\u4e2db", true}})
     EXPECT_EQ(project::matches(row.pattern, row.name), row.isMatch)
         << row.pattern << " " << row.name;
 }

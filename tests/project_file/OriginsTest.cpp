@@ -73,6 +73,14 @@ TEST_F(Origins, TheHighestSourceIsTheOrigin) {
               ElementsAre("debugDevice zeldebug.toml:3:15"));
 }
 
+TEST_F(Origins, TheBaseOfTheAddressMapMovesWithARegion) {
+  EXPECT_THAT(said("[settings]\nicacheStartAdr = 0x70000000\n"),
+              ElementsAre("debugAddressMap zeldebug.toml:3:18",
+                          "icacheStartAdr zeldebug.toml:3:18"));
+  EXPECT_THAT(said("[settings]\ndcacheStartAdr = 0x70000000\n"),
+              ElementsAre("dcacheStartAdr zeldebug.toml:3:18"));
+}
+
 TEST_F(Origins, WhatFollowsHasThePlaceOfWhatItFollowsFrom) {
   EXPECT_THAT(said("[settings]\nconnection = \"sim\"\n"),
               ElementsAre("connection zeldebug.toml:3:14",

@@ -117,6 +117,10 @@ TEST(Finding, GoesUpToTheFirstOne) {
   EXPECT_EQ(FindProject("a/b"),
             (fs::current_path() / "a/zeldebug.toml").string());
   EXPECT_EQ(FindProject("/"), "");
+  // Behind a link, what is above the folder that it leads to.
+  fs::create_directory(top + "/elsewhere");
+  fs::create_directory_symlink(top + "/a/b", top + "/elsewhere/link");
+  EXPECT_EQ(FindProject(top + "/elsewhere/link"), top + "/a/zeldebug.toml");
 }
 
 TEST(Finding, NamesTheLocalFile) {

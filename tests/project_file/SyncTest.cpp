@@ -113,6 +113,25 @@ TEST_F(Syncing, ADryRunAndACheckWriteNothing) {
             std::string("same: ") + third);
 }
 
+TEST_F(Syncing, ADryRunIsRefusedWhereTheRunWouldBe) {
+  fs::create_symlink("nowhere", work.path() / "etc/kvo_lc.opt");
+  const std::string refused = "refused, refused: none";
+  EXPECT_EQ(outcome(device3, with(&SyncOptions::dryRun)), refused);
+  EXPECT_EQ(outcome(device3, with(&SyncOptions::check)), refused);
+  EXPECT_EQ(outcome(device3), refused);
+  EXPECT_THAT(names(), ElementsAre("kvo_lc.opt"));
+  // A folder that is missing is made by the run.
+  const Board other = boardIn("a/b/etc");
+  const Project files = read(allowed);
+  const auto created = [&](const SyncRun &run) {
+    return !run.isRefused && run.results[0].outcome == SyncOutcome::created;
+  };
+  EXPECT_TRUE(
+      created(SyncProject(files, {}, other, with(&SyncOptions::dryRun))));
+  EXPECT_FALSE(work.exists("a"));
+  EXPECT_TRUE(created(SyncProject(files, {}, other)));
+}
+
 TEST_F(Syncing, MakesTheFolderAndLeavesNoneBehindForNothing) {
   fs::remove(work.path() / "etc");
   EXPECT_EQ(outcome("[processor.lc]\nconnection = \"vp\"\n"),
@@ -165,6 +184,9 @@ TEST_F(Syncing, RefusesAProcessorThatIsNone) {
   EXPECT_EQ(model_test::refusalOf([&] { sync("", options); }),
             "unknown-processor: 'dsp' is no processor that can be debugged; "
             "accepted are 'lc', 'ppc405', 'ppc440', 'lc_sim', 'a9'");
+  options.processors = {"lc", "r5"};
+  EXPECT_THAT(model_test::refusalOf([&] { sync("", options); }),
+              testing::StartsWith("not-debuggable: 'r5' cannot be debugged: "));
 }
 
 TEST(Remembering, ReadsWhatItWrites) {
@@ -173,10 +195,54 @@ TEST(Remembering, ReadsWhatItWrites) {
   EXPECT_EQ(writtenRemembered(texts), "a.b\tconnect x\ty\nc\t\n");
   EXPECT_EQ(readRemembered(writtenRemembered(texts)).texts, texts);
   EXPECT_THAT(readRemembered("").problem, IsEmpty());
-  for (const char *const text :
-       {"a", "a\tb", "\tb\n", "a\n", "a\tb\na\tc\n", "\n"})
+  for (const char *const text : {"a", "a\tb", "\tb\n", "a\n", "a\tb\na\tc\n",
+                                 "\n", "a\t\t\\x\n", "a\t\t\\\n"})
     EXPECT_FALSE(readRemembered(text).problem.empty()) << text;
-  EXPECT_EQ(writtenRemembered({{"a\tb", "c"}, {"d", "e\nf"}}), "");
+  EXPECT_EQ(writtenRemembered({{"a\tb", "c"}, {"d\n", "e"}, {"", "f"}}), "");
+}
+
+TEST(Remembering, ATextThatIsNoLineIsMadeOne) {
+  using namespace ZelDebugDialog::project;
+  struct Row {
+    std::string text;
+    const char *line;
+  };
+  for (const Row &row :
+       {Row{"connect\n", "\tconnect\\n"}, Row{"a\r\n", "\ta\r\\n"},
+        Row{"a\nb\\c\n", "\ta\\nb\\\\c\\n"}, Row{"\ta", "\t\ta"},
+        Row{std::string("a\0b", 3), "\ta\\0b"},
+        // As it stands: "a backslash is no escape" and a tab further back.
+        Row{"a\\nb", "a\\nb"}, Row{"a\tb", "a\tb"}}) {
+    const Remembered texts{{"lc", row.text}};
+    EXPECT_EQ(writtenRemembered(texts), std::string("lc\t") + row.line + "\n");
+    EXPECT_EQ(readRemembered(writtenRemembered(texts)).texts, texts)
+        << row.line;
+  }
+}
+
+TEST_F(Syncing, WhatIsTakenForWrittenMayEndItsLine) {
+  outcome(device3);
+  // As an editor leaves it.
+  save(std::string(fourth) + "\n");
+  EXPECT_EQ(outcome(device3),
+            "conflict, refused: " + std::string(fourth) + "\n");
+  RememberOptionFiles(board, {"lc"});
+  EXPECT_EQ(outcome(device4), std::string("updated: ") + fourth);
+  EXPECT_EQ(outcome(device4), std::string("same: ") + fourth);
+}
+
+TEST_F(Syncing, OfAFileThatCannotBeReadNobodyKnowsWhatDiffers) {
+  save("connect nowhere");
+  SyncOptions options;
+  options.processors = {"lc"};
+  const SyncRun run = sync(device3, options);
+  EXPECT_EQ(run.results[0].outcome, SyncOutcome::conflict);
+  EXPECT_THAT(run.results[0].differences, IsEmpty());
+  EXPECT_EQ(run.results[0].message, open().Problem());
+  EXPECT_FALSE(run.results[0].message.empty());
+  EXPECT_EQ(saved(), "connect nowhere");
+  EXPECT_EQ(outcome(device3, with(&SyncOptions::force)),
+            std::string("updated: ") + third);
 }
 
 } // namespace

@@ -10,7 +10,8 @@ import sys
 
 
 def main(page, example):
-    for file in pathlib.Path("etc").iterdir():
+    for file in (*pathlib.Path("etc").iterdir(),
+                 *pathlib.Path(".").glob("zeldebug*.toml")):
         file.unlink()
     outcome = doctest.testfile(page, module_relative=False)
     if outcome.attempted == 0 or outcome.failed:

@@ -117,13 +117,73 @@ TEST_F(AdoptCommandTest, AllOfItGoesWhereTheLineSays) {
   EXPECT_EQ(again.err, "zeldebug: note: the project says it already\n");
 }
 
+TEST_F(AdoptCommandTest, WhatAnEditorHasSavedIsTakenForGood) {
+  project("");
+  EXPECT_EQ(run({"sync"}).status, 0);
+  // An editor ends the line.
+  const std::string changed =
+      "connect lc hdu -debugdevice deviceNr 5 cpunr 1\n";
+  save("lumacore_0", changed);
+  EXPECT_EQ(syncOne({}, 1)["outcome"], "conflict");
+  EXPECT_EQ(run({"adopt", "lumacore_0"}).status, 0);
+  EXPECT_EQ(syncOne({"--dry-run"})["outcome"], "updated");
+  EXPECT_EQ(syncOne()["outcome"], "updated");
+  EXPECT_EQ(saved("lumacore_0") + "\n", changed);
+  EXPECT_EQ(syncOne({"--check"})["outcome"], "same");
+}
+
+TEST_F(AdoptCommandTest, ASerialNumberThatIsGoneIsGoneFromTheLocalFile) {
+  project("[settings]\ncable.cableType = \"quorla_podusb\"\n");
+  local("[processor.lumacore_0]\ncable.esn = \"0042\"\n");
+  EXPECT_EQ(run({"sync", "lumacore_0"}).status, 0);
+  save("lumacore_0", "connect lc hdu -cable type quorla_podusb port USB21 "
+                     "frequency 6000000 -debugdevice cpunr 1");
+  const Result run = this->run({"adopt", "lumacore_0"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.err, Not(HasSubstr("overridden")));
+  EXPECT_EQ(text("zeldebug.local.toml"),
+            "[processor.lumacore_0]\ncable.esn = \"\"\n");
+  EXPECT_EQ(syncOne({"--check"})["outcome"], "same");
+}
+
+TEST_F(AdoptCommandTest, NothingIsLeftOfAProjectThatCannotBeWritten) {
+  Surroundings surroundings;
+  // Enough for the lines of .gitignore, not for the project.
+  surroundings.fileSizeLimit = 40;
+  for (const bool isThere : {false, true}) {
+    if (isThere)
+      folder.write(".gitignore", "build/\n");
+    EXPECT_EQ(this->run({"init", "hw/board.xml"}, surroundings).status, 1);
+    EXPECT_FALSE(fs::exists("zeldebug.toml"));
+    EXPECT_EQ(fs::exists(".gitignore"), isThere);
+  }
+  EXPECT_EQ(text(".gitignore"), "build/\n");
+}
+
+TEST_F(AdoptCommandTest, ADesignMakesNoSecondProject) {
+  project("");
+  const Result run = this->run({"adopt", "hw/board.xml"});
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err,
+            "zeldebug: error: 'hw/board.xml' is no processor: adopt takes "
+            "option files of processors into zeldebug.toml, which is there "
+            "already; with --no-project it makes a project of DESIGN\n");
+}
+
 TEST_F(AdoptCommandTest, WrongUse) {
   EXPECT_EQ(run({"adopt"}).status, 2);
   EXPECT_EQ(run({"adopt", "hw/board.xml", "--into", "local"}).status, 2);
   EXPECT_EQ(run({"adopt", "hw/board.xml", "lumacore_0"}).status, 2);
   project("");
   EXPECT_EQ(run({"adopt"}).status, 2);
-  EXPECT_EQ(run({"adopt", "lumacore_9"}).status, 2);
+  Result unknown = run({"adopt", "lumacore_9"});
+  EXPECT_EQ(unknown.status, 2);
+  EXPECT_EQ(unknown.err,
+            "zeldebug: error: 'lumacore_9' is no processor that can be "
+            "debugged; did you mean 'lumacore_0'?\n");
+  unknown = run({"adopt", "r5_0"});
+  EXPECT_EQ(unknown.status, 1);
+  EXPECT_THAT(unknown.err, HasSubstr("'r5_0' cannot be debugged: "));
   json failure =
       runJson({"adopt", "lumacore_0", "--into", "locl"}, 2)["failure"];
   EXPECT_EQ(failure["option"], "--into");

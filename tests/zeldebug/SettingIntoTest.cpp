@@ -121,6 +121,20 @@ TEST_F(SettingIntoTest, ADryRunWritesNothing) {
             "dry-run");
 }
 
+TEST_F(SettingIntoTest, OfRunsAtOnceAllCount) {
+  project("");
+  std::vector<std::vector<std::string>> lines;
+  const std::vector<std::string> names{"lumacore_0", "lumacore_1", "ppc405_0",
+                                       "ppc440_0"};
+  for (const std::string &name : names)
+    lines.push_back({"set", name, "--debug-device", "3", "--into", "local"});
+  for (const Result &result : runAtOnce(lines, [] {}))
+    EXPECT_EQ(result.status, 0) << result.err;
+  for (const std::string &name : names)
+    EXPECT_THAT(text("zeldebug.local.toml"),
+                HasSubstr("[processor." + name + "]\ndebugDevice = 3\n"));
+}
+
 TEST_F(SettingIntoTest, AllGoToTheTableOfAll) {
   project("");
   const Result run = set({"--all", "--cable", "none", "--into", "local"});
@@ -133,7 +147,8 @@ TEST_F(SettingIntoTest, AllGoToTheTableOfAll) {
   const Result refused =
       set({"--all", "--debug-device", "3", "--into", "local"});
   EXPECT_EQ(refused.status, 1);
-  EXPECT_THAT(refused.err, HasSubstr("for 'lumacore_2' it would not survive"));
+  EXPECT_THAT(refused.err, HasSubstr("--debug-device: 'debugDevice' of "
+                                     "'lumacore_2' would not survive: "));
   EXPECT_EQ(text("zeldebug.local.toml"),
             "[settings]\ncable.cableType = \"none\"\n");
 }

@@ -186,10 +186,12 @@ TEST_F(ProjectTest, WrongUseNamesWhatToDo) {
   EXPECT_THAT(run.err, HasSubstr("did you mean 'lumacore_0'?"));
   json failure = runJson({"sync", "--probe", "lb"}, 2)["failure"];
   EXPECT_EQ(failure["option"], "--probe");
+  EXPECT_EQ(failure["code"], "unknown-probe");
   EXPECT_EQ(failure["suggestion"], "lab");
   setenv("ZELDEBUG_PROFILE", "slow", 1);
   failure = runJson({"sync"}, 2)["failure"];
   EXPECT_EQ(failure["option"], "ZELDEBUG_PROFILE");
+  EXPECT_EQ(failure["code"], "unknown-profile");
   // The line stands over it.
   EXPECT_EQ(this->run({"sync", "--profile", "none"}).status, 0);
   EXPECT_FALSE(fs::exists("zeldebug.local.toml"));
@@ -218,15 +220,50 @@ TEST_F(ProjectTest, ProbeAndProfileOfTheLineCount) {
               HasSubstr(" esn 0042"));
 }
 
+TEST_F(ProjectTest, AConnectionThatIsNotAllowedHasItsCode) {
+  project("[processor.lumacore_1]\nconnection = \"stub-jtag\"\n");
+  const json document = runJson({"sync", "lumacore_1"}, 1);
+  EXPECT_EQ(document["results"][0]["outcome"], "refused");
+  EXPECT_EQ(document["results"][0]["lost"][0]["field"], "connection");
+  EXPECT_EQ(document["results"][0]["lost"][0]["origin"], "zeldebug.toml:5:14");
+  EXPECT_EQ(document["warnings"][0]["code"], "connection-mask");
+  EXPECT_EQ(document["warnings"][0]["setting"], "connection");
+  EXPECT_EQ(document["warnings"][0]["line"], 5);
+  // Once, and that nothing is written.
+  EXPECT_EQ(document["warnings"].size(), 2U);
+  for (const char *const subcommand : {"show", "explain", "command"}) {
+    const json failure = runJson({subcommand, "lumacore_1"}, 1)["failure"];
+    EXPECT_EQ(failure["code"], "connection-mask") << subcommand;
+    EXPECT_EQ(failure["line"], 5) << subcommand;
+  }
+}
+
+TEST_F(ProjectTest, AnOptionFileThatCannotBeReadIsAConflictWithoutDifferences) {
+  project(lumacore0 + "3\n");
+  save("lumacore_0", "connect nowhere");
+  const Result run = this->run({"sync", "lumacore_0"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("lumacore_0: etc/kvo_lumacore_0.opt stays: "));
+  EXPECT_THAT(run.err, HasSubstr("; --force writes over it\n"));
+  EXPECT_THAT(run.out, testing::EndsWith("etc/kvo_lumacore_0.opt\n"));
+  EXPECT_THAT(run.out, Not(HasSubstr("in the file")));
+  const json document = runJson({"show", "lumacore_0"});
+  EXPECT_EQ(document["differences"], nullptr);
+  EXPECT_THAT(document["warnings"][0]["message"].get<std::string>(),
+              HasSubstr("etc/kvo_lumacore_0.opt: "));
+  EXPECT_EQ(syncOne({"--force"})["outcome"], "updated");
+}
+
 TEST_F(ProjectTest, ARefusalOfOneWritesNothingOfAny) {
   folder.write("zeldebug.toml", "design = \"hw/board.xml\"\n");
   const Result run = this->run({"sync"});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err,
               HasSubstr("zeldebug: error: lumacore_2: zeldebug.toml:1:10: "));
-  EXPECT_THAT(run.err,
-              HasSubstr("[processor.lumacore_2] connection = \"sim\""));
-  EXPECT_THAT(run.err, HasSubstr("zeldebug: error: nothing is written\n"));
+  EXPECT_THAT(
+      run.err,
+      HasSubstr("[processor.lumacore_2] connection = \"sim\" "
+                "[connection-mask]\nzeldebug: error: nothing is written\n"));
   EXPECT_FALSE(fs::exists("etc"));
   const json document = runJson({"sync"}, 1);
   EXPECT_EQ(document["results"][4]["instanceName"], "lumacore_2");
@@ -370,6 +407,36 @@ echo "ended with $?"
   EXPECT_EQ(text("told"), "ended with 0\n") << text("err");
   EXPECT_THAT(text("out"), HasSubstr("lumacore_0  created  "));
   EXPECT_THAT(text("out"), HasSubstr("lumacore_0  updated  "));
+}
+
+TEST_F(ProjectTest, WatchingSeesEveryFileOfTheLibraries) {
+  folder.write("elsewhere/catalog.ipxact", "<none/>\n");
+  folder.write("zeldebug.toml",
+               "design = \"hw/board.xml\"\n"
+               "library = [\"hw\", \"elsewhere/catalog.ipxact\"]\n");
+  folder.write("watch.sh", R"sh(
+again() {
+  before=$(grep -c waiting err)
+  eval "$1"
+  for i in $(seq 100); do
+    if [ "$(grep -c waiting err)" -gt "$before" ]; then return 0; fi
+    sleep 0.1
+  done
+  echo "nothing after: $1"
+}
+touch err
+program=$1
+again '"$program" sync lumacore_0 --watch > out 2> err &'
+again 'echo "<none />" > elsewhere/catalog.ipxact'
+again 'echo "<none/>" > hw/new.XML'
+kill -INT $!
+wait $!
+echo "ended with $?"
+)sh");
+  const std::string line =
+      "bash watch.sh " + std::string(ZELDEBUG_PROGRAM) + " > told 2>&1";
+  static_cast<void>(std::system(line.c_str()));
+  EXPECT_EQ(text("told"), "ended with 0\n") << text("err");
 }
 
 TEST_F(ProjectTest, CompletionKnowsTheProject) {

@@ -362,11 +362,11 @@ void MainWindow::askForFolder() {
 
 void MainWindow::fillRecent() {
   recentMenu->clear();
-  const std::vector<DesignSources> recent = recentDesigns();
-  for (const DesignSources &one : recent) {
+  const std::vector<WhatToOpen> recent = recentDesigns();
+  for (const WhatToOpen &one : recent) {
     QString text = QDir::toNativeSeparators(shown(one.designFile));
     connect(recentMenu->addAction(text.replace(u'&', QLatin1String("&&"))),
-            &QAction::triggered, this, [this, one] { open(WhatToOpen(one)); });
+            &QAction::triggered, this, [this, one] { open(one); });
   }
   recentMenu->setEnabled(!recent.empty());
 }

@@ -7,6 +7,7 @@
 #include "ZelDebugDialog/ProjectFile/Adopt.h"
 #include "files/ReadFile.h"
 #include "merging/Applicable.h"
+#include "merging/Processors.h"
 #include "reading/DeskSettings.h"
 #include "reading/Keys.h"
 
@@ -15,23 +16,6 @@ namespace ZelDebugDialog {
 namespace {
 
 using namespace project;
-
-const BoardProcessor &expectProcessor(const Board &board,
-                                      const std::string &name) {
-  std::vector<std::string> names;
-  for (const BoardProcessor &processor : board.Processors()) {
-    if (processor.name == name)
-      return processor;
-    names.push_back(processor.name);
-  }
-  Refusal refusal(
-      RefusalKind::unknownProcessor, "",
-      fmt::format("'{}' is no processor that can be debugged", ShowText(name)));
-  refusal.value = name;
-  refusal.suggestion = FindNearest(name, names);
-  refusal.accepted = std::move(names);
-  throw refusal;
-}
 
 /// What is saved for a processor.
 /// @throws Refusal (unreadable)
@@ -76,15 +60,19 @@ AdoptOptionFiles(const Project &project, const ProjectChoice &choice,
     ofDesk.processor = name;
     const std::set<std::string> applicable = applicableIn(saved);
     const Value cable = saved.Get(cableType);
+    const Value cableBefore = now.Get(cableType);
     for (const SettingInfo &setting : GetSettings()) {
       if (findAccepted(setting.id) == nullptr ||
           applicable.count(setting.id) == 0)
         continue;
       const Value value = saved.Get(setting.id);
-      if (value == now.Get(setting.id))
+      const Value before = now.Get(setting.id);
+      if (value == before)
         continue;
+      // What takes a desk's value away is said where that one is.
       const bool isLocal =
-          into == nullptr && isOfDesk(setting.id, value, &cable);
+          into == nullptr && (isOfDesk(setting.id, value, &cable) ||
+                              isOfDesk(setting.id, before, &cableBefore));
       (isLocal ? ofDesk : shared).values.emplace_back(setting.id, value);
     }
     for (ProjectEdit *const edit : {&shared, &ofDesk})

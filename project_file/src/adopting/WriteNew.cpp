@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -57,6 +58,19 @@ void ignore(const fs::path &file, const std::vector<std::string> &lines) {
     WriteWholeFile(file.string(), after, ExistingFile::replace);
 }
 
+/// Takes back what was added to a file, or the file.
+void putBack(const fs::path &file, const std::optional<std::string> &before) {
+  try {
+    if (before)
+      WriteWholeFile(file.string(), *before, ExistingFile::replace);
+    else
+      fs::remove(file);
+  } catch (const std::exception &) {
+    // The reason for it is told, which is why this fails as well.
+    return;
+  }
+}
+
 } // namespace
 
 void WriteNewProject(const std::string &projectFile,
@@ -70,14 +84,18 @@ void WriteNewProject(const std::string &projectFile,
     files.emplace_back(localFile, &*adopted.local);
   // What names the others comes last.
   files.emplace_back(projectFile, &adopted.project);
-  const auto expectNoFile = [&files] {
+  const auto expectNoFile = [&files, &localFile] {
     for (const auto &[file, text] : files)
       expectNone(file.string());
+    // One that is there would stand over what is written.
+    expectNone(localFile.string());
   };
   expectNoFile();
   const FileLock lock(projectFile);
   expectNoFile();
-  ignore(folder / ".gitignore", {localFile.filename().string(), "etc/"});
+  const fs::path ignoreFile = folder / ".gitignore";
+  const auto ignoredBefore = findFile(ignoreFile.string());
+  ignore(ignoreFile, {localFile.filename().string(), "etc/"});
   std::vector<fs::path> written;
   try {
     for (const auto &[file, text] : files) {
@@ -91,6 +109,7 @@ void WriteNewProject(const std::string &projectFile,
     std::error_code ignored;
     for (const fs::path &file : written)
       fs::remove(file, ignored);
+    putBack(ignoreFile, ignoredBefore);
     throw;
   }
 }

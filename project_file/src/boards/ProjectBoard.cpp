@@ -10,6 +10,7 @@
 #include "ZelDebugDialog/ProjectFile/Adopt.h"
 #include "ZelDebugDialog/ProjectFile/Sync.h"
 #include "boards/Saying.h"
+#include "merging/Processors.h"
 
 namespace ZelDebugDialog {
 
@@ -75,10 +76,7 @@ public:
         content(contentOf(project, board, wishes)) {}
 
   const BoardProcessor *find(const std::string &name) const {
-    for (const BoardProcessor &one : board.Processors())
-      if (one.name == name)
-        return &one;
-    return nullptr;
+    return project::findProcessor(board, name);
   }
 
   const SaidProcessor &said(const std::string &name) {

@@ -64,7 +64,7 @@ ProjectFault droppedNote(const std::string &processor,
                          const DroppedValue &one) {
   return noteOf(
       "cable-dropped", one.value.setting, one.value.place,
-      fmt::format("{} is left out: {} chooses another cable",
+      fmt::format("{} is left out: {} names another cable, or none",
                   shownValue(processor, one.value.setting, one.value.value),
                   shownPlace(one.by)));
 }
@@ -87,8 +87,9 @@ ProjectFault lossWarning(const MergedProcessor &merged,
   warning.severity = ProjectSeverity::warning;
   warning.code = one.loss.code;
   warning.setting = one.loss.field;
-  warning.message = fmt::format("for '{}' it would not survive: {}",
-                                ShowText(merged.processor), one.loss.reason);
+  warning.message =
+      fmt::format("'{}' of '{}' would not survive: {}", one.loss.field,
+                  ShowText(merged.processor), one.loss.reason);
   return warning;
 }
 

@@ -12,6 +12,7 @@
 #include "editing/WantedValues.h"
 #include "editing/WrittenValue.h"
 #include "files/ReadFile.h"
+#include "merging/Processors.h"
 #include "merging/Sources.h"
 #include "reading/Faults.h"
 #include "reading/FileReader.h"
@@ -156,16 +157,7 @@ private:
     }
     table.emplace_back("processor");
     table.push_back(edit->processor);
-    if (findProcessors().empty()) {
-      Refusal refusal(RefusalKind::unknownProcessor, "",
-                      fmt::format("'{}' is no processor that can be debugged",
-                                  ShowText(edit->processor)));
-      refusal.value = edit->processor;
-      for (const BoardProcessor &processor : board.Processors())
-        refusal.accepted.push_back(processor.name);
-      refusal.suggestion = FindNearest(edit->processor, refusal.accepted);
-      throw refusal;
-    }
+    expectProcessor(board, edit->processor);
   }
 
   [[noreturn]] void refuseProfile(const Project &before) const {
@@ -362,8 +354,9 @@ private:
       return;
     const ProjectLoss &first = applied.lost.front();
     Refusal refusal(RefusalKind::wouldBeLost, first.loss.field,
-                    fmt::format("for '{}' it would not survive: {}",
-                                ShowText(merged.processor), first.loss.reason));
+                    fmt::format("'{}' of '{}' would not survive: {}",
+                                first.loss.field, ShowText(merged.processor),
+                                first.loss.reason));
     refusal.setting = first.loss.field;
     refusal.file = first.place.file;
     refusal.line = first.place.line;

@@ -4,6 +4,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Merge.h"
+#include "merging/Processors.h"
 #include "reading/Faults.h"
 #include "reading/Keys.h"
 #include "toml/Statements.h"
@@ -36,17 +37,11 @@ void setFromDefaults(Session &session, const SettingValues &values) {
     session.Change(values);
 }
 
-const BoardProcessor *find(const Board &board, const std::string &name) {
-  for (const BoardProcessor &processor : board.Processors())
-    if (processor.name == name)
-      return &processor;
-  return nullptr;
-}
-
 /// Where nobody has named a connection and the one that is there by default is
 /// not allowed, nothing in the files is at fault but what is missing there.
 Refusal connectionRefusal(const MergedProcessor &merged, const Board &board) {
-  const BoardProcessor *const processor = find(board, merged.processor);
+  const BoardProcessor *const processor =
+      project::findProcessor(board, merged.processor);
   const std::vector<std::string> allowed = processor == nullptr
                                                ? std::vector<std::string>()
                                                : processor->connections;
@@ -78,6 +73,19 @@ ProjectPlace placeOf(const Project &project, const MergedProcessor &merged,
     return value->value.place;
   return project.project.design ? project.project.design->place
                                 : ProjectPlace{project.project.file, 1, 1};
+}
+
+/// A refused connection is lost as well, and nothing else matters then.
+void loseConnection(const Refusal &refusal, const ProjectPlace &place,
+                    const Session &session, std::vector<ProjectLoss> &lost) {
+  Loss loss;
+  loss.field = connection;
+  loss.value =
+      refusal.value.empty() ? session.Get(connection) : Value(refusal.value);
+  loss.reason = refusal.problem;
+  loss.code = connectionMask;
+  loss.anchor = connectionMask;
+  lost = {{std::move(loss), place, ""}};
 }
 
 bool isOfHigherSource(const MergedProcessor &merged, const std::string &what,
@@ -124,6 +132,7 @@ AppliedProject ApplyProject(const Project &project,
         });
     if (isNotAllowed) {
       refuse(connectionRefusal(merged, board));
+      loseConnection(*applied.refusal, applied.place, session, applied.lost);
       return applied;
     }
     applied.command = session.Command();
@@ -134,10 +143,13 @@ AppliedProject ApplyProject(const Project &project,
     if (session.Command() != *applied.command)
       setFromDefaults(session, valuesOf(merged));
   } catch (const Refusal &refusal) {
-    const bool isUnnamed =
-        merged.Find(connection) == nullptr &&
+    const bool isOfConnection =
+        refusal.kind == RefusalKind::notAllowed &&
         (refusal.setting == connection || refusal.setting == "connectionType");
+    const bool isUnnamed = isOfConnection && merged.Find(connection) == nullptr;
     refuse(isUnnamed ? connectionRefusal(merged, board) : refusal);
+    if (isOfConnection)
+      loseConnection(*applied.refusal, applied.place, session, applied.lost);
   }
   return applied;
 }

@@ -53,10 +53,7 @@ public:
     if (setting.value == setting.defaultValue)
       return byDefault;
     // Not said, and not as it is by default: it came with another one.
-    const MergedValue *const bringer =
-        merged.Find(setting.id.compare(0, cableFront.size(), cableFront) == 0
-                        ? "cable.cableType"
-                        : "connection");
+    const MergedValue *const bringer = bringerOf(setting);
     return bringer == nullptr ? byDefault : ShowOrigin(bringer->value.place);
   }
 
@@ -76,6 +73,19 @@ public:
   }
 
 private:
+  const MergedValue *bringerOf(const SettingState &setting) const {
+    if (setting.id.compare(0, cableFront.size(), cableFront) == 0)
+      return merged.Find(cableType);
+    if (setting.id != GetAddressMap().base)
+      return merged.Find(connection);
+    // It moves with a region.
+    for (const std::string &region : GetAddressMap().regions) {
+      const MergedValue *const said = merged.Find(region);
+      if (said != nullptr && said->value.value == setting.value)
+        return said;
+    }
+    return nullptr;
+  }
   /// What is displaced need not be part of the configuration.
   bool stands(const MergedValue &said) const {
     return session.Get(said.value.setting) == said.value.value;
@@ -124,6 +134,8 @@ std::vector<Difference> CompareWithOptionFile(const Board &board,
   if (!fs::exists(board.FileOf(session.Processor()), error))
     return {};
   const Session disk(board, session.Processor());
+  if (!disk.Problem().empty())
+    return {};
   const std::set<std::string> applicable = applicableIn(session);
   std::vector<Difference> differences;
   for (const SettingInfo &setting : GetSettings()) {

@@ -23,6 +23,15 @@ void addBlock(const ProjectBlock &block, const BoardProcessor &processor,
   }
 }
 
+/// Behind the character at a place.
+std::size_t nextCharacter(const std::string &text, std::size_t at) {
+  do
+    ++at;
+  while (at < text.size() &&
+         (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U);
+  return at;
+}
+
 } // namespace
 
 bool matches(const std::string &pattern, const std::string &name) {
@@ -35,13 +44,16 @@ bool matches(const std::string &pattern, const std::string &name) {
     if (at < pattern.size() && pattern[at] == '*') {
       star = at++;
       behind = place;
-    } else if (at < pattern.size() &&
-               (pattern[at] == '?' || pattern[at] == name[place])) {
+    } else if (at < pattern.size() && pattern[at] == '?') {
+      ++at;
+      place = nextCharacter(name, place);
+    } else if (at < pattern.size() && pattern[at] == name[place]) {
       ++at;
       ++place;
     } else if (star != std::string::npos) {
       at = star + 1;
-      place = ++behind;
+      behind = nextCharacter(name, behind);
+      place = behind;
     } else {
       return false;
     }

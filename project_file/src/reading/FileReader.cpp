@@ -232,20 +232,28 @@ private:
   void addUnknownSetting(const TomlMember &member, const std::string &id,
                          std::string_view front) {
     std::vector<std::string> accepted = acceptedSettings(front);
-    const SettingInfo *const known = FindSetting(id);
-    if (known == nullptr || member.key.find('.') != std::string::npos) {
+    std::vector<std::string> instead = writtenFor(id);
+    const bool isSetting =
+        FindSetting(id) != nullptr && member.key.find('.') == std::string::npos;
+    if (!isSetting && instead.empty()) {
       accepted.emplace_back(unsetKey);
       return faults.addUnknown("unknown-key", member.offset, member.key,
                                front == cableFront ? "no setting of a cable"
                                                    : "no setting",
                                std::move(accepted));
     }
-    std::vector<std::string> instead = writtenFor(id);
-    ProjectFault &fault = faults.add(
-        "unknown-key", member.offset,
-        instead.empty() ? fmt::format("'{}' cannot be set", id)
-                        : fmt::format("'{}' follows from others; write {}", id,
-                                      quotedList(instead)));
+    std::string problem = "cannot be set";
+    if (!instead.empty()) {
+      const bool isPart = id.compare(0, instead[0].size(), instead[0]) == 0 &&
+                          instead.size() == 1 && !isSetting;
+      problem = fmt::format("{}; write {}",
+                            isPart ? "is a part of what is written whole"
+                                   : "follows from others",
+                            quotedList(instead));
+    }
+    ProjectFault &fault =
+        faults.add("unknown-key", member.offset,
+                   fmt::format("'{}' {}", ShowText(id), problem));
     fault.suggestion = instead.size() == 1 ? instead.front() : "";
     fault.accepted = instead.empty() ? std::move(accepted) : std::move(instead);
     fault.setting = id;

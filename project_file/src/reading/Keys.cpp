@@ -89,6 +89,8 @@ std::vector<std::string> writtenFor(std::string_view id) {
       return {row.written};
   if (id == GetAddressMap().base)
     return GetAddressMap().regions;
+  if (startsWith(id, "chain["))
+    return {"chain"};
   return {};
 }
 

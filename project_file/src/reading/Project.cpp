@@ -85,7 +85,10 @@ std::string Project::Directory() const {
 
 std::string FindProject(const std::string &folder) {
   std::error_code error;
-  fs::path at = fs::absolute(folder, error).lexically_normal();
+  // Behind links, what is above is above the folder that they lead to.
+  fs::path at = fs::canonical(folder.empty() ? "." : folder, error);
+  if (error)
+    at = fs::absolute(folder, error).lexically_normal();
   for (;;) {
     const fs::path file = at / projectFileName;
     if (fs::symlink_status(file, error).type() != fs::file_type::not_found &&

@@ -1,5 +1,7 @@
 // What each option file held when it was written last: `.zeldebug-sync`, a line
-// a processor, sorted, with the name, a tab and the text.
+// a processor, sorted, with the name, a tab and the text. A text that is no
+// line has a second tab in front, and in it "\n", "\0" and "\\" as C writes
+// them.
 #ifndef ZELDEBUGDIALOG_PROJECTFILE_SYNCING_REMEMBERED_H
 #define ZELDEBUGDIALOG_PROJECTFILE_SYNCING_REMEMBERED_H
 
@@ -20,7 +22,7 @@ struct ReadRemembered {
 /// @param text  the whole file
 ReadRemembered readRemembered(const std::string &text);
 
-/// What could not be read back is left out: it is a conflict at worst.
+/// A name that could not be read back is left out: it is a conflict at worst.
 std::string writtenRemembered(const Remembered &texts);
 
 } // namespace ZelDebugDialog::project

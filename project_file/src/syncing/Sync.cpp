@@ -13,6 +13,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Origins.h"
 #include "files/ReadFile.h"
+#include "merging/Processors.h"
 #include "merging/Sources.h"
 #include "reading/Faults.h"
 #include "syncing/Remembered.h"
@@ -94,9 +95,11 @@ public:
           return !task.result.command ||
                  (!task.result.lost.empty() && !options.force);
         });
-    if (writes && !(isBlocked && !options.force)) {
-      write(*lock);
-      run_.isDone = true;
+    if (!isBlocked || options.force) {
+      save();
+      if (writes)
+        noteWritten(*lock);
+      run_.isDone = writes;
     }
     warnOfStale();
     return finished();
@@ -104,25 +107,8 @@ public:
 
 private:
   void expectProcessors() const {
-    for (const std::string &name : options.processors) {
-      std::vector<std::string> names;
-      for (const BoardProcessor &processor : board.Processors())
-        names.push_back(processor.name);
-      if (std::find(names.begin(), names.end(), name) != names.end())
-        continue;
-      const std::string nearest = FindNearest(name, names);
-      Refusal refusal(
-          RefusalKind::unknownProcessor, "",
-          fmt::format("'{}' is no processor that can be debugged; {}",
-                      ShowText(name),
-                      nearest.empty()
-                          ? fmt::format("accepted are {}", quotedList(names))
-                          : fmt::format("did you mean '{}'?", nearest)));
-      refusal.value = name;
-      refusal.suggestion = nearest;
-      refusal.accepted = std::move(names);
-      throw refusal;
-    }
+    for (const std::string &name : options.processors)
+      expectProcessor(board, name);
   }
 
   bool isAsked(const std::string &name) const {
@@ -176,6 +162,8 @@ private:
       }
       task.disk = findFile(result.file);
       decide(task, isReadable);
+      if (!isReadable && result.outcome == SyncOutcome::conflict)
+        result.message = task.session->Problem();
       if (task.disk && result.outcome != SyncOutcome::same)
         result.differences = CompareWithOptionFile(board, *task.session);
     } catch (const Refusal &refusal) {
@@ -215,7 +203,8 @@ private:
            task.result.outcome == SyncOutcome::updated;
   }
 
-  void write(const FileLock &lock) {
+  /// What is not to be written is refused all the same where it cannot be.
+  void save() {
     for (const bool isForced : {false, true}) {
       std::vector<Session *> sessions;
       std::vector<Task *> written;
@@ -229,11 +218,15 @@ private:
       SaveOptions how;
       how.reword = true;
       how.force = isForced;
+      how.dryRun = !writes;
       const std::vector<SaveOutcome> outcomes = SaveSessions(sessions, how);
       for (std::size_t at = 0; at < outcomes.size(); ++at)
         if (outcomes[at].refusal)
           refuse(*written[at], *outcomes[at].refusal);
     }
+  }
+
+  void noteWritten(const FileLock &lock) {
     Remembered now = remembered;
     for (const Task &task : tasks)
       if (isWritten(task) || task.result.outcome == SyncOutcome::same)
@@ -256,7 +249,9 @@ private:
     task.result.outcome = refusal.kind == RefusalKind::changedOnDisk
                               ? SyncOutcome::conflict
                               : SyncOutcome::refused;
-    task.result.message = shownProblem(refusal, task.result);
+    task.result.message = task.result.outcome == SyncOutcome::conflict
+                              ? refusal.problem
+                              : shownProblem(refusal, task.result);
   }
 
   void warnOfStale() {

@@ -6,6 +6,7 @@
 
 #include <ZelDebugDialog/ProjectFile/ProjectBoard.h>
 
+#include "line/Refused.h"
 #include "line/WorkingFolder.h"
 #include "output/Place.h"
 #include "output/ProjectFaults.h"
@@ -19,6 +20,7 @@ using ZelDebugDialog::Board;
 using ZelDebugDialog::DesignModel;
 using ZelDebugDialog::Project;
 using ZelDebugDialog::projectFileName;
+using ZelDebugDialog::ProjectWishes;
 
 constexpr const char *group = "The project";
 constexpr const char *commandHead = "connect";
@@ -52,6 +54,21 @@ DesignOptions expectReadable(const Project &project,
   if (project.HasErrors())
     failWithAllFaults(project, sources, output);
   return sources;
+}
+
+/// @throws Failure with the code that a name in a file has
+ZelDebugDialog::ProjectChoice choiceOf(const Project &project,
+                                       const ProjectWishes &wishes) {
+  try {
+    return ChooseProject(project, wishes);
+  } catch (const ZelDebugDialog::Refusal &refusal) {
+    const bool isProbe =
+        refusal.setting == "--probe" || refusal.setting == "ZELDEBUG_PROBE";
+    const Failure failure = failureOf(refusal);
+    FailureDetails about = failure.details();
+    about.code = isProbe ? "unknown-probe" : "unknown-profile";
+    throw Failure(failure.status(), failure.what(), about);
+  }
 }
 
 } // namespace
@@ -167,7 +184,7 @@ DesignOptions ProjectOptions::sourcesFor(const DesignOptions &design,
       ZelDebugDialog::ReadProject(expectFile(workingFolder));
   DesignOptions sources = expectReadable(project, design, output);
   expectNoFaults(project.faults, output);
-  ChooseProject(project, wishes());
+  choiceOf(project, wishes());
   return sources;
 }
 
@@ -183,7 +200,7 @@ LineProject ProjectOptions::open(const DesignOptions &design,
   line.design = line.sources.read(output);
   line.board = std::make_unique<Board>(boardOf(*line.design, line.project));
   expectNoFaults(AllFaults(line.project, *line.board), output);
-  line.choice = ChooseProject(line.project, line.wishes);
+  line.choice = choiceOf(line.project, line.wishes);
   return line;
 }
 

@@ -26,4 +26,22 @@ void expectTarget(const std::string &text, ZelDebugDialog::ProjectEdit &edit) {
   }
 }
 
+bool writeFiles(const std::vector<ZelDebugDialog::EditedProject> &files) {
+  try {
+    WriteProjectFiles(files);
+  } catch (const ZelDebugDialog::Refusal &refusal) {
+    if (refusal.kind != ZelDebugDialog::RefusalKind::changedOnDisk)
+      throw;
+    return false;
+  }
+  return true;
+}
+
+void failOvertaken() {
+  throw Failure(ExitStatus::refused,
+                "somebody else has changed the files of the project meanwhile; "
+                "nothing is written, so do it again",
+                {ShowKind(ZelDebugDialog::RefusalKind::changedOnDisk)});
+}
+
 } // namespace zeldebug

@@ -2,7 +2,9 @@
 #ifndef ZELDEBUG_PROJECTTARGETS_H
 #define ZELDEBUG_PROJECTTARGETS_H
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include <ZelDebugDialog/ProjectFile/Edit.h>
 
@@ -17,6 +19,13 @@ void addTargetOption(Options &options, std::optional<std::string> &value,
 /// Gives `edit` the target of "local", "project" or "profile:NAME".
 /// @throws Failure (wrong use) for anything else
 void expectTarget(const std::string &text, ZelDebugDialog::ProjectEdit &edit);
+
+/// Writes files of a project as they are meant.
+/// @return false where somebody else has written one meanwhile; then none is
+bool writeFiles(const std::vector<ZelDebugDialog::EditedProject> &files);
+
+/// @throws Failure (refused), of files that somebody else writes
+[[noreturn]] void failOvertaken();
 
 } // namespace zeldebug
 

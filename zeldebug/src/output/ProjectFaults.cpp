@@ -12,6 +12,7 @@ namespace zeldebug {
 
 namespace {
 
+using ZelDebugDialog::AppliedProject;
 using ZelDebugDialog::DroppedValue;
 using ZelDebugDialog::MergedProcessor;
 using ZelDebugDialog::MergedValue;
@@ -44,11 +45,14 @@ std::string originAt(const ProjectPlace &place) {
   return printable(ShowOrigin(place));
 }
 
-Failure refusedAt(const ZelDebugDialog::Refusal &refusal,
-                  const ProjectPlace &place) {
+Failure refusedAt(const AppliedProject &applied) {
+  const ZelDebugDialog::Refusal &refusal = *applied.refusal;
+  const ProjectPlace &place = applied.place;
+  // Of a connection, the code of its loss.
   return {ExitStatus::refused,
           fmt::format("{}: {}", shownPlace(place), refusal.problem),
-          {ShowKind(refusal.kind),
+          {applied.lost.empty() ? ShowKind(refusal.kind)
+                                : applied.lost.front().loss.code,
            refusal.setting,
            {},
            refusal.accepted,
@@ -62,8 +66,8 @@ void tellLeftOut(const MergedProcessor &merged,
   const std::string &name = merged.processor;
   for (const DroppedValue &one : merged.dropped)
     output.note(
-        fmt::format("{}: {} {} of {} is left out: {} chooses another "
-                    "cable [cable-dropped]",
+        fmt::format("{}: {} {} of {} is left out: {} names another cable, "
+                    "or none [cable-dropped]",
                     name, one.value.setting,
                     shownStored(one.value.setting, one.value.value),
                     shownPlace(one.value.place), shownPlace(one.by)),

@@ -27,8 +27,8 @@ Json placeJson(const ZelDebugDialog::ProjectPlace &place);
 std::string shownFault(const ZelDebugDialog::ProjectFault &fault);
 
 /// What a processor cannot have of the files.
-Failure refusedAt(const ZelDebugDialog::Refusal &refusal,
-                  const ZelDebugDialog::ProjectPlace &place);
+/// @param applied  refused
+Failure refusedAt(const ZelDebugDialog::AppliedProject &applied);
 
 /// What was said for a processor and is no part of what counts: values of
 /// another cable, and those that others displace.

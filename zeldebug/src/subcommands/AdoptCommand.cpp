@@ -1,4 +1,6 @@
 // adopt: option files that are there become a project, or part of one.
+#include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -155,6 +157,25 @@ void show(const std::vector<Taken> &taken, const LineProject &line,
   table.print(output);
 }
 
+/// A design makes a project, and there is one.
+void expectNoDesign(const std::string &first, const LineProject &line) {
+  std::vector<std::string> names;
+  for (const ZelDebugDialog::BoardProcessor &processor :
+       line.board->Processors())
+    names.push_back(processor.name);
+  std::error_code error;
+  const bool isKnown =
+      std::find(names.begin(), names.end(), first) != names.end();
+  if (isKnown || !std::filesystem::is_regular_file(first, error))
+    return;
+  throw Failure(ExitStatus::wrongUse,
+                fmt::format("'{}' is no processor: adopt takes option files of "
+                            "processors into {}, which is there already; with "
+                            "--no-project it makes a project of DESIGN",
+                            printable(first), printable(line.file)),
+                {"unknown-processor", "PROCESSOR", first, names});
+}
+
 ExitStatus takeInto(const AdoptLine &options, const std::string &folder,
                     Output &output) {
   std::vector<std::string> processors = options.processors;
@@ -168,6 +189,7 @@ ExitStatus takeInto(const AdoptLine &options, const std::string &folder,
   if (options.into)
     expectTarget(*options.into, into.emplace());
   const LineProject line = options.project.open(design, folder, output);
+  expectNoDesign(processors.front(), line);
   const std::vector<ProjectEdit> edits =
       AdoptOptionFiles(line.project, line.choice, *line.board, processors,
                        into ? &*into : nullptr);
@@ -180,7 +202,8 @@ ExitStatus takeInto(const AdoptLine &options, const std::string &folder,
     throw Failure(ExitStatus::refused,
                   "nothing is written, because a warning is a failure with "
                   "--strict");
-  WriteProjectFiles(files);
+  if (!writeFiles(files))
+    failOvertaken();
   RememberOptionFiles(*line.board, processors);
   if (edits.empty())
     output.note("the project says it already");

@@ -277,7 +277,7 @@ void startFrom(const LineProject *project, Session &session) {
                          applied.refusal &&
                          applied.refusal->setting == "connection";
   if (applied.refusal && !isUnnamed)
-    throw refusedAt(*applied.refusal, applied.place);
+    throw refusedAt(applied);
 }
 
 Configured configure(const Board &board, const std::string &processor,

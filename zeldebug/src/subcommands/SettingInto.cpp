@@ -7,6 +7,7 @@
 #include <ZelDebugDialog/ConfigurationModel/Settings.h>
 #include <ZelDebugDialog/ProjectFile/Merge.h>
 
+#include "line/ProjectTargets.h"
 #include "line/Refused.h"
 #include "output/Place.h"
 #include "output/ProjectFaults.h"
@@ -36,6 +37,9 @@ using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::Value;
 
 constexpr const char *option = "--into";
+
+// Each time somebody else has written the file; nobody is so busy for long.
+constexpr int mostAttempts = 50;
 
 /// What the files give a processor.
 struct Wanted {
@@ -88,6 +92,7 @@ private:
   EditedProject planned() const;
   std::vector<const BoardProcessor *> processors() const;
   void look(const BoardProcessor &processor, const EditedProject &edited);
+  void tell(const EditedProject &edited);
   std::vector<Effect> effectsOf(const Session &before,
                                 const Session &after) const;
   bool isAskedFor(const std::string &setting) const;
@@ -234,8 +239,8 @@ void Into::print(const EditedProject &edited) const {
   table.print(output);
 }
 
-ExitStatus Into::run() {
-  const EditedProject edited = planned();
+void Into::tell(const EditedProject &edited) {
+  results.clear();
   for (const BoardProcessor *const processor : processors())
     look(*processor, edited);
   for (const ZelDebugDialog::ProjectFault &warning : edited.warnings)
@@ -244,8 +249,18 @@ ExitStatus Into::run() {
     throw Failure(ExitStatus::refused,
                   "nothing is written, because a warning is a failure with "
                   "--strict");
-  if (!options.dryRun)
-    WriteProject(edited);
+}
+
+ExitStatus Into::run() {
+  EditedProject edited = planned();
+  tell(edited);
+  // Of two runs at once both count.
+  for (int attempt = 1; !options.dryRun && !writeFiles({edited}); ++attempt) {
+    if (attempt == mostAttempts)
+      failOvertaken();
+    edited = planned();
+    tell(edited);
+  }
   tellFile(edited);
   print(edited);
   return ExitStatus::done;

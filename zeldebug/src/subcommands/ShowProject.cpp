@@ -68,12 +68,16 @@ struct Shown {
   MergedProcessor merged;
   Session session;
   AppliedProject applied;
+  std::string problem; ///< why the option file cannot be read
 };
 
 Shown shownFor(const LineProject &line, const std::string &processor,
                const SettingValues &values) {
-  Shown shown{
-      mergedFor(line, processor, values), Session(*line.board, processor), {}};
+  Shown shown{mergedFor(line, processor, values),
+              Session(*line.board, processor),
+              {},
+              {}};
+  shown.problem = shown.session.Problem();
   shown.applied =
       ApplyProject(line.project, shown.merged, *line.board, shown.session);
   return shown;
@@ -85,7 +89,7 @@ SettingValues changedBy(const LineProject &line, const std::string &processor,
                         const AskedSettings &asked) {
   Shown start = shownFor(line, processor, {});
   if (start.applied.refusal)
-    throw refusedAt(*start.applied.refusal, start.applied.place);
+    throw refusedAt(start.applied);
   std::optional<Session> copied;
   if (asked.copyFrom)
     copied =
@@ -117,7 +121,7 @@ SettingValues valuesOf(const LineProject &line, const std::string &processor,
 
 Failure failureOf(const AppliedProject &applied, const AskedSettings &asked) {
   return applied.place.line == 0 ? asked.failureOf(*applied.refusal)
-                                 : refusedAt(*applied.refusal, applied.place);
+                                 : refusedAt(applied);
 }
 
 void tellLost(const Shown &shown, Output &output) {
@@ -133,6 +137,9 @@ void tellLost(const Shown &shown, Output &output) {
 void tell(const Shown &shown, Output &output) {
   tellLeftOut(shown.merged, shown.applied.displaced, output);
   tellLost(shown, output);
+  if (!shown.problem.empty())
+    output.warn(fmt::format("{}: {}: {}", shown.merged.processor,
+                            printable(shown.session.File()), shown.problem));
 }
 
 bool isSaved(const LineProject &line, const std::string &processor) {
@@ -148,7 +155,7 @@ Json jsonOf(const LineProject &line, const Shown &shown) {
   members["instanceName"] = name;
   members["file"] = line.board->FileOf(name);
   members["differences"] =
-      isSaved(line, name)
+      isSaved(line, name) && shown.problem.empty()
           ? differencesJson(CompareWithOptionFile(*line.board, shown.session),
                             shown.merged)
           : Json();
@@ -313,7 +320,7 @@ ExitStatus explainProject(const LineProject &line, const std::string &processor,
   const std::string name = expectProcessor(line, processor).name;
   const Shown shown = shownFor(line, name, {});
   if (shown.applied.refusal)
-    throw refusedAt(*shown.applied.refusal, shown.applied.place);
+    throw refusedAt(shown.applied);
   tell(shown, output);
   const ExplainedCommand command =
       ZelDebugDialog::ExplainCommand(*shown.applied.command);

@@ -76,26 +76,37 @@ private:
       output.warn(fmt::format("{}: {}: does not survive: {}", name,
                               shownPlace(one.place), shownLoss(one.loss)),
                   aboutPlace(one.loss.code, one.loss.field, one.place));
-    if (result.outcome == SyncOutcome::conflict)
+    if (result.outcome != SyncOutcome::conflict)
+      return;
+    if (result.message.empty())
       output.error(fmt::format(
           "{}: {} is not as it was written last, and stays: 'zeldebug adopt "
           "{}' takes it into the project, --force writes over it",
           name, result.file, name));
+    else
+      output.error(fmt::format("{}: {} stays: {}; --force writes over it", name,
+                               result.file, result.message));
   }
 
   void tellRefused(const SyncResult &result) {
-    for (const ProjectLoss &one : result.lost)
-      output.error(fmt::format("{}: {}: would not survive: {}",
-                               result.processor, shownPlace(one.place),
-                               shownLoss(one.loss)),
-                   aboutPlace(one.loss.code, one.loss.field, one.place));
-    if (!result.lost.empty() && result.command)
+    if (result.command && !result.lost.empty()) {
+      for (const ProjectLoss &one : result.lost)
+        output.error(fmt::format("{}: {}: would not survive: {}",
+                                 result.processor, shownPlace(one.place),
+                                 shownLoss(one.loss)),
+                     aboutPlace(one.loss.code, one.loss.field, one.place));
       return;
+    }
     const std::string where =
         result.place.line == 0 ? "" : shownPlace(result.place) + ": ";
-    output.error(
-        fmt::format("{}: {}{}", result.processor, where, result.message),
-        aboutPlace("", "", result.place));
+    // A connection that is not allowed.
+    const bool hasCode = !result.lost.empty();
+    const std::string code = hasCode ? result.lost.front().loss.code : "";
+    output.error(fmt::format("{}: {}{}{}", result.processor, where,
+                             result.message,
+                             hasCode ? fmt::format(" [{}]", code) : ""),
+                 aboutPlace(code, hasCode ? result.lost.front().loss.field : "",
+                            result.place));
   }
 
   const SyncRun &run;
@@ -129,7 +140,8 @@ void print(const SyncRun &run, const SyncOptions &how, Output &output) {
   table.print(output);
   const bool isPreview = how.check || how.dryRun;
   for (const SyncResult &result : run.results)
-    if (result.outcome == SyncOutcome::conflict ||
+    if ((result.outcome == SyncOutcome::conflict &&
+         (result.message.empty() || !result.differences.empty())) ||
         (isPreview && result.outcome == SyncOutcome::updated))
       printDifferences(result.file, result.differences, result.merged, output);
 }

@@ -1,5 +1,7 @@
 #include "subcommands/Watching.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <ctime>
 #include <filesystem>
@@ -26,6 +28,15 @@ void lookAt(const std::string &file, std::map<std::string, std::string> &seen) {
                              status.st_mtim.tv_sec, status.st_mtim.tv_nsec);
 }
 
+/// As the design model finds them.
+bool endsInXml(const fs::path &path) {
+  std::string ending = path.extension().string();
+  std::transform(
+      ending.begin(), ending.end(), ending.begin(),
+      [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return ending == ".xml";
+}
+
 void lookBelow(const std::string &folder,
                std::map<std::string, std::string> &seen) {
   std::error_code error;
@@ -33,7 +44,7 @@ void lookBelow(const std::string &folder,
       folder, fs::directory_options::skip_permission_denied, error);
   for (; !error && entry != fs::recursive_directory_iterator();
        entry.increment(error))
-    if (entry->path().extension() == ".xml")
+    if (endsInXml(entry->path()))
       lookAt(entry->path().string(), seen);
 }
 
@@ -52,8 +63,17 @@ std::string Watching::look(const Watched &watched) {
   std::map<std::string, std::string> seen;
   for (const std::string &file : watched.files)
     lookAt(file, seen);
-  for (const std::string &folder : watched.folders)
-    lookBelow(folder, seen);
+  for (const std::string &folder : watched.folders) {
+    std::error_code error;
+    if (fs::is_directory(folder, error)) {
+      lookBelow(folder, seen);
+      continue;
+    }
+    // A catalog names files that mostly lie below it.
+    lookAt(folder, seen);
+    const fs::path above = fs::path(folder).parent_path();
+    lookBelow(above.empty() ? "." : above.string(), seen);
+  }
   std::string text;
   for (const auto &[file, state] : seen)
     text += fmt::format("{}\t{}\n", file, state);

@@ -38,7 +38,8 @@ ZELDEBUGDIALOG_PROJECTFILE_API CommandSettings
 ShowProject(const MergedProcessor &merged, const Session &session);
 
 /// The settings that the option file has otherwise, `saved` of the file. What
-/// the command does not carry is no difference. None where there is no file.
+/// the command does not carry is no difference. None where there is no file, or
+/// one that cannot be read.
 /// @param board    of the session
 /// @param session  as `ApplyProject` leaves it; not refused
 ZELDEBUGDIALOG_PROJECTFILE_API std::vector<Difference>

@@ -57,7 +57,8 @@ struct SyncResult {
   std::vector<ProjectLoss> lost;      ///< What blocks.
   std::vector<ProjectLoss> displaced; ///< What only is told.
   ProjectPlace place;                 ///< Of what is refused.
-  std::string message;                ///< Why it is refused; may be empty.
+  /// Why it is refused, or why a conflict has no differences; may be empty.
+  std::string message;
 };
 
 /// All of them.
