@@ -33,8 +33,9 @@ void RecordReader::readOverrides(const pugi::xml_node &parent,
                                  std::vector<OverrideRecord> &overrides) {
   forEachChild(findChild(parent, "configurableElementValues"),
                "configurableElementValue", [&](const pugi::xml_node &node) {
-                 overrides.push_back({attributeOf(node, "referenceId"),
-                                      textOf(node), lineOf(node)});
+                 overrides.push_back(
+                     {std::string(attributeOf(node, "referenceId")),
+                      textOf(node), lineOf(node)});
                });
 }
 
