@@ -71,7 +71,7 @@ Elaboration::Placed Elaboration::addInstance(const Level &level,
   const DesignOrigin origin{level.design.file, instance.line};
   const Item item{level, "instance", instance.name, instance.line};
   const ReferenceRecord &reference = instance.component;
-  const Component &component = componentOf(reference.identity);
+  const Component &component = componentOf(*reference.identity);
   std::size_t bytes = component.bytes + 2 * instance.name.size() +
                       reference.overrides.size() * parameterBytes;
   if (level.instance != DesignModel::top)
@@ -81,7 +81,7 @@ Elaboration::Placed Elaboration::addInstance(const Level &level,
   if (component.record == nullptr)
     report(Severity::error, origin.file, reference.line,
            "instance " + quote(instance.name) + ": component " +
-               quote(toText(reference.identity)) + " is not found");
+               quote(toText(*reference.identity)) + " is not found");
   const auto id =
       model.AddInstance(instance.name, component.id, level.instance, origin);
   if (!id || component.record == nullptr)

@@ -39,7 +39,7 @@ void ParameterScope::override(const ReferenceRecord &reference,
       diagnostics.add({Severity::warning, file, given.line,
                        "a value is given to " + quote(given.id) +
                            ", which is no parameter of " +
-                           quote(toText(reference.identity))});
+                           quote(toText(*reference.identity))});
       continue;
     }
     const ParameterRecord &record = records.list[found->second];

@@ -45,9 +45,8 @@ private:
     instance.name = childText(node, "instanceName");
     instance.line = lineOf(node);
     const pugi::xml_node component = findChild(node, "componentRef");
-    if (!component.empty())
-      instance.component = readReferenceRecord(component);
-    else
+    instance.component = readReferenceRecord(component);
+    if (component.empty())
       instance.component.line = instance.line;
     // The form of 2009 has the values beside the reference.
     readOverrides(node, instance.component.overrides);

@@ -17,7 +17,10 @@ void RecordReader::noteCondition(const pugi::xml_node &node) {
 ReferenceRecord
 RecordReader::readPlainReference(const pugi::xml_node &reference) {
   ReferenceRecord record;
-  record.identity = readReference(reference);
+  const auto [known, isNew] = identities.try_emplace(readReference(reference));
+  if (isNew)
+    known->second = std::make_shared<const Identity>(known->first);
+  record.identity = known->second;
   record.line = lineOf(reference);
   return record;
 }

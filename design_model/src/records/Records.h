@@ -2,6 +2,7 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_RECORDS_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_RECORDS_H
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,7 +46,7 @@ struct OverrideRecord {
 
 /// A reference to a document, with the values that it gives.
 struct ReferenceRecord {
-  Identity identity;
+  std::shared_ptr<const Identity> identity; ///< Never null once read.
   std::vector<OverrideRecord> overrides;
   int line = 0;
 };
