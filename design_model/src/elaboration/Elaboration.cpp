@@ -7,6 +7,7 @@
 
 #include "kinds/BuiltInKinds.h"
 #include "messages/Quote.h"
+#include "names/Room.h"
 
 namespace ZelDebugDialog {
 namespace {
@@ -58,8 +59,11 @@ bool Elaboration::elaborate(const ComponentRecord &component) {
 void Elaboration::elaborate(const Level &level) {
   open.push_back(&level.design);
   std::vector<Placed> placed(level.design.instances.size());
+  makeRoom(DesignContents::of(model).instances,
+           std::min(placed.size(), room.instances));
   for (std::size_t index = 0; index < placed.size() && !isFull; ++index)
     placed[index] = addInstance(level, level.design.instances[index]);
+  joined.origin.file = level.design.file;
   for (const ConnectionRecord &connection : level.design.connections)
     addConnection(level, connection, placed);
   checkSelections(level);
@@ -155,9 +159,9 @@ void Elaboration::addConnection(const Level &level,
   const Item item{level, "connection", connection.name, connection.line};
   if (!spend(connection.ends.size() * endBytes, item))
     return;
-  const DesignOrigin origin{level.design.file, connection.line};
-  DesignConnection joined{{}, connection.name, origin};
-  joined.ends.reserve(connection.ends.size());
+  joined.name = connection.name;
+  joined.origin.line = connection.line;
+  joined.ends.clear();
   for (const EndRecord &end : connection.ends) {
     if (!end.isOwn && placed[end.instance].hasInterfaces)
       joined.ends.push_back({placed[end.instance].id, end.interface, end.line});
