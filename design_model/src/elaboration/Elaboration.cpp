@@ -163,10 +163,12 @@ void Elaboration::addConnection(const Level &level,
   joined.origin.line = connection.line;
   joined.ends.clear();
   for (const EndRecord &end : connection.ends) {
-    if (!end.isOwn && placed[end.instance].hasInterfaces)
-      joined.ends.push_back({placed[end.instance].id, end.interface, end.line});
-    if (end.isOwn && hasInterface(level, connection, end))
-      joined.ends.push_back({level.instance, end.interface, end.line});
+    const bool isOwn = end.instance == EndRecord::own;
+    if (isOwn ? hasInterface(level, connection, end)
+              : placed[end.instance].hasInterfaces)
+      joined.ends.push_back({isOwn ? level.instance : placed[end.instance].id,
+                             level.design.interfaceNames[end.interface],
+                             end.line});
   }
   model.Connect(joined, level.instance);
 }
@@ -180,14 +182,15 @@ bool Elaboration::hasInterface(const Level &level,
     return true;
   if (level.component == nullptr)
     return false;
+  const std::string &name = level.design.interfaceNames[end.interface];
   for (const DesignInterface &interface :
        level.component->interfaces.interfaces)
-    if (interface.name == end.interface)
+    if (interface.name == name)
       return false;
   report(Severity::error, level.design.file, end.line,
          "connection " + quote(connection.name) + ": component " +
              quote(toText(level.component->identity)) + " has no interface " +
-             quote(end.interface));
+             quote(name));
   return false;
 }
 

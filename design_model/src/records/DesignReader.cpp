@@ -98,14 +98,14 @@ private:
       resolve(end, design, design.connections.back());
   }
 
-  void resolve(const WrittenEnd &end, const DesignRecord &design,
+  void resolve(const WrittenEnd &end, DesignRecord &design,
                ConnectionRecord &connection) {
     const std::uint32_t found =
-        end.isOwn ? 0
+        end.isOwn ? EndRecord::own
                   : instanceByName.find(end.instance, nameIn(design.instances));
     if (found != NameIndex::none) {
       connection.ends.push_back(
-          {end.isOwn, found, std::string(end.interface), end.line});
+          {found, enterName(end.interface, design.interfaceNames), end.line});
       return;
     }
     const WrittenEnd &other =
@@ -114,6 +114,18 @@ private:
            "connection " + quote(connection.name) + " of " + describe(end) +
                " and " + describe(other) + ": the design has no instance " +
                quote(end.instance));
+  }
+
+  std::uint32_t enterName(std::string_view name,
+                          std::vector<std::string> &names) {
+    const std::uint32_t at =
+        interfaceByName.enter(name, static_cast<std::uint32_t>(names.size()),
+                              [&names](std::uint32_t index) {
+                                return std::string_view(names[index]);
+                              });
+    if (at == names.size())
+      names.emplace_back(name);
+    return at;
   }
 
   void readInterconnection(const pugi::xml_node &node, DesignRecord &design) {
@@ -152,6 +164,7 @@ private:
   /// First of each name; the second is refused when it is added to the model.
   NameIndex instanceByName;
   NameIndex connectionByName;
+  NameIndex interfaceByName;
   std::vector<WrittenEnd> ends; ///< Of the connection that is read.
 };
 
