@@ -101,6 +101,8 @@ void Elaboration::addParameters(const ComponentRecord &record,
                                 ParameterScope &scope,
                                 DesignModel::InstanceId instance,
                                 const Item &item) {
+  makeRoom(DesignContents::of(model).instances[instance].parameters,
+           record.parameters.ownCount);
   for (std::size_t at = 0; at < record.parameters.ownCount; ++at) {
     std::string value = toText(scope.valueAt(at));
     if (!spend(value.size(), item))
