@@ -3,8 +3,6 @@
 // how many instances and diagnostics it became.
 #include <array>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <string>
 #include <vector>
@@ -13,127 +11,17 @@
 
 #include "PeakMemory.h"
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
+#include "common/DesignFiles.h"
 #include "common/Run.h"
 
 namespace {
 
-namespace fs = std::filesystem;
-
+using bench::DesignFolder;
+using bench::instanceName;
+using bench::instancesOfProcessor;
 using ZelDebugDialog::DesignModel;
 
 constexpr std::array<std::size_t, 3> instanceCounts{230, 2300, 23000};
-constexpr std::size_t instancesOfProcessor = 10; // itself and its peripherals
-
-constexpr const char *start =
-    R"(<?xml version="1.0" encoding="UTF-8"?>
-<ipxact:%KIND% xmlns:ipxact="http://www.accellera.org/XMLSchema/IPXACT/1685-2014">
-  <ipxact:vendor>example.org</ipxact:vendor>
-  <ipxact:library>flat</ipxact:library>
-  <ipxact:name>%NAME%</ipxact:name>
-  <ipxact:version>1.0</ipxact:version>
-)";
-
-std::string startOf(const std::string &kind, const std::string &name) {
-  std::string text = start;
-  text.replace(text.find("%KIND%"), 6, kind);
-  text.replace(text.find("%NAME%"), 6, name);
-  return text;
-}
-
-std::string componentText(const std::string &name, const std::string &mode) {
-  return startOf("component", name) + R"(  <ipxact:busInterfaces>
-    <ipxact:busInterface>
-      <ipxact:name>bus</ipxact:name>
-      <ipxact:busType vendor="example.org" library="bus" name="bus" version="1.0"/>
-      <ipxact:)" +
-         mode + R"(/>
-    </ipxact:busInterface>
-  </ipxact:busInterfaces>
-</ipxact:component>
-)";
-}
-
-bool isProcessor(std::size_t index) {
-  return index % instancesOfProcessor == 0;
-}
-
-std::string instanceName(std::size_t index) {
-  return (isProcessor(index) ? "lumacore_" : "uart_") + std::to_string(index);
-}
-
-std::string instanceText(std::size_t index) {
-  const std::string component =
-      isProcessor(index) ? "lumacore" : "uart_mini_cedar";
-  return R"(    <ipxact:componentInstance>
-      <ipxact:instanceName>)" +
-         instanceName(index) + R"(</ipxact:instanceName>
-      <ipxact:componentRef vendor="example.org" library="flat" name=")" +
-         component + R"(" version="1.0"/>
-    </ipxact:componentInstance>
-)";
-}
-
-/// Connects a peripheral to the processor before it.
-std::string connectionText(std::size_t index) {
-  const std::size_t processor = index - index % instancesOfProcessor;
-  return R"(    <ipxact:interconnection>
-      <ipxact:name>wire_)" +
-         std::to_string(index) + R"(</ipxact:name>
-      <ipxact:activeInterface componentRef=")" +
-         instanceName(processor) + R"(" busRef="bus"/>
-      <ipxact:activeInterface componentRef=")" +
-         instanceName(index) + R"(" busRef="bus"/>
-    </ipxact:interconnection>
-)";
-}
-
-std::string designText(std::size_t instances) {
-  std::string text = startOf("design", "flat");
-  text += "  <ipxact:componentInstances>\n";
-  for (std::size_t index = 0; index < instances; ++index)
-    text += instanceText(index);
-  text += "  </ipxact:componentInstances>\n  <ipxact:interconnections>\n";
-  for (std::size_t index = 0; index < instances; ++index)
-    if (!isProcessor(index))
-      text += connectionText(index);
-  return text + "  </ipxact:interconnections>\n</ipxact:design>\n";
-}
-
-/// The files of a design, gone at the end.
-class DesignFolder {
-public:
-  explicit DesignFolder(std::size_t instances) {
-    std::string name = (fs::temp_directory_path() / "flat-XXXXXX").string();
-    bench::require(mkdtemp(name.data()) != nullptr, "a folder for a design");
-    folder = name;
-    write("lumacore.xml", componentText("lumacore", "master"));
-    write("uart.xml", componentText("uart_mini_cedar", "slave"));
-    write("flat.xml", designText(instances));
-  }
-  ~DesignFolder() {
-    std::error_code left;
-    fs::remove_all(folder, left);
-  }
-  DesignFolder(const DesignFolder &) = delete;
-  DesignFolder &operator=(const DesignFolder &) = delete;
-
-  std::string design() const { return (folder / "flat.xml").string(); }
-  const std::vector<std::string> &files() const { return written; }
-  /// Of all files.
-  std::size_t size() const { return bytes; }
-
-private:
-  void write(const char *name, const std::string &text) {
-    written.push_back((folder / name).string());
-    std::ofstream(written.back()) << text;
-    bytes += text.size();
-  }
-
-  fs::path folder;
-  std::vector<std::string> written;
-  std::size_t bytes = 0;
-};
-
 /// What the files became.
 struct Loaded {
   std::size_t instances = 0;
@@ -167,7 +55,7 @@ Loaded loadXml(const DesignFolder &folder) {
 using Load = std::function<Loaded(const DesignFolder &)>;
 
 void measure(benchmark::State &state, std::size_t instances, const Load &load) {
-  const DesignFolder folder(instances);
+  const DesignFolder folder(bench::flatDesign(instances));
   Loaded loaded;
   const std::size_t peak = bench::peakOf([&] { loaded = load(folder); });
   for ([[maybe_unused]] auto iteration : state)

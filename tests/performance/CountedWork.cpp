@@ -12,8 +12,10 @@
 #include <utility>
 
 #include "CountedRegion.h"
+#include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "common/ChainCommand.h"
+#include "common/DesignFiles.h"
 #include "common/FlatDesign.h"
 #include "common/Session.h"
 
@@ -113,6 +115,31 @@ void lookUp(std::size_t lumacores) {
   });
 }
 
+struct Loading {
+  explicit Loading(const bench::DesignFiles &files) : folder(files) {}
+  bench::DesignFolder folder;
+  ZelDebugDialog::DesignModel model;
+};
+
+/// From files to a model that answers.
+void load(const bench::DesignFiles &files) {
+  count([&files] { return std::make_unique<Loading>(files); },
+        [](Loading &loading) {
+          if (!ReadDesign({loading.folder.design(), {}, "", ""}, loading.model))
+            fail("the design was not read");
+        });
+}
+
+void loadFlat(std::size_t instances) { load(bench::flatDesign(instances)); }
+
+void loadValues(std::size_t instances) {
+  load(bench::flatDesign(instances, true));
+}
+
+void loadHierarchical(std::size_t instances) {
+  load(bench::hierarchicalDesign(instances));
+}
+
 /// Counts nothing: tells how long the text of `read` is.
 void printTextSize(std::size_t devices) {
   std::cout << bench::chainCommand(devices).size() << '\n';
@@ -125,6 +152,9 @@ const std::map<std::string, void (*)(std::size_t)> works{
     {"take-words", takeWords},
     {"discover", discover},
     {"look-up", lookUp},
+    {"load-flat", loadFlat},
+    {"load-values", loadValues},
+    {"load-hierarchy", loadHierarchical},
     {"text-size", printTextSize},
 };
 

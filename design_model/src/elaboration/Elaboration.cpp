@@ -7,6 +7,7 @@
 
 #include "kinds/BuiltInKinds.h"
 #include "messages/Quote.h"
+#include "names/Room.h"
 
 namespace ZelDebugDialog {
 namespace {
@@ -58,8 +59,11 @@ bool Elaboration::elaborate(const ComponentRecord &component) {
 void Elaboration::elaborate(const Level &level) {
   open.push_back(&level.design);
   std::vector<Placed> placed(level.design.instances.size());
+  makeRoom(DesignContents::of(model).instances,
+           std::min(placed.size(), room.instances));
   for (std::size_t index = 0; index < placed.size() && !isFull; ++index)
     placed[index] = addInstance(level, level.design.instances[index]);
+  joined.origin.file = level.design.file;
   for (const ConnectionRecord &connection : level.design.connections)
     addConnection(level, connection, placed);
   checkSelections(level);
@@ -71,7 +75,7 @@ Elaboration::Placed Elaboration::addInstance(const Level &level,
   const DesignOrigin origin{level.design.file, instance.line};
   const Item item{level, "instance", instance.name, instance.line};
   const ReferenceRecord &reference = instance.component;
-  const Component &component = componentOf(reference.identity);
+  const Component &component = componentOf(*reference.identity);
   std::size_t bytes = component.bytes + 2 * instance.name.size() +
                       reference.overrides.size() * parameterBytes;
   if (level.instance != DesignModel::top)
@@ -81,7 +85,7 @@ Elaboration::Placed Elaboration::addInstance(const Level &level,
   if (component.record == nullptr)
     report(Severity::error, origin.file, reference.line,
            "instance " + quote(instance.name) + ": component " +
-               quote(toText(reference.identity)) + " is not found");
+               quote(toText(*reference.identity)) + " is not found");
   const auto id =
       model.AddInstance(instance.name, component.id, level.instance, origin);
   if (!id || component.record == nullptr)
@@ -97,6 +101,8 @@ void Elaboration::addParameters(const ComponentRecord &record,
                                 ParameterScope &scope,
                                 DesignModel::InstanceId instance,
                                 const Item &item) {
+  makeRoom(DesignContents::of(model).instances[instance].parameters,
+           record.parameters.ownCount);
   for (std::size_t at = 0; at < record.parameters.ownCount; ++at) {
     std::string value = toText(scope.valueAt(at));
     if (!spend(value.size(), item))
@@ -155,14 +161,16 @@ void Elaboration::addConnection(const Level &level,
   const Item item{level, "connection", connection.name, connection.line};
   if (!spend(connection.ends.size() * endBytes, item))
     return;
-  const DesignOrigin origin{level.design.file, connection.line};
-  DesignConnection joined{{}, connection.name, origin};
-  joined.ends.reserve(connection.ends.size());
+  joined.name = connection.name;
+  joined.origin.line = connection.line;
+  joined.ends.clear();
   for (const EndRecord &end : connection.ends) {
-    if (!end.isOwn && placed[end.instance].hasInterfaces)
-      joined.ends.push_back({placed[end.instance].id, end.interface, end.line});
-    if (end.isOwn && hasInterface(level, connection, end))
-      joined.ends.push_back({level.instance, end.interface, end.line});
+    const bool isOwn = end.instance == EndRecord::own;
+    if (isOwn ? hasInterface(level, connection, end)
+              : placed[end.instance].hasInterfaces)
+      joined.ends.push_back({isOwn ? level.instance : placed[end.instance].id,
+                             level.design.interfaceNames[end.interface],
+                             end.line});
   }
   model.Connect(joined, level.instance);
 }
@@ -176,14 +184,15 @@ bool Elaboration::hasInterface(const Level &level,
     return true;
   if (level.component == nullptr)
     return false;
+  const std::string &name = level.design.interfaceNames[end.interface];
   for (const DesignInterface &interface :
        level.component->interfaces.interfaces)
-    if (interface.name == end.interface)
+    if (interface.name == name)
       return false;
   report(Severity::error, level.design.file, end.line,
          "connection " + quote(connection.name) + ": component " +
              quote(toText(level.component->identity)) + " has no interface " +
-             quote(end.interface));
+             quote(name));
   return false;
 }
 

@@ -103,6 +103,7 @@ private:
   DesignModel &model;
   DiagnosticList &diagnostics; ///< The model's own.
   std::unordered_map<Identity, Component, IdentityHash> components;
+  DesignConnection joined; ///< The one that is being added.
   /// The designs that are being elaborated, outermost first.
   std::vector<const DesignRecord *> open;
 };

@@ -39,7 +39,7 @@ void ParameterScope::override(const ReferenceRecord &reference,
       diagnostics.add({Severity::warning, file, given.line,
                        "a value is given to " + quote(given.id) +
                            ", which is no parameter of " +
-                           quote(toText(reference.identity))});
+                           quote(toText(*reference.identity))});
       continue;
     }
     const ParameterRecord &record = records.list[found->second];
@@ -102,17 +102,14 @@ bool ParameterScope::isKnown(std::string_view name) const {
 
 ExpressionResult ParameterScope::find(std::string_view name, int depth) {
   const std::size_t index = records.byId.find(name)->second;
-  const std::string described = "parameter " + quote(records.list[index].name);
-  ExpressionResult result;
-  result.kind = ExpressionResult::Kind::fault;
-  if (slots[index].state == State::busy) {
-    result.fault = described + " depends on itself";
-    return result;
-  }
   workOut(index, depth + 1);
   const Slot &slot = slots[index];
-  if (slot.state == State::failed) {
-    result.fault = described + " has no value";
+  ExpressionResult result;
+  if (slot.state != State::done) {
+    result.kind = ExpressionResult::Kind::fault;
+    result.fault =
+        "parameter " + quote(records.list[index].name) +
+        (slot.state == State::busy ? " depends on itself" : " has no value");
     return result;
   }
   result.number = slot.value.number;

@@ -62,23 +62,23 @@ void ViewChooser::followConfiguration(const ComponentRecord &component,
                                       const ReferenceRecord &reference,
                                       InnerDesign &inner) {
   const ConfigurationRecord *const configuration =
-      store.findConfiguration(reference.identity);
+      store.findConfiguration(*reference.identity);
   if (configuration == nullptr)
     miss(DocumentType::designConfiguration, reference);
   if (configuration == nullptr)
     return report(Severity::error, fileOf(component), reference.line,
-                  "design configuration " + quote(toText(reference.identity)) +
+                  "design configuration " + quote(toText(*reference.identity)) +
                       " is not found");
   const auto &design = configuration->design;
   if (inner.reference == nullptr)
     inner.design = findDesignOf(*configuration);
   if (inner.reference != nullptr && design &&
-      !(design->identity == inner.reference->identity))
+      !(*design->identity == *inner.reference->identity))
     return report(Severity::warning, configuration->file, design->line,
                   "the configuration is for " +
-                      quote(toText(design->identity)) +
+                      quote(toText(*design->identity)) +
                       "; it is not used with " +
-                      quote(toText(inner.reference->identity)));
+                      quote(toText(*inner.reference->identity)));
   inner.configuration = configuration;
 }
 
@@ -87,16 +87,16 @@ void ViewChooser::followConfiguration(const ComponentRecord &component,
 void ViewChooser::followHierarchy(const ComponentRecord &component,
                                   const ReferenceRecord &reference,
                                   InnerDesign &inner) {
-  inner.design = store.findDesign(reference.identity);
+  inner.design = store.findDesign(*reference.identity);
   if (inner.design != nullptr)
     return;
-  inner.configuration = store.findConfiguration(reference.identity);
+  inner.configuration = store.findConfiguration(*reference.identity);
   if (inner.configuration == nullptr)
     miss(DocumentType::design, reference);
   if (inner.configuration == nullptr)
     return report(Severity::error, fileOf(component), reference.line,
                   "there is neither a design nor a design configuration " +
-                      quote(toText(reference.identity)));
+                      quote(toText(*reference.identity)));
   inner.design = findDesignOf(*inner.configuration);
 }
 
@@ -112,17 +112,17 @@ ViewChooser::findDesignOf(const ConfigurationRecord &configuration) {
 
 const DesignRecord *ViewChooser::findDesign(const std::string &file,
                                             const ReferenceRecord &reference) {
-  const DesignRecord *const design = store.findDesign(reference.identity);
+  const DesignRecord *const design = store.findDesign(*reference.identity);
   if (design != nullptr)
     return design;
   miss(DocumentType::design, reference);
   report(Severity::error, file, reference.line,
-         "design " + quote(toText(reference.identity)) + " is not found");
+         "design " + quote(toText(*reference.identity)) + " is not found");
   return design;
 }
 
 void ViewChooser::miss(DocumentType type, const ReferenceRecord &reference) {
-  missing.add({std::string(toText(type)), toText(reference.identity)});
+  missing.add({std::string(toText(type)), toText(*reference.identity)});
 }
 
 void ViewChooser::report(Severity severity, const std::string &file, int line,

@@ -86,13 +86,12 @@ Index DesignContents::addInstance(const std::string &name,
   Entry entry(*this, component, parent);
   const Index instance = entry.index();
   const DesignComponent &data = graph.components[component].data;
-  instances.push_back({fullName,
-                       data.typeName,
-                       data.role,
-                       {},
-                       component,
-                       parent == noIndex ? DesignModel::top : parent,
-                       {}});
+  DesignInstance &added = instances.emplace_back();
+  added.name = fullName;
+  added.typeName = data.typeName;
+  added.role = data.role;
+  added.component = component;
+  added.parent = parent == noIndex ? DesignModel::top : parent;
   byTypeName[data.typeName].push_back(instance);
   if (data.role == DesignRole::processor)
     processors.push_back(instance);

@@ -20,7 +20,8 @@ public:
   /// entered for an index.
   template <class NameAt>
   std::uint32_t find(std::string_view name, const NameAt &nameAt) const {
-    return slots.empty() ? none : slots[locate(name, nameAt)].index;
+    return slots.empty() ? none
+                         : slots[locate(name, hashOf(name), nameAt)].index;
   }
 
   /// Enters the name for an index unless it has been entered before. Where it
@@ -30,9 +31,10 @@ public:
                       const NameAt &nameAt) {
     if (2 * (used + 1) > slots.size())
       grow();
-    Slot &slot = slots[locate(name, nameAt)];
+    const std::uint32_t hash = hashOf(name);
+    Slot &slot = slots[locate(name, hash, nameAt)];
     if (slot.index == none) {
-      slot = {hashOf(name), index};
+      slot = {hash, index};
       ++used;
     }
     return slot.index;
@@ -50,8 +52,8 @@ private:
 
   /// The slot that has the name, or the free one that it belongs in.
   template <class NameAt>
-  std::size_t locate(std::string_view name, const NameAt &nameAt) const {
-    const std::uint32_t hash = hashOf(name);
+  std::size_t locate(std::string_view name, std::uint32_t hash,
+                     const NameAt &nameAt) const {
     std::size_t at = hash & (slots.size() - 1);
     while (slots[at].index != none &&
            (slots[at].hash != hash || nameAt(slots[at].index) != name))

@@ -45,12 +45,12 @@ bool fits(const Lead &lead, std::string_view text, std::size_t at) {
   return true;
 }
 
-/// Eight bytes at a time, as files are almost all ASCII.
+/// Many bytes at a time, as files are almost all ASCII.
 std::size_t skipAscii(std::string_view text, std::size_t at) {
-  for (; at + 8 <= text.size(); at += 8) {
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, text.data() + at, 8);
-    if ((bytes & 0x8080808080808080) != 0)
+  std::array<std::uint64_t, 4> bytes{};
+  for (; at + sizeof bytes <= text.size(); at += sizeof bytes) {
+    std::memcpy(bytes.data(), text.data() + at, sizeof bytes);
+    if (((bytes[0] | bytes[1] | bytes[2] | bytes[3]) & 0x8080808080808080) != 0)
       break;
   }
   return at;

@@ -104,12 +104,12 @@ private:
     });
     // The form up to 2009.
     forEachChild(mode, "bridge", [&](const pugi::xml_node &bridge) {
-      interface.bridgedTo.push_back(attributeOf(bridge, "masterRef"));
+      interface.bridgedTo.emplace_back(attributeOf(bridge, "masterRef"));
     });
     const pugi::xml_node reference = findChild(mode, "memoryMapRef");
     if (reference.empty())
       return;
-    const std::string name = attributeOf(reference, "memoryMapRef");
+    const std::string name(attributeOf(reference, "memoryMapRef"));
     const MemoryMap *const map = maps.find(name);
     if (map == nullptr)
       return report(Severity::warning, lineOf(reference),

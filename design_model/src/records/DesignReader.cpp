@@ -45,9 +45,8 @@ private:
     instance.name = childText(node, "instanceName");
     instance.line = lineOf(node);
     const pugi::xml_node component = findChild(node, "componentRef");
-    if (!component.empty())
-      instance.component = readReferenceRecord(component);
-    else
+    instance.component = readReferenceRecord(component);
+    if (component.empty())
       instance.component.line = instance.line;
     // The form of 2009 has the values beside the reference.
     readOverrides(node, instance.component.overrides);
@@ -71,18 +70,19 @@ private:
   /// Ends as they are written, before it is known whose they are.
   struct WrittenEnd {
     bool isOwn = false;
-    std::string instance;
-    std::string interface;
+    std::string_view instance;
+    std::string_view interface;
     int line = 0;
   };
 
   static std::string describe(const WrittenEnd &end) {
-    return quote(
-        end.isOwn ? end.interface : end.instance + "." + end.interface);
+    std::string text(end.instance);
+    text += end.isOwn ? "" : ".";
+    return quote(text.append(end.interface));
   }
 
-  void add(const std::string &name, int line,
-           const std::vector<WrittenEnd> &ends, DesignRecord &design) {
+  /// The connection between `ends`.
+  void add(std::string name, int line, DesignRecord &design) {
     const auto index = static_cast<std::uint32_t>(design.connections.size());
     if (!name.empty() && connectionByName.enter(
                              name, index, nameIn(design.connections)) != index)
@@ -92,37 +92,44 @@ private:
              "connection " + quote(name) +
                  (ends.empty() ? " has no ends"
                                : " has one end only: " + describe(ends[0])));
-    ConnectionRecord connection{name, {}, line};
-    connection.ends.reserve(ends.size());
+    design.connections.push_back({std::move(name), {}, line});
+    design.connections.back().ends.reserve(ends.size());
     for (const WrittenEnd &end : ends)
-      resolve(end, name, ends, design, connection);
-    design.connections.push_back(std::move(connection));
+      resolve(end, design, design.connections.back());
   }
 
-  void resolve(const WrittenEnd &end, const std::string &name,
-               const std::vector<WrittenEnd> &ends, const DesignRecord &design,
+  void resolve(const WrittenEnd &end, DesignRecord &design,
                ConnectionRecord &connection) {
-    if (end.isOwn) {
-      connection.ends.push_back({true, 0, end.interface, end.line});
-      return;
-    }
     const std::uint32_t found =
-        instanceByName.find(end.instance, nameIn(design.instances));
+        end.isOwn ? EndRecord::own
+                  : instanceByName.find(end.instance, nameIn(design.instances));
     if (found != NameIndex::none) {
-      connection.ends.push_back({false, found, end.interface, end.line});
+      connection.ends.push_back(
+          {found, enterName(end.interface, design.interfaceNames), end.line});
       return;
     }
     const WrittenEnd &other =
         &end == &ends.front() ? ends.back() : ends.front();
     report(Severity::error, end.line,
-           "connection " + quote(name) + " of " + describe(end) + " and " +
-               describe(other) + ": the design has no instance " +
+           "connection " + quote(connection.name) + " of " + describe(end) +
+               " and " + describe(other) + ": the design has no instance " +
                quote(end.instance));
   }
 
+  std::uint32_t enterName(std::string_view name,
+                          std::vector<std::string> &names) {
+    const std::uint32_t at =
+        interfaceByName.enter(name, static_cast<std::uint32_t>(names.size()),
+                              [&names](std::uint32_t index) {
+                                return std::string_view(names[index]);
+                              });
+    if (at == names.size())
+      names.emplace_back(name);
+    return at;
+  }
+
   void readInterconnection(const pugi::xml_node &node, DesignRecord &design) {
-    std::vector<WrittenEnd> ends;
-    ends.reserve(countChildren(node));
+    ends.clear();
     for (const pugi::xml_node &end : node.children()) {
       const bool isActive = isNamed(end, "activeInterface");
       if (!isActive && !isNamed(end, "hierInterface"))
@@ -132,34 +139,33 @@ private:
                               : WrittenEnd{true, "", attributeOf(end, "busRef"),
                                            lineOf(end)});
     }
-    add(childText(node, "name"), lineOf(node), ends, design);
+    add(childText(node, "name"), lineOf(node), design);
   }
 
   /// The form up to 2009: an interface of an instance and the design's own.
   void readHierConnection(const pugi::xml_node &node, DesignRecord &design) {
-    const std::string own = attributeOf(node, "interfaceRef");
-    std::vector<WrittenEnd> ends;
+    ends.clear();
     forEachChild(node, "interface", [&](const pugi::xml_node &end) {
-      auto [instance, interface] =
+      const auto [instance, interface] =
           attributesOf<2>(end, {"componentRef", "busRef"});
-      ends.push_back(
-          {false, std::move(instance), std::move(interface), lineOf(end)});
+      ends.push_back({false, instance, interface, lineOf(end)});
     });
-    ends.push_back({true, "", own, lineOf(node)});
-    add("", lineOf(node), ends, design);
+    ends.push_back({true, "", attributeOf(node, "interfaceRef"), lineOf(node)});
+    add("", lineOf(node), design);
   }
 
   WrittenEnd readActive(const pugi::xml_node &end) {
-    auto [instance, oldName, interface] = attributesOf<3>(
+    const auto [instance, oldName, interface] = attributesOf<3>(
         end, {"componentInstanceRef", "componentRef", "busRef"});
-    if (instance.empty())
-      instance = std::move(oldName);
-    return {false, std::move(instance), std::move(interface), lineOf(end)};
+    return {false, instance.empty() ? oldName : instance, interface,
+            lineOf(end)};
   }
 
   /// First of each name; the second is refused when it is added to the model.
   NameIndex instanceByName;
   NameIndex connectionByName;
+  NameIndex interfaceByName;
+  std::vector<WrittenEnd> ends; ///< Of the connection that is read.
 };
 
 class ConfigurationReader : public RecordReader {

@@ -68,8 +68,8 @@ const MemoryMap *MemoryMaps::find(const std::string &name) const {
 }
 
 std::string initiatorOf(const pugi::xml_node &node) {
-  const std::string name = attributeOf(node, "initiatorRef");
-  return name.empty() ? attributeOf(node, "masterRef") : name;
+  const std::string_view name = attributeOf(node, "initiatorRef");
+  return std::string(name.empty() ? attributeOf(node, "masterRef") : name);
 }
 
 } // namespace ZelDebugDialog

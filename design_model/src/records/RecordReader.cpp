@@ -17,7 +17,10 @@ void RecordReader::noteCondition(const pugi::xml_node &node) {
 ReferenceRecord
 RecordReader::readPlainReference(const pugi::xml_node &reference) {
   ReferenceRecord record;
-  record.identity = readReference(reference);
+  const auto [known, isNew] = identities.try_emplace(readReference(reference));
+  if (isNew)
+    known->second = std::make_shared<const Identity>(known->first);
+  record.identity = known->second;
   record.line = lineOf(reference);
   return record;
 }
@@ -33,8 +36,9 @@ void RecordReader::readOverrides(const pugi::xml_node &parent,
                                  std::vector<OverrideRecord> &overrides) {
   forEachChild(findChild(parent, "configurableElementValues"),
                "configurableElementValue", [&](const pugi::xml_node &node) {
-                 overrides.push_back({attributeOf(node, "referenceId"),
-                                      textOf(node), lineOf(node)});
+                 overrides.push_back(
+                     {std::string(attributeOf(node, "referenceId")),
+                      textOf(node), lineOf(node)});
                });
 }
 

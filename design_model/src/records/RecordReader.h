@@ -2,8 +2,10 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_RECORDREADER_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_RECORDREADER_H
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -64,6 +66,11 @@ protected:
   const XmlDocument &document;
   const std::string &file;
   DiagnosticList &diagnostics;
+
+private:
+  /// Many refer to few.
+  std::unordered_map<Identity, std::shared_ptr<const Identity>, IdentityHash>
+      identities;
 };
 
 } // namespace ZelDebugDialog

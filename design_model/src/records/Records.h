@@ -2,6 +2,8 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_RECORDS_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_RECORDS_H
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,7 +47,7 @@ struct OverrideRecord {
 
 /// A reference to a document, with the values that it gives.
 struct ReferenceRecord {
-  Identity identity;
+  std::shared_ptr<const Identity> identity; ///< Never null once read.
   std::vector<OverrideRecord> overrides;
   int line = 0;
 };
@@ -81,9 +83,11 @@ struct InstanceRecord {
 
 /// An end of a connection.
 struct EndRecord {
-  bool isOwn = false;       ///< It is the design's own interface.
-  std::size_t instance = 0; ///< Index in the design, if it is not.
-  std::string interface;
+  /// In the place of an instance: it is the design's own interface.
+  static constexpr auto own = static_cast<std::uint32_t>(-2);
+
+  std::uint32_t instance = own;
+  std::uint32_t interface = 0; ///< Index in the names of the design.
   int line = 0;
 };
 
@@ -99,6 +103,8 @@ struct DesignRecord {
   std::string file;
   ParameterRecords parameters;
   std::vector<InstanceRecord> instances;
+  /// Of interfaces at ends of connections, each once.
+  std::vector<std::string> interfaceNames;
   std::vector<ConnectionRecord> connections;
   int line = 0;
 };

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <functional>
-#include <utility>
 
 #include "xml/XmlNames.h"
 
@@ -41,10 +40,10 @@ std::string toText(const Identity &identity) {
 }
 
 Identity readReference(const pugi::xml_node &reference) {
-  auto [vendor, library, name, version] =
+  const auto [vendor, library, name, version] =
       attributesOf<4>(reference, {"vendor", "library", "name", "version"});
-  return {std::move(vendor), std::move(library), std::move(name),
-          std::move(version)};
+  return {std::string(vendor), std::string(library), std::string(name),
+          std::string(version)};
 }
 
 Identity readIdentity(const pugi::xml_node &root) {

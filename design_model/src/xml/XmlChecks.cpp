@@ -14,7 +14,7 @@ namespace {
 /// Nothing that is read stands at half this depth.
 constexpr int deepestNesting = 256;
 
-class Checks {
+class Checks : private pugi::xml_tree_walker {
 public:
   Checks(const XmlDocument &checked, const std::string &name,
          DiagnosticList &list)
@@ -22,7 +22,7 @@ public:
 
   void run() {
     checkDocumentType();
-    walkElements();
+    document.root().traverse(*this);
   }
 
 private:
@@ -33,49 +33,45 @@ private:
                    "stay as they are written");
   }
 
-  /// Without recursion: the nesting may be as deep as the file is long.
-  void walkElements() {
-    pugi::xml_node node = document.root();
-    int depth = 1;
-    while (depth > 0) {
-      checkPrefixes(node);
-      if (pugi::xml_node inner = firstElement(node.first_child())) {
-        if (++depth == deepestNesting)
-          warn(inner, "elements are nested more than " +
-                          std::to_string(deepestNesting) + " deep");
-        node = inner;
-        continue;
-      }
-      pugi::xml_node next = firstElement(node.next_sibling());
-      for (; !next && --depth > 0; next = firstElement(node.next_sibling()))
-        node = node.parent();
-      node = next;
-    }
+  /// The document element, and from a depth of 0 on what is in it.
+  bool begin(pugi::xml_node &root) override { return for_each(root); }
+  bool for_each(pugi::xml_node &node) override {
+    if (node.type() != pugi::node_element)
+      return true;
+    checkPrefixes(node);
+    if (depth() + 3 == deepestNesting)
+      checkInside(node);
+    return true;
   }
 
-  static pugi::xml_node firstElement(pugi::xml_node node) {
-    while (!node.empty() && node.type() != pugi::node_element)
-      node = node.next_sibling();
-    return node;
+  void checkInside(const pugi::xml_node &node) {
+    const pugi::xml_node inner =
+        node.find_child([](const pugi::xml_node &child) {
+          return child.type() == pugi::node_element;
+        });
+    if (!inner.empty())
+      warn(inner, "elements are nested more than " +
+                      std::to_string(deepestNesting) + " deep");
   }
 
   /// A prefix counts from its declaration to the end of the file: what is used
   /// outside its element is no worse to read.
   void checkPrefixes(const pugi::xml_node &node) {
+    bool arePrefixed = false;
     const pugi::xml_attribute first = node.first_attribute();
     for (pugi::xml_attribute attribute = first; !attribute.empty();
-         attribute = attribute.next_attribute())
+         attribute = attribute.next_attribute()) {
+      if (std::strchr(attribute.name(), ':') == nullptr)
+        continue;
+      arePrefixed = true;
       if (hasPrefix(attribute.name(), "xmlns"))
         known.insert(localNameOf(attribute.name()));
+    }
     checkPrefix(node, node.name());
-    for (pugi::xml_attribute attribute = first; !attribute.empty();
+    for (pugi::xml_attribute attribute = first;
+         arePrefixed && !attribute.empty();
          attribute = attribute.next_attribute())
       checkPrefix(node, attribute.name());
-  }
-
-  static bool hasPrefix(const char *name, std::string_view prefix) {
-    return std::strncmp(name, prefix.data(), prefix.size()) == 0 &&
-           name[prefix.size()] == ':';
   }
 
   /// Most names have the prefix of the one before, or none.
@@ -85,6 +81,13 @@ private:
     last = prefixOf(name);
     if (!last.empty() && known.insert(last).second)
       warn(node, "the prefix " + quote(last) + " is not declared");
+  }
+
+  static bool hasPrefix(const char *name, std::string_view prefix) {
+    for (const char c : prefix)
+      if (*name++ != c)
+        return false;
+    return *name == ':';
   }
 
   void warn(const pugi::xml_node &node, std::string message) {

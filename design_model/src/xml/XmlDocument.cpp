@@ -36,7 +36,8 @@ std::vector<std::uint32_t> findLineEnds(const std::string &text) {
       break;
     ends.push_back(static_cast<std::uint32_t>(at - start));
   }
-  return ends;
+  // Without room left over: they stay as long as the elements.
+  return {ends.begin(), ends.end()};
 }
 
 } // namespace

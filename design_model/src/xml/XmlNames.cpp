@@ -1,12 +1,27 @@
 #include "xml/XmlNames.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace ZelDebugDialog {
 namespace {
 
 bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+/// To the first colon, or to the end.
+const char *findColon(const char *name) {
+  while (*name != ':' && *name != '\0')
+    ++name;
+  return name;
+}
+
+/// The same as comparing `localNameOf(name)`, without measuring it.
+bool hasLocalName(const char *name, std::string_view local) {
+  const char *const colon = findColon(name);
+  const char *const start = *colon == ':' ? colon + 1 : name;
+  return *start == local.front() &&
+         std::strncmp(start, local.data(), local.size()) == 0 &&
+         start[local.size()] == '\0';
+}
 
 /// Only elements have names.
 pugi::xml_node findFrom(pugi::xml_node node, std::string_view name) {
@@ -21,24 +36,20 @@ bool isText(const pugi::xml_node &node) {
 
 } // namespace
 
-std::string_view prefixOf(std::string_view name) {
-  const std::size_t colon = name.find(':');
-  return colon == std::string_view::npos ? "" : name.substr(0, colon);
+std::string_view prefixOf(const char *name) {
+  const char *const colon = findColon(name);
+  return {name, *colon == ':' ? static_cast<std::size_t>(colon - name) : 0};
 }
 
-std::string_view localNameOf(std::string_view name) {
-  return name.substr(name.find(':') + 1);
-}
-
-bool hasLocalName(const char *name, std::string_view local) {
-  const char *const colon = std::strchr(name, ':');
-  const char *const start = colon == nullptr ? name : colon + 1;
-  return std::strncmp(start, local.data(), local.size()) == 0 &&
-         start[local.size()] == '\0';
+std::string_view localNameOf(const char *name) {
+  const char *const colon = findColon(name);
+  return *colon == ':'
+             ? std::string_view(colon + 1)
+             : std::string_view(name, static_cast<std::size_t>(colon - name));
 }
 
 std::string_view localNameOf(const pugi::xml_node &node) {
-  return localNameOf(std::string_view(node.name()));
+  return localNameOf(node.name());
 }
 
 bool isNamed(const pugi::xml_node &node, std::string_view name) {
@@ -70,8 +81,8 @@ pugi::xml_node findChild(const pugi::xml_node &parent, std::string_view name) {
   return findFrom(parent.first_child(), name);
 }
 
-pugi::xml_node findNextLike(const pugi::xml_node &node) {
-  return findFrom(node.next_sibling(), localNameOf(node));
+pugi::xml_node findNext(const pugi::xml_node &node, std::string_view name) {
+  return findFrom(node.next_sibling(), name);
 }
 
 std::size_t countChildren(const pugi::xml_node &parent) {
@@ -97,26 +108,26 @@ std::string childText(const pugi::xml_node &parent, std::string_view name) {
   return textOf(findChild(parent, name));
 }
 
-std::string attributeOf(const pugi::xml_node &node, std::string_view name) {
+std::string_view attributeOf(const pugi::xml_node &node,
+                             std::string_view name) {
   for (pugi::xml_attribute attribute = node.first_attribute();
        !attribute.empty(); attribute = attribute.next_attribute())
     if (hasLocalName(attribute.name(), name) &&
         prefixOf(attribute.name()) != "xml")
-      return std::string(trim(attribute.value()));
+      return trim(attribute.value());
   return "";
 }
 
 void readAttributes(const pugi::xml_node &node, const std::string_view *names,
-                    std::string *values, std::size_t count) {
+                    std::string_view *values, std::size_t count) {
   for (pugi::xml_attribute attribute = node.first_attribute();
        !attribute.empty(); attribute = attribute.next_attribute()) {
-    const std::string_view *const found =
-        std::find(names, names + count, localNameOf(attribute.name()));
-    if (found == names + count)
-      continue;
-    std::string &value = values[found - names];
-    if (value.empty())
-      value = trim(attribute.value());
+    const std::string_view name = localNameOf(attribute.name());
+    std::size_t at = 0;
+    while (at != count && names[at] != name)
+      ++at;
+    if (at != count && values[at].empty())
+      values[at] = trim(attribute.value());
   }
 }
 

@@ -13,11 +13,9 @@
 namespace ZelDebugDialog {
 
 /// What stands before the colon; empty when there is none.
-std::string_view prefixOf(std::string_view name);
-std::string_view localNameOf(std::string_view name);
+std::string_view prefixOf(const char *name);
+std::string_view localNameOf(const char *name);
 std::string_view localNameOf(const pugi::xml_node &node);
-/// The same as comparing `localNameOf(name)`, without measuring it.
-bool hasLocalName(const char *name, std::string_view local);
 
 /// Whether it is an element of that name.
 bool isNamed(const pugi::xml_node &node, std::string_view name);
@@ -34,8 +32,8 @@ std::string_view trim(std::string_view text);
 /// The first child element of that name, or no node.
 pugi::xml_node findChild(const pugi::xml_node &parent, std::string_view name);
 
-/// The next element after `node` that has its local name, or no node.
-pugi::xml_node findNextLike(const pugi::xml_node &node);
+/// The next element of that name after `node`, or no node.
+pugi::xml_node findNext(const pugi::xml_node &node, std::string_view name);
 
 /// How many nodes are directly inside; no list of its elements is longer.
 std::size_t countChildren(const pugi::xml_node &parent);
@@ -47,19 +45,19 @@ std::string textOf(const pugi::xml_node &node);
 std::string childText(const pugi::xml_node &parent, std::string_view name);
 
 /// Empty when there is none. The attributes of XML itself ("xml:id") are none
-/// of the standard's.
-std::string attributeOf(const pugi::xml_node &node, std::string_view name);
+/// of the standard's. Values lie in the document.
+std::string_view attributeOf(const pugi::xml_node &node, std::string_view name);
 
 /// Sets the values of several attributes, as far as they are there.
 void readAttributes(const pugi::xml_node &node, const std::string_view *names,
-                    std::string *values, std::size_t count);
+                    std::string_view *values, std::size_t count);
 
 /// Those of several attributes, in the order of `names`.
 template <std::size_t count>
-std::array<std::string, count>
+std::array<std::string_view, count>
 attributesOf(const pugi::xml_node &node,
              const std::array<std::string_view, count> &names) {
-  std::array<std::string, count> values;
+  std::array<std::string_view, count> values;
   readAttributes(node, names.data(), values.data(), count);
   return values;
 }
@@ -69,7 +67,7 @@ template <class Take>
 void forEachChild(const pugi::xml_node &parent, std::string_view name,
                   Take take) {
   for (pugi::xml_node child = findChild(parent, name); child;
-       child = findNextLike(child))
+       child = findNext(child, name))
     take(child);
 }
 

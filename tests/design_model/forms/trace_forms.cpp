@@ -54,20 +54,14 @@ void note(const pugi::xml_node &node, const char *separator,
 
 } // namespace
 
-std::string_view prefixOf(std::string_view name) {
-  return Untraced::prefixOf(name);
-}
+std::string_view prefixOf(const char *name) { return Untraced::prefixOf(name); }
 
-std::string_view localNameOf(std::string_view name) {
+std::string_view localNameOf(const char *name) {
   return Untraced::localNameOf(name);
 }
 
 std::string_view localNameOf(const pugi::xml_node &node) {
   return Untraced::localNameOf(node);
-}
-
-bool hasLocalName(const char *name, std::string_view local) {
-  return Untraced::hasLocalName(name, local);
 }
 
 bool isNamed(const pugi::xml_node &node, std::string_view name) {
@@ -88,8 +82,8 @@ pugi::xml_node findChild(const pugi::xml_node &parent, std::string_view name) {
   return Untraced::findChild(parent, name);
 }
 
-pugi::xml_node findNextLike(const pugi::xml_node &node) {
-  return Untraced::findNextLike(node);
+pugi::xml_node findNext(const pugi::xml_node &node, std::string_view name) {
+  return Untraced::findNext(node, name);
 }
 
 std::size_t countChildren(const pugi::xml_node &parent) {
@@ -105,13 +99,14 @@ std::string childText(const pugi::xml_node &parent, std::string_view name) {
   return Untraced::childText(parent, name);
 }
 
-std::string attributeOf(const pugi::xml_node &node, std::string_view name) {
+std::string_view attributeOf(const pugi::xml_node &node,
+                             std::string_view name) {
   note(node, "@", name);
   return Untraced::attributeOf(node, name);
 }
 
 void readAttributes(const pugi::xml_node &node, const std::string_view *names,
-                    std::string *values, std::size_t count) {
+                    std::string_view *values, std::size_t count) {
   for (std::size_t at = 0; at < count; ++at)
     note(node, "@", names[at]);
   Untraced::readAttributes(node, names, values, count);
