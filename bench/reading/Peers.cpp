@@ -76,7 +76,7 @@ Input::Input(std::size_t devices)
 const std::vector<Peer> &peers() {
   static const std::vector<Peer> all{
       peer<readByPlainCursor>("string_view, switch", any,
-                              "letters beyond ASCII"),
+                              "letter case beyond ASCII"),
       peer<readByStrSplit>("absl::StrSplit", any),
       peer<readByStrtok>("strtok_r", any),
       peer<readByTcl>("Tcl_SplitList", any),
