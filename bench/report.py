@@ -34,19 +34,20 @@ PARTS = {
     "decimals": ("read decimals", "words"),
     "hexadecimals": ("read hexadecimals", "words"),
     "octals": ("read octals", "words"),
-    "designs": ("load", "instances"),
 }
 
-Result = collections.namedtuple("Result", "nanoseconds bytes peak taken")
+Result = collections.namedtuple("Result", "nanoseconds bytes peak taken instructions leaves_out")
 
 
 def load(folder):
-    """{group: {who: {size: Result}}}, the least time of all repetitions."""
+    """{group: {who: {size: Result}}}, the least time of all repetitions; the
+    machine; and what counted instructions."""
     groups = collections.defaultdict(lambda: collections.defaultdict(dict))
-    machine = None
+    machine = counter = None
     for file in sorted(folder.glob("*.json")):
         document = json.loads(file.read_text(encoding="utf-8"))
-        machine = document["context"]
+        machine = document.get("context", machine)
+        counter = document.get("counter", counter)
         for run in document["benchmarks"]:
             if run["run_type"] != "iteration":
                 continue
@@ -56,11 +57,13 @@ def load(folder):
                 groups[group][who][int(size)] = Result(run["cpu_time"],
                                                        run["bytes"],
                                                        run.get("peak", 0),
-                                                       run["real_time"])
+                                                       run["real_time"],
+                                                       run.get("instructions"),
+                                                       run.get("label", ""))
             least = groups[group][who][int(size)]
             groups[group][who][int(size)] = least._replace(
                 taken=min(run["real_time"], found.taken if found else run["real_time"]))
-    return groups, machine
+    return groups, machine, counter
 
 
 def duration(nanoseconds):
@@ -85,8 +88,9 @@ def times_as_long(ratio):
     return f" ({ratio:,.0f}×)" if ratio >= 10 else f" ({ratio:.2g}×)"
 
 
-def compared(group, counted, value, unit):
-    """A row for each way, with what is compared and its ratio to ours."""
+def compared(group, counted, value, unit, more=()):
+    """A row for each way, with what is compared and its ratio to ours; then
+    columns of `more`, a heading and the cell of a way's largest size each."""
     ours = next(who for who in group if who in OURS)
     sizes = sorted({size for results in group.values() for size in results})
     fastest_first = sorted(group.items(), key=lambda item: (
@@ -102,12 +106,34 @@ def compared(group, counted, value, unit):
             if who != ours:
                 cell += times_as_long(value(results[size]) / value(group[ours][size]))
             cells.append(cell)
+        cells += (cell(results[max(results)]) for _, cell in more)
         rows.append(cells)
-    return table(["", *(f"{size:,} {counted}" for size in sizes)], rows)
+    return table(["", *(f"{size:,} {counted}" for size in sizes), *(heading for heading, _ in more)], rows)
 
 
-def times(group, counted):
-    return compared(group, counted, lambda result: result.nanoseconds, duration)
+def leaving_out(group):
+    """The column of what each way leaves out, if any does."""
+    if any(result.leaves_out for results in group.values() for result in results.values()):
+        yield "Leaves out besides", lambda result: result.leaves_out
+
+
+def times(group, counted, more=()):
+    return compared(group, counted, lambda result: result.nanoseconds, duration, [*more, *leaving_out(group)])
+
+
+def loads(group, counter):
+    """The times of loading designs, with the instructions of the largest."""
+    if counter is None:
+        return times(group, "instances") + "\nInstructions were not counted: neither perf nor valgrind could.\n"
+    (ours,) = (results[max(results)] for who, results in group.items() if who in OURS)
+    largest = max(size for results in group.values() for size in results)
+
+    def instructions(result):
+        cell = f"{result.instructions / 1e6:,.0f} M"
+        return cell if result is ours else cell + times_as_long(result.instructions / ours.instructions)
+
+    return (times(group, "instances", [(f"Instructions, {largest:,} instances", instructions)])
+            + f"\nInstructions were counted by {counter}.\n")
 
 
 def rates(group):
@@ -159,7 +185,8 @@ def describe(machine):
 WIDTH, HEIGHT = 860, 520
 LEFT, RIGHT, TOP, BOTTOM = 70, 220, 46, 60
 COLOURS = ("#0b6e4f", "#c1121f", "#e07a1f", "#7b2cbf", "#1d6fb8", "#8d6346",
-           "#5c677d", "#d6478f", "#2a9d8f", "#a5a500", "#3d405b", "#00a0c6")
+           "#5c677d", "#d6478f", "#2a9d8f", "#a5a500", "#3d405b", "#00a0c6",
+           "#7f5539", "#80b918", "#9d4edd", "#000000")
 
 
 def decades(low, high):
@@ -217,6 +244,7 @@ def plot(group):
     svg.append(f'<text x="18" y="{(TOP + HEIGHT - BOTTOM) / 2}" '
                'text-anchor="middle" transform="rotate(-90 18 '
                f'{(TOP + HEIGHT - BOTTOM) / 2})">nanoseconds a byte</text>')
+    assert len(points) <= len(COLOURS), "a way without a colour"
     for (who, line), colour in zip(sorted(points.items()), COLOURS):
         width = 3.5 if who == ENGINE else 1.5
         places = " ".join(f"{x(size):.1f},{y(value):.1f}" for size, value in line)
@@ -236,7 +264,7 @@ def plot(group):
 
 def main():
     folder, document, picture = map(pathlib.Path, sys.argv[1:4])
-    groups, machine = load(folder)
+    groups, machine, counter = load(folder)
     parts = {"machine": describe(machine), "counts": counts(), "calls": calls()}
     for name, (group, counted) in PARTS.items():
         if group in groups:
@@ -246,6 +274,8 @@ def main():
     if "change" in groups:
         parts["protocol"] = rates(groups["change"])
     if "load" in groups:
+        parts["designs"] = loads(groups["load"], counter)
+        print(f"\nload\n{parts['designs']}")
         parts["design-sizes"] = bytes_read(groups["load"], "instances")
         parts["design-memory"] = memory(groups["load"], "instances")
 

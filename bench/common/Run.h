@@ -6,29 +6,22 @@
 #include <cstddef>
 #include <cstdlib>
 #include <functional>
-#include <iostream>
 #include <string>
 
 #include <benchmark/benchmark.h>
+
+#include "Require.h"
 
 namespace bench {
 
 constexpr std::array<std::size_t, 6> sizes{2, 10, 100, 1000, 10000, 100000};
 
-/// Ends the program: what gives a wrong result is not timed.
-inline void require(bool holds, const std::string &what) {
-  if (holds)
-    return;
-  std::cerr << "wrong result: " << what << '\n';
-  std::exit(EXIT_FAILURE);
-}
-
-/// What is timed, how many bytes it goes through, and, where that was counted,
-/// how much memory it holds at most.
+/// What is timed, how many bytes it goes through, and what it leaves out of
+/// what the others of its group do.
 struct Prepared {
   std::size_t bytes;
   std::function<void()> work;
-  std::size_t peak = 0;
+  std::string leavesOut = {};
 };
 
 /// Registers "group/who/size". `prepare` returns what is timed, after it has
@@ -44,8 +37,7 @@ void add(const std::string &group, const std::string &who, std::size_t size,
         for ([[maybe_unused]] auto iteration : state)
           prepared.work();
         state.counters["bytes"] = static_cast<double>(prepared.bytes);
-        if (prepared.peak != 0)
-          state.counters["peak"] = static_cast<double>(prepared.peak);
+        state.SetLabel(prepared.leavesOut);
       });
 }
 

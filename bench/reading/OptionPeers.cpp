@@ -19,6 +19,43 @@ bool takeValues(WordReader &reader, const std::vector<std::string> &values) {
   return true;
 }
 
+/// The options of the command, with where their values go.
+class Cli11 {
+public:
+  Cli11() {
+    app.add_option("words", head)->expected(3);
+    app.add_option("--cable", cable)->ignore_case();
+    app.add_option("--configdevice", devices)->ignore_case();
+    app.add_option("--debugdevice", debugDevice)->ignore_case();
+  }
+
+  bool read(const Input &input, Command &command) {
+    try {
+      app.parse(input.doubleDashed);
+    } catch (const CLI::ParseError &) {
+      return false;
+    }
+    WordReader reader(command);
+    if (!takeValues(reader, head) || !reader.take("-cable") ||
+        !takeValues(reader, cable))
+      return false;
+    for (const Values &device : devices)
+      if (!reader.take("-configdevice") || !takeValues(reader, device))
+        return false;
+    return reader.take("-debugdevice") && takeValues(reader, debugDevice) &&
+           reader.isComplete();
+  }
+
+private:
+  using Values = std::vector<std::string>;
+
+  CLI::App app;
+  Values head;
+  Values cable;
+  std::vector<Values> devices;
+  Values debugDevice;
+};
+
 } // namespace
 
 bool readByProgramOptions(const Input &input, Command &command) {
@@ -48,30 +85,12 @@ bool readByProgramOptions(const Input &input, Command &command) {
 }
 
 bool readByCli11(const Input &input, Command &command) {
-  using Values = std::vector<std::string>;
-  Values head;
-  Values cable;
-  std::vector<Values> devices;
-  Values debugDevice;
-  CLI::App app;
-  app.add_option("words", head)->expected(3);
-  app.add_option("--cable", cable)->ignore_case();
-  app.add_option("--configdevice", devices)->ignore_case();
-  app.add_option("--debugdevice", debugDevice)->ignore_case();
-  try {
-    app.parse(input.doubleDashed);
-  } catch (const CLI::ParseError &) {
-    return false;
-  }
-  WordReader reader(command);
-  if (!takeValues(reader, head) || !reader.take("-cable") ||
-      !takeValues(reader, cable))
-    return false;
-  for (const Values &device : devices)
-    if (!reader.take("-configdevice") || !takeValues(reader, device))
-      return false;
-  return reader.take("-debugdevice") && takeValues(reader, debugDevice) &&
-         reader.isComplete();
+  return Cli11().read(input, command);
+}
+
+bool readByKeptCli11(const Input &input, Command &command) {
+  static Cli11 kept;
+  return kept.read(input, command);
 }
 
 } // namespace bench

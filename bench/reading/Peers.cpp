@@ -2,6 +2,10 @@
 
 #include <limits>
 
+#include <benchmark/benchmark.h>
+
+#include "OrderedJson.h"
+
 namespace bench {
 
 namespace {
@@ -32,7 +36,35 @@ std::string toJson(const Command &command) {
   }
   json += R"(],"debugdevice":{"deviceNr":1,"cpunr":1,"romemStartAdr":0,)"
           R"("romemSize":65536}})";
+  json.reserve(json.size() + Input::jsonPadding);
   return json;
+}
+
+const Command &toCommand(const Command &read) { return read; }
+
+template <class Result> Result resultOf(bool (*)(const Input &, Result &));
+template <auto read> using ResultOf = decltype(resultOf(read));
+
+template <auto read>
+bool readsTwice(const Input &input, const Command &expected) {
+  for (int time = 0; time < 2; ++time) {
+    ResultOf<read> result;
+    if (!read(input, result) || !(toCommand(result) == expected))
+      return false;
+  }
+  return true;
+}
+
+template <auto read> void readOnce(const Input &input) {
+  ResultOf<read> result;
+  read(input, result);
+  benchmark::DoNotOptimize(result);
+}
+
+template <auto read>
+Peer peer(const char *name, std::size_t mostDevices,
+          const char *leavesOut = "") {
+  return {name, readsTwice<read>, readOnce<read>, mostDevices, leavesOut};
 }
 
 } // namespace
@@ -43,17 +75,25 @@ Input::Input(std::size_t devices)
 
 const std::vector<Peer> &peers() {
   static const std::vector<Peer> all{
-      {"absl::StrSplit", readByStrSplit, any},
-      {"strtok_r", readByStrtok, any},
-      {"Tcl_SplitList", readByTcl, any},
-      {"boost::split", readByBoostSplit, any},
-      {"trim, split, erase", readByTextbook, 100},
-      {"trim, erase", readByErasing, 1000},
-      {"Boost.Program_options", readByProgramOptions, 1000},
-      {"CLI11", readByCli11, 10000},
-      {"simdjson", readBySimdjson, any},
-      {"RapidJSON", readByRapidJson, any},
-      {"nlohmann-json", readByNlohmann, any},
+      peer<readByPlainCursor>("string_view, switch", any,
+                              "letter case beyond ASCII"),
+      peer<readByStrSplit>("absl::StrSplit", any),
+      peer<readByStrtok>("strtok_r", any),
+      peer<readByTcl>("Tcl_SplitList", any),
+      peer<readByBoostSplit>("boost::split", any),
+      peer<readByTextbook>("trim, split, erase", 100),
+      peer<readByErasing>("trim, erase", 1000),
+      peer<readByProgramOptions>("Boost.Program_options", 1000),
+      peer<readByCli11>("CLI11", 10000),
+      peer<readByKeptCli11>("CLI11, built once", 10000),
+      peer<readBySimdjsonInOrder>("simdjson, keys in order", any,
+                                  "letter case, any other order, strings of "
+                                  "its own"),
+      peer<readBySimdjsonKept>("simdjson, keys in order, as kept", any,
+                               "letter case, any other order"),
+      peer<readBySimdjson>("simdjson, any order", any),
+      peer<readByRapidJson>("RapidJSON", any),
+      peer<readByNlohmann>("nlohmann-json", any),
   };
   return all;
 }
