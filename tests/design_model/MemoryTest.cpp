@@ -6,8 +6,8 @@
 #include <string>
 
 #include "MemorySource.h"
+#include "PeakMemory.h"
 #include "Reading.h"
-#include "designs/PeakMemory.h"
 #include "elaboration/ReadDesignFrom.h"
 
 namespace ZelDebugDialog {
@@ -25,18 +25,18 @@ struct Cost {
 };
 
 Cost costOf(const Files &files, std::size_t most) {
-  bench::countPugixml();
+  support::countPugixml();
   MemorySource memory;
   memory.files = files;
   DesignSources sources;
   sources.designFile = "top.xml";
   DesignModel model;
-  const std::size_t before = bench::bytesHeld();
-  bench::restartPeak();
+  const std::size_t before = support::bytesHeld();
+  support::restartPeak();
   EXPECT_TRUE(readDesignFrom(memory, sources, limitsOf(most), model));
   Cost cost;
-  cost.held = bench::bytesHeld() - before;
-  cost.peak = bench::peakBytesHeld() - before;
+  cost.held = support::bytesHeld() - before;
+  cost.peak = support::peakBytesHeld() - before;
   cost.instances = model.Instances().size();
   for (const DesignInstance &instance : model.Instances())
     cost.names += instance.name.size();
