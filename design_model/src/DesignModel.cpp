@@ -45,7 +45,7 @@ DesignModel::AddInstance(const std::string &name, ComponentId component,
                      "instance " + quote(name) + " is left out: " + fault);
     return std::nullopt;
   }
-  const std::string fullName =
+  std::string fullName =
       parent == top ? name : contents->instances[parent].name + "." + name;
   if (contents->isTaken(name, fullName, toIndex(parent))) {
     contents->report(Severity::error, origin, origin.line,
@@ -53,8 +53,9 @@ DesignModel::AddInstance(const std::string &name, ComponentId component,
                          " is left out: another has that name");
     return std::nullopt;
   }
-  return contents->addInstance(name, fullName, static_cast<Index>(component),
-                               toIndex(parent), origin);
+  return contents->addInstance(name, std::move(fullName),
+                               static_cast<Index>(component), toIndex(parent),
+                               origin);
 }
 
 void DesignModel::AddParameter(InstanceId instance, std::string name,

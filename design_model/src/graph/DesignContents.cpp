@@ -80,14 +80,14 @@ private:
   bool isComplete = false;
 };
 
-Index DesignContents::addInstance(const std::string &name,
-                                  const std::string &fullName, Index component,
-                                  Index parent, const DesignOrigin &origin) {
+Index DesignContents::addInstance(const std::string &name, std::string fullName,
+                                  Index component, Index parent,
+                                  const DesignOrigin &origin) {
   Entry entry(*this, component, parent);
   const Index instance = entry.index();
   const DesignComponent &data = graph.components[component].data;
   DesignInstance &added = instances.emplace_back();
-  added.name = fullName;
+  added.name = std::move(fullName);
   added.typeName = data.typeName;
   added.role = data.role;
   added.component = component;
@@ -98,10 +98,10 @@ Index DesignContents::addInstance(const std::string &name,
   if (data.role == DesignRole::debugModule)
     debugModules.push_back(instance);
   // A new name is what is entered last, and need not be taken back.
-  if (firstByName.enter(fullName, instance, nameIn(instances)) != instance) {
+  if (firstByName.enter(added.name, instance, nameIn(instances)) != instance) {
     entry.addNamesake(name);
     report(Severity::warning, origin, origin.line,
-           "two instances read " + quote(fullName) +
+           "two instances read " + quote(added.name) +
                ", as a name in one of them holds a dot; the name means the "
                "first");
   }

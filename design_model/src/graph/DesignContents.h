@@ -62,7 +62,7 @@ struct DesignContents {
   bool isTaken(const std::string &name, const std::string &fullName,
                Index parent) const;
   /// Adds an instance whose name is not taken.
-  Index addInstance(const std::string &name, const std::string &fullName,
+  Index addInstance(const std::string &name, std::string fullName,
                     Index component, Index parent, const DesignOrigin &origin);
   Index findEnd(const DesignEnd &end, const DesignConnection &connection,
                 Index within);
