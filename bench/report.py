@@ -1,13 +1,14 @@
 #!/usr/bin/env python3
 """Writes the figures of docs/performance.md and its plot from benchmark results.
 
-  report.py RESULTS_FOLDER DOCUMENT PLOT
+  report.py [--some] RESULTS_FOLDER DOCUMENT PLOT
 
 RESULTS_FOLDER holds the JSON output of the benchmark programs. In DOCUMENT each
 part between "<!-- figures: NAME -->" and "<!-- end -->" is written anew; PLOT is
-an SVG.
+an SVG. With --some, a part without results stays, and says that it is older.
 """
 
+import argparse
 import collections
 import json
 import pathlib
@@ -20,6 +21,7 @@ import system_calls  # noqa: E402  (from the folder above)
 
 ENGINE = "engine"
 OURS = (ENGINE, "design model")
+OLDER = "\nThese are of an earlier run.\n"
 PART = re.compile(r"(<!-- figures: ([\w-]+) -->\n).*?(<!-- end -->)", re.DOTALL)
 
 # The groups of benchmarks that a part of the document shows, and what their
@@ -263,8 +265,13 @@ def plot(group):
 
 
 def main():
-    folder, document, picture = map(pathlib.Path, sys.argv[1:4])
-    groups, machine, counter = load(folder)
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--some", action="store_true")
+    for name in ("folder", "document", "picture"):
+        parser.add_argument(name, type=pathlib.Path)
+    given = parser.parse_args()
+    document = given.document
+    groups, machine, counter = load(given.folder)
     parts = {"machine": describe(machine), "counts": counts(), "calls": calls()}
     for name, (group, counted) in PARTS.items():
         if group in groups:
@@ -280,13 +287,15 @@ def main():
         parts["design-memory"] = memory(groups["load"], "instances")
 
     def write_anew(part):
+        if part.group(2) not in parts and given.some:
+            return part.group().replace(OLDER, "").replace(part.group(3), OLDER + part.group(3))
         if part.group(2) not in parts:
             sys.exit(f"{document}: no results for the part {part.group(2)!r}")
         return part.group(1) + parts[part.group(2)] + part.group(3)
 
     text = document.read_text(encoding="utf-8")
     document.write_text(PART.sub(write_anew, text), encoding="utf-8")
-    picture.write_text(plot(groups["read"]), encoding="utf-8")
+    given.picture.write_text(plot(groups["read"]), encoding="utf-8")
 
 
 if __name__ == "__main__":
