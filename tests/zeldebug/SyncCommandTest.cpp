@@ -312,8 +312,8 @@ TEST_F(ProjectTest, WhatIsDisplacedIsToldAndIsNoDifference) {
   EXPECT_EQ(run({"sync", "lumacore_0"}).status, 0);
   const Result run =
       this->run({"sync", "lumacore_0", "--dry-run", "--probe", "lab"});
-  EXPECT_EQ(run.err, "zeldebug: note: lumacore_0: cable.frequency 3000000 of "
-                     "zeldebug.toml:6:19 is not written: cable.esn of "
+  EXPECT_EQ(run.err, "zeldebug: note: zeldebug.toml:6:19: 'cable.frequency' 3 "
+                     "MHz of 'lumacore_0' is not written: 'cable.esn' of "
                      "zeldebug.toml:8:7 takes its place [displaced]\n");
   EXPECT_EQ(run.out,
             "PROCESSOR   RESULT   FILE\n"

@@ -4,9 +4,8 @@
 
 #include <fmt/format.h>
 
-#include "ZelDebugDialog/ConfigurationModel/Settings.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
-#include "reading/Faults.h"
+#include "ZelDebugDialog/ProjectFile/Origins.h"
 
 namespace ZelDebugDialog {
 
@@ -40,46 +39,6 @@ std::string layerOf(const Project &files, const ProjectPlace &place) {
   return isLocal ? "local" : "project";
 }
 
-std::string shownPlace(const ProjectPlace &place) {
-  return fmt::format("{}:{}:{}", ShowText(place.file), place.line,
-                     place.column);
-}
-
-/// "'cable.frequency' 3 MHz of 'cpu0'"
-std::string shownValue(const std::string &processor, const std::string &setting,
-                       const Value &value) {
-  return fmt::format("'{}' {} of '{}'", setting,
-                     ShowText(ShowValue(*FindSetting(setting), value)),
-                     ShowText(processor));
-}
-
-ProjectFault noteOf(const char *code, const std::string &setting,
-                    const ProjectPlace &place, const std::string &message) {
-  ProjectFault note = faultOf(code, place, message);
-  note.setting = setting;
-  return note;
-}
-
-ProjectFault droppedNote(const std::string &processor,
-                         const DroppedValue &one) {
-  return noteOf(
-      "cable-dropped", one.value.setting, one.value.place,
-      fmt::format("{} is left out: {} names another cable, or none",
-                  shownValue(processor, one.value.setting, one.value.value),
-                  shownPlace(one.by)));
-}
-
-ProjectFault displacedNote(const MergedProcessor &merged,
-                           const ProjectLoss &one) {
-  const MergedValue *const by = merged.Find(one.displacer);
-  return noteOf(
-      "displaced", one.loss.field, one.place,
-      fmt::format("{} is not written: '{}' of {} takes its place",
-                  shownValue(merged.processor, one.loss.field, one.loss.value),
-                  one.displacer,
-                  shownPlace(by == nullptr ? one.place : by->value.place)));
-}
-
 ProjectFault lossWarning(const MergedProcessor &merged,
                          const ProjectLoss &one) {
   ProjectFault warning;
@@ -106,10 +65,7 @@ SaidProcessor sayingOf(const Project &files, const ProjectChoice &choice,
   said.command = std::move(applied.command);
   said.refusal = std::move(applied.refusal);
   said.place = std::move(applied.place);
-  for (const DroppedValue &one : merged.dropped)
-    said.remarks.push_back(droppedNote(processor.name, one));
-  for (const ProjectLoss &one : applied.displaced)
-    said.remarks.push_back(displacedNote(merged, one));
+  said.remarks = ExplainLeftOut(merged, applied.displaced);
   for (const ProjectLoss &one : applied.lost)
     said.remarks.push_back(lossWarning(merged, one));
   return said;

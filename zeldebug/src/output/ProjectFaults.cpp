@@ -13,9 +13,7 @@ namespace zeldebug {
 namespace {
 
 using ZelDebugDialog::AppliedProject;
-using ZelDebugDialog::DroppedValue;
 using ZelDebugDialog::MergedProcessor;
-using ZelDebugDialog::MergedValue;
 using ZelDebugDialog::ProjectFault;
 using ZelDebugDialog::ProjectLoss;
 using ZelDebugDialog::ProjectPlace;
@@ -32,11 +30,6 @@ Json faultJson(const ProjectFault &fault) {
   told["accepted"] = fault.accepted;
   told["suggestion"] = orNull(fault.suggestion);
   return told;
-}
-
-About aboutPlace(const std::string &code, const std::string &setting,
-                 const ProjectPlace &place) {
-  return {code, setting, place.file, place.line, place.column};
 }
 
 } // namespace
@@ -63,27 +56,8 @@ Failure refusedAt(const AppliedProject &applied) {
 
 void tellLeftOut(const MergedProcessor &merged,
                  const std::vector<ProjectLoss> &displaced, Output &output) {
-  const std::string &name = merged.processor;
-  for (const DroppedValue &one : merged.dropped)
-    output.note(
-        fmt::format("{}: {} {} of {} is left out: {} names another cable, "
-                    "or none [cable-dropped]",
-                    name, one.value.setting,
-                    shownStored(one.value.setting, one.value.value),
-                    shownPlace(one.value.place), shownPlace(one.by)),
-        aboutPlace("cable-dropped", one.value.setting, one.value.place));
-  for (const ProjectLoss &one : displaced) {
-    const MergedValue *const displacer = merged.Find(one.displacer);
-    output.note(
-        fmt::format("{}: {} {} of {} is not written: {} of {} takes its place "
-                    "[displaced]",
-                    name, one.loss.field,
-                    shownStored(one.loss.field, one.loss.value),
-                    shownPlace(one.place), one.displacer,
-                    shownPlace(displacer == nullptr ? ProjectPlace()
-                                                    : displacer->value.place)),
-        aboutPlace("displaced", one.loss.field, one.place));
-  }
+  for (const ProjectFault &note : ExplainLeftOut(merged, displaced))
+    tellRemark(note, output);
 }
 
 std::string shownPlace(const ProjectPlace &place) {

@@ -45,6 +45,15 @@ ShowProject(const MergedProcessor &merged, const Session &session);
 ZELDEBUGDIALOG_PROJECTFILE_API std::vector<Difference>
 CompareWithOptionFile(const Board &board, const Session &session);
 
+/// What is to be told of values that are said of a processor and do not count:
+/// those of another cable ("cable-dropped"), and those that others displace
+/// ("displaced"), as notes at their places.
+/// @param merged     what was merged
+/// @param displaced  as `ApplyProject` has found it
+ZELDEBUGDIALOG_PROJECTFILE_API std::vector<ProjectFault>
+ExplainLeftOut(const MergedProcessor &merged,
+               const std::vector<ProjectLoss> &displaced);
+
 } // namespace ZelDebugDialog
 
 #endif
