@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include "files/FileLock.h"
 #include "files/FileSaver.h"
@@ -38,14 +39,15 @@ bool WriteWholeFile(const std::string &path, const std::string &text,
 }
 
 struct FileLock::Held {
+  Held(fs::path file, std::chrono::seconds patience)
+      : target(std::move(file)), lock(target, patience) {}
+
   fs::path target;
   model::FileLock lock;
 };
 
-FileLock::FileLock(const std::string &file, std::chrono::seconds patience) {
-  const fs::path target = targetOf(file);
-  held.reset(new Held{target, model::FileLock(target, patience)});
-}
+FileLock::FileLock(const std::string &file, std::chrono::seconds patience)
+    : held(std::make_unique<Held>(targetOf(file), patience)) {}
 
 FileLock::~FileLock() = default;
 
