@@ -131,7 +131,7 @@ TEST_F(WholeFileTest, WhoHasTheLockIsAlone) {
   fs::create_symlink("table", at("link"));
   const auto refusalOfLock = [](const std::string &path) {
     try {
-      const FileLock lock(path, std::chrono::seconds(0));
+      const ZelDebugDialog::FileLock lock(path, std::chrono::seconds(0));
     } catch (const Refusal &refusal) {
       return std::string(ShowKind(refusal.kind));
     }
@@ -140,7 +140,7 @@ TEST_F(WholeFileTest, WhoHasTheLockIsAlone) {
   EXPECT_EQ(refusalOfLock(at("none/file")), "no-folder");
   EXPECT_EQ(refusalOfLock(""), "no-regular-file");
   {
-    const FileLock lock(file);
+    const ZelDebugDialog::FileLock lock(file);
     EXPECT_TRUE(fs::exists(at(".table.lock")));
     EXPECT_EQ(refusalOfLock(file), "file-system");
     EXPECT_EQ(refusalOfLock(at("link")), "no-regular-file");
@@ -158,7 +158,7 @@ TEST_F(WholeFileTest, WhoHasTheLockIsAlone) {
 }
 
 TEST_F(WholeFileTest, TheLockOfAHiddenFileHasOneDot) {
-  const FileLock lock(at(".table"));
+  const ZelDebugDialog::FileLock lock(at(".table"));
   EXPECT_EQ(names(), std::vector<std::string>{".table.lock"});
 }
 
