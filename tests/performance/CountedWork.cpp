@@ -12,10 +12,10 @@
 #include <utility>
 
 #include "CountedRegion.h"
+#include "DesignFiles.h"
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "common/ChainCommand.h"
-#include "common/DesignFiles.h"
 #include "common/FlatDesign.h"
 #include "common/Session.h"
 
@@ -116,13 +116,13 @@ void lookUp(std::size_t lumacores) {
 }
 
 struct Loading {
-  explicit Loading(const bench::DesignFiles &files) : folder(files) {}
-  bench::DesignFolder folder;
+  explicit Loading(const performance::DesignFiles &files) : folder(files) {}
+  performance::DesignFolder folder;
   ZelDebugDialog::DesignModel model;
 };
 
 /// From files to a model that answers.
-void load(const bench::DesignFiles &files) {
+void load(const performance::DesignFiles &files) {
   count([&files] { return std::make_unique<Loading>(files); },
         [](Loading &loading) {
           if (!ReadDesign({loading.folder.design(), {}, "", ""}, loading.model))
@@ -130,14 +130,16 @@ void load(const bench::DesignFiles &files) {
         });
 }
 
-void loadFlat(std::size_t instances) { load(bench::flatDesign(instances)); }
+void loadFlat(std::size_t instances) {
+  load(performance::flatDesign(instances));
+}
 
 void loadValues(std::size_t instances) {
-  load(bench::flatDesign(instances, true));
+  load(performance::flatDesign(instances, true));
 }
 
 void loadHierarchical(std::size_t instances) {
-  load(bench::hierarchicalDesign(instances));
+  load(performance::hierarchicalDesign(instances));
 }
 
 /// Counts nothing: tells how long the text of `read` is.

@@ -1,6 +1,6 @@
 // IP-XACT designs of any size, and a folder with their files.
-#ifndef ZELDEBUGDIALOG_BENCH_COMMON_DESIGNFILES_H
-#define ZELDEBUGDIALOG_BENCH_COMMON_DESIGNFILES_H
+#ifndef ZELDEBUGDIALOG_TESTS_PERFORMANCE_DESIGNFILES_H
+#define ZELDEBUGDIALOG_TESTS_PERFORMANCE_DESIGNFILES_H
 
 #include <cstddef>
 #include <cstdio>
@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace bench {
+namespace performance {
 
 /// Texts by the names of their files.
 using DesignFiles = std::map<std::string, std::string>;
@@ -202,6 +202,6 @@ private:
   std::size_t bytes = 0;
 };
 
-} // namespace bench
+} // namespace performance
 
 #endif
