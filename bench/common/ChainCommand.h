@@ -11,34 +11,39 @@
 
 namespace bench {
 
-struct Device {
+/// With `Text` for its string.
+template <class Text> struct DeviceOf {
   int number = 0;
-  std::string partName;
+  Text partName;
   int irLength = 0;
   std::uint32_t idCode = 0;
 
-  bool operator==(const Device &other) const {
+  bool operator==(const DeviceOf &other) const {
     return std::tie(number, partName, irLength, idCode) ==
            std::tie(other.number, other.partName, other.irLength, other.idCode);
   }
 };
 
-/// What the command says, as a peer stores it.
-struct Command {
+using Device = DeviceOf<std::string>;
+
+struct CommandWords {
   enum class Connection { none, hdu, stub, sim };
   enum class CableType { none, parallel, parallel3, podusb, plugin };
+};
 
+/// What the command says, with `Text` for its strings and `Held` for a device.
+template <class Text, class Held> struct CommandOf : CommandWords {
   Connection connection = Connection::none;
   CableType cableType = CableType::none;
-  std::string port;
+  Text port;
   std::uint32_t frequency = 0;
-  std::vector<Device> chain;
+  std::vector<Held> chain;
   int debugDevice = 0;
   int cpuNumber = 0;
   std::uint32_t romStart = 0xFFFFFFFF;
   std::uint32_t romSize = 0;
 
-  bool operator==(const Command &other) const {
+  bool operator==(const CommandOf &other) const {
     return std::tie(connection, cableType, port, frequency, chain, debugDevice,
                     cpuNumber, romStart, romSize) ==
            std::tie(other.connection, other.cableType, other.port,
@@ -46,6 +51,9 @@ struct Command {
                     other.cpuNumber, other.romStart, other.romSize);
   }
 };
+
+/// As a peer stores it.
+using Command = CommandOf<std::string, Device>;
 
 /// Device `index` of the chain. Numbers stay in what the record's field holds.
 inline Device chainDevice(std::size_t index) {

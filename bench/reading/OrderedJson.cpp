@@ -1,5 +1,6 @@
 #include "OrderedJson.h"
 
+#include <cstdint>
 #include <limits>
 
 #include <simdjson.h>
@@ -49,9 +50,7 @@ bool takeNamed(Object &object, std::string_view key, const Keywords &keywords,
   return false;
 }
 
-ViewedDevice &addDevice(ViewedCommand &command) {
-  return command.chain.emplace_back();
-}
+auto &addDevice(ViewedCommand &command) { return command.chain.emplace_back(); }
 Device &addDevice(KeptCommand &command) {
   return *command.chain.emplace_back(std::make_unique<Device>());
 }
@@ -129,7 +128,7 @@ bool readBySimdjsonKept(const Input &input, KeptCommand &command) {
 
 Command toCommand(const ViewedCommand &read) {
   Command command = withoutChain(read);
-  for (const ViewedDevice &device : read.chain)
+  for (const auto &device : read.chain)
     command.chain.push_back({device.number, std::string(device.partName),
                              device.irLength, device.idCode});
   return command;

@@ -3,7 +3,6 @@
 #ifndef ZELDEBUGDIALOG_BENCH_READING_ORDEREDJSON_H
 #define ZELDEBUGDIALOG_BENCH_READING_ORDEREDJSON_H
 
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,31 +14,11 @@ namespace bench {
 
 struct Input;
 
-struct ViewedDevice {
-  int number = 0;
-  std::string_view partName;
-  int irLength = 0;
-  std::uint32_t idCode = 0;
-};
-
-/// A command with `Text` for its strings and `Held` for a device.
-template <class Text, class Held> struct JsonCommand {
-  Command::Connection connection = Command::Connection::none;
-  Command::CableType cableType = Command::CableType::none;
-  Text port;
-  std::uint32_t frequency = 0;
-  std::vector<Held> chain;
-  int debugDevice = 0;
-  int cpuNumber = 0;
-  std::uint32_t romStart = 0xFFFFFFFF;
-  std::uint32_t romSize = 0;
-};
-
 /// Its strings stay in the parser, until that reads again.
-using ViewedCommand = JsonCommand<std::string_view, ViewedDevice>;
+using ViewedCommand = CommandOf<std::string_view, DeviceOf<std::string_view>>;
 
 /// As the engine has it: each device a record of its own, and the text kept.
-struct KeptCommand : JsonCommand<std::string, std::unique_ptr<Device>> {
+struct KeptCommand : CommandOf<std::string, std::unique_ptr<Device>> {
   std::string text;
 };
 
