@@ -1,7 +1,5 @@
 #include <set>
 
-#include <fmt/format.h>
-
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Adopt.h"
