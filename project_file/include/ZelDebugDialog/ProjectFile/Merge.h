@@ -106,7 +106,8 @@ struct AppliedProject {
   std::optional<std::string> command; ///< The option file; none: refused.
   std::optional<Refusal> refusal;     ///< Why it is refused.
   ProjectPlace place;                 ///< Where the refused value stands.
-  std::vector<ProjectLoss> lost;      ///< These block; a refused connection.
+  /// These block. Of a connection that is refused, it alone.
+  std::vector<ProjectLoss> lost;
   std::vector<ProjectLoss> displaced; ///< These are only told.
 };
 
