@@ -275,4 +275,18 @@ TEST_F(Editing, NeitherFileStaysChangedWhenTheOtherCannotBeWritten) {
   EXPECT_EQ(work.read("zeldebug.local.toml"), "# old\n");
 }
 
+TEST_F(Editing, TwoChangesOfOneFileAreNotWrittenTogether) {
+  given("");
+  const std::string before = work.read("zeldebug.toml");
+  const EditedProject one = plan(edit("lc", {{"debugDevice", 3}}));
+  const EditedProject other = plan(edit("lc", {{"debugDevice", 4}}));
+  EXPECT_EQ(model_test::refusalOf([&] {
+              WriteProjectFiles({one, other});
+            }),
+            "changed-on-disk: " + one.file +
+                ": two changes of it, planned apart, cannot be written "
+                "together");
+  EXPECT_EQ(work.read("zeldebug.toml"), before);
+}
+
 } // namespace

@@ -8,6 +8,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Adopt.h"
 #include "ZelDebugDialog/ProjectFile/Project.h"
+#include "files/PutBack.h"
 #include "files/ReadFile.h"
 
 namespace ZelDebugDialog {
@@ -42,8 +43,8 @@ bool hasLine(const std::string &text, const std::string &line) {
   return false;
 }
 
-void ignore(const fs::path &file, const std::vector<std::string> &lines) {
-  const std::string before = findFile(file.string()).value_or("");
+std::string withLines(const std::string &before,
+                      const std::vector<std::string> &lines) {
   std::string after = before;
   const std::string lineEnd =
       before.find("\r\n") == std::string::npos ? "\n" : "\r\n";
@@ -54,21 +55,7 @@ void ignore(const fs::path &file, const std::vector<std::string> &lines) {
       after += lineEnd;
     after += line + lineEnd;
   }
-  if (after != before)
-    WriteWholeFile(file.string(), after, ExistingFile::replace);
-}
-
-/// Takes back what was added to a file, or the file.
-void putBack(const fs::path &file, const std::optional<std::string> &before) {
-  try {
-    if (before)
-      WriteWholeFile(file.string(), *before, ExistingFile::replace);
-    else
-      fs::remove(file);
-  } catch (const std::exception &) {
-    // The reason for it is told, which is why this fails as well.
-    return;
-  }
+  return after;
 }
 
 } // namespace
@@ -93,9 +80,13 @@ void WriteNewProject(const std::string &projectFile,
   expectNoFile();
   const FileLock lock(projectFile);
   expectNoFile();
-  const fs::path ignoreFile = folder / ".gitignore";
-  const auto ignoredBefore = findFile(ignoreFile.string());
-  ignore(ignoreFile, {localFile.filename().string(), "etc/"});
+  const std::string ignoreFile = (folder / ".gitignore").string();
+  const FileLock ignoreLock(ignoreFile);
+  const std::optional<std::string> ignoredBefore = findFile(ignoreFile);
+  const std::string ignored = withLines(
+      ignoredBefore.value_or(""), {localFile.filename().string(), "etc/"});
+  if (ignored != ignoredBefore)
+    WriteWholeFile(ignoreLock, ignored, ExistingFile::replace);
   std::vector<fs::path> written;
   try {
     for (const auto &[file, text] : files) {
@@ -105,11 +96,12 @@ void WriteNewProject(const std::string &projectFile,
         WriteWholeFile(file.string(), *text, ExistingFile::refuse);
       written.push_back(file);
     }
-  } catch (const Refusal &) {
-    std::error_code ignored;
+  } catch (...) {
+    std::error_code error;
     for (const fs::path &file : written)
-      fs::remove(file, ignored);
-    putBack(ignoreFile, ignoredBefore);
+      fs::remove(file, error);
+    if (ignored != ignoredBefore)
+      putBack(ignoreLock, ignoreFile, ignoredBefore);
     throw;
   }
 }

@@ -1,7 +1,6 @@
 #include "ZelDebugDialog/ProjectFile/Edit.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 
 #include <fmt/format.h>
@@ -11,6 +10,7 @@
 #include "editing/EditText.h"
 #include "editing/WantedValues.h"
 #include "editing/WrittenValue.h"
+#include "files/PutBack.h"
 #include "files/ReadFile.h"
 #include "merging/Processors.h"
 #include "merging/Sources.h"
@@ -388,17 +388,11 @@ private:
   Path table;
 };
 
-/// What was there before a change that is not to stay alone.
-void putBack(const EditedProject &edited, const FileLock &lock) {
-  try {
-    if (edited.before)
-      WriteWholeFile(lock, *edited.before, ExistingFile::replace);
-    else
-      std::filesystem::remove(edited.file);
-  } catch (const std::exception &) {
-    // The reason for it is told, which is why this fails as well.
-    return;
-  }
+[[noreturn]] void refuseChanged(const std::string &file,
+                                const std::string &message) {
+  Refusal refusal(RefusalKind::changedOnDisk, ShowText(file), message);
+  refusal.file = file;
+  throw refusal;
 }
 
 } // namespace
@@ -422,16 +416,14 @@ void WriteProjectFiles(const std::vector<EditedProject> &files) {
   // Two programs that write the same files take their locks in one order.
   std::map<std::string, const EditedProject *> inOrder;
   for (const EditedProject &edited : files)
-    inOrder.emplace(edited.file, &edited);
+    if (!inOrder.emplace(edited.file, &edited).second)
+      refuseChanged(edited.file, "two changes of it, planned apart, cannot be "
+                                 "written together");
   std::map<std::string, FileLock> locks;
   for (const auto &[file, edited] : inOrder) {
     locks.try_emplace(file, file);
-    if (findFile(file) == edited->before)
-      continue;
-    Refusal refusal(RefusalKind::changedOnDisk, ShowText(file),
-                    "it has changed on disk since it was read");
-    refusal.file = file;
-    throw refusal;
+    if (findFile(file) != edited->before)
+      refuseChanged(file, "it has changed on disk since it was read");
   }
   std::vector<const EditedProject *> written;
   try {
@@ -440,9 +432,9 @@ void WriteProjectFiles(const std::vector<EditedProject> &files) {
         WriteWholeFile(locks.at(file), edited->after, ExistingFile::replace);
         written.push_back(edited);
       }
-  } catch (const Refusal &) {
+  } catch (...) {
     for (const EditedProject *const edited : written)
-      putBack(*edited, locks.at(edited->file));
+      putBack(locks.at(edited->file), edited->file, edited->before);
     throw;
   }
 }

@@ -83,6 +83,9 @@ ZELDEBUGDIALOG_PROJECTFILE_API void WriteProject(const EditedProject &edited);
 
 /// The same for changes that belong together. Before either file is written,
 /// both are as they were when it was planned.
+/// @throws Refusal (as above, and changedOnDisk for two changes of one file);
+///   then both files are as they were, or the first one is new where it could
+///   not be put back either
 ZELDEBUGDIALOG_PROJECTFILE_API void
 WriteProjectFiles(const std::vector<EditedProject> &files);
 
