@@ -79,7 +79,8 @@ public:
   Into(const IntoOptions &intoOptions, const AskedSettings &askedSettings,
        const LineProject &lineProject, Output &runOutput)
       : options(intoOptions), asked(askedSettings), line(lineProject),
-        output(runOutput), choice(lineProject.choice) {
+        output(runOutput), start(lineProject.project),
+        choice(lineProject.choice) {
     // What a profile is given is looked at where it is in use.
     if (options.edit.target == ProjectTarget::profile)
       choice.profile.name = options.edit.profile;
@@ -104,6 +105,7 @@ private:
   const AskedSettings &asked;
   const LineProject &line;
   Output &output;
+  Project start; ///< The files before the change.
   ProjectChoice choice;
   std::vector<Result> results;
 };
@@ -159,7 +161,7 @@ std::vector<Effect> Into::effectsOf(const Session &before,
 }
 
 void Into::look(const BoardProcessor &processor, const EditedProject &edited) {
-  const Wanted before = wantedBy(line.project, choice, line, processor);
+  const Wanted before = wantedBy(start, choice, line, processor);
   const Wanted after = wantedBy(edited.project, choice, line, processor);
   Result result{processor.name,
                 after.applied.command.value_or(""),
@@ -258,6 +260,9 @@ ExitStatus Into::run() {
   for (int attempt = 1; !options.dryRun && !writeFiles({edited}); ++attempt) {
     if (attempt == mostAttempts)
       failOvertaken();
+    output.note("somebody else has changed the files of the project meanwhile: "
+                "they are looked at again");
+    start = ZelDebugDialog::ReadProject(line.file);
     edited = planned();
     tell(edited);
   }
