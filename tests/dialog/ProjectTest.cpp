@@ -73,6 +73,13 @@ private:
   QTemporaryDir folder;
 };
 
+/// Opens it and waits for the end of that. @return whether it came
+bool opens(Scene &scene, const dialog::WhatToOpen &what) {
+  QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
+  scene.window().open(what);
+  return opened.wait(patience);
+}
+
 /// Of the list of those that were opened last. @return whether it is there
 bool chooseRecent(Scene &scene, const QString &name) {
   for (QAction *const one : scene.window().findChildren<QAction *>())
@@ -339,8 +346,7 @@ private slots:
     QVERIFY(opened.wait(patience));
     QCOMPARE(scene.command(), QString(command));
     // A design alone is as ever, in the folder that it had.
-    scene.window().open(dialog::WhatToOpen(TEST_BOARD));
-    QVERIFY(opened.wait(patience));
+    QVERIFY(opens(scene, dialog::WhatToOpen(TEST_BOARD)));
     QVERIFY(!scene.command().contains("-cable"));
     scene.type("debugDevice", "4");
     scene.action(Operation::save)->trigger();
@@ -360,11 +366,9 @@ private slots:
     what.wishes.profile = "slow";
     Scene scene;
     QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
-    scene.window().open(what);
-    QVERIFY(opened.wait(patience));
+    QVERIFY(opens(scene, what));
     QVERIFY(scene.command().contains("frequency 750000"));
-    scene.window().open(dialog::WhatToOpen(TEST_BOARD));
-    QVERIFY(opened.wait(patience));
+    QVERIFY(opens(scene, dialog::WhatToOpen(TEST_BOARD)));
     QVERIFY(!scene.command().contains("frequency 750000"));
     QVERIFY(chooseRecent(scene, "board.conf"));
     QVERIFY(opened.wait(patience));
@@ -381,13 +385,10 @@ private slots:
     QVERIFY(what.isProject);
     what.wishes.profile = "slow";
     Scene scene;
-    QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
-    scene.window().open(what);
-    QVERIFY(opened.wait(patience));
+    QVERIFY(opens(scene, what));
     QVERIFY(scene.command().contains("frequency 750000"));
     what.wishes.profile = "slov";
-    scene.window().open(what);
-    QVERIFY(opened.wait(patience));
+    QVERIFY(opens(scene, what));
     QVERIFY(scene.window().board() == nullptr);
   }
 
