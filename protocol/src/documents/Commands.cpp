@@ -1,5 +1,6 @@
 #include "documents/Commands.h"
 
+#include "documents/Json.h"
 #include "documents/Values.h"
 
 namespace ZelDebugDialog::documents {

@@ -2,6 +2,8 @@
 
 #include <unordered_map>
 
+#include "documents/Json.h"
+
 namespace ZelDebugDialog::documents {
 
 namespace {

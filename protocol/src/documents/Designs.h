@@ -8,7 +8,7 @@
 #include <ZelDebugDialog/ConfigurationModel/Board.h>
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
-#include "documents/Json.h"
+#include "documents/JsonForward.h"
 
 namespace ZelDebugDialog::documents {
 

@@ -6,10 +6,6 @@
 
 #include <nlohmann/json.hpp>
 
-namespace ZelDebugDialog::documents {
-
-using Json = nlohmann::ordered_json;
-
-} // namespace ZelDebugDialog::documents
+#include "documents/JsonForward.h"
 
 #endif

@@ -4,6 +4,7 @@
 #include <ZelDebugDialog/ProjectFile/Codes.h>
 
 #include "documents/Bytes.h"
+#include "documents/Json.h"
 #include "documents/Values.h"
 
 namespace ZelDebugDialog::documents {

@@ -6,7 +6,7 @@
 
 #include <ZelDebugDialog/ProjectFile/ProjectBoard.h>
 
-#include "documents/Json.h"
+#include "documents/JsonForward.h"
 
 namespace ZelDebugDialog::documents {
 

@@ -4,6 +4,7 @@
 
 #include "documents/Bytes.h"
 #include "documents/Commands.h"
+#include "documents/Json.h"
 #include "documents/Values.h"
 
 namespace ZelDebugDialog::documents {

@@ -6,7 +6,7 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Session.h>
 
-#include "documents/Json.h"
+#include "documents/JsonForward.h"
 
 namespace ZelDebugDialog::documents {
 

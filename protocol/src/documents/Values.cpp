@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "documents/Bytes.h"
+#include "documents/Json.h"
 
 namespace ZelDebugDialog::documents {
 

@@ -1,6 +1,7 @@
 #include "server/AskedValues.h"
 
 #include "documents/Bytes.h"
+#include "documents/Json.h"
 #include "server/Numbers.h"
 #include "server/Parameters.h"
 

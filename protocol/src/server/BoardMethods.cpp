@@ -6,6 +6,7 @@
 #include <ZelDebugDialog/ConfigurationModel/Text.h>
 
 #include "documents/Designs.h"
+#include "documents/Json.h"
 #include "documents/Settings.h"
 #include "server/Methods.h"
 

@@ -4,6 +4,7 @@
 
 #include <ZelDebugDialog/ProjectFile/ProjectBoard.h>
 
+#include "documents/Json.h"
 #include "documents/Projects.h"
 #include "documents/Settings.h"
 

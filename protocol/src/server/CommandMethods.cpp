@@ -2,6 +2,7 @@
 #include <ZelDebugDialog/ConfigurationModel/Commands.h>
 
 #include "documents/Commands.h"
+#include "documents/Json.h"
 #include "server/Methods.h"
 
 namespace ZelDebugDialog::protocol {

@@ -1,6 +1,7 @@
 // Configurations: opened, changed, saved and closed.
 #include <utility>
 
+#include "documents/Json.h"
 #include "documents/Settings.h"
 #include "server/AskedValues.h"
 #include "server/Methods.h"

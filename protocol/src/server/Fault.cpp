@@ -2,6 +2,8 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Text.h>
 
+#include "documents/Json.h"
+
 namespace ZelDebugDialog::protocol {
 
 namespace {

@@ -2,6 +2,7 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Text.h>
 
+#include "documents/Json.h"
 #include "documents/Settings.h"
 
 namespace ZelDebugDialog::protocol {

@@ -1,5 +1,6 @@
 #include "server/OpenThings.h"
 
+#include "documents/Json.h"
 #include "documents/Settings.h"
 #include "server/Parameters.h"
 

@@ -5,6 +5,7 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Text.h>
 
+#include "documents/Json.h"
 #include "server/Numbers.h"
 
 namespace ZelDebugDialog::protocol {

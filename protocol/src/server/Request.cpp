@@ -5,6 +5,7 @@
 #include <set>
 #include <vector>
 
+#include "documents/Json.h"
 #include "server/Numbers.h"
 
 namespace ZelDebugDialog::protocol {

@@ -5,6 +5,7 @@
 #include <new>
 #include <set>
 
+#include "documents/Json.h"
 #include "server/Methods.h"
 #include "server/Request.h"
 

@@ -5,10 +5,12 @@
 #include <optional>
 #include <utility>
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "Version.h"
 #include "line/Options.h"
+#include "output/Json.h"
 #include "output/Suggestion.h"
 #include "output/Wrap.h"
 
@@ -155,32 +157,35 @@ bool asksForJson(const std::vector<std::string> &words) {
 } // namespace
 
 CommandLine::CommandLine()
-    : app("Debug configurations for the processors of an FPGA design: list the "
+    : app(std::make_unique<CLI::App>(
+          "Debug configurations for the processors of an FPGA design: list the "
           "processors, make and save connect commands, read and check them.",
-          "zeldebug") {
-  app.require_subcommand(1);
-  app.allow_extras();
-  app.set_help_flag("-h,--help", "print this help");
-  app.set_version_flag("--version", fmt::format("zeldebug {}", version),
-                       "print the version");
-  app.get_formatter()->column_width(optionColumn);
+          "zeldebug")) {
+  app->require_subcommand(1);
+  app->allow_extras();
+  app->set_help_flag("-h,--help", "print this help");
+  app->set_version_flag("--version", fmt::format("zeldebug {}", version),
+                        "print the version");
+  app->get_formatter()->column_width(optionColumn);
   std::string ending = "Example:\n  zeldebug list board.xml\n\n"
                        "'zeldebug SUBCOMMAND --help' tells more, each with an "
                        "example.\n\nExit status:\n";
   for (const ExitText &text : exitTexts)
     ending +=
         fmt::format("  {}  {}\n", static_cast<int>(text.status), text.text);
-  app.footer(ending);
-  addCommonOptions(app);
+  app->footer(ending);
+  addCommonOptions(*app);
 }
+
+CommandLine::~CommandLine() = default;
 
 std::string CommandLine::helpOf(const Subcommand *subcommand,
                                 const Output &output) const {
   // `App::help` would be that of the subcommand that is parsed.
   const std::string text =
       subcommand == nullptr
-          ? app.get_formatter()->make_help(&app, app.get_name(),
-                                           CLI::AppFormatMode::Normal)
+          ? app->get_formatter()->make_help(app.get(), app->get_name(),
+                                            CLI::AppFormatMode::Normal)
           : subcommand->app->help("zeldebug");
   return wrappedHelp(text, output.width(), optionColumn);
 }
@@ -215,7 +220,7 @@ std::vector<std::string> CommandLine::names() const {
 Options CommandLine::addSubcommand(const std::string &name,
                                    const std::string &summary,
                                    const std::string &example, Runner run) {
-  CLI::App *subcommand = app.add_subcommand(name, summary);
+  CLI::App *subcommand = app->add_subcommand(name, summary);
   subcommand->footer("Example:\n  " + example);
   addCommonOptions(*subcommand);
   subcommands.push_back({subcommand, std::move(run), example});
@@ -249,8 +254,8 @@ const CommandLine::Subcommand *CommandLine::chosen() const {
 void CommandLine::expectNothingUnknown(int argc,
                                        const char *const *argv) const {
   const Subcommand *subcommand = chosen();
-  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
-  std::vector<std::string> unknown = app.remaining(false);
+  const CLI::App &where = subcommand == nullptr ? *app : *subcommand->app;
+  std::vector<std::string> unknown = app->remaining(false);
   const std::vector<std::string> more = where.remaining(false);
   if (subcommand != nullptr)
     unknown.insert(unknown.end(), more.begin(), more.end());
@@ -290,7 +295,7 @@ CommandLine::expectSubcommand(const std::string &name) const {
 /// is left over in the end.
 void CommandLine::expectValues(const std::vector<std::string> &words) const {
   const Subcommand *subcommand = chosen();
-  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
+  const CLI::App &where = subcommand == nullptr ? *app : *subcommand->app;
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (!takesValue(where, words[i]))
       continue;
@@ -324,7 +329,7 @@ CommandLine::withoutDashedWords(int argc, const char *const *argv) {
   std::vector<const char *> left(argv, argv + argc);
   std::size_t first = 1;
   while (first < left.size() && left[first][0] == '-')
-    first += takesValue(app, left[first]) ? 2 : 1;
+    first += takesValue(*app, left[first]) ? 2 : 1;
   if (dashed == nullptr || first >= left.size() ||
       dashed->get_name() != left[first])
     return left;
@@ -345,7 +350,7 @@ CommandLine::withoutDashedWords(int argc, const char *const *argv) {
 void CommandLine::expectFlagsAlone(
     const std::vector<std::string> &words) const {
   const Subcommand *subcommand = chosen();
-  const CLI::App &where = subcommand == nullptr ? app : *subcommand->app;
+  const CLI::App &where = subcommand == nullptr ? *app : *subcommand->app;
   for (const std::string &word : words) {
     const std::string name = nameIn(word);
     if (name != word && name.compare(0, 2, "--") == 0 && hasFlag(where, name))
@@ -374,13 +379,13 @@ ExitStatus CommandLine::run(int given, const char *const *line,
   if (const auto choice = findColour(colourOf(words)))
     output.useColour(*choice);
   try {
-    app.parse(wordsOf(argc, argv));
+    app->parse(wordsOf(argc, argv));
   } catch (const CLI::CallForHelp &) {
     nameSubcommand(output);
     output.print(helpOf(chosen(), output));
     return ExitStatus::done;
   } catch (const CLI::CallForVersion &) {
-    output.printLine(app.version());
+    output.printLine(app->version());
     return ExitStatus::done;
   } catch (const CLI::ParseError &problem) {
     nameSubcommand(output);

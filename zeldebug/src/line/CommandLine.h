@@ -6,12 +6,17 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include <CLI/CLI.hpp>
-
 #include "output/Output.h"
+
+// Its header takes seconds to compile: who only adds options does without.
+namespace CLI {
+class App;
+class Option;
+} // namespace CLI
 
 namespace zeldebug {
 
@@ -63,6 +68,9 @@ public:
   };
 
   CommandLine();
+  ~CommandLine();
+  CommandLine(const CommandLine &) = delete;
+  CommandLine &operator=(const CommandLine &) = delete;
 
   /// Adds a subcommand with its help text. The runner is called when it is
   /// chosen and the whole line has been read.
@@ -79,7 +87,7 @@ public:
   /// Reads the line and runs what it asks for. @throws Failure.
   ExitStatus run(int argc, const char *const *argv, Output &output);
 
-  const CLI::App &application() const { return app; }
+  const CLI::App &application() const { return *app; }
   const std::vector<Subcommand> &all() const { return subcommands; }
   /// Those that are meant for people.
   std::vector<Subcommand> visible() const;
@@ -104,7 +112,7 @@ private:
   void expectValues(const std::vector<std::string> &words) const;
   void expectNothingUnknown(int argc, const char *const *argv) const;
 
-  CLI::App app;
+  std::unique_ptr<CLI::App> app;
   std::vector<Subcommand> subcommands;
   std::map<const CLI::Option *, ValueKind> kinds;
   const CLI::App *dashed = nullptr;

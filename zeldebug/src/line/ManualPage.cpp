@@ -1,5 +1,6 @@
 #include "line/ManualPage.h"
 
+#include <CLI/CLI.hpp>
 #include <fmt/format.h>
 
 #include "Version.h"

@@ -8,6 +8,7 @@
 
 #include "line/Refused.h"
 #include "line/WorkingFolder.h"
+#include "output/Json.h"
 #include "output/Place.h"
 #include "output/ProjectFaults.h"
 

@@ -22,7 +22,7 @@
 
 #include "line/DesignOptions.h"
 #include "line/Options.h"
-#include "output/Json.h"
+#include "output/JsonForward.h"
 
 namespace zeldebug {
 

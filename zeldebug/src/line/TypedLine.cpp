@@ -1,5 +1,7 @@
 #include "line/TypedLine.h"
 
+#include <CLI/CLI.hpp>
+
 namespace zeldebug {
 
 namespace {

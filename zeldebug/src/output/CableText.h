@@ -7,7 +7,7 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Language.h>
 
-#include "output/Json.h"
+#include "output/JsonForward.h"
 
 namespace zeldebug {
 

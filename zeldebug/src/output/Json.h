@@ -5,10 +5,9 @@
 #include <string>
 
 #include "documents/Json.h"
+#include "output/JsonForward.h"
 
 namespace zeldebug {
-
-using ZelDebugDialog::documents::Json;
 
 /// A text of a document that may have none.
 inline Json orNull(const std::string &text) {

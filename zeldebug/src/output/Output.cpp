@@ -10,6 +10,7 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Text.h>
 
+#include "output/Json.h"
 #include "output/Wrap.h"
 
 namespace zeldebug {
@@ -77,6 +78,15 @@ const char *codeOf(ExitStatus status) {
 
 } // namespace
 
+/// The parts of a document.
+struct Output::Kept {
+  Json members;
+  Json said = Json::array();
+  Json remarks; ///< null unless a design is read
+  Json faults;  ///< null unless there are any
+  Json failed;  ///< null unless the run has failed
+};
+
 struct Output::Severity {
   const char *word;
   const char *colour;
@@ -86,8 +96,23 @@ const Output::Severity Output::noteSeverity{"note", "36"};
 const Output::Severity Output::warningSeverity{"warning", "33"};
 const Output::Severity Output::errorSeverity{"error", "31"};
 
-Output::Output() : columns(columnsOf(STDOUT_FILENO)) {
+Output::Output()
+    : columns(columnsOf(STDOUT_FILENO)), kept(std::make_unique<Kept>()) {
   useColour(Colour::automatic);
+}
+
+Output::~Output() = default;
+
+std::unique_ptr<Output> Output::another() const {
+  auto other = std::make_unique<Output>();
+  other->jsonWanted = jsonWanted;
+  other->isQuiet = isQuiet;
+  other->isStrict = isStrict;
+  other->colourOut = colourOut;
+  other->colourErr = colourErr;
+  other->columns = columns;
+  other->subcommand = subcommand;
+  return other;
 }
 
 void Output::useColour(Colour choice) {
@@ -107,7 +132,7 @@ void Output::printSentence(std::string_view text) {
 }
 
 void Output::document(const Json &ofResult) {
-  members = ofResult;
+  kept->members = ofResult;
   isDocument = true;
 }
 
@@ -120,15 +145,15 @@ std::string Output::wholeDocument() const {
   Json whole;
   whole["version"] = formatVersion;
   whole["command"] = subcommand;
-  for (const auto &[name, value] : members.items())
+  for (const auto &[name, value] : kept->members.items())
     whole[name] = value;
-  if (!failed.is_null())
-    whole["failure"] = failed;
-  if (!faults.is_null())
-    whole["faults"] = faults;
-  if (!remarks.is_null() && !whole.contains("diagnostics"))
-    whole["diagnostics"] = remarks;
-  whole["warnings"] = said;
+  if (!kept->failed.is_null())
+    whole["failure"] = kept->failed;
+  if (!kept->faults.is_null())
+    whole["faults"] = kept->faults;
+  if (!kept->remarks.is_null() && !whole.contains("diagnostics"))
+    whole["diagnostics"] = kept->remarks;
+  whole["warnings"] = kept->said;
   for (Json &one : whole["warnings"])
     for (const char *const part : {"file", "line", "column"})
       if (hasPlaces && !one.contains(part))
@@ -151,15 +176,15 @@ void Output::say(const Severity &severity, std::string_view text) const {
 
 void Output::keep(const Severity &severity, std::string_view text,
                   const About &about) {
-  said.push_back({{"severity", severity.word},
-                  {"code", orNull(about.code)},
-                  {"message", printableLines(text)},
-                  {"setting", orNull(about.setting)}});
+  kept->said.push_back({{"severity", severity.word},
+                        {"code", orNull(about.code)},
+                        {"message", printableLines(text)},
+                        {"setting", orNull(about.setting)}});
   if (about.line == 0)
     return;
-  said.back()["file"] = about.file;
-  said.back()["line"] = about.line;
-  said.back()["column"] = about.column;
+  kept->said.back()["file"] = about.file;
+  kept->said.back()["line"] = about.line;
+  kept->said.back()["column"] = about.column;
 }
 
 void Output::note(std::string_view text, const About &about) {
@@ -190,27 +215,27 @@ void Output::fail(const Failure &failure) {
 }
 
 void Output::keepFailure(const Failure &failure) {
-  failed = failureJson(failure);
+  kept->failed = failureJson(failure);
 }
 
 void Output::fault(std::string_view text, const Json &told) {
   say(errorSeverity, text);
-  if (faults.is_null())
-    faults = Json::array();
-  faults.push_back(told);
+  if (kept->faults.is_null())
+    kept->faults = Json::array();
+  kept->faults.push_back(told);
 }
 
 void Output::useRemarks() {
-  if (remarks.is_null())
-    remarks = Json::array();
+  if (kept->remarks.is_null())
+    kept->remarks = Json::array();
 }
 
 void Output::keepRemark(const DesignRemark &remark) {
   useRemarks();
-  remarks.push_back({{"file", remark.file},
-                     {"line", remark.line},
-                     {"severity", remark.severity},
-                     {"message", remark.message}});
+  kept->remarks.push_back({{"file", remark.file},
+                           {"line", remark.line},
+                           {"severity", remark.severity},
+                           {"message", remark.message}});
 }
 
 void Output::remark(const DesignRemark &remark) {

@@ -9,11 +9,12 @@
 #define ZELDEBUG_OUTPUT_H
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "output/Failure.h"
-#include "output/Json.h"
+#include "output/JsonForward.h"
 
 namespace zeldebug {
 
@@ -47,6 +48,12 @@ std::string shownRemark(const DesignRemark &remark);
 class Output {
 public:
   Output();
+  ~Output();
+  Output(const Output &) = delete;
+  Output &operator=(const Output &) = delete;
+
+  /// One that says things in the same way, and has said nothing yet.
+  std::unique_ptr<Output> another() const;
 
   /// From now on the result is one JSON document.
   void useJson() { jsonWanted = true; }
@@ -115,6 +122,7 @@ public:
 
 private:
   struct Severity;
+  struct Kept;
   static const Severity noteSeverity;
   static const Severity warningSeverity;
   static const Severity errorSeverity;
@@ -136,11 +144,7 @@ private:
   std::size_t columns = 0;
   std::string subcommand;
   std::string result;
-  Json members;
-  Json said = Json::array();
-  Json remarks; ///< null unless a design is read
-  Json faults;  ///< null unless there are any
-  Json failed;  ///< null unless the run has failed
+  std::unique_ptr<Kept> kept;
 };
 
 /// {"status", "code", "message"}, and the details as far as they apply.

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "output/Json.h"
 #include "output/ProjectFaults.h"
 #include "output/Values.h"
 

@@ -8,7 +8,7 @@
 
 #include <ZelDebugDialog/ProjectFile/Merge.h>
 
-#include "output/Json.h"
+#include "output/JsonForward.h"
 #include "output/Output.h"
 
 namespace zeldebug {

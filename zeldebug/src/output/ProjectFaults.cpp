@@ -6,6 +6,7 @@
 
 #include <ZelDebugDialog/ProjectFile/Origins.h>
 
+#include "output/Json.h"
 #include "output/Values.h"
 
 namespace zeldebug {

@@ -9,7 +9,7 @@
 #include <ZelDebugDialog/ProjectFile/Merge.h>
 #include <ZelDebugDialog/ProjectFile/Project.h>
 
-#include "output/Json.h"
+#include "output/JsonForward.h"
 #include "output/Output.h"
 
 namespace zeldebug {

@@ -8,7 +8,7 @@
 #include <ZelDebugDialog/ConfigurationModel/Session.h>
 
 #include "documents/Values.h"
-#include "output/Json.h"
+#include "output/JsonForward.h"
 
 namespace zeldebug {
 

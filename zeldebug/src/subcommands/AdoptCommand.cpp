@@ -16,6 +16,7 @@
 #include "line/ProjectOptions.h"
 #include "line/ProjectTargets.h"
 #include "line/WorkingFolder.h"
+#include "output/Json.h"
 #include "output/ProjectFaults.h"
 #include "output/Table.h"
 #include "output/Values.h"

@@ -4,6 +4,7 @@
 
 #include "line/Options.h"
 #include "output/CableText.h"
+#include "output/Json.h"
 #include "output/Table.h"
 #include "subcommands/Subcommands.h"
 

@@ -13,6 +13,7 @@
 #include "line/DesignOptions.h"
 #include "line/Options.h"
 #include "line/ProjectOptions.h"
+#include "output/Json.h"
 #include "output/Output.h"
 #include "output/Suggestion.h"
 #include "subcommands/Subcommands.h"

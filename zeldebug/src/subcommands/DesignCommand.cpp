@@ -5,6 +5,7 @@
 #include "line/DesignOptions.h"
 #include "line/Options.h"
 #include "line/ProjectOptions.h"
+#include "output/Json.h"
 #include "subcommands/DesignGraph.h"
 #include "subcommands/DesignTables.h"
 #include "subcommands/Subcommands.h"

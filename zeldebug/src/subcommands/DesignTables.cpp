@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 
 #include "documents/Designs.h"
+#include "output/Json.h"
 #include "output/Table.h"
 #include "subcommands/Wiring.h"
 

@@ -10,6 +10,7 @@
 #include "line/CommandLine.h"
 #include "line/Options.h"
 #include "line/Refused.h"
+#include "output/Json.h"
 #include "output/Table.h"
 #include "output/Values.h"
 #include "subcommands/Subcommands.h"

@@ -7,6 +7,7 @@
 #include "line/CommandLine.h"
 #include "line/Options.h"
 #include "output/AllCodes.h"
+#include "output/Json.h"
 #include "output/Output.h"
 #include "output/Suggestion.h"
 #include "output/Table.h"

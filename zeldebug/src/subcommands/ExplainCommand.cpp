@@ -9,6 +9,7 @@
 #include "line/CommandLine.h"
 #include "line/Options.h"
 #include "line/ProjectOptions.h"
+#include "output/Json.h"
 #include "output/Table.h"
 #include "output/Values.h"
 #include "subcommands/ShowProject.h"

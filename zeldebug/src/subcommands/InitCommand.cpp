@@ -11,6 +11,7 @@
 #include "line/DesignOptions.h"
 #include "line/Options.h"
 #include "line/WorkingFolder.h"
+#include "output/Json.h"
 #include "output/Place.h"
 #include "subcommands/NewProject.h"
 #include "subcommands/Subcommands.h"

@@ -12,6 +12,7 @@
 #include "line/DesignOptions.h"
 #include "line/Options.h"
 #include "line/ProjectOptions.h"
+#include "output/Json.h"
 #include "output/Output.h"
 #include "output/Place.h"
 #include "subcommands/ProcessorList.h"

@@ -10,6 +10,7 @@
 #include "line/CommandLine.h"
 #include "line/Options.h"
 #include "output/CableText.h"
+#include "output/Json.h"
 #include "output/Suggestion.h"
 #include "output/Table.h"
 #include "subcommands/LanguageWords.h"

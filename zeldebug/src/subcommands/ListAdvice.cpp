@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "output/Json.h"
+
 namespace zeldebug {
 
 namespace {

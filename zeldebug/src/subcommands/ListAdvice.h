@@ -9,7 +9,7 @@
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
 #include "line/DesignOptions.h"
-#include "output/Json.h"
+#include "output/JsonForward.h"
 #include "output/Output.h"
 #include "subcommands/ProcessorList.h"
 

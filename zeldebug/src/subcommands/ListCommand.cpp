@@ -4,6 +4,7 @@
 #include "line/DesignOptions.h"
 #include "line/Options.h"
 #include "line/ProjectOptions.h"
+#include "output/Json.h"
 #include "subcommands/ListAdvice.h"
 #include "subcommands/ProcessorList.h"
 #include "subcommands/Subcommands.h"

@@ -6,6 +6,7 @@
 
 #include <ZelDebugDialog/ProjectFile/Project.h>
 
+#include "output/Json.h"
 #include "output/Place.h"
 
 namespace zeldebug {

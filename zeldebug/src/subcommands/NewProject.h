@@ -7,7 +7,7 @@
 #include <ZelDebugDialog/ProjectFile/Adopt.h>
 
 #include "line/DesignOptions.h"
-#include "output/Json.h"
+#include "output/JsonForward.h"
 #include "output/Output.h"
 
 namespace zeldebug {

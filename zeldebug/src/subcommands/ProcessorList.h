@@ -10,7 +10,7 @@
 #include <ZelDebugDialog/DesignModel/DesignModel.h>
 
 #include "documents/Designs.h"
-#include "output/Json.h"
+#include "output/JsonForward.h"
 #include "output/Output.h"
 
 namespace zeldebug {

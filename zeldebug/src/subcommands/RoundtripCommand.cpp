@@ -9,6 +9,7 @@
 #include "line/CommandLine.h"
 #include "line/CommandsInFile.h"
 #include "line/Options.h"
+#include "output/Json.h"
 #include "output/Values.h"
 #include "subcommands/Subcommands.h"
 

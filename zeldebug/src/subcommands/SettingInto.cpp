@@ -9,6 +9,7 @@
 
 #include "line/ProjectTargets.h"
 #include "line/Refused.h"
+#include "output/Json.h"
 #include "output/Place.h"
 #include "output/ProjectFaults.h"
 #include "output/Table.h"

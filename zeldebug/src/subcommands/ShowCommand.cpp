@@ -10,6 +10,7 @@
 #include "line/Refused.h"
 #include "line/SettingOptions.h"
 #include "line/WorkingFolder.h"
+#include "output/Json.h"
 #include "output/Place.h"
 #include "subcommands/Configuring.h"
 #include "subcommands/ShowProject.h"

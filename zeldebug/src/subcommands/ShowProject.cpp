@@ -12,6 +12,7 @@
 
 #include "documents/Commands.h"
 #include "line/Refused.h"
+#include "output/Json.h"
 #include "output/ProjectDifferences.h"
 #include "output/ProjectFaults.h"
 #include "output/Suggestion.h"

@@ -7,6 +7,7 @@
 
 #include <ZelDebugDialog/ConfigurationModel/Settings.h>
 
+#include "output/Json.h"
 #include "output/Table.h"
 #include "output/Values.h"
 

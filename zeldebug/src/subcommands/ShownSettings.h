@@ -4,7 +4,7 @@
 
 #include <ZelDebugDialog/ConfigurationModel/CommandSettings.h>
 
-#include "output/Json.h"
+#include "output/JsonForward.h"
 #include "output/Output.h"
 
 namespace zeldebug {

@@ -10,6 +10,7 @@
 #include "line/Options.h"
 #include "line/ProjectOptions.h"
 #include "line/Refused.h"
+#include "output/Json.h"
 #include "output/ProjectDifferences.h"
 #include "output/ProjectFaults.h"
 #include "output/Table.h"
@@ -189,9 +190,8 @@ Watched watchedOf(const std::string &file) {
 }
 
 /// What is wrong is told, and waited on.
-/// @param output  of this run alone
 void runTelling(const SyncLine &options, const std::string &folder,
-                Output output) {
+                Output &output) {
   ExitStatus status = ExitStatus::refused;
   try {
     status = runOnce(options, folder, output);
@@ -217,7 +217,7 @@ ExitStatus runWatching(const SyncLine &options, const std::string &folder,
   for (;;) {
     const Watched watched = watchedOf(file);
     const std::string before = Watching::look(watched);
-    runTelling(options, folder, output);
+    runTelling(options, folder, *output.another());
     if (!watching.waitForChange(watched, before))
       return ExitStatus::done;
   }
