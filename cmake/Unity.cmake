@@ -4,31 +4,25 @@
 # source stands by itself.
 
 # Those that give names of their own to what another source of their target calls
-# the same, which is right: such names are seen in one file.
-set(ZELDEBUGDIALOG_COMPILED_ALONE
+# the same, which is right: such names are seen in one file. They are compiled
+# with others of their kind.
+set(ZELDEBUGDIALOG_COMPILED_APART
     configuration_model/src/codes/LossCodes.cpp
     configuration_model/src/sessions/SessionImp.cpp
     configuration_model/src/sessions/Step.cpp
     configuration_model/src/settings/SettingTable.cpp
     configuration_model/src/text/NearestMatch.cpp
     debug_dialog/src/KvoOption_Parser/ConfigDeviceClause.cpp
-    debug_dialog/src/KvoOption_Parser/DebugDeviceClause.cpp
-    debug_dialog/src/KvoOption_Parser/FslClause.cpp
     debug_dialog/src/KvoOption_Parser/OptionDispatcher.cpp
     debug_dialog/src/KvoOption_Parser/PpcSimulatorClause.cpp
-    debug_dialog/src/KvoOption_Parser/StubLineClause.cpp
-    debug_dialog/src/KvoOption_Parser/VirtualPlatformClause.cpp
     design_model/src/library/Library.cpp
     design_model/src/proposals/DebugModuleCandidates.cpp
-    design_model/src/proposals/PeripheralCandidates.cpp
-    design_model/src/proposals/ProcessorCandidates.cpp
     design_model/src/proposals/Words.cpp
     design_model/src/xml/Identity.cpp
     dialog/src/pages/CommandEdit.cpp
     dialog/src/pages/SessionModel.cpp
     fuzz/operations/TargetOperations.cpp
     project_file/src/merging/Choose.cpp
-    project_file/src/reading/Project.cpp
     project_file/src/syncing/Remembered.cpp
     protocol/src/documents/Projects.cpp
     tests/configuration_model/ChangeTest.cpp
@@ -36,32 +30,20 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     tests/configuration_model/HistoryTest.cpp
     tests/configuration_model/LossTest.cpp
     tests/configuration_model/MessagesTest.cpp
-    tests/configuration_model/PrintableTest.cpp
-    tests/configuration_model/RoundtripCommandTest.cpp
     tests/configuration_model/SaveTest.cpp
-    tests/configuration_model/StateTest.cpp
     tests/configuration_model/TablesTest.cpp
-    tests/configuration_model/ValuesTest.cpp
     tests/configuration_model/WordsTest.cpp
     tests/design_model/DesignTest.cpp
     tests/design_model/KindTableTest.cpp
     tests/design_model/LibraryTest.cpp
     tests/design_model/NumeralsTest.cpp
-    tests/design_model/ParameterTest.cpp
     tests/design_model/QuoteTest.cpp
     tests/design_model/WalkTest.cpp
     tests/language/ConfigDeviceClauseTest.cpp
-    tests/language/DebugDeviceClauseTest.cpp
     tests/language/DebugModuleTest.cpp
     tests/language/ExplainedWordsTest.cpp
-    tests/language/JtagOptionsTest.cpp
     tests/language/LocaleTest.cpp
-    tests/language/LoneMinusTest.cpp
-    tests/language/OptionDispatcherTest.cpp
-    tests/language/RoundTripTest.cpp
-    tests/language/SimulatorTest.cpp
     tests/project_file/EditTextTest.cpp
-    tests/project_file/FaultsTest.cpp
     tests/project_file/MergeTest.cpp
     tests/project_file/SyncTest.cpp
     tests/robustness/LoneDashTest.cpp
@@ -70,28 +52,79 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     tests/zeldebug/SyncCommandTest.cpp
     zeldebug/src/line/ProjectOptions.cpp
     zeldebug/src/line/ProjectTargets.cpp
-    zeldebug/src/line/SettingOptions.cpp
     zeldebug/src/line/TypedLine.cpp
-    zeldebug/src/output/SettingsDocument.cpp
     zeldebug/src/subcommands/AdoptCommand.cpp
     zeldebug/src/subcommands/CompletionWordsCommand.cpp
     zeldebug/src/subcommands/ExplainCommand.cpp
-    zeldebug/src/subcommands/LanguageCommand.cpp
     zeldebug/src/subcommands/RoundtripCommand.cpp
-    zeldebug/src/subcommands/SettingInto.cpp
     zeldebug/src/subcommands/ShowCommand.cpp
-    zeldebug/src/subcommands/ShownSettings.cpp
+    zeldebug/src/subcommands/ShownSettings.cpp)
+# The same of what one of those calls so.
+set(ZELDEBUGDIALOG_COMPILED_FURTHER_APART
+    debug_dialog/src/KvoOption_Parser/DebugDeviceClause.cpp
+    debug_dialog/src/KvoOption_Parser/VirtualPlatformClause.cpp
+    design_model/src/proposals/PeripheralCandidates.cpp
+    project_file/src/reading/Project.cpp
+    tests/configuration_model/PrintableTest.cpp
+    tests/design_model/ParameterTest.cpp
+    tests/language/DebugDeviceClauseTest.cpp
+    tests/language/JtagOptionsTest.cpp
+    tests/language/LoneMinusTest.cpp
+    tests/language/RoundTripTest.cpp
+    tests/project_file/FaultsTest.cpp
+    zeldebug/src/line/SettingOptions.cpp
+    zeldebug/src/output/SettingsDocument.cpp
+    zeldebug/src/subcommands/LanguageCommand.cpp
+    zeldebug/src/subcommands/SettingInto.cpp
     zeldebug/src/subcommands/SyncCommand.cpp)
-# And those that a program of the tests has another version of.
-list(APPEND ZELDEBUGDIALOG_COMPILED_ALONE
+# And once more; and those that a program of the tests has another version of.
+set(ZELDEBUGDIALOG_COMPILED_ALONE
+    debug_dialog/src/KvoOption_Parser/FslClause.cpp
+    debug_dialog/src/KvoOption_Parser/StubLineClause.cpp
+    design_model/src/proposals/ProcessorCandidates.cpp
+    tests/configuration_model/RoundtripCommandTest.cpp
+    tests/configuration_model/StateTest.cpp
+    tests/configuration_model/ValuesTest.cpp
+    tests/language/OptionDispatcherTest.cpp
+    tests/language/SimulatorTest.cpp
     design_model/src/xml/XmlNames.cpp
     zeldebug/src/main.cpp)
+list(TRANSFORM ZELDEBUGDIALOG_COMPILED_APART PREPEND ${PROJECT_SOURCE_DIR}/)
+list(TRANSFORM ZELDEBUGDIALOG_COMPILED_FURTHER_APART PREPEND ${PROJECT_SOURCE_DIR}/)
 list(TRANSFORM ZELDEBUGDIALOG_COMPILED_ALONE PREPEND ${PROJECT_SOURCE_DIR}/)
+
+# So many at once: enough that headers cost little, few enough that two cores
+# share the work.
+set(ZELDEBUGDIALOG_COMPILED_AS_ONE 8)
+
+# Puts the sources of a target into groups.
+function(zeldebugdialog_unity_groups target)
+    set(number_of_usual 0)
+    set(number_of_apart 0)
+    set(number_of_further_apart 0)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "[.]cpp$")
+    foreach(source ${sources})
+        cmake_path(ABSOLUTE_PATH source NORMALIZE)
+        if(source IN_LIST ZELDEBUGDIALOG_COMPILED_ALONE)
+            continue()
+        endif()
+        set(kind usual)
+        if(source IN_LIST ZELDEBUGDIALOG_COMPILED_APART)
+            set(kind apart)
+        elseif(source IN_LIST ZELDEBUGDIALOG_COMPILED_FURTHER_APART)
+            set(kind further_apart)
+        endif()
+        math(EXPR group "${number_of_${kind}} / ${ZELDEBUGDIALOG_COMPILED_AS_ONE}")
+        math(EXPR number_of_${kind} "${number_of_${kind}} + 1")
+        set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${kind}_${group})
+    endforeach()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
+endfunction()
 
 # What a target needs to be compiled so.
 function(zeldebugdialog_unity_options target)
-    set_source_files_properties(${ZELDEBUGDIALOG_COMPILED_ALONE}
-        PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    zeldebugdialog_unity_groups(${target})
     # Of what tests share, a program takes what it needs, and is linked with
     # nothing that the rest would need.
     get_target_property(type ${target} TYPE)
