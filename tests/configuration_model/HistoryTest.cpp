@@ -218,6 +218,37 @@ TEST_F(HistoryTest, OriginsOfTheChainFollowItsDevices) {
   EXPECT_EQ(originOf(session, "chain"), "default");
 }
 
+TEST_F(HistoryTest, OriginsOfDevicesAreTheFilesOnceTheyAreSaved) {
+  Session session = open();
+  session.Change({{"chain", Value::Chain{{{"partname", "p"}}}}});
+  EXPECT_EQ(originOf(session, "chain[0].partname"), "changed");
+  session.Save();
+  EXPECT_EQ(saved(), "connect lc hdu -configdevice devicenr 0 partname p "
+                     "irlength 0 idcode 0x0 -debugdevice cpunr 1");
+  EXPECT_EQ(originOf(session, "chain[0].partname"), "file:50");
+  EXPECT_EQ(originOf(session, "chain[0].irlength"), "file:61");
+}
+
+TEST_F(HistoryTest, WhatTheSavedFileDoesNotSayIsByDefault) {
+  Session session = open();
+  session.Change({{"debugDevice", 5}});
+  session.Change({{"debugDevice", 0}});
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+  session.Save();
+  EXPECT_EQ(saved(), "connect lc hdu -debugdevice cpunr 1");
+  EXPECT_EQ(originOf(session, "debugDevice"), "default");
+}
+
+TEST_F(HistoryTest, WhatGoesBackWithAChangeIsByDefault) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 2");
+  ChangeRequest request;
+  request.values = {{"cable.cableType", 3}};
+  request.reset = {"debugDevice"};
+  session.Change(request);
+  EXPECT_EQ(originOf(session, "debugDevice"), "default");
+  EXPECT_EQ(originOf(session, "cable.cableType"), "changed");
+}
+
 TEST_F(HistoryTest, SavingMakesWhatStandsWhatTheFileGives) {
   Session session = openWith("connect lc hdu -debugdevice devicenr 2");
   session.Change({{"debugDevice", 3}, {"cable.cableType", 3}});

@@ -160,7 +160,7 @@ TEST_F(LockTest, WhatLiesBesideAFileHasAShortName) {
     const std::string name(size, 'a');
     EXPECT_EQ(model::besideFile("x/" + name, ".lock"), "x/." + name + ".lock");
   }
-  const std::string front(220, 'a');
+  const std::string front = "b" + std::string(219, 'a');
   const std::string long1 = front + std::string(20, 'a') + "b";
   const std::string long2 = front + std::string(20, 'a') + "c";
   const std::string name = model::besideFile("x/" + long1, ".lock").filename();

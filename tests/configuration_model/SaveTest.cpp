@@ -1,11 +1,14 @@
 // Saving: whole or not at all, and nothing that is lost in silence.
+#include <cerrno>
 #include <filesystem>
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <gmock/gmock.h>
 
@@ -474,6 +477,41 @@ TEST_F(SaveTest, ADryRunNotesNoPlaces) {
   EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, "changed");
   EXPECT_TRUE(session.Save().unchanged);
   EXPECT_EQ(settingIn(session.State(), "debugDevice").origin, place);
+}
+
+/// Root may write everywhere: while it is there, root is somebody else.
+class WithoutRoot {
+public:
+  WithoutRoot() { become(self == 0 ? nobody : self); }
+  ~WithoutRoot() { become(self); }
+  WithoutRoot(const WithoutRoot &) = delete;
+  WithoutRoot &operator=(const WithoutRoot &) = delete;
+
+private:
+  static void become(uid_t user) {
+    if (seteuid(user) != 0)
+      throw std::system_error(errno, std::generic_category(), "seteuid");
+  }
+
+  static constexpr uid_t nobody = 65534;
+  uid_t self = geteuid();
+};
+
+TEST_F(SaveTest, ADryRunSaysThatAFolderMayNotBeWrittenIn) {
+  Session session = openWith(byDefault);
+  session.Change({{"debugDevice", 3}});
+  const fs::path folder = file().parent_path();
+  fs::permissions(work.path(), fs::perms::all);
+  fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec |
+                              fs::perms::others_read | fs::perms::others_exec);
+  const std::string refusal = refusalOf([&] {
+    const WithoutRoot here;
+    session.Save(dryRun());
+  });
+  fs::permissions(folder, fs::perms::owner_all);
+  EXPECT_EQ(refusal, "file-system: " + folder.string() +
+                         ": cannot write there: Permission denied");
+  session.Save(dryRun());
 }
 
 TEST_F(SaveTest, AFullDiskLeavesTheFileAsItWas) {
