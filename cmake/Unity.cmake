@@ -5,7 +5,7 @@
 
 # Those that give names of their own to what another source of their target calls
 # the same, which is right: such names are seen in one file. They are compiled
-# with others of their kind.
+# with others of their kind; and what meets the same name there, in the list below.
 set(ZELDEBUGDIALOG_COMPILED_APART
     configuration_model/src/codes/LossCodes.cpp
     configuration_model/src/sessions/SessionImp.cpp
@@ -32,7 +32,6 @@ set(ZELDEBUGDIALOG_COMPILED_APART
     tests/configuration_model/MessagesTest.cpp
     tests/configuration_model/SaveTest.cpp
     tests/configuration_model/TablesTest.cpp
-    tests/configuration_model/WordsTest.cpp
     tests/design_model/DesignTest.cpp
     tests/design_model/KindTableTest.cpp
     tests/design_model/LibraryTest.cpp
@@ -59,7 +58,6 @@ set(ZELDEBUGDIALOG_COMPILED_APART
     zeldebug/src/subcommands/RoundtripCommand.cpp
     zeldebug/src/subcommands/ShowCommand.cpp
     zeldebug/src/subcommands/ShownSettings.cpp)
-# The same of what one of those calls so.
 set(ZELDEBUGDIALOG_COMPILED_FURTHER_APART
     debug_dialog/src/KvoOption_Parser/DebugDeviceClause.cpp
     debug_dialog/src/KvoOption_Parser/VirtualPlatformClause.cpp
@@ -77,7 +75,7 @@ set(ZELDEBUGDIALOG_COMPILED_FURTHER_APART
     zeldebug/src/subcommands/LanguageCommand.cpp
     zeldebug/src/subcommands/SettingInto.cpp
     zeldebug/src/subcommands/SyncCommand.cpp)
-# And once more; and those that a program of the tests has another version of.
+# Who meets it there too; and those that a program of the tests has another version of.
 set(ZELDEBUGDIALOG_COMPILED_ALONE
     debug_dialog/src/KvoOption_Parser/FslClause.cpp
     debug_dialog/src/KvoOption_Parser/StubLineClause.cpp
@@ -85,6 +83,7 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     tests/configuration_model/RoundtripCommandTest.cpp
     tests/configuration_model/StateTest.cpp
     tests/configuration_model/ValuesTest.cpp
+    tests/configuration_model/WordsTest.cpp
     tests/language/OptionDispatcherTest.cpp
     tests/language/SimulatorTest.cpp
     design_model/src/xml/XmlNames.cpp
