@@ -69,10 +69,11 @@ def load(folder):
 
 
 def duration(nanoseconds):
+    rounded = float(f"{nanoseconds:.3g}")
     for unit, scale in (("s", 1e9), ("ms", 1e6), ("µs", 1e3)):
-        if nanoseconds >= scale:
-            return f"{nanoseconds / scale:.3g} {unit}"
-    return f"{nanoseconds:.3g} ns"
+        if rounded >= scale:
+            return f"{rounded / scale:.3g} {unit}"
+    return f"{rounded:.3g} ns"
 
 
 def table(header, rows):
