@@ -94,7 +94,9 @@ list(TRANSFORM ZELDEBUGDIALOG_COMPILED_ALONE PREPEND ${PROJECT_SOURCE_DIR}/)
 
 # So many at once: enough that headers cost little, few enough that two cores
 # share the work.
-set(ZELDEBUGDIALOG_COMPILED_AS_ONE 8)
+if(NOT DEFINED ZELDEBUGDIALOG_COMPILED_AS_ONE)
+    set(ZELDEBUGDIALOG_COMPILED_AS_ONE 8)
+endif()
 
 # Puts the sources of a target into groups.
 function(zeldebugdialog_unity_groups target)
