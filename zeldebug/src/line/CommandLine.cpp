@@ -18,6 +18,10 @@ namespace zeldebug {
 
 namespace {
 
+bool isForPeople(const CommandLine::Subcommand &subcommand) {
+  return !subcommand.app->get_group().empty();
+}
+
 constexpr std::size_t optionColumn = 34;
 
 /// The words of the line, last one first, as CLI11 takes them. "--name="
@@ -212,19 +216,33 @@ void CommandLine::addCommonOptions(CLI::App &target) {
 
 std::vector<std::string> CommandLine::names() const {
   std::vector<std::string> found;
-  for (const Subcommand &subcommand : visible())
-    found.push_back(subcommand.app->get_name());
+  for (const Subcommand &subcommand : subcommands)
+    if (isForPeople(subcommand))
+      found.push_back(subcommand.app->get_name());
   return found;
 }
 
 Options CommandLine::addSubcommand(const std::string &name,
                                    const std::string &summary,
-                                   const std::string &example, Runner run) {
+                                   const std::string &example,
+                                   Describe describe) {
   CLI::App *subcommand = app->add_subcommand(name, summary);
   subcommand->footer("Example:\n  " + example);
-  addCommonOptions(*subcommand);
-  subcommands.push_back({subcommand, std::move(run), example});
+  Subcommand &added =
+      subcommands.emplace_back(Subcommand{subcommand, example, describe, {}});
+  // Called when its name has been read.
+  subcommand->preparse_callback(
+      [this, &added](std::size_t) { described(added); });
   return {*this, *subcommand};
+}
+
+const CommandLine::Subcommand &CommandLine::described(Subcommand &subcommand) {
+  if (!subcommand.run) {
+    addCommonOptions(*subcommand.app);
+    Options options(*this, *subcommand.app);
+    subcommand.run = subcommand.describe(options);
+  }
+  return subcommand;
 }
 
 void CommandLine::completeWith(const CLI::Option *option, ValueKind kind) {
@@ -236,12 +254,20 @@ ValueKind CommandLine::kindOf(const CLI::Option *option) const {
   return found == kinds.end() ? ValueKind::text : found->second;
 }
 
-std::vector<CommandLine::Subcommand> CommandLine::visible() const {
-  std::vector<Subcommand> found;
-  for (const Subcommand &subcommand : subcommands)
-    if (!subcommand.app->get_group().empty())
-      found.push_back(subcommand);
+std::vector<const CommandLine::Subcommand *> CommandLine::visible() {
+  std::vector<const Subcommand *> found;
+  for (Subcommand &subcommand : subcommands)
+    if (isForPeople(subcommand))
+      found.push_back(&described(subcommand));
   return found;
+}
+
+const CommandLine::Subcommand *
+CommandLine::findSubcommand(const std::string &name) {
+  for (Subcommand &subcommand : subcommands)
+    if (subcommand.app->get_name() == name)
+      return &described(subcommand);
+  return nullptr;
 }
 
 const CommandLine::Subcommand *CommandLine::chosen() const {
@@ -251,8 +277,7 @@ const CommandLine::Subcommand *CommandLine::chosen() const {
   return nullptr;
 }
 
-void CommandLine::expectNothingUnknown(int argc,
-                                       const char *const *argv) const {
+void CommandLine::expectNothingUnknown(int argc, const char *const *argv) {
   const Subcommand *subcommand = chosen();
   const CLI::App &where = subcommand == nullptr ? *app : *subcommand->app;
   std::vector<std::string> unknown = app->remaining(false);
@@ -279,10 +304,10 @@ void CommandLine::expectNothingUnknown(int argc,
 }
 
 const CommandLine::Subcommand &
-CommandLine::expectSubcommand(const std::string &name) const {
-  for (const Subcommand &known : subcommands)
-    if (!known.app->get_group().empty() && known.app->get_name() == name)
-      return known;
+CommandLine::expectSubcommand(const std::string &name) {
+  const Subcommand *known = findSubcommand(name);
+  if (known != nullptr && isForPeople(*known))
+    return *known;
   const std::vector<std::string> all = names();
   throw Failure(ExitStatus::wrongUse,
                 fmt::format("unknown subcommand '{}'; there are {}{}",

@@ -4,6 +4,7 @@
 #define ZELDEBUG_COMMANDLINE_H
 
 #include <array>
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -60,11 +61,16 @@ class Options;
 class CommandLine {
 public:
   using Runner = std::function<ExitStatus(Output &)>;
+  /// Adds the options of a subcommand; what it returns is called when it is
+  /// chosen and the whole line has been read.
+  using Describe = Runner (*)(Options &);
 
+  /// Its options are there once it has been asked for, or chosen.
   struct Subcommand {
     CLI::App *app;
-    Runner run;
     std::string example;
+    Describe describe;
+    Runner run;
   };
 
   CommandLine();
@@ -72,10 +78,10 @@ public:
   CommandLine(const CommandLine &) = delete;
   CommandLine &operator=(const CommandLine &) = delete;
 
-  /// Adds a subcommand with its help text. The runner is called when it is
-  /// chosen and the whole line has been read.
+  /// Adds a subcommand with its help text. A line is of one of them: the
+  /// options of the others are not made for it.
   Options addSubcommand(const std::string &name, const std::string &summary,
-                        const std::string &example, Runner run);
+                        const std::string &example, Describe describe);
   /// Says what stands for values of `option`.
   void completeWith(const CLI::Option *option, ValueKind kind);
 
@@ -88,14 +94,15 @@ public:
   ExitStatus run(int argc, const char *const *argv, Output &output);
 
   const CLI::App &application() const { return *app; }
-  const std::vector<Subcommand> &all() const { return subcommands; }
   /// Those that are meant for people.
-  std::vector<Subcommand> visible() const;
+  std::vector<const Subcommand *> visible();
   std::vector<std::string> names() const; ///< of those
   ValueKind kindOf(const CLI::Option *option) const;
+  /// The subcommand of that name, also one that is not meant for people.
+  const Subcommand *findSubcommand(const std::string &name);
   /// The subcommand of that name, if it is meant for people.
   /// @throws Failure (wrong use) with those that there are
-  const Subcommand &expectSubcommand(const std::string &name) const;
+  const Subcommand &expectSubcommand(const std::string &name);
   /// The help of a subcommand, in lines that fit; of all of them for null.
   std::string helpOf(const Subcommand *subcommand, const Output &output) const;
   /// The folder of -C; "." without it.
@@ -103,6 +110,7 @@ public:
 
 private:
   void addCommonOptions(CLI::App &target);
+  const Subcommand &described(Subcommand &subcommand);
   std::vector<const char *> withoutDashedWords(int argc,
                                                const char *const *argv);
   const Subcommand *chosen() const;
@@ -110,10 +118,10 @@ private:
   void nameSubcommand(Output &output) const;
   void expectFlagsAlone(const std::vector<std::string> &words) const;
   void expectValues(const std::vector<std::string> &words) const;
-  void expectNothingUnknown(int argc, const char *const *argv) const;
+  void expectNothingUnknown(int argc, const char *const *argv);
 
   std::unique_ptr<CLI::App> app;
-  std::vector<Subcommand> subcommands;
+  std::deque<Subcommand> subcommands;
   std::map<const CLI::Option *, ValueKind> kinds;
   const CLI::App *dashed = nullptr;
   std::vector<std::string> heldBack; ///< words that begin with '-'

@@ -65,24 +65,24 @@ std::string synopsisOf(const CLI::App &app) {
 
 } // namespace
 
-std::string manualPage(const CommandLine &line) {
+std::string manualPage(CommandLine &line) {
   const CLI::App &app = line.application();
   std::string page =
       fmt::format(".TH ZELDEBUG 1 \"\" \"zeldebug {}\"\n"
                   ".SH NAME\nzeldebug \\- debug configurations for "
                   "the processors of an FPGA design\n.SH SYNOPSIS\n",
                   version);
-  for (const CommandLine::Subcommand &subcommand : line.visible())
-    page += synopsisOf(*subcommand.app) + "\n.br\n";
+  for (const CommandLine::Subcommand *subcommand : line.visible())
+    page += synopsisOf(*subcommand->app) + "\n.br\n";
   page += ".SH DESCRIPTION\n" + troff(app.get_description()) + "\n";
   page += ".SH OPTIONS\n" + optionsOf(app);
   page += ".SH SUBCOMMANDS\n";
-  for (const CommandLine::Subcommand &subcommand : line.visible()) {
-    page += fmt::format(".SS {}\n{}.\n{}", troff(subcommand.app->get_name()),
-                        troff(subcommand.app->get_description()),
-                        optionsOf(*subcommand.app));
+  for (const CommandLine::Subcommand *subcommand : line.visible()) {
+    page += fmt::format(".SS {}\n{}.\n{}", troff(subcommand->app->get_name()),
+                        troff(subcommand->app->get_description()),
+                        optionsOf(*subcommand->app));
     page += fmt::format(".PP\nExample:\n.nf\n  {}\n.fi\n",
-                        troff(subcommand.example));
+                        troff(subcommand->example));
   }
   page += ".SH EXIT STATUS\n";
   for (const ExitText &text : exitTexts)

@@ -9,7 +9,7 @@
 namespace zeldebug {
 
 /// Text for troff.
-std::string manualPage(const CommandLine &line);
+std::string manualPage(CommandLine &line);
 
 } // namespace zeldebug
 

@@ -53,7 +53,7 @@ std::vector<std::string> optionsOf(const CLI::App &app) {
 /// Goes through the words in front of the last one.
 class Reader {
 public:
-  explicit Reader(const CommandLine &ofLine)
+  explicit Reader(CommandLine &ofLine)
       : line(ofLine), app(&ofLine.application()) {}
 
   void take(const std::string &word);
@@ -64,7 +64,7 @@ private:
   bool isOfAll() const { return app == &line.application(); }
   void takeOption(const std::string &word);
 
-  const CommandLine &line;
+  CommandLine &line;
   const CLI::App *app;
   const CLI::Option *valueOf = nullptr; ///< whose value comes next
 };
@@ -92,9 +92,8 @@ void Reader::take(const std::string &word) {
     read.arguments.push_back(word);
     return;
   }
-  for (const CommandLine::Subcommand &subcommand : line.all())
-    if (subcommand.app->get_name() == word)
-      app = subcommand.app;
+  if (const CommandLine::Subcommand *known = line.findSubcommand(word))
+    app = known->app;
 }
 
 void Reader::takeLast(const std::string &word) {
@@ -145,7 +144,7 @@ std::string TypedLine::value(const std::string &option) const {
   return found == values.end() ? std::string() : found->second.back();
 }
 
-TypedLine readTypedLine(const CommandLine &line,
+TypedLine readTypedLine(CommandLine &line,
                         const std::vector<std::string> &words) {
   Reader reader(line);
   const std::vector<std::string> typed = withoutEqualSigns(words);

@@ -35,7 +35,7 @@ struct TypedLine {
 };
 
 /// @param words  behind the program's name; bash has "--name=value" as three
-TypedLine readTypedLine(const CommandLine &line,
+TypedLine readTypedLine(CommandLine &line,
                         const std::vector<std::string> &words);
 
 } // namespace zeldebug

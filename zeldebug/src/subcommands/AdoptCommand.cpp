@@ -218,18 +218,8 @@ ExitStatus run(const AdoptLine &options, const std::string &folder,
                                          : makeProject(options, folder, output);
 }
 
-} // namespace
-
-void addAdoptCommand(CommandLine &line) {
+CommandLine::Runner adoptOptions(Options &app) {
   const auto options = std::make_shared<AdoptLine>();
-  Options app = line.addSubcommand(
-      "adopt",
-      "Make a project of the option files that are there, or take changes of "
-      "theirs into the one that is there",
-      "zeldebug adopt board.xml\n  zeldebug adopt cpu0 --into local",
-      [options, &line](Output &output) {
-        return run(*options, line.workingFolder(), output);
-      });
   options->design.addTo(app, false);
   app.addArguments("PROCESSOR", options->processors,
                    "with a project, and without DESIGN: whose option files",
@@ -240,6 +230,20 @@ void addAdoptCommand(CommandLine &line) {
                   "where it goes: local, project or profile:NAME (default: "
                   "local for what belongs to a desk, else project)");
   options->project.addTo(app);
+  return [options, &line = app.line()](Output &output) {
+    return run(*options, line.workingFolder(), output);
+  };
+}
+
+} // namespace
+
+void addAdoptCommand(CommandLine &line) {
+  line.addSubcommand(
+      "adopt",
+      "Make a project of the option files that are there, or take changes of "
+      "theirs into the one that is there",
+      "zeldebug adopt board.xml\n  zeldebug adopt cpu0 --into local",
+      adoptOptions);
 }
 
 } // namespace zeldebug

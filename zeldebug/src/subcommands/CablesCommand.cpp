@@ -30,6 +30,8 @@ ExitStatus run(Output &output) {
   return ExitStatus::done;
 }
 
+CommandLine::Runner cablesOptions(Options &) { return run; }
+
 } // namespace
 
 void addCablesCommand(CommandLine &line) {
@@ -37,7 +39,7 @@ void addCablesCommand(CommandLine &line) {
       "cables",
       "List the JTAG cables with their keywords, frequencies and "
       "defaults",
-      "zeldebug cables", run);
+      "zeldebug cables", cablesOptions);
 }
 
 } // namespace zeldebug

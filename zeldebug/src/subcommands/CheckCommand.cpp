@@ -197,14 +197,8 @@ ExitStatus run(const CheckLine &line, const CommandLine &commandLine,
   return faulty == 0 ? ExitStatus::done : ExitStatus::refused;
 }
 
-} // namespace
-
-void addCheckCommand(CommandLine &line) {
+CommandLine::Runner checkOptions(Options &app) {
   const auto options = std::make_shared<CheckLine>();
-  Options app = line.addSubcommand(
-      "check", "Check connect commands: every fault with its place",
-      "zeldebug check 'connect lc hdu -cable type quorla_usb'",
-      [options, &line](Output &output) { return run(*options, line, output); });
   app.addArguments("COMMAND", options->commands, "a connect command, in quotes",
                    ValueKind::text);
   app.addOption("--file", "FILE", options->file,
@@ -216,6 +210,17 @@ void addCheckCommand(CommandLine &line) {
                 "allows, too",
                 ValueKind::processor, "The design");
   options->project.addTo(app);
+  return [options, &line = app.line()](Output &output) {
+    return run(*options, line, output);
+  };
+}
+
+} // namespace
+
+void addCheckCommand(CommandLine &line) {
+  line.addSubcommand(
+      "check", "Check connect commands: every fault with its place",
+      "zeldebug check 'connect lc hdu -cable type quorla_usb'", checkOptions);
 }
 
 } // namespace zeldebug

@@ -99,18 +99,8 @@ ExitStatus run(const CommandOptions &options, const std::string &folder,
   return print(options, asked, board, nullptr, output);
 }
 
-} // namespace
-
-void addCommandCommand(CommandLine &line) {
+CommandLine::Runner commandOptions(Options &app) {
   const auto options = std::make_shared<CommandOptions>();
-  Options app = line.addSubcommand(
-      "command", "Print the connect command for settings, without saving it",
-      "zeldebug command board.xml cpu0 --cable quorla_podusb --frequency 3MHz",
-      [options, &line](Output &output) {
-        CommandOptions given = *options;
-        given.project.takeProcessor(given.design, given.processor);
-        return run(given, line.workingFolder(), output);
-      });
   options->design.addTo(app, false);
   app.addArgument("PROCESSOR", options->processor,
                   "instance name of a processor", ValueKind::processor);
@@ -119,6 +109,20 @@ void addCommandCommand(CommandLine &line) {
               "the defaults if what is saved cannot be read");
   options->project.addTo(app);
   options->settings.addTo(app);
+  return [options, &line = app.line()](Output &output) {
+    CommandOptions given = *options;
+    given.project.takeProcessor(given.design, given.processor);
+    return run(given, line.workingFolder(), output);
+  };
+}
+
+} // namespace
+
+void addCommandCommand(CommandLine &line) {
+  line.addSubcommand(
+      "command", "Print the connect command for settings, without saving it",
+      "zeldebug command board.xml cpu0 --cable quorla_podusb --frequency 3MHz",
+      commandOptions);
 }
 
 } // namespace zeldebug

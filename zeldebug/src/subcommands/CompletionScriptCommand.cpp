@@ -146,6 +146,12 @@ ExitStatus run(const std::string &name, Output &output) {
                 {"bad-value", "SHELL", name, names, nearestMatch(name, names)});
 }
 
+CommandLine::Runner completionScriptOptions(Options &app) {
+  const auto shell = std::make_shared<std::string>();
+  app.addRequired("SHELL", *shell, "bash, zsh or fish", ValueKind::shell);
+  return [shell](Output &output) { return run(*shell, output); };
+}
+
 } // namespace
 
 std::vector<std::string> completionShells() {
@@ -157,12 +163,9 @@ std::vector<std::string> completionShells() {
 }
 
 void addCompletionScriptCommand(CommandLine &line) {
-  const auto shell = std::make_shared<std::string>();
-  Options app = line.addSubcommand(
-      "completion", "Print the completion script for a shell",
-      "source <(zeldebug completion bash)",
-      [shell](Output &output) { return run(*shell, output); });
-  app.addRequired("SHELL", *shell, "bash, zsh or fish", ValueKind::shell);
+  line.addSubcommand("completion", "Print the completion script for a shell",
+                     "source <(zeldebug completion bash)",
+                     completionScriptOptions);
 }
 
 } // namespace zeldebug

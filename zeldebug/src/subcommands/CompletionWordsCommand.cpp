@@ -232,7 +232,7 @@ std::vector<std::string> candidatesOf(const CommandLine &line,
   return words;
 }
 
-ExitStatus run(const CommandLine &line, const std::vector<std::string> &words,
+ExitStatus run(CommandLine &line, const std::vector<std::string> &words,
                Output &output) {
   const TypedLine typed = readTypedLine(line, words);
   for (const std::string &word : candidatesOf(line, typed)) {
@@ -243,18 +243,23 @@ ExitStatus run(const CommandLine &line, const std::vector<std::string> &words,
   return ExitStatus::done;
 }
 
+CommandLine::Runner completionWordsOptions(Options &app) {
+  const auto words = std::make_shared<std::vector<std::string>>();
+  app.addArguments("WORD", *words,
+                   "what has been typed behind the program's name",
+                   ValueKind::text);
+  return [&line = app.line(), words](Output &output) {
+    return run(line, *words, output);
+  };
+}
+
 } // namespace
 
 void addCompletionWordsCommand(CommandLine &line) {
-  const auto words = std::make_shared<std::vector<std::string>>();
-  Options options = line.addSubcommand(
-      "complete", "Print the words that fit at the end of a line",
-      "zeldebug complete -- set board.xml ''",
-      [&line, words](Output &output) { return run(line, *words, output); });
-  options.hide();
-  options.addArguments("WORD", *words,
-                       "what has been typed behind the program's name",
-                       ValueKind::text);
+  line.addSubcommand(
+          "complete", "Print the words that fit at the end of a line",
+          "zeldebug complete -- set board.xml ''", completionWordsOptions)
+      .hide();
 }
 
 } // namespace zeldebug

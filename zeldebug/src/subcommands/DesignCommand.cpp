@@ -52,19 +52,8 @@ ExitStatus run(const GraphOptions &options, const std::string &folder,
   return ExitStatus::done;
 }
 
-} // namespace
-
-void addDesignCommand(CommandLine &line) {
+CommandLine::Runner designOptions(Options &app) {
   const auto options = std::make_shared<GraphOptions>();
-  Options app = line.addSubcommand(
-      "design",
-      "Show what is known about a design: instances, debug modules, "
-      "peripherals, connections",
-      "zeldebug design board.xml\n"
-      "  zeldebug design board.xml --graph | dot -Tsvg > board.svg",
-      [options, &line](Output &output) {
-        return run(*options, line.workingFolder(), output);
-      });
   options->design.addTo(app, false);
   options->project.addTo(app);
   app.addFlag("--graph", options->graph,
@@ -72,6 +61,21 @@ void addDesignCommand(CommandLine &line) {
   app.addOption("--under", "PATH", options->under,
                 "only this instance and what is inside it (a.b.c)",
                 ValueKind::instance, "The graph");
+  return [options, &line = app.line()](Output &output) {
+    return run(*options, line.workingFolder(), output);
+  };
+}
+
+} // namespace
+
+void addDesignCommand(CommandLine &line) {
+  line.addSubcommand(
+      "design",
+      "Show what is known about a design: instances, debug modules, "
+      "peripherals, connections",
+      "zeldebug design board.xml\n"
+      "  zeldebug design board.xml --graph | dot -Tsvg > board.svg",
+      designOptions);
 }
 
 } // namespace zeldebug

@@ -54,18 +54,22 @@ ExitStatus run(const Commands &commands, Output &output) {
   return ExitStatus::done;
 }
 
-} // namespace
-
-void addDiffCommand(CommandLine &line) {
+CommandLine::Runner diffOptions(Options &app) {
   const auto commands = std::make_shared<Commands>();
-  Options app = line.addSubcommand(
-      "diff", "Compare the settings of two connect commands",
-      "zeldebug diff 'connect lc hdu' 'connect lc hdu -debugdevice cpunr 2'",
-      [commands](Output &output) { return run(*commands, output); });
   app.addRequired("COMMAND1", (*commands)[0], "a connect command",
                   ValueKind::text);
   app.addRequired("COMMAND2", (*commands)[1], "the one to compare it with",
                   ValueKind::text);
+  return [commands](Output &output) { return run(*commands, output); };
+}
+
+} // namespace
+
+void addDiffCommand(CommandLine &line) {
+  line.addSubcommand(
+      "diff", "Compare the settings of two connect commands",
+      "zeldebug diff 'connect lc hdu' 'connect lc hdu -debugdevice cpunr 2'",
+      diffOptions);
 }
 
 } // namespace zeldebug

@@ -75,16 +75,19 @@ ExitStatus run(const std::optional<std::string> &code, Output &output) {
   return ExitStatus::done;
 }
 
+CommandLine::Runner explainCodeOptions(Options &app) {
+  const auto code = std::make_shared<std::optional<std::string>>();
+  app.addArgument("CODE", *code, "a code, as it stands in brackets",
+                  ValueKind::diagnosticCode);
+  return [code](Output &output) { return run(*code, output); };
+}
+
 } // namespace
 
 void addExplainCodeCommand(CommandLine &line) {
-  const auto code = std::make_shared<std::optional<std::string>>();
-  Options app = line.addSubcommand(
-      "explain-code", "Explain a code in brackets, or list them all",
-      "zeldebug explain-code refused-value",
-      [code](Output &output) { return run(*code, output); });
-  app.addArgument("CODE", *code, "a code, as it stands in brackets",
-                  ValueKind::diagnosticCode);
+  line.addSubcommand("explain-code",
+                     "Explain a code in brackets, or list them all",
+                     "zeldebug explain-code refused-value", explainCodeOptions);
 }
 
 } // namespace zeldebug

@@ -58,27 +58,31 @@ ExitStatus run(const std::string &text, Output &output) {
   return failure.status();
 }
 
-} // namespace
-
-void addExplainCommand(CommandLine &line) {
+CommandLine::Runner explainOptions(Options &app) {
   const auto options = std::make_shared<ExplainLine>();
-  Options app = line.addSubcommand(
-      "explain", "Explain every word of a connect command",
-      "zeldebug explain 'connect lc hdu -debugdevice devicenr 1'\n"
-      "  zeldebug explain cpu0",
-      [options, &line](Output &output) {
-        const std::string &folder = line.workingFolder();
-        if (!options->project.takeProcessorAlone(options->text, folder))
-          return run(options->text, output);
-        const LineProject project =
-            options->project.open(DesignOptions(), folder, output);
-        return explainProject(project, options->text, output);
-      });
   app.addRequired("COMMAND", options->text,
                   "a connect command, in quotes; with a project, or the "
                   "instance name of a processor, whose command it gives",
                   ValueKind::processor);
   options->project.addTo(app);
+  return [options, &line = app.line()](Output &output) {
+    const std::string &folder = line.workingFolder();
+    if (!options->project.takeProcessorAlone(options->text, folder))
+      return run(options->text, output);
+    const LineProject project =
+        options->project.open(DesignOptions(), folder, output);
+    return explainProject(project, options->text, output);
+  };
+}
+
+} // namespace
+
+void addExplainCommand(CommandLine &line) {
+  line.addSubcommand(
+      "explain", "Explain every word of a connect command",
+      "zeldebug explain 'connect lc hdu -debugdevice devicenr 1'\n"
+      "  zeldebug explain cpu0",
+      explainOptions);
 }
 
 } // namespace zeldebug

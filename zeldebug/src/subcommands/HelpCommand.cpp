@@ -10,22 +10,27 @@ namespace zeldebug {
 
 namespace {
 
-ExitStatus run(const CommandLine &line, const std::optional<std::string> &name,
+ExitStatus run(CommandLine &line, const std::optional<std::string> &name,
                Output &output) {
   output.print(
       line.helpOf(name ? &line.expectSubcommand(*name) : nullptr, output));
   return ExitStatus::done;
 }
 
+CommandLine::Runner helpOptions(Options &app) {
+  const auto name = std::make_shared<std::optional<std::string>>();
+  app.addArgument("SUBCOMMAND", *name, "whose help; of all without it",
+                  ValueKind::subcommand);
+  return [&line = app.line(), name](Output &output) {
+    return run(line, *name, output);
+  };
+}
+
 } // namespace
 
 void addHelpCommand(CommandLine &line) {
-  const auto name = std::make_shared<std::optional<std::string>>();
-  Options app = line.addSubcommand(
-      "help", "Print the help of a subcommand", "zeldebug help list",
-      [&line, name](Output &output) { return run(line, *name, output); });
-  app.addArgument("SUBCOMMAND", *name, "whose help; of all without it",
-                  ValueKind::subcommand);
+  line.addSubcommand("help", "Print the help of a subcommand",
+                     "zeldebug help list", helpOptions);
 }
 
 } // namespace zeldebug

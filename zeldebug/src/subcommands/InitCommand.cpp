@@ -59,16 +59,19 @@ ExitStatus run(const DesignOptions &options, const std::string &folder,
   return ExitStatus::done;
 }
 
+CommandLine::Runner initOptions(Options &app) {
+  const auto options = std::make_shared<DesignOptions>();
+  options->addTo(app);
+  return [options, &line = app.line()](Output &output) {
+    return run(*options, line.workingFolder(), output);
+  };
+}
+
 } // namespace
 
 void addInitCommand(CommandLine &line) {
-  const auto options = std::make_shared<DesignOptions>();
-  Options app = line.addSubcommand(
-      "init", "Write a project file for a design", "zeldebug init board.xml",
-      [options, &line](Output &output) {
-        return run(*options, line.workingFolder(), output);
-      });
-  options->addTo(app);
+  line.addSubcommand("init", "Write a project file for a design",
+                     "zeldebug init board.xml", initOptions);
 }
 
 } // namespace zeldebug

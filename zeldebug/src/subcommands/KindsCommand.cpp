@@ -218,18 +218,8 @@ ExitStatus run(const KindsOptions &options, const std::string &folder,
   return ExitStatus::done;
 }
 
-} // namespace
-
-void addKindsCommand(CommandLine &line) {
+CommandLine::Runner kindsOptions(Options &app) {
   const auto options = std::make_shared<KindsOptions>();
-  Options app = line.addSubcommand(
-      "kinds",
-      "Propose a kind table: what could be the processors, debug modules, "
-      "serial ports and memories of a design",
-      "zeldebug kinds soc.xml --library ip --write soc.kinds",
-      [options, &line](Output &output) {
-        return run(*options, line.workingFolder(), output);
-      });
   options->design.addTo(app, false);
   options->project.addTo(app);
   app.addOption("--write", "FILE", options->file,
@@ -238,6 +228,19 @@ void addKindsCommand(CommandLine &line) {
                 ValueKind::file, "The table");
   app.addFlag("--force", options->force,
               "replace the file of --write if there is one", "The table");
+  return [options, &line = app.line()](Output &output) {
+    return run(*options, line.workingFolder(), output);
+  };
+}
+
+} // namespace
+
+void addKindsCommand(CommandLine &line) {
+  line.addSubcommand(
+      "kinds",
+      "Propose a kind table: what could be the processors, debug modules, "
+      "serial ports and memories of a design",
+      "zeldebug kinds soc.xml --library ip --write soc.kinds", kindsOptions);
 }
 
 } // namespace zeldebug

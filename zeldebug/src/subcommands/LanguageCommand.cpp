@@ -272,25 +272,27 @@ ExitStatus run(const std::vector<std::string> &words, Output &output) {
   return ExitStatus::done;
 }
 
+CommandLine::Runner languageOptions(Options &app) {
+  const auto words = std::make_shared<std::vector<std::string>>();
+  app.addArguments("WORD", *words,
+                   "an option, a target or a cable; all "
+                   "without it",
+                   ValueKind::languageWord);
+  return [words, &line = app.line()](Output &output) {
+    std::vector<std::string> all = *words;
+    all.insert(all.end(), line.dashedWords().begin(), line.dashedWords().end());
+    return run(all, output);
+  };
+}
+
 } // namespace
 
 std::vector<std::string> languageWords() { return knownWords(); }
 
 void addLanguageCommand(CommandLine &line) {
-  const auto words = std::make_shared<std::vector<std::string>>();
-  Options app = line.addSubcommand(
-      "language", "Show the connect language, or one word of it",
-      "zeldebug language -cable", [words, &line](Output &output) {
-        std::vector<std::string> all = *words;
-        all.insert(all.end(), line.dashedWords().begin(),
-                   line.dashedWords().end());
-        return run(all, output);
-      });
-  app.takeDashedWords();
-  app.addArguments("WORD", *words,
-                   "an option, a target or a cable; all "
-                   "without it",
-                   ValueKind::languageWord);
+  line.addSubcommand("language", "Show the connect language, or one word of it",
+                     "zeldebug language -cable", languageOptions)
+      .takeDashedWords();
 }
 
 } // namespace zeldebug

@@ -35,19 +35,23 @@ ExitStatus run(const DesignOptions &options, Output &output) {
   return ExitStatus::done;
 }
 
+CommandLine::Runner listOptions(Options &app) {
+  const auto options = std::make_shared<ListLine>();
+  options->design.addTo(app, false);
+  options->project.addTo(app);
+  return [options, &line = app.line()](Output &output) {
+    return run(options->project.sourcesFor(options->design,
+                                           line.workingFolder(), output),
+               output);
+  };
+}
+
 } // namespace
 
 void addListCommand(CommandLine &line) {
-  const auto options = std::make_shared<ListLine>();
-  Options app = line.addSubcommand(
-      "list", "List the processors of a design that can be debugged",
-      "zeldebug list board.xml", [options, &line](Output &output) {
-        return run(options->project.sourcesFor(options->design,
-                                               line.workingFolder(), output),
-                   output);
-      });
-  options->design.addTo(app, false);
-  options->project.addTo(app);
+  line.addSubcommand("list",
+                     "List the processors of a design that can be debugged",
+                     "zeldebug list board.xml", listOptions);
 }
 
 } // namespace zeldebug

@@ -108,18 +108,21 @@ ExitStatus run(const std::optional<std::string> &file, Output &output) {
   return same == lines.size() ? ExitStatus::done : ExitStatus::refused;
 }
 
-} // namespace
-
-void addRoundtripCommand(CommandLine &line) {
+CommandLine::Runner roundtripOptions(Options &app) {
   const auto file = std::make_shared<std::optional<std::string>>();
-  Options app = line.addSubcommand(
-      "roundtrip", "Read, write and read again each command of a file",
-      "zeldebug roundtrip commands.txt",
-      [file](Output &output) { return run(*file, output); });
   app.addArgument("FILE", *file,
                   "a connect command a line; standard input "
                   "without it, or for '-'",
                   ValueKind::file);
+  return [file](Output &output) { return run(*file, output); };
+}
+
+} // namespace
+
+void addRoundtripCommand(CommandLine &line) {
+  line.addSubcommand("roundtrip",
+                     "Read, write and read again each command of a file",
+                     "zeldebug roundtrip commands.txt", roundtripOptions);
 }
 
 } // namespace zeldebug

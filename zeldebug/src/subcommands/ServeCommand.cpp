@@ -26,16 +26,20 @@ ExitStatus run(const std::string &directory, bool logs, Output &output) {
   return ExitStatus::done;
 }
 
+CommandLine::Runner serveOptions(Options &app) {
+  const auto logs = std::make_shared<bool>(false);
+  app.addFlag("--log", *logs, "tell of each request on standard error");
+  return [logs, &line = app.line()](Output &output) {
+    return run(line.workingFolder(), *logs, output);
+  };
+}
+
 } // namespace
 
 void addServeCommand(CommandLine &line) {
-  const auto logs = std::make_shared<bool>(false);
-  Options app = line.addSubcommand(
+  line.addSubcommand(
       "serve", "Answer the requests of another program (docs/protocol.md)",
-      "zeldebug serve --log", [logs, &line](Output &output) {
-        return run(line.workingFolder(), *logs, output);
-      });
-  app.addFlag("--log", *logs, "tell of each request on standard error");
+      "zeldebug serve --log", serveOptions);
 }
 
 } // namespace zeldebug

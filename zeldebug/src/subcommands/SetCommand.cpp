@@ -379,20 +379,8 @@ ExitStatus run(const SetOptions &options, const std::string &folder,
       .run(processorsOf(options, *line.board));
 }
 
-} // namespace
-
-void addSetCommand(CommandLine &line) {
+CommandLine::Runner setOptions(Options &app) {
   const auto options = std::make_shared<SetOptions>();
-  Options app = line.addSubcommand(
-      "set", "Change and save the configuration of a processor",
-      "zeldebug set board.xml cpu0 --cable quorla_podusb --frequency 3MHz "
-      "--mkdir\n  zeldebug set cpu0 --esn 0042 --into local",
-      [options, &line](Output &output) {
-        SetOptions given = *options;
-        if (!given.all)
-          given.project.takeProcessor(given.design, given.processor);
-        return run(given, line.workingFolder(), output);
-      });
   options->design.addTo(app, false);
   app.addArgument("PROCESSOR", options->processor,
                   "instance name of a processor", ValueKind::processor);
@@ -411,6 +399,22 @@ void addSetCommand(CommandLine &line) {
                   "table of all processors");
   options->project.addTo(app);
   options->settings.addTo(app);
+  return [options, &line = app.line()](Output &output) {
+    SetOptions given = *options;
+    if (!given.all)
+      given.project.takeProcessor(given.design, given.processor);
+    return run(given, line.workingFolder(), output);
+  };
+}
+
+} // namespace
+
+void addSetCommand(CommandLine &line) {
+  line.addSubcommand(
+      "set", "Change and save the configuration of a processor",
+      "zeldebug set board.xml cpu0 --cable quorla_podusb --frequency 3MHz "
+      "--mkdir\n  zeldebug set cpu0 --esn 0042 --into local",
+      setOptions);
 }
 
 } // namespace zeldebug

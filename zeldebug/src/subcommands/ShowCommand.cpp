@@ -164,21 +164,8 @@ ExitStatus run(const ShowOptions &options, const std::string &folder,
                        : showProject(line, options.processor, asked, output);
 }
 
-} // namespace
-
-void addShowCommand(CommandLine &line) {
+CommandLine::Runner showOptions(Options &app) {
   const auto options = std::make_shared<ShowOptions>();
-  Options app = line.addSubcommand(
-      "show",
-      "Show the saved configuration of a processor, or what the project makes "
-      "of it",
-      "zeldebug show board.xml cpu0\n  zeldebug show --file etc/kvo_cpu0.opt\n"
-      "  zeldebug show cpu0 --profile slow",
-      [options, &line](Output &output) {
-        ShowOptions given = *options;
-        given.project.takeProcessor(given.design, given.processor);
-        return run(given, line.workingFolder(), output);
-      });
   options->design.addTo(app, false);
   app.addArgument("PROCESSOR", options->processor,
                   "instance name of a processor (default, with a project: all "
@@ -196,6 +183,23 @@ void addShowCommand(CommandLine &line) {
               "with a project: show what is saved all the same");
   options->project.addTo(app);
   options->settings.addTo(app);
+  return [options, &line = app.line()](Output &output) {
+    ShowOptions given = *options;
+    given.project.takeProcessor(given.design, given.processor);
+    return run(given, line.workingFolder(), output);
+  };
+}
+
+} // namespace
+
+void addShowCommand(CommandLine &line) {
+  line.addSubcommand(
+      "show",
+      "Show the saved configuration of a processor, or what the project makes "
+      "of it",
+      "zeldebug show board.xml cpu0\n  zeldebug show --file etc/kvo_cpu0.opt\n"
+      "  zeldebug show cpu0 --profile slow",
+      showOptions);
 }
 
 } // namespace zeldebug

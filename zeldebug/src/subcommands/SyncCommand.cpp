@@ -230,16 +230,8 @@ ExitStatus run(const SyncLine &options, const std::string &folder,
                        : runOnce(options, folder, output);
 }
 
-} // namespace
-
-void addSyncCommand(CommandLine &line) {
+CommandLine::Runner syncOptions(Options &app) {
   const auto options = std::make_shared<SyncLine>();
-  Options app = line.addSubcommand(
-      "sync", "Write the option files as the project says",
-      "zeldebug sync\n  zeldebug sync --check --profile slow",
-      [options, &line](Output &output) {
-        return run(*options, line.workingFolder(), output);
-      });
   app.addArguments("PROCESSOR", options->how.processors,
                    "instance names of processors (default: all)",
                    ValueKind::processor);
@@ -255,6 +247,17 @@ void addSyncCommand(CommandLine &line) {
               "go on, and do it again whenever the project, the design or a "
               "component changes; ends by a signal");
   options->project.addTo(app);
+  return [options, &line = app.line()](Output &output) {
+    return run(*options, line.workingFolder(), output);
+  };
+}
+
+} // namespace
+
+void addSyncCommand(CommandLine &line) {
+  line.addSubcommand("sync", "Write the option files as the project says",
+                     "zeldebug sync\n  zeldebug sync --check --profile slow",
+                     syncOptions);
 }
 
 } // namespace zeldebug
