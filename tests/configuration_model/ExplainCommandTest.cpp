@@ -10,7 +10,7 @@ namespace {
 
 using namespace ZelDebugDialog;
 
-std::string shown(const std::string &setting, const Value &value) {
+std::string storedText(const std::string &setting, const Value &value) {
   return ShowStored(*FindSetting(setting), value);
 }
 
@@ -22,8 +22,8 @@ std::string shown(const ExplainedCommand &explained) {
             (word.atFault ? " at fault" : "");
     for (const WordChange &change : word.changes)
       text += " " + change.setting + " " +
-              shown(change.setting, change.before) + "->" +
-              shown(change.setting, change.after);
+              storedText(change.setting, change.before) + "->" +
+              storedText(change.setting, change.after);
     text += "\n";
   }
   return text;

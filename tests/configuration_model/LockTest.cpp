@@ -71,7 +71,7 @@ TEST_F(LockTest, TwoProgramsThatHoldTheLockBothCount) {
     EXPECT_EQ(statusOf(second), 0) << round;
     const Session session = open();
     EXPECT_EQ(session.Get("debugDevice"), Value(round));
-    EXPECT_EQ(shown("bscanUserReg", session.Get("bscanUserReg")),
+    EXPECT_EQ(model_test::shown("bscanUserReg", session.Get("bscanUserReg")),
               round % 2 == 0 ? "USER2" : "USER1");
     EXPECT_THAT(names(), ElementsAre("kvo_lc.opt"));
   }
@@ -215,7 +215,7 @@ TEST_F(LockTest, FoldersThatLinkToOneFileHaveOneLock) {
     EXPECT_EQ(statusOf(second), 0) << round;
     const Session session = open();
     EXPECT_EQ(session.Get("debugDevice"), Value(round));
-    EXPECT_EQ(shown("bscanUserReg", session.Get("bscanUserReg")),
+    EXPECT_EQ(model_test::shown("bscanUserReg", session.Get("bscanUserReg")),
               round % 2 == 0 ? "USER2" : "USER1");
   }
   EXPECT_THAT(names(), ElementsAre("kvo_lc.opt"));
