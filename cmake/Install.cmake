@@ -135,7 +135,7 @@ function(zeldebugdialog_install_c_interface)
         LIBRARIES -lzeldebugdialog-c
         STATIC_REQUIRES ${project_file}
             zeldebugdialog-configuration-model zeldebugdialog-design-model
-        STATIC_LIBRARIES -lstdc++)
+        STATIC_LIBRARIES -lstdc++ -lm)
 endfunction()
 
 function(zeldebugdialog_install_tool)

@@ -1,14 +1,14 @@
 # Programs outside the tree that use the project, each built and run in a folder
 # of its own below `scratch`. Sourced, not run. CXX and CXX_STANDARD choose the
-# compiler and the language, STRICT whether warnings of the project's own sources
-# are errors.
+# compiler and the language, BUILD_TYPE how all is built, STRICT whether warnings
+# of the project's own sources are errors.
 # shellcheck shell=bash
 
 project=$PWD
 consumers=$project/tests/packaging/consumers
 vendor=$project/tests/packaging/vendor
 board=$project/examples/board/board.xml
-: "${CXX:=c++}" "${CXX_STANDARD:=17}" "${STRICT:=ON}"
+: "${CXX:=c++}" "${CXX_STANDARD:=17}" "${BUILD_TYPE:=Release}" "${STRICT:=ON}"
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 
@@ -25,12 +25,12 @@ build() {
   local name=$1 source=$2
   shift 2
   quietly cmake -S "$source" -B "$scratch/$name" -G Ninja \
-    -DCMAKE_BUILD_TYPE=Release -DCMAKE_CXX_COMPILER="$CXX" -DCMAKE_UNITY_BUILD=ON \
-    -DCMAKE_CXX_STANDARD="$CXX_STANDARD" "$@"
+    -DCMAKE_BUILD_TYPE="$BUILD_TYPE" -DCMAKE_CXX_FLAGS_DEBUG=-O0 -DCMAKE_UNITY_BUILD=ON \
+    -DCMAKE_CXX_COMPILER="$CXX" -DCMAKE_CXX_STANDARD="$CXX_STANDARD" "$@"
   quietly cmake --build "$scratch/$name"
 }
 
-# install_project [OPTION...]: a release build in `prefix`, which is not where
+# install_project [OPTION...]: a build in `prefix`, which is not where
 # it was installed to; without the dialog unless an option asks for it.
 install_project() {
   rm -rf "$scratch/first" "$scratch/moved"
