@@ -227,6 +227,19 @@ TEST_F(AdoptingFiles, RefusesWhatCannotBeTaken) {
               testing::StartsWith("unknown-processor: "));
 }
 
+TEST_F(AdoptingFiles, ATargetHasToBeThereAlsoWithNothingToTake) {
+  save("connect lc hdu -debugdevice cpunr 1");
+  ProjectEdit into;
+  into.target = ProjectTarget::profile;
+  into.profile = "slow";
+  EXPECT_THAT(edits("[profile.slow.settings]\n", &into), testing::IsEmpty());
+  into.profile = "slwo";
+  EXPECT_EQ(
+      model_test::refusalOf([&] { edits("[profile.slow.settings]\n", &into); }),
+      "bad-value: 'slwo' is no profile of the project; write "
+      "[profile.slwo.settings]");
+}
+
 // --- Round trip
 // ---------------------------------------------------------------
 

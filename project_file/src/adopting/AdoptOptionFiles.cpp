@@ -3,6 +3,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Adopt.h"
+#include "editing/TargetProfile.h"
 #include "files/ReadFile.h"
 #include "merging/Applicable.h"
 #include "merging/Processors.h"
@@ -46,6 +47,9 @@ std::vector<ProjectEdit>
 AdoptOptionFiles(const Project &project, const ProjectChoice &choice,
                  const Board &board, const std::vector<std::string> &processors,
                  const ProjectEdit *into) {
+  // Also where there is nothing to take.
+  if (into != nullptr && into->target == ProjectTarget::profile)
+    isProfileLocal(project, into->profile);
   std::vector<ProjectEdit> edits;
   for (const std::string &name : processors) {
     const BoardProcessor &processor = expectProcessor(board, name);

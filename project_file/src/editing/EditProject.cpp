@@ -8,6 +8,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Files.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "editing/EditText.h"
+#include "editing/TargetProfile.h"
 #include "editing/WantedValues.h"
 #include "editing/WrittenValue.h"
 #include "files/PutBack.h"
@@ -55,14 +56,6 @@ Path settingPath(const Path &table, const std::string &setting) {
       return path;
     start = dot + 1;
   }
-}
-
-const ProjectProfile *findProfile(const ProjectLayer &layer,
-                                  const std::string &name) {
-  for (const ProjectProfile &profile : layer.profiles)
-    if (profile.name == name)
-      return &profile;
-  return nullptr;
 }
 
 /// The texts of both files while one of them changes.
@@ -141,13 +134,7 @@ private:
     table.clear();
     isLocal = edit->target == ProjectTarget::local;
     if (edit->target == ProjectTarget::profile) {
-      const bool isInProject =
-          findProfile(before.project, edit->profile) != nullptr;
-      const bool isInLocal =
-          findProfile(before.local, edit->profile) != nullptr;
-      if (!isInProject && !isInLocal)
-        refuseProfile(before);
-      isLocal = !isInProject;
+      isLocal = isProfileLocal(before, edit->profile);
       table = {"profile", edit->profile};
       choice.profile.name = edit->profile;
     }
@@ -158,22 +145,6 @@ private:
     table.emplace_back("processor");
     table.push_back(edit->processor);
     expectProcessor(board, edit->processor);
-  }
-
-  [[noreturn]] void refuseProfile(const Project &before) const {
-    std::vector<std::string> names;
-    for (const ProjectLayer *const layer : {&before.project, &before.local})
-      for (const ProjectProfile &profile : layer->profiles)
-        names.push_back(profile.name);
-    Refusal refusal(RefusalKind::badValue, "",
-                    fmt::format("'{}' is no profile of the project; write "
-                                "[profile.{}.settings]",
-                                ShowText(edit->profile),
-                                writtenKey(edit->profile)));
-    refusal.value = edit->profile;
-    refusal.suggestion = FindNearest(edit->profile, names);
-    refusal.accepted = std::move(names);
-    throw refusal;
   }
 
   std::vector<const BoardProcessor *> findProcessors() const {

@@ -82,7 +82,7 @@ AdoptProject(const Board &board, const ProjectSources &sources);
 /// @param into  where all of it goes instead: its target and profile; null for
 ///   none
 /// @throws Refusal (unknownProcessor; unreadable for an option file that is not
-///   there or cannot be read)
+///   there or cannot be read; badValue for a profile that neither file has)
 ZELDEBUGDIALOG_PROJECTFILE_API std::vector<ProjectEdit>
 AdoptOptionFiles(const Project &project, const ProjectChoice &choice,
                  const Board &board, const std::vector<std::string> &processors,
