@@ -68,7 +68,8 @@ option(ZELDEBUGDIALOG_INSTALL "Install rules" ${PROJECT_IS_TOP_LEVEL})
 option(ZELDEBUGDIALOG_DEVELOPER "Strict warnings, as errors" OFF)
 option(ZELDEBUGDIALOG_BENCH "Build the benchmarks" OFF)
 option(ZELDEBUGDIALOG_FUZZ "Build the fuzzers" OFF)
-option(ZELDEBUGDIALOG_COVERAGE "Instrument for line and branch coverage" OFF)
+set(ZELDEBUGDIALOG_COVERAGE "" CACHE STRING
+    "Folders whose lines and branches are counted as they run; empty: none")
 set(ZELDEBUGDIALOG_SANITIZERS "" CACHE STRING "Sanitizers to build with, comma-separated")
 set(ZELDEBUGDIALOG_IPXACT_LIBRARIES "" CACHE PATH
     "Folder of IP-XACT libraries by others that the tests read; empty: none")

@@ -23,7 +23,7 @@ function(zeldebugdialog_test name)
     add_test(NAME ${name} COMMAND ${name})
 
     if(ZELDEBUGDIALOG_VALGRIND AND NOT TEST_WITHOUT_VALGRIND
-       AND NOT ZELDEBUGDIALOG_SANITIZERS AND NOT ZELDEBUGDIALOG_COVERAGE)
+       AND NOT ZELDEBUGDIALOG_SANITIZERS)
         add_test(NAME memory.${name}
             COMMAND ${ZELDEBUGDIALOG_VALGRIND} --quiet --error-exitcode=99
                 --leak-check=full --errors-for-leak-kinds=all
