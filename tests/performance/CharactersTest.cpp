@@ -142,6 +142,22 @@ TEST_P(CharactersTest, WordsAreEqualWholeOnly) {
         << left << ' ' << right;
 }
 
+TEST_P(CharactersTest, EveryLetterOfAWordCountsWhateverItsLength) {
+  const std::string letters = "abcdefghijklmnopqrst";
+  kvo::Characters remembering;
+  for (std::size_t size = 1; size <= letters.size(); ++size)
+    for (std::size_t place = 0; place < size; ++place)
+      for (const char other : {'A', 'x', static_cast<char>('A' + place)}) {
+        const std::string word = letters.substr(0, size);
+        std::string changed = word;
+        changed[place] = other;
+        const bool equal = boost::iequals(word, changed);
+        EXPECT_EQ(kvo::Characters().sameWord(word, changed), equal) << changed;
+        EXPECT_EQ(remembering.sameWord(word, changed), equal) << changed;
+        EXPECT_TRUE(remembering.sameWord(changed, changed));
+      }
+}
+
 TEST_P(CharactersTest, WordsAreTrimmedAsBoostTrimsThem) {
   for (const char byte : allBytes()) {
     for (const std::string &text :

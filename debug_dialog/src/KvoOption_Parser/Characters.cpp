@@ -4,11 +4,12 @@
 
 namespace ZelDebugDialog::kvo {
 
-Characters::Characters() : facet(std::use_facet<std::ctype<char>>(locale)) {}
+Characters::Characters()
+    : facet(std::use_facet<std::ctype<char>>(locale)), table(facet.table()) {}
 
 bool Characters::sameLetters(std::string_view left, std::string_view right) {
   return std::equal(
-      left.begin(), left.end(), right.begin(),
+      left.begin(), left.end(), right.begin(), right.end(),
       [this](char typed, char keyword) { return sameLetter(typed, keyword); });
 }
 
