@@ -24,6 +24,16 @@ Names linesOf(const std::vector<MissingDocument> &documents) {
   return lines;
 }
 
+TEST(LibraryDocument, EndsInXml) {
+  for (const char *const path :
+       {"a.xml", "a.XML", "lib/a.Xml", "/lib/a.b.xml", "a..xml"})
+    EXPECT_TRUE(IsLibraryDocument(path)) << path;
+  for (const char *const path :
+       {"", "xml", ".xml", "lib/.xml", "axml", "a.xm", "a.xmlx", "a.xml ",
+        "a.xml/", "a.xml/b", "a.xml.gz"})
+    EXPECT_FALSE(IsLibraryDocument(path)) << path;
+}
+
 TEST(Missing, IsWhatIsReferredToAndNotFound) {
   const Reading reading = readFiles(
       {{"top.xml", design("d", instance("a", "gone") + instance("b", "gone") +

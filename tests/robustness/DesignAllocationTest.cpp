@@ -506,6 +506,15 @@ TEST(DesignAllocation, OfFindingLibraries) {
       [](DesignScene &) {});
 }
 
+TEST(DesignAllocation, OfNamesOfDocuments) {
+  covered().insert("IsLibraryDocument");
+  const std::string path = longText("folder/") + "core.XML";
+  failEach<DesignScene>(
+      "IsLibraryDocument",
+      [&path](DesignScene &) { EXPECT_TRUE(IsLibraryDocument(path)); },
+      [](DesignScene &) {});
+}
+
 // --- Nothing is left out -----------------------------------------------------
 
 /// Comes last: the others say what they have gone through.

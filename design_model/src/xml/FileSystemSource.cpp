@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "ZelDebugDialog/DesignModel/Libraries.h"
 #include "xml/DocumentSource.h"
 #include "xml/ListFolder.h"
 
@@ -18,15 +19,15 @@ constexpr std::uintmax_t largestFile = std::uintmax_t{1} << 30;
 
 constexpr const char *unreadable = "it can not be read";
 
-bool endsInXml(const fs::path &path) {
-  std::string extension = path.extension().string();
+} // namespace
+
+bool IsLibraryDocument(const std::string &path) {
+  std::string extension = fs::path(path).extension().string();
   std::transform(
       extension.begin(), extension.end(), extension.begin(),
       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
   return extension == ".xml";
 }
-
-} // namespace
 
 DocumentSource::Kind FileSystemSource::kindOf(const std::string &path) const {
   std::error_code error;
@@ -67,7 +68,7 @@ std::string FileSystemSource::list(const std::string &folder,
       return "it can not be searched: " + error.message();
     pending.pop_back();
     for (fs::path &entry : entries)
-      if (endsInXml(entry) && kindOf(entry) == Kind::file)
+      if (IsLibraryDocument(entry.string()) && kindOf(entry) == Kind::file)
         files.push_back(entry.lexically_normal().string());
       else if (isOwnFolder(entry))
         pending.push_back(std::move(entry));

@@ -1,7 +1,5 @@
 #include "subcommands/Watching.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cerrno>
 #include <ctime>
 #include <filesystem>
@@ -9,6 +7,8 @@
 
 #include <fmt/format.h>
 #include <sys/stat.h>
+
+#include "ZelDebugDialog/DesignModel/Libraries.h"
 
 namespace zeldebug {
 
@@ -28,15 +28,6 @@ void lookAt(const std::string &file, std::map<std::string, std::string> &seen) {
                              status.st_mtim.tv_sec, status.st_mtim.tv_nsec);
 }
 
-/// As the design model finds them.
-bool endsInXml(const fs::path &path) {
-  std::string ending = path.extension().string();
-  std::transform(
-      ending.begin(), ending.end(), ending.begin(),
-      [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return ending == ".xml";
-}
-
 void lookBelow(const std::string &folder,
                std::map<std::string, std::string> &seen) {
   std::error_code error;
@@ -44,8 +35,9 @@ void lookBelow(const std::string &folder,
       folder, fs::directory_options::skip_permission_denied, error);
   for (; !error && entry != fs::recursive_directory_iterator();
        entry.increment(error))
-    if (endsInXml(entry->path()))
-      lookAt(entry->path().string(), seen);
+    if (const std::string file = entry->path().string();
+        ZelDebugDialog::IsLibraryDocument(file))
+      lookAt(file, seen);
 }
 
 } // namespace

@@ -20,6 +20,10 @@
 
 namespace ZelDebugDialog {
 
+/// Whether a library folder is searched for such a file: its name ends in
+/// ".xml", in any letter case. It need not be there.
+ZELDEBUGDIALOG_DESIGNMODEL_API bool IsLibraryDocument(const std::string &path);
+
 /// How far a search for libraries goes.
 struct LibrarySearchLimits {
   std::size_t levels = 6;       ///< Folders above that of the design.
