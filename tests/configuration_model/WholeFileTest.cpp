@@ -2,7 +2,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -24,9 +24,9 @@ protected:
     return (folder.path() / name).string();
   }
   static std::string contentOf(const std::string &path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream),
-            std::istreambuf_iterator<char>()};
+    std::ostringstream content;
+    content << std::ifstream(path, std::ios::binary).rdbuf();
+    return content.str();
   }
   /// "file-exists: problem", or nothing.
   static std::string refusalOf(const std::string &path, const std::string &text,
@@ -65,6 +65,25 @@ TEST_F(WholeFileTest, IsWrittenReplacedAndLeftAlone) {
   EXPECT_EQ(contentOf(file), "");
   EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read);
   EXPECT_EQ(names(), std::vector<std::string>{"table"});
+}
+
+TEST_F(WholeFileTest, IsReplacedWhateverItDiffersIn) {
+  const std::string file = at("table");
+  const std::vector<std::string> texts{"",
+                                       "a",
+                                       "ab",
+                                       "aB",
+                                       std::string("a\0", 2),
+                                       "abc",
+                                       std::string(70000, 'a'),
+                                       std::string(70000, 'a') + "b"};
+  for (const std::string &before : texts)
+    for (const std::string &text : texts) {
+      WriteWholeFile(file, before, ExistingFile::replace);
+      EXPECT_EQ(WriteWholeFile(file, text, ExistingFile::replace),
+                text != before);
+      EXPECT_EQ(contentOf(file), text);
+    }
 }
 
 TEST_F(WholeFileTest, ReplacesFilesOnly) {

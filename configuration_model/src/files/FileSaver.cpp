@@ -1,8 +1,6 @@
 #include "files/FileSaver.h"
 
 #include <cerrno>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <system_error>
 #include <utility>
@@ -54,10 +52,7 @@ ScratchFile::ScratchFile(ScratchFile &&other) noexcept
       isMoved(std::exchange(other.isMoved, true)) {}
 
 void ScratchFile::expectContent(const std::string &text) const {
-  std::ifstream stream(scratch, std::ios::binary);
-  const std::string content{std::istreambuf_iterator<char>(stream),
-                            std::istreambuf_iterator<char>()};
-  if (content != text)
+  if (!holds(scratch, text))
     refuseFile(place.parent_path(),
                "the option file could not be written whole: no space left, or "
                "a limit on the size of files");

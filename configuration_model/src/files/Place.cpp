@@ -1,5 +1,7 @@
 #include "files/Place.h"
 
+#include <fstream>
+#include <ios>
 #include <system_error>
 
 namespace ZelDebugDialog::model {
@@ -41,6 +43,15 @@ fs::path behindLinks(const fs::path &path) {
     return target;
   const fs::path folder = fs::canonical(path.parent_path(), error);
   return error ? path : folder / path.filename();
+}
+
+bool holds(const fs::path &file, const std::string &text) {
+  std::ifstream stream(file, std::ios::binary);
+  // A character more, to see that there is none.
+  std::string content(text.size() + 1, '\0');
+  stream.read(content.data(), static_cast<std::streamsize>(content.size()));
+  content.resize(static_cast<std::size_t>(stream.gcount()));
+  return stream.is_open() && !stream.bad() && content == text;
 }
 
 } // namespace ZelDebugDialog::model

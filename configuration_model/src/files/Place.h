@@ -21,6 +21,9 @@ Place lookAt(const std::filesystem::path &path,
 /// there; the path itself where nothing is.
 std::filesystem::path behindLinks(const std::filesystem::path &path);
 
+/// Whether the file is there, may be read, and holds the text and nothing more.
+bool holds(const std::filesystem::path &file, const std::string &text);
+
 } // namespace ZelDebugDialog::model
 
 #endif

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <utility>
 
 #include "files/FileLock.h"
@@ -14,12 +13,6 @@ namespace ZelDebugDialog {
 namespace fs = std::filesystem;
 
 namespace {
-
-bool holds(const fs::path &file, const std::string &text) {
-  std::ifstream stream(file, std::ios::binary);
-  return stream && text == std::string(std::istreambuf_iterator<char>(stream),
-                                       std::istreambuf_iterator<char>());
-}
 
 /// The file that a name leads to, behind links; or none, which may be made.
 fs::path targetOf(const std::string &path) {
@@ -34,7 +27,7 @@ fs::path targetOf(const std::string &path) {
 
 bool WriteWholeFile(const std::string &path, const std::string &text,
                     ExistingFile existing) {
-  return !holds(targetOf(path), text) &&
+  return !model::holds(targetOf(path), text) &&
          WriteWholeFile(FileLock(path), text, existing);
 }
 
@@ -55,14 +48,14 @@ bool WriteWholeFile(const FileLock &lock, const std::string &text,
                     ExistingFile existing) {
   const fs::path &target = lock.held->target;
   model::expectReplaceable(target, true);
-  if (holds(target, text))
+  if (model::holds(target, text))
     return false;
   if (existing == ExistingFile::refuse && fs::exists(target))
     model::refuseKind(RefusalKind::fileExists, target,
                       "there is a file of that name");
   model::ScratchFile scratch(target);
   std::ofstream(scratch.path(), std::ios::binary) << text;
-  if (!holds(scratch.path(), text))
+  if (!model::holds(scratch.path(), text))
     model::refuseFile(target, "it could not be written whole: no space left, "
                               "or a limit on the size of files");
   model::flushFiles({&scratch});
