@@ -12,6 +12,9 @@
 
 namespace ZelDebugDialog::model {
 
+/// Where an example shows what it is there for.
+inline constexpr const char *inOptionFile = "in an option file";
+
 std::vector<Code> makeDiagnosticCodes();
 std::vector<Code> makeLossCodes();
 

@@ -7,12 +7,6 @@
 
 namespace ZelDebugDialog::model {
 
-namespace {
-
-constexpr const char *inOptionFile = "in an option file";
-
-} // namespace
-
 // Code, severity, summary, meaning, example, where the example has it, advice.
 std::vector<Code> makeLossCodes() {
   return {

@@ -2,15 +2,9 @@
 
 #include <algorithm>
 
+#include "text/Letters.h"
+
 namespace ZelDebugDialog::model {
-
-namespace {
-
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-} // namespace
 
 bool sameKeyword(std::string_view a, std::string_view b) {
   return a.size() == b.size() && beginsWith(a, b);
@@ -18,8 +12,7 @@ bool sameKeyword(std::string_view a, std::string_view b) {
 
 bool beginsWith(std::string_view word, std::string_view front) {
   return word.size() >= front.size() &&
-         std::equal(front.begin(), front.end(), word.begin(),
-                    [](char a, char b) { return lower(a) == lower(b); });
+         std::equal(front.begin(), front.end(), word.begin(), sameLetter);
 }
 
 } // namespace ZelDebugDialog::model

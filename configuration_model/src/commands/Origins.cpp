@@ -10,7 +10,7 @@ namespace ZelDebugDialog::model {
 
 namespace {
 
-constexpr const char *byDefault = "default";
+constexpr const char *engineDefault = "default";
 constexpr const char *byDesign = "design";
 
 class Origins {
@@ -36,7 +36,7 @@ private:
 };
 
 std::string orDefault(const std::string &origin) {
-  return origin.empty() ? byDefault : origin;
+  return origin.empty() ? engineDefault : origin;
 }
 
 } // namespace
@@ -47,7 +47,7 @@ std::string originOfIdentity(const SettingRow &row,
   if (row.info.id == "instanceName" || row.info.id == "cpuNr")
     return byDesign;
   if (row.info.id == "fpuType")
-    return selected.procFamily == familyPowerPc ? byDesign : byDefault;
+    return selected.procFamily == familyPowerPc ? byDesign : engineDefault;
   return byCommand.empty() ? byDesign : byCommand;
 }
 

@@ -16,8 +16,6 @@ namespace ZelDebugDialog::model {
 namespace {
 
 constexpr const char *wholeCommand = "connectCommand";
-constexpr const char *connection = "connection";
-constexpr const char *chain = "chain";
 
 const Omission *findFor(const std::vector<Omission> &omissions,
                         const SettingRow &row) {
@@ -33,10 +31,10 @@ const Omission *findFor(const std::vector<Omission> &omissions,
 const Omission *findFor(const std::vector<Omission> &omissions,
                         const SettingRow &row, const Snapshot &wanted,
                         const Snapshot &readBack) {
-  if (row.info.id != chain)
+  if (row.info.id != chainSetting)
     return findFor(omissions, row);
   for (const Omission &omission : omissions)
-    if (settingOf(omission.field) == chain &&
+    if (settingOf(omission.field) == chainSetting &&
         fieldNamed(wanted, omission.field) !=
             fieldNamed(readBack, omission.field))
       return &omission;
@@ -169,9 +167,10 @@ std::vector<RawLoss> lossesOf(const Snapshot &wanted,
   for (const FieldDifference &difference :
        settingsThatDiffer(wanted, *readBack)) {
     const SettingRow &row = *findRow(difference.name);
-    if (connectionDiffers && settingOf(difference.name) == connection)
+    if (connectionDiffers && settingOf(difference.name) == connectionSetting)
       continue;
-    connectionDiffers = connectionDiffers || difference.name == connection;
+    connectionDiffers =
+        connectionDiffers || difference.name == connectionSetting;
     RawLoss loss{difference.name,
                  difference.before,
                  difference.after,

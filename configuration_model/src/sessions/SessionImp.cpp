@@ -18,7 +18,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char *chainSetting = "chain";
 constexpr const char *commandSetting = "command";
 constexpr const char *byCommand = "the command says so";
 constexpr const char *byCopying = "it was copied";

@@ -211,7 +211,7 @@ SessionState SessionImp::state() {
   }
   const auto chain = std::find_if(
       state.settings.begin(), state.settings.end(),
-      [](const SettingState &setting) { return setting.id == "chain"; });
+      [](const SettingState &setting) { return setting.id == chainSetting; });
   for (std::size_t i = 0; i < step.now.chain.size(); ++i)
     state.chain.push_back(deviceStateOf(step, i, *chain, identity));
   return state;

@@ -28,7 +28,6 @@ bool isBlocking(const RawLoss &loss, const Step &step,
 }
 
 constexpr const char *changed = "changed";
-constexpr const char *chain = "chain";
 
 /// Those of the devices from `first` on.
 void eraseDevices(std::map<std::string, std::string> &origins,
@@ -116,7 +115,7 @@ void noteChanged(const Snapshot &before, Step &after) {
   for (const FieldDifference &difference :
        settingsThatDiffer(before, after.now)) {
     after.origins[difference.name] = changed;
-    if (difference.name == chain)
+    if (difference.name == chainSetting)
       noteChangedDevices(before, after);
   }
 }
@@ -148,7 +147,7 @@ void noteStart(Step &step, const std::string &origin) {
 
 void forgetOrigin(Step &step, const std::string &setting) {
   step.origins.erase(setting);
-  if (setting == chain)
+  if (setting == chainSetting)
     eraseDevices(step.origins, 0);
 }
 

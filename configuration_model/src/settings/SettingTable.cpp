@@ -330,8 +330,8 @@ const std::vector<const SettingRow *> &deviceRows() {
 
 std::string settingOf(const std::string &field) {
   if (field == "connectionType" || field == "stubType")
-    return "connection";
-  return startsWith(field, deviceFront) ? "chain" : field;
+    return connectionSetting;
+  return startsWith(field, deviceFront) ? chainSetting : field;
 }
 
 const SettingRow *findRow(std::string_view id) {

@@ -15,6 +15,10 @@
 
 namespace ZelDebugDialog::model {
 
+// Rows that the model knows by name.
+inline constexpr const char *connectionSetting = "connection";
+inline constexpr const char *chainSetting = "chain";
+
 /// What a text must be.
 enum class TextRule : std::uint8_t {
   word,    ///< one word that is no option word, or the default

@@ -322,7 +322,7 @@ const SettingRow &expectSettable(std::string_view id) {
                        : "it follows from other settings, and cannot be set");
   refusal.setting = id;
   if (row.isOfDevice())
-    refusal.suggestion = "chain";
+    refusal.suggestion = chainSetting;
   throw refusal;
 }
 

@@ -4,15 +4,11 @@
 
 #include <fmt/format.h>
 
+#include "text/Letters.h"
+
 namespace ZelDebugDialog::model {
 
 namespace {
-
-char lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool same(char a, char b) { return lower(a) == lower(b); }
 
 std::size_t editDistance(std::string_view a, std::string_view b) {
   std::vector<std::vector<std::size_t>> edits(
@@ -24,11 +20,11 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
   for (std::size_t i = 1; i <= a.size(); ++i)
     for (std::size_t j = 1; j <= b.size(); ++j) {
       const std::size_t replaced =
-          edits[i - 1][j - 1] + (same(a[i - 1], b[j - 1]) ? 0 : 1);
+          edits[i - 1][j - 1] + (sameLetter(a[i - 1], b[j - 1]) ? 0 : 1);
       edits[i][j] =
           std::min({replaced, edits[i - 1][j] + 1, edits[i][j - 1] + 1});
-      const bool swapped = i > 1 && j > 1 && same(a[i - 1], b[j - 2]) &&
-                           same(a[i - 2], b[j - 1]);
+      const bool swapped = i > 1 && j > 1 && sameLetter(a[i - 1], b[j - 2]) &&
+                           sameLetter(a[i - 2], b[j - 1]);
       if (swapped)
         edits[i][j] = std::min(edits[i][j], edits[i - 2][j - 2] + 1);
     }

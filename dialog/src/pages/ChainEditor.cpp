@@ -18,7 +18,7 @@ namespace ZelDebugDialog::dialog {
 
 namespace {
 
-constexpr int linesShown = 4;
+constexpr int rowsShown = 4;
 
 std::vector<const SettingInfo *> fieldsOf(const SettingInfo &chain) {
   std::vector<const SettingInfo *> fields;
@@ -120,7 +120,7 @@ ChainEditor::ChainEditor(const SettingInfo &setting, SessionModel &sessionModel,
   table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   table->setFixedHeight(
       header->height() +
-      linesShown * table->verticalHeader()->defaultSectionSize() + 2);
+      rowsShown * table->verticalHeader()->defaultSectionSize() + 2);
   connect(table, &QTableWidget::itemChanged, this, &ChainEditor::takeCell);
   connect(table, &QTableWidget::currentCellChanged, this,
           &ChainEditor::updateButtons);

@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t mostTold = 4;
 
-QString said(const char *text) {
+QString effectText(const char *text) {
   return QCoreApplication::translate("Effects", text);
 }
 
@@ -233,8 +233,8 @@ QString shownEffects(const std::vector<Effect> &effects) {
       groups.push_back({QStringList(), reason});
     const bool isDifferent = effect.before != effect.after;
     const QString text =
-        isDifferent ? said(QT_TRANSLATE_NOOP("Effects", "%1 becomes %2"))
-                    : said(QT_TRANSLATE_NOOP("Effects", "%1 stays %2"));
+        isDifferent ? effectText(QT_TRANSLATE_NOOP("Effects", "%1 becomes %2"))
+                    : effectText(QT_TRANSLATE_NOOP("Effects", "%1 stays %2"));
     groups.back().first.append(text.arg(nameOf(effect.setting),
                                         valueOf(effect.setting, effect.after)));
   }
@@ -244,8 +244,8 @@ QString shownEffects(const std::vector<Effect> &effects) {
     lines.append(QStringLiteral("%1 (%2)").arg(
         changes.join(QStringLiteral(", ")), reason));
   if (count > mostTold)
-    lines.append(
-        said(QT_TRANSLATE_NOOP("Effects", "%1 more")).arg(count - mostTold));
+    lines.append(effectText(QT_TRANSLATE_NOOP("Effects", "%1 more"))
+                     .arg(count - mostTold));
   return lines.join(QStringLiteral("; "));
 }
 

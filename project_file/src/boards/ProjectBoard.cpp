@@ -11,6 +11,7 @@
 #include "ZelDebugDialog/ProjectFile/Sync.h"
 #include "boards/Saying.h"
 #include "merging/Processors.h"
+#include "reading/Names.h"
 
 namespace ZelDebugDialog {
 
@@ -38,14 +39,6 @@ Content contentOf(const Project &project, const Board &board,
   if (std::any_of(faults.begin(), faults.end(), isError))
     throw FaultyProject(faults);
   return {project, ChooseProject(project, wishes), std::move(faults), {}};
-}
-
-template <class Named>
-void addNamesOf(const std::vector<Named> &list,
-                std::vector<std::string> &names) {
-  for (const Named &one : list)
-    if (std::find(names.begin(), names.end(), one.name) == names.end())
-      names.push_back(one.name);
 }
 
 bool operator==(const ProjectPlace &left, const ProjectPlace &right) {
@@ -247,16 +240,16 @@ std::vector<ProjectFault> ProjectBoard::Warnings() const {
 std::vector<std::string> ProjectBoard::Probes() const {
   const Project files = Files();
   std::vector<std::string> names;
-  addNamesOf(files.project.probes, names);
-  addNamesOf(files.local.probes, names);
+  project::addNames(files.project.probes, names);
+  project::addNames(files.local.probes, names);
   return names;
 }
 
 std::vector<std::string> ProjectBoard::Profiles() const {
   const Project files = Files();
   std::vector<std::string> names;
-  addNamesOf(files.project.profiles, names);
-  addNamesOf(files.local.profiles, names);
+  project::addNames(files.project.profiles, names);
+  project::addNames(files.local.profiles, names);
   return names;
 }
 

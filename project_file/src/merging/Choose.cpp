@@ -7,6 +7,7 @@
 #include "ZelDebugDialog/ProjectFile/ProjectBoard.h"
 #include "reading/Faults.h"
 #include "reading/Keys.h"
+#include "reading/Names.h"
 
 namespace ZelDebugDialog {
 
@@ -24,13 +25,6 @@ struct Question {
   const char *environment; ///< "ZELDEBUG_PROBE"
   std::vector<std::string> names;
 };
-
-template <class Named>
-void addNames(const std::vector<Named> &list, std::vector<std::string> &names) {
-  for (const Named &one : list)
-    if (std::find(names.begin(), names.end(), one.name) == names.end())
-      names.push_back(one.name);
-}
 
 void expectKnown(const Question &question, const char *asker,
                  const std::string &name) {

@@ -8,6 +8,7 @@
 #include "reading/Faults.h"
 #include "reading/FileReader.h"
 #include "reading/Keys.h"
+#include "reading/Names.h"
 
 namespace ZelDebugDialog {
 
@@ -24,13 +25,6 @@ std::string beside(const ProjectText &path) {
   return (fs::path(path.place.file).parent_path() / path.text)
       .lexically_normal()
       .string();
-}
-
-template <class Named>
-void addNames(const std::vector<Named> &list, std::vector<std::string> &names) {
-  for (const Named &one : list)
-    if (std::find(names.begin(), names.end(), one.name) == names.end())
-      names.push_back(one.name);
 }
 
 void expectKnown(const std::optional<ProjectText> &name,

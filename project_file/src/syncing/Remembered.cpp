@@ -22,7 +22,7 @@ constexpr std::array<LineEscape, 3> lineEscapes{
 // file.
 constexpr char escapedMark = '\t';
 
-bool isName(const std::string &name) {
+bool canBeRemembered(const std::string &name) {
   return !name.empty() &&
          name.find_first_of(std::string("\n\0\t", 3)) == std::string::npos;
 }
@@ -98,7 +98,7 @@ ReadRemembered readRemembered(const std::string &text) {
 std::string writtenRemembered(const Remembered &texts) {
   std::string text;
   for (const auto &[name, content] : texts)
-    if (isName(name))
+    if (canBeRemembered(name))
       text += fmt::format("{}\t{}\n", name, asOneLine(content));
   return text;
 }

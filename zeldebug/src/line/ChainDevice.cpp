@@ -24,7 +24,7 @@ using ZelDebugDialog::Refusal;
 using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::Value;
 
-constexpr const char *option = "--device";
+constexpr const char *deviceOption = "--device";
 constexpr const char *settingFront = "chain[].";
 
 // What no device is without.
@@ -47,9 +47,10 @@ std::vector<std::string> keys() {
 
 Failure wrongUse(const std::string &problem, const std::string &value,
                  FailureDetails about = {}) {
-  about.option = option;
+  about.option = deviceOption;
   about.value = value;
-  return {ExitStatus::wrongUse, fmt::format("{}: {}", option, problem), about};
+  return {ExitStatus::wrongUse, fmt::format("{}: {}", deviceOption, problem),
+          about};
 }
 
 void expectKey(const std::string &name) {
@@ -65,7 +66,7 @@ Value valueOf(const std::string &key, const std::string &text) {
   try {
     return ZelDebugDialog::ReadSetting(settingFront + key, text);
   } catch (const Refusal &refusal) {
-    throw failureOf(refusal, fmt::format("{} {}", option, key));
+    throw failureOf(refusal, fmt::format("{} {}", deviceOption, key));
   }
 }
 

@@ -30,7 +30,7 @@ using Severity = DesignDiagnostic::Severity;
 
 constexpr Range instanceCount{1, 100000000, false};
 
-constexpr const char *group = "The design";
+constexpr const char *designGroup = "The design";
 
 DesignRemark remarkOf(const DesignDiagnostic &diagnostic) {
   return {diagnostic.file, diagnostic.line, shownSeverity(diagnostic.severity),
@@ -116,7 +116,7 @@ void DesignOptions::addAsOptionTo(Options &options) {
                                   "IP-XACT design file, or the component file "
                                   "on top of a hierarchy")
                         ->type_name("DESIGN")
-                        ->group(group),
+                        ->group(designGroup),
                     ValueKind::file);
   addSourcesTo(line, app);
 }
@@ -127,23 +127,23 @@ void DesignOptions::addSourcesTo(CommandLine &line, CLI::App &app) {
                                    "each (default: below the folder of DESIGN)")
                         ->type_name("DIR")
                         ->allow_extra_args(false)
-                        ->group(group),
+                        ->group(designGroup),
                     ValueKind::folder);
   line.completeWith(
       addTextOption(app, "--view", view, "view of a hierarchical component")
           ->type_name("NAME")
-          ->group(group),
+          ->group(designGroup),
       ValueKind::text);
   line.completeWith(addTextOption(app, "--kinds", kindsFile,
                                   "one more table of component kinds")
                         ->type_name("FILE")
-                        ->group(group),
+                        ->group(designGroup),
                     ValueKind::file);
   line.completeWith(addTextOption(app, "--max-instances", maxInstances,
                                   "leave out what comes after so many instances"
                                   " (default: 1000000)")
                         ->type_name("N")
-                        ->group(group),
+                        ->group(designGroup),
                     ValueKind::text);
 }
 

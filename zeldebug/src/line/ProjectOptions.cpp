@@ -23,7 +23,7 @@ using ZelDebugDialog::Project;
 using ZelDebugDialog::projectFileName;
 using ZelDebugDialog::ProjectWishes;
 
-constexpr const char *group = "The project";
+constexpr const char *projectGroup = "The project";
 constexpr const char *commandHead = "connect";
 
 [[noreturn]] void refuse(const char *option, const char *problem) {
@@ -95,14 +95,14 @@ void ProjectOptions::addTo(Options &options) {
   options.addOption("--project", "FILE", projectFile,
                     "the project file, in place of DESIGN (default: "
                     "zeldebug.toml in the folder of -C or above it)",
-                    ValueKind::file, group);
-  options.addFlag("--no-project", isLeftOut, "use no project", group);
+                    ValueKind::file, projectGroup);
+  options.addFlag("--no-project", isLeftOut, "use no project", projectGroup);
   options.addOption("--probe", "NAME", probe,
                     "the probe of the project, or none", ValueKind::probe,
-                    group);
+                    projectGroup);
   options.addOption("--profile", "NAME", profile,
                     "the profile of the project, or none", ValueKind::profile,
-                    group);
+                    projectGroup);
 }
 
 void ProjectOptions::takeProcessor(

@@ -28,12 +28,12 @@ using ZelDebugDialog::SettingKind;
 using ZelDebugDialog::SettingValues;
 using ZelDebugDialog::Value;
 
-constexpr const char *connection = "connection";
+constexpr const char *connectionSetting = "connection";
 constexpr const char *cableType = "cable.cableType";
 constexpr const char *shownCable = "cable"; // the row that `show` has for it
 constexpr const char *moduleArgs = "cable.moduleArgs";
 constexpr const char *chain = "chain";
-constexpr const char *group = "Settings, in any order";
+constexpr const char *settingsGroup = "Settings, in any order";
 constexpr const char *mapGroup = "Settings, all at once";
 constexpr std::size_t fewWords = 5;
 
@@ -72,7 +72,7 @@ std::string metavarOf(const SettingInfo &setting) {
 }
 
 ValueKind completionOf(const SettingInfo &setting) {
-  if (setting.id == connection)
+  if (setting.id == connectionSetting)
     return ValueKind::connection;
   if (setting.id == cableType)
     return ValueKind::cable;
@@ -90,7 +90,7 @@ CLI::Option *addRepeatable(CLI::App &app, const std::string &name,
       ->type_size(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
       ->allow_extra_args(false)
-      ->group(group);
+      ->group(settingsGroup);
 }
 
 Failure excluded(const std::string &one, const std::string &other) {
@@ -169,13 +169,13 @@ void SettingOptions::addRow(CommandLine &line, CLI::App &app,
                            "all that are given are the whole chain");
     line.completeWith(device, ValueKind::device);
     clearChain = app.add_flag("--clear-chain", "no devices in the JTAG chain")
-                     ->group(group);
+                     ->group(settingsGroup);
     return;
   }
   const bool isRange = setting.id == "romemStartAdr";
   CLI::Option *option =
       setting.kind == SettingKind::flag
-          ? app.add_flag(setting.option, help)->group(group)
+          ? app.add_flag(setting.option, help)->group(settingsGroup)
       : isRange ? addRepeatable(app, setting.option, "START:SIZE",
                                 "range of the read-only memory, in bytes")
                 : addRepeatable(app, setting.option, metavarOf(setting), help);
@@ -208,8 +208,8 @@ void SettingOptions::addTo(Options &options) {
       app, "--address-map", "BASE",
       "all six regions, each 0x10000 after the one before: icache, itag, "
       "dcache, dtag, dcr, tlb; one that is given by itself stands over it");
-  unsetAddressMap =
-      app.add_flag("--unset-address-map", "no debug address map")->group(group);
+  unsetAddressMap = app.add_flag("--unset-address-map", "no debug address map")
+                        ->group(settingsGroup);
   unset = addRepeatable(app, "--unset", "SETTING",
                         "back to its default, once for each; by the name that "
                         "'show' has for it");

@@ -39,7 +39,7 @@ withoutEqualSigns(const std::vector<std::string> &words) {
   return kept;
 }
 
-std::vector<std::string> optionsOf(const CLI::App &app) {
+std::vector<std::string> optionWords(const CLI::App &app) {
   std::vector<std::string> words;
   for (const CLI::Option *option : app.get_options()) {
     for (const std::string &name : option->get_lnames())
@@ -51,9 +51,9 @@ std::vector<std::string> optionsOf(const CLI::App &app) {
 }
 
 /// Goes through the words in front of the last one.
-class Reader {
+class LineReader {
 public:
-  explicit Reader(CommandLine &ofLine)
+  explicit LineReader(CommandLine &ofLine)
       : line(ofLine), app(&ofLine.application()) {}
 
   void take(const std::string &word);
@@ -69,7 +69,7 @@ private:
   const CLI::Option *valueOf = nullptr; ///< whose value comes next
 };
 
-void Reader::takeOption(const std::string &word) {
+void LineReader::takeOption(const std::string &word) {
   const std::size_t equals = word.find('=');
   const CLI::Option *option = findValueOption(*app, word);
   if (option == nullptr)
@@ -80,7 +80,7 @@ void Reader::takeOption(const std::string &word) {
     read.values[option->get_name()].push_back(word.substr(equals + 1));
 }
 
-void Reader::take(const std::string &word) {
+void LineReader::take(const std::string &word) {
   if (valueOf != nullptr) {
     read.values[valueOf->get_name()].push_back(word);
     valueOf = nullptr;
@@ -96,7 +96,7 @@ void Reader::take(const std::string &word) {
     app = known->app;
 }
 
-void Reader::takeLast(const std::string &word) {
+void LineReader::takeLast(const std::string &word) {
   read.last = word;
   for (const CLI::Option *option : app->get_options())
     if (option->get_positional() && option->get_name() == "DESIGN")
@@ -113,7 +113,7 @@ void Reader::takeLast(const std::string &word) {
     return;
   }
   if (!read.last.empty() && read.last[0] == '-') {
-    read.options = optionsOf(*app);
+    read.options = optionWords(*app);
     for (const CLI::Option *option : app->get_options())
       if (line.kindOf(option) == ValueKind::languageWord)
         read.dashedKind = ValueKind::languageWord;
@@ -146,7 +146,7 @@ std::string TypedLine::value(const std::string &option) const {
 
 TypedLine readTypedLine(CommandLine &line,
                         const std::vector<std::string> &words) {
-  Reader reader(line);
+  LineReader reader(line);
   const std::vector<std::string> typed = withoutEqualSigns(words);
   for (std::size_t i = 0; i + 1 < typed.size(); ++i)
     reader.take(typed[i]);

@@ -3,22 +3,11 @@
 #include <fmt/format.h>
 
 #include "output/Json.h"
+#include "output/Table.h"
 
 namespace zeldebug {
 
-namespace {
-
 using ZelDebugDialog::CableInfo;
-
-std::string dashIfEmpty(const std::string &text) {
-  return text.empty() ? "-" : text;
-}
-
-template <class List> std::string joined(const List &list) {
-  return dashIfEmpty(fmt::format("{}", fmt::join(list, " ")));
-}
-
-} // namespace
 
 std::vector<std::string> cableHeadings() {
   return {"TYPE",       "KEYWORD READ", "TEXT WRITTEN", "WRITABLE",
@@ -27,12 +16,12 @@ std::vector<std::string> cableHeadings() {
 
 std::vector<std::string> cableCells(const CableInfo &cable) {
   return {fmt::format("{}", cable.type),
-          joined(cable.keywords),
+          dashIfEmpty(joined(cable.keywords)),
           dashIfEmpty(cable.written),
           cable.writable ? "yes" : "no",
           fmt::format("{}", cable.defaultFrequency),
           dashIfEmpty(cable.defaultPort),
-          joined(cable.acceptedFrequencies)};
+          dashIfEmpty(joined(cable.acceptedFrequencies))};
 }
 
 Json cableJson(const CableInfo &cable) {

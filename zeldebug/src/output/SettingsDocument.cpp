@@ -26,9 +26,9 @@ constexpr std::array<const char *, 7> results{
     "version", "command",     "result",  "error",
     "origin",  "diagnostics", "warnings"};
 
-class Reader {
+class DocumentReader {
 public:
-  Reader(const std::string &read, const std::string &fileName)
+  DocumentReader(const std::string &read, const std::string &fileName)
       : text(read), file(fileName) {}
 
   SettingsDocument read();
@@ -54,8 +54,8 @@ private:
   SettingsDocument document;
 };
 
-void Reader::fail(const std::string &problem, std::size_t offset,
-                  FailureDetails about) const {
+void DocumentReader::fail(const std::string &problem, std::size_t offset,
+                          FailureDetails about) const {
   about.file = file;
   about.line = lineAt(offset);
   throw Failure(ExitStatus::unreadable,
@@ -63,23 +63,25 @@ void Reader::fail(const std::string &problem, std::size_t offset,
                 about);
 }
 
-std::size_t Reader::placeOf(const std::string &member) const {
+std::size_t DocumentReader::placeOf(const std::string &member) const {
   const std::size_t offset = text.find('"' + member + '"');
   return offset == std::string::npos ? 0 : offset;
 }
 
-int Reader::lineAt(std::size_t offset) const {
+int DocumentReader::lineAt(std::size_t offset) const {
   const auto end =
       text.begin() + static_cast<std::ptrdiff_t>(std::min(offset, text.size()));
   return 1 + static_cast<int>(std::count(text.begin(), end, '\n'));
 }
 
-void Reader::failAt(const std::string &member, const std::string &problem,
-                    const FailureDetails &about) const {
+void DocumentReader::failAt(const std::string &member,
+                            const std::string &problem,
+                            const FailureDetails &about) const {
   fail(problem, placeOf(member), about);
 }
 
-Value Reader::valueOf(const std::string &member, const Json &json) const {
+Value DocumentReader::valueOf(const std::string &member,
+                              const Json &json) const {
   if (json.is_boolean())
     return json.get<bool>();
   if (json.is_string())
@@ -97,7 +99,7 @@ Value Reader::valueOf(const std::string &member, const Json &json) const {
        json.dump(-1, ' ', true, Json::error_handler_t::replace)});
 }
 
-Value Reader::chainOf(const Json &json) const {
+Value DocumentReader::chainOf(const Json &json) const {
   if (!json.is_array())
     failAt("chain", "'chain' is no list of devices", {"bad-value", "chain"});
   Value::Chain chain;
@@ -113,8 +115,8 @@ Value Reader::chainOf(const Json &json) const {
   return chain;
 }
 
-void Reader::take(const std::string &member, const std::string &setting,
-                  const Json &value) {
+void DocumentReader::take(const std::string &member, const std::string &setting,
+                          const Json &value) {
   const SettingInfo *const info = FindSetting(setting);
   if (info == nullptr || setting.compare(0, 6, "chain[") == 0) {
     std::vector<std::string> names;
@@ -134,15 +136,15 @@ void Reader::take(const std::string &member, const std::string &setting,
         .emplace_back(setting, valueOf(member, value));
 }
 
-void Reader::takeMembers(const std::string &prefix, const std::string &name,
-                         const Json &object) {
+void DocumentReader::takeMembers(const std::string &prefix,
+                                 const std::string &name, const Json &object) {
   if (!object.is_object())
     failAt(name, fmt::format("'{}' is no object", name), {"bad-value", name});
   for (const auto &[member, value] : object.items())
     take(member, prefix + member, value);
 }
 
-SettingsDocument Reader::read() {
+SettingsDocument DocumentReader::read() {
   Json json;
   try {
     json = Json::parse(text);
@@ -166,7 +168,7 @@ SettingsDocument Reader::read() {
 
 SettingsDocument readSettingsDocument(const std::string &text,
                                       const std::string &file) {
-  return Reader(text, file).read();
+  return DocumentReader(text, file).read();
 }
 
 } // namespace zeldebug

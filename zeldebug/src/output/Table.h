@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include <fmt/format.h>
+
 #include "output/Output.h"
 
 namespace zeldebug {
@@ -26,6 +28,15 @@ private:
   std::vector<std::string> head;
   std::vector<std::vector<std::string>> rows;
 };
+
+/// What a cell shows of a text.
+inline std::string dashIfEmpty(const std::string &text) {
+  return text.empty() ? "-" : text;
+}
+/// What a cell shows of a list.
+template <class List> std::string joined(const List &list) {
+  return fmt::format("{}", fmt::join(list, " "));
+}
 
 } // namespace zeldebug
 

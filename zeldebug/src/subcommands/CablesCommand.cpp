@@ -15,7 +15,7 @@ namespace {
 using ZelDebugDialog::CableInfo;
 using ZelDebugDialog::GetCables;
 
-ExitStatus run(Output &output) {
+ExitStatus printCatalogue(Output &output) {
   if (output.json()) {
     Json list = Json::array();
     for (const CableInfo &cable : GetCables())
@@ -30,7 +30,7 @@ ExitStatus run(Output &output) {
   return ExitStatus::done;
 }
 
-CommandLine::Runner cablesOptions(Options &) { return run; }
+CommandLine::Runner cablesOptions(Options &) { return printCatalogue; }
 
 } // namespace
 

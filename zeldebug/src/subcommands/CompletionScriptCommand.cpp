@@ -132,7 +132,7 @@ complete -c zeldebug -f -a '(__zeldebug_complete)'
 )"},
 }};
 
-ExitStatus run(const std::string &name, Output &output) {
+ExitStatus printScript(const std::string &name, Output &output) {
   for (const Shell &shell : shells)
     if (name == shell.name) {
       output.print(shell.script);
@@ -149,7 +149,7 @@ ExitStatus run(const std::string &name, Output &output) {
 CommandLine::Runner completionScriptOptions(Options &app) {
   const auto shell = std::make_shared<std::string>();
   app.addRequired("SHELL", *shell, "bash, zsh or fish", ValueKind::shell);
-  return [shell](Output &output) { return run(*shell, output); };
+  return [shell](Output &output) { return printScript(*shell, output); };
 }
 
 } // namespace

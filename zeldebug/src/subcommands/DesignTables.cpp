@@ -48,10 +48,6 @@ std::vector<std::string> peripheralsOf(DesignModel &design,
   return names;
 }
 
-std::string joined(const std::vector<std::string> &words) {
-  return words.empty() ? "-" : fmt::format("{}", fmt::join(words, " "));
-}
-
 Json farEndsJson(const DesignModel &design, const Wiring &wiring,
                  const FarEnds &ends) {
   Json list = Json::array();
@@ -104,7 +100,7 @@ std::string shownViews(const DesignInstance &instance,
   for (const std::string &view : views)
     if (view != instance.view)
       others.push_back(view);
-  const std::string taken = instance.view.empty() ? "-" : instance.view;
+  const std::string taken = dashIfEmpty(instance.view);
   return others.empty()
              ? taken
              : fmt::format("{} (or {})", taken, fmt::join(others, ", "));
@@ -115,8 +111,9 @@ std::string shownEnds(const Wiring &wiring, const FarEnds &ends) {
   for (const DesignPort &end : ends.shown)
     names.push_back(wiring.nameOf(end));
   return ends.others == 0
-             ? joined(names)
-             : fmt::format("{} and {} more", joined(names), ends.others);
+             ? dashIfEmpty(joined(names))
+             : fmt::format("{} and {} more", dashIfEmpty(joined(names)),
+                           ends.others);
 }
 
 void printInstances(const DesignModel &design, Output &output) {
@@ -128,10 +125,10 @@ void printInstances(const DesignModel &design, Output &output) {
     for (const auto &[name, value] : instance.parameters)
       parameters.push_back(fmt::format("{}={}", name, value));
     instances.addRow({instance.name, instance.typeName,
-                      component.identity.empty() ? "-" : component.identity,
+                      dashIfEmpty(component.identity),
                       shownViews(instance, component.views),
                       ZelDebugDialog::MemoryClassOf(instance.typeName),
-                      joined(parameters)});
+                      dashIfEmpty(joined(parameters))});
   }
   instances.print(output);
 }
@@ -182,13 +179,13 @@ void printDesign(DesignModel &design, Output &output) {
   Table modules({"DEBUG MODULE", "TYPE", "PROCESSORS"});
   for (const std::string &module : modulesOf(design))
     modules.addRow({module, design.getIpName(module),
-                    joined(connectedTo(design, module))});
+                    dashIfEmpty(joined(connectedTo(design, module)))});
   modules.print(output);
   output.print("\n");
   Table processors({"PROCESSOR", "TYPE", "PERIPHERALS"});
   for (const std::string &processor : processorsOf(design))
     processors.addRow({processor, design.getIpName(processor),
-                       joined(peripheralsOf(design, processor))});
+                       dashIfEmpty(joined(peripheralsOf(design, processor)))});
   processors.print(output);
   output.print("\n");
   printConnections(design, output);

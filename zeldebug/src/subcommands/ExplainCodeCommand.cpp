@@ -47,7 +47,7 @@ Json codeJson(const CodeRow &row) {
           {"where", orNull(row.where)}, {"advice", row.advice}};
 }
 
-ExitStatus run(const std::optional<std::string> &code, Output &output) {
+ExitStatus explainCode(const std::optional<std::string> &code, Output &output) {
   const std::vector<const CodeRow *> rows = expectCodes(code);
   if (output.json()) {
     Json list = Json::array();
@@ -79,7 +79,7 @@ CommandLine::Runner explainCodeOptions(Options &app) {
   const auto code = std::make_shared<std::optional<std::string>>();
   app.addArgument("CODE", *code, "a code, as it stands in brackets",
                   ValueKind::diagnosticCode);
-  return [code](Output &output) { return run(*code, output); };
+  return [code](Output &output) { return explainCode(*code, output); };
 }
 
 } // namespace

@@ -36,9 +36,9 @@ bool same(const std::string &a, const std::string &b) {
 }
 
 /// What of the language is shown: all of it, or what one word stands for.
-class Choice {
+class Chosen {
 public:
-  explicit Choice(std::optional<std::string> chosen) : word(chosen) {}
+  explicit Chosen(std::optional<std::string> chosen) : word(chosen) {}
 
   bool holds(const LanguageTarget &target) const {
     return !word || same(*word, target.keyword);
@@ -111,12 +111,12 @@ Json targetJson(const LanguageTarget &target) {
           {"optionSet", orNull(target.optionSet)}};
 }
 
-Json documentOf(const Choice &choice) {
+Json documentOf(const Chosen &chosen) {
   Json heads = Json::array();
   for (const LanguageHead &head : GetLanguage().heads) {
     Json targets = Json::array();
     for (const LanguageTarget &target : head.targets)
-      if (choice.holds(target))
+      if (chosen.holds(target))
         targets.push_back(targetJson(target));
     if (!targets.empty())
       heads.push_back({{"keyword", head.keyword},
@@ -127,14 +127,14 @@ Json documentOf(const Choice &choice) {
   for (const LanguageOptionSet &set : GetLanguage().optionSets) {
     Json options = Json::array();
     for (const LanguageOption &option : set.options)
-      if (choice.holds(option))
+      if (chosen.holds(option))
         options.push_back(optionJson(option));
     if (!options.empty())
       sets.push_back({{"name", set.name}, {"options", options}});
   }
   Json cables = Json::array();
   for (const CableInfo &cable : GetCables())
-    if (choice.holds(cable))
+    if (chosen.holds(cable))
       cables.push_back(cableJson(cable));
   return {{"heads", heads}, {"optionSets", sets}, {"cables", cables}};
 }
@@ -142,10 +142,6 @@ Json documentOf(const Choice &choice) {
 // --- Tables -----------------------------------------------------------------
 
 std::string yesNo(bool answer) { return answer ? "yes" : "no"; }
-
-std::string joined(const std::vector<std::string> &words) {
-  return fmt::format("{}", fmt::join(words, " "));
-}
 
 std::string shownValue(const LanguageValue &value) {
   return value.words.empty() ? value.kind : joined(value.words);
@@ -191,12 +187,12 @@ private:
   bool isFirst = true;
 };
 
-void printTargets(const Choice &choice, Pages &pages) {
+void printTargets(const Chosen &chosen, Pages &pages) {
   Table table({"HEAD", "TARGET", "IN FILES", "CONNECTION", "OPTIONS"});
   for (const LanguageHead &head : GetLanguage().heads)
     for (const LanguageTarget &target : head.targets) {
       const bool inFiles = head.inOptionFile && target.inOptionFile;
-      if (!choice.holds(target))
+      if (!chosen.holds(target))
         continue;
       if (target.connections.empty())
         table.addRow({head.keyword, target.keyword, yesNo(inFiles), "-",
@@ -209,12 +205,12 @@ void printTargets(const Choice &choice, Pages &pages) {
 }
 
 /// Sets with the same options share a table.
-void printOptions(const Choice &choice, Pages &pages) {
+void printOptions(const Chosen &chosen, Pages &pages) {
   std::vector<std::pair<std::string, Rows>> shown;
   for (const LanguageOptionSet &set : GetLanguage().optionSets) {
     Rows rows;
     for (const LanguageOption &option : set.options)
-      if (choice.holds(option))
+      if (chosen.holds(option))
         addOption(rows, option);
     const auto same =
         std::find_if(shown.begin(), shown.end(), [&rows](const auto &other) {
@@ -233,10 +229,10 @@ void printOptions(const Choice &choice, Pages &pages) {
   }
 }
 
-void printCables(const Choice &choice, Pages &pages) {
+void printCables(const Chosen &chosen, Pages &pages) {
   Table table(cableHeadings());
   for (const CableInfo &cable : GetCables())
-    if (choice.holds(cable))
+    if (chosen.holds(cable))
       table.addRow(cableCells(cable));
   pages.print(table);
 }
@@ -248,9 +244,9 @@ ExitStatus run(const std::vector<std::string> &words, Output &output) {
                               "left",
                               printable(words[1])),
                   {"", "", words[1]});
-  const Choice choice(
+  const Chosen chosen(
       words.empty() ? std::nullopt : std::optional<std::string>(words.front()));
-  const Json document = documentOf(choice);
+  const Json document = documentOf(chosen);
   if (document["heads"].empty() && document["optionSets"].empty() &&
       document["cables"].empty())
     throw Failure(
@@ -266,9 +262,9 @@ ExitStatus run(const std::vector<std::string> &words, Output &output) {
     return ExitStatus::done;
   }
   Pages pages(output);
-  printTargets(choice, pages);
-  printOptions(choice, pages);
-  printCables(choice, pages);
+  printTargets(chosen, pages);
+  printOptions(chosen, pages);
+  printCables(chosen, pages);
   return ExitStatus::done;
 }
 

@@ -23,7 +23,7 @@ using ZelDebugDialog::RoundtripResult;
 using ZelDebugDialog::ShowOutcome;
 
 /// "debugDevice 3 (comes back as 0): reason [code]"
-std::string shownLoss(const RoundtripField &field) {
+std::string shownChange(const RoundtripField &field) {
   const std::string reason = fmt::format("{} [{}]", field.reason, field.code);
   if (field.name == "connectCommand")
     return "the command: " + reason;
@@ -42,7 +42,7 @@ void print(Output &output, const std::string &text,
     output.printSentence(fmt::format("         {}", printable(trip.message)));
   for (const RoundtripField &field : trip.fields)
     output.printSentence(
-        fmt::format("         {}", printable(shownLoss(field))));
+        fmt::format("         {}", printable(shownChange(field))));
 }
 
 Json fieldsJson(const RoundtripResult &trip) {
@@ -77,7 +77,8 @@ Json tripJson(const CommandInFile &line, const RoundtripResult &trip) {
           {"lost", lossesJson(trip)}};
 }
 
-ExitStatus run(const std::optional<std::string> &file, Output &output) {
+ExitStatus tryRoundtrip(const std::optional<std::string> &file,
+                        Output &output) {
   std::array<std::size_t, 3> counts{};
   const auto countOf = [&counts](RoundtripOutcome outcome) -> std::size_t & {
     return counts.at(static_cast<std::size_t>(outcome));
@@ -114,7 +115,7 @@ CommandLine::Runner roundtripOptions(Options &app) {
                   "a connect command a line; standard input "
                   "without it, or for '-'",
                   ValueKind::file);
-  return [file](Output &output) { return run(*file, output); };
+  return [file](Output &output) { return tryRoundtrip(*file, output); };
 }
 
 } // namespace

@@ -37,7 +37,7 @@ using ZelDebugDialog::Session;
 using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::Value;
 
-constexpr const char *option = "--into";
+constexpr const char *intoOption = "--into";
 
 // Each time somebody else has written the file; nobody is so busy for long.
 constexpr int mostAttempts = 50;
@@ -126,7 +126,7 @@ EditedProject Into::planned() const {
     const bool isTarget =
         refusal.kind == RefusalKind::badValue && refusal.setting.empty();
     if (isTarget)
-      throw failureOf(refusal, option);
+      throw failureOf(refusal, intoOption);
     throw asked.failureOf(refusal);
   }
 }

@@ -120,7 +120,7 @@ SettingValues valuesOf(const LineProject &line, const std::string &processor,
                  : changedBy(line, processor, asked);
 }
 
-Failure failureOf(const AppliedProject &applied, const AskedSettings &asked) {
+Failure notApplied(const AppliedProject &applied, const AskedSettings &asked) {
   return applied.place.line == 0 ? asked.failureOf(*applied.refusal)
                                  : refusedAt(applied);
 }
@@ -190,7 +190,7 @@ ExitStatus showOne(const LineProject &line, const std::string &processor,
   try {
     const Shown shown = shownFor(line, name, valuesOf(line, name, asked));
     if (shown.applied.refusal)
-      throw failureOf(shown.applied, asked);
+      throw notApplied(shown.applied, asked);
     tell(shown, output);
     if (!output.json()) {
       printOne(line, shown, false, output);
@@ -225,7 +225,7 @@ ExitStatus showAll(const LineProject &line, const AskedSettings &asked,
     try {
       const Shown shown = shownFor(line, name, valuesOf(line, name, asked));
       if (shown.applied.refusal) {
-        tellFailure(failureOf(shown.applied, asked), shown.applied.place);
+        tellFailure(notApplied(shown.applied, asked), shown.applied.place);
         continue;
       }
       tell(shown, output);
