@@ -1,7 +1,6 @@
 // Sessions in several threads: of boards with different designs, each thread
 // with its own, and one session that two threads share.
 #include <atomic>
-#include <cstdlib>
 #include <string>
 #include <thread>
 #include <vector>
@@ -9,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "configuration_model/ModelTest.h"
+#include "support/ManyOrFew.h"
 
 namespace {
 
@@ -16,8 +16,7 @@ using namespace ZelDebugDialog;
 
 // Under valgrind, where one thread runs at a time, a few show what it looks
 // for.
-const int rounds =
-    std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") == nullptr ? 50 : 10;
+const int rounds = support::manyOrFew(50, 10);
 
 /// Another design than that of the other tests, with names of its own.
 void fillOther(support::FakeDesign &design) {

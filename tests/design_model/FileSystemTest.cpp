@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 
 #include "Reading.h"
+#include "support/ManyOrFew.h"
 #include "xml/DocumentSource.h"
 
 namespace ZelDebugDialog {
@@ -118,8 +119,7 @@ TEST_F(FileSystem, HoldsFilesThatCannotBeOpened) {
 
 /// Nulls take no room on the disk, blanks are most of some real files.
 TEST_F(FileSystem, MayHoldLargeFiles) {
-  const bool fewer = std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") != nullptr;
-  const std::size_t size = std::size_t{fewer ? 1u : 100u} << 20;
+  const std::size_t size = support::manyOrFew<std::size_t>(100, 1) << 20;
   const std::string nulls = write("nulls.xml", "");
   fs::resize_file(nulls, size);
   EXPECT_FALSE(read(nulls));

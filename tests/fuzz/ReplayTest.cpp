@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -18,6 +17,7 @@
 
 #include "fuzz/Mutator.h"
 #include "fuzz/Replayed.h"
+#include "support/ManyOrFew.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data,
                                       std::size_t size);
@@ -71,10 +71,8 @@ INSTANTIATE_TEST_SUITE_P(Corpus, Replay, testing::ValuesIn(inputs()),
                          });
 
 TEST(Changed, Holds) {
-  const bool hasLittleTime =
-      std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") != nullptr;
-  const int runs = hasLittleTime ? fuzz::replayed.changedRuns / 20
-                                 : fuzz::replayed.changedRuns;
+  const int usual = fuzz::replayed.changedRuns;
+  const int runs = support::manyOrFew(usual, usual / 20);
   std::vector<std::string> all;
   for (const fs::path &path : inputs())
     all.push_back(contentOf(path));

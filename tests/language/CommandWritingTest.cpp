@@ -1,6 +1,5 @@
 // What writers tell: which setting each word carries, what leaving out means,
 // and what a command does not bring back.
-#include <cstdlib>
 #include <functional>
 #include <map>
 #include <set>
@@ -14,6 +13,7 @@
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "language/Bench.h"
 #include "language/RoundTripMaker.h"
+#include "support/ManyOrFew.h"
 #include "support/StateText.h"
 
 namespace {
@@ -32,8 +32,7 @@ using ZelDebugDialog::WrittenWord;
 using Reason = ZelDebugDialog::OmissionReason;
 
 constexpr std::uint64_t kSeed = 20261122;
-const int kCases =
-    std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") == nullptr ? 5000 : 200;
+const int kCases = support::manyOrFew(5000, 200);
 
 /// An engine with a processor that is set to hardware, and one chain device.
 class Desk {

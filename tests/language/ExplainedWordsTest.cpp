@@ -16,6 +16,7 @@
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "language/Bench.h"
 #include "language/RoundTripMaker.h"
+#include "support/ManyOrFew.h"
 #include "support/StateText.h"
 
 namespace {
@@ -36,8 +37,7 @@ using ZelDebugDialog::ValueConversion;
 using ZelDebugDialog::WordRole;
 
 constexpr std::uint64_t kSeed = 20261121;
-const int kCases =
-    std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") == nullptr ? 1000 : 100;
+const int kCases = support::manyOrFew(1000, 100);
 
 /// What reading a command gave.
 struct Explained {

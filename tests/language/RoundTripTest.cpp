@@ -1,7 +1,6 @@
 // What is written and read again: the same, but for the losses that
 // docs/round-trip.md names, each of which is met here.
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -15,6 +14,7 @@
 #include "language/RoundTripMaker.h"
 #include "language/SmallDesign.h"
 #include "language/WorkingFolder.h"
+#include "support/ManyOrFew.h"
 #include "support/OptionFileText.h"
 #include "support/RoundTripDesk.h"
 
@@ -33,8 +33,7 @@ using ZelDebugDialog::ProcessorInfo;
 
 constexpr std::uint64_t kSeed = 20260419;
 // Who runs the tests a thousand times, to try changes of the engine, says so.
-const std::size_t kCases =
-    std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") == nullptr ? 100000 : 10000;
+const auto kCases = support::manyOrFew<std::size_t>(100000, 10000);
 constexpr std::size_t kFileCases = 2000;
 constexpr std::size_t kWholeFiles = 20;
 constexpr int kShownFailures = 10;

@@ -1,5 +1,7 @@
 #include "project_file/ProjectTest.h"
 
+#include "support/ManyOrFew.h"
+
 #include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
@@ -13,8 +15,7 @@ int rounds(int most) {
   const char *const asked = std::getenv("ZELDEBUGDIALOG_ROUNDS");
   if (asked != nullptr)
     return std::max(1, std::atoi(asked));
-  return std::getenv("ZELDEBUGDIALOG_FEWER_RECORDS") == nullptr ? most
-                                                                : most / 20;
+  return support::manyOrFew(most, most / 20);
 }
 
 Project read(const std::string &project,
