@@ -363,6 +363,16 @@ TEST_F(FaultsTest, AReaderThatLeavesEarly) {
   EXPECT_EQ(run.err, "");
 }
 
+TEST_F(FaultsTest, OutputThatDoesNotWait) {
+  Surroundings surroundings;
+  surroundings.doesNotWait = true;
+  const Result all = this->run({"language"});
+  const Result run = this->run({"language"}, surroundings);
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, all.out);
+  EXPECT_GT(run.out.size(), 2 * Surroundings::roomThatIsLittle);
+}
+
 TEST_F(FaultsTest, OutputThatHasNoRoom) {
   Surroundings surroundings;
   surroundings.fullOutput = true;

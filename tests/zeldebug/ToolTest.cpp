@@ -54,6 +54,12 @@ struct Pipe {
     size.ws_col = columns;
     ioctl(writing, TIOCSWINSZ, &size);
   }
+  /// Holds little, and refuses what there is no room for.
+  void beImpatient() const {
+    if (fcntl(writing, F_SETPIPE_SZ, Surroundings::roomThatIsLittle) < 0 ||
+        fcntl(writing, F_SETFL, O_NONBLOCK) < 0)
+      throw std::system_error(errno, std::generic_category(), "pipe");
+  }
   static void closeEnd(int &end) {
     if (end >= 0)
       close(end);
@@ -197,6 +203,8 @@ Child::Child(const std::vector<std::string> &arguments,
   const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
   if (surroundings.terminal)
     out.beTerminal(surroundings.columns);
+  if (surroundings.doesNotWait)
+    out.beImpatient();
   if (surroundings.readerLeaves)
     Pipe::closeEnd(out.reading);
   process = fork();

@@ -25,10 +25,12 @@ struct Result {
 
 /// What surrounds a run.
 struct Surroundings {
-  long fileSizeLimit = -1;       ///< in bytes; -1 for none
+  static constexpr int roomThatIsLittle = 4096; ///< of a pipe, in bytes
+  long fileSizeLimit = -1;                      ///< in bytes; -1 for none
   bool obeysPermissions = false; ///< also when the tests run as root
   bool readerLeaves = false;     ///< nobody reads standard output
   bool fullOutput = false;       ///< standard output is a full device
+  bool doesNotWait = false;      ///< standard output, which holds little
   bool terminal = false;         ///< standard output is a terminal
   unsigned short columns = 0;    ///< of that terminal; 0: it does not say
   std::string terminalName;      ///< TERM; as it is if empty

@@ -16,6 +16,7 @@
 #include <unistd.h>
 
 #include "pipe/Frames.h"
+#include "pipe/WriteAll.h"
 
 namespace ZelDebugDialog::protocol {
 
@@ -223,24 +224,6 @@ private:
   Reader reader;
   std::thread thread;
 };
-
-/// @return 0, or the error number
-int writeAll(int output, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = write(output, text.data(), text.size());
-    if (written < 0 && errno == EAGAIN) {
-      pollfd end{output, POLLOUT, 0};
-      poll(&end, 1, -1);
-      continue;
-    }
-    if (written < 0 && errno == EINTR)
-      continue;
-    if (written < 0)
-      return errno;
-    text.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return 0;
-}
 
 std::optional<std::string> finish(Server &server, const Waiting &waiting) {
   return waiting.call ? server.Finish(waiting.call) : answerTooLong();

@@ -12,10 +12,13 @@
 
 #include "output/Json.h"
 #include "output/Wrap.h"
+#include "pipe/WriteAll.h"
 
 namespace zeldebug {
 
 namespace {
+
+using ZelDebugDialog::protocol::writeAll;
 
 constexpr int formatVersion = 1;
 
@@ -35,19 +38,6 @@ bool wantsColour(int descriptor) {
 std::size_t columnsOf(int descriptor) {
   winsize size{};
   return ioctl(descriptor, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
-}
-
-/// @return 0, or the error number.
-int writeAll(int descriptor, std::string_view text) {
-  while (!text.empty()) {
-    const ssize_t written = write(descriptor, text.data(), text.size());
-    if (written < 0 && errno == EINTR)
-      continue;
-    if (written < 0)
-      return errno;
-    text.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return 0;
 }
 
 /// Lines stay lines; what else is no text is shown as \xNN.
