@@ -168,7 +168,8 @@ void SettingOptions::addRow(CommandLine &line, CLI::App &app,
                            "N,hardppc=N,nppc=N]; "
                            "all that are given are the whole chain");
     line.completeWith(device, ValueKind::device);
-    clearChain = app.add_flag("--clear-chain", "no devices in the JTAG chain")
+    clearChain = app.add_flag("--clear-chain")
+                     ->description("no devices in the JTAG chain")
                      ->group(settingsGroup);
     return;
   }
@@ -208,7 +209,8 @@ void SettingOptions::addTo(Options &options) {
       app, "--address-map", "BASE",
       "all six regions, each 0x10000 after the one before: icache, itag, "
       "dcache, dtag, dcr, tlb; one that is given by itself stands over it");
-  unsetAddressMap = app.add_flag("--unset-address-map", "no debug address map")
+  unsetAddressMap = app.add_flag("--unset-address-map")
+                        ->description("no debug address map")
                         ->group(settingsGroup);
   unset = addRepeatable(app, "--unset", "SETTING",
                         "back to its default, once for each; by the name that "
