@@ -42,6 +42,7 @@ def main():
               f"{given.processors[0]:,}, at most {given.most:g}", flush=True)
         if found <= given.most:
             return 0
+    print("discovery grows faster than that")
     return 1
 
 
