@@ -1,10 +1,10 @@
 #include "project_file/ProjectTest.h"
 
-#include "support/ManyOrFew.h"
-
 #include <algorithm>
 #include <cstdlib>
 #include <stdexcept>
+
+#include "support/ManyOrFew.h"
 
 namespace project_test {
 

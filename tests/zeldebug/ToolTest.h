@@ -26,7 +26,8 @@ struct Result {
 /// What surrounds a run.
 struct Surroundings {
   static constexpr int roomThatIsLittle = 4096; ///< of a pipe, in bytes
-  long fileSizeLimit = -1;                      ///< in bytes; -1 for none
+
+  long fileSizeLimit = -1;       ///< in bytes; -1 for none
   bool obeysPermissions = false; ///< also when the tests run as root
   bool readerLeaves = false;     ///< nobody reads standard output
   bool fullOutput = false;       ///< standard output is a full device
