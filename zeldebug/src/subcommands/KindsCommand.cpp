@@ -15,6 +15,7 @@
 #include "output/Json.h"
 #include "output/Output.h"
 #include "output/Place.h"
+#include "output/Table.h"
 #include "subcommands/ProcessorList.h"
 #include "subcommands/Subcommands.h"
 
@@ -122,8 +123,7 @@ std::string shownVerdict(const KindCandidate &candidate) {
 
 void printCandidate(const KindCandidate &candidate, Output &output) {
   output.printLine(printable(fmt::format(
-      "  {} {}", candidate.identity.empty() ? "-" : candidate.identity,
-      shownVerdict(candidate))));
+      "  {} {}", dashIfEmpty(candidate.identity), shownVerdict(candidate))));
   std::string instances =
       fmt::format("{}", fmt::join(candidate.instances, " "));
   if (candidate.otherInstances > 0)
