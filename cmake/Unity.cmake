@@ -109,9 +109,9 @@ function(zeldebugdialog_unity_options target)
             AND CMAKE_CURRENT_SOURCE_DIR MATCHES "^${PROJECT_SOURCE_DIR}/(tests|fuzz)")
         set_target_properties(${target} PROPERTIES UNITY_BUILD OFF)
     endif()
-    # Of more than so much at once the compiler inlines less, which makes what
-    # people wait for slower by some hundredths; the rest is compiled in half the
-    # time.
+    # Of a larger unit than it is told here the compiler inlines less. That makes
+    # slower by some hundredths what people wait for, which these libraries hold.
+    # The others do without: they are compiled in half the time.
     set(measured debug_dialog design_model configuration_model)
     cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR
         BASE_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE folder)

@@ -12,7 +12,7 @@
 
 namespace ZelDebugDialog::model {
 
-/// Where an example shows what it is there for.
+/// Where an example has to stand to be answered so.
 inline constexpr const char *inOptionFile = "in an option file";
 
 std::vector<Code> makeDiagnosticCodes();
