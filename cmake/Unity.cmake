@@ -65,6 +65,7 @@ set(ZELDEBUGDIALOG_COMPILED_ALONE
     debug_dialog/src/KvoOption_Parser/ConnectCommand.cpp
     design_model/src/xml/XmlNames.cpp
     tests/performance/CountedRegion.cpp
+    tests/performance/CountingNew.cpp
     zeldebug/src/main.cpp)
 list(TRANSFORM ZELDEBUGDIALOG_COMPILED_APART PREPEND ${PROJECT_SOURCE_DIR}/)
 list(TRANSFORM ZELDEBUGDIALOG_COMPILED_FURTHER_APART PREPEND ${PROJECT_SOURCE_DIR}/)
