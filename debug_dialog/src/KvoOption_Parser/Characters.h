@@ -2,8 +2,10 @@
 // which are the same but for letter case.
 //
 // The answers are those of Boost's trim and case-insensitive equality, which
-// ask the locale anew for every character. A reader asks once for each
-// character that it meets and remembers the answer for the rest of its text.
+// ask the locale anew for every character. Those of the classic locale, which
+// most programs stay with, are known. Of another one a reader asks once for
+// each character that it meets and remembers the answer for the rest of its
+// text.
 #ifndef ZELDEBUGDIALOG_KVOOPTION_PARSER_CHARACTERS_H
 #define ZELDEBUGDIALOG_KVOOPTION_PARSER_CHARACTERS_H
 
@@ -79,10 +81,10 @@ private:
   bool sameLetters(std::string_view left, std::string_view right);
   char fold(unsigned char index);
 
-  std::locale locale; // keeps the facet alive
-  const std::ctype<char> &facet;
+  std::locale locale;                 // keeps the facet alive
+  const std::ctype<char> *facet;      // null where all letters are known
   const std::ctype_base::mask *table; // the facet's, which is() reads
-  std::array<bool, 256> known{};
+  std::array<bool, 256> known;
   std::array<char, 256> upper; // meaningful where `known`
 };
 
