@@ -120,6 +120,10 @@ function(zeldebugdialog_unity_options target)
             AND folder IN_LIST measured)
         target_compile_options(${target} PRIVATE --param=large-unit-insns=60000)
     endif()
+    # Up to a gigabyte the compiler need not look for memory to use again.
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(${target} PRIVATE --param=ggc-min-heapsize=1000000)
+    endif()
     # A local name may be that of something in the source before; and a class of a
     # source, which is not the one that is compiled, may have members of a type
     # that is its own.
