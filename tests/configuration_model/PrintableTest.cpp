@@ -3,10 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "text/Printable.h"
 
 namespace {
 
+using ZelDebugDialog::ShowOnOneLine;
+using ZelDebugDialog::model::onOneLine;
 using ZelDebugDialog::model::printable;
 using ZelDebugDialog::model::wellFormed;
 
@@ -151,6 +154,25 @@ TEST(WellFormed, HasAReplacementForWhatIsNoUtf8) {
   };
   for (const auto &row : rows)
     EXPECT_EQ(wellFormed(row.text), row.formed);
+}
+
+TEST(OnOneLine, JoinsWhatWhiteSpaceParts) {
+  const Row rows[] = {
+      {"", ""},
+      {" \n\t", ""},
+      {"one", "one"},
+      {"UNKNOWN Parameter 'x'\n", "UNKNOWN Parameter 'x'"},
+      {"\n one \n\ttwo  three ", "one two three"},
+      // Neither is among them.
+      {"one\rtwo\fthree", "one\rtwo\fthree"},
+      {"one\xC2\xA0 two", "one\xC2\xA0 two"},
+  };
+  for (const Row &row : rows)
+    EXPECT_EQ(onOneLine(row.text), row.shown);
+}
+
+TEST(OnOneLine, IsShownWithoutControlCharacters) {
+  EXPECT_EQ(ShowOnOneLine("one\ntwo\rthree\n"), "one two\\x0dthree");
 }
 
 } // namespace

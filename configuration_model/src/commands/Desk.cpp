@@ -5,6 +5,7 @@
 
 #include "ZelDebugDialog/KvoOption_Parser.h"
 #include "commands/EngineLock.h"
+#include "text/Printable.h"
 
 namespace ZelDebugDialog::model {
 
@@ -96,17 +97,8 @@ Reading Desk::writeCommand(std::string &command) {
 }
 
 std::string reasonOf(const std::string &message) {
-  std::string text;
-  for (const char c : message) {
-    const bool blank = c == ' ' || c == '\n' || c == '\t';
-    if (!blank)
-      text += c;
-    else if (!text.empty() && text.back() != ' ')
-      text += ' ';
-  }
-  if (!text.empty() && text.back() == ' ')
-    text.pop_back();
-  return text.empty() ? "the engine gives no reason" : text;
+  const std::string reason = onOneLine(message);
+  return reason.empty() ? "the engine gives no reason" : reason;
 }
 
 } // namespace ZelDebugDialog::model

@@ -106,4 +106,18 @@ std::string wellFormed(std::string_view text) {
   return formed;
 }
 
+std::string onOneLine(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    const bool blank = c == ' ' || c == '\n' || c == '\t';
+    if (!blank)
+      line += c;
+    else if (!line.empty() && line.back() != ' ')
+      line += ' ';
+  }
+  if (!line.empty() && line.back() == ' ')
+    line.pop_back();
+  return line;
+}
+
 } // namespace ZelDebugDialog::model

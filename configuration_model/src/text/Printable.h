@@ -16,6 +16,10 @@ std::string printable(std::string_view text);
 /// as many as begin a character. Everything else is as it was.
 std::string wellFormed(std::string_view text);
 
+/// Blanks, tabs and newlines become one blank inside the text and nothing
+/// around it.
+std::string onOneLine(std::string_view text);
+
 } // namespace ZelDebugDialog::model
 
 #endif

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include <ZelDebugDialog/ConfigurationModel/Commands.h>
+#include <ZelDebugDialog/ConfigurationModel/Text.h>
 #include <fmt/format.h>
 
 #include "documents/Commands.h"
@@ -27,6 +28,7 @@ using ZelDebugDialog::CheckedCommand;
 using ZelDebugDialog::CodeSeverity;
 using ZelDebugDialog::CommandDiagnostic;
 using ZelDebugDialog::DesignModel;
+using ZelDebugDialog::ShowOnOneLine;
 using ZelDebugDialog::ShowSeverity;
 
 namespace documents = ZelDebugDialog::documents;
@@ -85,21 +87,6 @@ std::string pictureOf(const std::string &text,
          "\n";
 }
 
-/// On one line.
-std::string shownMessage(const std::string &message) {
-  std::string text;
-  for (const char c : message) {
-    const bool blank = c == ' ' || c == '\n' || c == '\t';
-    if (!blank)
-      text += c;
-    else if (!text.empty() && text.back() != ' ')
-      text += ' ';
-  }
-  if (!text.empty() && text.back() == ' ')
-    text.pop_back();
-  return printable(text);
-}
-
 void print(Output &output, const std::string &place, const std::string &text,
            const CommandDiagnostic &diagnostic) {
   output.printSentence(fmt::format(
@@ -107,7 +94,8 @@ void print(Output &output, const std::string &place, const std::string &text,
       ShowSeverity(diagnostic.severity), diagnostic.message, diagnostic.code));
   output.print(pictureOf(text, diagnostic));
   if (!diagnostic.engineMessage.empty())
-    output.printSentence("  engine: " + shownMessage(diagnostic.engineMessage));
+    output.printSentence("  engine: " +
+                         ShowOnOneLine(diagnostic.engineMessage));
   if (!diagnostic.accepted.empty())
     output.printSentence("  accepted: " + quotedList(diagnostic.accepted));
   if (!diagnostic.suggestion.empty())

@@ -18,6 +18,11 @@ namespace ZelDebugDialog {
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
 ShowText(std::string_view text);
 
+/// The same on one line: blanks, tabs and newlines become one blank inside the
+/// text and nothing around it. For the messages of the engine, which end lines.
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
+ShowOnOneLine(std::string_view text);
+
 /// The candidate with the fewest edits (letters put in, left out, replaced or
 /// swapped, case not counted), the first of several; empty if none is near
 /// enough: at most one edit for each three letters of `word`.
