@@ -52,7 +52,7 @@ int waitForLock(int descriptor, std::chrono::steady_clock::time_point end) {
 
 } // namespace
 
-FileLock::FileLock(const fs::path &file, std::chrono::seconds patience)
+LockFile::LockFile(const fs::path &file, std::chrono::seconds patience)
     : path(besideFile(file, ".lock")) {
   const auto end = std::chrono::steady_clock::now() + patience;
   for (;;) {
@@ -69,7 +69,7 @@ FileLock::FileLock(const fs::path &file, std::chrono::seconds patience)
   }
 }
 
-FileLock::~FileLock() { unlink(path.c_str()); }
+LockFile::~LockFile() { unlink(path.c_str()); }
 
 fs::path besideFile(const fs::path &file, const char *ending) {
   std::string name = file.filename().string();

@@ -15,16 +15,16 @@ namespace ZelDebugDialog::model {
 /// Held from its making to its end. The lock is a file of its own beside the
 /// option file, which is gone again afterwards; one that a killed program left
 /// behind is in nobody's way.
-class FileLock {
+class LockFile {
 public:
   /// Waits for whoever has it; a save takes milliseconds: whoever takes longer
   /// than some seconds has been stopped.
   /// @throws Refusal (noFolder, fileSystem)
-  explicit FileLock(const std::filesystem::path &file,
+  explicit LockFile(const std::filesystem::path &file,
                     std::chrono::seconds patience = std::chrono::seconds(20));
-  ~FileLock();
-  FileLock(const FileLock &) = delete;
-  FileLock &operator=(const FileLock &) = delete;
+  ~LockFile();
+  LockFile(const LockFile &) = delete;
+  LockFile &operator=(const LockFile &) = delete;
 
 private:
   std::filesystem::path path;

@@ -36,7 +36,7 @@ struct FileLock::Held {
       : target(std::move(file)), lock(target, patience) {}
 
   fs::path target;
-  model::FileLock lock;
+  model::LockFile lock;
 };
 
 FileLock::FileLock(const std::string &file, std::chrono::seconds patience)

@@ -86,7 +86,7 @@ private:
   SaveOutcome &outcome;
   fs::path target;
   std::unique_ptr<SaveFolder> folder;
-  std::unique_ptr<FileLock> lock;
+  std::unique_ptr<LockFile> lock;
   std::optional<ScratchFile> scratch;
 };
 
@@ -203,7 +203,7 @@ void Save::prepare(std::set<fs::path> &taken) {
     return;
   }
   if (session.lock == nullptr)
-    lock = std::make_unique<FileLock>(target);
+    lock = std::make_unique<LockFile>(target);
   expectSameOnDisk();
   if (isWrittenAlready())
     outcome.unchanged = true;

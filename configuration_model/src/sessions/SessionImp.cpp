@@ -72,7 +72,7 @@ SessionImp::SessionImp(const Board &ofBoard,
       noFile(whyNoFile(processor)), desk(board->design, identity) {
   try {
     if (hold == Session::Hold::untilSaved && noFile.empty())
-      lock = std::make_unique<FileLock>(target());
+      lock = std::make_unique<LockFile>(target());
   } catch (const Refusal &refusal) {
     throw asGiven(refusal);
   }

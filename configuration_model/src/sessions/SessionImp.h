@@ -73,7 +73,7 @@ public:
   StepPointer current;
   std::vector<StepPointer> past;
   std::vector<StepPointer> future;
-  std::unique_ptr<FileLock> lock; ///< while it is held
+  std::unique_ptr<LockFile> lock; ///< while it is held
 
   /// Reads the file and takes what it gives for what is saved.
   void load();
