@@ -14,7 +14,7 @@
 #include <gmock/gmock.h>
 
 #include "configuration_model/ModelTest.h"
-#include "files/FileLock.h"
+#include "files/LockFile.h"
 
 namespace {
 

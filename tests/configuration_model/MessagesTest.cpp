@@ -6,7 +6,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Commands.h"
 #include "configuration_model/ModelTest.h"
-#include "files/FileLock.h"
+#include "files/LockFile.h"
 #include "settings/SettingTable.h"
 #include "settings/Values.h"
 #include "support/Cables.h"

@@ -10,7 +10,7 @@
 #include <unistd.h>
 
 #include "files/FileDescriptor.h"
-#include "files/FileLock.h"
+#include "files/LockFile.h"
 #include "files/Place.h"
 
 namespace ZelDebugDialog::model {

@@ -4,8 +4,8 @@
 #include <fstream>
 #include <utility>
 
-#include "files/FileLock.h"
 #include "files/FileSaver.h"
+#include "files/LockFile.h"
 #include "files/Place.h"
 
 namespace ZelDebugDialog {

@@ -14,7 +14,7 @@
 #include "commands/Discovery.h"
 #include "commands/EngineLock.h"
 #include "commands/WhyNoProcessor.h"
-#include "files/FileLock.h"
+#include "files/LockFile.h"
 #include "files/OptionFile.h"
 #include "sessions/BoardState.h"
 #include "settings/ConnectionKinds.h"

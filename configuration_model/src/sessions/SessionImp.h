@@ -12,7 +12,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Session.h"
 #include "commands/Desk.h"
-#include "files/FileLock.h"
+#include "files/LockFile.h"
 #include "files/OptionFile.h"
 #include "sessions/BoardState.h"
 #include "sessions/Step.h"

@@ -1,4 +1,4 @@
-#include "files/FileLock.h"
+#include "files/LockFile.h"
 
 #include <cerrno>
 #include <chrono>
