@@ -377,6 +377,39 @@ TEST_F(ProjectTest, AnOptionFileOfNobodyIsToldAndStays) {
   EXPECT_EQ(saved("gone"), ofThree);
 }
 
+TEST_F(ProjectTest, StrictlyAWarningIsToldBeforeAnythingIsWritten) {
+  project("");
+  save("gone", ofThree);
+  const char *const told = "zeldebug: error: nothing is written, because a "
+                           "warning is a failure with --strict\n";
+  Result result = run({"sync", "--strict"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("[stale-option-file]\n"));
+  EXPECT_THAT(result.err, HasSubstr(told));
+  EXPECT_EQ(result.out, "");
+  EXPECT_FALSE(fs::exists("etc/kvo_lumacore_0.opt"));
+
+  // What would be lost by force, and what was left out.
+  fs::remove("etc/kvo_gone.opt");
+  project("[settings]\ncable.cableType = \"quorla_podusb\"\n"
+          "cable.frequency = \"3 MHz\"\n");
+  local("[settings]\ncable.cableType = \"quorla_parallel4\"\n");
+  result = run({"sync", "--strict"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("[cable-dropped]\n"));
+  EXPECT_FALSE(fs::exists("etc/kvo_lumacore_0.opt"));
+
+  // Nothing to warn of, and what only looks.
+  project("");
+  local("");
+  EXPECT_EQ(run({"sync", "--strict"}).status, 0);
+  EXPECT_TRUE(fs::exists("etc/kvo_lumacore_0.opt"));
+  save("gone", ofThree);
+  result = run({"sync", "--check", "--strict"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.out, HasSubstr("lumacore_0  same"));
+}
+
 TEST_F(ProjectTest, WatchingFollowsEveryChangeUntilItIsEnded) {
   project(lumacore0 + "3\n");
   EXPECT_EQ(run({"sync", "--watch", "--json"}).status, 2);

@@ -243,6 +243,13 @@ std::string Output::heading(std::string_view text) const {
   return colourOut ? fmt::format("\x1b[1m{}\x1b[0m", text) : std::string(text);
 }
 
+void Output::expectNoWarnings() const {
+  if (failsBecauseOfWarnings())
+    throw Failure(ExitStatus::refused,
+                  "nothing is written, because a warning is a failure with "
+                  "--strict");
+}
+
 ExitStatus Output::finish(ExitStatus status) {
   if (status == ExitStatus::done && failsBecauseOfWarnings()) {
     status = ExitStatus::refused;

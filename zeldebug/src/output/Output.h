@@ -68,6 +68,9 @@ public:
   void countWarnings(bool hasAny) { hasWarned = hasWarned || hasAny; }
   /// Whether the run fails because of what it has warned of so far.
   bool failsBecauseOfWarnings() const { return isStrict && hasWarned; }
+  /// For who is about to write.
+  /// @throws Failure where the run fails because of its warnings
+  void expectNoWarnings() const;
 
   /// Text of the result, for people.
   void print(std::string_view text) { result += text; }

@@ -90,10 +90,7 @@ ExitStatus makeProject(const AdoptLine &options, const std::string &folder,
                   "nothing is written, because option files would change "
                   "(--force writes the project all the same)",
                   {"adopt-changes"});
-  if (output.failsBecauseOfWarnings())
-    throw Failure(ExitStatus::refused,
-                  "nothing is written, because a warning is a failure with "
-                  "--strict");
+  output.expectNoWarnings();
   writeProject(file, made,
                {{"changes", changesJson(made)}, {"adopted", Json::array()}},
                output);
@@ -199,10 +196,7 @@ ExitStatus takeInto(const AdoptLine &options, const std::string &folder,
   for (const EditedProject &file : files)
     for (const ZelDebugDialog::ProjectFault &warning : file.warnings)
       tellRemark(warning, output);
-  if (output.failsBecauseOfWarnings())
-    throw Failure(ExitStatus::refused,
-                  "nothing is written, because a warning is a failure with "
-                  "--strict");
+  output.expectNoWarnings();
   if (!writeFiles(files))
     failOvertaken();
   RememberOptionFiles(*line.board, processors);

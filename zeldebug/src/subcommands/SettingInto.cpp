@@ -248,10 +248,7 @@ void Into::tell(const EditedProject &edited) {
     look(*processor, edited);
   for (const ZelDebugDialog::ProjectFault &warning : edited.warnings)
     tellRemark(warning, output);
-  if (output.failsBecauseOfWarnings())
-    throw Failure(ExitStatus::refused,
-                  "nothing is written, because a warning is a failure with "
-                  "--strict");
+  output.expectNoWarnings();
 }
 
 ExitStatus Into::run() {

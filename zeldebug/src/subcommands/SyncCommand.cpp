@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include <ZelDebugDialog/ProjectFile/Origins.h>
 #include <ZelDebugDialog/ProjectFile/Sync.h>
 
 #include "line/Options.h"
@@ -24,8 +25,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
+using ZelDebugDialog::ProjectFault;
 using ZelDebugDialog::ProjectLoss;
 using ZelDebugDialog::ProjectPlace;
+using ZelDebugDialog::ProjectSeverity;
 using ZelDebugDialog::Refusal;
 using ZelDebugDialog::ShowOutcome;
 using ZelDebugDialog::SyncOptions;
@@ -39,6 +42,8 @@ struct SyncLine {
   SyncOptions how;
   bool watch = false;
 };
+
+bool writes(const SyncOptions &how) { return !how.check && !how.dryRun; }
 
 About aboutPlace(const std::string &code, const std::string &setting,
                  const ProjectPlace &place) {
@@ -55,19 +60,17 @@ public:
   void tell() {
     for (const SyncResult &result : run.results)
       tell(result);
-    for (const ZelDebugDialog::ProjectFault &warning : run.warnings)
+    for (const ProjectFault &warning : run.warnings)
       tellRemark(warning, output);
     const bool isBlocked = std::any_of(
         run.results.begin(), run.results.end(), [](const SyncResult &result) {
           return result.outcome == SyncOutcome::refused;
         });
-    if (isBlocked && !run.isDone && writes())
+    if (isBlocked && !run.isDone && writes(how))
       output.error("nothing is written");
   }
 
 private:
-  bool writes() const { return !how.check && !how.dryRun; }
-
   void tell(const SyncResult &result) {
     const std::string &name = result.processor;
     tellLeftOut(result.merged, result.displaced, output);
@@ -115,6 +118,24 @@ private:
   Output &output;
 };
 
+/// Whether something of the run is told as a warning.
+bool warns(const SyncRun &run) {
+  const auto isWarning = [](const ProjectFault &fault) {
+    return fault.severity != ProjectSeverity::note;
+  };
+  const auto areWarned = [&isWarning](const std::vector<ProjectFault> &faults) {
+    return std::any_of(faults.begin(), faults.end(), isWarning);
+  };
+  return areWarned(run.warnings) ||
+         std::any_of(run.results.begin(), run.results.end(),
+                     [&areWarned](const SyncResult &result) {
+                       return (result.outcome != SyncOutcome::refused &&
+                               !result.lost.empty()) ||
+                              areWarned(ExplainLeftOut(result.merged,
+                                                       result.displaced));
+                     });
+}
+
 // --- The result -------------------------------------------------------------
 
 Json documentOf(const LineProject &line, const SyncRun &run) {
@@ -139,11 +160,10 @@ void print(const SyncRun &run, const SyncOptions &how, Output &output) {
   for (const SyncResult &result : run.results)
     table.addRow({result.processor, ShowOutcome(result.outcome), result.file});
   table.print(output);
-  const bool isPreview = how.check || how.dryRun;
   for (const SyncResult &result : run.results)
     if ((result.outcome == SyncOutcome::conflict &&
          (result.message.empty() || !result.differences.empty())) ||
-        (isPreview && result.outcome == SyncOutcome::updated))
+        (!writes(how) && result.outcome == SyncOutcome::updated))
       printDifferences(result.file, result.differences, result.merged, output);
 }
 
@@ -151,12 +171,20 @@ ExitStatus runOnce(const SyncLine &options, const std::string &folder,
                    Output &output) {
   const LineProject line =
       options.project.open(DesignOptions(), folder, output);
-  if (output.failsBecauseOfWarnings())
-    throw Failure(ExitStatus::refused,
-                  "nothing is written, because a warning is a failure with "
-                  "--strict");
-  const SyncRun run =
-      SyncProject(line.project, line.choice, *line.board, options.how);
+  const auto sync = [&line](const SyncOptions &how) {
+    return SyncProject(line.project, line.choice, *line.board, how);
+  };
+  output.expectNoWarnings();
+  if (output.strict() && writes(options.how)) {
+    SyncOptions before = options.how;
+    before.dryRun = true;
+    const SyncRun run = sync(before);
+    if (warns(run)) {
+      Teller(run, before, output).tell();
+      output.expectNoWarnings();
+    }
+  }
+  const SyncRun run = sync(options.how);
   Teller(run, options.how, output).tell();
   if (output.json())
     output.document(documentOf(line, run));
