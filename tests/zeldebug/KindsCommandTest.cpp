@@ -158,6 +158,18 @@ TEST_F(KindsCommandTest, WritesATableThatHelps) {
             "other");
 }
 
+TEST_F(KindsCommandTest, WritesNothingStrictlyWhereTheDesignHasAWarning) {
+  folder.write("dm.xml", document("component", "own_dm",
+                                  interface("debug", "master") + "<other:x/>"));
+  const Result result =
+      run({"kinds", "soc.xml", "--write", "mine.kinds", "--strict"});
+  EXPECT_EQ(result.status, 1);
+  EXPECT_THAT(result.err, HasSubstr("nothing is written, because a warning is "
+                                    "a failure with --strict\n"));
+  EXPECT_FALSE(fs::exists("mine.kinds"));
+  EXPECT_EQ(run({"kinds", "soc.xml", "--write", "mine.kinds"}).status, 0);
+}
+
 TEST_F(KindsCommandTest, ReplacesNothingUnasked) {
   folder.write("mine", "v:l:own_core:1 processor lumacore\n");
   const Result refused = this->run({"kinds", "soc.xml", "--write", "mine"});

@@ -59,6 +59,23 @@ TEST_F(ProjectTest, InitTouchesNothingThatIsThere) {
             "file-exists");
 }
 
+TEST_F(ProjectTest, InitWritesNothingStrictlyWhereTheDesignHasAWarning) {
+  std::string design = text("hw/board.xml");
+  const std::string first = "<ipxact:componentInstance>";
+  design.insert(design.find(first) + first.size(),
+                "<ipxact:isPresent>1</ipxact:isPresent>");
+  folder.write("hw/board.xml", design);
+  Result run = this->run({"init", "hw/board.xml", "--strict"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("nothing is written, because a warning is a "
+                                 "failure with --strict\n"));
+  EXPECT_EQ(run.out, "");
+  EXPECT_FALSE(fs::exists("zeldebug.toml"));
+  EXPECT_FALSE(fs::exists(".gitignore"));
+  run = this->run({"init", "hw/board.xml"});
+  EXPECT_EQ(run.status, 0) << run.err;
+}
+
 TEST_F(ProjectTest, InitSaysWhatTheLineSays) {
   fs::create_directory("desk");
   folder.write(".gitignore", "build/\n/etc/");

@@ -90,7 +90,6 @@ ExitStatus makeProject(const AdoptLine &options, const std::string &folder,
                   "nothing is written, because option files would change "
                   "(--force writes the project all the same)",
                   {"adopt-changes"});
-  output.expectNoWarnings();
   writeProject(file, made,
                {{"changes", changesJson(made)}, {"adopted", Json::array()}},
                output);

@@ -199,6 +199,7 @@ ExitStatus run(const KindsOptions &options, const std::string &folder,
       options.project.sourcesFor(options.design, folder, output)
           .proposeKinds(proposal, output);
   if (options.file) {
+    output.expectNoWarnings();
     const bool isNew = writeTable(options, proposal.table);
     output.note(fmt::format("{} {}: read it, mend it, and give it to --kinds",
                             isNew ? "written to" : "already in",

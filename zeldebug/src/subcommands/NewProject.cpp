@@ -47,6 +47,7 @@ ProjectSources sourcesFor(const DesignOptions &options,
 
 void writeProject(const std::string &projectFile, const AdoptedProject &made,
                   const Json &members, Output &output) {
+  output.expectNoWarnings();
   WriteNewProject(projectFile, made);
   const std::string local = LocalFileOf(projectFile);
   const std::string kinds =

@@ -22,6 +22,7 @@ ZelDebugDialog::ProjectSources sourcesFor(const DesignOptions &options,
 /// Writes the files, and tells which they are.
 /// @param members  of the document, besides them
 /// @throws Refusal
+/// @throws Failure where a warning is one
 void writeProject(const std::string &projectFile,
                   const ZelDebugDialog::AdoptedProject &made,
                   const Json &members, Output &output);
