@@ -578,6 +578,30 @@ TEST_F(SaveTest, TwoSessionsOfOneFileDoNotOverwriteEachOther) {
               testing::StartsWith("changed-on-disk"));
 }
 
+TEST_F(SaveTest, OfSessionsOfOneFileTheFirstIsSavedAlsoByForce) {
+  constexpr std::size_t many = 8;
+  SaveOptions force;
+  force.force = true;
+  for (const std::size_t first : {7, 0, 3}) {
+    fs::remove(file());
+    std::vector<Session> sessions;
+    for (std::size_t value = 0; value < many; ++value) {
+      sessions.push_back(open());
+      sessions.back().Change({{"debugDevice", static_cast<int>(10 + value)}});
+    }
+    std::vector<Session *> order;
+    for (std::size_t at = 0; at < many; ++at)
+      order.push_back(&sessions[(first + at) % many]);
+    const auto outcomes = SaveSessions(order, force);
+    EXPECT_TRUE(outcomes[0].written) << first;
+    for (std::size_t at = 1; at < many; ++at) {
+      ASSERT_TRUE(outcomes[at].refusal) << first;
+      EXPECT_EQ(outcomes[at].refusal->kind, RefusalKind::changedOnDisk);
+    }
+    EXPECT_EQ(open().Get("debugDevice"), Value(static_cast<int>(10 + first)));
+  }
+}
+
 TEST_F(SaveTest, TheWorkingDirectoryIsNeitherUsedNorChanged) {
   fillDesign(design);
   const Board relative(design, "etc");

@@ -1,6 +1,6 @@
 #include "ZelDebugDialog/ConfigurationModel/Session.h"
 
-#include <algorithm>
+#include <map>
 #include <utility>
 
 #include "sessions/Saving.h"
@@ -153,24 +153,20 @@ SaveOutcome Session::Save(const SaveOptions &options) {
 std::vector<SaveOutcome> SaveSessions(const std::vector<Session *> &sessions,
                                       const SaveOptions &options) {
   // Each once, and locked in one order whoever else saves some of them.
+  std::map<model::SessionImp *, std::size_t> places;
   std::vector<model::SessionImp *> each;
-  each.reserve(sessions.size());
   for (const Session *session : sessions)
-    each.push_back(session->imp.get());
-  std::sort(each.begin(), each.end());
-  each.erase(std::unique(each.begin(), each.end()), each.end());
+    if (places.emplace(session->imp.get(), each.size()).second)
+      each.push_back(session->imp.get());
   std::vector<std::unique_lock<std::mutex>> turns;
   turns.reserve(each.size());
-  for (model::SessionImp *imp : each)
+  for (const auto &[imp, place] : places)
     turns.emplace_back(imp->mutex);
   const std::vector<SaveOutcome> outcomes = model::saveAll(each, options);
   std::vector<SaveOutcome> inOrder;
   inOrder.reserve(sessions.size());
-  for (const Session *session : sessions) {
-    const auto found =
-        std::lower_bound(each.begin(), each.end(), session->imp.get());
-    inOrder.push_back(outcomes[static_cast<std::size_t>(found - each.begin())]);
-  }
+  for (const Session *session : sessions)
+    inOrder.push_back(outcomes[places.at(session->imp.get())]);
   return inOrder;
 }
 

@@ -272,7 +272,9 @@ private:
 
 /// Saves several at once: each whole or not at all, with one flush for all that
 /// are written, and one of their folder. Refusals stand in the outcomes, in the
-/// order of the sessions.
+/// order of the sessions. Of several that have one file the first is saved, or
+/// the one that holds it; the others are refused (changedOnDisk), with `force`
+/// as well.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::vector<SaveOutcome>
 SaveSessions(const std::vector<Session *> &sessions,
              const SaveOptions &options = {});
