@@ -203,6 +203,22 @@ TEST_F(ValuesTest, WhatIsThereAlreadyIsTakenWhateverItIs) {
   EXPECT_THAT(taken("debugDevice", -55), testing::StartsWith("bad-value"));
 }
 
+TEST_F(ValuesTest, WhatIsThereIsTakenAsItIsShown) {
+  current.record.debugDevice = -56;
+  current.record.stubBaudRate = -3;
+  current.cable.cableType = static_cast<Engine::CableType>(77);
+  current.cable.port = "\x1b";
+  EXPECT_EQ(taken("debugDevice", "-56"), "-56");
+  EXPECT_EQ(taken("stubBaudRate", "-3"), "-3");
+  EXPECT_EQ(taken("cable.cableType", "77"), "77");
+  EXPECT_THAT(taken("debugDevice", "-55"), testing::StartsWith("bad-value"));
+  EXPECT_THAT(taken("debugDevice", "-056"), testing::StartsWith("bad-value"));
+  EXPECT_THAT(taken("stubTimeout", "-3"), testing::StartsWith("bad-value"));
+  EXPECT_THAT(taken("cable.cableType", "78"), testing::StartsWith("bad-value"));
+  // A text is what it is, not what it is shown as.
+  EXPECT_EQ(taken("cable.port", "\\x1b"), "\\x1b");
+}
+
 TEST_F(ValuesTest, RefusalsSayWhatIsAccepted) {
   EXPECT_EQ(taken("debugDevice", "200"),
             "bad-value: debugDevice: '200' is no number from 0 to 127 (decimal "

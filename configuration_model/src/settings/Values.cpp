@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include "ZelDebugDialog/ConfigurationModel/Settings.h"
 #include "ZelDebugDialog/EngineFacts.h"
 #include "settings/Cables.h"
 #include "settings/ConnectionKinds.h"
@@ -292,6 +293,12 @@ Value expectValueOfKind(const SettingRow &row, const Value &asked,
   return expectWordValue(row, asked);
 }
 
+/// A number as it is shown: it may be none that could be asked for, and stays.
+bool isShownAs(const SettingRow &row, const Value &value, const Value &asked) {
+  return value.IsNumber() && asked.IsText() &&
+         asked.Text() == ShowValue(row.info, value);
+}
+
 } // namespace
 
 const SettingRow &expectRow(std::string_view id) {
@@ -334,6 +341,10 @@ Value expectValue(const SettingRow &row, const Value &asked,
   const bool isOpenToAll = row.info.kind != SettingKind::word;
   if (isThere || (isOpenToAll && asked == defaultValue))
     return asked;
+  if (isShownAs(row, present, asked))
+    return present;
+  if (isOpenToAll && isShownAs(row, defaultValue, asked))
+    return defaultValue;
   if (row.info.kind != SettingKind::word)
     return expectValueOfKind(row, asked, defaultValue, current);
   Value value = expectWordValue(row, asked);
