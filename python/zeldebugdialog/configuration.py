@@ -147,7 +147,8 @@ class Configuration(MutableMapping[str, Value]):
 
     @property
     def exists(self) -> bool:
-        """Whether the file is there."""
+        """Whether the file is there: looks at it now."""
+        self.refresh()
         return bool(self._state["exists"])
 
     @property
