@@ -118,6 +118,24 @@ TEST(CommandTrace, LeavesWhatReadingLeaves) {
   }
 }
 
+TEST(CommandTrace, IgnoresWhatStandsBehindALoneDash) {
+  for (const std::string head : {"connect lc hdu -quiet - ", "connect - ",
+                                 "connect lc stub -comm serial -port - "}) {
+    const std::string command = head + "-bar -cable type";
+    const CommandTrace trace = traceOf(command);
+    ASSERT_GE(trace.words.size(), 4U) << command;
+    const std::size_t dash = trace.words.size() - 4;
+    EXPECT_EQ(wordAt(command, trace, dash), "-");
+    EXPECT_NE(trace.words[dash].role, WordRole::ignored);
+    EXPECT_EQ(wordAt(command, trace, dash + 1), "-bar");
+    EXPECT_EQ(wordAt(command, trace, dash + 3), "type");
+    for (const std::size_t behind : {1, 2, 3})
+      EXPECT_EQ(trace.words[dash + behind].role, WordRole::ignored) << command;
+    ASSERT_EQ(trace.faults.size(), 1U) << command;
+    EXPECT_EQ(trace.faults[0].kind, CommandFaultKind::loneDash);
+  }
+}
+
 TEST(CommandTrace, LeavesAnEarlierMessageWhereReadingHasNone) {
   const auto keep = [](EngineImp &imp) {
     CommandTrace trace;

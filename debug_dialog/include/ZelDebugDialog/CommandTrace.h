@@ -126,7 +126,7 @@ enum class AfterFault : std::uint8_t {
 ///   fault; what later options say is then read as well, so give it a state
 ///   that may be spoiled.
 /// @throws std::out_of_range for a lone "-" with `AfterFault::stop`; `trace`
-///   then holds the words up to it.
+///   holds all words then as well.
 ZELDEBUGDIALOG_API int TraceKvoCommand(std::string command, EngineImp &imp,
                                        CommandTrace &trace,
                                        AfterFault afterFault);

@@ -1,6 +1,7 @@
 #include "ZelDebugDialog/CommandTrace.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "KvoOption_Parser/ConnectCommand.h"
@@ -46,6 +47,10 @@ int TraceKvoCommand(std::string command, EngineImp &imp, CommandTrace &trace,
   int result = result::notRead;
   try {
     result = kvo::readCommand(cursor, imp, kvo::CommandSource::dialog);
+  } catch (const std::out_of_range &) {
+    restoreMessage(imp, trace, before);
+    cursor.ignoreRest();
+    throw;
   } catch (...) {
     restoreMessage(imp, trace, before);
     throw;
