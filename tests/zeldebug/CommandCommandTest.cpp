@@ -461,6 +461,14 @@ TEST_F(CommandCommandTest, NamesWhatIsWrongWithADocument) {
        "2: 'nCpu' is no text, whole number or flag"},
       {"{\"chain\": 3}", "1: 'chain' is no list of devices"},
       {"{\"cable\": []}", "1: 'cable' is no object"},
+      {"{\"record\": {\n\"nCpu\": 1e999\n}\n}",
+       "2: a number is too large for any kind of it"},
+      {"1e999", "1: a number is too large for any kind of it"},
+      {"{\"version\": 1,\n\"processors\": []}",
+       "2: it has the settings of several processors, and those of one are "
+       "taken"},
+      {"{\"record\": {},\n\"failure\": {}}",
+       "2: it tells of a failure: what it shows is not what was saved"},
   };
   for (const auto &row : rows) {
     folder.write("settings.json", row.text);

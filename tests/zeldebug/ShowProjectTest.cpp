@@ -35,6 +35,19 @@ protected:
   }
 };
 
+TEST_F(ShowProjectTest, WhatIsShownIsTakenAsSettings) {
+  project(shared);
+  folder.write("shown.json", show({"lumacore_0"}).dump());
+  const Result result =
+      run({"command", "lumacore_0", "--settings", "shown.json"});
+  EXPECT_EQ(result.status, 0) << result.err;
+  EXPECT_EQ(result.out,
+            show({"lumacore_0"})["connectCommand"].get<std::string>() + "\n");
+  folder.write("shown.json", show({}).dump(2));
+  EXPECT_THAT(run({"command", "lumacore_0", "--settings", "shown.json"}).err,
+              HasSubstr("it has the settings of several processors"));
+}
+
 TEST_F(ShowProjectTest, EachValueHasThePlaceOfItsFirstByte) {
   project(shared);
   local("  [processor.lumacore_0]\n  debugDevice =   0x7\n");

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <sstream>
 
 #include <fmt/format.h>
 
@@ -22,9 +23,21 @@ using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::Value;
 
 // What stands beside the settings in a document of `show`.
-constexpr std::array<const char *, 7> results{
-    "version", "command",     "result",  "error",
-    "origin",  "diagnostics", "warnings"};
+constexpr std::array<const char *, 15> results{
+    "version", "command", "project",     "local",       "probe",
+    "profile", "result",  "error",       "origin",      "file",
+    "lost",    "dropped", "differences", "diagnostics", "warnings"};
+
+// What makes it no document of one processor's settings.
+struct Other {
+  const char *member;
+  const char *problem;
+};
+constexpr std::array<Other, 2> others{{
+    {"processors", "it has the settings of several processors, and those of "
+                   "one are taken"},
+    {"failure", "it tells of a failure: what it shows is not what was saved"},
+}};
 
 class DocumentReader {
 public:
@@ -44,6 +57,7 @@ private:
   int lineAt(std::size_t offset) const;
   void take(const std::string &member, const std::string &setting,
             const Json &value);
+  void expectOneProcessor(const Json &json) const;
   void takeMembers(const std::string &prefix, const std::string &name,
                    const Json &object);
   Value valueOf(const std::string &member, const Json &json) const;
@@ -144,15 +158,29 @@ void DocumentReader::takeMembers(const std::string &prefix,
     take(member, prefix + member, value);
 }
 
+void DocumentReader::expectOneProcessor(const Json &json) const {
+  for (const auto &[member, problem] : others)
+    if (json.contains(member))
+      failAt(member, problem, {"bad-value", member});
+}
+
 SettingsDocument DocumentReader::read() {
   Json json;
+  std::istringstream stream(text);
   try {
-    json = Json::parse(text);
+    json = Json::parse(stream);
   } catch (const Json::parse_error &error) {
     fail("this is no JSON", error.byte == 0 ? 0 : error.byte - 1);
+  } catch (const Json::out_of_range &) {
+    // Behind the number and the character that ends it.
+    const std::streamoff read =
+        stream.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::in);
+    fail("a number is too large for any kind of it",
+         read > 0 ? static_cast<std::size_t>(read) - 1 : 0);
   }
   if (!json.is_object())
     fail("this is no document of settings: no object", 0);
+  expectOneProcessor(json);
   for (const auto &[name, value] : json.items()) {
     if (name == "record")
       takeMembers("", name, value);
