@@ -767,8 +767,10 @@ TEST_F(CommandCommandTest, RefusesWhatIsSavedAndCannotBeRead) {
       "zeldebug: error: etc/kvo_lumacore_0.opt:1: the command is refused: "
       "column 16: '-foo' is no option here (UNKNOWN Option '-foo'); it stays "
       "as it is (--force starts from the defaults)\n");
-  EXPECT_EQ(commandFor("lumacore_0", {"--force"}),
-            "connect lc hdu -debugdevice cpunr 1");
+  const Result forced = this->run({"command", board, "lumacore_0", "--force"});
+  EXPECT_EQ(forced.out, "connect lc hdu -debugdevice cpunr 1\n");
+  EXPECT_THAT(forced.err, HasSubstr("(UNKNOWN Option '-foo'); what it says is "
+                                    "not taken over\n"));
 }
 
 } // namespace

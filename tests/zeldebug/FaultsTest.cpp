@@ -246,6 +246,19 @@ TEST_F(FaultsTest, AnOptionFileThatIsCut) {
   const Result shown = this->run({"show", board, "lumacore_0"});
   EXPECT_EQ(shown.status, 0);
   EXPECT_EQ(shown.err, "zeldebug: warning: " + problem + "\n");
+  // By force, what is thrown away is told.
+  const std::string told = "zeldebug: warning: lumacore_0: " + problem +
+                           "; what it says is not taken over\n";
+  Result forced = set({"--debug-device", "1", "--force", "--dry-run"});
+  EXPECT_EQ(forced.status, 0);
+  EXPECT_THAT(forced.err, HasSubstr(told));
+  EXPECT_EQ(set({"--debug-device", "1", "--force", "--strict"}).status, 1);
+  EXPECT_EQ(saved("lumacore_0"), text);
+  forced = set({"--debug-device", "1", "--force"});
+  EXPECT_EQ(forced.status, 0);
+  EXPECT_THAT(forced.err, HasSubstr(told));
+  EXPECT_EQ(saved("lumacore_0"),
+            "connect lc hdu -debugdevice deviceNr 1 cpunr 1");
 }
 
 TEST_F(FaultsTest, AnOptionFileWithBytesThatAreNoText) {

@@ -213,6 +213,14 @@ std::set<std::string> settingsInFile(Session &session) {
   return names;
 }
 
+/// Why what is saved can't be read, behind its place.
+std::string shownProblem(Session &session) {
+  const int line = session.Loaded().line;
+  return fmt::format("{}{}: {}", printable(session.File()),
+                     line == 0 ? "" : fmt::format(":{}", line),
+                     session.Problem());
+}
+
 } // namespace
 
 bool Configured::hasWarnings() const {
@@ -221,16 +229,10 @@ bool Configured::hasWarnings() const {
 }
 
 void expectLoaded(Session &session, const std::string &advice) {
-  const std::string problem = session.Problem();
-  if (problem.empty())
+  if (session.Problem().empty())
     return;
-  const std::string file = session.File();
-  const int line = session.Loaded().line;
-  throw Failure(ExitStatus::unreadable,
-                fmt::format("{}{}: {}{}", printable(file),
-                            line == 0 ? "" : fmt::format(":{}", line), problem,
-                            advice),
-                {"", "", {}, {}, "", file, line});
+  throw Failure(ExitStatus::unreadable, shownProblem(session) + advice,
+                {"", "", {}, {}, "", session.File(), session.Loaded().line});
 }
 
 std::vector<Effect> applySettings(const Board &board, Session &session,
@@ -294,6 +296,11 @@ Configured configure(const Board &board, const std::string &processor,
                  mayForce
                      ? "; it stays as it is (--force starts from the defaults)"
                      : "; it stays as it is");
+  } else if (!configured.session.Problem().empty()) {
+    configured.remarks.push_back(
+        {true,
+         shownProblem(configured.session) + "; what it says is not taken over",
+         {"", ""}});
   }
   startFrom(options.project, configured.session);
   if (!asked.empty()) {
