@@ -195,6 +195,51 @@ TEST_F(AdoptingFiles, WhatTakesADesksValueAwayBelongsToTheDesk) {
   EXPECT_THAT(taken("[processor.lc]\ndebugDevice = 2\n"), IsEmpty());
 }
 
+TEST_F(AdoptingFiles, WhatWouldNotSurviveIsTakenAwayWhereItStands) {
+  set("lc", {{"cable.cableType", podusb}});
+  const std::string file = (work.path() / "zeldebug.toml").string();
+  const std::string sim = "[processor.lc_sim]\nconnection = \"sim\"\n";
+  const auto expectAdopted = [&](const std::string &project,
+                                 const std::string &local,
+                                 const std::string &projectAfter,
+                                 const std::string &localAfter) {
+    work.write("zeldebug.toml", head + sim + project);
+    work.write("zeldebug.local.toml", local);
+    WriteProjectFiles(EditProjectFiles(
+        file, AdoptOptionFiles(ReadProject(file), {}, board, {"lc"}), board,
+        {}));
+    EXPECT_EQ(work.read("zeldebug.toml"), head + sim + projectAfter) << project;
+    EXPECT_EQ(work.read("zeldebug.local.toml"), localAfter) << project;
+    SyncOptions options;
+    options.processors = {"lc"};
+    options.check = true;
+    const SyncRun run = SyncProject(ReadProject(file), {}, board, options);
+    ASSERT_EQ(run.results.size(), 1U);
+    EXPECT_EQ(run.results.front().outcome, SyncOutcome::same) << project;
+  };
+  const std::string serial =
+      "[processor.lc]\nconnection = \"stub-serial\"\nstubBaudRate = 9600\n";
+  const std::string usb = "[processor.lc]\nconnection = \"hw\"\n"
+                          "cable.cableType = \"quorla_podusb\"\n"
+                          "cable.frequency = \"6 MHz\"\n"
+                          "cable.port = \"USB21\"\n";
+  expectAdopted(serial, "", usb, "");
+  // What the connection displaces from below stands in nobody's way.
+  expectAdopted("[settings]\nstubTimeout = 7\n" + serial, "",
+                "[settings]\nstubTimeout = 7\n" + usb, "");
+  // Of a desk, or of its file.
+  const std::string port = "[settings]\nstubSerialPort = \"COM4\"\n";
+  expectAdopted(serial, port, usb,
+                port + "\n[processor.lc]\nunset = [\"stubSerialPort\"]\n");
+  expectAdopted(serial, "[processor.lc]\nstubTimeout = 7\n# mine\n", usb,
+                "[processor.lc]\n# mine\n");
+  // Of another cable.
+  const std::string module = "cable.cableType = \"quorla_plugin\"\n"
+                             "cable.moduleName = \"m\"\n";
+  expectAdopted("[processor.lc]\n" + module, "",
+                usb.substr(0, 15) + usb.substr(usb.find("cable")), "");
+}
+
 TEST_F(AdoptingFiles, WhatIsTakenTogetherIsCheckedTogether) {
   set("lc", {{"cable.cableType", podusb}, {"cable.esn", "0042"}});
   const std::string file = (work.path() / "zeldebug.toml").string();

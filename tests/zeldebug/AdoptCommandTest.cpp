@@ -146,6 +146,33 @@ TEST_F(AdoptCommandTest, ASerialNumberThatIsGoneIsGoneFromTheLocalFile) {
   EXPECT_EQ(syncOne({"--check"})["outcome"], "same");
 }
 
+TEST_F(AdoptCommandTest, WhatDoesNotSurviveWithItIsUnset) {
+  project("[processor.lumacore_0]\nconnection = \"stub-serial\"\n"
+          "stubBaudRate = 9600\n");
+  local("[settings]\nstubTimeout = 7\n");
+  EXPECT_EQ(run({"sync", "lumacore_0"}).status, 0);
+  save("lumacore_0", "connect lc hdu -debugdevice deviceNr 5 cpunr 1");
+  EXPECT_EQ(syncOne({}, 1)["outcome"], "conflict");
+  const json document = runJson({"adopt", "lumacore_0"});
+  EXPECT_EQ(document["adopted"], json::parse(R"([
+    {"instanceName": "lumacore_0", "setting": "connection", "value": "hw",
+     "file": "zeldebug.toml"},
+    {"instanceName": "lumacore_0", "setting": "debugDevice", "value": 5,
+     "file": "zeldebug.toml"},
+    {"instanceName": "lumacore_0", "setting": "stubBaudRate", "value": null,
+     "file": "zeldebug.toml"},
+    {"instanceName": "lumacore_0", "setting": "stubTimeout", "value": null,
+     "file": "zeldebug.local.toml"}])"));
+  EXPECT_THAT(text("zeldebug.toml"),
+              HasSubstr("[processor.lumacore_0]\nconnection = \"hw\"\n"
+                        "debugDevice = 5\n"));
+  EXPECT_THAT(text("zeldebug.toml"), Not(HasSubstr("stub")));
+  EXPECT_EQ(text("zeldebug.local.toml"),
+            "[settings]\nstubTimeout = 7\n\n[processor.lumacore_0]\n"
+            "unset = [\"stubTimeout\"]\n");
+  EXPECT_EQ(syncOne({"--check"})["outcome"], "same");
+}
+
 TEST_F(AdoptCommandTest, NothingIsLeftOfAProjectThatCannotBeWritten) {
   Surroundings surroundings;
   // Enough for the lines of .gitignore, not for the project.

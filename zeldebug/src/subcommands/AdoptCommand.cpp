@@ -102,7 +102,7 @@ ExitStatus makeProject(const AdoptLine &options, const std::string &folder,
 struct Taken {
   std::string processor;
   std::string setting;
-  ZelDebugDialog::Value value;
+  std::optional<ZelDebugDialog::Value> value; ///< none: it is unset
   std::string file;
 };
 
@@ -110,16 +110,18 @@ std::vector<Taken> takenBy(const std::vector<ProjectEdit> &edits,
                            const std::vector<EditedProject> &files,
                            const LineProject &line) {
   std::vector<Taken> taken;
-  for (const ProjectEdit &edit : edits)
-    for (const auto &[setting, value] : edit.values) {
-      std::string file = line.file;
-      // A profile stands in one of the files; then only that one changes.
-      if (edit.target == ProjectTarget::local)
-        file = line.project.local.file;
-      else if (edit.target == ProjectTarget::profile)
-        file = files.front().file;
+  for (const ProjectEdit &edit : edits) {
+    std::string file = line.file;
+    // A profile stands in one of the files; then only that one changes.
+    if (edit.target == ProjectTarget::local)
+      file = line.project.local.file;
+    else if (edit.target == ProjectTarget::profile)
+      file = files.front().file;
+    for (const auto &[setting, value] : edit.values)
       taken.push_back({edit.processor, setting, value, file});
-    }
+    for (const std::string &setting : edit.unset)
+      taken.push_back({edit.processor, setting, {}, file});
+  }
   return taken;
 }
 
@@ -136,7 +138,7 @@ void show(const std::vector<Taken> &taken, const LineProject &line,
     for (const Taken &one : taken)
       list.push_back({{"instanceName", one.processor},
                       {"setting", one.setting},
-                      {"value", toJson(one.value)},
+                      {"value", one.value ? toJson(*one.value) : Json()},
                       {"file", one.file}});
     output.document({{"project", fileIf(line.file)},
                      {"local", fileIf(line.project.local.file)},
@@ -150,7 +152,8 @@ void show(const std::vector<Taken> &taken, const LineProject &line,
   Table table({"PROCESSOR", "SETTING", "VALUE", "FILE"});
   for (const Taken &one : taken)
     table.addRow({one.processor, one.setting,
-                  shownStored(one.setting, one.value), one.file});
+                  one.value ? shownStored(one.setting, *one.value) : "-",
+                  one.file});
   table.print(output);
 }
 

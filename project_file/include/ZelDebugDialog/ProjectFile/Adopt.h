@@ -74,7 +74,8 @@ AdoptProject(const Board &board, const ProjectSources &sources);
 
 /// What the option files of processors have otherwise than the project says, as
 /// changes of the project: settings of a desk in the local file, others in the
-/// project file.
+/// project file. What the files say for another connection or cable, and would
+/// not survive with the option file's, is unset where it stands.
 /// @param project     as it was read, without errors
 /// @param choice      of the project
 /// @param board       of the project's design
