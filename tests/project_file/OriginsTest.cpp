@@ -22,7 +22,8 @@ protected:
     const MergedProcessor merged =
         MergeProject(files, ChooseProject(files, {}), processor("lc"), line);
     Session session(board, "lc");
-    EXPECT_FALSE(ApplyProject(files, merged, board, session).refusal);
+    const AppliedProject applied = ApplyProject(files, merged, board, session);
+    EXPECT_FALSE(applied.refusal);
     const CommandSettings shown = ShowProject(merged, session);
     EXPECT_EQ(shown.text, session.Command());
     std::vector<std::string> lines;
@@ -36,7 +37,8 @@ protected:
       for (const CommandSetting &one : device)
         add(one);
     differences.clear();
-    for (const Difference &one : CompareWithOptionFile(board, session))
+    for (const Difference &one :
+         CompareWithOptionFile(board, session, applied.displaced))
       differences.push_back(one.setting);
     return lines;
   }
@@ -110,13 +112,23 @@ TEST_F(Origins, WhatIsDisplacedIsNoOrigin) {
                           "cable.esn zeldebug.local.toml:2:13"));
 }
 
-TEST_F(Origins, WhatTheCommandDoesNotCarryIsNoDifference) {
+TEST_F(Origins, WhatNeitherCommandCarriesIsNoDifference) {
   const char *const simulated = "[settings]\nconnection = \"sim\"\n";
   save("connect lc sim");
   said(simulated);
   EXPECT_THAT(differences, IsEmpty());
+}
+
+TEST_F(Origins, WhatOnlyTheFileSaysIsADifference) {
+  // The port is the cable's own.
   save("connect lc hdu -cable type quorla_podusb port USB21 frequency 3000000");
-  said(simulated);
+  said("[settings]\nconnection = \"sim\"\n");
+  EXPECT_THAT(differences,
+              ElementsAre("connection", "cable.cableType", "cable.frequency"));
+  // What the project displaces is told of.
+  save("connect lc hdu -debugdevice deviceNr 3 cpunr 1");
+  said("[settings]\ndebugDevice = 2\n",
+       "[processor.lc]\nconnection = \"sim\"\n");
   EXPECT_THAT(differences, ElementsAre("connection"));
 }
 

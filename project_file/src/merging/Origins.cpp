@@ -128,19 +128,25 @@ CommandSettings ShowProject(const MergedProcessor &merged,
   return shown;
 }
 
-std::vector<Difference> CompareWithOptionFile(const Board &board,
-                                              const Session &session) {
+std::vector<Difference>
+CompareWithOptionFile(const Board &board, const Session &session,
+                      const std::vector<ProjectLoss> &displaced) {
   std::error_code error;
   if (!fs::exists(board.FileOf(session.Processor()), error))
     return {};
   const Session disk(board, session.Processor());
   if (!disk.Problem().empty())
     return {};
-  const std::set<std::string> applicable = applicableIn(session);
+  std::set<std::string> compared = applicableIn(session);
+  for (const SettingState &setting : disk.State().settings)
+    if (setting.applicable && setting.value != setting.defaultValue)
+      compared.insert(setting.id);
+  for (const ProjectLoss &one : displaced)
+    compared.erase(one.loss.field);
   std::vector<Difference> differences;
   for (const SettingInfo &setting : GetSettings()) {
     const std::string &id = setting.id;
-    if (!setting.settable || applicable.count(id) == 0 ||
+    if (!setting.settable || compared.count(id) == 0 ||
         id.find('[') != std::string::npos)
       continue;
     Value saved = disk.Get(id);

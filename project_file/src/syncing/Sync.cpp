@@ -165,7 +165,8 @@ private:
       if (!isReadable && result.outcome == SyncOutcome::conflict)
         result.message = task.session->Problem();
       if (task.disk && result.outcome != SyncOutcome::same)
-        result.differences = CompareWithOptionFile(board, *task.session);
+        result.differences =
+            CompareWithOptionFile(board, *task.session, result.displaced);
     } catch (const Refusal &refusal) {
       result.outcome = SyncOutcome::refused;
       result.message = shownProblem(refusal, result);

@@ -148,6 +148,12 @@ bool isSaved(const LineProject &line, const std::string &processor) {
   return std::filesystem::exists(line.board->FileOf(processor), error);
 }
 
+std::vector<Difference> differencesOf(const LineProject &line,
+                                      const Shown &shown) {
+  return CompareWithOptionFile(*line.board, shown.session,
+                               shown.applied.displaced);
+}
+
 // --- For programs ------------------------------------------------------------
 
 Json jsonOf(const LineProject &line, const Shown &shown) {
@@ -157,8 +163,7 @@ Json jsonOf(const LineProject &line, const Shown &shown) {
   members["file"] = line.board->FileOf(name);
   members["differences"] =
       isSaved(line, name) && shown.problem.empty()
-          ? differencesJson(CompareWithOptionFile(*line.board, shown.session),
-                            shown.merged)
+          ? differencesJson(differencesOf(line, shown), shown.merged)
           : Json();
   members["lost"] = lostJson(shown.applied.lost);
   members["dropped"] = droppedJson(shown.merged, shown.applied.displaced);
@@ -178,8 +183,7 @@ void printOne(const LineProject &line, const Shown &shown, bool onlySaid,
                             name, printable(file)));
     return;
   }
-  const std::vector<Difference> differences =
-      CompareWithOptionFile(*line.board, shown.session);
+  const std::vector<Difference> differences = differencesOf(line, shown);
   if (!differences.empty())
     printDifferences(file, differences, shown.merged, output);
 }

@@ -37,13 +37,15 @@ ShowOrigin(const ProjectPlace &place);
 ZELDEBUGDIALOG_PROJECTFILE_API CommandSettings
 ShowProject(const MergedProcessor &merged, const Session &session);
 
-/// The settings that the option file has otherwise, `saved` of the file. What
-/// the command does not carry is no difference. None where there is no file, or
-/// one that cannot be read.
-/// @param board    of the session
-/// @param session  as `ApplyProject` leaves it; not refused
+/// The settings that the option file has otherwise, `saved` of the file: those
+/// that the command carries, and what else the file's command says. None where
+/// there is no file, or one that cannot be read.
+/// @param board      of the session
+/// @param session    as `ApplyProject` leaves it; not refused
+/// @param displaced  what it says of them; they are told of and no difference
 ZELDEBUGDIALOG_PROJECTFILE_API std::vector<Difference>
-CompareWithOptionFile(const Board &board, const Session &session);
+CompareWithOptionFile(const Board &board, const Session &session,
+                      const std::vector<ProjectLoss> &displaced);
 
 /// What is to be told of values that are said of a processor and do not count:
 /// those of another cable ("cable-dropped"), and those that others displace
