@@ -126,6 +126,81 @@ TEST_F(Editing, UnsetRemovesTheLineAndSaysSoWhereALowerSourceHasOne) {
             "\"quorla_podusb\"\n[processor.lc]\ncable.cableType = \"none\"\n");
 }
 
+TEST_F(Editing, UnsetSaysSoWhateverAHigherSourceSays) {
+  const std::string below = "[settings]\ndebugDevice = 1\n";
+  const std::string changed = "[processor.lc]\ndebugDevice = 2\n";
+  const std::string taken = "[processor.lc]\nunset = [\"debugDevice\"]\n";
+  const std::string above = "[processor.lc]\ndebugDevice = 3\n";
+  const ProjectEdit away = edit("lc", {}, {"debugDevice"});
+  given(below + changed, above);
+  const std::vector<ProjectFault> warnings = plan(away).warnings;
+  ASSERT_EQ(warnings.size(), 1U);
+  EXPECT_EQ(warnings[0].code, "overridden");
+  EXPECT_EQ(edited(away), below + taken);
+  EXPECT_EQ(edited(away), below + taken);
+  given(below + changed, "[settings]\nunset = [\"debugDevice\"]\n");
+  EXPECT_EQ(edited(away), below + taken);
+  given(changed, above);
+  EXPECT_EQ(edited(away), "[processor.lc]\n");
+  given("[processor.ppc405]\ndebugDevice = 1\n" + changed, above);
+  EXPECT_EQ(edited(away),
+            "[processor.ppc405]\ndebugDevice = 1\n[processor.lc]\n");
+  // What a source in between takes away is not below any longer.
+  const std::string between = "[processor.\"l*\"]\nunset = [\"debugDevice\"]\n";
+  given(below + between + changed, above);
+  EXPECT_EQ(edited(away), below + between + "[processor.lc]\n");
+  const std::string again = "[processor.\"l*\"]\ndebugDevice = 1\n";
+  given(below + again + changed, above);
+  EXPECT_EQ(edited(away), below + again + taken);
+}
+
+TEST_F(Editing, UnsetOfAllProcessorsSaysSoForAnyOfThem) {
+  const std::string ofOne = "[processor.ppc405]\ndebugDevice = 3\n";
+  const std::string ofAll = "[settings]\ndebugDevice = 2\n";
+  const ProjectEdit away = edit("", {}, {"debugDevice"});
+  given(ofOne + ofAll);
+  EXPECT_EQ(edited(away), ofOne + "[settings]\n");
+  given(ofOne, ofAll + ofOne);
+  EXPECT_EQ(edited(local(away)),
+            "[settings]\nunset = [\"debugDevice\"]\n" + ofOne);
+  given("", ofAll + ofOne);
+  EXPECT_EQ(edited(local(away)), "[settings]\n" + ofOne);
+}
+
+TEST_F(Editing, UnsetInAProfileSaysSoForWhatIsBelowTheProfile) {
+  const std::string below = "[settings]\ndebugDevice = 1\n";
+  const std::string changed = "[profile.slow.processor.lc]\ndebugDevice = 2\n";
+  const std::string emptied = "[profile.slow.processor.lc]\n";
+  const std::string taken = emptied + "unset = [\"debugDevice\"]\n";
+  const std::string above = "[profile.slow.settings]\ndebugDevice = 3\n"
+                            "[processor.lc]\ndebugDevice = 4\n";
+  const ProjectEdit away = profile(edit("lc", {}, {"debugDevice"}), "slow");
+  given(below + changed, above);
+  EXPECT_EQ(edited(away), below + taken);
+  given(changed, above);
+  EXPECT_EQ(edited(away), emptied);
+  const std::string ofOther = "[profile.fast.settings]\ndebugDevice = 1\n";
+  given(ofOther + changed, above);
+  EXPECT_EQ(edited(away), ofOther + emptied);
+  const std::string ofProfile = "[profile.slow.settings]\ndebugDevice = 1\n";
+  given(ofProfile + changed);
+  EXPECT_EQ(edited(away), ofProfile + taken);
+}
+
+TEST_F(Editing, UnsetKnowsWhatACableBelowHasDropped) {
+  const std::string below = "[settings]\ncable.cableType = \"quorla_podusb\"\n"
+                            "cable.frequency = 3000000\n";
+  const std::string other =
+      "[processor.\"l*\"]\ncable.cableType = \"quorla_parallel3\"\n";
+  const std::string changed = "[processor.lc]\ncable.frequency = 200000\n";
+  const ProjectEdit away = edit("lc", {}, {"cable.frequency"});
+  given(below + changed);
+  EXPECT_EQ(edited(away),
+            below + "[processor.lc]\nunset = [\"cable.frequency\"]\n");
+  given(below + other + changed);
+  EXPECT_EQ(edited(away), below + other + "[processor.lc]\n");
+}
+
 TEST_F(Editing, WarnsOfAValueThatAHigherSourceHides) {
   given("", "[settings]\ndebugDevice = 9\n");
   const EditedProject hidden = plan(edit("lc", {{"debugDevice", 3}}));

@@ -13,6 +13,7 @@
 #include "editing/WrittenValue.h"
 #include "files/PutBack.h"
 #include "files/ReadFile.h"
+#include "merging/MergeSources.h"
 #include "merging/Processors.h"
 #include "merging/Sources.h"
 #include "reading/Faults.h"
@@ -155,6 +156,39 @@ private:
     return found;
   }
 
+  /// The table that is changed.
+  const ProjectTable *findTable(const Project &project) const {
+    const ProjectLayer &layer = isLocal ? project.local : project.project;
+    const ProjectBlock *block = &layer.block;
+    if (edit->target == ProjectTarget::profile)
+      for (const ProjectProfile &profile : layer.profiles)
+        if (profile.name == edit->profile)
+          block = &profile.tables;
+    const ProjectScope scope =
+        edit->processor.empty() ? ProjectScope::all : ProjectScope::processor;
+    for (const ProjectTable &one : *block)
+      if (one.scope == scope && one.name == edit->processor)
+        return &one;
+    return nullptr;
+  }
+
+  /// Whether what is below the changed table has a value for one of its
+  /// processors, whatever is above says.
+  bool isSaidBelow(const Project &project, const std::string &setting) const {
+    const ProjectTable *const changed = findTable(project);
+    for (const BoardProcessor *const processor : findProcessors()) {
+      std::vector<Source> below = sourcesOf(project, choice, *processor);
+      below.erase(std::find_if(below.begin(), below.end(),
+                               [changed](const Source &one) {
+                                 return one.front() == changed;
+                               }),
+                  below.end());
+      if (mergeSources(below, processor->name).Find(setting) != nullptr)
+        return true;
+    }
+    return false;
+  }
+
   // --- Bytes -----------------------------------------------------------------
 
   std::vector<std::string> unsetOf(const TomlNode &root) const {
@@ -236,19 +270,10 @@ private:
     std::vector<std::string> names = unsetOf(readToml(removed).root);
     if (std::find(names.begin(), names.end(), setting) != names.end())
       return;
-    const Project without = read();
     names.push_back(setting);
-    const std::string taken = withUnset(removed, names);
-    change(front + taken);
-    const Project with = read();
-    const auto counts = [&](const Project &project,
-                            const BoardProcessor &processor) {
-      return MergeProject(project, choice, processor).Find(setting) != nullptr;
-    };
-    for (const BoardProcessor *const processor : findProcessors())
-      if (counts(without, *processor) && !counts(with, *processor))
-        return;
-    change(front + removed);
+    change(front + withUnset(removed, names));
+    if (!isSaidBelow(read(), setting))
+      change(front + removed);
   }
 
   // --- What it makes of the processors ---------------------------------------

@@ -3,6 +3,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
 #include "ZelDebugDialog/ProjectFile/Merge.h"
+#include "merging/MergeSources.h"
 #include "merging/Sources.h"
 #include "reading/Keys.h"
 
@@ -24,6 +25,18 @@ bool isOfCable(const std::string &setting) {
 
 class Merging {
 public:
+  void add(const Source &source) {
+    std::vector<const ProjectText *> unset;
+    std::vector<const ProjectValue *> values;
+    for (const ProjectTable *const table : source) {
+      for (const ProjectText &one : table->unset)
+        unset.push_back(&one);
+      for (const ProjectValue &value : table->values)
+        values.push_back(&value);
+    }
+    add(unset, values);
+  }
+
   /// One source: what it takes away, then what it says.
   void add(const std::vector<const ProjectText *> &unset,
            const std::vector<const ProjectValue *> &values) {
@@ -95,6 +108,14 @@ private:
 
 } // namespace
 
+MergedProcessor project::mergeSources(const std::vector<Source> &sources,
+                                      const std::string &processor) {
+  Merging merging;
+  for (const Source &source : sources)
+    merging.add(source);
+  return merging.finish(processor);
+}
+
 const MergedValue *MergedProcessor::Find(const std::string &setting) const {
   for (const MergedValue &value : values)
     if (value.value.setting == setting)
@@ -107,17 +128,8 @@ MergedProcessor MergeProject(const Project &project,
                              const BoardProcessor &processor,
                              const SettingValues &line) {
   Merging merging;
-  for (const Source &source : sourcesOf(project, choice, processor)) {
-    std::vector<const ProjectText *> unset;
-    std::vector<const ProjectValue *> values;
-    for (const ProjectTable *const table : source) {
-      for (const ProjectText &one : table->unset)
-        unset.push_back(&one);
-      for (const ProjectValue &value : table->values)
-        values.push_back(&value);
-    }
-    merging.add(unset, values);
-  }
+  for (const Source &source : sourcesOf(project, choice, processor))
+    merging.add(source);
   std::vector<ProjectValue> ofLine;
   for (const auto &[setting, value] : line)
     ofLine.push_back({setting, ExpectSetting(setting, value), {}, {}});
