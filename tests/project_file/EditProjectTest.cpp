@@ -81,6 +81,21 @@ TEST_F(Editing, LeavesAValueThatSaysTheSameAlready) {
   EXPECT_EQ(same.before, same.after);
 }
 
+TEST_F(Editing, LeavesAChainThatSaysTheSameAlready) {
+  const Value::Chain devices{
+      {{"devicenr", 1}, {"partname", "xc"}, {"irlength", 6}, {"idcode", 0x93}}};
+  for (const char *const chain :
+       {"[[processor.lc.chain]] # the board's\nidcode = 147\ndevicenr = 1\n"
+        "# six\nirlength = 6\npartname = 'xc'\n",
+        "[[processor.lc.chain]] # the board's\nidcode = \"0x93\"\n"
+        "devicenr = 1\nirlength = 6\npartname = 'xc'\nisfpga = false\n",
+        "[processor.lc]\nchain = [ # the board's\n  { idcode = '147', devicenr "
+        "= 1, irlength = 6, partname = 'xc', isfpga = false }\n]\n"}) {
+    given(chain);
+    EXPECT_EQ(edited(edit("lc", {{"chain", devices}})), chain);
+  }
+}
+
 TEST_F(Editing, MakesALocalFileThatIsMissing) {
   given("[settings]\ncable.cableType = \"quorla_podusb\"\n");
   EXPECT_EQ(edited(local(edit("lc", {{"cable.esn", "0042"}}))),

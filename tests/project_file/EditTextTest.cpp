@@ -118,6 +118,23 @@ TEST(EditText, WritesAChainOverOneWithHeaders) {
             "[settings]\nx = 1\nchain = []\n\n");
 }
 
+TEST(EditText, LeavesAChainWithHeadersThatSaysTheSame) {
+  const std::string chain = "[settings]\nx = 1\n\n"
+                            "[[settings.chain]] # first\n# an id\n"
+                            "a = 0x10\n[[settings.chain]]\n  b = 'p'\n";
+  const Path path{"settings", "chain"};
+  const std::string same = "[{ a = 16 }, { b = \"p\" }]";
+  EXPECT_EQ(withKey(chain, path, 1, writes(same)), chain);
+  EXPECT_EQ(withKey(chain + "[z]\n", path, 1, writes(same)), chain + "[z]\n");
+  for (const char *const other :
+       {"[{ b = \"p\" }, { a = 16 }]", "[{ a = 16 }]", "[{ a = 16 }, {}]",
+        "[{ a = 16 }, { b = \"q\" }]", "[{ a = 16 }, { b = \"p\", c = 1 }]"})
+    EXPECT_EQ(withKey(chain, path, 1, writes(other)),
+              std::string("[settings]\nx = 1\nchain = ") + other +
+                  "\n\n# an id\n")
+        << other;
+}
+
 std::string written(const char *setting, const Value &value,
                     const std::string &before = "") {
   return writtenValue(*FindSetting(setting), ExpectSetting(setting, value),

@@ -215,6 +215,8 @@ private:
   }
 
   void set(const std::string &setting, const Value &value) {
+    if (says(setting, value))
+      return;
     const bool hasMark = withoutMark(text()).size() != text().size();
     std::string now = withoutMark(text());
     std::vector<std::string> names = unsetOf(readToml(now).root);
@@ -227,37 +229,20 @@ private:
     const std::string lineEnd = lineEndOf(now);
     now = withKey(now, settingPath(table, setting), table.size(),
                   [&](const std::string &before) {
-                    return keeps(info, value, before)
-                               ? before
-                               : writtenValue(info, value, before, lineEnd);
+                    return writtenValue(info, value, before, lineEnd);
                   });
     change((hasMark ? byteOrderMark : "") + now);
   }
 
-  /// Whether what is written says the value already, in its own words.
-  static bool keeps(const SettingInfo &info, const Value &value,
-                    const std::string &before) {
-    if (before.empty() || value.IsChain())
-      return false;
-    const TomlDocument document = readToml("value = " + before);
-    const TomlMember *const member = document.root.find("value");
-    if (member == nullptr)
-      return false;
-    const TomlNode &node = member->value;
-    try {
-      switch (node.type) {
-      case TomlType::boolean:
-        return ExpectSetting(info.id, node.flag) == value;
-      case TomlType::integer:
-        return ExpectSetting(info.id, node.integer) == value;
-      case TomlType::text:
-        return ExpectSetting(info.id, node.text) == value;
-      default:
-        return false;
-      }
-    } catch (const Refusal &) {
-      return false;
-    }
+  /// Whether the table says the value already, in its own words.
+  bool says(const std::string &setting, const Value &value) const {
+    const Project project = read();
+    const ProjectTable *const there = findTable(project);
+    return there != nullptr &&
+           std::any_of(there->values.begin(), there->values.end(),
+                       [&](const ProjectValue &one) {
+                         return one.setting == setting && one.value == value;
+                       });
   }
 
   void unset(const std::string &setting) {

@@ -235,27 +235,24 @@ std::string withKey(const std::string &text, const Path &path,
   const TomlNode *const there = findNode(document.root, path);
   const bool hasHeaders = there != nullptr && there->type == TomlType::array &&
                           text.compare(there->span.begin, 2, "[[") == 0;
-  std::string without = text;
-  if (hasHeaders) {
-    without = withoutHeaders(text, path);
-  } else if (there != nullptr) {
-    const std::string before =
-        text.substr(there->span.begin, there->span.end - there->span.begin);
-    const std::string written = write(before);
-    TomlNode meant = document.root;
-    const TomlNode value = nodeOf(written);
-    // What says the same stays as it is written.
-    if (isSame(*there, value))
-      return text;
-    put(meant, path, 0, value);
+  const bool isInPlace = there != nullptr && !hasHeaders;
+  const std::string written =
+      write(isInPlace ? text.substr(there->span.begin,
+                                    there->span.end - there->span.begin)
+                      : "");
+  const TomlNode value = nodeOf(written);
+  // What says the same stays as it is written.
+  if (there != nullptr && isSame(*there, value))
+    return text;
+  TomlNode meant = document.root;
+  put(meant, path, 0, value);
+  if (isInPlace) {
     std::string result = replaced(text, there->span, written);
     if (means(result, std::move(meant)))
       return result;
     throw std::logic_error("the value cannot be replaced");
   }
-  const std::string written = write("");
-  TomlNode meant = document.root;
-  put(meant, path, 0, nodeOf(written));
+  const std::string without = hasHeaders ? withoutHeaders(text, path) : text;
   for (std::string &result : insertions(without, path, table, written))
     if (means(result, meant))
       return std::move(result);
