@@ -169,6 +169,23 @@ TEST_F(Editing, UnsetSaysSoWhateverAHigherSourceSays) {
   EXPECT_EQ(edited(away), below + again + taken);
 }
 
+TEST_F(Editing, UnsetKeepsWhatStandsBesideAnItem) {
+  const std::string below =
+      "[settings]\ndebugDevice = 1\ncable.cableType = \"quorla_podusb\"\n";
+  const std::string front =
+      below +
+      "[processor.lc]\nunset = [ # not here\n  'cable.cableType', # one\n";
+  given(front + "] # end\n");
+  EXPECT_EQ(edited(edit("lc", {}, {"cable.cableType"})), front + "] # end\n");
+  EXPECT_EQ(edited(edit("lc", {}, {"debugDevice"})),
+            front + "  'debugDevice',\n] # end\n");
+  EXPECT_EQ(edited(edit("lc", {{"debugDevice", 3}})),
+            front + "] # end\ndebugDevice = 3\n");
+  EXPECT_EQ(edited(edit("lc", {{"cable.cableType", "quorla_podusb"}})),
+            below + "[processor.lc]\ndebugDevice = 3\ncable.cableType = "
+                    "\"quorla_podusb\"\n");
+}
+
 TEST_F(Editing, UnsetOfAllProcessorsSaysSoForAnyOfThem) {
   const std::string ofOne = "[processor.ppc405]\ndebugDevice = 3\n";
   const std::string ofAll = "[settings]\ndebugDevice = 2\n";

@@ -7,6 +7,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Files.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
+#include "editing/EditList.h"
 #include "editing/EditText.h"
 #include "editing/TargetProfile.h"
 #include "editing/WantedValues.h"
@@ -191,40 +192,47 @@ private:
 
   // --- Bytes -----------------------------------------------------------------
 
-  std::vector<std::string> unsetOf(const TomlNode &root) const {
-    std::vector<std::string> names;
+  Path unsetPath() const {
     Path path = table;
     path.emplace_back(unsetKey);
-    if (const TomlNode *const list = findNode(root, path))
+    return path;
+  }
+
+  std::vector<std::string> unsetOf(const TomlNode &root) const {
+    std::vector<std::string> names;
+    if (const TomlNode *const list = findNode(root, unsetPath()))
       for (const TomlNode &item : list->items)
         names.push_back(item.text);
     return names;
   }
 
   std::string withUnset(const std::string &of,
-                        const std::vector<std::string> &names) const {
-    Path path = table;
-    path.emplace_back(unsetKey);
-    if (names.empty())
-      return withoutKey(of, path);
-    std::string list;
-    for (const std::string &name : names)
-      list += (list.empty() ? "" : ", ") + writtenText(name);
-    return withKey(of, path, table.size(),
-                   [&list](const std::string &) { return "[" + list + "]"; });
+                        const std::string &setting) const {
+    return withKey(of, unsetPath(), table.size(),
+                   [&setting](const std::string &before) {
+                     return listWith(before, setting);
+                   });
+  }
+
+  std::string withoutUnset(const std::string &of,
+                           const std::string &setting) const {
+    const std::vector<std::string> names = unsetOf(readToml(of).root);
+    const auto times = std::count(names.begin(), names.end(), setting);
+    if (times == 0)
+      return of;
+    if (static_cast<std::size_t>(times) == names.size())
+      return withoutKey(of, unsetPath());
+    return withKey(of, unsetPath(), table.size(),
+                   [&setting](const std::string &before) {
+                     return listWithout(before, setting);
+                   });
   }
 
   void set(const std::string &setting, const Value &value) {
     if (says(setting, value))
       return;
     const bool hasMark = withoutMark(text()).size() != text().size();
-    std::string now = withoutMark(text());
-    std::vector<std::string> names = unsetOf(readToml(now).root);
-    const auto found = std::find(names.begin(), names.end(), setting);
-    if (found != names.end()) {
-      names.erase(found);
-      now = withUnset(now, names);
-    }
+    std::string now = withoutUnset(withoutMark(text()), setting);
     const SettingInfo &info = *FindSetting(setting);
     const std::string lineEnd = lineEndOf(now);
     now = withKey(now, settingPath(table, setting), table.size(),
@@ -252,11 +260,10 @@ private:
     const std::string removed =
         withoutKey(withoutMark(before), settingPath(table, setting));
     change(front + removed);
-    std::vector<std::string> names = unsetOf(readToml(removed).root);
+    const std::vector<std::string> names = unsetOf(readToml(removed).root);
     if (std::find(names.begin(), names.end(), setting) != names.end())
       return;
-    names.push_back(setting);
-    change(front + withUnset(removed, names));
+    change(front + withUnset(removed, setting));
     if (!isSaidBelow(read(), setting))
       change(front + removed);
   }
