@@ -169,6 +169,19 @@ TEST_F(Editing, UnsetSaysSoWhateverAHigherSourceSays) {
   EXPECT_EQ(edited(away), below + again + taken);
 }
 
+TEST_F(Editing, UnsetTakesADottedKeyOutOfBraces) {
+  const std::string braces =
+      "processor.lc = { cable.frequency = \"3 MHz\", debugDevice = 1 }\n";
+  const ProjectEdit away = local(edit("lc", {}, {"cable.frequency"}));
+  given("", braces);
+  EXPECT_EQ(edited(away), "processor.lc = { debugDevice = 1 }\n");
+  given("[settings]\ncable.cableType = \"quorla_podusb\"\n"
+        "cable.frequency = 6000000\n",
+        braces);
+  EXPECT_EQ(edited(away), "processor.lc = { debugDevice = 1, unset = "
+                          "[\"cable.frequency\"] }\n");
+}
+
 TEST_F(Editing, UnsetKeepsWhatStandsBesideAnItem) {
   const std::string below =
       "[settings]\ndebugDevice = 1\ncable.cableType = \"quorla_podusb\"\n";

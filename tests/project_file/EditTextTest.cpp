@@ -112,6 +112,47 @@ TEST(EditText, TakesAKeyAwayWithItsLine) {
     EXPECT_EQ(withoutKey(row.before, row.path), row.after) << row.before;
 }
 
+TEST(EditText, TakesADottedKeyInBracesAwayWithItsComma) {
+  const Path frequency{"settings", "cable", "frequency"};
+  for (const Row &row : std::vector<Row>{
+           {"settings = { debugDevice = 1, cable.frequency = \"3 MHz\" }\n",
+            frequency, "settings = { debugDevice = 1 }\n"},
+           {"settings = { cable.frequency = \"3 MHz\", debugDevice = 1 }\n",
+            frequency, "settings = { debugDevice = 1 }\n"},
+           {"settings = {a = 1,cable.frequency=2,b = 3} # c\n", frequency,
+            "settings = {a = 1,b = 3} # c\n"},
+           {"settings = { cable.frequency = 2 }\n", frequency,
+            "settings = {  }\n"},
+           {"settings = { cable.a = 1, x = 2, cable.frequency = 3, y = 4, "
+            "cable.b = 5 }\n",
+            frequency,
+            "settings = { cable.a = 1, x = 2, y = 4, cable.b = 5 }\n"},
+           {"settings = { cable.frequency = 1, x = 2, cable.b = 3 }\n",
+            frequency, "settings = { x = 2, cable.b = 3 }\n"},
+           {"settings = { cable.a = 1, x = 2, cable.frequency = 3 }\n",
+            frequency, "settings = { cable.a = 1, x = 2 }\n"},
+           {"settings = { a = ',}', \"cable\" . 'frequency' = [ 1, # },\n 2 "
+            "], b = { c = 1 } }\n",
+            frequency, "settings = { a = ',}', b = { c = 1 } }\n"},
+           {"settings = { cable.frequencyX = 1, frequency = 2, cable.frequency "
+            "= 3 , cable.x.frequency = 4 }\n",
+            frequency,
+            "settings = { cable.frequencyX = 1, frequency = 2, "
+            "cable.x.frequency = 4 }\n"},
+           {"settings = { x = 1, cable = { frequency = 2, esn = '' } }\n",
+            frequency, "settings = { x = 1, cable = { esn = '' } }\n"},
+           {"settings.cable = { esn = '', frequency = 2 }\n", frequency,
+            "settings.cable = { esn = '' }\n"},
+           {"processor = { 'a.b'.debugDevice = 1, \"a.b\".x = 2, a.b.x = 3 }\n",
+            deviceOfCpu, "processor = { \"a.b\".x = 2, a.b.x = 3 }\n"},
+           {"processor = { 'a.b'.debugDevice = 1, a.b.x = 3 }\n", deviceOfCpu,
+            "processor = { a.b.x = 3 }\n"},
+           {"settings = { debugDevice = 1, cable.esn = '' }\n", frequency,
+            "settings = { debugDevice = 1, cable.esn = '' }\n"},
+       })
+    EXPECT_EQ(withoutKey(row.before, row.path), row.after) << row.before;
+}
+
 TEST(EditText, WritesAChainOverOneWithHeaders) {
   EXPECT_EQ(withKey("[settings]\nx = 1\n\n[[settings.chain]]\na = 1\n",
                     {"settings", "chain"}, 1, writes("[]")),

@@ -176,21 +176,19 @@ std::vector<std::string> insertions(const std::string &text, const Path &path,
 }
 
 /// A pair in braces, with the comma that parts it from the others.
-std::string withoutMember(const std::string &text, const TomlNode &around,
-                          const std::string &key) {
-  for (std::size_t at = 0; at < around.members.size(); ++at) {
-    if (around.members[at].key != key)
+/// @param braces  where they open
+/// @param path    of the key inside them
+std::string withoutMember(const std::string &text, std::size_t braces,
+                          const Path &path) {
+  const std::vector<Statement> pairs = pairsInBraces(text, braces);
+  for (std::size_t at = 0; at < pairs.size(); ++at) {
+    const Statement &one = pairs[at];
+    if (one.path != path)
       continue;
-    if (at + 1 < around.members.size())
-      return replaced(
-          text, {around.members[at].offset, around.members[at + 1].offset}, "");
-    if (at > 0)
-      return replaced(text,
-                      {around.members[at - 1].value.span.end,
-                       around.members[at].value.span.end},
-                      "");
+    if (at + 1 < pairs.size())
+      return replaced(text, {one.key.begin, pairs[at + 1].key.begin}, "");
     return replaced(
-        text, {around.members[at].offset, around.members[at].value.span.end},
+        text, {at > 0 ? pairs[at - 1].value.end : one.key.begin, one.value.end},
         "");
   }
   return text;
@@ -269,9 +267,14 @@ std::string withoutKey(const std::string &text, const Path &path) {
   for (const Statement &one : statementsOf(text))
     if (one.kind == Statement::Kind::pair && wholePath(one) == path)
       results.push_back(replaced(text, one.lines, ""));
-  const Path around(path.begin(), path.end() - 1);
-  if (const TomlNode *const node = findNode(document.root, around))
-    results.push_back(withoutMember(text, *node, path.back()));
+  for (std::size_t parts = path.size() - 1; parts > 0; --parts) {
+    const Path around(path.begin(),
+                      path.begin() + static_cast<std::ptrdiff_t>(parts));
+    const TomlNode *const node = findNode(document.root, around);
+    if (node->isInline)
+      results.push_back(
+          withoutMember(text, node->span.begin, behind(path, parts)));
+  }
   results.push_back(withoutHeaders(text, path));
   for (std::string &result : results)
     if (means(result, meant))

@@ -81,12 +81,14 @@ std::size_t skipBrackets(std::string_view text, std::size_t at) {
   return at;
 }
 
-std::size_t skipValue(std::string_view text, std::size_t at) {
+/// @param ends  what may follow on the line, beside its end
+std::size_t skipValue(std::string_view text, std::size_t at,
+                      std::string_view ends) {
   if (at < text.size() && (text[at] == '"' || text[at] == '\''))
     return skipString(text, at);
   if (at < text.size() && (text[at] == '[' || text[at] == '{'))
     return skipBrackets(text, at);
-  std::size_t end = std::min(text.find('#', at), endOfLine(text, at));
+  std::size_t end = std::min(text.find_first_of(ends, at), endOfLine(text, at));
   while (end > at && (isBlank(text[end - 1]) || text[end - 1] == '\r'))
     --end;
   return end;
@@ -214,7 +216,8 @@ bool readHeader(std::string_view text, Statement &statement) {
 }
 
 /// A key and its value. @return whether there is a key with its equals sign
-bool readPair(std::string_view text, Statement &statement) {
+bool readPair(std::string_view text, Statement &statement,
+              std::string_view ends) {
   statement.key.end = readPath(text, statement.key.begin, statement.path);
   if (statement.key.end == none)
     return false;
@@ -222,7 +225,7 @@ bool readPair(std::string_view text, Statement &statement) {
   if (equals >= text.size() || text[equals] != '=')
     return false;
   statement.value.begin = skipBlanks(text, equals + 1);
-  statement.value.end = skipValue(text, statement.value.begin);
+  statement.value.end = skipValue(text, statement.value.begin, ends);
   return true;
 }
 
@@ -239,7 +242,8 @@ std::vector<Statement> statementsOf(std::string_view text) {
       Statement statement;
       statement.key.begin = at;
       const bool isHeader = text[at] == '[';
-      if (!(isHeader ? readHeader : readPair)(text, statement))
+      if (!(isHeader ? readHeader(text, statement)
+                     : readPair(text, statement, "#")))
         return statements;
       if (isHeader)
         header = statement.path;
@@ -252,6 +256,19 @@ std::vector<Statement> statementsOf(std::string_view text) {
     start = end + 1;
   }
   return statements;
+}
+
+std::vector<Statement> pairsInBraces(std::string_view text, std::size_t at) {
+  std::vector<Statement> pairs;
+  do {
+    Statement pair;
+    pair.key.begin = skipBlanks(text, at + 1);
+    if (!readPair(text, pair, ",}"))
+      break;
+    at = skipBlanks(text, pair.value.end);
+    pairs.push_back(std::move(pair));
+  } while (at < text.size() && text[at] == ',');
+  return pairs;
 }
 
 std::optional<std::size_t> findDeepKey(std::string_view text,

@@ -27,6 +27,10 @@ struct Statement {
 
 std::vector<Statement> statementsOf(std::string_view text);
 
+/// The pairs of a table in braces, with their keys and values alone.
+/// @param at  of its opening brace, in valid TOML
+std::vector<Statement> pairsInBraces(std::string_view text, std::size_t at);
+
 /// Where a key with more parts than these stands.
 std::optional<std::size_t> findDeepKey(std::string_view text, std::size_t most);
 
