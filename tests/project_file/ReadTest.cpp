@@ -142,6 +142,13 @@ TEST(Finding, ReadsBothFilesAndRefusesWhatIsNone) {
                 ": there is no such file");
   EXPECT_THAT(model_test::refusalOf([&] { ReadProject(work.path().string()); }),
               testing::EndsWith("is a folder, no file"));
+  // A link to nothing is no file that is missing.
+  fs::remove(work.path() / "zeldebug.local.toml");
+  fs::create_symlink("nowhere", work.path() / "zeldebug.local.toml");
+  EXPECT_THAT(model_test::refusalOf([&] { ReadProject(file); }),
+              testing::EndsWith("zeldebug.local.toml: is a link to nothing"));
+  work.write("nowhere", "use.probe = \"none\"\n");
+  EXPECT_TRUE(ReadProject(file).local.exists);
 }
 
 } // namespace

@@ -42,9 +42,12 @@ public:
 std::optional<std::string> findFile(const std::string &path) {
   const Descriptor file(path);
   if (file.number < 0) {
-    if (errno == ENOENT)
-      return std::nullopt;
-    refuse(path, std::generic_category().message(errno));
+    if (errno != ENOENT)
+      refuse(path, std::generic_category().message(errno));
+    struct stat link = {};
+    if (lstat(path.c_str(), &link) == 0)
+      refuse(path, "is a link to nothing");
+    return std::nullopt;
   }
   struct stat status = {};
   if (fstat(file.number, &status) != 0)

@@ -8,7 +8,8 @@
 namespace ZelDebugDialog::project {
 
 /// The content of a regular file; nothing where there is none.
-/// @throws Refusal (unreadable) for one that cannot be read, or is too long
+/// @throws Refusal (unreadable) for one that cannot be read, or is too long,
+///   and for a link to nothing
 std::optional<std::string> findFile(const std::string &path);
 
 /// @throws Refusal (unreadable), also where there is none
