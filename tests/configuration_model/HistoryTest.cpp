@@ -269,9 +269,145 @@ TEST_F(HistoryTest, SavingMakesWhatStandsWhatTheFileGives) {
   EXPECT_TRUE(session.State().canRedo);
   session.Undo();
   EXPECT_EQ(session.Get("debugDevice"), Value(2));
-  EXPECT_EQ(originOf(session, "debugDevice"), "file:38");
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
   session.Redo();
   EXPECT_EQ(session.Get("connectCommand"), Value(written));
+}
+
+/// The settings that are said to be of the file, and are otherwise in it.
+std::vector<std::string> misplaced(const SessionState &state,
+                                   const SessionState &anew) {
+  std::vector<std::string> found;
+  const auto look = [&found](const SettingState &is, const SettingState &was) {
+    const bool isOfFile = is.origin.substr(0, 5) == "file:";
+    const bool isAsThere = is.value == was.value && is.origin == was.origin;
+    if (isOfFile && !isAsThere)
+      found.push_back(is.id + " " + is.text + " " + is.origin);
+  };
+  for (const SettingState &setting : state.settings)
+    look(setting, settingIn(anew, setting.id));
+  for (std::size_t i = 0; i < state.chain.size(); ++i)
+    for (std::size_t k = 0; k < state.chain[i].size(); ++k)
+      look(state.chain[i][k],
+           i < anew.chain.size() ? anew.chain[i][k] : SettingState());
+  return found;
+}
+
+TEST_F(HistoryTest, OnlyWhatTheFileSaysComesFromItWhereverOneGoes) {
+  Session session =
+      openWith("connect lc hdu -cable type quorla_podusb port USB22 frequency "
+               "3000000 -configdevice partname p irlength 4 -debugdevice "
+               "devicenr 2");
+  session.Change({{"debugDevice", 3}});
+  session.Change({{"cable.cableType", 3}, {"cable.port", "USB23"}});
+  session.Change({{"chain", Value::Chain{{{"partname", "p"}, {"irlength", 5}},
+                                         {{"partname", "q"}}}}});
+  session.Save();
+  session.Change({{"cable.cableType", "none"}, {"stubTimeout", 7}});
+  session.Reset({});
+  session.Edit("connect lc sim");
+  const auto walk = [&] {
+    const SessionState anew = open().State();
+    while (session.State().canUndo) {
+      session.Undo();
+      EXPECT_THAT(misplaced(session.State(), anew), IsEmpty());
+    }
+    while (session.State().canRedo) {
+      session.Redo();
+      EXPECT_THAT(misplaced(session.State(), anew), IsEmpty());
+    }
+  };
+  walk();
+  for (int step = 0; step < 3; ++step) {
+    session.Undo();
+    SaveOptions options;
+    options.force = true;
+    session.Save(options);
+    walk();
+  }
+}
+
+TEST_F(HistoryTest, WhatIsSavedComesFromTheFileBeforeAndAfter) {
+  Session session = open();
+  session.Change({{"debugDevice", 3}});
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+  session.Change({{"chain", Value::Chain{{{"partname", "p"}}}}});
+  session.Save();
+  EXPECT_EQ(originOf(session, "debugDevice").substr(0, 5), "file:");
+  const std::string place = originOf(session, "debugDevice");
+  session.Undo(); // of the chain
+  EXPECT_EQ(originOf(session, "debugDevice"), place);
+  EXPECT_EQ(originOf(session, "chain"), "default");
+  session.Undo();
+  EXPECT_EQ(session.Get("debugDevice"), Value(0));
+  EXPECT_EQ(originOf(session, "debugDevice"), "default");
+  session.Redo();
+  EXPECT_EQ(originOf(session, "debugDevice"), place);
+  session.Redo();
+  EXPECT_EQ(originOf(session, "chain").substr(0, 5), "file:");
+  // And so the other way: what is undone and saved is not what is done again.
+  session.Undo();
+  session.Undo();
+  session.Save();
+  EXPECT_EQ(saved(), "connect lc hdu -debugdevice cpunr 1");
+  session.Redo();
+  EXPECT_EQ(session.Get("debugDevice"), Value(3));
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+  session.Redo();
+  EXPECT_EQ(originOf(session, "chain"), "changed");
+  EXPECT_EQ(originOf(session, "chain[0].partname"), "changed");
+  session.Save();
+  EXPECT_EQ(originOf(session, "debugDevice"), place);
+}
+
+TEST_F(HistoryTest, WhatATypedCommandGaveIsItsOwnUnlessTheFileSaysIt) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 2");
+  session.Edit("connect lc hdu -debugdevice devicenr 3");
+  session.Change({{"debugDevice", 4}});
+  session.Save();
+  session.Undo();
+  EXPECT_EQ(originOf(session, "debugDevice"), "command:38");
+  EXPECT_EQ(originOf(session, "connection"), "file:12");
+  session.Undo();
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+}
+
+TEST_F(HistoryTest, ANumberThatAnEarlierFileHadCutIsToldWhereItStands) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 200");
+  const auto codes = [&session] {
+    std::vector<std::string> found;
+    for (const CommandDiagnostic &diagnostic : session.State().diagnostics)
+      found.push_back(diagnostic.code);
+    return found;
+  };
+  const std::vector<std::string> told = codes();
+  ASSERT_THAT(told, testing::Not(IsEmpty()));
+  session.Change({{"debugDevice", 3}});
+  EXPECT_THAT(codes(), IsEmpty());
+  session.Save();
+  EXPECT_THAT(codes(), IsEmpty());
+  session.Undo();
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+  EXPECT_EQ(codes(), told);
+  session.Change({{"stubTimeout", 7}});
+  EXPECT_EQ(codes(), told);
+  session.Change({{"debugDevice", 4}});
+  EXPECT_THAT(codes(), IsEmpty());
+}
+
+TEST_F(HistoryTest, NothingComesFromAFileThatIsRefused) {
+  Session session = openWith("connect lc hdu -debugdevice devicenr 2");
+  session.Change({{"cpuJtag", 1}});
+  SaveOptions options;
+  options.force = true;
+  session.Save(options);
+  ASSERT_NE(session.Problem(), "");
+  EXPECT_EQ(session.Get("debugDevice"), Value(2));
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
+  EXPECT_EQ(session.Get("connectCommand"), Value(saved()));
+  EXPECT_EQ(originOf(session, "connectCommand"), "file:1");
+  session.Undo();
+  EXPECT_EQ(originOf(session, "debugDevice"), "changed");
 }
 
 TEST_F(HistoryTest, WhatSavingLosesDoesNotComeFromTheFile) {

@@ -163,11 +163,20 @@ void SessionImp::noteSaved() {
   const bool isRead = problem.empty();
   step.now.record.connectCommand =
       isRead ? saved->now.record.connectCommand : lineOfFile(loaded.text);
-  if (isRead) {
-    noteSavedOrigins(*saved, step);
-    step.read = saved->read;
-  }
+  noteSavedOrigins(*saved, step);
+  step.origins["connectCommand"] = "file:1";
+  step.read = saved->read;
+  step.savings = ++savings;
   current = std::make_shared<const Step>(std::move(step));
+}
+
+StepPointer SessionImp::asSaved(const StepPointer &step) const {
+  if (step->savings == savings)
+    return step;
+  Step told = *step;
+  noteSavedSince(*saved, told);
+  told.savings = savings;
+  return std::make_shared<const Step>(std::move(told));
 }
 
 void SessionImp::noteOrigins(Step &step, const std::string &command,
@@ -229,6 +238,7 @@ std::vector<Effect> SessionImp::take(Step next, const std::string &why,
   static const std::set<std::string> none;
   std::vector<Effect> effects = effectsBetween(
       current->now, next.now, withAsked ? none : next.asked, why);
+  next.savings = savings;
   past.push_back(current);
   future.clear();
   current = std::make_shared<const Step>(std::move(next));
@@ -375,10 +385,11 @@ std::vector<Effect> SessionImp::edit(const std::string &command) {
 std::vector<Effect> SessionImp::undo() {
   if (past.empty())
     throw Refusal(RefusalKind::nothingToUndo, "", "there is nothing to undo");
+  StepPointer step = asSaved(past.back());
   std::vector<Effect> effects =
-      effectsBetween(current->now, past.back()->now, {}, "undone");
+      effectsBetween(current->now, step->now, {}, "undone");
   future.push_back(current);
-  current = past.back();
+  current = std::move(step);
   past.pop_back();
   return effects;
 }
@@ -386,10 +397,11 @@ std::vector<Effect> SessionImp::undo() {
 std::vector<Effect> SessionImp::redo() {
   if (future.empty())
     throw Refusal(RefusalKind::nothingToRedo, "", "there is nothing to redo");
+  StepPointer step = asSaved(future.back());
   std::vector<Effect> effects =
-      effectsBetween(current->now, future.back()->now, {}, "done again");
+      effectsBetween(current->now, step->now, {}, "done again");
   past.push_back(current);
-  current = future.back();
+  current = std::move(step);
   future.pop_back();
   return effects;
 }
@@ -438,6 +450,7 @@ void SessionImp::startAs(const Step &first, const std::string &origin) {
       past.empty() && (current == saved || current == start);
   Step step = first;
   noteStart(step, origin);
+  step.savings = savings;
   start = std::make_shared<const Step>(std::move(step));
   if (loaded.exists || !isUntouched)
     return;

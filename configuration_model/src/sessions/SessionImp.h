@@ -73,6 +73,7 @@ public:
   StepPointer current;
   std::vector<StepPointer> past;
   std::vector<StepPointer> future;
+  std::size_t savings = 0; ///< how often the file has come to be what it is
   std::unique_ptr<LockFile> lock; ///< while it is held
 
   /// Reads the file and takes what it gives for what is saved.
@@ -96,6 +97,9 @@ private:
   /// A command's settings, each with its column behind `origin`.
   void noteOrigins(Step &step, const std::string &command,
                    const std::string &origin);
+  /// A step of the history, which tells what comes from the file as that is
+  /// now.
+  StepPointer asSaved(const StepPointer &step) const;
   /// The current step, with nothing asked for yet.
   Step startStep() const;
   /// What makes a step.

@@ -82,7 +82,7 @@ void appendWarningsOfRead(std::vector<CommandDiagnostic> &found,
   if (step.read.text.empty() || step.read.text == step.analysis.command)
     return;
   CheckOptions options;
-  options.ofFile = step.read.origin == "file";
+  options.ofFile = step.read.origin != "command";
   for (CommandDiagnostic &diagnostic :
        CheckCommand(step.read.text, options).diagnostics) {
     const bool isTold = std::any_of(found.begin(), found.end(),
@@ -98,9 +98,7 @@ void appendWarningsOfRead(std::vector<CommandDiagnostic> &found,
 
 std::string originOf(const Step &step, const SettingRow &row,
                      const std::string &id) {
-  const auto found = step.origins.find(id);
-  const std::string place =
-      found == step.origins.end() ? std::string() : found->second;
+  const std::string place = shownOrigin(step, id);
   if (row.isIdentity)
     return originOfIdentity(row, step.now.record, place);
   return place.empty() ? "default" : place;

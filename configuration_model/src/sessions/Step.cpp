@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "settings/SettingTable.h"
+#include "text/Front.h"
 
 namespace ZelDebugDialog::model {
 
@@ -50,6 +51,7 @@ void noteChangedDevices(const Snapshot &before, Step &after) {
 }
 
 constexpr std::string_view inFile = "file:";
+constexpr std::string_view inEarlierFile = "earlier:";
 
 /// Of a setting, or of a device's field.
 void copyOrigin(const Step &from, Step &to, const std::string &name) {
@@ -60,12 +62,11 @@ void copyOrigin(const Step &from, Step &to, const std::string &name) {
     to.origins[name] = found->second;
 }
 
-/// A place in the file that is no more says nothing.
+/// It is no place in the file as that is now.
 void forgetPlace(Step &step, const std::string &name) {
   const auto found = step.origins.find(name);
-  if (found != step.origins.end() &&
-      std::string_view(found->second).substr(0, inFile.size()) == inFile)
-    found->second = changed;
+  if (found != step.origins.end() && startsWith(found->second, inFile))
+    found->second.replace(0, inFile.size(), inEarlierFile);
 }
 
 bool hasReadableCommand(const Analysis &analysis) {
@@ -134,6 +135,21 @@ void noteSavedOrigins(const Step &saved, Step &step) {
     for (const SettingRow *const row : deviceRows())
       note(deviceName(i) + "." + row->deviceField(),
            valueIn(saved.now, *row, i) == valueIn(step.now, *row, i));
+}
+
+void noteSavedSince(const Step &saved, Step &step) {
+  noteSavedOrigins(saved, step);
+  if (step.read.origin != "file" || step.read.text == saved.read.text)
+    return;
+  step.read.origin = "earlier";
+  step.read.isWhole = false;
+}
+
+std::string shownOrigin(const Step &step, const std::string &name) {
+  const auto found = step.origins.find(name);
+  if (found == step.origins.end())
+    return "";
+  return startsWith(found->second, inEarlierFile) ? changed : found->second;
 }
 
 void noteStart(Step &step, const std::string &origin) {

@@ -28,14 +28,15 @@ struct DraftText {
 /// A command that was read: what is saved, or what a person has typed.
 struct ReadCommand {
   std::string text;
-  std::string origin;  ///< "file" or "command", as in `Step::origins`
+  std::string origin;  ///< "file", "earlier" or "command", as in `origins`
   bool isWhole = true; ///< nothing has replaced any of it
 };
 
 /// Never changes once it is part of a history.
 struct Step {
   Snapshot now;
-  /// Where settings come from, but for the defaults.
+  /// Where settings come from, but for the defaults. What a file gave that has
+  /// been written anew since has "earlier:<column>", the column in the old one.
   std::map<std::string, std::string> origins;
   ReadCommand read;                        ///< the last one
   std::map<std::string, DraftText> drafts; ///< by the setting
@@ -47,7 +48,8 @@ struct Step {
   /// Settings that no longer come back since a change that did not ask for
   /// them.
   std::set<std::string> displaced;
-  Analysis analysis; ///< of `now`
+  Analysis analysis;       ///< of `now`
+  std::size_t savings = 0; ///< those that `origins` knows of
 
   /// Whether a text that a person sees differs: a draft, or a command.
   bool differsInTextsFrom(const Step &other) const;
@@ -65,8 +67,15 @@ void noteDisplaced(const Step &before, Step &after);
 
 /// Says of what differs from `before` that it was changed.
 void noteChanged(const Snapshot &before, Step &after);
-/// Says that the file gives what it shares with what was saved.
+/// Says that the file gives what it shares with what was saved, and nothing
+/// else.
 void noteSavedOrigins(const Step &saved, Step &step);
+/// The same of a step of the history: what it had of the file before, it has of
+/// an earlier one now.
+void noteSavedSince(const Step &saved, Step &step);
+/// The origin of a setting or of a device's field as it is told; empty for the
+/// default.
+std::string shownOrigin(const Step &step, const std::string &name);
 /// Says that what is there is where everything begins: nothing is typed, and
 /// what is not the default comes from `origin`.
 void noteStart(Step &step, const std::string &origin);

@@ -10,6 +10,7 @@
 #include "ZelDebugDialog/EngineFacts.h"
 #include "settings/Cables.h"
 #include "settings/ConnectionKinds.h"
+#include "text/Front.h"
 
 namespace ZelDebugDialog::model {
 
@@ -288,10 +289,6 @@ FieldValue fieldValueOf(const Value &value) {
   if (value.IsFlag())
     return std::int64_t{value.Flag() ? 1 : 0};
   return value.Number();
-}
-
-bool startsWith(std::string_view text, std::string_view front) {
-  return text.substr(0, front.size()) == front;
 }
 
 constexpr std::string_view deviceFront = "chain[";

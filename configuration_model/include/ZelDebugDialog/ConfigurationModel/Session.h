@@ -81,7 +81,8 @@ struct SettingState {
   std::string text;   ///< The value for people.
   Value defaultValue; ///< Of a cable's setting: that of the present cable.
   /// "default", "design", "file:<column>", "command:<column>", "changed", or
-  /// what `Session::StartAs` was given.
+  /// what `Session::StartAs` was given. Once another value is saved, one that
+  /// undoing brings back from the file before is "changed".
   std::string origin;
   /// Whether changing it, together with those that its row names, can change
   /// the command that is written.
