@@ -1,5 +1,6 @@
 // Changing settings: what was asked for stands, or nothing has changed.
 #include <algorithm>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -195,6 +196,37 @@ TEST_F(ChangeTest, TheChainIsChangedWhole) {
             "by 'chain'");
   session.Change({{"chain", Value::Chain{}}});
   EXPECT_EQ(session.Command(), "connect lc hdu -debugdevice cpunr 1");
+}
+
+TEST_F(ChangeTest, ADeviceWithANumberOutOfRangeIsChangedInAnotherField) {
+  Session session = openWith("connect lc hdu -configdevice devicenr 200 "
+                             "partname p irlength 4 -debugdevice cpunr 1");
+  Value::Chain chain = session.Get("chain").Devices();
+  const auto field = [&chain](const std::string &name) -> Value & {
+    for (auto &[id, value] : chain.front())
+      if (id == name)
+        return value;
+    throw std::out_of_range(name);
+  };
+  EXPECT_EQ(field("devicenr"), Value(-56));
+  field("irlength") = 5;
+  EXPECT_THAT(session.Change({{"chain", chain}}), IsEmpty());
+  EXPECT_EQ(session.Get("chain[0].devicenr"), Value(-56));
+  EXPECT_EQ(session.Get("chain[0].irlength"), Value(5));
+  field("irlength") = 128;
+  EXPECT_EQ(refusalOf([&] {
+              session.Change({{"chain", chain}});
+            }),
+            "bad-value: chain[0].irlength: '128' is no number from 0 to 127 "
+            "(decimal or 0x)");
+  field("irlength") = 6;
+  field("devicenr") = -55;
+  EXPECT_EQ(refusalOf([&] {
+              session.Change({{"chain", chain}});
+            }),
+            "bad-value: chain[0].devicenr: '-55' is no number from 0 to 127 "
+            "(decimal or 0x)");
+  EXPECT_EQ(session.Get("chain[0].irlength"), Value(5));
 }
 
 TEST_F(ChangeTest, ARequestStartsFromACommandAndValuesStandOverIt) {

@@ -331,13 +331,65 @@ TEST_F(ValuesTest, DevicesThatAreThereStayWhateverTheyAre) {
   EXPECT_EQ(taken({{}, present}), "accepted");
   EXPECT_EQ(taken({present, {{"nppc", 1}}, present}), "accepted");
   // Another one is like any that is new.
-  present[6].second = 1;
+  current.chain.clear();
   EXPECT_THAT(taken({present}),
               testing::StartsWith("bad-value: chain[0].partname: 'a b' "));
-  current.chain.clear();
   present[0].second = "a";
   EXPECT_THAT(taken({{}, present}),
               testing::StartsWith("bad-value: chain[1].devicenr: '-56' "));
+}
+
+TEST_F(ValuesTest, AFieldOfADeviceThatIsNotTouchedStaysWhateverItIs) {
+  JtagOption odd;
+  odd.devicenr = -56; // of a command that says 200
+  odd.partname = "a b";
+  current.chain = {JtagOption(), odd};
+  const ChainDevice first = deviceValue(JtagOption());
+  const struct {
+    Value::Chain asked;
+    const char *outcome;
+  } rows[] = {
+      // partname, devicenr and nppc of the second
+      {{first, {{"partname", "a b"}, {"devicenr", -56}, {"nppc", 1}}},
+       "a b -56 1"},
+      {{first, {{"partname", "c"}, {"devicenr", -56}}}, "c -56 0"},
+      {{first, {{"partname", "a b"}, {"devicenr", 7}}}, "a b 7 0"},
+      {{first, {{"partname", "a b"}, {"devicenr", "-56"}}}, "a b -56 0"},
+      // What is left out has the default of a new device.
+      {{first, {{"devicenr", -56}}}, "UNKNOWN -56 0"},
+      {{{{"nppc", 2}}, {{"devicenr", -56}}}, "UNKNOWN -56 0"},
+      // Another value, another field, another place.
+      {{first, {{"partname", "a b"}, {"devicenr", -55}}},
+       "chain[1].devicenr: '-55' is no number from 0 to 127 (decimal or 0x)"},
+      {{first, {{"devicenr", -56}, {"irlength", -56}}},
+       "chain[1].irlength: '-56' is no number from 0 to 127 (decimal or 0x)"},
+      {{first, {{"partname", "a  b"}}},
+       "chain[1].partname: 'a  b' is refused: it holds white space, and a "
+       "command ends its words there"},
+      {{{{"devicenr", -56}}, {{"devicenr", -56}}},
+       "chain[0].devicenr: '-56' is no number from 0 to 127 (decimal or 0x)"},
+      {{first, {{"devicenr", -56}}, {{"devicenr", -56}}},
+       "chain[2].devicenr: '-56' is no number from 0 to 127 (decimal or 0x)"},
+      {{{{"devicenr", -56}, {"nppc", 1}}},
+       "chain[0].devicenr: '-56' is no number from 0 to 127 (decimal or 0x)"},
+      {{first, {{"devicenr", -56}, {"devicenr", -56}}},
+       "chain[1].devicenr: '-56' is given twice"},
+      {{first, {{"devicenr", "-56x"}}},
+       "chain[1].devicenr: '-56x' is no number from 0 to 127 (decimal or 0x)"},
+  };
+  for (const auto &row : rows) {
+    std::string outcome;
+    try {
+      const Value taken =
+          expectValue(expectSettable("chain"), row.asked, current, defaults);
+      const JtagOption device = deviceOf(taken.Devices().at(1));
+      outcome = device.partname + " " + std::to_string(device.devicenr) + " " +
+                std::to_string(device.nppc);
+    } catch (const Refusal &refusal) {
+      outcome = refusal.what();
+    }
+    EXPECT_EQ(outcome, row.outcome);
+  }
 }
 
 TEST_F(ValuesTest, SamplesAreThePresentValueAndAllThatAWriterTellsApart) {

@@ -206,13 +206,21 @@ Value expectTextValue(const SettingRow &row, const Value &asked) {
   return asked;
 }
 
-ChainDevice expectDevice(const ChainDevice &asked, std::size_t position) {
+/// A field that is as it is in the device of the same place stays whatever it
+/// is.
+ChainDevice expectDevice(const ChainDevice &asked, std::size_t position,
+                         const Snapshot &current) {
   const ChainDevice fresh = deviceValue(JtagOption());
   ChainDevice device = fresh;
   std::vector<std::string> names;
   for (const auto &[name, value] : fresh)
     names.push_back(name);
   std::vector<bool> seen(fresh.size(), false);
+  Snapshot byDefault;
+  byDefault.chain.emplace_back();
+  Snapshot present = byDefault;
+  if (position < current.chain.size())
+    present.chain.front() = current.chain[position];
   for (const auto &[name, value] : asked) {
     const std::string setting = deviceName(position) + "." + name;
     const auto found = std::find(names.begin(), names.end(), name);
@@ -226,9 +234,7 @@ ChainDevice expectDevice(const ChainDevice &asked, std::size_t position) {
     seen[field] = true;
     SettingRow row = *findRow(setting);
     row.info.id = setting;
-    Snapshot one;
-    one.chain.emplace_back();
-    device[field].second = expectValue(row, value, one, one);
+    device[field].second = expectValue(row, value, present, byDefault);
   }
   return device;
 }
@@ -267,8 +273,9 @@ Value expectChain(const SettingRow &row, const Value &asked,
   const PresentDevices present(valueIn(current, row));
   Value::Chain chain;
   for (const ChainDevice &device : asked.Devices())
-    chain.push_back(
-        present.contains(device) ? device : expectDevice(device, chain.size()));
+    chain.push_back(present.contains(device)
+                        ? device
+                        : expectDevice(device, chain.size(), current));
   return chain;
 }
 
