@@ -10,6 +10,14 @@ A member whose description begins with "Optional" is left out where it does not 
 """
 
 
+KINDS = {"string": "a text", "integer": "a whole number", "number": "a number", "boolean": "true or false",
+         "object": "an object", "array": "an array", "null": "null"}
+
+
+def types_of(schema):
+    return schema["type"] if isinstance(schema["type"], list) else [schema["type"]]
+
+
 def kind_of(schema):
     """A schema in a word or two."""
     if "const" in schema:
@@ -23,10 +31,7 @@ def kind_of(schema):
         if last in ("names", "diagnostics", "losses", "faults"):
             return "an array"
         return {"result": "a number", "nullableText": "a text, or null", "anything": "anything"}.get(last, "an object")
-    words = {"string": "a text", "integer": "a whole number", "number": "a number", "boolean": "true or false",
-             "object": "an object", "array": "an array", "null": "null"}
-    types = schema["type"] if isinstance(schema["type"], list) else [schema["type"]]
-    return ", or ".join(words[each] for each in types)
+    return ", or ".join(KINDS[each] for each in types_of(schema))
 
 
 def row(*cells):
@@ -69,6 +74,16 @@ def title(lines, heading, schema):
     tables(schema, lines)
 
 
+def any_setting(settings):
+    """What is true of every setting: one with choices, and with the kinds of value of all."""
+    one = next(each for each in settings if "choices" in each["properties"])
+    properties = dict(one["properties"])
+    for member in ("value", "default"):
+        found = {kind for each in settings for kind in types_of(each["properties"][member])}
+        properties[member] = {**properties[member], "type": [kind for kind in KINDS if kind in found]}
+    return {**one, "properties": properties}
+
+
 def page(content, schemas):
     lines = [HEAD.rstrip()]
     results, told = schemas["results"]["properties"], []
@@ -94,7 +109,7 @@ def page(content, schemas):
             lines += ["", "The result is [the table of settings](#the-table-of-settings)."]
     state = dict(schemas["state"]["properties"])
     settings, device = state["settings"]["properties"], state["chain"]["items"]["properties"]
-    one = next(each for each in settings.values() if "choices" in each["properties"])
+    one = any_setting(list(settings.values()))
     # Each is told by the table of settings; what is told of all of them stands once.
     state["settings"] = {"type": "object", "description": described(state["settings"])}
     state["chain"] = {"type": "array", "items": {}, "description": described(state["chain"])}
