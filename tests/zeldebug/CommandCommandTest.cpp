@@ -467,6 +467,18 @@ TEST_F(CommandCommandTest, NamesWhatIsWrongWithADocument) {
       {"{\"version\": 1,\n\"processors\": []}",
        "2: it has the settings of several processors, and those of one are "
        "taken"},
+      // Which of two is meant cannot be told.
+      {"{\"nCpu\": 1,\n\"nCpu\": 2}", "2: 'nCpu' is given twice"},
+      {"{\"nCpu\": 1,\n\n\"nCpu\"\n: 1}", "3: 'nCpu' is given twice"},
+      {"{\"record\":\n{\"nCpu\": 1,\n\"nC\\u0070u\": 2}}",
+       "3: 'nCpu' is given twice"},
+      {"{\"record\": {},\n\"record\": {}}", "2: 'record' is given twice"},
+      {"{\"chain\": [{},\n{\"irlength\": 1,\n\"irlength\": 2}]}",
+       "3: 'irlength' is given twice"},
+      {"{\"warnings\": [[{\"a\": {},\n\"a\": {}}]]}", "2: 'a' is given twice"},
+      {"{\"nCpu\": 1, \"nCpu\": 2,\n\"nCpu\": {,}", "1: 'nCpu' is given twice"},
+      {"{\"nCpu\": {,},\n\"nCpu\": 2}", "1: this is no JSON"},
+      {"{\"\": 1,\n\"\": 2}", "2: '' is given twice"},
       {"{\"record\": {},\n\"failure\": {}}",
        "2: it tells of a failure: what it shows is not what was saved"},
   };
@@ -482,6 +494,19 @@ TEST_F(CommandCommandTest, NamesWhatIsWrongWithADocument) {
   EXPECT_EQ(run.err,
             "zeldebug: error: settings.json:1: debugDevice: '200' is no number "
             "from 0 to 127 (decimal or 0x)\n");
+  // One name in several objects, or in another case, is none that is given
+  // twice.
+  folder.write("settings.json",
+               R"({"warnings": [{"code": "a"}, {"code": "b"}], "code": 1})");
+  EXPECT_THAT(refusalOf("lumacore_0", {"--settings", "settings.json"}).err,
+              HasSubstr("'code' is no setting"));
+  folder.write("settings.json",
+               R"({"chain": [{"devicenr": 1, "partname": "p"},
+                             {"devicenr": 2, "partname": "q"}],
+                   "cable": {"cableType": 3}, "origin": {"cableType": "x",
+                   "CableType": "y"}})");
+  EXPECT_THAT(commandFor("lumacore_0", {"--settings", "settings.json"}),
+              HasSubstr("-configdevice devicenr 2 partname q"));
   folder.write("settings.json", "{\n\"connection\": \"vp\"}");
   const Result kind = refusalOf("lumacore_1", {"--settings", "settings.json"});
   EXPECT_EQ(kind.status, 1);

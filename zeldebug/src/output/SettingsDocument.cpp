@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <set>
 #include <sstream>
 
 #include <fmt/format.h>
@@ -55,6 +56,10 @@ private:
   /// Of a member, whose first occurrence is taken for it.
   std::size_t placeOf(const std::string &member) const;
   int lineAt(std::size_t offset) const;
+  /// The whole text, in which no object has a member twice.
+  Json parse() const;
+  void expectNew(std::set<std::string> &names, const std::string &name,
+                 std::size_t offset) const;
   void take(const std::string &member, const std::string &setting,
             const Json &value);
   void expectOneProcessor(const Json &json) const;
@@ -164,20 +169,48 @@ void DocumentReader::expectOneProcessor(const Json &json) const {
       failAt(member, problem, {"bad-value", member});
 }
 
-SettingsDocument DocumentReader::read() {
-  Json json;
+Json DocumentReader::parse() const {
   std::istringstream stream(text);
+  const auto lastRead = [&stream]() -> std::size_t {
+    const std::streamoff read =
+        stream.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::in);
+    return read > 0 ? static_cast<std::size_t>(read) - 1 : 0;
+  };
+  std::vector<std::set<std::string>> names; // of each object, by its depth
+  const auto see = [&](int depth, Json::parse_event_t event,
+                       const Json &parsed) {
+    const auto open = static_cast<std::size_t>(depth);
+    if (event == Json::parse_event_t::object_start) {
+      names.resize(open);
+      names.emplace_back();
+    } else if (event == Json::parse_event_t::key) {
+      expectNew(names[open - 1], parsed.get<std::string>(), lastRead());
+    }
+    return false;
+  };
   try {
-    json = Json::parse(stream);
+    // Nothing is kept the first time: with a function that looks on, the
+    // library goes through the whole of a list at the end of each object in it.
+    [[maybe_unused]] const Json nothing = Json::parse(stream, see);
+    return Json::parse(text);
   } catch (const Json::parse_error &error) {
     fail("this is no JSON", error.byte == 0 ? 0 : error.byte - 1);
   } catch (const Json::out_of_range &) {
-    // Behind the number and the character that ends it.
-    const std::streamoff read =
-        stream.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::in);
-    fail("a number is too large for any kind of it",
-         read > 0 ? static_cast<std::size_t>(read) - 1 : 0);
+    // What was read last has ended the number.
+    fail("a number is too large for any kind of it", lastRead());
   }
+}
+
+void DocumentReader::expectNew(std::set<std::string> &names,
+                               const std::string &name,
+                               std::size_t offset) const {
+  if (!names.insert(name).second)
+    fail(fmt::format("'{}' is given twice", printable(name)), offset,
+         {"bad-value", name});
+}
+
+SettingsDocument DocumentReader::read() {
+  const Json json = parse();
   if (!json.is_object())
     fail("this is no document of settings: no object", 0);
   expectOneProcessor(json);

@@ -18,9 +18,8 @@ struct SettingsDocument {
 
 /// Takes any part of such a document; what else `show` says is passed over.
 /// @param file  where the text comes from, for messages
-/// @throws Failure (unreadable) for what is no JSON, no document of settings,
-/// or
-///   names a setting that there is not
+/// @throws Failure (unreadable) for what is no JSON or no document of settings,
+///   gives a member twice, or names a setting that there is not
 SettingsDocument readSettingsDocument(const std::string &text,
                                       const std::string &file);
 
