@@ -81,6 +81,52 @@ TEST_F(Applying, TheSameOrALowerSourceLoses) {
               ElementsAre("cable.cableType at zeldebug.local.toml:2:19"));
 }
 
+TEST_F(Applying, WhatAValueBringsIsLostAtItsPlaceAndBehindIt) {
+  const std::string region = "[settings]\nicacheStartAdr = 0x70000000\n";
+  EXPECT_THAT(shown(apply(region).lost),
+              ElementsAre("icacheStartAdr at zeldebug.toml:3:18",
+                          "debugAddressMap at zeldebug.toml:3:18"));
+  EXPECT_THAT(shown(apply("", "[settings]\nicacheStartAdr = 0x70000000\n"
+                              "dcacheStartAdr = 0x70020000\n")
+                        .lost),
+              ElementsAre("icacheStartAdr at zeldebug.local.toml:2:18",
+                          "dcacheStartAdr at zeldebug.local.toml:3:18",
+                          "debugAddressMap at zeldebug.local.toml:2:18"));
+  // A region that is not the base brings nothing.
+  EXPECT_THAT(shown(apply("[settings]\ndcacheStartAdr = 0x70020000\n").lost),
+              ElementsAre("dcacheStartAdr at zeldebug.toml:3:18"));
+  EXPECT_THAT(shown(apply(region, "", "ppc405").lost), IsEmpty());
+}
+
+TEST_F(Applying, NoValueAloneBringsTheWholeCommand) {
+  const std::string serial(5000, '7');
+  EXPECT_THAT(shown(apply("[settings]\nconnection = \"hw\"\n"
+                          "cable.cableType = \"quorla_podusb\"\n"
+                          "cable.esn = \"" +
+                          serial + "\"\n")
+                        .lost),
+              ElementsAre("cable.esn at zeldebug.toml:5:13",
+                          "connectCommand at zeldebug.toml:1:10"));
+}
+
+TEST_F(Applying, WhatAValueBringsGoesAlongWithOneThatIsDisplaced) {
+  const AppliedProject simulated =
+      apply("[settings]\nicacheStartAdr = 0x70000000\n",
+            "[settings]\nconnection = \"sim\"\n", "ppc405");
+  EXPECT_THAT(shown(simulated.lost), IsEmpty());
+  EXPECT_THAT(shown(simulated.displaced),
+              ElementsAre("icacheStartAdr at zeldebug.toml:3:18 by "
+                          "connection"));
+  EXPECT_EQ(simulated.command, "connect ppc sim");
+  // A source that says both has nothing above it.
+  EXPECT_THAT(shown(apply("[settings]\nconnection = \"sim\"\n"
+                          "icacheStartAdr = 0x70000000\n",
+                          "", "ppc405")
+                        .lost),
+              ElementsAre("icacheStartAdr at zeldebug.toml:4:18",
+                          "debugAddressMap at zeldebug.toml:4:18"));
+}
+
 TEST_F(Applying, AConnectionThatIsNotAllowedIsRefusedAtItsPlace) {
   const AppliedProject named =
       apply("[settings]\nconnection = \"hw\"\n", "", "lc_sim");

@@ -336,6 +336,8 @@ TEST_F(Editing, RefusesWhatAProcessorCannotHaveAndChangesNothing) {
   };
   EXPECT_THAT(refusal(edit("lc", {{"cable.esn", "7"}})),
               testing::StartsWith("would-be-lost: cable.frequency"));
+  EXPECT_THAT(refusal(edit("lc", {{"icacheStartAdr", 0x70000000}})),
+              testing::StartsWith("would-be-lost: icacheStartAdr"));
   EXPECT_THAT(refusal(edit("lc_sim", {{"connection", "vp"}})),
               testing::StartsWith("not-allowed: connection"));
   EXPECT_THAT(refusal(edit("lc", {{"debugDevice", 128}})),

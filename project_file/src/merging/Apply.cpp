@@ -4,6 +4,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Merge.h"
+#include "merging/Bringer.h"
 #include "merging/Processors.h"
 #include "reading/Faults.h"
 #include "reading/Keys.h"
@@ -67,10 +68,14 @@ Refusal connectionRefusal(const MergedProcessor &merged, const Board &board) {
   return refusal;
 }
 
+/// Of what nobody has written, the place of what has brought it.
 ProjectPlace placeOf(const Project &project, const MergedProcessor &merged,
-                     const std::string &setting) {
-  if (const MergedValue *const value = merged.Find(setting))
-    return value->value.place;
+                     const std::string &setting, const Value &value) {
+  const MergedValue *said = project::findSaid(merged, setting);
+  if (said == nullptr)
+    said = project::findBringer(merged, setting, value);
+  if (said != nullptr)
+    return said->value.place;
   return project.project.design ? project.project.design->place
                                 : ProjectPlace{project.project.file, 1, 1};
 }
@@ -96,20 +101,32 @@ bool isOfHigherSource(const MergedProcessor &merged, const std::string &what,
 
 void sortLosses(const Project &project, const MergedProcessor &merged,
                 const Session &session, AppliedProject &applied) {
+  const auto isWritten = [&merged](const ProjectLoss &one) {
+    return merged.Find(one.loss.field) != nullptr;
+  };
   for (const Loss &loss : session.Losses()) {
-    const MergedValue *const value = merged.Find(loss.field);
+    const MergedValue *value = merged.Find(loss.field);
     if (value == nullptr && !loss.blocking)
       continue;
-    ProjectLoss one{loss, placeOf(project, merged, loss.field), ""};
+    ProjectLoss one{loss, placeOf(project, merged, loss.field, loss.value), ""};
     one.loss.blocking = true;
+    if (value == nullptr)
+      value = project::findBringer(merged, loss.field, loss.value);
     const bool isDisplaced = value != nullptr && !loss.displacedBy.empty() &&
                              isOfHigherSource(merged, loss.displacedBy, *value);
-    if (isDisplaced) {
-      one.displacer = loss.displacedBy;
-      one.loss.blocking = false;
+    if (!isDisplaced) {
+      applied.lost.push_back(std::move(one));
+      continue;
     }
-    (isDisplaced ? applied.displaced : applied.lost).push_back(std::move(one));
+    // What comes along with a value goes along with it.
+    if (!isWritten(one))
+      continue;
+    one.displacer = loss.displacedBy;
+    one.loss.blocking = false;
+    applied.displaced.push_back(std::move(one));
   }
+  // Who is told of one alone is told of what somebody has written.
+  std::stable_partition(applied.lost.begin(), applied.lost.end(), isWritten);
 }
 
 } // namespace
@@ -120,7 +137,7 @@ AppliedProject ApplyProject(const Project &project,
   AppliedProject applied;
   const auto refuse = [&](const Refusal &refusal) {
     applied.refusal = refusal;
-    applied.place = placeOf(project, merged, refusal.setting);
+    applied.place = placeOf(project, merged, refusal.setting, {});
     applied.command.reset();
   };
   try {

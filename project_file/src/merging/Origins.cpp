@@ -8,6 +8,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
 #include "merging/Applicable.h"
+#include "merging/Bringer.h"
 #include "reading/Keys.h"
 
 namespace ZelDebugDialog {
@@ -22,16 +23,6 @@ constexpr const char *byDefault = "default";
 constexpr const char *byDesign = "design";
 constexpr const char *chainId = "chain";
 
-/// The setting that is written for one: of what is only shown, the one that it
-/// follows from.
-std::string writtenName(const std::string &setting) {
-  const SettingInfo *const row = FindSetting(setting);
-  if (row == nullptr || row->settable)
-    return setting;
-  const std::vector<std::string> written = writtenFor(setting);
-  return written.size() == 1 ? written.front() : setting;
-}
-
 bool isOfSession(const std::string &origin) {
   return origin == byDefault || origin == byDesign;
 }
@@ -43,7 +34,7 @@ public:
 
   std::string of(const SettingState &setting) const {
     const SettingInfo *const row = FindSetting(setting.id);
-    const MergedValue *const said = merged.Find(writtenName(setting.id));
+    const MergedValue *const said = findSaid(merged, setting.id);
     if (said != nullptr && stands(*said))
       return ShowOrigin(said->value.place);
     if (isOfSession(setting.origin))
@@ -53,7 +44,8 @@ public:
     if (setting.value == setting.defaultValue)
       return byDefault;
     // Not said, and not as it is by default: it came with another one.
-    const MergedValue *const bringer = bringerOf(setting);
+    const MergedValue *const bringer =
+        findBringer(merged, setting.id, setting.value);
     return bringer == nullptr ? byDefault : ShowOrigin(bringer->value.place);
   }
 
@@ -73,19 +65,6 @@ public:
   }
 
 private:
-  const MergedValue *bringerOf(const SettingState &setting) const {
-    if (setting.id.compare(0, cableFront.size(), cableFront) == 0)
-      return merged.Find(cableType);
-    if (setting.id != GetAddressMap().base)
-      return merged.Find(connection);
-    // It moves with a region.
-    for (const std::string &region : GetAddressMap().regions) {
-      const MergedValue *const said = merged.Find(region);
-      if (said != nullptr && said->value.value == setting.value)
-        return said;
-    }
-    return nullptr;
-  }
   /// What is displaced need not be part of the configuration.
   bool stands(const MergedValue &said) const {
     return session.Get(said.value.setting) == said.value.value;
