@@ -35,8 +35,7 @@ TEST(Faults, NamesKeysThatAreNone) {
       {"[settings]\ncable.freqency = 3000000", "3:7 unknown-key frequency"},
       {"[settings.cable]\nmoduleName = \"m\"\nesm = \"1\"",
        "4:1 unknown-key esn"},
-      {"[settings]\n\"cable.frequency\" = 3000000",
-       "3:1 unknown-key cable.frequency"},
+      {"[settings]\n\"cable.frequency\" = 3000000", "3:1 unknown-key"},
       {"[setings]\ndebugDevice = 3", "2:2 unknown-key settings"},
       {"[ \"setings\" ]\ndebugDevice = 3", "2:3 unknown-key settings"},
       {"[use]\nprobes = \"none\"", "3:1 unknown-key probe"},
@@ -48,6 +47,25 @@ TEST(Faults, NamesKeysThatAreNone) {
       {"[[settings.chain]]\ndevicenr = 1\npartname = \"p\"\nirlength = 6\n"
        "idcode = 0x1\nisfgpa = true",
        "7:1 unknown-key isfpga"},
+  });
+}
+
+TEST(Faults, SaysThatQuotesMakeOneNameOfTwo) {
+  const Project project = read("[settings]\n\"cable.esn\" = \"0042\"");
+  ASSERT_EQ(project.faults.size(), 1U);
+  const ProjectFault &fault = project.faults.front();
+  EXPECT_EQ(shown(fault), "zeldebug.toml:3:1 unknown-key");
+  EXPECT_EQ(fault.message, "the quotes make one name of 'cable.esn', and no "
+                           "setting has it; write cable.esn without them");
+  EXPECT_EQ(fault.setting, "cable.esn");
+  EXPECT_THAT(fault.accepted, testing::Contains("cable.esn"));
+  expectFaults({
+      {"[processor.lc]\n'cable.esn' = \"0042\"", "3:1 unknown-key"},
+      {"[settings]\n\"cable.esm\" = \"0042\"", "3:1 unknown-key cable.esn"},
+      {"[settings.cable]\n\"cable.esn\" = \"0042\"", "3:1 unknown-key"},
+      {"[probe.lab]\n\"cable.esn\" = \"0042\"", "3:1 unknown-key"},
+      {"[processor.lc]\ncpu_version = \"1\"\n\"hdu_version\" = \"1\"", ""},
+      {"[profile.p.settings]\n\"cable\".\"frequency\" = 3000000", ""},
   });
 }
 

@@ -232,6 +232,16 @@ private:
   void addUnknownSetting(const TomlMember &member, const std::string &id,
                          std::string_view front) {
     std::vector<std::string> accepted = acceptedSettings(front);
+    if (findAccepted(id) != nullptr) {
+      ProjectFault &fault =
+          faults.add("unknown-key", member.offset,
+                     fmt::format("the quotes make one name of '{}', and no "
+                                 "setting has it; write {} without them",
+                                 member.key, member.key));
+      fault.accepted = std::move(accepted);
+      fault.setting = id;
+      return;
+    }
     std::vector<std::string> instead = writtenFor(id);
     const bool isSetting =
         FindSetting(id) != nullptr && member.key.find('.') == std::string::npos;
