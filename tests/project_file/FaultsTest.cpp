@@ -282,6 +282,57 @@ TEST(Faults, WarnsOfDeskSettingsInTheSharedFileOnly) {
   EXPECT_FALSE(read("[settings]\ncable.esn = \"0042\"").HasErrors());
 }
 
+TEST(Faults, TellsHowASettingGetsToTheDesk) {
+  struct Advice {
+    const char *text;
+    const char *what;
+  };
+  const std::vector<Advice> rows{
+      {"[settings]\ncable.esn = \"0042\"",
+       "'zeldebug set --all --esn '0042' --into local' writes it into the "
+       "local file"},
+      {"[processor.lc]\ncable.esn = \"0042\"",
+       "'zeldebug set lc --esn '0042' --into local' writes it into the local "
+       "file"},
+      {"[processor.\"a b\"]\ncable.esn = \"0042\"",
+       "'zeldebug set 'a b' --esn '0042' --into local' writes it into the "
+       "local file"},
+      {"[processor.lc]\ncable.esn = \"a'b\"",
+       "'zeldebug set lc --esn 'a'\\''b' --into local' writes it into the "
+       "local file"},
+      {"[profile.p.processor.lc]\ncable.esn = \"0042\"",
+       "'zeldebug set lc --esn '0042' --into local --profile p' writes it into "
+       "the local file, where every profile has it"},
+      {"[profile.p.settings]\nstubSerialPort = \"/dev/ttyS1\"",
+       "'zeldebug set --all --stub-port '/dev/ttyS1' --into local --profile p' "
+       "writes it into the local file, where every profile has it"},
+      // No option has it.
+      {"[processor.lc]\nsimIpcPort = 5000",
+       "move it to [processor.lc] of zeldebug.local.toml"},
+      {"[settings]\nmodelSimHost = \"host\"",
+       "move it to [settings] of zeldebug.local.toml"},
+      // No command reaches just these processors.
+      {"[type.lumacore]\ncable.esn = \"0042\"",
+       "move it to [type.lumacore] of zeldebug.local.toml"},
+      {"[processor.\"l*\"]\ncable.esn = \"0042\"",
+       "move it to [processor.\"l*\"] of zeldebug.local.toml"},
+      {"[profile.p.type.lumacore]\ncable.esn = \"0042\"",
+       "move it to [profile.p.type.lumacore] of zeldebug.local.toml"},
+      {"[profile.p.settings]\ncable.url = \"a\"",
+       "move it to [profile.p.settings] of zeldebug.local.toml"},
+  };
+  for (const Advice &row : rows) {
+    const Project project = read(row.text);
+    ASSERT_EQ(project.faults.size(), 1U) << row.text;
+    const ProjectFault &fault = project.faults.front();
+    EXPECT_EQ(fault.message, "'" + fault.setting +
+                                 "' is of one desk, and this file is "
+                                 "everybody's; " +
+                                 row.what)
+        << row.text;
+  }
+}
+
 TEST(Faults, SurvivesDepthAndOddBytes) {
   const auto deep = [](const std::string &part, int times) {
     std::string text;

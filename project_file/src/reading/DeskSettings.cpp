@@ -1,6 +1,8 @@
 #include "reading/DeskSettings.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -9,8 +11,11 @@
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "reading/Faults.h"
 #include "reading/Keys.h"
+#include "toml/Statements.h"
 
 namespace ZelDebugDialog::project {
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -30,32 +35,85 @@ const Value *cableOf(const ProjectTable &table) {
   return nullptr;
 }
 
-/// Who the option line names.
-std::string processorOf(const ProjectTable &table) {
-  return table.scope == ProjectScope::processor ? ShowText(table.name)
-                                                : "--all";
+/// A word of a command line, as a POSIX shell takes it.
+std::string quotedForShell(const std::string &word) {
+  std::string quoted = "'";
+  for (const char c : word)
+    quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return quoted + "'";
 }
 
-void addOf(const ProjectBlock &block, std::vector<ProjectFault> &faults) {
-  for (const ProjectTable &table : block)
-    for (const ProjectValue &value : table.values) {
-      if (!isOfDesk(value.setting, value.value, cableOf(table)))
-        continue;
-      const SettingInfo &setting = *FindSetting(value.setting);
-      const std::string option =
-          setting.option.empty() ? std::string("--settings FILE")
-                                 : fmt::format("{} '{}'", setting.option,
-                                               ShowValue(setting, value.value));
-      ProjectFault fault = faultOf(
-          "desk-setting", value.place,
-          fmt::format("'{}' is of one desk, and this file is everybody's; "
-                      "'zeldebug set {} {} --into local' writes it into the "
-                      "local file",
-                      value.setting, processorOf(table), option));
-      fault.setting = value.setting;
-      faults.push_back(std::move(fault));
-    }
+/// An instance name needs quotes only where it is an odd one.
+std::string shellName(const std::string &name) {
+  const bool isPlain = std::all_of(name.begin(), name.end(), [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+           (c >= '0' && c <= '9') || c == '_' || c == '.' || c == '/';
+  });
+  return isPlain ? name : quotedForShell(name);
 }
+
+/// Warns of one layer's block, or of a profile's.
+class DeskSettings {
+public:
+  /// @param ofProfile  empty: the block of the layer
+  DeskSettings(const ProjectLayer &ofLayer, std::string ofProfile,
+               std::vector<ProjectFault> &into)
+      : layer(ofLayer), profile(std::move(ofProfile)), faults(into) {}
+
+  void addOf(const ProjectBlock &block) {
+    for (const ProjectTable &table : block)
+      for (const ProjectValue &value : table.values) {
+        if (!isOfDesk(value.setting, value.value, cableOf(table)))
+          continue;
+        ProjectFault fault = faultOf(
+            "desk-setting", value.place,
+            fmt::format("'{}' is of one desk, and this file is everybody's; {}",
+                        value.setting, adviceFor(table, value)));
+        fault.setting = value.setting;
+        faults.push_back(std::move(fault));
+      }
+  }
+
+private:
+  /// A command writes what is said of all processors or of one, and what has
+  /// an option. Of a type or a pattern it would reach more of them.
+  std::string adviceFor(const ProjectTable &table,
+                        const ProjectValue &value) const {
+    const SettingInfo &setting = *FindSetting(value.setting);
+    const bool isForCommand = table.scope == ProjectScope::all ||
+                              table.scope == ProjectScope::processor;
+    if (setting.option.empty() || !isForCommand)
+      return fmt::format(
+          "move it to [{}] of {}", headerOf(table),
+          ShowText(fs::path(LocalFileOf(layer.file)).filename().string()));
+    const std::string command = fmt::format(
+        "zeldebug set {} {} {} --into local{}",
+        table.scope == ProjectScope::all ? "--all"
+                                         : shellName(ShowText(table.name)),
+        setting.option, quotedForShell(ShowValue(setting, value.value)),
+        profile.empty() ? "" : " --profile " + profile);
+    return fmt::format("'{}' writes it into the local file{}", command,
+                       profile.empty() ? "" : ", where every profile has it");
+  }
+
+  std::string headerOf(const ProjectTable &table) const {
+    const std::string front = profile.empty() ? "" : "profile." + profile + ".";
+    switch (table.scope) {
+    case ProjectScope::all:
+      break;
+    case ProjectScope::type:
+      return front + "type." + ShowText(writtenKey(table.name));
+    case ProjectScope::pattern:
+    case ProjectScope::processor:
+      return front + "processor." + ShowText(writtenKey(table.name));
+    }
+    return front + "settings";
+  }
+
+  const ProjectLayer &layer;
+  std::string profile;
+  std::vector<ProjectFault> &faults;
+};
 
 } // namespace
 
@@ -82,9 +140,9 @@ bool isOfDesk(const std::string &setting, const Value &value,
 
 void addDeskSettings(const ProjectLayer &project,
                      std::vector<ProjectFault> &faults) {
-  addOf(project.block, faults);
+  DeskSettings(project, "", faults).addOf(project.block);
   for (const ProjectProfile &profile : project.profiles)
-    addOf(profile.tables, faults);
+    DeskSettings(project, profile.name, faults).addOf(profile.tables);
 }
 
 } // namespace ZelDebugDialog::project
