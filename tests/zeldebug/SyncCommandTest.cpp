@@ -164,6 +164,40 @@ TEST_F(ProjectTest, ADesignThatCannotBeReadIsToldWithItsPlace) {
   EXPECT_THAT(run.err, HasSubstr("\nzeldebug.toml:1:10 names the design\n"));
 }
 
+TEST_F(ProjectTest, AFileOfTheProjectThatCannotBeReadIsToldWithItsPlace) {
+  const auto told = [this](const std::string &head) {
+    folder.write("zeldebug.toml", head + "design = \"hw/board.xml\"\n");
+    const Result run = this->run({"sync", "--dry-run"});
+    EXPECT_EQ(run.status, 3) << head;
+    return run.err;
+  };
+  EXPECT_EQ(told("kinds = \"no.kinds\"\n"),
+            "zeldebug: error: no.kinds: there is no such file\n"
+            "zeldebug.toml:1:9 names the kind table\n");
+  const std::string noFolder = ": there is no such library folder or catalog\n";
+  EXPECT_EQ(told("library = [\"hw\", \"nowhere\"]\n"),
+            "zeldebug: error: nowhere" + noFolder +
+                "zeldebug.toml:1:18 names a library\n");
+  // The file that counts names it.
+  local("# mine\nlibrary = [\"elsewhere\"]\n");
+  EXPECT_EQ(told("library = [\"nowhere\"]\n"),
+            "zeldebug: error: elsewhere" + noFolder +
+                "zeldebug.local.toml:2:12 names a library\n");
+  local("");
+  // What is wrong inside stands there.
+  folder.write("bad.kinds", "a b\n");
+  const std::string inside = told("kinds = \"bad.kinds\"\n");
+  EXPECT_THAT(inside, testing::StartsWith("zeldebug: error: bad.kinds:1: "));
+  EXPECT_THAT(inside,
+              testing::EndsWith("\nzeldebug.toml:1:9 names the kind table\n"));
+  // What the line names stands on the line.
+  const Result ofLine = run({"list", "--kinds", "no.kinds"});
+  EXPECT_EQ(ofLine.status, 3);
+  EXPECT_THAT(ofLine.err,
+              testing::StartsWith("zeldebug: error: no.kinds: there is no"));
+  EXPECT_THAT(ofLine.err, testing::Not(HasSubstr(" names the ")));
+}
+
 TEST_F(ProjectTest, TheProjectIsFoundUpwards) {
   project(lumacore0 + "3\n");
   fs::create_directories("a/b");

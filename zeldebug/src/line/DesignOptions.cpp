@@ -159,14 +159,23 @@ void DesignOptions::standOn(const Project &project) {
     if (project.project.design)
       designPlace = project.project.design->place;
   }
-  if (libraryFolders.empty())
+  if (libraryFolders.empty()) {
     libraryFolders = project.Libraries();
+    const auto &list =
+        project.local.library ? project.local.library : project.project.library;
+    for (std::size_t at = 0; at < libraryFolders.size(); ++at)
+      namedFiles.push_back(
+          {libraryFolders[at], list->at(at).place, "a library"});
+  }
   if (!view && project.project.view) {
     view = project.View();
     viewPlace = project.project.view->place;
   }
-  if (!kindsFile && project.project.kinds)
+  if (!kindsFile && project.project.kinds) {
     kindsFile = project.Kinds();
+    namedFiles.push_back(
+        {*kindsFile, project.project.kinds->place, "the kind table"});
+  }
 }
 
 /// What is empty here means to the model that nothing was given.
@@ -234,6 +243,20 @@ void DesignOptions::expectView(const DesignModel &design,
                 {"bad-value", "--view", *view, views, nearest});
 }
 
+/// A line behind what is wrong with a file, on the place of the project that
+/// leads to it; none where the line names it.
+std::string DesignOptions::shownNamer(const std::string &file) const {
+  for (const NamedFile &one : namedFiles)
+    if (one.file == file)
+      return fmt::format("\n{} names {}", shownPlace(one.place), one.what);
+  const bool isOfLine = kindsFile == file ||
+                        std::find(libraryFolders.begin(), libraryFolders.end(),
+                                  file) != libraryFolders.end();
+  return isOfLine || designPlace.line == 0
+             ? ""
+             : fmt::format("\n{} names the design", shownPlace(designPlace));
+}
+
 void DesignOptions::expectRead(bool isRead, const DesignModel &design,
                                Output &output) const {
   if (isRead) {
@@ -257,9 +280,7 @@ void DesignOptions::expectRead(bool isRead, const DesignModel &design,
     if (!advice.command.empty())
       text += "\n  " + shellLine(advice.command);
   }
-  if (designPlace.line != 0)
-    text += fmt::format("\n{} names the design", shownPlace(designPlace));
-  throw Failure(ExitStatus::unreadable, text, about);
+  throw Failure(ExitStatus::unreadable, text + shownNamer(about.file), about);
 }
 
 /// There can be much to say of a library, which nobody wants to read again with

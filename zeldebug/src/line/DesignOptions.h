@@ -75,6 +75,7 @@ private:
                   Output &output) const;
   void expectRead(bool isRead, const ZelDebugDialog::DesignModel &design,
                   Output &output) const;
+  std::string shownNamer(const std::string &file) const;
   void tell(const ZelDebugDialog::DesignModel &design, Telling telling,
             Output &output) const;
 
@@ -86,6 +87,12 @@ private:
   /// Where a project names them, if the line does not.
   ZelDebugDialog::ProjectPlace designPlace;
   ZelDebugDialog::ProjectPlace viewPlace;
+  struct NamedFile {
+    std::string file;
+    ZelDebugDialog::ProjectPlace place;
+    const char *what; ///< "the kind table", "a library"
+  };
+  std::vector<NamedFile> namedFiles;
 };
 
 /// Words as a shell takes them.
