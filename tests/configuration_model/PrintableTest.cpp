@@ -8,6 +8,7 @@
 
 namespace {
 
+using ZelDebugDialog::ShellWord;
 using ZelDebugDialog::ShowOnOneLine;
 using ZelDebugDialog::model::onOneLine;
 using ZelDebugDialog::model::printable;
@@ -173,6 +174,20 @@ TEST(OnOneLine, JoinsWhatWhiteSpaceParts) {
 
 TEST(OnOneLine, IsShownWithoutControlCharacters) {
   EXPECT_EQ(ShowOnOneLine("one\ntwo\rthree\n"), "one two\\x0dthree");
+}
+
+TEST(ShellWord, IsQuotedWhereAShellWouldMakeSomethingElseOfIt) {
+  const std::string plain = "azAZ09-_./:=+,%@";
+  const Row rows[] = {
+      {"", "''"},           {plain, plain.c_str()},     {"0042", "0042"},
+      {"--esn", "--esn"},   {"a b", "'a b'"},           {"a\tb\n", "'a\tb\n'"},
+      {"a'b", "'a'\\''b'"}, {"'", "''\\'''"},           {"\"$x\"", "'\"$x\"'"},
+      {"a\\b", "'a\\b'"},   {"\xC3\xA9", "'\xC3\xA9'"},
+  };
+  for (const Row &row : rows)
+    EXPECT_EQ(ShellWord(row.text), row.shown);
+  for (const char c : std::string("~*?[]{}()<>|&;#!`^"))
+    EXPECT_EQ(ShellWord(std::string(1, c)), std::string("'") + c + "'");
 }
 
 } // namespace

@@ -289,22 +289,22 @@ TEST(Faults, TellsHowASettingGetsToTheDesk) {
   };
   const std::vector<Advice> rows{
       {"[settings]\ncable.esn = \"0042\"",
-       "'zeldebug set --all --esn '0042' --into local' writes it into the "
+       "'zeldebug set --all --esn 0042 --into local' writes it into the "
        "local file"},
       {"[processor.lc]\ncable.esn = \"0042\"",
-       "'zeldebug set lc --esn '0042' --into local' writes it into the local "
+       "'zeldebug set lc --esn 0042 --into local' writes it into the local "
        "file"},
       {"[processor.\"a b\"]\ncable.esn = \"0042\"",
-       "'zeldebug set 'a b' --esn '0042' --into local' writes it into the "
+       "'zeldebug set 'a b' --esn 0042 --into local' writes it into the "
        "local file"},
       {"[processor.lc]\ncable.esn = \"a'b\"",
        "'zeldebug set lc --esn 'a'\\''b' --into local' writes it into the "
        "local file"},
       {"[profile.p.processor.lc]\ncable.esn = \"0042\"",
-       "'zeldebug set lc --esn '0042' --into local --profile p' writes it into "
+       "'zeldebug set lc --esn 0042 --into local --profile p' writes it into "
        "the local file, where every profile has it"},
       {"[profile.p.settings]\nstubSerialPort = \"/dev/ttyS1\"",
-       "'zeldebug set --all --stub-port '/dev/ttyS1' --into local --profile p' "
+       "'zeldebug set --all --stub-port /dev/ttyS1 --into local --profile p' "
        "writes it into the local file, where every profile has it"},
       // No option has it.
       {"[processor.lc]\nsimIpcPort = 5000",

@@ -244,7 +244,7 @@ TEST_F(SettingIntoTest, ASerialNumberInTheSharedFileIsWarnedOf) {
       EXPECT_EQ(one["line"], 8);
       EXPECT_EQ(one["column"], 13);
       EXPECT_THAT(one["message"].get<std::string>(),
-                  HasSubstr("zeldebug set lumacore_0 --esn '0042' --into "
+                  HasSubstr("zeldebug set lumacore_0 --esn 0042 --into "
                             "local"));
     }
   EXPECT_EQ(told, 1U);

@@ -35,23 +35,6 @@ const Value *cableOf(const ProjectTable &table) {
   return nullptr;
 }
 
-/// A word of a command line, as a POSIX shell takes it.
-std::string quotedForShell(const std::string &word) {
-  std::string quoted = "'";
-  for (const char c : word)
-    quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);
-  return quoted + "'";
-}
-
-/// An instance name needs quotes only where it is an odd one.
-std::string shellName(const std::string &name) {
-  const bool isPlain = std::all_of(name.begin(), name.end(), [](char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-           (c >= '0' && c <= '9') || c == '_' || c == '.' || c == '/';
-  });
-  return isPlain ? name : quotedForShell(name);
-}
-
 /// Warns of one layer's block, or of a profile's.
 class DeskSettings {
 public:
@@ -89,8 +72,8 @@ private:
     const std::string command = fmt::format(
         "zeldebug set {} {} {} --into local{}",
         table.scope == ProjectScope::all ? "--all"
-                                         : shellName(ShowText(table.name)),
-        setting.option, quotedForShell(ShowValue(setting, value.value)),
+                                         : ShellWord(ShowText(table.name)),
+        setting.option, ShellWord(ShowValue(setting, value.value)),
         profile.empty() ? "" : " --profile " + profile);
     return fmt::format("'{}' writes it into the local file{}", command,
                        profile.empty() ? "" : ", where every profile has it");

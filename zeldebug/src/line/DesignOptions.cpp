@@ -4,6 +4,8 @@
 
 #include <fmt/format.h>
 
+#include <ZelDebugDialog/ConfigurationModel/Text.h>
+
 #include "documents/Designs.h"
 #include "line/Number.h"
 #include "line/TextOption.h"
@@ -346,23 +348,8 @@ DesignOptions::commandLine(const std::string &subcommand) const {
 
 std::string shellLine(const std::vector<std::string> &words) {
   std::string line;
-  for (const std::string &word : words) {
-    const bool isPlain =
-        !word.empty() &&
-        word.find_first_not_of("abcdefghijklmnopqrstuvwxyz"
-                               "ABCDEFGHIJKLMNOPQRSTUVWXYZ"
-                               "0123456789-_./:=+,%@") == std::string::npos;
-    if (!line.empty())
-      line += ' ';
-    if (isPlain) {
-      line += word;
-      continue;
-    }
-    line += '\'';
-    for (const char c : word)
-      line += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    line += '\'';
-  }
+  for (const std::string &word : words)
+    line += (line.empty() ? "" : " ") + ZelDebugDialog::ShellWord(word);
   return line;
 }
 

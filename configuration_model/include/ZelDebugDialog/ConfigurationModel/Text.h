@@ -1,5 +1,5 @@
-// Texts for people: made fit to be shown, and the nearest match of a word that
-// was mistyped.
+// Texts for people: made fit to be shown or to be typed into a shell, and the
+// nearest match of a word that was mistyped.
 //
 // Functions without a state; usable from any thread.
 #ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_TEXT_H
@@ -22,6 +22,12 @@ ShowText(std::string_view text);
 /// text and nothing around it. For the messages of the engine, which end lines.
 ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
 ShowOnOneLine(std::string_view text);
+
+/// `word` as it is typed on a command line: a POSIX shell makes the same word
+/// of it again. One of letters, digits and `-_./:=+,%@` stays as it is; any
+/// other, and an empty one, stands in single quotes.
+ZELDEBUGDIALOG_CONFIGURATIONMODEL_API std::string
+ShellWord(const std::string &word);
 
 /// The candidate with the fewest edits (letters put in, left out, replaced or
 /// swapped, case not counted), the first of several; empty if none is near
