@@ -122,6 +122,10 @@ TEST_F(Editing, WritesToAProfileWhereItIs) {
                             "slov"));
               }),
               testing::StartsWith("bad-value: 'slov' is no profile"));
+  EXPECT_THAT(model_test::refusalOf([&] {
+                plan(profile(edit("", {{"debugDevice", 3}}), "none"));
+              }),
+              testing::StartsWith("bad-value: 'none' is no name of a profile"));
 }
 
 TEST_F(Editing, UnsetRemovesTheLineAndSaysSoWhereALowerSourceHasOne) {

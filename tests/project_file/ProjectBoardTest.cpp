@@ -291,10 +291,29 @@ TEST_F(OnABoard, TheTargetIsOneOfThree) {
   EXPECT_EQ(edit.target, ProjectTarget::local);
   ReadTarget("project", edit);
   EXPECT_EQ(edit.target, ProjectTarget::project);
-  for (const char *const bad : {"", "Local", "profile", "profile:", "projekt"})
+  for (const char *const bad : {"", "Local", "profile", "Profile:a", "projekt"})
     EXPECT_THAT(model_test::refusalOf([&] { ReadTarget(bad, edit); }),
                 HasSubstr("is no part of a project; accepted are 'local', "
                           "'project', 'profile:NAME'"));
+}
+
+TEST_F(OnABoard, AProfileIsATargetByANameThatItCanHave) {
+  ProjectEdit edit;
+  for (const char *const good : {"None", "nonea", "a-b_9", "-"}) {
+    ReadTarget(std::string("profile:") + good, edit);
+    EXPECT_EQ(edit.profile, good);
+  }
+  edit = {};
+  for (const char *const bad :
+       {"none", "", " ", "a b", "a.b", "slow ", "\xC3\xA4", "a:b", "a*"}) {
+    EXPECT_EQ(model_test::refusalOf(
+                  [&] { ReadTarget(std::string("profile:") + bad, edit); }),
+              std::string("bad-value: '") + bad +
+                  "' is no name of a profile: it has letters, digits, '_' and "
+                  "'-', and is not 'none'");
+    EXPECT_EQ(edit.target, ProjectTarget::project) << bad;
+    EXPECT_EQ(edit.profile, "") << bad;
+  }
 }
 
 TEST_F(OnABoard, OptionFilesLieInTheFolderThatTheFilesName) {

@@ -215,7 +215,16 @@ TEST_F(AdoptCommandTest, WrongUse) {
       runJson({"adopt", "lumacore_0", "--into", "locl"}, 2)["failure"];
   EXPECT_EQ(failure["option"], "--into");
   EXPECT_EQ(failure["suggestion"], "local");
-  EXPECT_EQ(run({"adopt", "lumacore_0", "--into", "profile:"}).status, 2);
+  for (const char *const one : {"none", "\xC3\xA4", "a b", ""}) {
+    const std::string name = one;
+    const Result noName =
+        run({"adopt", "lumacore_0", "--into", "profile:" + name});
+    EXPECT_EQ(noName.status, 2);
+    EXPECT_EQ(noName.err,
+              "zeldebug: error: --into: '" + name +
+                  "' is no name of a profile: it has letters, digits, '_' and "
+                  "'-', and is not 'none'\n");
+  }
   // No option file is there.
   EXPECT_EQ(run({"adopt", "lumacore_0"}).status, 3);
 }

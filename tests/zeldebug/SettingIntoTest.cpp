@@ -281,8 +281,19 @@ TEST_F(SettingIntoTest, WhatCannotBeIsRefusedAndNothingIsWritten) {
   const json target = setJson({"lumacore_0", "--into", "locl"}, 2)["failure"];
   EXPECT_EQ(target["option"], "--into");
   EXPECT_EQ(target["suggestion"], "local");
-  EXPECT_EQ(setJson({"lumacore_0", "--into", "profile:"}, 2)["failure"]["code"],
-            "bad-value");
+  for (const char *const one : {"none", "\xC3\xA4", "a b", ""}) {
+    const std::string name = one;
+    const json refusal = setJson(
+        {"lumacore_0", "--debug-device", "1", "--into", "profile:" + name},
+        2)["failure"];
+    EXPECT_EQ(refusal["code"], "bad-value");
+    EXPECT_EQ(refusal["option"], "--into");
+    EXPECT_EQ(refusal["value"], name);
+    EXPECT_EQ(refusal["message"],
+              "--into: '" + name +
+                  "' is no name of a profile: it has letters, digits, '_' and "
+                  "'-', and is not 'none'");
+  }
   EXPECT_EQ(text("zeldebug.toml"), before);
   EXPECT_FALSE(fs::exists("zeldebug.local.toml"));
   // Faults of the files come first, all of them.

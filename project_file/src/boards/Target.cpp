@@ -3,6 +3,7 @@
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/ProjectBoard.h"
 #include "reading/Faults.h"
+#include "reading/Names.h"
 
 namespace ZelDebugDialog {
 
@@ -24,9 +25,11 @@ void ReadTarget(const std::string &text, ProjectEdit &edit) {
     edit.target = ProjectTarget::project;
     return;
   }
-  if (text.compare(0, front.size(), front) == 0 && text.size() > front.size()) {
+  if (text.compare(0, front.size(), front) == 0) {
+    const std::string name = text.substr(front.size());
+    project::expectProfileName(name);
     edit.target = ProjectTarget::profile;
-    edit.profile = text.substr(front.size());
+    edit.profile = name;
     return;
   }
   const std::vector<std::string> accepted{localWord, projectWord,

@@ -7,7 +7,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Refusal.h"
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
-#include "toml/Statements.h"
+#include "reading/Names.h"
 
 namespace ZelDebugDialog::project {
 
@@ -27,6 +27,7 @@ bool holds(const std::vector<std::string> &names, const std::string &name) {
 } // namespace
 
 bool isProfileLocal(const Project &project, const std::string &profile) {
+  expectProfileName(profile);
   std::vector<std::string> names = profilesOf(project.project);
   if (holds(names, profile))
     return false;
@@ -37,7 +38,7 @@ bool isProfileLocal(const Project &project, const std::string &profile) {
   Refusal refusal(RefusalKind::badValue, "",
                   fmt::format("'{}' is no profile of the project; write "
                               "[profile.{}.settings]",
-                              ShowText(profile), writtenKey(profile)));
+                              profile, profile));
   refusal.value = profile;
   refusal.suggestion = FindNearest(profile, names);
   refusal.accepted = std::move(names);

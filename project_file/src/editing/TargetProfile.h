@@ -8,9 +8,10 @@
 
 namespace ZelDebugDialog::project {
 
-/// Whether that is the local file: only where the project file has none of that
+/// Whether the local file has it: only where the project file has none of that
 /// name.
-/// @throws Refusal (badValue) for a profile that neither has
+/// @throws Refusal (badValue) for what is no name of one, and for a profile
+///   that neither has
 bool isProfileLocal(const Project &project, const std::string &profile);
 
 } // namespace ZelDebugDialog::project

@@ -6,6 +6,7 @@
 
 #include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "reading/Faults.h"
+#include "reading/Names.h"
 #include "reading/SyntaxFault.h"
 #include "reading/Values.h"
 #include "toml/Document.h"
@@ -15,14 +16,6 @@ namespace ZelDebugDialog::project {
 namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-bool isName(const std::string &name) {
-  return name != noChoice && !name.empty() &&
-         std::all_of(name.begin(), name.end(), [](char c) {
-           return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                  (c >= '0' && c <= '9') || c == '_' || c == '-';
-         });
-}
 
 class FileReader {
 public:
@@ -309,10 +302,7 @@ private:
 
   bool expectName(const TomlMember &member, const std::string &what) {
     if (!isName(member.key)) {
-      faults.add("bad-value", member.offset,
-                 fmt::format("'{}' is no name of a {}: it has letters, digits, "
-                             "'_' and '-', and is not '{}'",
-                             ShowText(member.key), what, noChoice));
+      faults.add("bad-value", member.offset, shownNoName(member.key, what));
       return false;
     }
     return expectTable(member.value, what + "." + member.key);
