@@ -73,6 +73,14 @@ TEST_F(Editing, WritesToTheTableOfTheProcessor) {
             "[settings]\ndebugDevice = 5\n");
 }
 
+TEST_F(Editing, ANumberInQuotesKeepsThemAndItsBase) {
+  given("[processor.lc]\ndebugDevice = '0x2' # second\n"
+        "cable.cableType = \"none\"\n");
+  EXPECT_EQ(edited(edit("lc", {{"debugDevice", 26}})),
+            "[processor.lc]\ndebugDevice = '0x1a' # second\n"
+            "cable.cableType = \"none\"\n");
+}
+
 TEST_F(Editing, LeavesAValueThatSaysTheSameAlready) {
   given("[processor.lc]\ncable.cableType = 'quorla_podusb'\n"
         "cable.frequency = \"3MHz\"\n");

@@ -213,6 +213,48 @@ TEST(WrittenValue, KeepsTheNotation) {
             "0x93, isfpga = true },\n]");
 }
 
+TEST(WrittenValue, KeepsTheBaseOfANumberInQuotes) {
+  struct Written {
+    const char *setting;
+    Value value;
+    const char *before;
+    const char *after;
+  };
+  for (const Written &row : std::vector<Written>{
+           {"debugDevice", 26, "\"3\"", "\"26\""},
+           {"debugDevice", 26, "\"0x3\"", "\"0x1a\""},
+           {"debugDevice", 26, "'0x3'", "'0x1a'"},
+           {"debugDevice", 26, "\"0xb\"", "\"0x1a\""},
+           {"debugDevice", 26, "\"0xB\"", "\"0x1A\""},
+           {"debugDevice", 26, "'0X3'", "'0X1a'"},
+           {"debugDevice", 26, "'0XB'", "'0X1A'"},
+           {"debugDevice", 0, "\"0x3\"", "\"0x0\""},
+           {"debugDevice", 26, "\"\\u0030x3\"", "\"0x1a\""},
+           {"debugDevice", 26, "\"03\"", "\"26\""},
+           {"debugDevice", 26, "\"0\"", "\"26\""},
+           // An address is shown in hexadecimal digits, unless it stood there
+           // in others.
+           {"icacheStartAdr", 0x700F0000, "\"0x70000000\"", "\"0x700f0000\""},
+           {"icacheStartAdr", 0x700F0000, "\"0x700A0000\"", "\"0x700F0000\""},
+           {"icacheStartAdr", 0x70010000, "'1879048192'", "'1879113728'"},
+           {"icacheStartAdr", 0x70010000, "\"not set\"", "\"0x70010000\""},
+           {"icacheStartAdr", 0xFFFFFFFF, "'0x10'", "'not set'"},
+           // A frequency keeps no unit that it did not have.
+           {"cable.frequency", 750000, "\"3000000\"", "\"750000\""},
+           {"cable.frequency", 0xABC, "\"0xF\"", "\"0xABC\""},
+           {"cable.frequency", 750000, "\"3MHz\"", "\"750 kHz\""},
+           {"cable.frequency", 750000, "\"3.0\"", "\"750 kHz\""},
+           {"cable.frequency", 750000, "\"0x3MHz\"", "\"750 kHz\""},
+           // A text is no number, whatever it looks like.
+           {"cable.esn", "4", "\"0x2\"", "\"4\""},
+           {"cable.esn", "0042", "'0x2'", "'0042'"},
+           {"cable.port", "26", "\"0xB\"", "\"26\""},
+           {"cable.cableType", 3, "\"0x1\"", "\"quorla_podusb\""},
+       })
+    EXPECT_EQ(written(row.setting, row.value, row.before), row.after)
+        << row.setting << ' ' << row.before;
+}
+
 /// A text with tables, comments and odd white space, made by chance.
 std::string randomText(std::mt19937 &random) {
   const auto upTo = [&random](unsigned most) {

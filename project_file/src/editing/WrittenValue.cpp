@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "reading/Keys.h"
+#include "toml/Document.h"
 #include "toml/Statements.h"
 
 namespace ZelDebugDialog::project {
@@ -21,10 +22,12 @@ std::string numberLike(std::int64_t number, const std::string &before) {
     return fmt::format("{}", number);
   switch (before[1]) {
   case 'x':
-    return std::any_of(before.begin(), before.end(),
-                       [](char c) { return c >= 'A' && c <= 'F'; })
-               ? fmt::format("0x{:X}", number)
-               : fmt::format("0x{:x}", number);
+  case 'X':
+    return before.substr(0, 2) +
+           (std::any_of(before.begin(), before.end(),
+                        [](char c) { return c >= 'A' && c <= 'F'; })
+                ? fmt::format("{:X}", number)
+                : fmt::format("{:x}", number));
   case 'o':
     return fmt::format("0o{:o}", number);
   case 'b':
@@ -38,6 +41,23 @@ bool isQuoted(const std::string &before) {
   return !before.empty() && (before[0] == '"' || before[0] == '\'');
 }
 
+/// What the text says that is written there.
+std::string textOf(const std::string &written) {
+  const TomlDocument document = readToml("text = " + written);
+  const TomlMember *const member = document.root.find("text");
+  return member == nullptr ? "" : member->value.text;
+}
+
+/// Whether it is a number and nothing else: no unit, no "not set".
+bool isNumberAlone(const std::string &text) {
+  const bool isHexadecimal =
+      text.size() > 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+  return !text.empty() &&
+         text.find_first_not_of(isHexadecimal ? "0123456789abcdefABCDEF"
+                                              : "0123456789",
+                                isHexadecimal ? 2 : 0) == std::string::npos;
+}
+
 std::string writtenNumber(const SettingInfo &setting, std::int64_t number,
                           const std::string &before) {
   const Value value(number);
@@ -45,16 +65,17 @@ std::string writtenNumber(const SettingInfo &setting, std::int64_t number,
   const bool isNumber = !stored.empty() && stored[0] >= '0' && stored[0] <= '9';
   if (!isNumber) // "not set"
     return writtenText(stored, isQuoted(before) ? before[0] : '"');
-  if (isQuoted(before))
-    return writtenText(setting.kind == SettingKind::frequency
-                           ? ShowValue(setting, value)
-                           : stored,
+  const bool isFrequency = setting.kind == SettingKind::frequency;
+  if (isQuoted(before)) {
+    const std::string text = textOf(before);
+    return writtenText(isNumberAlone(text) ? numberLike(number, text)
+                       : isFrequency       ? ShowValue(setting, value)
+                                           : stored,
                        before[0]);
+  }
   if (!before.empty())
     return numberLike(number, before);
-  return setting.kind == SettingKind::frequency
-             ? writtenText(ShowValue(setting, value))
-             : stored;
+  return isFrequency ? writtenText(ShowValue(setting, value)) : stored;
 }
 
 std::string writtenWord(const SettingInfo &setting, const Value &value,
