@@ -112,6 +112,34 @@ TEST_F(Editing, MakesALocalFileThatIsMissing) {
             "[processor.lc]\ncable.esn = \"0043\"\n");
 }
 
+TEST_F(Editing, MakesNoLocalFileThatWouldSayNothing) {
+  given("");
+  const std::string file = LocalFileOf(projectFile());
+  const EditedProject nothing = plan(local(edit("lc", {}, {"debugDevice"})));
+  EXPECT_EQ(nothing.file, file);
+  EXPECT_EQ(nothing.before, std::nullopt);
+  EXPECT_EQ(nothing.after, "");
+  EXPECT_FALSE(nothing.IsChanged());
+  EXPECT_FALSE(nothing.project.local.exists);
+  WriteProject(nothing);
+  EXPECT_FALSE(std::filesystem::exists(file));
+  // An empty one that is there stays.
+  work.write("zeldebug.local.toml", "");
+  const EditedProject empty = plan(local(edit("lc", {}, {"debugDevice"})));
+  EXPECT_FALSE(empty.IsChanged());
+  EXPECT_TRUE(empty.project.local.exists);
+  WriteProject(empty);
+  EXPECT_TRUE(std::filesystem::exists(file));
+  std::filesystem::remove(file);
+  // What a lower source says is taken away there.
+  given("[processor.lc]\ndebugDevice = 4\n");
+  const EditedProject away = plan(local(edit("lc", {}, {"debugDevice"})));
+  EXPECT_TRUE(away.IsChanged());
+  WriteProject(away);
+  EXPECT_EQ(work.read("zeldebug.local.toml"),
+            "[processor.lc]\nunset = [\"debugDevice\"]\n");
+}
+
 TEST_F(Editing, WritesToAProfileWhereItIs) {
   given("[profile.slow.settings]\ndebugDevice = 1\n",
         "[profile.mine.processor.lc]\ndebugDevice = 2\n");

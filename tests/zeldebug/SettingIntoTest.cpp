@@ -216,6 +216,23 @@ TEST_F(SettingIntoTest, UnsetTakesAwayWhatLowerSourcesSay) {
   EXPECT_EQ(own(), "[processor.lumacore_0]\n");
 }
 
+TEST_F(SettingIntoTest, UnsetOfWhatNobodySaysMakesNoLocalFile) {
+  project("");
+  const std::vector<std::string> line{"lumacore_0", "--unset", "debugDevice",
+                                      "--into", "local"};
+  const Result run = set(line);
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "connect lc hdu -debugdevice cpunr 1\n");
+  EXPECT_EQ(run.err, "zeldebug: note: there is no zeldebug.local.toml, and "
+                     "none is needed\n");
+  EXPECT_EQ(setJson(line)["results"][0]["outcome"], "unchanged");
+  EXPECT_FALSE(fs::exists("zeldebug.local.toml"));
+  local("");
+  EXPECT_EQ(set(line).err,
+            "zeldebug: note: zeldebug.local.toml says so already\n");
+  EXPECT_EQ(text("zeldebug.local.toml"), "");
+}
+
 TEST_F(SettingIntoTest, AWholeChainAndASettingsFileAreTaken) {
   project("");
   EXPECT_EQ(

@@ -150,8 +150,7 @@ WrittenProject ProjectBoardState::write(Session &session, ProjectEdit edit) {
   // What a profile is given is looked at where it is in use.
   if (edit.target == ProjectTarget::profile)
     choice.profile.name = edit.profile;
-  WrittenProject written{
-      edited.file, edited.before != edited.after, edited.warnings, {}};
+  WrittenProject written{edited.file, edited.IsChanged(), edited.warnings, {}};
   for (ProjectFault &remark : saidBy(after, choice, edit.processor).remarks)
     written.remarks.push_back(std::move(remark));
   const ChangeRequest request = countingOf(edit, after);
@@ -184,7 +183,7 @@ ProjectBoardState::adopt(const std::vector<std::string> &processors,
     WriteProjectFiles(edited);
     take(std::move(after));
     for (const EditedProject &one : edited)
-      all.push_back({one.file, one.before != one.after, one.warnings, {}});
+      all.push_back({one.file, one.IsChanged(), one.warnings, {}});
   }
   RememberOptionFiles(board, processors);
   return all;

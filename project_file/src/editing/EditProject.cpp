@@ -67,6 +67,7 @@ public:
       : projectFile(std::move(ofFile)), board(ofBoard) {
     projectText = expectFile(projectFile);
     localText = findFile(LocalFileOf(projectFile));
+    isLocalThere = localText.has_value();
     const Project before = read();
     expectNoError(before.faults);
     told = AllFaults(before, board);
@@ -117,10 +118,12 @@ private:
     return isLocal ? localText.value_or("") : projectText;
   }
   void change(const std::string &to) {
-    if (isLocal)
+    if (!isLocal)
+      projectText = to;
+    else if (isLocalThere || !to.empty())
       localText = to;
     else
-      projectText = to;
+      localText.reset();
   }
 
   void apply(const ProjectEdit &one) {
@@ -372,6 +375,7 @@ private:
   ProjectChoice choice;
   std::string projectText;
   std::optional<std::string> localText;
+  bool isLocalThere = false; ///< before any change
   bool isLocal = false;
   Path table;
 };
@@ -416,7 +420,7 @@ void WriteProjectFiles(const std::vector<EditedProject> &files) {
   std::vector<const EditedProject *> written;
   try {
     for (const auto &[file, edited] : inOrder)
-      if (edited->before != edited->after) {
+      if (edited->IsChanged()) {
         WriteWholeFile(locks.at(file), edited->after, ExistingFile::replace);
         written.push_back(edited);
       }

@@ -190,14 +190,16 @@ void Into::look(const BoardProcessor &processor, const EditedProject &edited) {
 }
 
 const char *Into::wordOf(const EditedProject &edited) const {
-  if (edited.before == edited.after)
+  if (!edited.IsChanged())
     return "unchanged";
   return options.dryRun ? "dry-run" : "saved";
 }
 
 void Into::tellFile(const EditedProject &edited) const {
   const std::string file = printable(shownPath(edited.file));
-  if (edited.before == edited.after)
+  if (!edited.before && !edited.IsChanged())
+    output.note(fmt::format("there is no {}, and none is needed", file));
+  else if (!edited.IsChanged())
     output.note(fmt::format("{} says so already", file));
   else if (options.dryRun)
     output.note(fmt::format("it would be written to {}", file));

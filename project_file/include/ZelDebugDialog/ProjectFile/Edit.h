@@ -52,6 +52,10 @@ struct EditedProject {
   /// Warnings: what is told of the files only now, and "overridden", at the
   /// place of what counts instead.
   std::vector<ProjectFault> warnings;
+
+  /// Whether there is anything to write. A file that is not there, and is to
+  /// say nothing, is not made.
+  bool IsChanged() const { return before.value_or("") != after; }
 };
 
 /// Plans a change and checks what it makes of the files and of the processors
