@@ -117,6 +117,21 @@ TEST_F(AdoptCommandTest, AllOfItGoesWhereTheLineSays) {
   EXPECT_EQ(again.err, "zeldebug: note: the project says it already\n");
 }
 
+TEST_F(AdoptCommandTest, AProcessorThatIsNamedTwiceIsTakenOnce) {
+  project("");
+  save("lumacore_0", "connect lc hdu -debugdevice deviceNr 5 cpunr 1");
+  save("lumacore_1", "connect lc hdu -debugdevice deviceNr 3 cpunr 2");
+  const Result run =
+      this->run({"adopt", "lumacore_1", "lumacore_0", "lumacore_1"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "PROCESSOR   SETTING      VALUE  FILE\n"
+                     "lumacore_1  debugDevice  3      zeldebug.toml\n"
+                     "lumacore_0  debugDevice  5      zeldebug.toml\n");
+  save("lumacore_0", "connect lc hdu -debugdevice deviceNr 6 cpunr 1");
+  EXPECT_EQ(runJson({"adopt", "lumacore_0", "lumacore_0"})["adopted"].size(),
+            1U);
+}
+
 TEST_F(AdoptCommandTest, WhatAnEditorHasSavedIsTakenForGood) {
   project("");
   EXPECT_EQ(run({"sync"}).status, 0);

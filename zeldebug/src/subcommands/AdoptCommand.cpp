@@ -176,12 +176,25 @@ void expectNoDesign(const std::string &first, const LineProject &line) {
                 {"unknown-processor", "PROCESSOR", first, names});
 }
 
+/// Those of the line, each once.
+/// @param design  its first word is one of them
+std::vector<std::string> processorsOf(const AdoptLine &options,
+                                      DesignOptions &design) {
+  std::vector<std::string> all = options.processors;
+  if (const auto first = design.takeName())
+    all.insert(all.begin(), *first);
+  std::vector<std::string> processors;
+  for (const std::string &one : all)
+    if (std::find(processors.begin(), processors.end(), one) ==
+        processors.end())
+      processors.push_back(one);
+  return processors;
+}
+
 ExitStatus takeInto(const AdoptLine &options, const std::string &folder,
                     Output &output) {
-  std::vector<std::string> processors = options.processors;
   DesignOptions design = options.design;
-  if (const auto first = design.takeName())
-    processors.insert(processors.begin(), *first);
+  const std::vector<std::string> processors = processorsOf(options, design);
   if (processors.empty())
     throw Failure(ExitStatus::wrongUse,
                   "adopt: name the processors whose option files are meant");
