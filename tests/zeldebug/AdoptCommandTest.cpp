@@ -202,14 +202,49 @@ TEST_F(AdoptCommandTest, NothingIsLeftOfAProjectThatCannotBeWritten) {
   EXPECT_EQ(text(".gitignore"), "build/\n");
 }
 
-TEST_F(AdoptCommandTest, ADesignMakesNoSecondProject) {
+TEST_F(AdoptCommandTest, ADesignMakesNoSecondProjectAndWhatWouldIsTold) {
   project("");
-  const Result run = this->run({"adopt", "hw/board.xml"});
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.err,
-            "zeldebug: error: 'hw/board.xml' is no processor: adopt takes "
-            "option files of processors into zeldebug.toml, which is there "
-            "already; with --no-project it makes a project of DESIGN\n");
+  local("");
+  const auto told = [this](std::vector<std::string> more) {
+    more.insert(more.begin(), {"adopt", "hw/board.xml"});
+    const Result run = this->run(more);
+    EXPECT_EQ(run.status, 2);
+    return run.err;
+  };
+  const auto refusal = [](const std::string &file, const std::string &advice) {
+    return "zeldebug: error: 'hw/board.xml' is no processor: adopt takes "
+           "option files of processors into " +
+           file + ", which is there already; " + advice + '\n';
+  };
+  const std::vector<std::string> newProject{"adopt", "hw/board.xml",
+                                            "--no-project"};
+  EXPECT_EQ(told({}),
+            refusal("zeldebug.toml",
+                    "with --no-project it makes a project of DESIGN, once "
+                    "zeldebug.toml and zeldebug.local.toml are moved away"));
+  EXPECT_EQ(run(newProject).status, 1);
+  fs::remove("zeldebug.local.toml");
+  EXPECT_EQ(told({}),
+            refusal("zeldebug.toml",
+                    "with --no-project it makes a project of DESIGN, once "
+                    "zeldebug.toml is moved away"));
+  EXPECT_EQ(run(newProject).status, 1);
+
+  // The project of a folder above is in nobody's way.
+  fs::create_directory("sub");
+  EXPECT_EQ(told({"-C", "sub"}),
+            refusal("zeldebug.toml",
+                    "with --no-project it makes a project of DESIGN"));
+  EXPECT_EQ(run({"adopt", "hw/board.xml", "-C", "sub", "--no-project"}).status,
+            0);
+  EXPECT_TRUE(fs::exists("sub/zeldebug.toml"));
+
+  fs::rename("zeldebug.toml", "other.toml");
+  EXPECT_EQ(told({"--project", "other.toml"}),
+            refusal("other.toml", "with --no-project in place of --project it "
+                                  "makes a project of DESIGN"));
+  EXPECT_EQ(run(newProject).status, 0);
+  EXPECT_TRUE(fs::exists("zeldebug.toml"));
 }
 
 TEST_F(AdoptCommandTest, WrongUse) {

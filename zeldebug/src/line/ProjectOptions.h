@@ -52,6 +52,9 @@ public:
   /// Adds --project, --no-project, --probe and --profile to a subcommand.
   void addTo(Options &options);
 
+  /// Whether the line names the project file.
+  bool named() const { return projectFile.has_value(); }
+
   /// Of a line with DESIGN and PROCESSOR: a word alone is the processor, unless
   /// projects are left out.
   void takeProcessor(DesignOptions &design,

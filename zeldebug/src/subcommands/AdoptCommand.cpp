@@ -157,8 +157,35 @@ void show(const std::vector<Taken> &taken, const LineProject &line,
   table.print(output);
 }
 
+/// The files that a new project in this folder would have to replace.
+std::vector<std::string> filesInTheWay(const std::string &folder) {
+  const std::string file = newProjectFile(folder);
+  std::vector<std::string> found;
+  for (const std::string &one : {file, ZelDebugDialog::LocalFileOf(file)}) {
+    std::error_code error;
+    if (std::filesystem::symlink_status(one, error).type() !=
+        std::filesystem::file_type::not_found)
+      found.push_back(printable(one));
+  }
+  return found;
+}
+
+/// What makes a project of a design where there is one already.
+std::string adviceForDesign(const ProjectOptions &options,
+                            const std::string &folder) {
+  const std::vector<std::string> files = filesInTheWay(folder);
+  return fmt::format("with --no-project{} it makes a project of DESIGN{}",
+                     options.named() ? " in place of --project" : "",
+                     files.empty()
+                         ? ""
+                         : fmt::format(", once {} {} moved away",
+                                       fmt::join(files, " and "),
+                                       files.size() == 1 ? "is" : "are"));
+}
+
 /// A design makes a project, and there is one.
-void expectNoDesign(const std::string &first, const LineProject &line) {
+void expectNoDesign(const std::string &first, const LineProject &line,
+                    const ProjectOptions &options, const std::string &folder) {
   std::vector<std::string> names;
   for (const ZelDebugDialog::BoardProcessor &processor :
        line.board->Processors())
@@ -170,9 +197,9 @@ void expectNoDesign(const std::string &first, const LineProject &line) {
     return;
   throw Failure(ExitStatus::wrongUse,
                 fmt::format("'{}' is no processor: adopt takes option files of "
-                            "processors into {}, which is there already; with "
-                            "--no-project it makes a project of DESIGN",
-                            printable(first), printable(line.file)),
+                            "processors into {}, which is there already; {}",
+                            printable(first), printable(line.file),
+                            adviceForDesign(options, folder)),
                 {"unknown-processor", "PROCESSOR", first, names});
 }
 
@@ -202,7 +229,7 @@ ExitStatus takeInto(const AdoptLine &options, const std::string &folder,
   if (options.into)
     expectTarget(*options.into, into.emplace());
   const LineProject line = options.project.open(design, folder, output);
-  expectNoDesign(processors.front(), line);
+  expectNoDesign(processors.front(), line, options.project, folder);
   const std::vector<ProjectEdit> edits =
       AdoptOptionFiles(line.project, line.choice, *line.board, processors,
                        into ? &*into : nullptr);
