@@ -435,6 +435,15 @@ TEST_F(CommandCommandTest, TakesTheSettingsOfADocument) {
   EXPECT_THAT(other.err,
               HasSubstr("zeldebug: note: cpuNr 1 of saved.json is left out: it "
                         "is 2\n"));
+  // The file's own words are none that are left out.
+  save("lumacore_1", "connect lc hdu -debugdevice devicenr 3 cpunr 2");
+  folder.write("own.json",
+               this->run({"show", board, "lumacore_1", "--json"}).out);
+  const Result own =
+      this->run({"command", board, "lumacore_1", "--settings", "own.json"});
+  EXPECT_EQ(own.out, saved("lumacore_1") + "\n");
+  EXPECT_EQ(own.err, "");
+  std::filesystem::remove("etc/kvo_lumacore_1.opt");
   // Options stand over it, and a part of a document is one.
   EXPECT_EQ(commandFor("lumacore_1",
                        {"--settings", "saved.json", "--clear-chain", "--unset",

@@ -31,14 +31,6 @@ struct CommandOptions {
   bool force = false;
 };
 
-/// A file that gives the same already has the command, as it is worded there.
-std::string commandOf(Session &session, bool &isSaved) {
-  const ZelDebugDialog::CommandSettings loaded = session.Loaded();
-  isSaved = session.Problem().empty() && loaded.line != 0 &&
-            session.Differences().empty();
-  return isSaved ? loaded.text : session.Command();
-}
-
 void say(const Configured &configured, const Verdict &verdict, Output &output) {
   for (const Remark &remark : configured.remarks)
     if (remark.isWarning)
@@ -60,10 +52,10 @@ ExitStatus print(const CommandOptions &options, const AskedSettings &asked,
   Configured configured =
       configure(board, *options.processor, asked,
                 {Session::Hold::whileSaving, options.force, project});
-  bool isSaved = false;
-  const std::string command = commandOf(configured.session, isSaved);
+  const std::optional<std::string> saved = findSavedCommand(configured.session);
+  const std::string command = saved ? *saved : configured.session.Command();
   const Verdict verdict =
-      isSaved ? Verdict() : judge(configured, configured.session.Losses());
+      saved ? Verdict() : judge(configured, configured.session.Losses());
   say(configured, verdict, output);
   if (output.json()) {
     Json members = project == nullptr ? Json::object() : projectJson(*project);

@@ -107,12 +107,14 @@ std::string commandOf(const Session &session) {
 }
 
 /// What stands in a document and is no setting to take.
-void tellLeftOut(const Session &session, const AskedSettings &asked,
+void tellLeftOut(Session &session, const AskedSettings &asked,
                  std::vector<Remark> &remarks) {
   std::set<std::string> told;
   for (const auto &[setting, value] : asked.document.leftOut) {
     const Value now =
-        setting == "connectCommand" ? commandOf(session) : session.Get(setting);
+        setting == "connectCommand"
+            ? findSavedCommand(session).value_or(commandOf(session))
+            : session.Get(setting);
     if (now != value && told.insert(setting).second)
       remarks.push_back(
           {false,
@@ -222,6 +224,14 @@ std::string shownProblem(Session &session) {
 }
 
 } // namespace
+
+std::optional<std::string> findSavedCommand(Session &session) {
+  const ZelDebugDialog::CommandSettings loaded = session.Loaded();
+  if (!session.Problem().empty() || loaded.line == 0 ||
+      !session.Differences().empty())
+    return std::nullopt;
+  return loaded.text;
+}
 
 bool Configured::hasWarnings() const {
   return std::any_of(remarks.begin(), remarks.end(),

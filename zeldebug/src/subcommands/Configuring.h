@@ -3,6 +3,7 @@
 #ifndef ZELDEBUG_CONFIGURING_H
 #define ZELDEBUG_CONFIGURING_H
 
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -57,6 +58,9 @@ Configured configure(const ZelDebugDialog::Board &board,
 
 /// @throws Failure (unreadable) for a saved command that cannot be read
 void expectLoaded(ZelDebugDialog::Session &session, const std::string &advice);
+
+/// The command of a file that gives the same already, as it is worded there.
+std::optional<std::string> findSavedCommand(ZelDebugDialog::Session &session);
 
 /// Makes a session without an option file what the project says.
 /// @param project  null: it stays as it is
