@@ -275,6 +275,11 @@ TEST_F(AdoptCommandTest, WrongUse) {
                   "' is no name of a profile: it has letters, digits, '_' and "
                   "'-', and is not 'none'\n");
   }
+  failure =
+      runJson({"adopt", "lumacore_0", "--into", "profile:no"}, 2)["failure"];
+  EXPECT_EQ(failure["option"], "--into");
+  EXPECT_EQ(failure["message"], "--into: 'no' is no profile of the project; "
+                                "write [profile.no.settings]");
   // No option file is there.
   EXPECT_EQ(run({"adopt", "lumacore_0"}).status, 3);
 }

@@ -26,6 +26,12 @@ void expectTarget(const std::string &text, ZelDebugDialog::ProjectEdit &edit) {
   }
 }
 
+void expectTargetTaken(const ZelDebugDialog::Refusal &refusal) {
+  if (refusal.kind == ZelDebugDialog::RefusalKind::badValue &&
+      refusal.setting.empty())
+    throw failureOf(refusal, option);
+}
+
 bool writeFiles(const std::vector<ZelDebugDialog::EditedProject> &files) {
   try {
     WriteProjectFiles(files);

@@ -20,6 +20,9 @@ void addTargetOption(Options &options, std::optional<std::string> &value,
 /// @throws Failure (wrong use) for anything else
 void expectTarget(const std::string &text, ZelDebugDialog::ProjectEdit &edit);
 
+/// @throws Failure for a refusal of the target itself; others do nothing
+void expectTargetTaken(const ZelDebugDialog::Refusal &refusal);
+
 /// Writes files of a project as they are meant.
 /// @return false where somebody else has written one meanwhile; then none is
 bool writeFiles(const std::vector<ZelDebugDialog::EditedProject> &files);

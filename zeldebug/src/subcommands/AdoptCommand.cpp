@@ -218,6 +218,18 @@ std::vector<std::string> processorsOf(const AdoptLine &options,
   return processors;
 }
 
+std::vector<ProjectEdit> expectEdits(const LineProject &line,
+                                     const std::vector<std::string> &processors,
+                                     const ProjectEdit *into) {
+  try {
+    return AdoptOptionFiles(line.project, line.choice, *line.board, processors,
+                            into);
+  } catch (const ZelDebugDialog::Refusal &refusal) {
+    expectTargetTaken(refusal);
+    throw;
+  }
+}
+
 ExitStatus takeInto(const AdoptLine &options, const std::string &folder,
                     Output &output) {
   DesignOptions design = options.design;
@@ -231,8 +243,7 @@ ExitStatus takeInto(const AdoptLine &options, const std::string &folder,
   const LineProject line = options.project.open(design, folder, output);
   expectNoDesign(processors.front(), line, options.project, folder);
   const std::vector<ProjectEdit> edits =
-      AdoptOptionFiles(line.project, line.choice, *line.board, processors,
-                       into ? &*into : nullptr);
+      expectEdits(line, processors, into ? &*into : nullptr);
   const std::vector<EditedProject> files =
       EditProjectFiles(line.file, edits, *line.board, line.wishes);
   for (const EditedProject &file : files)

@@ -8,7 +8,6 @@
 #include <ZelDebugDialog/ProjectFile/Merge.h>
 
 #include "line/ProjectTargets.h"
-#include "line/Refused.h"
 #include "output/Json.h"
 #include "output/Place.h"
 #include "output/ProjectFaults.h"
@@ -32,12 +31,9 @@ using ZelDebugDialog::ProjectEdit;
 using ZelDebugDialog::ProjectLoss;
 using ZelDebugDialog::ProjectTarget;
 using ZelDebugDialog::Refusal;
-using ZelDebugDialog::RefusalKind;
 using ZelDebugDialog::Session;
 using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::Value;
-
-constexpr const char *intoOption = "--into";
 
 // Each time somebody else has written the file; nobody is so busy for long.
 constexpr int mostAttempts = 50;
@@ -123,10 +119,7 @@ EditedProject Into::planned() const {
   try {
     return EditProject(line.file, wholeEdit(), *line.board, line.wishes);
   } catch (const Refusal &refusal) {
-    const bool isTarget =
-        refusal.kind == RefusalKind::badValue && refusal.setting.empty();
-    if (isTarget)
-      throw failureOf(refusal, intoOption);
+    expectTargetTaken(refusal);
     throw asked.failureOf(refusal);
   }
 }
