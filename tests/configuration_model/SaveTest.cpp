@@ -582,7 +582,7 @@ TEST_F(SaveTest, OfSessionsOfOneFileTheFirstIsSavedAlsoByForce) {
   constexpr std::size_t many = 8;
   SaveOptions force;
   force.force = true;
-  for (const std::size_t first : {7, 0, 3}) {
+  for (const std::size_t first : {7U, 0U, 3U}) {
     fs::remove(file());
     std::vector<Session> sessions;
     for (std::size_t value = 0; value < many; ++value) {

@@ -129,7 +129,7 @@ TEST(CommandTrace, IgnoresWhatStandsBehindALoneDash) {
     EXPECT_NE(trace.words[dash].role, WordRole::ignored);
     EXPECT_EQ(wordAt(command, trace, dash + 1), "-bar");
     EXPECT_EQ(wordAt(command, trace, dash + 3), "type");
-    for (const std::size_t behind : {1, 2, 3})
+    for (const std::size_t behind : {1U, 2U, 3U})
       EXPECT_EQ(trace.words[dash + behind].role, WordRole::ignored) << command;
     ASSERT_EQ(trace.faults.size(), 1U) << command;
     EXPECT_EQ(trace.faults[0].kind, CommandFaultKind::loneDash);

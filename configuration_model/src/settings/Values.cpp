@@ -342,8 +342,8 @@ const SettingRow &expectSettable(std::string_view id) {
 
 Value expectValue(const SettingRow &row, const Value &asked,
                   const Snapshot &current, const Snapshot &defaults) {
-  const Value defaultValue = valueIn(defaults, row);
-  const Value present = valueIn(current, row);
+  Value defaultValue = valueIn(defaults, row);
+  Value present = valueIn(current, row);
   const bool isThere = asked == present && !asked.IsNothing();
   const bool isOpenToAll = row.info.kind != SettingKind::word;
   if (isThere || (isOpenToAll && asked == defaultValue))
