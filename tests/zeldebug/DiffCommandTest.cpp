@@ -30,6 +30,17 @@ TEST_F(DiffCommandTest, ListsTheSettingsThatDiffer) {
                      "romemSize      0        16\n");
 }
 
+// A wide letter takes two columns of a terminal, an accent on its own none.
+TEST_F(DiffCommandTest, AlignsLettersOfAnyWidth) {
+  const std::string front = "connect lc hdu -cable type quorla_podusb port ";
+  const Result run = this->run({"diff", front + "\u65e5\u672c esn e\u0301",
+                                front + "ab esn \u00e9", "--color", "always"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.out, "\x1b[1mSETTING     FIRST   SECOND\x1b[0m\n"
+                     "cable.port  \"\u65e5\u672c\"  \"ab\"\n"
+                     "cable.esn   \"e\u0301\"     \"\u00e9\"\n");
+}
+
 TEST_F(DiffCommandTest, TellsTheSameInJson) {
   json document = runJson({"diff", "connect lc sim", "connect lc sim"});
   EXPECT_EQ(document["equal"], true);

@@ -431,7 +431,10 @@ TEST_F(FaultsTest, TablesAndSentencesFitTheTerminal) {
   surroundings.terminal = true;
   surroundings.noColour = true;
   const std::vector<std::vector<std::string>> lines{
-      {"list", board}, {"cables"}, {"show", board, "lumacore_0", "--origin"}};
+      {"list", board},
+      {"cables"},
+      {"kinds", board},
+      {"show", board, "lumacore_0", "--origin"}};
   for (const unsigned short columns :
        std::vector<unsigned short>{60, 80, 132}) {
     surroundings.columns = columns;
@@ -448,6 +451,12 @@ TEST_F(FaultsTest, TablesAndSentencesFitTheTerminal) {
                                                        : "lumacore_0"));
     }
   }
+  // Help has less of an indent where its second column has no room.
+  surroundings.columns = 40;
+  const std::string help = this->run({"list", "--help"}, surroundings).out;
+  EXPECT_THAT(help, HasSubstr("\r\n  DESIGN\r\n"
+                              "    IP-XACT design file, or the\r\n"
+                              "    component file on top of a hierarchy\r\n"));
   // A pipe is as wide as it takes.
   EXPECT_THAT(this->run({"list", board}).out,
               HasSubstr("and processors of type 'soc_cortexr5' need one.\n"));

@@ -117,8 +117,8 @@ void Output::printLine(std::string_view text) {
   result += '\n';
 }
 
-void Output::printSentence(std::string_view text) {
-  printLine(wrapped(text, columns));
+void Output::printSentence(std::string_view text, std::size_t hanging) {
+  printLine(wrapped(text, columns, hanging));
 }
 
 void Output::document(const Json &ofResult) {

@@ -15,6 +15,7 @@
 
 #include "output/Failure.h"
 #include "output/JsonForward.h"
+#include "output/Wrap.h"
 
 namespace zeldebug {
 
@@ -75,8 +76,9 @@ public:
   /// Text of the result, for people.
   void print(std::string_view text) { result += text; }
   void printLine(std::string_view text);
-  /// The same, in lines that are no longer than the terminal.
-  void printSentence(std::string_view text);
+  /// The same, in lines that are no longer than the terminal; what is broken
+  /// off is indented by `hanging` more.
+  void printSentence(std::string_view text, std::size_t hanging = usualHanging);
   /// Which subcommand the result is of; "" before it is known.
   void setSubcommand(const std::string &name) { subcommand = name; }
   /// The result as a document; "version" and "command" are put in front, what

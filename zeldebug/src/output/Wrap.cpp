@@ -1,14 +1,30 @@
 #include "output/Wrap.h"
 
 #include <algorithm>
+#include <clocale>
+#include <cwchar>
 
 namespace zeldebug {
 
 namespace {
 
-bool isContinuation(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
+/// The C library's locale of UTF-8 for this thread, as long as it lives; the
+/// program's own stays.
+class Utf8Locale {
+public:
+  Utf8Locale() : before(uselocale(utf8())) {}
+  Utf8Locale(const Utf8Locale &) = delete;
+  Utf8Locale &operator=(const Utf8Locale &) = delete;
+  ~Utf8Locale() { uselocale(before); }
+
+private:
+  static locale_t utf8() {
+    static const locale_t made = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    return made;
+  }
+
+  locale_t before;
+};
 
 /// Colour takes no columns.
 std::size_t lengthOfColour(std::string_view text) {
@@ -18,21 +34,45 @@ std::size_t lengthOfColour(std::string_view text) {
   return end == std::string_view::npos ? 0 : end + 1;
 }
 
+/// What stands at the front of a text.
+struct Character {
+  std::size_t bytes = 1;
+  std::size_t columns = 1;
+};
+
+/// Most letters of East Asia take two columns, accents on their own none. A
+/// byte that is no text takes one.
+Character firstOf(std::string_view text) {
+  if (const std::size_t colour = lengthOfColour(text); colour != 0)
+    return {colour, 0};
+  if (static_cast<unsigned char>(text.front()) < 0x80)
+    return {};
+  const Utf8Locale locale;
+  std::mbstate_t state{};
+  wchar_t wide = 0;
+  const std::size_t bytes =
+      std::mbrtowc(&wide, text.data(), text.size(), &state);
+  if (bytes > text.size())
+    return {};
+  return {bytes, static_cast<std::size_t>(std::max(wcwidth(wide), 0))};
+}
+
 /// Bytes of the first `width` columns.
 std::size_t bytesOf(std::string_view text, std::size_t width) {
   std::size_t bytes = 0;
   std::size_t columns = 0;
   while (bytes < text.size()) {
-    const std::size_t colour = lengthOfColour(text.substr(bytes));
-    if (colour != 0) {
-      bytes += colour;
-      continue;
-    }
-    if (!isContinuation(text[bytes]) && columns++ == width)
+    const Character next = firstOf(text.substr(bytes));
+    columns += next.columns;
+    if (columns > width)
       break;
-    ++bytes;
+    bytes += next.bytes;
   }
   return bytes;
+}
+
+std::size_t indentOf(std::string_view line) {
+  return std::min(line.find_first_not_of(' '), line.size());
 }
 
 /// Takes from `rest` what fits into one line.
@@ -44,24 +84,27 @@ std::string takeLine(std::string_view &rest, std::size_t width,
     return line;
   }
   const std::size_t fitting = bytesOf(rest, width);
-  const std::size_t indent = std::min(rest.find_first_not_of(' '), rest.size());
   std::size_t end = rest.rfind(' ', fitting);
-  const bool isLong = end == std::string_view::npos || end < indent;
+  const bool isLong = end == std::string_view::npos || end < indentOf(rest);
   if (isLong)
-    end = breaksWords ? std::max<std::size_t>(fitting, 1)
+    end = breaksWords ? std::max(fitting, firstOf(rest).bytes)
                       : std::min(rest.find(' ', fitting), rest.size());
   std::string line(rest.substr(0, end));
   line.erase(line.find_last_not_of(' ') + 1);
   rest.remove_prefix(end);
-  rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
+  rest.remove_prefix(indentOf(rest));
   return line;
 }
 
-/// One line of a text, what is broken off indented.
+/// One line of a text, what is broken off indented: by less where next to no
+/// room would be left.
 std::string wrappedLine(std::string_view text, std::size_t width,
                         std::size_t indent) {
-  if (width == 0 || widthOf(text) <= width || indent + 10 > width)
+  constexpr std::size_t leastRoom = 20;
+  if (width == 0 || widthOf(text) <= width)
     return std::string(text);
+  if (indent + leastRoom > width)
+    indent = std::min(indentOf(text) + usualHanging, width / 4);
   std::string lines = takeLine(text, width, false);
   while (!text.empty())
     lines +=
@@ -84,20 +127,14 @@ std::string eachLine(std::string_view text, std::size_t width,
   }
 }
 
-std::size_t indentOf(std::string_view line) {
-  return std::min(line.find_first_not_of(' '), line.size());
-}
-
 } // namespace
 
 std::size_t widthOf(std::string_view text) {
   std::size_t columns = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const std::size_t colour = lengthOfColour(text.substr(i));
-    if (colour != 0)
-      i += colour - 1;
-    else if (!isContinuation(text[i]))
-      ++columns;
+  while (!text.empty()) {
+    const Character next = firstOf(text);
+    columns += next.columns;
+    text.remove_prefix(next.bytes);
   }
   return columns;
 }

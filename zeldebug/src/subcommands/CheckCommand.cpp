@@ -99,7 +99,7 @@ void print(Output &output, const std::string &place, const std::string &text,
   if (!diagnostic.accepted.empty())
     output.printSentence("  accepted: " + quotedList(diagnostic.accepted));
   if (!diagnostic.suggestion.empty())
-    output.printLine(
+    output.printSentence(
         fmt::format("  did you mean '{}'?", diagnostic.suggestion));
 }
 
@@ -180,8 +180,8 @@ ExitStatus run(const CheckLine &line, const CommandLine &commandLine,
                                          : documents::diagnosticsJson(
                                                *checker.designOrNull())}});
   else
-    output.printLine(fmt::format("{} checked, {} refused",
-                                 counted(commands.size(), "command"), faulty));
+    output.printSentence(fmt::format(
+        "{} checked, {} refused", counted(commands.size(), "command"), faulty));
   return faulty == 0 ? ExitStatus::done : ExitStatus::refused;
 }
 

@@ -48,7 +48,7 @@ ExitStatus run(const Commands &commands, Output &output) {
   if (output.json())
     output.document(ZelDebugDialog::documents::differencesJson(differences));
   else if (differences.empty())
-    output.printLine("The commands have the same settings.");
+    output.printSentence("The commands have the same settings.");
   else
     print(differences, output);
   return ExitStatus::done;

@@ -122,14 +122,15 @@ std::string shownVerdict(const KindCandidate &candidate) {
 }
 
 void printCandidate(const KindCandidate &candidate, Output &output) {
-  output.printLine(printable(fmt::format(
+  output.printSentence(printable(fmt::format(
       "  {} {}", dashIfEmpty(candidate.identity), shownVerdict(candidate))));
   std::string instances =
       fmt::format("{}", fmt::join(candidate.instances, " "));
   if (candidate.otherInstances > 0)
     instances += fmt::format(" and {} more", candidate.otherInstances);
   const auto line = [&output](const char *what, const std::string &text) {
-    output.printLine(printable(fmt::format("    {:<10}{}", what, text)));
+    output.printSentence(printable(fmt::format("    {:<10}{}", what, text)),
+                         10);
   };
   line("instances", instances);
   for (const std::string &evidence : candidate.evidence)
@@ -214,7 +215,8 @@ ExitStatus run(const KindsOptions &options, const std::string &folder,
     return ExitStatus::done;
   }
   printProposal(proposal, output);
-  output.printLine("With the table of what plays a part, 'list' answers:\n");
+  output.printSentence(
+      "With the table of what plays a part, 'list' answers:\n");
   list.print(output);
   return ExitStatus::done;
 }

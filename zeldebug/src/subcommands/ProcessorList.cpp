@@ -29,7 +29,7 @@ void ProcessorList::print(Output &output) const {
                   fmt::format("{}", processor.number), processor.fpuText,
                   fmt::format("{}", fmt::join(processor.connections, " "))});
   if (table.empty())
-    output.printLine("No processor of this design can be debugged.");
+    output.printSentence("No processor of this design can be debugged.");
   else
     table.print(output);
   for (const Undebuggable &other : others) {

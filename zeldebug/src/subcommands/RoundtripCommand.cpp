@@ -103,9 +103,9 @@ ExitStatus tryRoundtrip(const std::optional<std::string> &file,
                      {"changed", changed},
                      {"refused", refused}});
   else
-    output.printLine(fmt::format("{}: {} same, {} changed, {} refused",
-                                 counted(lines.size(), "command"), same,
-                                 changed, refused));
+    output.printSentence(fmt::format("{}: {} same, {} changed, {} refused",
+                                     counted(lines.size(), "command"), same,
+                                     changed, refused));
   return same == lines.size() ? ExitStatus::done : ExitStatus::refused;
 }
 
