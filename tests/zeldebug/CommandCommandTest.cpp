@@ -457,9 +457,37 @@ TEST_F(CommandCommandTest, TakesTheSettingsOfADocument) {
   EXPECT_EQ(piped.out, "connect lc sim\n");
 }
 
+TEST_F(CommandCommandTest, TakesTextThatIsNoUtf8FromADocument) {
+  const std::string command =
+      "connect lc hdu -cable type quorla_podusb esn caf\xe9 -configdevice "
+      "devicenr 1 partname p irlength 4 idcode 0x1 -configdevice devicenr 2 "
+      "partname p\xff irlength 4 idcode 0x2 -debugdevice cpunr 2";
+  save("lumacore_1", command);
+  const json shown = runJson({"show", board, "lumacore_1"});
+  EXPECT_EQ(shown["cable"]["esn"], "caf\uFFFD");
+  EXPECT_EQ(shown["bytes"]["cable"], json({{"esn", "Y2Fm6Q=="}}));
+  EXPECT_EQ(shown["bytes"]["chain"],
+            json({json::object(), {{"partname", "cP8="}}}));
+  folder.write("own.json", shown.dump());
+  const Result own =
+      this->run({"command", board, "lumacore_1", "--settings", "own.json"});
+  EXPECT_EQ(own.out, command + "\n");
+  EXPECT_EQ(own.err, "");
+  // It may stand for itself; what is all UTF-8 has no such member.
+  folder.write("own.json", R"({"bytes": {"cable": {"esn": "Y2Fm6Q=="}}})");
+  save("lumacore_1", "connect lc hdu -cable type quorla_podusb esn caf\u00e9 "
+                     "-debugdevice cpunr 2");
+  EXPECT_FALSE(runJson({"show", board, "lumacore_1"}).contains("bytes"));
+  EXPECT_THAT(commandFor("lumacore_1", {"--settings", "own.json"}),
+              HasSubstr("esn caf\xe9 "));
+}
+
 TEST_F(CommandCommandTest, NamesWhatIsWrongWithADocument) {
+  const auto nested = [](std::size_t depth) {
+    return std::string(depth, '[') + std::string(depth, ']');
+  };
   const struct {
-    const char *text;
+    std::string text;
     std::string problem;
   } rows[] = {
       {"{\n  \"cable\": {,\n}", "2: this is no JSON"},
@@ -488,6 +516,18 @@ TEST_F(CommandCommandTest, NamesWhatIsWrongWithADocument) {
       {"{\"nCpu\": 1, \"nCpu\": 2,\n\"nCpu\": {,}", "1: 'nCpu' is given twice"},
       {"{\"nCpu\": {,},\n\"nCpu\": 2}", "1: this is no JSON"},
       {"{\"\": 1,\n\"\": 2}", "2: '' is given twice"},
+      {"{\"bytes\":\n{\"cable\": {\"esn\": \"Y2Fm6R==\"}}}",
+       "1: 'bytes' holds what is no base64, or stands for nothing that is "
+       "shown"},
+      {"{\"chain\": [],\n\"bytes\": {\"chain\": [{\"partname\": \"cP8=\"}]}}",
+       "2: 'bytes' holds what is no base64, or stands for nothing that is "
+       "shown"},
+      {"{\"bytes\": {\"cable\": {\"esm\": \"Y2Fm6Q==\"}}}",
+       "1: 'cable.esm' is no setting; did you mean 'cable.esn'?"},
+      {"{\"warnings\":\n" + nested(100) + "}",
+       "2: it is nested more than 100 deep"},
+      {"{\"cable\":\n" + nested(1'000'000) + "}",
+       "2: it is nested more than 100 deep"},
       {"{\"record\": {},\n\"failure\": {}}",
        "2: it tells of a failure: what it shows is not what was saved"},
   };
@@ -503,6 +543,9 @@ TEST_F(CommandCommandTest, NamesWhatIsWrongWithADocument) {
   EXPECT_EQ(run.err,
             "zeldebug: error: settings.json:1: debugDevice: '200' is no number "
             "from 0 to 127 (decimal or 0x)\n");
+  folder.write("settings.json", "{\"warnings\": " + nested(99) + "}");
+  EXPECT_EQ(commandFor("lumacore_0", {"--settings", "settings.json"}),
+            commandFor("lumacore_0", {}));
   // One name in several objects, or in another case, is none that is given
   // twice.
   folder.write("settings.json",

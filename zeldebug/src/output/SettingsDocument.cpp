@@ -8,6 +8,7 @@
 
 #include <fmt/format.h>
 
+#include "documents/Bytes.h"
 #include "output/Failure.h"
 #include "output/Json.h"
 #include "output/Output.h"
@@ -22,6 +23,13 @@ using ZelDebugDialog::FindSetting;
 using ZelDebugDialog::GetSettings;
 using ZelDebugDialog::SettingInfo;
 using ZelDebugDialog::Value;
+using ZelDebugDialog::documents::decodeBytes;
+
+/// What `show` prints has half a dozen levels.
+constexpr std::size_t deepestNesting = 100;
+
+/// What of the settings is no UTF-8, in base64, in the document's own shape.
+constexpr const char *bytesMember = "bytes";
 
 // What stands beside the settings in a document of `show`.
 constexpr std::array<const char *, 15> results{
@@ -63,6 +71,8 @@ private:
   void take(const std::string &member, const std::string &setting,
             const Json &value);
   void expectOneProcessor(const Json &json) const;
+  /// Puts texts that are no UTF-8 where they are shown.
+  void putBytes(Json &json, const Json &bytes) const;
   void takeMembers(const std::string &prefix, const std::string &name,
                    const Json &object);
   Value valueOf(const std::string &member, const Json &json) const;
@@ -169,6 +179,28 @@ void DocumentReader::expectOneProcessor(const Json &json) const {
       failAt(member, problem, {"bad-value", member});
 }
 
+void DocumentReader::putBytes(Json &json, const Json &bytes) const {
+  if (bytes.is_object() && (json.is_object() || json.is_null())) {
+    for (const auto &[name, value] : bytes.items())
+      putBytes(json[name], value);
+    return;
+  }
+  if (bytes.is_array() && json.is_array() && bytes.size() <= json.size()) {
+    for (std::size_t at = 0; at < bytes.size(); ++at)
+      putBytes(json[at], bytes[at]);
+    return;
+  }
+  const auto decoded = bytes.is_string()
+                           ? decodeBytes(bytes.get_ref<const std::string &>())
+                           : std::nullopt;
+  if (!decoded)
+    failAt(bytesMember,
+           "'bytes' holds what is no base64, or stands for nothing that is "
+           "shown",
+           {"bad-value", bytesMember});
+  json = *decoded;
+}
+
 Json DocumentReader::parse() const {
   std::istringstream stream(text);
   const auto lastRead = [&stream]() -> std::size_t {
@@ -180,6 +212,11 @@ Json DocumentReader::parse() const {
   const auto see = [&](int depth, Json::parse_event_t event,
                        const Json &parsed) {
     const auto open = static_cast<std::size_t>(depth);
+    const bool isStart = event == Json::parse_event_t::object_start ||
+                         event == Json::parse_event_t::array_start;
+    if (isStart && open >= deepestNesting)
+      fail(fmt::format("it is nested more than {} deep", deepestNesting),
+           lastRead());
     if (event == Json::parse_event_t::object_start) {
       names.resize(open);
       names.emplace_back();
@@ -210,10 +247,15 @@ void DocumentReader::expectNew(std::set<std::string> &names,
 }
 
 SettingsDocument DocumentReader::read() {
-  const Json json = parse();
+  Json json = parse();
   if (!json.is_object())
     fail("this is no document of settings: no object", 0);
   expectOneProcessor(json);
+  if (const auto bytes = json.find(bytesMember); bytes != json.end()) {
+    const Json texts = std::move(*bytes);
+    json.erase(bytes);
+    putBytes(json, texts);
+  }
   for (const auto &[name, value] : json.items()) {
     if (name == "record")
       takeMembers("", name, value);

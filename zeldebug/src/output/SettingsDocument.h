@@ -19,7 +19,8 @@ struct SettingsDocument {
 /// Takes any part of such a document; what else `show` says is passed over.
 /// @param file  where the text comes from, for messages
 /// @throws Failure (unreadable) for what is no JSON or no document of settings,
-///   gives a member twice, or names a setting that there is not
+///   gives a member twice, is nested too deeply, or names a setting that there
+///   is not
 SettingsDocument readSettingsDocument(const std::string &text,
                                       const std::string &file);
 

@@ -19,6 +19,7 @@ using ZelDebugDialog::CommandSetting;
 using ZelDebugDialog::CommandSettings;
 using ZelDebugDialog::FindSetting;
 using ZelDebugDialog::Value;
+namespace documents = ZelDebugDialog::documents;
 
 constexpr const char *connection = "connection";
 constexpr const char *connectCommand = "connectCommand";
@@ -107,6 +108,26 @@ Json shapedOf(const CommandSettings &shown, const Tell &tell) {
   return json;
 }
 
+/// Without members that say nothing; what is in a list keeps its place.
+Json sparse(const Json &json) {
+  if (json.is_array()) {
+    Json list = Json::array();
+    for (const Json &each : json)
+      list.push_back(sparse(each));
+    const bool isEmpty =
+        std::all_of(list.begin(), list.end(),
+                    [](const Json &each) { return each.empty(); });
+    return isEmpty ? Json() : list;
+  }
+  if (!json.is_object())
+    return json;
+  Json object = Json::object();
+  for (const auto &[name, value] : json.items())
+    if (Json said = sparse(value); !said.empty())
+      object[name] = std::move(said);
+  return object;
+}
+
 } // namespace
 
 void printSettings(const CommandSettings &shown, bool withOrigin,
@@ -124,6 +145,12 @@ Json settingsJson(const CommandSettings &shown, bool withOrigin) {
   members[connectCommand] = settingOf(shown, connectCommand).value.Text();
   members["result"] = shown.result;
   members["error"] = shown.error;
+  Json bytes = shapedOf(shown, [](const CommandSetting &setting) {
+    return documents::bytesOf(setting.value);
+  });
+  bytes[connectCommand] = bytes["record"][connectCommand];
+  if (bytes = sparse(bytes); !bytes.empty())
+    members["bytes"] = bytes;
   if (withOrigin)
     members["origin"] = shapedOf(shown, [](const CommandSetting &setting) {
       return Json(setting.origin);
