@@ -26,7 +26,8 @@ pattern, {"#": N} an array of N items, {"has": ITEM} one with such an item,
 {"any": true} anything. $work is the folder, $board the design of examples/board.
 
 Every answer is validated against the schemas. After each answer with a patch, the
-state before it, patched, must be the state that is asked for.
+state that was last told, patched, must be the state that is asked for. It is asked
+for before as well only where an option file may be another since.
 """
 
 import json
@@ -86,6 +87,7 @@ def patched(document, patch):
             target = target[int(part)] if isinstance(target, list) else target[part]
         if isinstance(target, list):
             last = len(target) if last == "-" else int(last)
+            assert last <= len(target)
         if step["op"] == "add":
             if isinstance(target, list):
                 target.insert(last, step["value"])
@@ -113,6 +115,7 @@ class Conversation:
         self.server, self.validator, self.names = server, validator, names
         self.work = pathlib.Path(names["work"])
         self.count, self.patches, self.last = 0, 0, None
+        self.told, self.stale = {}, set()  # states, by the numbers of their configurations
 
     def text(self, line):
         return re.sub(r"\$([a-z_0-9]+)", lambda name: str(self.names[name.group(1)]), line)
@@ -132,19 +135,41 @@ class Conversation:
             raise Failed("\n".join(faults))
 
     def state(self, configuration):
+        """What is asked for; None of what is not open."""
         answer = self.ask("configuration/state", {"configuration": configuration})
-        return answer.get("result", {}).get("state")
+        self.told[configuration] = answer.get("result", {}).get("state")
+        self.stale.discard(configuration)
+        return self.told[configuration]
+
+    def known(self, configuration):
+        """What a client knows without asking, where it can."""
+        is_known = self.told.get(configuration) is not None and configuration not in self.stale
+        return self.told[configuration] if is_known else self.state(configuration)
+
+    def expect_patched(self, configuration, patch):
+        before = self.told[configuration]
+        if patched(before, patch) != self.state(configuration):
+            raise Failed(f"the state that was last told, patched, is not the state after: {patch}")
+        self.patches += 1
 
     def request(self, method, params):
         named = params.get("configuration")
-        before = self.state(named) if isinstance(named, int) else None
+        is_open = isinstance(named, int) and self.known(named) is not None
+        if method == "board/save":
+            for number in list(self.stale):
+                self.state(number)
         answer = self.ask(method, params)
-        patch = answer.get("result", {}).get("patch") if isinstance(answer.get("result"), dict) else None
-        if before is not None and method != "configuration/close":
-            after = self.state(named)
-            if patched(before, patch or []) != after:
-                raise Failed(f"the state before, patched, is not the state after: {patch}")
-            self.patches += 1
+        result = answer["result"] if isinstance(answer.get("result"), dict) else {}
+        if "state" in result:
+            self.told[result.get("configuration", named)] = result["state"]
+        elif method.endswith("/close"):
+            self.told.clear()
+        elif is_open:
+            self.expect_patched(named, result.get("patch", []))
+        for saved in result.get("configurations", []):
+            self.expect_patched(saved["configuration"], saved["patch"])
+        if method.endswith("/save"):
+            self.stale.update(set(self.told) - {named})
         return answer
 
     def raw(self, text):
@@ -160,6 +185,8 @@ class Conversation:
     def run(self, line, expected):
         word, _, rest = line.partition(" ")
         place = self.work / rest.partition(" ")[0]
+        if word in ("file", "link", "remove") and place.parent.name == "etc":
+            self.stale.update(self.told)
         content = rest.partition(" ")[2]
         if word == "let":
             name, _, path = rest.partition(" ")

@@ -42,7 +42,7 @@ PATCH_STEP = {
         "path": {"type": "string", "pattern": "^/", "description": "Where, as a JSON Pointer (RFC 6901)"},
         "value": {"$ref": "protocol-results.schema.json#/$defs/anything", "description": "Optional: not to remove"},
     }}
-PATCH = {"type": "array", "description": "JSON Patch (RFC 6902) from the state before to the state after",
+PATCH = {"type": "array", "description": "JSON Patch (RFC 6902) from the state that was last told to the state now",
          "items": {"$ref": "protocol-results.schema.json#/$defs/patchStep"}}
 DEFINITIONS = {"anything": {}, "patchStep": PATCH_STEP}
 

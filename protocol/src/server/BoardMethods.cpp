@@ -203,7 +203,7 @@ Json saveBoard(const Workplace &place, const Parameters &given) {
   std::vector<Json> before;
   std::vector<Session *> sessions;
   for (const Configuration &each : all) {
-    before.push_back(each->state());
+    before.push_back(each->toldState());
     sessions.push_back(&each->session());
   }
   SaveOptions options;

@@ -33,12 +33,12 @@ Json unlessRefused(OpenConfiguration &configuration, const Act &act) {
 }
 
 /// Does something with a configuration.
-/// @return what `act` returns, with the patch from the state before
+/// @return what `act` returns, with the patch from the state that was last told
 template <class Act>
 Json patched(const Workplace &place, const Parameters &given, const Act &act) {
   const auto configuration = configurationOf(place, given);
   const Turn turn(configuration->turn());
-  const Json before = configuration->state();
+  const Json before = configuration->toldState();
   Json result = unlessRefused(*configuration, act);
   result["patch"] = Json::diff(before, configuration->state());
   return result;

@@ -37,15 +37,29 @@ const documents::Json &OpenConfiguration::state() {
   // alone.
   BoardProject *const project = onBoard->project.get();
   const unsigned version = project == nullptr ? 0 : project->version();
-  const bool isKnown = !known.is_null() && version == knownVersion &&
-                       !known["changedOnDisk"] && !opened.ChangedOnDisk();
-  if (isKnown)
-    return known;
-  known = documents::stateJson(opened.State());
-  knownVersion = version;
+  if (isKnown && version == toldVersion && isFileAsTold())
+    return told;
+  documents::Json now = documents::stateJson(opened.State());
   if (project != nullptr)
-    project->addTo(known, opened.Processor());
-  return known;
+    project->addTo(now, opened.Processor());
+  told = std::move(now);
+  toldVersion = version;
+  isKnown = true;
+  return told;
+}
+
+documents::Json OpenConfiguration::toldState() {
+  documents::Json state = told;
+  if (!isFileAsTold()) {
+    const SessionState now = opened.State();
+    state["exists"] = now.exists;
+    state["changedOnDisk"] = now.changedOnDisk;
+  }
+  return state;
+}
+
+bool OpenConfiguration::isFileAsTold() const {
+  return !told["changedOnDisk"] && !opened.ChangedOnDisk();
 }
 
 std::int64_t OpenThings::add(std::shared_ptr<OpenBoard> board) {

@@ -33,23 +33,31 @@ public:
   OpenConfiguration(std::shared_ptr<OpenBoard> ofBoard,
                     const std::string &processor);
 
-  /// Held by whoever asks for the state before and after what it does.
+  /// Held by whoever asks for the state, or does something to the session.
   std::mutex &turn() { return mutex; }
   Session &session() { return opened; }
   const OpenBoard &board() const { return *onBoard; }
 
-  /// The state as a document, with the file as it is now. It stays what it is
-  /// until the next call. For whoever holds `turn`.
+  // Both are for whoever holds `turn`.
+
+  /// The state as a document, with the file as it is now, to be told to the
+  /// client. It stays what it is until the next call.
   const documents::Json &state();
+  /// The one that the client has: as it was last told, whatever the project has
+  /// come to say since; but with the file as it is now.
+  documents::Json toldState();
   /// The session is not what it was.
-  void forgetState() { known = nullptr; }
+  void forgetState() { isKnown = false; }
 
 private:
+  bool isFileAsTold() const;
+
   std::mutex mutex;
   std::shared_ptr<OpenBoard> onBoard; ///< outlives the session
   Session opened;
-  documents::Json known;     ///< null: not known
-  unsigned knownVersion = 0; ///< of the project that `known` is of
+  documents::Json told;
+  unsigned toldVersion = 0; ///< of the project that `told` is of
+  bool isKnown = false;     ///< whether `told` is of the session as it is
 };
 
 class OpenThings {
