@@ -113,7 +113,8 @@ class Board:
 
     def _outcomes(self, configurations: tuple[Configuration, ...],
                   force: bool) -> list[dict[str, Any]]:
-        known = configurations or tuple(self._configurations.values())
+        known = configurations or tuple(
+            one for one in self._configurations.values() if one._is_open)
         with contextlib.ExitStack() as turns:
             # What a change tells from another thread comes before or behind; in
             # one order, so that two of these don't wait for each other.

@@ -285,6 +285,10 @@ class Configuration(MutableMapping[str, Value]):
         nothing."""
         self._finalizer()
 
+    @property
+    def _is_open(self) -> bool:
+        return bool(self._finalizer.alive)
+
     def __enter__(self) -> Configuration:
         return self
 

@@ -163,6 +163,14 @@ class BoardTest(Case):
         # What only the simulator can run has to be told so.
         self.assertEqual(list(self.board.losses()), ["lumacore_2"])
 
+    def test_saves_what_is_open(self):
+        with self.board.configuration("lumacore_1") as closed:
+            closed["debugDevice"] = 2
+        self.one["debugDevice"] = 3
+        self.assertEqual([one.file for one in self.board.save()],
+                         [str(OPTION_FILE)])
+        with self.assertRaises(zeldebugdialog.ProtocolError):
+            self.board.save(closed)
 
     def test_tells_of_every_refusal(self):
         displaced = {"cable.cableType": "quorla_podusb",
