@@ -11,24 +11,34 @@ def _tokens(pointer: str) -> list[str]:
 
 
 def apply(document: Any, patch: list[dict[str, Any]]) -> Any:
-    """The document with a patch applied, in place where that can be.
+    """The document with a patch applied. The one that was given stays as it is;
+    what the patch leaves alone is part of both.
 
-    >>> apply({"a": [1, 2], "b": 3}, [
+    >>> first = {"a": [1, 2], "b": 3}
+    >>> apply(first, [
     ...     {"op": "remove", "path": "/a/0"},
     ...     {"op": "add", "path": "/a/-", "value": 4},
     ...     {"op": "replace", "path": "/b", "value": 5}])
     {'a': [2, 4], 'b': 5}
+    >>> first
+    {'a': [1, 2], 'b': 3}
     """
     for step in patch:
-        tokens = _tokens(step["path"])
-        if not tokens:
-            document = step["value"]
-            continue
-        place = document
-        for token in tokens[:-1]:
-            place = place[int(token) if isinstance(place, list) else token]
-        _apply_to(place, tokens[-1], step)
+        document = _changed(document, _tokens(step["path"]), step)
     return document
+
+
+def _changed(place: Any, tokens: list[str], step: dict[str, Any]) -> Any:
+    if not tokens:
+        return step["value"]
+    first, *rest = tokens
+    copy = place.copy()
+    if rest:
+        at = int(first) if isinstance(place, list) else first
+        copy[at] = _changed(place[at], rest, step)
+    else:
+        _apply_to(copy, first, step)
+    return copy
 
 
 def _apply_to(place: Any, last: str, step: dict[str, Any]) -> None:

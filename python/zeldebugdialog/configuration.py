@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import contextlib
 import dataclasses
 import threading
 import weakref
@@ -25,6 +26,15 @@ def close_quietly(opened: Server, kind: str, handle: int) -> None:
         opened.call(f"{kind}/close", **{kind: handle})
     except ProtocolError:
         pass
+
+
+def _value_in(state: dict[str, Any], name: str) -> Value:
+    if name == _CHAIN:  # whose texts have their bytes beside them
+        return [{field: from_json(one["value"], one.get("bytes"))
+                 for field, one in device.items()}
+                for device in state["chain"]]
+    setting = state["settings"][name]
+    return from_json(setting["value"], setting.get("bytes"))
 
 
 class Configuration(MutableMapping[str, Value]):
@@ -56,7 +66,7 @@ class Configuration(MutableMapping[str, Value]):
 
     _server: Server
     _handle: int
-    _state: dict[str, Any]
+    _state: dict[str, Any]  # a new one after each change; none changes itself
     _lock: threading.RLock
     _written: Written | None
     _finalizer: Any
@@ -148,8 +158,7 @@ class Configuration(MutableMapping[str, Value]):
     @property
     def exists(self) -> bool:
         """Whether the file is there: looks at it now."""
-        self.refresh()
-        return bool(self._state["exists"])
+        return bool(self._asked()["exists"])
 
     @property
     def dirty(self) -> bool:
@@ -159,8 +168,7 @@ class Configuration(MutableMapping[str, Value]):
     @property
     def changed_on_disk(self) -> bool:
         """Whether the file is no longer what was loaded: looks at it now."""
-        self.refresh()
-        return bool(self._state["changedOnDisk"])
+        return bool(self._asked()["changedOnDisk"])
 
     @property
     def command(self) -> str | None:
@@ -206,8 +214,10 @@ class Configuration(MutableMapping[str, Value]):
 
     def setting(self, name: str) -> Setting:
         """All that is known of a setting. It raises KeyError."""
-        known = Setting.of(name, self._state["settings"][name])
-        return dataclasses.replace(known, value=self[name])
+        state = self._state
+        return dataclasses.replace(
+            Setting.of(name, state["settings"][name]),
+            value=_value_in(state, name))
 
     @property
     def chain(self) -> Chain:
@@ -220,18 +230,12 @@ class Configuration(MutableMapping[str, Value]):
 
     def refresh(self) -> None:
         """Asks for everything anew, such as whether the file has changed."""
-        with self._lock:
-            self.__dict__["_state"] = self._call("configuration/state")["state"]
+        self._asked()
 
     # --- As a mapping ----------------------------------------------------------
 
     def __getitem__(self, name: str) -> Value:
-        if name == _CHAIN:  # whose texts have their bytes beside them
-            return [{field: from_json(one["value"], one.get("bytes"))
-                     for field, one in device.items()}
-                    for device in self._state["chain"]]
-        setting = self._state["settings"][name]
-        return from_json(setting["value"], setting.get("bytes"))
+        return _value_in(self._state, name)
 
     def __setitem__(self, name: str, value: object) -> None:
         self.change({name: value})
@@ -302,15 +306,22 @@ class Configuration(MutableMapping[str, Value]):
         return id(self)
 
     def __repr__(self) -> str:
-        command = self.command or f"no command: {self.command_error}"
-        return (f"<Configuration of '{self.processor}'"
-                f"{', not saved' if self.dirty else ''}: {command}>")
+        state = self._state
+        command = state["command"] or f"no command: {state.get('commandError')}"
+        return (f"<Configuration of '{state['processor']}'"
+                f"{', not saved' if state['dirty'] else ''}: {command}>")
 
     # --- Requests --------------------------------------------------------------
 
     def _call(self, method: str, **parameters: object) -> Any:
         return self._server.call(method, configuration=self._handle,
                                  **parameters)
+
+    def _asked(self) -> dict[str, Any]:
+        with self._lock:
+            state: dict[str, Any] = self._call("configuration/state")["state"]
+            self.__dict__["_state"] = state
+            return state
 
     def _effects(self, method: str, **parameters: object) -> list[Effect]:
         with self._lock:
@@ -353,7 +364,8 @@ class Group:
 
     def __repr__(self) -> str:
         front = self.__dict__["_name"]
-        values = ", ".join(f"{name}={getattr(self, name)!r}"
+        state = self._whole._state
+        values = ", ".join(f"{name}={_value_in(state, f'{front}.{name}')!r}"
                            for name in dir(self))
         return f"<{front}: {values}>"
 
@@ -375,6 +387,15 @@ class Chain(MutableSequence[Device]):
         assert isinstance(devices, list)
         return devices
 
+    @contextlib.contextmanager
+    def _changed(self) -> Iterator[list[Device]]:
+        """The devices, which are given to the configuration afterwards; no
+        other thread changes it meanwhile."""
+        with self._configuration._lock:
+            devices = self._devices()
+            yield devices
+            self._configuration.change({_CHAIN: devices})
+
     @overload
     def __getitem__(self, index: int) -> Device: ...
     @overload
@@ -389,26 +410,25 @@ class Chain(MutableSequence[Device]):
     def __setitem__(self, index: slice, value: Iterable[Device]) -> None: ...
 
     def __setitem__(self, index: int | slice, value: Any) -> None:
-        devices = self._devices()
-        devices[index] = value
-        self._configuration.change({_CHAIN: devices})
+        with self._changed() as devices:
+            devices[index] = value
 
     def __delitem__(self, index: int | slice) -> None:
-        devices = self._devices()
-        del devices[index]
-        self._configuration.change({_CHAIN: devices})
+        with self._changed() as devices:
+            del devices[index]
 
     def __len__(self) -> int:
         return len(self._devices())
 
     def insert(self, index: int, value: Device) -> None:
-        devices = self._devices()
-        devices.insert(index, value)
-        self._configuration.change({_CHAIN: devices})
+        with self._changed() as devices:
+            devices.insert(index, value)
 
     def extend(self, values: Iterable[Device]) -> None:
         """All of them in one change."""
-        self._configuration.change({_CHAIN: [*self._devices(), *values]})
+        more = list(values)
+        with self._changed() as devices:
+            devices += more
 
     def __eq__(self, other: object) -> bool:
         return isinstance(other, (Chain, list)) and list(self) == list(other)

@@ -5,6 +5,7 @@ import gc
 import importlib
 import os
 import pathlib
+import sys
 import threading
 import unittest
 
@@ -398,6 +399,40 @@ class ProcessTest(Case):
         kept = self.one.setting("debugDevice")
         self.one.refresh()
         self.assertEqual(self.one.setting("debugDevice"), kept)
+
+    def test_threads_see_whole_states(self):
+        devices = [{"devicenr": 1}, {"devicenr": 2}]
+        torn = []
+
+        def look():
+            while changing.is_alive():
+                if len(self.one["chain"]) not in (0, 2):
+                    torn.append(self.one["chain"])
+                torn.extend(one for one in self.one.differences
+                            if one.saved == one.now)
+
+        def change():
+            for _ in range(100):
+                self.one.change({"chain": devices, "debugDevice": 2})
+                self.one.reset()
+        changing = threading.Thread(target=change)
+        changing.start()
+        interval = sys.getswitchinterval()
+        sys.setswitchinterval(1e-5)
+        look()
+        sys.setswitchinterval(interval)
+        self.assertEqual(torn, [])
+
+    def test_threads_append_in_turns(self):
+        def append():
+            for _ in range(10):
+                self.one.chain.append({"devicenr": 1})
+        threads = [threading.Thread(target=append) for _ in range(4)]
+        for thread in threads:
+            thread.start()
+        for thread in threads:
+            thread.join()
+        self.assertEqual(len(self.one.chain), 40)
 
     def test_patched_states_are_those_asked_for(self):
         changes = [{"cable.cableType": "quorla_podusb"}, {"cable.esn": "x"},
