@@ -77,12 +77,12 @@ class Server:
     def _answer(self, request: bytes) -> bytes:
         text = ctypes.c_void_p()
         length = ctypes.c_size_t()
-        status = self._library.zdd_answer(self._server, request, len(request),
-                                          ctypes.byref(text),
-                                          ctypes.byref(length))
-        if status != _OK:
-            raise MemoryError("no room for the answer to a request")
         try:
+            status = self._library.zdd_answer(
+                self._server, request, len(request), ctypes.byref(text),
+                ctypes.byref(length))
+            if status != _OK:
+                raise MemoryError("no room for the answer to a request")
             return ctypes.string_at(text.value or 0, length.value)
         finally:
             self._library.zdd_answer_release(text)

@@ -9,7 +9,7 @@ from collections.abc import Iterable
 from typing import Any
 
 from ._library import server
-from .configuration import Configuration, close_quietly
+from .configuration import Configuration, close_quietly, forgetting
 from .errors import Refused
 from .records import Diagnostic, Loss, Processor, Saved, Undebuggable
 
@@ -120,6 +120,7 @@ class Board:
             # one order, so that two of these don't wait for each other.
             for one in sorted(known, key=lambda each: each._handle):
                 turns.enter_context(one._lock)
+            turns.enter_context(forgetting(*known))
             answer = self._server.call(
                 "board/save", board=self._handle, force=force,
                 configurations=[one._handle for one in known])

@@ -12,7 +12,7 @@ from typing import Any, overload
 
 from ._library import NULL, Server
 from ._patch import apply
-from .errors import ProtocolError
+from .errors import ProtocolError, Refused
 from .records import Diagnostic, Difference, Effect, Loss, Saved, Setting
 from .records import Written
 from .values import Device, Value, from_json, to_json
@@ -26,6 +26,20 @@ def close_quietly(opened: Server, kind: str, handle: int) -> None:
         opened.call(f"{kind}/close", **{kind: handle})
     except ProtocolError:
         pass
+
+
+@contextlib.contextmanager
+def forgetting(*configurations: Configuration) -> Iterator[None]:
+    """Around a request for a patch: where it is lost after all, as by an
+    interrupt, these have to ask for their states."""
+    try:
+        yield
+    except BaseException as problem:
+        if not isinstance(problem, (Refused, ProtocolError)) \
+                or problem.kind == "internal":
+            for one in configurations:
+                one.__dict__["_told"] = None
+        raise
 
 
 def _value_in(state: dict[str, Any], name: str) -> Value:
@@ -66,7 +80,8 @@ class Configuration(MutableMapping[str, Value]):
 
     _server: Server
     _handle: int
-    _state: dict[str, Any]  # a new one after each change; none changes itself
+    # The state, a new one after each change; none where an answer was lost.
+    _told: dict[str, Any] | None
     _lock: threading.RLock
     _written: Written | None
     _finalizer: Any
@@ -77,7 +92,7 @@ class Configuration(MutableMapping[str, Value]):
         own = self.__dict__
         own["_server"] = server
         own["_handle"] = opened["configuration"]
-        own["_state"] = opened["state"]
+        own["_told"] = opened["state"]
         own["_lock"] = threading.RLock()
         own["_written"] = None
         finalizer = weakref.finalize(self, close_quietly, server,
@@ -138,7 +153,7 @@ class Configuration(MutableMapping[str, Value]):
         It raises Refused (would-be-lost, unreadable, changed-on-disk, read-only:
         not with `force`; draft, no-command, no-regular-file, no-folder,
         file-system)."""
-        with self._lock:
+        with self._lock, forgetting(self):
             answer = self._call("configuration/save", force=force)
             self._patched(answer)
             return Saved.of(answer)
@@ -320,15 +335,21 @@ class Configuration(MutableMapping[str, Value]):
     def _asked(self) -> dict[str, Any]:
         with self._lock:
             state: dict[str, Any] = self._call("configuration/state")["state"]
-            self.__dict__["_state"] = state
+            self.__dict__["_told"] = state
             return state
 
+    @property
+    def _state(self) -> dict[str, Any]:
+        told = self._told
+        return self._asked() if told is None else told
+
     def _effects(self, method: str, **parameters: object) -> list[Effect]:
-        with self._lock:
+        with self._lock, forgetting(self):
             return self._patched(self._call(method, **parameters))
 
     def _patched(self, answer: dict[str, Any]) -> list[Effect]:
-        self.__dict__["_state"] = apply(self._state, answer["patch"])
+        if self._told is not None:
+            self.__dict__["_told"] = apply(self._told, answer["patch"])
         written = answer.get("written")
         self.__dict__["_written"] = written and Written.of(written)
         return [Effect.of(effect) for effect in answer.get("effects", [])]

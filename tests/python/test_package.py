@@ -8,6 +8,7 @@ import pathlib
 import sys
 import threading
 import unittest
+import unittest.mock
 
 import zeldebugdialog
 from zeldebugdialog import Board, Refused
@@ -441,9 +442,32 @@ class ProcessTest(Case):
                    {"connection": "stub-serial"}]
         for values in changes:
             self.one.change(values)
-            patched = self.one.__dict__["_state"]
+            patched = self.one._told
             self.one.refresh()
-            self.assertEqual(self.one.__dict__["_state"], patched)
+            self.assertEqual(self.one._told, patched)
+
+    def test_an_answer_that_is_lost_is_asked_for(self):
+        def interrupted(act):
+            answer = self.one._server._answer
+
+            def lost(request):
+                answer(request)
+                raise KeyboardInterrupt
+            with unittest.mock.patch.object(self.one._server, "_answer", lost):
+                with self.assertRaises(KeyboardInterrupt):
+                    act()
+        interrupted(lambda: self.one.change({"debugDevice": 2}))
+        self.assertEqual(self.one["debugDevice"], 2)
+        interrupted(lambda: self.one.change({"chain": [{}, {}]}))
+        self.one["debugDevice"] = 3
+        self.assertEqual(len(self.one.chain), 2)
+        self.one.chain = []
+        interrupted(self.one.save)
+        self.assertFalse(self.one.dirty)
+        self.one["debugDevice"] = 4
+        interrupted(self.board.save)
+        self.assertEqual((self.one["debugDevice"], self.one.dirty),
+                         (4, False))
 
     def test_closes_what_nobody_has(self):
         handles = set()
