@@ -5,6 +5,9 @@
 #include <thread>
 #include <vector>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <gtest/gtest.h>
 
 #include "configuration_model/ModelTest.h"
@@ -102,6 +105,35 @@ TEST_F(SessionThreadsTest, TwoWithOneSession) {
   second.join();
   EXPECT_EQ(answers, 2 * rounds);
   EXPECT_TRUE(session.State().canUndo);
+}
+
+/// Whether it ends well in a process of its own.
+bool endsWell(pid_t child) {
+  int status = -1;
+  return waitpid(child, &status, 0) == child && status == 0;
+}
+
+TEST_F(SessionThreadsTest, OneThatForksWhileAnotherWorks) {
+  std::atomic<bool> isDone{false};
+  std::thread working([&] {
+    while (!isDone)
+      livesIn(board, "ppc440");
+  });
+  const auto forked = [this] {
+    const pid_t child = fork();
+    if (child != 0)
+      return child;
+    alarm(20); // where it would wait for ever
+    Session session(other, "core0");
+    session.Change({{"debugDevice", 3}});
+    _exit(session.Command().empty() ? 1 : 0);
+  };
+  int good = 0;
+  while (good < rounds && endsWell(forked()))
+    ++good;
+  isDone = true;
+  working.join();
+  EXPECT_EQ(good, rounds);
 }
 
 } // namespace

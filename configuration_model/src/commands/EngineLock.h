@@ -4,7 +4,8 @@
 // Engines read with one string of the process, so that not even two of them may
 // be used at once; and designs answer one question at a time. Whoever holds the
 // lock calls nothing that takes it: outside of this room only whole operations
-// take it, such as those of `Desk`, and none of them calls another.
+// take it, such as those of `Desk`, and none of them calls another. A fork
+// waits for it as well, and leaves it free in both processes.
 #ifndef ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_ENGINELOCK_H
 #define ZELDEBUGDIALOG_CONFIGURATIONMODEL_COMMANDS_ENGINELOCK_H
 
