@@ -49,6 +49,7 @@ class Server:
         self._library = _load()
         self._server = ctypes.c_void_p()
         self._numbers = itertools.count(1)
+        self._process = os.getpid()
         if self._library.zdd_server_create(ctypes.byref(self._server)) != _OK:
             raise MemoryError("no room for a server of debug configurations")
 
@@ -60,6 +61,7 @@ class Server:
         """The result of a request; parameters that are None are left out.
 
         It raises Refused, ProtocolError."""
+        self.expect_here()
         request = json.dumps({
             "jsonrpc": "2.0", "id": next(self._numbers), "method": method,
             "params": {name: None if value is NULL else value
@@ -73,6 +75,12 @@ class Server:
             raise Refused(error["message"], error.get("data", {}))
         raise ProtocolError(error["message"], error["code"],
                             error.get("data"))
+
+    def expect_here(self) -> None:
+        """Before anything waits for a lock that a thread may hold which the
+        forked process does not have. It raises ProtocolError."""
+        if self._process != os.getpid():
+            raise ProtocolError("a forked process starts with nothing open")
 
     def _answer(self, request: bytes) -> bytes:
         text = ctypes.c_void_p()

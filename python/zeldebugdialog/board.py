@@ -119,7 +119,7 @@ class Board:
             # What a change tells from another thread comes before or behind; in
             # one order, so that two of these don't wait for each other.
             for one in sorted(known, key=lambda each: each._handle):
-                turns.enter_context(one._lock)
+                turns.enter_context(one._turn())
             turns.enter_context(forgetting(*known))
             answer = self._server.call(
                 "board/save", board=self._handle, force=force,

@@ -153,7 +153,7 @@ class Configuration(MutableMapping[str, Value]):
         It raises Refused (would-be-lost, unreadable, changed-on-disk, read-only:
         not with `force`; draft, no-command, no-regular-file, no-folder,
         file-system)."""
-        with self._lock, forgetting(self):
+        with self._turn(), forgetting(self):
             answer = self._call("configuration/save", force=force)
             self._patched(answer)
             return Saved.of(answer)
@@ -328,12 +328,16 @@ class Configuration(MutableMapping[str, Value]):
 
     # --- Requests --------------------------------------------------------------
 
+    def _turn(self) -> threading.RLock:
+        self._server.expect_here()
+        return self._lock
+
     def _call(self, method: str, **parameters: object) -> Any:
         return self._server.call(method, configuration=self._handle,
                                  **parameters)
 
     def _asked(self) -> dict[str, Any]:
-        with self._lock:
+        with self._turn():
             state: dict[str, Any] = self._call("configuration/state")["state"]
             self.__dict__["_told"] = state
             return state
@@ -344,7 +348,7 @@ class Configuration(MutableMapping[str, Value]):
         return self._asked() if told is None else told
 
     def _effects(self, method: str, **parameters: object) -> list[Effect]:
-        with self._lock, forgetting(self):
+        with self._turn(), forgetting(self):
             return self._patched(self._call(method, **parameters))
 
     def _patched(self, answer: dict[str, Any]) -> list[Effect]:
@@ -412,7 +416,7 @@ class Chain(MutableSequence[Device]):
     def _changed(self) -> Iterator[list[Device]]:
         """The devices, which are given to the configuration afterwards; no
         other thread changes it meanwhile."""
-        with self._configuration._lock:
+        with self._configuration._turn():
             devices = self._devices()
             yield devices
             self._configuration.change({_CHAIN: devices})

@@ -51,7 +51,7 @@ class ProtocolError(ZelDebugDialogError):
     kind, setting, value, accepted, suggestion: as those of Refused
     """
 
-    def __init__(self, message: str, code: int,
+    def __init__(self, message: str, code: int = -32602,
                  data: dict[str, Any] | None = None) -> None:
         super().__init__(message)
         told = data or {}

@@ -5,6 +5,7 @@ import gc
 import importlib
 import os
 import pathlib
+import signal
 import sys
 import threading
 import unittest
@@ -482,11 +483,36 @@ class ProcessTest(Case):
                                                configuration=max(handles))
 
     def test_a_forked_process_starts_anew(self):
-        child = os.fork()
-        if child == 0:
+        def is_fine():
+            for use in (self.one.undo, self.one.save, self.board.save,
+                        lambda: self.one.chain.append({}), self.one.refresh):
+                try:
+                    use()
+                    return False
+                except zeldebugdialog.ProtocolError as fault:
+                    if fault.code != -32602:
+                        return False
+            self.board.close()
             board = Board("board/board.xml")
-            os._exit(0 if board.configuration("lumacore_0").command else 1)
-        self.assertEqual(os.waitpid(child, 0)[1], 0)
+            return board.configuration("lumacore_0").command is not None
+
+        def work():
+            while not done.is_set():
+                self.one.change({"chain": [{"devicenr": 1}] * 100})
+                self.one.reset()
+        done = threading.Event()
+        working = threading.Thread(target=work)
+        working.start()
+        ended = []
+        for _ in range(5):
+            child = os.fork()
+            if child == 0:
+                signal.alarm(20)  # where it would wait for ever
+                os._exit(0 if is_fine() else 1)
+            ended.append(os.waitpid(child, 0)[1])
+        done.set()
+        working.join()
+        self.assertEqual(ended, [0] * 5)
 
 
 def load_tests(_, tests, __):
