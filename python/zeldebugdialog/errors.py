@@ -6,7 +6,8 @@ from typing import Any
 
 
 class ZelDebugDialogError(Exception):
-    """The base of all of them."""
+    """The base of all of them. Each is made anew of its message alone, and then
+    gets its attributes: so it is copied, and comes out of another process."""
 
 
 class LibraryNotFound(ZelDebugDialogError):
@@ -29,17 +30,19 @@ class Refused(ZelDebugDialogError):
     file, line, column, code, message, accepted and suggestion
     """
 
-    def __init__(self, message: str, data: dict[str, Any]) -> None:
+    def __init__(self, message: str,
+                 data: dict[str, Any] | None = None) -> None:
         super().__init__(message)
-        self.kind: str = data.get("kind", "")
-        self.setting: str | None = data.get("setting")
-        self.value: str | None = data.get("value")
-        self.problem: str = data.get("message", message)
-        self.accepted: list[str] = list(data.get("accepted", []))
-        self.suggestion: str | None = data.get("suggestion")
-        self.file: str | None = data.get("file")
-        self.line: int | None = data.get("line")
-        self.faults: list[dict[str, Any]] = list(data.get("faults", []))
+        told = data or {}
+        self.kind: str = told.get("kind", "")
+        self.setting: str | None = told.get("setting")
+        self.value: str | None = told.get("value")
+        self.problem: str = told.get("message", message)
+        self.accepted: list[str] = list(told.get("accepted", []))
+        self.suggestion: str | None = told.get("suggestion")
+        self.file: str | None = told.get("file")
+        self.line: int | None = told.get("line")
+        self.faults: list[dict[str, Any]] = list(told.get("faults", []))
 
 
 class ProtocolError(ZelDebugDialogError):

@@ -1,10 +1,12 @@
 """The Python package as a program uses it. It works in a copy of examples/."""
 
+import copy
 import doctest
 import gc
 import importlib
 import os
 import pathlib
+import pickle
 import signal
 import sys
 import threading
@@ -256,6 +258,18 @@ class ConfigurationTest(Case):
         fault = caught.exception
         self.assertEqual((fault.kind, fault.parameter, fault.setting),
                          ("bad-parameters", "values", "debugDevice"))
+
+    def test_what_is_raised_goes_to_other_processes(self):
+        refusal = self.refusal_of(self.one.change, {"connection": "vp"})
+        refusal.add_note("noted")
+        fault = zeldebugdialog.ProtocolError("none", -32601,
+                                             {"parameter": "a"})
+        for one in (refusal, fault):
+            for same in (pickle.loads(pickle.dumps(one)), copy.copy(one),
+                         copy.deepcopy(one)):
+                self.assertIs(type(same), type(one))
+                self.assertEqual(str(same), str(one))
+                self.assertEqual(vars(same), vars(one))
 
     def test_goes_back_and_forth(self):
         self.assertEqual(self.refusal_of(self.one.undo).kind,
