@@ -15,14 +15,15 @@ from .configuration import Chain, Configuration, Group
 from .errors import (LibraryNotFound, ProtocolError, Refused,
                      ZelDebugDialogError)
 from .records import (Choice, Diagnostic, Difference, Effect, Loss, Processor,
-                      Said, Saved, Setting, SettingInfo, Undebuggable, Written)
+                      Said, SaidCommand, Saved, Setting, SettingInfo,
+                      Undebuggable, Written)
 from .values import Device, Value
 
 __all__ = [
     "Board", "Chain", "Choice", "Completion", "Configuration", "Device",
     "Diagnostic", "Difference", "Effect", "Group", "LibraryNotFound", "Loss",
-    "Processor", "ProtocolError", "Refused", "Said", "Saved", "Setting",
-    "SettingInfo", "Undebuggable", "Value", "Word", "Written",
-    "ZelDebugDialogError", "check", "complete", "diff", "explain", "settings",
-    "version",
+    "Processor", "ProtocolError", "Refused", "Said", "SaidCommand",
+    "Saved", "Setting", "SettingInfo", "Undebuggable", "Value", "Word",
+    "Written", "ZelDebugDialogError", "check", "complete", "diff", "explain",
+    "settings", "version",
 ]

@@ -13,8 +13,8 @@ from typing import Any, overload
 from ._library import NULL, Server
 from ._patch import apply
 from .errors import ProtocolError, Refused
-from .records import Diagnostic, Difference, Effect, Loss, Saved, Setting
-from .records import Written
+from .records import Diagnostic, Difference, Effect, Loss, Saved
+from .records import SaidCommand, Setting, Written
 from .values import Device, Value, from_json, to_json
 
 _CHAIN = "chain"
@@ -174,6 +174,18 @@ class Configuration(MutableMapping[str, Value]):
     def exists(self) -> bool:
         """Whether the file is there: looks at it now."""
         return bool(self._asked()["exists"])
+
+    @property
+    def problem(self) -> str | None:
+        """Why what is saved could not be read: then it starts from the
+        defaults, and saving needs `force`."""
+        return self._text("problem")
+
+    @property
+    def project(self) -> SaidCommand | None:
+        """What the files of the board's project make of it, if there is one."""
+        said = self._state.get("project")
+        return None if said is None else SaidCommand.of(said)
 
     @property
     def dirty(self) -> bool:

@@ -167,6 +167,30 @@ class Said:
 
 
 @dataclasses.dataclass(frozen=True)
+class SaidCommand:
+    """The command that the files of a project make for a processor.
+
+    command: None where they make none
+    problem: why; file, line, column: the place of it, from 1, in bytes
+    remarks: what there is to say of them
+    """
+
+    command: str | None
+    problem: str | None
+    file: str | None
+    line: int | None
+    column: int | None
+    remarks: tuple[Diagnostic, ...]
+
+    @classmethod
+    def of(cls, document: dict[str, Any]) -> SaidCommand:
+        return cls(document["command"], document.get("problem"),
+                   document.get("file"), document.get("line"),
+                   document.get("column"),
+                   tuple(map(Diagnostic.of, document["remarks"])))
+
+
+@dataclasses.dataclass(frozen=True)
 class Setting:
     """A setting of a configuration, and what is known of it.
 

@@ -97,6 +97,23 @@ class ProjectTest(unittest.TestCase):
             one["debugDevice"] = 4
             self.assertIsNone(one.written)
 
+    def test_tells_what_the_files_make_of_a_processor(self):
+        with Board(project=self.FILE) as board:
+            said = board.configuration("lumacore_0").project
+            self.assertEqual((said.command, said.problem, said.line),
+                             (POD + NUMBER, None, None))
+        self.FILE.write_text('design = "board/board.xml"\n'
+                             '[processor.lumacore_2]\n'
+                             'connection = "hw"\n')
+        with Board(project=self.FILE) as board:
+            said = board.configuration("lumacore_2").project
+            self.assertIsNone(said.command)
+            self.assertIn("does not allow", said.problem)
+            self.assertEqual((said.file, said.line, said.column),
+                             ("zeldebug.toml", 3, 14))
+            self.assertEqual([one.code for one in said.remarks],
+                             ["connection-mask"])
+
     def test_tells_every_fault(self):
         self.LOCAL.write_text("[settings]\na = 1\ncable.esn = 42\n")
         with self.assertRaises(Refused) as caught:
@@ -326,6 +343,17 @@ class ConfigurationTest(Case):
         self.assertEqual(self.refusal_of(self.one.save).kind,
                          "changed-on-disk")
         self.one.save(force=True)
+
+    def test_tells_what_could_not_be_read(self):
+        self.assertIsNone(self.one.problem)
+        self.assertIsNone(self.one.project)
+        OPTION_FILE.write_text("connect nonsense")
+        one = self.board.configuration("lumacore_0")
+        self.assertIn("nonsense", one.problem)
+        refusal = self.refusal_of(one.save)
+        self.assertEqual(refusal.kind, "unreadable")
+        one.save(force=True)
+        self.assertIsNone(one.problem)
 
     def test_names_what_would_be_lost(self):
         self.one.change({"cable.cableType": "quorla_podusb",
