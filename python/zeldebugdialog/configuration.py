@@ -51,6 +51,23 @@ def _value_in(state: dict[str, Any], name: str) -> Value:
     return from_json(setting["value"], setting.get("bytes"))
 
 
+class _ChainAttribute:
+    """What is read is a chain, and what is given any devices: types of a
+    property are one."""
+
+    @overload
+    def __get__(self, one: None, kind: type) -> _ChainAttribute: ...
+    @overload
+    def __get__(self, one: Configuration, kind: type) -> Chain: ...
+
+    def __get__(self, one: Configuration | None,
+                kind: type) -> Chain | _ChainAttribute:
+        return self if one is None else Chain(one)
+
+    def __set__(self, one: Configuration, devices: Iterable[Device]) -> None:
+        one.change({_CHAIN: list(devices)})
+
+
 class Configuration(MutableMapping[str, Value]):
     """The settings of one processor, by their names.
 
@@ -246,14 +263,8 @@ class Configuration(MutableMapping[str, Value]):
             Setting.of(name, state["settings"][name]),
             value=_value_in(state, name))
 
-    @property
-    def chain(self) -> Chain:
-        """The devices of the JTAG chain, as a list."""
-        return Chain(self)
-
-    @chain.setter
-    def chain(self, devices: Iterable[Device]) -> None:
-        self.change({_CHAIN: list(devices)})
+    #: The devices of the JTAG chain, as a list.
+    chain = _ChainAttribute()
 
     def refresh(self) -> None:
         """Asks for everything anew, such as whether the file has changed."""
@@ -295,7 +306,7 @@ class Configuration(MutableMapping[str, Value]):
         raise AttributeError(f"'{name}' is no setting")
 
     def __setattr__(self, name: str, value: object) -> None:
-        if isinstance(getattr(type(self), name, None), property):
+        if hasattr(getattr(type(self), name, None), "__set__"):
             super().__setattr__(name, value)
         elif name in self._state["settings"]:
             self[name] = value
@@ -466,6 +477,9 @@ class Chain(MutableSequence[Device]):
         more = list(values)
         with self._changed() as devices:
             devices += more
+
+    def __add__(self, others: Iterable[Device]) -> list[Device]:
+        return [*self._devices(), *others]
 
     def __eq__(self, other: object) -> bool:
         return isinstance(other, (Chain, list)) and list(self) == list(other)

@@ -421,7 +421,10 @@ class ChainTest(Case):
         self.assertEqual(chain[0]["partname"], "pk9ab100")
         del chain[0]
         self.assertEqual(len(chain), 1)
-        self.one.chain = []
+        self.assertEqual(len(chain + [{"devicenr": 4}]), 2)
+        self.one.chain += [{"devicenr": 5}]
+        self.assertEqual([one["devicenr"] for one in chain], [3, 5])
+        self.one.chain = ()
         self.assertEqual(self.one.chain, [])
         refusal = self.refusal_of(chain.append, {"irlenght": 6})
         self.assertEqual(refusal.suggestion or "irlength", "irlength")
