@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import contextlib
 import os
+import threading
 import weakref
 from collections.abc import Iterable
 from typing import Any
@@ -74,6 +75,8 @@ class Board:
             Diagnostic.of, opened.get("project", {}).get("warnings", ())))
         self._configurations: weakref.WeakValueDictionary[
             int, Configuration] = weakref.WeakValueDictionary()
+        # Around that. What is let go of meanwhile may use the board again.
+        self._lock = threading.RLock()
         self._finalizer = weakref.finalize(self, close_quietly, self._server,
                                            "board", self._handle)
         # What a process has open ends with it.
@@ -86,7 +89,8 @@ class Board:
         It raises Refused (unknown-processor, not-debuggable)."""
         made = Configuration(self._server, self._handle, processor)
         made.__dict__["_board"] = self  # which stays open as long
-        self._configurations[made._handle] = made
+        with self._lock:
+            self._configurations[made._handle] = made
         return made
 
     def save(self, *configurations: Configuration,
@@ -113,13 +117,16 @@ class Board:
 
     def _outcomes(self, configurations: tuple[Configuration, ...],
                   force: bool) -> list[dict[str, Any]]:
-        known = configurations or tuple(
-            one for one in self._configurations.values() if one._is_open)
+        self._server.expect_here()
+        with self._lock:
+            known = configurations or tuple(self._configurations.values())
         with contextlib.ExitStack() as turns:
             # What a change tells from another thread comes before or behind; in
             # one order, so that two of these don't wait for each other.
             for one in sorted(known, key=lambda each: each._handle):
                 turns.enter_context(one._turn())
+            if not configurations:
+                known = tuple(one for one in known if one._is_open)
             turns.enter_context(forgetting(*known))
             answer = self._server.call(
                 "board/save", board=self._handle, force=force,

@@ -325,7 +325,9 @@ class Configuration(MutableMapping[str, Value]):
     def close(self) -> None:
         """Closes it; what is not saved is gone. Closing it again does
         nothing."""
-        self._finalizer()
+        with contextlib.suppress(ProtocolError):  # of a forked process
+            with self._turn():  # not while it is being saved
+                self._finalizer()
 
     @property
     def _is_open(self) -> bool:

@@ -1,5 +1,6 @@
 """The Python package as a program uses it. It works in a copy of examples/."""
 
+import contextlib
 import copy
 import doctest
 import gc
@@ -470,6 +471,28 @@ class ProcessTest(Case):
         sys.setswitchinterval(interval)
         self.assertEqual(torn, [])
 
+    def test_threads_open_and_close_while_all_are_saved(self):
+        def come_and_go():
+            while not done.is_set():
+                self.board.configuration("lumacore_1")
+                self.board.configuration("lumacore_1").close()
+        done = threading.Event()
+        threads = [threading.Thread(target=come_and_go) for _ in range(2)]
+        interval = sys.getswitchinterval()
+        sys.setswitchinterval(1e-5)
+        for thread in threads:
+            thread.start()
+        try:
+            for _ in range(100):
+                # Two of one processor are refused.
+                with contextlib.suppress(Refused):
+                    self.board.save()
+        finally:
+            done.set()
+            sys.setswitchinterval(interval)
+            for thread in threads:
+                thread.join()
+
     def test_threads_append_in_turns(self):
         def append():
             for _ in range(10):
@@ -537,6 +560,7 @@ class ProcessTest(Case):
                 except zeldebugdialog.ProtocolError as fault:
                     if fault.code != -32602:
                         return False
+            self.one.close()
             self.board.close()
             board = Board("board/board.xml")
             return board.configuration("lumacore_0").command is not None
