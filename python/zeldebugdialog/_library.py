@@ -8,7 +8,7 @@ import json
 import os
 import pathlib
 import threading
-from typing import Any
+from typing import Any, NoReturn, SupportsIndex
 
 from .errors import LibraryNotFound, ProtocolError, Refused
 
@@ -94,6 +94,15 @@ class Server:
             return ctypes.string_at(text.value or 0, length.value)
         finally:
             self._library.zdd_answer_release(text)
+
+
+class Opened:
+    """What is open in the library: there is one of it."""
+
+    def __reduce_ex__(self, _: SupportsIndex) -> NoReturn:
+        raise TypeError(
+            f"a {type(self).__name__} is open in the library of this process: "
+            "it is neither copied nor pickled, and another one can be opened")
 
 
 _lock = threading.Lock()

@@ -9,7 +9,7 @@ import weakref
 from collections.abc import Iterable
 from typing import Any
 
-from ._library import server
+from ._library import Opened, server
 from .configuration import Configuration, close_quietly, forgetting
 from .errors import Refused
 from .records import Diagnostic, Loss, Processor, Saved, Undebuggable
@@ -17,7 +17,7 @@ from .records import Diagnostic, Loss, Processor, Saved, Undebuggable
 _Path = str | os.PathLike[str]
 
 
-class Board:
+class Board(Opened):
     """The processors of one design, found once.
 
     design: its file; library: folders and catalogs of its components

@@ -10,7 +10,7 @@ from collections.abc import Iterable, Iterator, Mapping, MutableMapping
 from collections.abc import MutableSequence
 from typing import Any, overload
 
-from ._library import NULL, Server
+from ._library import NULL, Opened, Server
 from ._patch import apply
 from .errors import ProtocolError, Refused
 from .records import Diagnostic, Difference, Effect, Loss, Saved
@@ -68,7 +68,7 @@ class _ChainAttribute:
         one.change({_CHAIN: list(devices)})
 
 
-class Configuration(MutableMapping[str, Value]):
+class Configuration(Opened, MutableMapping[str, Value]):
     """The settings of one processor, by their names.
 
     It is a mapping, and has each setting as an attribute as well. A setting is

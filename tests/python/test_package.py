@@ -289,6 +289,13 @@ class ConfigurationTest(Case):
                 self.assertEqual(str(same), str(one))
                 self.assertEqual(vars(same), vars(one))
 
+    def test_is_neither_copied_nor_pickled(self):
+        for one in (self.board, self.one):
+            for copied in (pickle.dumps, copy.copy, copy.deepcopy):
+                with self.assertRaisesRegex(
+                        TypeError, "^a (Board|Configuration) is open in"):
+                    copied(one)
+
     def test_goes_back_and_forth(self):
         self.assertEqual(self.refusal_of(self.one.undo).kind,
                          "nothing-to-undo")
