@@ -154,11 +154,16 @@ class Configuration(Opened, MutableMapping[str, Value]):
         """Back to what is saved, drafts and all."""
         return self._effects("configuration/revert")
 
-    def reset(self, *settings: str, into: str | None = None) -> list[Effect]:
+    def reset(self, *settings: str | Iterable[str],
+              into: str | None = None) -> list[Effect]:
         """Back to the defaults: of these settings, or of all. With `into` a
-        file of the project says nothing of them any more, nor what is below."""
+        file of the project says nothing of them any more, nor what is below.
+
+        The names may be in a list, too: `reset([])` is of none."""
+        names = [name for one in settings
+                 for name in ([one] if isinstance(one, str) else one)]
         return self._effects("configuration/reset",
-                             settings=list(settings) or None, into=into)
+                             settings=names if settings else None, into=into)
 
     def copy_from(self, other: Configuration) -> list[Effect]:
         """Everything of another one but what says which processor it is."""

@@ -224,9 +224,11 @@ class ConfigurationTest(Case):
                          (3, 16))
         del self.one["debugDevice"]
         self.assertEqual(self.one["debugDevice"], 0)
-        answer = zeldebugdialog.board.server().call(
-            "configuration/reset", configuration=self.one._handle, settings=[])
-        self.assertEqual(answer, {"effects": [], "patch": []})
+        self.assertEqual(self.one.reset([]), [])
+        self.assertEqual(self.one["romemSize"], 16)
+        self.one.reset(["romemSize"], "debugDevice")
+        self.assertEqual(self.one["romemSize"], 0)
+        self.one["debugDevice"] = 3
         self.one.clear()
         self.assertFalse(self.one.dirty)
         with self.assertRaises(KeyError):
