@@ -117,7 +117,7 @@ class Configuration(Opened, MutableMapping[str, Value]):
         finalizer.atexit = False
         own["_finalizer"] = finalizer
 
-    # --- Changing: each tells what has become different besides ---------------
+    # --- Changing: each tells what has become different -----------------------
 
     def change(self, values: Mapping[str, object],
                into: str | None = None) -> list[Effect]:
@@ -166,7 +166,8 @@ class Configuration(Opened, MutableMapping[str, Value]):
                              settings=names if settings else None, into=into)
 
     def copy_from(self, other: Configuration) -> list[Effect]:
-        """Everything of another one but what says which processor it is."""
+        """Everything of another one but what says which processor it is. What
+        this processor does not allow is told with its value as it stays."""
         return self._effects("configuration/copy", **{"from": other._handle})
 
     def save(self, force: bool = False) -> Saved:

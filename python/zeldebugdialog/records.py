@@ -73,7 +73,12 @@ class Diagnostic:
 
 @dataclasses.dataclass(frozen=True)
 class Effect:
-    """A setting that is not what it was."""
+    """A setting that is not what it was. A change tells of those that were not
+    asked for, and so does a draft, and what goes to a file of a project; all
+    else tells of every one.
+
+    before, after: the same where `copy_from` could not take a value over
+    """
 
     setting: str
     before: Value

@@ -44,6 +44,9 @@ PATCH_STEP = {
     }}
 PATCH = {"type": "array", "description": "JSON Patch (RFC 6902) from the state that was last told to the state now",
          "items": {"$ref": "protocol-results.schema.json#/$defs/patchStep"}}
+EFFECTS = ("What has become different: after a change, the draft of a setting and whatever has 'into', all that was not "
+           "asked for; otherwise all of it, and after a copy also what this processor does not allow, with the same value "
+           "before and after")
 DEFINITIONS = {"anything": {}, "patchStep": PATCH_STEP}
 
 
@@ -250,8 +253,7 @@ def error():
 
 def results(tool):
     """The result of each method."""
-    effects = {"effects": listed(effect_row(), "What has become different besides what was asked for"),
-               "patch": PATCH}
+    effects = {"effects": listed(effect_row(), EFFECTS), "patch": PATCH}
     written = closed({
         "file": described(TEXT, "The file that says it now"),
         "changed": described(FLAG, "Whether it did not say so already"),
