@@ -28,8 +28,16 @@ def _load() -> ctypes.CDLL:
     place = named or (str(beside) if beside.exists() else _NAME)
     try:
         library = ctypes.CDLL(place)
+        _declare(library)
     except OSError as problem:
         raise LibraryNotFound(f"{place} can't be loaded: {problem}") from None
+    except AttributeError as missing:
+        raise LibraryNotFound(f"{place} is another library: {missing}") \
+            from None
+    return library
+
+
+def _declare(library: ctypes.CDLL) -> None:
     pointer = ctypes.c_void_p
     library.zdd_server_create.argtypes = [ctypes.POINTER(pointer)]
     library.zdd_server_release.argtypes = [pointer]
@@ -39,7 +47,6 @@ def _load() -> ctypes.CDLL:
     library.zdd_answer_release.argtypes = [pointer]
     library.zdd_version.argtypes = []
     library.zdd_version.restype = ctypes.c_char_p
-    return library
 
 
 class Server:

@@ -2,12 +2,14 @@
 
 import contextlib
 import copy
+import ctypes.util
 import doctest
 import gc
 import importlib
 import os
 import pathlib
 import pickle
+import re
 import signal
 import sys
 import threading
@@ -591,6 +593,18 @@ class ProcessTest(Case):
         done.set()
         working.join()
         self.assertEqual(ended, [0] * 5)
+
+
+class LibraryTest(unittest.TestCase):
+    def test_is_told_where_there_is_none(self):
+        for place, what in (("nowhere.so", "can't be loaded"),
+                            (ctypes.util.find_library("c"),
+                             "is another library")):
+            with unittest.mock.patch.dict(
+                    os.environ, ZELDEBUGDIALOG_LIBRARY=place):
+                with self.assertRaisesRegex(zeldebugdialog.LibraryNotFound,
+                                            f"{re.escape(place)} {what}"):
+                    zeldebugdialog._library.Server()
 
 
 def load_tests(_, tests, __):
