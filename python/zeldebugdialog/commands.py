@@ -7,7 +7,7 @@ from typing import Any
 
 from ._library import server
 from .records import Diagnostic, SettingInfo
-from .values import Value, from_json
+from .values import Device, Value, from_json
 
 
 @dataclasses.dataclass(frozen=True)
@@ -75,8 +75,10 @@ def explain(command: str) -> list[Word]:
                  word["field"], from_json(word["value"])) for word in words]
 
 
-def diff(first: str, second: str) -> dict[str, tuple[Value, Value]]:
-    """The settings in which two commands differ.
+def diff(first: str, second: str) \
+        -> dict[str, tuple[Value | Device, Value | Device]]:
+    """The settings in which two commands differ. A device that only one of
+    them has stands as a whole, as "chain[0]", and None for it in the other.
 
     >>> diff("connect lc hdu", "connect lc hdu -debugdevice devicenr 3")
     {'debugDevice': (0, 3)}

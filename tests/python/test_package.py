@@ -595,6 +595,19 @@ class ProcessTest(Case):
         self.assertEqual(ended, [0] * 5)
 
 
+class CommandsTest(unittest.TestCase):
+    def test_tells_differences_of_devices(self):
+        plain = "connect lc hdu"
+        first = plain + " -configdevice devicenr 1 partname p irlength 6"
+        found = zeldebugdialog.diff(plain, first)
+        self.assertEqual(list(found), ["chain[0]"])
+        self.assertIsNone(found["chain[0]"][0])
+        self.assertEqual(found["chain[0]"][1]["partname"], "p")
+        self.assertEqual(
+            zeldebugdialog.diff(first, first.replace("6", "7")),
+            {"chain[0].irlength": (6, 7)})
+
+
 class LibraryTest(unittest.TestCase):
     def test_is_told_where_there_is_none(self):
         for place, what in (("nowhere.so", "can't be loaded"),

@@ -1,6 +1,6 @@
 """What a program may write, as its checker of types sees it."""
 
-from zeldebugdialog import Board, Chain, Device
+from zeldebugdialog import Board, Chain, Device, diff
 
 
 def use(board: Board, devices: tuple[Device, ...]) -> Chain:
@@ -12,3 +12,8 @@ def use(board: Board, devices: tuple[Device, ...]) -> Chain:
     configuration.chain = devices
     configuration.chain += [{"partname": "pk9ab100"}]
     return configuration.chain
+
+
+def devices_in(first: str, second: str) -> list[Device]:
+    return [after for _, after in diff(first, second).values()
+            if isinstance(after, dict)]
