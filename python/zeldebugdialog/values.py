@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import base64
+import os
 from collections.abc import Mapping
 from typing import Any, Union
 
@@ -45,8 +46,11 @@ def member(document: dict[str, Any], name: str) -> Value:
 def to_json(value: object) -> Any:
     """A value as the library takes it.
 
+    >>> import pathlib
     >>> to_json(b"\\xff")
     {'bytes': '/w=='}
+    >>> to_json(pathlib.PurePosixPath("a/b"))
+    'a/b'
     """
     if isinstance(value, (bytes, bytearray)):
         return {"bytes": base64.b64encode(value).decode("ascii")}
@@ -54,4 +58,6 @@ def to_json(value: object) -> Any:
         return {name: to_json(part) for name, part in value.items()}
     if isinstance(value, (list, tuple)):
         return [to_json(part) for part in value]
+    if isinstance(value, os.PathLike):
+        return to_json(os.fspath(value))
     return value

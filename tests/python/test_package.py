@@ -398,6 +398,10 @@ class ConfigurationTest(Case):
                          [b"\xff", "a"])
         self.assertEqual(len(self.one.undo()[0].before), 2)
 
+    def test_takes_paths(self):
+        self.one["cable.svfFile"] = pathlib.Path("a/b")
+        self.assertEqual(self.one["cable.svfFile"], "a/b")
+
     def test_copies_to_another(self):
         self.one["cable.cableType"] = "quorla_podusb"
         two = self.board.configuration("lumacore_1")
