@@ -1,4 +1,5 @@
-"""What the library tells, as plain records."""
+"""What the library tells, as plain records. Values are not in their hashes: that
+of a chain is a list."""
 
 from __future__ import annotations
 
@@ -81,8 +82,8 @@ class Effect:
     """
 
     setting: str
-    before: Value
-    after: Value
+    before: Value = dataclasses.field(hash=False)
+    after: Value = dataclasses.field(hash=False)
     why: str
 
     @classmethod
@@ -102,8 +103,8 @@ class Loss:
     """
 
     setting: str
-    value: Value
-    read_back: Value
+    value: Value = dataclasses.field(hash=False)
+    read_back: Value = dataclasses.field(hash=False)
     reason: str
     code: str
     displaced_by: str | None
@@ -122,8 +123,8 @@ class Difference:
     """A setting that is not as it is saved."""
 
     setting: str
-    saved: Value
-    now: Value
+    saved: Value = dataclasses.field(hash=False)
+    now: Value = dataclasses.field(hash=False)
 
     @classmethod
     def of(cls, document: dict[str, Any]) -> Difference:
@@ -161,7 +162,7 @@ class Said:
     file: str
     line: int
     column: int
-    value: Value | None
+    value: Value | None = dataclasses.field(hash=False)
 
     @classmethod
     def of(cls, document: dict[str, Any]) -> Said:
@@ -209,9 +210,9 @@ class Setting:
     """
 
     id: str
-    value: Value
+    value: Value = dataclasses.field(hash=False)
     text: str
-    default: Value
+    default: Value = dataclasses.field(hash=False)
     origin: str
     applicable: bool
     reason: str | None
