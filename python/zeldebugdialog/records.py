@@ -253,7 +253,11 @@ class Written:
 
 @dataclasses.dataclass(frozen=True)
 class SettingInfo:
-    """A setting of any configuration: a row of the table of settings."""
+    """A setting of any configuration: a row of the table of settings.
+
+    choices: its values, where it has few; a configuration tells which of them it
+    allows
+    """
 
     id: str
     group: str
@@ -265,13 +269,15 @@ class SettingInfo:
     maximum: int | None
     settable: bool
     together: tuple[str, ...]
+    choices: tuple[Choice, ...]
 
     @classmethod
     def of(cls, document: dict[str, Any]) -> SettingInfo:
         return cls(document["id"], document["group"], document["label"],
                    document["help"], document["kind"], document.get("unit"),
                    document.get("minimum"), document.get("maximum"),
-                   document["settable"], tuple(document.get("together", ())))
+                   document["settable"], tuple(document.get("together", ())),
+                   tuple(map(Choice.of, document.get("choices", ()))))
 
 
 @dataclasses.dataclass(frozen=True)

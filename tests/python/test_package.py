@@ -604,6 +604,13 @@ class ProcessTest(Case):
 
 
 class CommandsTest(unittest.TestCase):
+    def test_lists_settings_with_their_choices(self):
+        rows = {row.id: row for row in zeldebugdialog.settings()}
+        self.assertEqual([one.value for one in rows["connection"].choices],
+                         ["sim", "hw", "stub-serial", "stub-jtag", "vp"])
+        self.assertIsNone(rows["connection"].choices[0].reason)
+        self.assertEqual(rows["debugDevice"].choices, ())
+
     def test_tells_differences_of_devices(self):
         plain = "connect lc hdu"
         first = plain + " -configdevice devicenr 1 partname p irlength 6"
