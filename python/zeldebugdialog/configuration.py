@@ -319,6 +319,11 @@ class Configuration(Opened, MutableMapping[str, Value]):
         else:
             raise AttributeError(f"'{name}' is no setting")
 
+    def __delattr__(self, name: str) -> None:
+        if name not in self._state["settings"]:
+            raise AttributeError(f"'{name}' is no setting")
+        del self[name]
+
     def __dir__(self) -> Iterable[str]:
         names = {name.partition(".")[0] for name in self}
         return sorted({*super().__dir__(), *names})
@@ -408,10 +413,10 @@ class Group:
             raise AttributeError(f"{missing} is no setting") from None
 
     def __setattr__(self, name: str, value: object) -> None:
-        full = f"{self.__dict__['_name']}.{name}"
-        if full not in self._whole:
-            raise AttributeError(f"'{full}' is no setting")
-        self._whole[full] = value
+        self._whole[self._known(name)] = value
+
+    def __delattr__(self, name: str) -> None:
+        del self._whole[self._known(name)]
 
     def __dir__(self) -> Iterable[str]:
         front = self.__dict__["_name"] + "."
@@ -424,6 +429,12 @@ class Group:
         values = ", ".join(f"{name}={_value_in(state, f'{front}.{name}')!r}"
                            for name in dir(self))
         return f"<{front}: {values}>"
+
+    def _known(self, name: str) -> str:
+        full = f"{self.__dict__['_name']}.{name}"
+        if full not in self._whole:
+            raise AttributeError(f"'{full}' is no setting")
+        return full
 
     @property
     def _whole(self) -> Configuration:

@@ -242,6 +242,13 @@ class ConfigurationTest(Case):
         self.one.cable.cableType = "quorla_podusb"
         self.assertEqual((self.one.cable.cableType, self.one.cable.port),
                          (3, "USB21"))
+        self.one.cable.port = "USB22"
+        del self.one.debugDevice, self.one.cable.port
+        self.assertEqual((self.one.debugDevice, self.one.cable.port),
+                         (0, "USB21"))
+        for wrong in (self.one, "processor"), (self.one.cable, "speed"):
+            with self.assertRaises(AttributeError):
+                delattr(*wrong)
         self.assertIn("cable", dir(self.one))
         self.assertIn("frequency", dir(self.one.cable))
         self.assertTrue(repr(self.one.cable).startswith(
