@@ -15,20 +15,13 @@
 
 #include "configuration_model/ModelTest.h"
 #include "files/LockFile.h"
+#include "support/EndChild.h"
 
 namespace {
 
 using namespace ZelDebugDialog;
 using namespace model_test;
 using testing::ElementsAre;
-
-/// Ends a forked program as another one: a memory checker would count against
-/// it what it shares with its parent.
-[[noreturn]] void endChild(bool well) {
-  const char *const program = well ? "/bin/true" : "/bin/false";
-  execl(program, program, nullptr);
-  _exit(2);
-}
 
 class LockTest : public ModelTest {
 protected:
@@ -46,7 +39,7 @@ protected:
     } catch (const Refusal &refusal) {
       ADD_FAILURE() << refusal.what();
     }
-    endChild(written);
+    support::endChild(written);
   }
   /// A folder whose option file is a link to that of the first.
   Board linkedBoard() {
@@ -142,7 +135,7 @@ TEST_F(LockTest, AnotherThatSavesWaits) {
       session.Change({{"debugDevice", 7}});
       session.Save();
     }
-    endChild(true);
+    support::endChild(true);
   }
   while (names().empty())
     usleep(1000);

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include "configuration_model/ModelTest.h"
+#include "support/EndChild.h"
 #include "support/ManyOrFew.h"
 
 namespace {
@@ -114,22 +115,27 @@ bool endsWell(pid_t child) {
 }
 
 TEST_F(SessionThreadsTest, OneThatForksWhileAnotherWorks) {
+  livesIn(other, "core1"); // what is made on first use is there
   std::atomic<bool> isDone{false};
   std::thread working([&] {
     while (!isDone)
       livesIn(board, "ppc440");
   });
-  const auto forked = [this] {
+  const auto start = [this] {
     const pid_t child = fork();
     if (child != 0)
       return child;
-    alarm(20); // where it would wait for ever
-    Session session(other, "core0");
-    session.Change({{"debugDevice", 3}});
-    _exit(session.Command().empty() ? 1 : 0);
+    alarm(60); // where it would wait for ever
+    bool isChanged = false;
+    {
+      Session session(other, "core0");
+      session.Change({{"debugDevice", 3}});
+      isChanged = session.Get("debugDevice") == Value(3);
+    }
+    support::endChild(isChanged);
   };
   int good = 0;
-  while (good < rounds && endsWell(forked()))
+  while (good < rounds && endsWell(start()))
     ++good;
   isDone = true;
   working.join();

@@ -592,11 +592,15 @@ class ProcessTest(Case):
             return board.configuration("lumacore_0").command is not None
 
         def work():
+            self.one.change({"chain": [{"devicenr": 1}] * 100})
+            self.one.reset()
+
+        def work_on():
             while not done.is_set():
-                self.one.change({"chain": [{"devicenr": 1}] * 100})
-                self.one.reset()
+                work()
+        work()  # what is made on first use is there
         done = threading.Event()
-        working = threading.Thread(target=work)
+        working = threading.Thread(target=work_on)
         working.start()
         ended = []
         for _ in range(5):
