@@ -487,6 +487,9 @@ class Chain(MutableSequence[Device]):
     def __len__(self) -> int:
         return len(self._devices())
 
+    def __iter__(self) -> Iterator[Device]:
+        return iter(self._devices())
+
     def insert(self, index: int, value: Device) -> None:
         with self._changed() as devices:
             devices.insert(index, value)

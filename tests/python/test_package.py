@@ -480,8 +480,9 @@ class ProcessTest(Case):
 
         def look():
             while changing.is_alive():
-                if len(self.one["chain"]) not in (0, 2):
-                    torn.append(self.one["chain"])
+                for chain in self.one["chain"], list(self.one.chain):
+                    if len(chain) not in (0, 2):
+                        torn.append(chain)
                 torn.extend(one for one in self.one.differences
                             if one.saved == one.now)
 
