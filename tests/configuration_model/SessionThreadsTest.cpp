@@ -142,4 +142,33 @@ TEST_F(SessionThreadsTest, OneThatForksWhileAnotherWorks) {
   EXPECT_EQ(good, rounds);
 }
 
+/// Starts another program for each answer.
+class ForkingDesign : public support::FakeDesign {
+public:
+  std::string getIpName(const std::string &instance) override {
+    const pid_t child = fork();
+    if (child == 0)
+      support::endChild(true);
+    areAllWell = endsWell(child) && areAllWell;
+    ++programs;
+    return FakeDesign::getIpName(instance);
+  }
+
+  bool areAllWell = true;
+  int programs = 0;
+};
+
+TEST_F(SessionThreadsTest, ADesignThatForksWhereItIsAsked) {
+  ForkingDesign asked;
+  fillOther(asked);
+  alarm(60); // where it would wait for itself
+  const Board forking(asked, (work.path() / "etc").string());
+  Session session(forking, "core0");
+  session.Change({{"debugDevice", 3}});
+  EXPECT_EQ(session.Get("debugDevice"), Value(3));
+  alarm(0);
+  EXPECT_GT(asked.programs, 0);
+  EXPECT_TRUE(asked.areAllWell);
+}
+
 } // namespace

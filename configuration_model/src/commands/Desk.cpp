@@ -47,7 +47,7 @@ void Desk::begin() {
 }
 
 Reading Desk::selectFrom(const std::string &command) {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   begin();
   ProcessorInfo info;
   return readingOf(engine, [&] {
@@ -56,7 +56,7 @@ Reading Desk::selectFrom(const std::string &command) {
 }
 
 Reading Desk::selectFile(const std::string &path) {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   begin();
   ProcessorInfo info;
   return readingOf(engine, [&] {
@@ -65,13 +65,13 @@ Reading Desk::selectFile(const std::string &path) {
 }
 
 void Desk::startFromDefaults() {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   begin();
   imp->GetFPUType();
 }
 
 Reading Desk::readCommand(const std::string &command) {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   begin();
   return readingOf(
       engine, [&] { return KvoOption_Parser::ReadKvoCommand(command, *imp); });
@@ -79,7 +79,7 @@ Reading Desk::readCommand(const std::string &command) {
 
 bool Desk::traceCommand(const std::string &command, AfterFault afterFault,
                         CommandTrace &trace) {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   begin();
   try {
     TraceKvoCommand(command, *imp, trace, afterFault);
@@ -90,7 +90,7 @@ bool Desk::traceCommand(const std::string &command, AfterFault afterFault,
 }
 
 Reading Desk::writeCommand(std::string &command) {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   // Of several reasons some have no message; an earlier one would be shown.
   engine.SetErrorStr("");
   return readingOf(engine, [&] { return engine.GenerateCmdString(command); });

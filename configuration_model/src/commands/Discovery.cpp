@@ -23,7 +23,7 @@ private:
 } // namespace
 
 DiscoveredProcessors discoverProcessors(HHSMHwManager &design) {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   Engine engine;
   EngineImp *const imp = engine.GetProcessorList(nullptr);
   const RecordRelease release(*imp);

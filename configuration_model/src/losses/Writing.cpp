@@ -37,7 +37,7 @@ ReadBack readBackOf(Desk &desk, const Reading &reading,
 } // namespace
 
 Written writeSnapshot(Desk &desk, const Snapshot &snapshot) {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   lay(desk, snapshot);
   Written written;
   std::string command;
@@ -51,7 +51,7 @@ Written writeSnapshot(Desk &desk, const Snapshot &snapshot) {
 
 std::optional<std::string> composeCommand(Desk &desk,
                                           const Snapshot &snapshot) {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   lay(desk, snapshot);
   std::string command;
   if (KvoOption_Parser::WriteKvoCmdString(desk.state(), command) != 0)
@@ -61,7 +61,7 @@ std::optional<std::string> composeCommand(Desk &desk,
 
 Reading writeSnapshotTo(Desk &desk, const Snapshot &snapshot,
                         const std::string &path) {
-  const auto lock = lockEngine();
+  const EngineLock lock;
   lay(desk, snapshot);
   return outcomeOf(desk,
                    KvoOption_Parser::WriteKvoOptFileTo(path, desk.state()));

@@ -128,7 +128,7 @@ const std::vector<std::string> &GetProcessorTypes() {
 
 std::string MemoryClassOf(const std::string &typeName) {
   model::Desk desk;
-  const auto lock = model::lockEngine();
+  const model::EngineLock lock;
   return desk.state().ClassifyMemory(typeName);
 }
 
@@ -141,7 +141,7 @@ Board::Board(HHSMHwManager &design, const std::string &folder) {
   made->absolute = fs::absolute(folder.empty() ? "." : folder, error);
   if (error)
     model::refuseFile(folder, error.message());
-  const auto lock = model::lockEngine();
+  const model::EngineLock lock;
   design.getProcessorInstances(made->names, false);
   for (const ProcessorInfoImp &record : discovered.debuggable)
     made->processors.push_back(processorOf(record, design));
