@@ -212,16 +212,68 @@ TEST(Parameter, MayHaveNoValueThatFits) {
                   "number in it does not fit 64 bits"));
 }
 
-TEST(Parameter, MayReferWithoutEnd) {
+/// P0 uses P1, and so on; the last has `last` for its value.
+std::string chainOf(int length, const std::string &rest,
+                    const std::string &last) {
   std::string chain;
-  for (int i = 0; i < 5000; ++i)
+  for (int i = 0; i < length; ++i)
     chain += parameter("P" + std::to_string(i),
-                       "id_P" + std::to_string(i + 1) + " + 1");
-  Reading reading = readWith(chain + parameter("P5000", "1"));
-  EXPECT_EQ(valueOf(reading, "P5000"), "1");
-  EXPECT_EQ(valueOf(reading, "P0"), "id_P1 + 1");
-  EXPECT_THAT(reading.diagnostics(),
-              testing::Contains(HasSubstr("more than 256 levels deep")));
+                       "id_P" + std::to_string(i + 1) + rest);
+  return chain + parameter("P" + std::to_string(length), last);
+}
+
+/// However many stand between them, before or behind what they use.
+TEST(Parameter, MayUseOthersToAnyDepth) {
+  for (const int length : {84, 85, 86, 255, 256, 257, 10000}) {
+    Reading sums = readWith(chainOf(length, " + 1", "1"));
+    EXPECT_EQ(valueOf(sums, "P0"), std::to_string(length + 1));
+    EXPECT_THAT(sums.diagnostics(), IsEmpty());
+    Reading names = readWith(chainOf(length, "", "1"));
+    EXPECT_EQ(valueOf(names, "P0"), "1");
+    EXPECT_THAT(names.diagnostics(), IsEmpty());
+  }
+  Reading given = readWith(parameter("P", "1"),
+                           ZelDebugDialog::given("id_P", "id_P0 + id_P9"),
+                           chainOf(10000, " + 1", "1"));
+  EXPECT_EQ(valueOf(given, "P"), "19993");
+  EXPECT_THAT(given.diagnostics(), IsEmpty());
+}
+
+TEST(Parameter, IsToldOfACircleOfAnyLength) {
+  for (const int length : {1, 86, 257, 10000})
+    for (const std::string rest : {"", " + 1"}) {
+      Reading reading = readWith(chainOf(length, rest, "id_P1" + rest));
+      EXPECT_EQ(valueOf(reading, "P0"), "id_P1" + rest);
+      EXPECT_THAT(reading.diagnostics(),
+                  testing::Contains(HasSubstr("depends on itself")));
+    }
+}
+
+/// What is reached along two ways is not looked into along each.
+TEST(Parameter, DoublesItselfAtAnyDepth) {
+  std::string chain;
+  for (int i = 0; i < 3000; ++i) {
+    const std::string next = "id_P" + std::to_string(i + 1);
+    chain += parameter("P" + std::to_string(i), next + " - " + next + " + 1");
+  }
+  Reading reading = readWith(chain + parameter("P3000", "1"));
+  EXPECT_EQ(valueOf(reading, "P0"), "1");
+  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+}
+
+/// That of one expression ends at a depth.
+TEST(Parameter, MayBeNestedTooDeeplyByItself) {
+  const std::string open(300, '(');
+  Reading reading =
+      readWith(parameter("A", "id_B") +
+               parameter("B", open + "1" + std::string(300, ')')));
+  EXPECT_EQ(valueOf(reading, "A"), "id_B");
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre("warning t.xml:7: the value of parameter 'B' stays text: it "
+                  "goes more than 256 levels deep",
+                  "warning t.xml:4: the value of parameter 'A' stays text: "
+                  "parameter 'B' has no value"));
 }
 
 TEST(Parameter, DoublesItselfWithoutBlowingUp) {

@@ -43,28 +43,79 @@ void ParameterScope::override(const ReferenceRecord &reference,
       continue;
     }
     const ParameterRecord &record = records.list[found->second];
-    Outcome outcome = around.evaluate(given.value, record.isText, 0);
+    Outcome outcome = around.evaluateFromHere(given.value, record.isText);
     remark(outcome, record, file, given.line);
-    slots[found->second] = {outcome.failed ? State::failed : State::done,
-                            std::move(outcome.value)};
+    fill(slots[found->second], std::move(outcome));
   }
 }
 
 const ParameterValue &ParameterScope::valueAt(std::size_t index) {
+  ++walk;
   workOut(index, 0);
+  if (slots[index].state == State::open)
+    settle({index});
   return slots[index].value;
 }
 
+/// Parameters that use others may be deeper than a walk can go: those that were
+/// out of reach are worked out first. Those that wait for them are busy, so
+/// that what leads back to them is a circle.
+void ParameterScope::settle(std::vector<std::size_t> pending) {
+  while (!pending.empty()) {
+    const std::size_t index = pending.back();
+    Slot &slot = slots[index];
+    if (slot.state == State::busy)
+      slot.state = State::open;
+    ++walk;
+    outOfReach.clear();
+    workOut(index, 0);
+    if (slot.state != State::open) {
+      pending.pop_back();
+      continue;
+    }
+    slot.state = State::busy;
+    pending.insert(pending.end(), outOfReach.begin(), outOfReach.end());
+  }
+}
+
+ParameterScope::Outcome
+ParameterScope::evaluateFromHere(const std::string &text, bool isText) {
+  for (;;) {
+    ++walk;
+    outOfReach.clear();
+    isCut = false;
+    Outcome outcome = evaluate(text, isText, 0);
+    if (!isCut)
+      return outcome;
+    settle(outOfReach);
+  }
+}
+
+/// What uses a parameter that is out of reach stays open in this walk.
 void ParameterScope::workOut(std::size_t index, int depth) {
   Slot &slot = slots[index];
-  if (slot.state != State::open)
+  if (slot.state != State::open || slot.cutIn == walk)
     return;
   const ParameterRecord &record = records.list[index];
   slot.state = State::busy;
+  const bool wasCut = std::exchange(isCut, false);
   Outcome outcome = evaluate(record.value, record.isText, depth);
+  const bool isTooDeep = outcome.isTooDeep && depth != 0;
+  if (isTooDeep)
+    outOfReach.push_back(index);
+  if (isTooDeep || isCut) {
+    slot.state = State::open;
+    slot.cutIn = walk;
+    return;
+  }
+  isCut = wasCut;
   remark(outcome, record, records.file, record.line);
-  slot = {outcome.failed ? State::failed : State::done,
-          std::move(outcome.value)};
+  fill(slot, std::move(outcome));
+}
+
+void ParameterScope::fill(Slot &slot, Outcome outcome) {
+  slot.state = outcome.failed ? State::failed : State::done;
+  slot.value = std::move(outcome.value);
 }
 
 ParameterScope::Outcome ParameterScope::evaluate(const std::string &text,
@@ -76,6 +127,7 @@ ParameterScope::Outcome ParameterScope::evaluate(const std::string &text,
   if (!records.areLiteral && (!isText || isKnown(text)))
     result = evaluateExpression(text, *this, depth);
   outcome.failed = result.kind == ExpressionResult::Kind::fault;
+  outcome.isTooDeep = result.isTooDeep;
   outcome.remark = std::move(result.fault);
   if (result.kind == ExpressionResult::Kind::number)
     outcome.value.number = result.number;
@@ -105,6 +157,7 @@ ExpressionResult ParameterScope::find(std::string_view name, int depth) {
   workOut(index, depth + 1);
   const Slot &slot = slots[index];
   ExpressionResult result;
+  isCut = isCut || slot.state == State::open;
   if (slot.state != State::done) {
     result.kind = ExpressionResult::Kind::fault;
     result.fault =

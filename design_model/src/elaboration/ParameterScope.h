@@ -3,6 +3,8 @@
 #ifndef ZELDEBUGDIALOG_DESIGNMODEL_PARAMETERSCOPE_H
 #define ZELDEBUGDIALOG_DESIGNMODEL_PARAMETERSCOPE_H
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -42,12 +44,14 @@ private:
   enum class State { open, busy, done, failed };
   struct Slot {
     State state = State::open;
+    std::uint32_t cutIn = 0; ///< The walk in which it was out of reach.
     ParameterValue value;
   };
   /// A value, and what is to be said about it.
   struct Outcome {
     ParameterValue value;
     bool failed = false;
+    bool isTooDeep = false; ///< And has failed for that.
     std::string remark;
   };
 
@@ -55,13 +59,20 @@ private:
   ExpressionResult find(std::string_view name, int depth) override;
 
   Outcome evaluate(const std::string &text, bool isText, int depth);
+  Outcome evaluateFromHere(const std::string &text, bool isText);
+  void settle(std::vector<std::size_t> pending);
   void workOut(std::size_t index, int depth);
+  static void fill(Slot &slot, Outcome outcome);
   void remark(const Outcome &outcome, const ParameterRecord &record,
               const std::string &file, int line);
 
   const ParameterRecords &records;
   DiagnosticList &diagnostics;
   std::vector<Slot> slots;
+  std::uint32_t walk = 0; ///< How many have begun, each at a value.
+  /// Parameters that are too deep for this walk.
+  std::vector<std::size_t> outOfReach;
+  bool isCut = false; ///< The value that is worked out uses one of them.
 };
 
 } // namespace ZelDebugDialog

@@ -39,8 +39,19 @@ std::size_t findNameLength(std::string_view text) {
   return length;
 }
 
+ExpressionResult tooDeep() {
+  ExpressionResult result;
+  result.kind = ExpressionResult::Kind::fault;
+  result.fault =
+      "it goes more than " + std::to_string(deepestExpression) + " levels deep";
+  result.isTooDeep = true;
+  return result;
+}
+
 ExpressionResult evaluateName(std::string_view name, ExpressionNames &names,
                               int depth) {
+  if (depth > deepestExpression)
+    return tooDeep();
   if (names.isKnown(name))
     return names.find(name, depth);
   ExpressionResult result;
@@ -58,12 +69,10 @@ public:
     skipBlanks();
     if (!rest.empty())
       isExpression = false;
+    if (isTooDeep)
+      return tooDeep();
     ExpressionResult result;
-    if (isTooDeep) {
-      result.kind = ExpressionResult::Kind::fault;
-      result.fault = "it goes more than " + std::to_string(deepestExpression) +
-                     " levels deep";
-    } else if (!isExpression) {
+    if (!isExpression) {
       if (!usesKnownName)
         return result;
       result.kind = ExpressionResult::Kind::fault;

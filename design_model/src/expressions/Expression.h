@@ -36,6 +36,7 @@ struct ExpressionResult {
   std::shared_ptr<const std::string> text;
   /// Why there is no value; why a name alone means itself.
   std::string fault;
+  bool isTooDeep = false; ///< That is the fault.
 };
 
 /// The names that an expression can use.
