@@ -232,6 +232,12 @@ TEST(Expression, LeavesTextAlone) {
       {"$clog2", "text"},
       {"$clog2 4", "text"},
       {"$log2(4)", "text"},
+      // What looks like a name is part of something else.
+      {"\"seven\" [", "text"},
+      {"$seven(1)", "text"},
+      {"1seven", "text"},
+      {"'seven [", "text"},
+      {"sevens [", "text"},
       {"word", "text some text"},
   };
   check(std::begin(rows), std::end(rows));
@@ -252,6 +258,15 @@ TEST(Expression, SaysWhyThereIsNoValue) {
       {"broken ? 1 : 2", "! parameter 'broken' has no value"},
       {"seven +", "! it is no expression from '' on"},
       {"seven ! 2", "! it is no expression from '! 2' on"},
+      {"|seven", "! it is no expression from '|seven' on"},
+      {"$ceil(seven/8)", "! it is no expression from '$ceil(seven/8)' on"},
+      {"2 * $max(seven,3)", "! it is no expression from '$max(seven,3)' on"},
+      {"{seven,1}", "! it is no expression from '{seven,1}' on"},
+      {"1.5*seven", "! it is no expression from '.5*seven' on"},
+      {"\"fast\" == word", "! it is no expression from '\"fast\" == word' on"},
+      {"\"open seven", "! it is no expression from '\"open seven' on"},
+      {"4'hx + seven", "! it is no expression from '4'hx + seven' on"},
+      {"int'(seven/2)", "! it is no expression from ''(seven/2)' on"},
       {"18446744073709551616", "! a number in it does not fit 64 bits"},
       {"1+128'h14e8cecae3040d5e12286bb3cc113298",
        "! a number in it does not fit 64 bits"},

@@ -29,14 +29,33 @@ bool continuesName(char c) {
          c == '.' || c == '$';
 }
 
-/// 0 when the text doesn't begin with a name.
-std::size_t findNameLength(std::string_view text) {
-  if (text.empty() || !beginsName(text.front()))
-    return 0;
-  std::size_t length = 1;
+/// Of what the text begins with: a name, or a number and what sticks to it.
+std::size_t findWordLength(std::string_view text) {
+  std::size_t length = 0;
   while (length < text.size() && continuesName(text[length]))
     ++length;
   return length;
+}
+
+/// 0 when the text doesn't begin with a name.
+std::size_t findNameLength(std::string_view text) {
+  return text.empty() || !beginsName(text.front()) ? 0 : findWordLength(text);
+}
+
+/// Wherever it stands. What is in quotes names nothing, and neither do the
+/// letters of a number or of a function of the language.
+bool holdsKnownName(std::string_view text, const ExpressionNames &names) {
+  while (!text.empty()) {
+    if (names.isKnown(text.substr(0, findNameLength(text))))
+      return true;
+    const char first = text.front();
+    text.remove_prefix(1);
+    if (first == '"')
+      text.remove_prefix(text.find('"') + 1);
+    else if (first == '\'' || continuesName(first))
+      text.remove_prefix(findWordLength(text));
+  }
+  return false;
 }
 
 ExpressionResult tooDeep() {
@@ -62,21 +81,21 @@ ExpressionResult evaluateName(std::string_view name, ExpressionNames &names,
 class Parser {
 public:
   Parser(std::string_view expression, ExpressionNames &known, int nesting)
-      : rest(expression), names(known), depth(nesting) {}
+      : text(expression), rest(expression), names(known), depth(nesting) {}
 
   ExpressionResult run() {
     const Value value = parseConditional();
     skipBlanks();
     if (!rest.empty())
-      isExpression = false;
+      refuseFrom(rest);
     if (isTooDeep)
       return tooDeep();
     ExpressionResult result;
     if (!isExpression) {
-      if (!usesKnownName)
+      if (!holdsKnownName(text, names))
         return result;
       result.kind = ExpressionResult::Kind::fault;
-      result.fault = "it is no expression from " + quote(rest) + " on";
+      result.fault = "it is no expression from " + quote(refused) + " on";
     } else if (value.isFaulty()) {
       result.kind = ExpressionResult::Kind::fault;
       result.fault = value.fault;
@@ -182,17 +201,16 @@ private:
   }
 
   Value parseNumber() {
+    const std::string_view start = rest;
     Value value;
     switch (takeNumeral(rest, value.number)) {
     case NumeralFault::none:
       break;
-    case NumeralFault::notOne:
-      isExpression = false;
-      break;
     case NumeralFault::tooWide:
       return faulty("a number in it does not fit 64 bits");
+    case NumeralFault::notOne:
     case NumeralFault::unknown:
-      isExpression = false;
+      refuseFrom(start);
       break;
     }
     return value;
@@ -203,7 +221,6 @@ private:
     rest.remove_prefix(name.size());
     if (!names.isKnown(name))
       return faulty("there is no parameter " + quote(name));
-    usesKnownName = true;
     const ExpressionResult found = names.find(name, depth);
     Value value;
     value.number = found.number;
@@ -242,15 +259,23 @@ private:
   bool expect(std::string_view token) {
     const bool taken = take(token);
     if (!taken)
-      isExpression = false;
+      refuseFrom(rest);
     return taken;
   }
 
+  /// What the first fault is at is told.
+  void refuseFrom(std::string_view place) {
+    if (isExpression)
+      refused = place;
+    isExpression = false;
+  }
+
+  const std::string_view text;
   std::string_view rest;
+  std::string_view refused;
   ExpressionNames &names;
   int depth;
   bool isExpression = true;
-  bool usesKnownName = false;
   bool isTooDeep = false;
 };
 
