@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "expressions/Arithmetic.h"
 #include "messages/Quote.h"
 
 namespace ZelDebugDialog {
@@ -17,7 +18,7 @@ bool isNumeral(std::string_view text, Number &number) {
   if (takeNumeral(text, number) != NumeralFault::none || !text.empty())
     return false;
   if (isNegative)
-    number.bits = 0 - number.bits;
+    number = negate(number);
   return true;
 }
 

@@ -183,7 +183,9 @@ const BinaryOperator *findBinaryOperator(std::string_view text) {
 }
 
 Number negate(const Number &number) {
-  return {Bits{0} - number.bits, number.isSigned};
+  // The least number has the bits of what it is the negative of.
+  constexpr Bits most = Bits{1} << 63;
+  return {Bits{0} - number.bits, number.isSigned || number.bits == most};
 }
 
 Number complement(const Number &number) {
