@@ -10,15 +10,16 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-/// seven is 7, word is text, broken has no value.
+/// seven and se-ven are 7, word is text, broken has no value.
 class TestNames : public ExpressionNames {
 public:
   bool isKnown(std::string_view name) const override {
-    return name == "seven" || name == "word" || name == "broken";
+    return name == "seven" || name == "word" || name == "broken" ||
+           name == "se-ven";
   }
   ExpressionResult find(std::string_view name, int) override {
     ExpressionResult result;
-    if (name == "seven") {
+    if (name == "seven" || name == "se-ven") {
       result.kind = ExpressionResult::Kind::number;
       result.number.bits = 7;
     } else if (name == "word") {
@@ -65,6 +66,7 @@ TEST(Expression, GivesNumbers) {
       {"64'hf79780bc735f3843", "17840869995729336387"},
       {"seven", "7"},
       {"(seven)", "7"},
+      {"se-ven", "7"},
       {"( ( 1 ) )", "1"},
       {"'h400-'h0100", "768"},
       {"'h10 - 'h20", "-16"},
@@ -254,6 +256,7 @@ TEST(Expression, SaysWhyThereIsNoValue) {
       {"1/(seven-7)", "! it divides by zero"},
       {"hello+1", "! there is no parameter 'hello'"},
       {"a-b", "! there is no parameter 'a'"},
+      {"(se-ven)", "! there is no parameter 'se'"},
       {"1+word", "! the parameter 'word' is no number"},
       {"broken", "! parameter 'broken' has no value"},
       {"broken*2", "! parameter 'broken' has no value"},

@@ -290,7 +290,9 @@ std::string toText(const Number &number) {
 ExpressionResult evaluateExpression(std::string_view text,
                                     ExpressionNames &names, int depth) {
   const std::size_t nameLength = findNameLength(text);
-  if (nameLength != 0 && nameLength == text.size())
+  const bool isName = nameLength != 0 && nameLength == text.size();
+  if (isName ||
+      (text.find(' ') == std::string_view::npos && names.isKnown(text)))
     return evaluateName(text, names, depth);
   return Parser(text, names, depth).run();
 }

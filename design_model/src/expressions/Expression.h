@@ -56,7 +56,8 @@ public:
 constexpr int deepestExpression = 256;
 
 /// What can't be read as an expression is text unless a known name is in it,
-/// and so is a name alone that isn't known.
+/// and so is a name alone that isn't known. A known name may have any form when
+/// it stands alone.
 ExpressionResult evaluateExpression(std::string_view text,
                                     ExpressionNames &names, int depth = 0);
 
