@@ -71,6 +71,39 @@ TEST(Parameter, IsTextWhenItIsDeclaredSo) {
   EXPECT_EQ(valueOf(given, "P"), "010");
 }
 
+TEST(Parameter, IsOneBitIfItsTypeIs) {
+  for (const std::string written : {"1", "'1", "1'sb1", "~0", "3", "id_Q"}) {
+    Reading reading =
+        readWith(parameter("P", written, "type='bit'") + parameter("Q", "5"));
+    EXPECT_EQ(valueOf(reading, "P"), "1") << written;
+  }
+  Reading given = readWith(parameter("P", "0", "type='bit'"),
+                           ZelDebugDialog::given("id_P", "'1"));
+  EXPECT_EQ(valueOf(given, "P"), "1");
+  std::string vector = parameter("P", "6", "type='bit'");
+  vector.insert(vector.find("<ipxact:value>"),
+                "<ipxact:vectors><ipxact:vector><ipxact:left>7</ipxact:left>"
+                "<ipxact:right>0</ipxact:right></ipxact:vector>"
+                "</ipxact:vectors>");
+  Reading wide = readWith(vector);
+  EXPECT_EQ(valueOf(wide, "P"), "6");
+}
+
+TEST(Parameter, IsNotWorkedOutInIntegersIfItIsReal) {
+  for (const std::string type : {"type='real'", "type='shortreal'"}) {
+    Reading reading =
+        readWith(parameter("P", "1/2", type) + parameter("Q", "2.5", type) +
+                 parameter("R", "-4", type) + parameter("S", "id_R", type));
+    EXPECT_EQ(valueOf(reading, "P"), "1/2");
+    EXPECT_EQ(valueOf(reading, "Q"), "2.5");
+    EXPECT_EQ(valueOf(reading, "R"), "-4");
+    EXPECT_EQ(valueOf(reading, "S"), "-4");
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("warning t.xml:4: the value of parameter 'P' stays "
+                            "text: reals are not worked out"));
+  }
+}
+
 TEST(Parameter, KeepsTheOrderOfTheComponent) {
   const Reading reading = readWith(
       parameter("Z", "1") + parameter("A", "id_Z") + parameter("M", "3"),
@@ -339,6 +372,45 @@ TEST(Parameter, Of2009IsTextWhenItsFormatIsSo) {
         "s:format='String'", "s:prompt='string'"}) {
     Reading number = readOf2009(other, "0x10");
     EXPECT_EQ(valueOf(number, "P"), "16") << other;
+  }
+}
+
+TEST(Parameter, Of2009IsReadByItsFormat) {
+  const struct {
+    const char *format, *written, *value;
+  } rows[] = {
+      {"bool", "true", "1"},
+      {"bool", "false", "0"},
+      {"bool", "1", "1"},
+      {"bool", "True", "True"},
+      {"bitString", "\"1\"", "1"},
+      {"bitString", "\"0101\"", "5"},
+      {"bitString", "\"2\"", "\"2\""},
+      {"bitString", "\"\"", "\"\""},
+      {"bitString", "\"1", "\"1"},
+      {"bitString", "#ff", "255"},
+      {"bitString", "16", "16"},
+      {"long", "#1", "1"},
+      {"long", "-#1f", "-31"},
+      {"long", "+7", "7"},
+      {"long", "64K", "65536"},
+      {"long", "0x1m", "1048576"},
+      {"long", "-2g", "-2147483648"},
+      {"long", "1T", "1099511627776"},
+      {"long", "8388607T", "9223370937343148032"},
+      {"long", "8388608T", "8388608T"},
+      {"long", "64KB", "64KB"},
+      {"long", "K", "K"},
+      {"long", "#", "#"},
+      {"long", "", ""},
+      {"long", "true", "true"},
+      {"float", "1.5", "1.5"},
+      {"float", "64K", "64K"},
+  };
+  for (const auto &row : rows) {
+    Reading reading =
+        readOf2009("s:format='" + std::string(row.format) + "'", row.written);
+    EXPECT_EQ(valueOf(reading, "P"), row.value) << row.format << row.written;
   }
 }
 

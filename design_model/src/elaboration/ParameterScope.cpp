@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "expressions/Arithmetic.h"
+#include "expressions/FormatsOf2009.h"
 #include "messages/Quote.h"
 
 namespace ZelDebugDialog {
@@ -20,6 +21,30 @@ bool isNumeral(std::string_view text, Number &number) {
   if (isNegative)
     number = negate(number);
   return true;
+}
+
+/// One that needs no working out.
+bool readNumber(std::string_view text, ValueForm form, Number &number) {
+  switch (form) {
+  case ValueForm::text:
+    return false;
+  case ValueForm::boolean:
+    number.bits = text == "true" ? 1 : 0;
+    return text == "true" || text == "false" || isNumeral(text, number);
+  case ValueForm::bits:
+    return readBits(text, number) || readScaled(text, number);
+  case ValueForm::scaled:
+    return readScaled(text, number);
+  case ValueForm::integer:
+  case ValueForm::real:
+  case ValueForm::bit:
+    break;
+  }
+  return isNumeral(text, number);
+}
+
+Number fit(const Number &number, ValueForm form) {
+  return form == ValueForm::bit ? Number{number.bits & 1, true} : number;
 }
 
 } // namespace
@@ -44,7 +69,7 @@ void ParameterScope::override(const ReferenceRecord &reference,
       continue;
     }
     const ParameterRecord &record = records.list[found->second];
-    Outcome outcome = around.evaluateFromHere(given.value, record.isText);
+    Outcome outcome = around.evaluateFromHere(given.value, record.form);
     remark(outcome, record, file, given.line);
     fill(slots[found->second], std::move(outcome));
   }
@@ -80,12 +105,12 @@ void ParameterScope::settle(std::vector<std::size_t> pending) {
 }
 
 ParameterScope::Outcome
-ParameterScope::evaluateFromHere(const std::string &text, bool isText) {
+ParameterScope::evaluateFromHere(const std::string &text, ValueForm form) {
   for (;;) {
     ++walk;
     outOfReach.clear();
     isCut = false;
-    Outcome outcome = evaluate(text, isText, 0);
+    Outcome outcome = evaluate(text, form, 0);
     if (!isCut)
       return outcome;
     settle(outOfReach);
@@ -100,7 +125,7 @@ void ParameterScope::workOut(std::size_t index, int depth) {
   const ParameterRecord &record = records.list[index];
   slot.state = State::busy;
   const bool wasCut = std::exchange(isCut, false);
-  Outcome outcome = evaluate(record.value, record.isText, depth);
+  Outcome outcome = evaluate(record.value, record.form, depth);
   const bool isTooDeep = outcome.isTooDeep && depth != 0;
   if (isTooDeep)
     outOfReach.push_back(index);
@@ -120,18 +145,25 @@ void ParameterScope::fill(Slot &slot, Outcome outcome) {
 }
 
 ParameterScope::Outcome ParameterScope::evaluate(const std::string &text,
-                                                 bool isText, int depth) {
+                                                 ValueForm form, int depth) {
   Outcome outcome;
-  if (isNumeral(text, outcome.value.number) && !isText)
+  if (readNumber(text, form, outcome.value.number)) {
+    outcome.value.number = fit(outcome.value.number, form);
     return outcome;
+  }
   ExpressionResult result;
-  if (!records.areLiteral && (!isText || isKnown(text)))
+  if (!records.areLiteral && (form != ValueForm::text || isKnown(text)))
     result = evaluateExpression(text, *this, depth);
+  if (form == ValueForm::real &&
+      result.kind == ExpressionResult::Kind::number && !isKnown(text)) {
+    result.kind = ExpressionResult::Kind::fault;
+    result.fault = "reals are not worked out";
+  }
   outcome.failed = result.kind == ExpressionResult::Kind::fault;
   outcome.isTooDeep = result.isTooDeep;
   outcome.remark = std::move(result.fault);
   if (result.kind == ExpressionResult::Kind::number)
-    outcome.value.number = result.number;
+    outcome.value.number = fit(result.number, form);
   else
     outcome.value.text = result.text != nullptr
                              ? std::move(result.text)

@@ -58,8 +58,8 @@ private:
   bool isKnown(std::string_view name) const override;
   ExpressionResult find(std::string_view name, int depth) override;
 
-  Outcome evaluate(const std::string &text, bool isText, int depth);
-  Outcome evaluateFromHere(const std::string &text, bool isText);
+  Outcome evaluate(const std::string &text, ValueForm form, int depth);
+  Outcome evaluateFromHere(const std::string &text, ValueForm form);
   void settle(std::vector<std::size_t> pending);
   void workOut(std::size_t index, int depth);
   static void fill(Slot &slot, Outcome outcome);

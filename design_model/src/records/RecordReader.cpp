@@ -1,10 +1,42 @@
 #include "records/RecordReader.h"
 
+#include <array>
 #include <unordered_set>
 
 #include "messages/Quote.h"
 
 namespace ZelDebugDialog {
+namespace {
+
+struct FormRow {
+  std::string_view word;
+  ValueForm form;
+};
+
+/// Types, then formats. What is not here is an integer if it looks like one.
+constexpr std::array<FormRow, 7> forms = {{
+    {"string", ValueForm::text},
+    {"bit", ValueForm::bit},
+    {"real", ValueForm::real},
+    {"shortreal", ValueForm::real},
+    {"bool", ValueForm::boolean},
+    {"bitString", ValueForm::bits},
+    {"long", ValueForm::scaled},
+}};
+
+/// Without vectors a bit is one.
+ValueForm formOf(const pugi::xml_node &node, const pugi::xml_node &value) {
+  std::string_view word = attributeOf(node, "type");
+  if (word.empty())
+    word = attributeOf(value, "format");
+  for (const FormRow &row : forms)
+    if (row.word == word &&
+        (row.form != ValueForm::bit || findChild(node, "vectors").empty()))
+      return row.form;
+  return ValueForm::integer;
+}
+
+} // namespace
 
 void RecordReader::noteCondition(const pugi::xml_node &node) {
   const pugi::xml_node condition = findChild(node, "isPresent");
@@ -61,8 +93,7 @@ void RecordReader::readParameter(const pugi::xml_node &node,
     record.id = attributeOf(value, "id");
   record.value = textOf(value);
   record.line = lineOf(node);
-  record.isText = attributeOf(node, "type") == "string" ||
-                  attributeOf(value, "format") == "string";
+  record.form = formOf(node, value);
   if (!attributeOf(value, "dependency").empty())
     report(Severity::warning, lineOf(value),
            "the dependency of parameter " + quote(record.name) +

@@ -15,13 +15,24 @@
 
 namespace ZelDebugDialog {
 
+/// What a value is, by the type that is declared, or by the format of 2009.
+enum class ValueForm {
+  integer, ///< Or text, if it is nothing else.
+  text,    ///< No expression.
+  real,    ///< Of which only integers are known.
+  bit,     ///< One, whatever the value has more.
+  boolean, ///< "true", "false".
+  bits,    ///< "0101" in quotes, or a scaled integer.
+  scaled,  ///< #1F, 64K.
+};
+
 /// A parameter of a component or a design.
 struct ParameterRecord {
   std::string name;
   std::string id; ///< By which expressions and overrides name it; may be empty.
   std::string value;
   int line = 0;
-  bool isText = false; ///< Declared so: the value is no expression.
+  ValueForm form = ValueForm::integer;
 };
 
 /// The parameters of a document.
