@@ -9,6 +9,7 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "Reading.h"
 #include "support/ManyOrFew.h"
@@ -144,13 +145,23 @@ TEST_F(FileSystem, KnowsAFileByTwoNames) {
   EXPECT_THAT(reading.diagnostics(), IsEmpty());
 }
 
+/// Why folders can't be searched, "path: reason" each.
+Names faultsOf(const fs::path &folder, Names &files) {
+  Names lines;
+  for (const FolderFault &fault :
+       FileSystemSource().list(folder.string(), files))
+    lines.push_back(fault.folder + ": " + fault.reason);
+  return lines;
+}
+
 TEST_F(FileSystem, SaysWhyAFolderCannotBeSearched) {
   Names files;
-  EXPECT_EQ(FileSystemSource().list((folder / "none").string(), files),
-            "it can not be searched: No such file or directory");
-  const std::string file = write("file", "");
-  EXPECT_EQ(FileSystemSource().list(file, files),
-            "it can not be searched: Not a directory");
+  EXPECT_THAT(faultsOf(folder / "none", files),
+              ElementsAre(EndsWith("/none: it can not be searched: No such "
+                                   "file or directory")));
+  EXPECT_THAT(faultsOf(write("file", ""), files),
+              ElementsAre(EndsWith("/file: it can not be searched: Not a "
+                                   "directory")));
   EXPECT_THAT(files, IsEmpty());
 }
 
@@ -159,8 +170,56 @@ TEST_F(FileSystem, CanBeSearchedBehindAnError) {
   const std::string file = write("top.xml", top);
   Names files;
   errno = EIO;
-  EXPECT_EQ(FileSystemSource().list(folder.string(), files), "");
+  EXPECT_THAT(faultsOf(folder, files), IsEmpty());
   EXPECT_THAT(files, ElementsAre(file));
+}
+
+/// A root may read whatever is there; somebody else is asked.
+class ForeignUser {
+public:
+  ForeignUser() : isOther(geteuid() != 0 || seteuid(nobody) == 0) {}
+  ~ForeignUser() {
+    if (geteuid() == nobody) {
+      EXPECT_EQ(seteuid(0), 0);
+    }
+  }
+  ForeignUser(const ForeignUser &) = delete;
+  ForeignUser &operator=(const ForeignUser &) = delete;
+
+  const bool isOther;
+
+private:
+  static constexpr uid_t nobody = 65534;
+};
+
+TEST_F(FileSystem, HasFoldersThatMayNotBeRead) {
+  const std::string file = write("top.xml", top);
+  write("ip/t.xml", component("t", ""));
+  write("ip/closed/t.xml", component("t", ""));
+  const fs::path closed = folder / "ip" / "closed";
+  fs::permissions(folder, fs::perms::all);
+  fs::permissions(closed, fs::perms::none);
+  {
+    const ForeignUser user;
+    ASSERT_TRUE(user.isOther);
+    EXPECT_TRUE(read(file, {(folder / "ip").string()}));
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("warning " + closed.string() +
+                            ":0: it can not be searched: Permission denied"));
+    EXPECT_FALSE(read(file, {closed.string()}));
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("error " + closed.string() +
+                            ":0: it can not be searched: Permission denied"));
+    const std::string inner = (closed / "t.xml").string();
+    EXPECT_FALSE(read(file, {inner}));
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("error " + inner + ":0: it can not be read"));
+    EXPECT_FALSE(read(inner));
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("error " + inner +
+                            ":0: it can not be read: Permission denied"));
+  }
+  fs::permissions(closed, fs::perms::owner_all);
 }
 
 TEST(Paths, AreSeenFromAFolder) {

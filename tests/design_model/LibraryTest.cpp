@@ -255,10 +255,12 @@ public:
     return path == "closed.xml" ? "nobody may read it"
                                 : MemorySource::read(path, most, text);
   }
-  std::string list(const std::string &folder,
-                   std::vector<std::string> &found) const override {
-    const std::string fault = MemorySource::list(folder, found);
-    return folder == "closed" ? "nobody may search it" : fault;
+  std::vector<FolderFault>
+  list(const std::string &folder,
+       std::vector<std::string> &found) const override {
+    std::vector<FolderFault> faults = MemorySource::list(folder, found);
+    faults.push_back({"closed", "nobody may search it"});
+    return faults;
   }
 };
 
@@ -283,10 +285,11 @@ TEST(Library, SaysWhatCannotBeRead) {
       diagnosticsOf({"closed.xml"}),
       ElementsAre("not read", "error closed.xml:0: nobody may read it"));
   EXPECT_THAT(diagnosticsOf({"closed"}),
-              ElementsAre("read", "warning closed:0: nobody may search it"));
+              ElementsAre("not read", "error closed:0: nobody may search it"));
   EXPECT_THAT(
       diagnosticsOf({"."}),
-      ElementsAre("read", "warning closed.xml:0: nobody may read it",
+      ElementsAre("read", "warning closed:0: nobody may search it",
+                  "warning closed.xml:0: nobody may read it",
                   "warning t.xml:1: component 'x:y:t:1' is in 'closed/t.xml' "
                   "as well as in 't.xml'; the first is taken"));
 }

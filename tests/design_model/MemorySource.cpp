@@ -19,8 +19,9 @@ std::string MemorySource::read(const std::string &path, std::size_t most,
   return "";
 }
 
-std::string MemorySource::list(const std::string &folder,
-                               std::vector<std::string> &found) const {
+std::vector<FolderFault>
+MemorySource::list(const std::string &folder,
+                   std::vector<std::string> &found) const {
   const std::string start = folder == "." ? "" : folder + "/";
   const std::string end = ".xml";
   for (const auto &[name, text] : files)
@@ -28,7 +29,7 @@ std::string MemorySource::list(const std::string &folder,
         name.size() >= end.size() &&
         name.compare(name.size() - end.size(), end.size(), end) == 0)
       found.push_back(name);
-  return "";
+  return {};
 }
 
 std::string MemorySource::identify(const std::string &path) const {

@@ -18,8 +18,8 @@ public:
   Kind kindOf(const std::string &path) const override;
   std::string read(const std::string &path, std::size_t most,
                    std::string &text) const override;
-  std::string list(const std::string &folder,
-                   std::vector<std::string> &found) const override;
+  std::vector<FolderFault> list(const std::string &folder,
+                                std::vector<std::string> &found) const override;
   std::string identify(const std::string &path) const override;
 };
 

@@ -73,19 +73,26 @@ bool Library::open(const std::vector<std::string> &places) {
 
 bool Library::openPlace(const std::string &place,
                         std::vector<std::string> &files) {
+  const auto refuse = [&](std::string fault) {
+    diagnostics.add({Severity::error, place, 0, std::move(fault)});
+    return false;
+  };
   switch (source.kindOf(place)) {
   case DocumentSource::Kind::missing:
-    diagnostics.add({Severity::error, place, 0,
-                     "there is no such library folder or catalog"});
-    return false;
+    return refuse("there is no such library folder or catalog");
+  case DocumentSource::Kind::unreadable:
+    return refuse("it can not be read");
   case DocumentSource::Kind::file:
     return openCatalog(place);
   case DocumentSource::Kind::folder:
     break;
   }
-  const std::string fault = source.list(place, files);
-  if (!fault.empty())
-    diagnostics.add({Severity::warning, place, 0, fault});
+  for (FolderFault &fault : source.list(place, files)) {
+    if (fault.folder == place)
+      return refuse(std::move(fault.reason));
+    diagnostics.add(
+        {Severity::warning, fault.folder, 0, std::move(fault.reason)});
+  }
   return true;
 }
 

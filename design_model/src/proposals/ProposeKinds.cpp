@@ -28,8 +28,9 @@ public:
     text = content;
     return "";
   }
-  std::string list(const std::string &folder,
-                   std::vector<std::string> &files) const override {
+  std::vector<FolderFault>
+  list(const std::string &folder,
+       std::vector<std::string> &files) const override {
     return source.list(folder, files);
   }
   std::string identify(const std::string &path) const override {

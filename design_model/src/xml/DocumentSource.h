@@ -9,9 +9,20 @@
 
 namespace ZelDebugDialog {
 
+/// A folder that can't be searched, and why.
+struct FolderFault {
+  std::string folder;
+  std::string reason;
+};
+
 class DocumentSource {
 public:
-  enum class Kind { missing, file, folder };
+  enum class Kind {
+    missing,
+    unreadable, ///< What is there may not be looked at.
+    file,
+    folder,
+  };
   static constexpr std::size_t whole = static_cast<std::size_t>(-1);
 
   DocumentSource() = default;
@@ -24,9 +35,9 @@ public:
   virtual std::string read(const std::string &path, std::size_t most,
                            std::string &text) const = 0;
   /// Appends every file below the folder whose name ends in ".xml", in no
-  /// order. Empty when done, else why something can't be listed.
-  virtual std::string list(const std::string &folder,
-                           std::vector<std::string> &files) const = 0;
+  /// order. What can't be searched is left out and told.
+  virtual std::vector<FolderFault>
+  list(const std::string &folder, std::vector<std::string> &files) const = 0;
   /// The same text for two paths of one file.
   virtual std::string identify(const std::string &path) const = 0;
 };
@@ -37,8 +48,8 @@ public:
   Kind kindOf(const std::string &path) const override;
   std::string read(const std::string &path, std::size_t most,
                    std::string &text) const override;
-  std::string list(const std::string &folder,
-                   std::vector<std::string> &files) const override;
+  std::vector<FolderFault> list(const std::string &folder,
+                                std::vector<std::string> &files) const override;
   std::string identify(const std::string &path) const override;
 };
 

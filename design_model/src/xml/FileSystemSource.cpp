@@ -34,6 +34,9 @@ DocumentSource::Kind FileSystemSource::kindOf(const std::string &path) const {
   const fs::file_status status = fs::status(path, error);
   if (fs::is_directory(status))
     return Kind::folder;
+  // The status of what is missing is known.
+  if (!fs::status_known(status))
+    return Kind::unreadable;
   return fs::is_regular_file(status) ? Kind::file : Kind::missing;
 }
 
@@ -41,6 +44,8 @@ std::string FileSystemSource::read(const std::string &path, std::size_t most,
                                    std::string &text) const {
   std::error_code error;
   const fs::file_status status = fs::status(path, error);
+  if (!fs::status_known(status))
+    return unreadable + (": " + error.message());
   if (!fs::exists(status))
     return "there is no such file";
   if (!fs::is_regular_file(status))
@@ -58,14 +63,17 @@ std::string FileSystemSource::read(const std::string &path, std::size_t most,
   return file ? "" : unreadable;
 }
 
-std::string FileSystemSource::list(const std::string &folder,
-                                   std::vector<std::string> &files) const {
+std::vector<FolderFault>
+FileSystemSource::list(const std::string &folder,
+                       std::vector<std::string> &files) const {
+  std::vector<FolderFault> faults;
   std::vector<fs::path> pending{folder};
   while (!pending.empty()) {
     std::vector<fs::path> entries;
-    if (const std::error_code error =
-            listFolder(pending.back(), whole, entries))
-      return "it can not be searched: " + error.message();
+    const std::error_code error = listFolder(pending.back(), whole, entries);
+    if (error)
+      faults.push_back({pending.back().string(),
+                        "it can not be searched: " + error.message()});
     pending.pop_back();
     for (fs::path &entry : entries)
       if (IsLibraryDocument(entry.string()) && kindOf(entry) == Kind::file)
@@ -73,7 +81,7 @@ std::string FileSystemSource::list(const std::string &folder,
       else if (isOwnFolder(entry))
         pending.push_back(std::move(entry));
   }
-  return "";
+  return faults;
 }
 
 std::string FileSystemSource::identify(const std::string &path) const {

@@ -15,7 +15,7 @@ std::error_code listFolder(const fs::path &folder, std::size_t most,
   const std::unique_ptr<DIR, int (*)(DIR *)> open(opendir(folder.c_str()),
                                                   closedir);
   if (open == nullptr)
-    return {errno == EACCES ? 0 : errno, std::generic_category()};
+    return {errno, std::generic_category()};
   while (entries.size() < most) {
     errno = 0;
     // NOLINTNEXTLINE(concurrency-mt-unsafe): nobody else reads from this one.

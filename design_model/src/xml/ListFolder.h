@@ -9,9 +9,8 @@
 
 namespace ZelDebugDialog {
 
-/// Appends what is in a folder, at most `most`; nothing, where it may not be
-/// read. By the system's own calls: the standard library's iterator ends the
-/// program when memory runs out.
+/// Appends what is in a folder, at most `most`. By the system's own calls: the
+/// standard library's iterator ends the program when memory runs out.
 std::error_code listFolder(const std::filesystem::path &folder,
                            std::size_t most,
                            std::vector<std::filesystem::path> &entries);
