@@ -174,13 +174,22 @@ TEST(Library, SpeaksOfFilesThatLookLikeDocuments) {
        {"c.xml", "\n<component><vendor>x</vendor></component>"},
        {"d.xml", "<busDefinition/>"},
        {"e.xml", "<component><vendor>x</vendor><library>y</library>"
-                 "<name>e</name><version>1</version><oops></component>"}},
+                 "<name>e</name><version>1</version><oops></component>"},
+       {"f.xml", "<component><vendor>x</vendor>\n<library>y</libary>"
+                 "<name>f</name><version>1</version></component>"},
+       {"g.xml", "\n<design><vendor>x</vendor><oops></design>"},
+       {"h.xml", "<designConfiguration>\n\n<vendor>x</oops>"},
+       {"i.xml", "<design></design>"},
+       {"j.xml", "<busDefinition><oops></busDefinition>"}},
       {});
   EXPECT_THAT(
       reading.diagnostics(),
       ElementsAre("warning a.xml:2: it is not XML: No document element found",
                   "warning c.xml:2: the component lacks a part of its identity "
-                  "'x:::'; nothing can refer to it"));
+                  "'x:::'; nothing can refer to it",
+                  "warning f.xml:2: it is not XML: Start-end tags mismatch",
+                  "warning g.xml:2: it is not XML: Start-end tags mismatch",
+                  "warning h.xml:3: it is not XML: Start-end tags mismatch"));
 }
 
 TEST(Library, ReportsABrokenComponentWhenItIsNeeded) {

@@ -120,17 +120,16 @@ void Library::searchFile(const std::string &file) {
     return diagnostics.add(std::move(diagnostic));
   const pugi::xml_node root = head->root();
   const DocumentType type = findDocumentType(localNameOf(root));
-  if (type == DocumentType::none && !head->fault.empty())
-    return diagnostics.add(
-        {Severity::warning, file, head->faultLine, head->fault});
   if (type == DocumentType::catalog)
     catalogs.push_back(file);
-  if (type == DocumentType::none || type == DocumentType::other ||
-      type == DocumentType::catalog)
+  if (type == DocumentType::other || type == DocumentType::catalog)
     return;
   const Identity identity = readIdentity(root);
-  if (identity.isComplete())
+  if (type != DocumentType::none && identity.isComplete())
     return enter(searched, type, identity, {file, head->lineOf(root)}, file);
+  if (!head->fault.empty())
+    return diagnostics.add(
+        {Severity::warning, file, head->faultLine, head->fault});
   // A design on top needs no name; a component is there to be referred to.
   if (type != DocumentType::component)
     return;
