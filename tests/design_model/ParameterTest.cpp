@@ -162,6 +162,49 @@ TEST(Parameter, IsOverriddenFromTheTopDown) {
   EXPECT_THAT(reading.diagnostics(), IsEmpty());
 }
 
+TEST(Parameter, IsOverriddenBesideASelectedView) {
+  const auto select = [](const std::string &values) {
+    return "<designConfiguration><vendor>x</vendor><library>y</library>"
+           "<name>c</name><version>1</version><designRef vendor='x' "
+           "library='y' name='d' version='1'/>\n<viewConfiguration>"
+           "<instanceName>u</instanceName><view viewRef='none'>"
+           "<configurableElementValues>\n" +
+           values +
+           "</configurableElementValues></view></viewConfiguration>"
+           "</designConfiguration>";
+  };
+  const std::string configured =
+      "<ipxact:model><ipxact:views><ipxact:view><ipxact:name>v</ipxact:name>"
+      "<ipxact:designConfigurationInstantiationRef>i"
+      "</ipxact:designConfigurationInstantiationRef></ipxact:view>"
+      "</ipxact:views><ipxact:instantiations>"
+      "<ipxact:designConfigurationInstantiation><ipxact:name>i</ipxact:name>"
+      "<ipxact:designConfigurationRef vendor='x' library='y' name='c' "
+      "version='1'/></ipxact:designConfigurationInstantiation>"
+      "</ipxact:instantiations></ipxact:model>";
+  const Files files = {
+      {"t.xml",
+       component("t", "",
+                 "<ipxact:model><ipxact:views><ipxact:view>"
+                 "<ipxact:name>none</ipxact:name></ipxact:view>"
+                 "</ipxact:views></ipxact:model>" +
+                     parameters(parameter("P", "1") + parameter("Q", "2")))},
+      {"d.xml",
+       design("d", instance("u", "t", given("id_P", "3") + given("id_Q", "4")),
+              "", parameters(parameter("D", "5")))},
+      {"c.xml", select("<configurableElementValue referenceId='id_P'>id_D + 1"
+                       "</configurableElementValue>\n"
+                       "<configurableElementValue referenceId='id_X'>7"
+                       "</configurableElementValue>")},
+      {"top.xml", component("top", "", configured)}};
+  Reading reading = readFiles(files);
+  EXPECT_EQ(valueOf(reading, "P"), "6");
+  EXPECT_EQ(valueOf(reading, "Q"), "4");
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("warning c.xml:4: a value is given to 'id_X', which "
+                          "is no parameter of 'x:y:t:1'"));
+}
+
 TEST(Parameter, OfADesignAloneHasItsDefault) {
   Reading reading = readFiles(
       {{"t.xml", component("t", "", parameters(parameter("P", "1")))},

@@ -49,7 +49,8 @@ bool Elaboration::elaborate(const ComponentRecord &component) {
   ParameterScope around(component.parameters, diagnostics);
   ParameterScope scope(inner.design->parameters, diagnostics);
   if (inner.reference != nullptr)
-    scope.override(*inner.reference, component.interfaces.origin.file, around);
+    scope.override(inner.reference->overrides, *inner.reference->identity,
+                   component.interfaces.origin.file, around);
   elaborate(Level{*inner.design, inner.configuration, &component,
                   DesignModel::top, scope});
   views.reportUnused(component.interfaces.origin.file);
@@ -91,7 +92,14 @@ Elaboration::Placed Elaboration::addInstance(const Level &level,
   if (!id || component.record == nullptr)
     return {};
   ParameterScope scope(component.record->parameters, diagnostics);
-  scope.override(reference, origin.file, level.scope);
+  scope.override(reference.overrides, *reference.identity, origin.file,
+                 level.scope);
+  if (level.configuration != nullptr) {
+    const auto selected = level.configuration->views.find(instance.name);
+    if (selected != level.configuration->views.end())
+      scope.override(selected->second.overrides, *reference.identity,
+                     level.configuration->file, level.scope);
+  }
   addParameters(*component.record, scope, *id, item);
   enter(item, instance, component, *id, scope);
   return {*id, true};
@@ -134,7 +142,8 @@ void Elaboration::enter(const Item &item, const InstanceRecord &instance,
     return;
   ParameterScope innerScope(inner.design->parameters, diagnostics);
   if (inner.reference != nullptr)
-    innerScope.override(*inner.reference, record.interfaces.origin.file, scope);
+    innerScope.override(inner.reference->overrides, *inner.reference->identity,
+                        record.interfaces.origin.file, scope);
   elaborate(Level{*inner.design, inner.configuration, &record, id, innerScope});
 }
 

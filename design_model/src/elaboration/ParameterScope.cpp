@@ -57,15 +57,15 @@ ParameterScope::ParameterScope(const ParameterRecords &parameters,
                                DiagnosticList &list)
     : records(parameters), diagnostics(list), slots(parameters.list.size()) {}
 
-void ParameterScope::override(const ReferenceRecord &reference,
-                              const std::string &file, ParameterScope &around) {
-  for (const OverrideRecord &given : reference.overrides) {
+void ParameterScope::override(const std::vector<OverrideRecord> &values,
+                              const Identity &of, const std::string &file,
+                              ParameterScope &around) {
+  for (const OverrideRecord &given : values) {
     const auto found = records.byId.find(given.id);
     if (found == records.byId.end()) {
       diagnostics.add({Severity::warning, file, given.line,
                        "a value is given to " + quote(given.id) +
-                           ", which is no parameter of " +
-                           quote(toText(*reference.identity))});
+                           ", which is no parameter of " + quote(toText(of))});
       continue;
     }
     const ParameterRecord &record = records.list[found->second];

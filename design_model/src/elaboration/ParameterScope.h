@@ -32,10 +32,10 @@ class ParameterScope : private ExpressionNames {
 public:
   ParameterScope(const ParameterRecords &parameters, DiagnosticList &list);
 
-  /// Gives parameters the values of a reference to their document, which
-  /// stands in `file`, worked out in the scope that is around it.
-  void override(const ReferenceRecord &reference, const std::string &file,
-                ParameterScope &around);
+  /// Gives parameters of the document `of` values that stand in `file`, worked
+  /// out in the scope that is around it.
+  void override(const std::vector<OverrideRecord> &values, const Identity &of,
+                const std::string &file, ParameterScope &around);
 
   /// The value of the parameter at an index of the records.
   const ParameterValue &valueAt(std::size_t index);

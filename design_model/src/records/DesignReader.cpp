@@ -192,13 +192,15 @@ private:
                 ConfigurationRecord &configuration) {
     const std::string instance = childText(node, "instanceName");
     ViewSelection choice;
-    choice.view = attributeOf(findChild(node, "view"), "viewRef");
+    const pugi::xml_node view = findChild(node, "view");
+    choice.view = attributeOf(view, "viewRef");
+    readOverrides(view, choice.overrides);
     choice.line = lineOf(node);
     // The form of 2009.
     if (choice.view.empty())
       choice.view = childText(node, "viewName");
-    if (!configuration.views.emplace(instance, choice).second)
-      report(Severity::warning, choice.line,
+    if (!configuration.views.emplace(instance, std::move(choice)).second)
+      report(Severity::warning, lineOf(node),
              "a second view for instance " + quote(instance) +
                  "; the first is taken");
   }

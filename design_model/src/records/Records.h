@@ -120,8 +120,10 @@ struct DesignRecord {
   int line = 0;
 };
 
+/// A view that is selected for an instance, and the values that go with it.
 struct ViewSelection {
   std::string view;
+  std::vector<OverrideRecord> overrides;
   int line = 0;
 };
 
