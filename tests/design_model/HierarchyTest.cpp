@@ -365,10 +365,25 @@ TEST(Inside, MayLeadBack) {
                  {"in_b.xml", design("in_b", instance("a", "a"))},
                  {"top.xml", design("top", instance("a", "a"))}});
   EXPECT_THAT(reading.instances(), ElementsAre("a", "a.b", "a.b.a"));
+  EXPECT_THAT(
+      reading.diagnostics(),
+      ElementsAre("error in_b.xml:3: instance 'a.b.a' leads back to the "
+                  "design 'x:y:in_a:1' that it is in; it is not "
+                  "entered again"));
+}
+
+/// The design on top is known by its path and by its name.
+TEST(Inside, MayLeadBackToTheTop) {
+  const Files files = {{"box.xml", component("box", "", viewOf("d"))},
+                       {"d.xml", design("d", instance("b", "box"))}};
+  DesignSources sources;
+  sources.designFile = "d.xml";
+  const Reading reading = readFrom(files, sources);
+  EXPECT_THAT(reading.instances(), ElementsAre("b"));
   EXPECT_THAT(reading.diagnostics(),
-              ElementsAre("error in_b.xml:3: instance 'a' leads back to the "
-                          "design 'x:y:in_a:1' that it is in; it is not "
-                          "entered again"));
+              ElementsAre("error d.xml:3: instance 'b' leads back to the "
+                          "design 'x:y:d:1' that it is in; it is not entered "
+                          "again"));
 }
 
 TEST(Inside, EndsAtADepthThatIsBounded) {
@@ -383,8 +398,9 @@ TEST(Inside, EndsAtADepthThatIsBounded) {
   const Reading reading = readFiles(files);
   EXPECT_EQ(reading.model.Instances().size(), 100u);
   EXPECT_THAT(reading.diagnostics(),
-              ElementsAre("error d98.xml:3: instance 'i' is inside 100 others; "
-                          "it is not entered"));
+              ElementsAre(AllOf(HasSubstr("error d98.xml:3: instance 'i.i.i.i"),
+                                HasSubstr("' is inside 100 others; it is not "
+                                          "entered"))));
 }
 
 /// A hierarchy of `levels`, each of whose designs has this many instances of

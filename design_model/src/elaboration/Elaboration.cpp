@@ -136,7 +136,7 @@ void Elaboration::enter(const Item &item, const InstanceRecord &instance,
                   "instance " + quote(instance.name) +
                       " is a processor: the design inside it is not entered");
   const InnerDesign inner = views.follow(record, *view);
-  if (inner.design == nullptr || !canEnter(level, instance, *inner.design))
+  if (inner.design == nullptr || !canEnter(item, id, *inner.design))
     return;
   if (!spend(inner.design->parameters.list.size() * parameterBytes, item))
     return;
@@ -147,13 +147,16 @@ void Elaboration::enter(const Item &item, const InstanceRecord &instance,
   elaborate(Level{*inner.design, inner.configuration, &record, id, innerScope});
 }
 
-bool Elaboration::canEnter(const Level &level, const InstanceRecord &instance,
+/// The design on top may have been read by its path, and once more by its name.
+bool Elaboration::canEnter(const Item &item, DesignModel::InstanceId id,
                            const DesignRecord &inner) {
-  const bool isOpen = std::find(open.begin(), open.end(), &inner) != open.end();
+  const bool isOpen =
+      std::find(open.begin(), open.end(), &inner) != open.end() ||
+      (inner.identity == open.front()->identity && inner.identity.isComplete());
   if (!isOpen && open.size() < deepestHierarchy)
     return true;
-  report(Severity::error, level.design.file, instance.line,
-         "instance " + quote(instance.name) +
+  report(Severity::error, item.level.design.file, item.line,
+         "instance " + quote(model.Instances()[id].name) +
              (isOpen ? " leads back to the design " +
                            quote(toText(inner.identity)) +
                            " that it is in; it is not entered again"

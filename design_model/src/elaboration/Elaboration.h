@@ -79,7 +79,7 @@ private:
   void enter(const Item &item, const InstanceRecord &instance,
              const Component &component, DesignModel::InstanceId id,
              ParameterScope &scope);
-  bool canEnter(const Level &level, const InstanceRecord &instance,
+  bool canEnter(const Item &item, DesignModel::InstanceId id,
                 const DesignRecord &inner);
   void addConnection(const Level &level, const ConnectionRecord &connection,
                      const std::vector<Placed> &placed);

@@ -18,8 +18,8 @@ struct Identity {
   std::string version;
 
   bool operator==(const Identity &other) const {
-    return vendor == other.vendor && library == other.library &&
-           name == other.name && version == other.version;
+    return name == other.name && version == other.version &&
+           library == other.library && vendor == other.vendor;
   }
   /// No part may be empty.
   bool isComplete() const {
