@@ -46,6 +46,8 @@ bool Elaboration::elaborate(const ComponentRecord &component) {
   const InnerDesign inner = views.follow(component, *view);
   if (inner.design == nullptr)
     return false;
+  for (const DesignInterface &interface : component.interfaces.interfaces)
+    outward.insert(interface.name);
   ParameterScope around(component.parameters, diagnostics);
   ParameterScope scope(inner.design->parameters, diagnostics);
   if (inner.reference != nullptr)
@@ -197,10 +199,8 @@ bool Elaboration::hasInterface(const Level &level,
   if (level.component == nullptr)
     return false;
   const std::string &name = level.design.interfaceNames[end.interface];
-  for (const DesignInterface &interface :
-       level.component->interfaces.interfaces)
-    if (interface.name == name)
-      return false;
+  if (outward.count(name) != 0)
+    return false;
   report(Severity::error, level.design.file, end.line,
          "connection " + quote(connection.name) + ": component " +
              quote(toText(level.component->identity)) + " has no interface " +

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "ZelDebugDialog/DesignModel/DesignModel.h"
@@ -103,7 +104,8 @@ private:
   DesignModel &model;
   DiagnosticList &diagnostics; ///< The model's own.
   std::unordered_map<Identity, Component, IdentityHash> components;
-  DesignConnection joined; ///< The one that is being added.
+  DesignConnection joined;                 ///< The one that is being added.
+  std::unordered_set<std::string> outward; ///< The component's on top.
   /// The designs that are being elaborated, outermost first.
   std::vector<const DesignRecord *> open;
 };
