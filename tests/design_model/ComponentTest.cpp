@@ -369,7 +369,8 @@ TEST(ComponentReader, FollowsNoConditionsOfMaps) {
           "14 isPresent is not followed: this cpu is taken to be there"));
 }
 
-/// A map of 2022 consists of a definition as a whole, in a bank or in a remap.
+/// A map of 2022 consists of a definition as a whole, in a bank, in a remap or
+/// in a block.
 TEST(ComponentReader, FollowsNoDefinitionsOfMaps) {
   const auto definition = [](const std::string &what) {
     return "<ipxact:" + what +
@@ -383,6 +384,8 @@ TEST(ComponentReader, FollowsNoDefinitionsOfMaps) {
           definition("remap") + "</ipxact:memoryRemap>",
       subspace("s", base) +
           bank("outer", base + bank("inner", definition("bank"))),
+      subspace("s", base) + "<ipxact:addressBlock>" + nameOf("b") + base +
+          definition("addressBlock") + "</ipxact:addressBlock>",
   };
   for (const std::string &content : maps) {
     std::string text =

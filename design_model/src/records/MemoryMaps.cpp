@@ -10,7 +10,7 @@ bool mayHoldBlocks(const pugi::xml_node &node) {
 }
 
 /// The form of 2022: what the map, a part of it or a bank consists of stands in
-/// another document.
+/// another document. What a block does is told inside it.
 bool isDefinition(const pugi::xml_node &node) {
   return isNamed(node, "memoryMapDefinitionRef") ||
          isNamed(node, "remapDefinitionRef") ||
@@ -36,6 +36,8 @@ MemoryMap readMap(const pugi::xml_node &node,
         map.isDefinedElsewhere = true;
       if (isNamed(child, "addressBlock")) {
         map.hasBlocks = true;
+        if (!findChild(child, "addressBlockDefinitionRef").empty())
+          map.isDefinedElsewhere = true;
         note(child);
       }
       if (isNamed(child, "addressBlock") || isNamed(child, "bank"))
