@@ -131,6 +131,9 @@ TEST_F(FindLibraries, NamesTheFoldersThatHelp) {
       {"one of them in the design's own folder",
        {{"soc/a.xml", cpu}, {"mem/b.xml", ram}},
        {"soc", "mem"}},
+      {"in files of capital names",
+       {{"ip/a.XML", cpu}, {"ip/b.Xml", ram}},
+       {"soc", "ip"}},
       {"in the folder around", {{"a.xml", cpu}, {"b.xml", ram}}, {"."}},
   };
   for (const PlaceRow &row : rows) {

@@ -37,7 +37,7 @@ void DocumentFinder::search(const fs::path &folder, const fs::path &but) {
     std::sort(names.begin(), names.end());
     for (fs::path &name : names) {
       if (!isOwnFolder(name)) {
-        if (name.extension() == ".xml")
+        if (IsLibraryDocument(name.string()))
           look(name);
       } else if (!isHidden(name) && name != but) {
         pending.push_back(std::move(name));
