@@ -322,6 +322,38 @@ TEST(Catalog, MayNameFilesByTheirScheme) {
   EXPECT_EQ(markOf(reading), "listed");
 }
 
+TEST(Catalog, NamesFilesInAllFormsOfAUri) {
+  for (const char *const name :
+       {"my core.xml", "my%20core.xml", "file:my%20core.xml",
+        "file:/parts/t%2exml", "file://localhost/parts/t.xml",
+        "file:////parts/t.xml", "100%.xml", "a%2.xml", "b%20.xml"}) {
+    Reading reading =
+        readFrom({{"top.xml", top},
+                  {"index.xml", catalog(entries("components", {name}))},
+                  {"my core.xml", marked("listed")},
+                  {"/parts/t.xml", marked("listed")},
+                  {"100%.xml", marked("listed")},
+                  {"a%2.xml", marked("listed")},
+                  {"b .xml", marked("decoded")},
+                  {"b%20.xml", marked("listed")}},
+                 {"index.xml"});
+    EXPECT_EQ(markOf(reading), "listed") << name;
+    EXPECT_THAT(reading.diagnostics(), IsEmpty());
+  }
+}
+
+TEST(Catalog, ReplacesNoVariables) {
+  const Reading reading =
+      readFrom({{"top.xml", top},
+                {"index.xml", catalog(entries("components", {"${IP}/t.xml"}))}},
+               {"index.xml"});
+  EXPECT_THAT(reading.diagnostics(),
+              testing::Contains(
+                  "warning index.xml:3: there is no file '${IP}/t.xml' "
+                  "for component 'x:y:t:1'; no variable of the environment "
+                  "is put in"));
+}
+
 TEST(Catalog, IsFoundInAFolderAndGoesFirst) {
   Reading reading =
       readFrom({{"top.xml", top},

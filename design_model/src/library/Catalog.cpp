@@ -1,6 +1,7 @@
 #include "library/Catalog.h"
 
 #include <array>
+#include <charconv>
 #include <cstddef>
 #include <string_view>
 #include <unordered_set>
@@ -25,6 +26,37 @@ constexpr std::array<Section, 4> sections = {{
     {"designs", DocumentType::design},
     {"designConfigurations", DocumentType::designConfiguration},
 }};
+
+bool takePrefix(std::string_view &text, std::string_view prefix) {
+  const bool isThere = text.substr(0, prefix.size()) == prefix;
+  if (isThere)
+    text.remove_prefix(prefix.size());
+  return isThere;
+}
+
+/// Names are URIs: a path, with or without its scheme and this machine.
+std::string pathOf(std::string_view name) {
+  if (takePrefix(name, "file:") && takePrefix(name, "//"))
+    takePrefix(name, "localhost");
+  return std::string(name);
+}
+
+std::string decode(std::string_view text) {
+  std::string decoded;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    unsigned code = 0;
+    const std::string_view digits = text.substr(at + 1, 2);
+    const char *const end = digits.data() + digits.size();
+    if (text[at] == '%' && digits.size() == 2 &&
+        std::from_chars(digits.data(), end, code, 16).ptr == end && code != 0) {
+      decoded += static_cast<char>(code);
+      at += 2;
+    } else {
+      decoded += text[at];
+    }
+  }
+  return decoded;
+}
 
 class CatalogReader {
 public:
@@ -64,23 +96,32 @@ private:
     entry.identity = readReference(findChild(node, "vlnv"));
     entry.origin = {catalog, document.lineOf(node)};
     const std::string name = childText(node, "name");
-    entry.file = resolvePath(folderOf(catalog), pathOf(name));
-    if (name.empty() || source.kindOf(entry.file) != DocumentSource::Kind::file)
-      return warn(entry.origin, "there is no file " + quote(name) + " for " +
-                                    std::string(toText(type)) + " " +
-                                    quote(toText(entry.identity)));
+    entry.file = findFile(folderOf(catalog), name);
+    if (entry.file.empty())
+      return warn(entry.origin,
+                  "there is no file " + quote(name) + " for " +
+                      std::string(toText(type)) + " " +
+                      quote(toText(entry.identity)) +
+                      (name.find("${") == std::string::npos
+                           ? ""
+                           : "; no variable of the environment is "
+                             "put in"));
     if (type == DocumentType::catalog)
       pending.push_back(entry.file);
     else
       entries.push_back(std::move(entry));
   }
 
-  /// Names are URIs: a path, with or without its scheme.
-  static std::string pathOf(const std::string &name) {
-    constexpr std::string_view scheme = "file://";
-    return name.compare(0, scheme.size(), scheme) == 0
-               ? name.substr(scheme.size())
-               : name;
+  /// As it is written, else with what it has as "%20"; empty when there is
+  /// neither.
+  std::string findFile(const std::string &folder, const std::string &name) {
+    const std::string path = pathOf(name);
+    for (const std::string &written : {path, decode(path)}) {
+      std::string file = resolvePath(folder, written);
+      if (!name.empty() && source.kindOf(file) == DocumentSource::Kind::file)
+        return file;
+    }
+    return "";
   }
 
   void warn(const DesignOrigin &origin, std::string message) {
