@@ -73,7 +73,12 @@ TEST_F(FileSystem, MayHoldThingsThatAreNoFiles) {
   fs::create_directory_symlink(folder, folder / "round");
   ASSERT_EQ(mkfifo((folder / "fifo.xml").c_str(), 0600), 0);
   EXPECT_TRUE(read(file));
-  EXPECT_THAT(reading.diagnostics(), IsEmpty());
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("note " + (folder / "round").string() +
+                          ":0: it is a link to a folder, and not followed"));
+  // One that is named is meant.
+  EXPECT_TRUE(read(file, {(folder / "round").string()}));
+  EXPECT_EQ(reading.instances(), Names{"u"});
 }
 
 TEST_F(FileSystem, HoldsDesignsInRegularFilesOnly) {

@@ -268,7 +268,7 @@ public:
   list(const std::string &folder,
        std::vector<std::string> &found) const override {
     std::vector<FolderFault> faults = MemorySource::list(folder, found);
-    faults.push_back({"closed", "nobody may search it"});
+    faults.push_back({"closed", "nobody may search it", false});
     return faults;
   }
 };

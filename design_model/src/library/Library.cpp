@@ -90,8 +90,8 @@ bool Library::openPlace(const std::string &place,
   for (FolderFault &fault : source.list(place, files)) {
     if (fault.folder == place)
       return refuse(std::move(fault.reason));
-    diagnostics.add(
-        {Severity::warning, fault.folder, 0, std::move(fault.reason)});
+    diagnostics.add({fault.isLink ? Severity::note : Severity::warning,
+                     fault.folder, 0, std::move(fault.reason)});
   }
   return true;
 }

@@ -9,10 +9,11 @@
 
 namespace ZelDebugDialog {
 
-/// A folder that can't be searched, and why.
+/// A folder that is not searched, and why.
 struct FolderFault {
   std::string folder;
   std::string reason;
+  bool isLink = false; ///< To one; nothing is wrong with it.
 };
 
 class DocumentSource {

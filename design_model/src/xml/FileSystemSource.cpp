@@ -73,13 +73,18 @@ FileSystemSource::list(const std::string &folder,
     const std::error_code error = listFolder(pending.back(), whole, entries);
     if (error)
       faults.push_back({pending.back().string(),
-                        "it can not be searched: " + error.message()});
+                        "it can not be searched: " + error.message(), false});
     pending.pop_back();
-    for (fs::path &entry : entries)
-      if (IsLibraryDocument(entry.string()) && kindOf(entry) == Kind::file)
+    for (fs::path &entry : entries) {
+      const Kind kind = kindOf(entry);
+      if (kind == Kind::file && IsLibraryDocument(entry.string()))
         files.push_back(entry.lexically_normal().string());
-      else if (isOwnFolder(entry))
+      else if (kind == Kind::folder && isOwnFolder(entry))
         pending.push_back(std::move(entry));
+      else if (kind == Kind::folder)
+        faults.push_back({entry.lexically_normal().string(),
+                          "it is a link to a folder, and not followed", true});
+    }
   }
   return faults;
 }
