@@ -256,6 +256,33 @@ TEST(Parameter, MayBeOneOfTheModel) {
   EXPECT_THAT(reading.diagnostics(), IsEmpty());
 }
 
+TEST(Parameter, MayBeOneOfAPart) {
+  const std::string type =
+      "<ipxact:busType vendor='x' library='y' name='b' version='1'/>";
+  Reading reading = readFiles(
+      {{"t.xml",
+        component("t",
+                  interface("b",
+                            "<ipxact:slave/>" + parameters(parameter("W", "8")),
+                            type),
+                  "<ipxact:addressSpaces><ipxact:addressSpace>"
+                  "<ipxact:name>m</ipxact:name><ipxact:range>1</ipxact:range>"
+                  "<ipxact:width>8</ipxact:width>" +
+                      parameters(parameter("M", "3")) +
+                      "</ipxact:addressSpace></ipxact:addressSpaces>" +
+                      parameters(parameter("P", "id_W / 8 + id_M") +
+                                 parameter("X", "id_V")) +
+                      "<ipxact:vendorExtensions><v>" +
+                      parameters(parameter("V", "1")) +
+                      "</v></ipxact:vendorExtensions>")},
+       {"top.xml", design("d", instance("u", "t", given("id_W", "64")))}});
+  EXPECT_EQ(valueOf(reading, "P"), "11");
+  EXPECT_EQ(valueOf(reading, "W"), "");
+  EXPECT_EQ(valueOf(reading, "X"), "id_V");
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre(HasSubstr("there is no parameter 'id_V'")));
+}
+
 TEST(Parameter, DependsOnItselfInVain) {
   Reading one = readWith(parameter("A", "id_A + 1"));
   EXPECT_EQ(valueOf(one, "A"), "id_A + 1");

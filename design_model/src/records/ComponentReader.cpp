@@ -31,6 +31,18 @@ constexpr std::array<ModeRow, 11> modes = {{
     {"monitor", InterfaceMode::monitor},
 }};
 
+struct PartRow {
+  std::string_view list;
+  std::string_view part;
+};
+
+/// Those that have parameters of their own.
+constexpr std::array<PartRow, 3> parts = {{
+    {"busInterfaces", "busInterface"},
+    {"addressSpaces", "addressSpace"},
+    {"cpus", "cpu"},
+}};
+
 /// A map may be referred to by every interface, so that the bridges are more
 /// than the file is long.
 constexpr std::size_t mostBridgesByMap = 1000000;
@@ -143,9 +155,9 @@ private:
     });
   }
 
-  /// The component's own, which the model answers; then those of its models,
-  /// which overrides and expressions may name. In the form of 2009 those of the
-  /// model are what configures the component.
+  /// The component's own, which the model answers; then those of its models and
+  /// parts, which overrides and expressions may name. In the form of 2009 those
+  /// of the model are what configures the component.
   void readAllParameters(const pugi::xml_node &root,
                          ParameterRecords &parameters) {
     const pugi::xml_node body = findChild(root, "model");
@@ -156,7 +168,13 @@ private:
                  [&](const pugi::xml_node &node) {
                    readParameters(node, "moduleParameters", "moduleParameter",
                                   parameters);
+                   readParameters(node, "parameters", "parameter", parameters);
                  });
+    for (const PartRow &row : parts)
+      forEachChild(
+          findChild(root, row.list), row.part, [&](const pugi::xml_node &node) {
+            readParameters(node, "parameters", "parameter", parameters);
+          });
     completeParameters(parameters);
   }
 
