@@ -221,11 +221,30 @@ TEST(ComponentReader, ReportsBridgesToNowhere) {
                             map("")));
   EXPECT_THAT(
       reading.diagnostics(),
-      ElementsAre("warning x.xml:4: interface 'in' refers to a memory map "
-                  "'none', which the component does not have",
-                  "error x.xml:3: component 'x': interface 'in' is bridged to "
-                  "'nowhere', which it does not have"));
+      ElementsAre("error x.xml:4: component 'x': interface 'in' is bridged to "
+                  "'nowhere', which it does not have",
+                  "warning x.xml:4: interface 'in' refers to a memory map "
+                  "'none', which the component does not have"));
   EXPECT_THAT(reading.peripherals("cpu"), ElementsAre("x"));
+}
+
+TEST(ComponentReader, ReportsUnknownInterfacesWhereTheyAreNamed) {
+  const Reading reading = readBetween(component(
+      "x",
+      interface("in", slave("<ipxact:memoryMapRef memoryMapRef='m'/>")) +
+          interface("out", master),
+      "<ipxact:channels><ipxact:channel>" + nameOf("c") +
+          "<ipxact:busInterfaceRef><ipxact:localName>in</ipxact:localName>"
+          "</ipxact:busInterfaceRef>\n\n<ipxact:busInterfaceRef>"
+          "<ipxact:localName>yy</ipxact:localName></ipxact:busInterfaceRef>"
+          "</ipxact:channel></ipxact:channels>" +
+          map("\n\n<ipxact:subspaceMap masterRef='zz'>" + nameOf("s") + base +
+              "</ipxact:subspaceMap>")));
+  EXPECT_THAT(reading.diagnostics(),
+              ElementsAre("error x.xml:12: component 'x': interface 'in' is "
+                          "bridged to 'zz', which it does not have",
+                          "error x.xml:10: component 'x': channel 'c' names "
+                          "'yy', which it does not have"));
 }
 
 /// The name of the map is an attribute in every edition.

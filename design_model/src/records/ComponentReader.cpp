@@ -2,6 +2,7 @@
 
 #include <array>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 #include "messages/Quote.h"
@@ -111,12 +112,19 @@ private:
 
   void readBridges(const pugi::xml_node &mode, const MemoryMaps &maps,
                    DesignInterface &interface) {
+    const auto add = [&](const pugi::xml_node &bridge, std::string name) {
+      if (hasInterface(name))
+        interface.bridgedTo.push_back(std::move(name));
+      else
+        reportUnknown(name, bridge,
+                      "interface " + quote(interface.name) + " is bridged to ");
+    };
     forEach(mode, "transparentBridge", [&](const pugi::xml_node &bridge) {
-      interface.bridgedTo.push_back(initiatorOf(bridge));
+      add(bridge, initiatorOf(bridge));
     });
     // The form up to 2009.
     forEachChild(mode, "bridge", [&](const pugi::xml_node &bridge) {
-      interface.bridgedTo.emplace_back(attributeOf(bridge, "masterRef"));
+      add(bridge, std::string(attributeOf(bridge, "masterRef")));
     });
     const pugi::xml_node reference = findChild(mode, "memoryMapRef");
     if (reference.empty())
@@ -134,13 +142,29 @@ private:
                  " refers to is not followed; it is taken to have registers");
     interface.answers = map->hasBlocks || map->isDefinedElsewhere;
     interface.isMemory = map->isMemory;
-    bridgesByMap += map->initiators.size();
+    bridgesByMap += map->subspaces.size();
     if (bridgesByMap > mostBridgesByMap)
       return report(Severity::error, lineOf(reference),
                     "more than " + std::to_string(mostBridgesByMap) +
                         " bridges by memory maps; the rest is left out");
-    interface.bridgedTo.insert(interface.bridgedTo.end(),
-                               map->initiators.begin(), map->initiators.end());
+    for (const pugi::xml_node &subspace : map->subspaces)
+      add(subspace, initiatorOf(subspace));
+  }
+
+  bool hasInterface(const std::string &name) {
+    if (interfaces.empty())
+      forEachChild(findChild(document.root(), "busInterfaces"), "busInterface",
+                   [this](const pugi::xml_node &interface) {
+                     interfaces.insert(childText(interface, "name"));
+                   });
+    return interfaces.count(name) != 0;
+  }
+
+  void reportUnknown(const std::string &interface, const pugi::xml_node &node,
+                     const std::string &what) {
+    report(Severity::error, lineOf(node),
+           "component " + quote(childText(document.root(), "name")) + ": " +
+               what + quote(interface) + ", which it does not have");
   }
 
   void readChannels(const pugi::xml_node &root, DesignComponent &component) {
@@ -148,8 +172,15 @@ private:
       std::vector<std::string> members;
       forEach(node, "busInterfaceRef", [&](const pugi::xml_node &member) {
         // The form of 2009 has the name as the element's own text.
-        const std::string name = childText(member, "localName");
-        members.push_back(name.empty() ? textOf(member) : name);
+        std::string name = childText(member, "localName");
+        if (name.empty())
+          name = textOf(member);
+        if (hasInterface(name))
+          members.push_back(std::move(name));
+        else
+          reportUnknown(name, member,
+                        "channel " + quote(childText(node, "name")) +
+                            " names ");
       });
       component.channels.push_back(std::move(members));
     });
@@ -242,6 +273,7 @@ private:
     return std::nullopt;
   }
 
+  std::unordered_set<std::string> interfaces; ///< Names, once they are needed.
   std::size_t bridgesByMap = 0;
 };
 

@@ -43,7 +43,7 @@ MemoryMap readMap(const pugi::xml_node &node,
       if (isNamed(child, "addressBlock") || isNamed(child, "bank"))
         map.isMemory = map.isMemory || isSaidToBeMemory(child);
       if (isNamed(child, "subspaceMap")) {
-        map.initiators.push_back(initiatorOf(child));
+        map.subspaces.push_back(child);
         note(child);
       }
       if (mayHoldBlocks(child))

@@ -15,8 +15,8 @@ struct MemoryMap {
   bool hasBlocks = false; ///< Registers or memory of the component's own.
   bool isDefinedElsewhere = false; ///< All or a part; what it has isn't known.
   bool isMemory = false;           ///< Some of them are said to be memory.
-  /// Interfaces that parts of the map are passed on to.
-  std::vector<std::string> initiators;
+  /// Parts of the map that are passed on to interfaces.
+  std::vector<pugi::xml_node> subspaces;
 };
 
 class MemoryMaps {
