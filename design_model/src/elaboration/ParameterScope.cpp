@@ -71,16 +71,19 @@ void ParameterScope::override(const std::vector<OverrideRecord> &values,
     const ParameterRecord &record = records.list[found->second];
     Outcome outcome = around.evaluateFromHere(given.value, record.form);
     remark(outcome, record, file, given.line);
-    fill(slots[found->second], std::move(outcome));
+    fill(slots[found->second], outcome);
   }
 }
 
 const ParameterValue &ParameterScope::valueAt(std::size_t index) {
-  ++walk;
-  workOut(index, 0);
-  if (slots[index].state == State::open)
+  const Slot &slot = slots[index];
+  if (slot.state == State::open) {
+    ++walk;
+    workOut(index, 0);
+  }
+  if (slot.state == State::open)
     settle({index});
-  return slots[index].value;
+  return slot.value;
 }
 
 /// Parameters that use others may be deeper than a walk can go: those that were
@@ -106,15 +109,15 @@ void ParameterScope::settle(std::vector<std::size_t> pending) {
 
 ParameterScope::Outcome
 ParameterScope::evaluateFromHere(const std::string &text, ValueForm form) {
-  for (;;) {
-    ++walk;
-    outOfReach.clear();
-    isCut = false;
-    Outcome outcome = evaluate(text, form, 0);
-    if (!isCut)
-      return outcome;
+  ++walk;
+  outOfReach.clear();
+  isCut = false;
+  Outcome outcome = evaluate(text, form, 0);
+  if (isCut) {
     settle(outOfReach);
+    outcome = evaluateFromHere(text, form);
   }
+  return outcome;
 }
 
 /// What uses a parameter that is out of reach stays open in this walk.
@@ -136,10 +139,10 @@ void ParameterScope::workOut(std::size_t index, int depth) {
   }
   isCut = wasCut;
   remark(outcome, record, records.file, record.line);
-  fill(slot, std::move(outcome));
+  fill(slot, outcome);
 }
 
-void ParameterScope::fill(Slot &slot, Outcome outcome) {
+void ParameterScope::fill(Slot &slot, Outcome &outcome) {
   slot.state = outcome.failed ? State::failed : State::done;
   slot.value = std::move(outcome.value);
 }

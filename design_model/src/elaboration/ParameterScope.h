@@ -62,7 +62,8 @@ private:
   Outcome evaluateFromHere(const std::string &text, ValueForm form);
   void settle(std::vector<std::size_t> pending);
   void workOut(std::size_t index, int depth);
-  static void fill(Slot &slot, Outcome outcome);
+  /// Takes the value out of the outcome.
+  static void fill(Slot &slot, Outcome &outcome);
   void remark(const Outcome &outcome, const ParameterRecord &record,
               const std::string &file, int line);
 
