@@ -23,9 +23,16 @@ from ipxact_schema import EDITIONS, Schema
 ROOMS = ("library", "records", "xml")
 # What looks like a name in them, but is none of an element or attribute.
 OTHER_WORDS = {
+    "bit": "a type of parameters",
+    "bitString": "a format of values",
+    "bool": "a format of values",
     "document": "what a message calls a document of no type",
+    "localhost": "this machine, in a URI",
+    "long": "a format of values",
     "memory": "a usage of a block",
     "names": "the end of a message",
+    "real": "a type of parameters",
+    "shortreal": "a type of parameters",
     "string": "a type of parameters",
     "xml": "a prefix",
     "xmlns": "a prefix",
