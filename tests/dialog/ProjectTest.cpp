@@ -164,6 +164,46 @@ private slots:
     QVERIFY(!scene.board().isModified());
   }
 
+  /// Whatever the command makes of it.
+  void WhatIsChangedIsAskedForWhenItIsNotSavedYet_data() {
+    QTest::addColumn<QString>("project");
+    QTest::addColumn<QString>("processor");
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<QString>("value");
+    const QString rest = QStringLiteral("[processor.lumacore_2]\n"
+                                        "connection = \"sim\"\n");
+    QTest::newRow("back to the default")
+        << "[settings]\ndebugDevice = 3\n" + rest << "lumacore_0"
+        << "debugDevice"
+        << "0";
+    QTest::newRow("half of a pair") << rest << "lumacore_0"
+                                    << "romemStartAdr"
+                                    << "0x1000";
+    QTest::newRow("what only another tool reads")
+        << rest + "[processor.ppc405_0]\nconnection = \"sim\"\n"
+        << "ppc405_0"
+        << "simIpcPort"
+        << "1234";
+  }
+
+  void WhatIsChangedIsAskedForWhenItIsNotSavedYet() {
+    QFETCH(QString, project);
+    QFETCH(QString, processor);
+    QFETCH(QString, setting);
+    QFETCH(QString, value);
+    const Files files(project.toUtf8());
+    Scene scene(files.project());
+    QVERIFY(scene.board().choose(processor.toStdString()));
+    QVERIFY(!scene.board().isModified());
+    scene.type(setting.toStdString(), value);
+    QVERIFY(scene.window().isWindowModified());
+    QVERIFY(scene.action(Operation::saveAll)->isEnabled());
+    QVERIFY(scene::answer([&] { scene.window().close(); }, "Cancel"));
+    QVERIFY(scene.window().isVisible());
+    scene.action(Operation::revert)->trigger();
+    QVERIFY(!scene.board().isModified());
+  }
+
   void SaysOfEachValueWhichFileItIsOf() {
     const Files files(text, "use.probe = \"lab\"\n"
                             "[processor.lumacore_0]\ndebugDevice = 2\n");

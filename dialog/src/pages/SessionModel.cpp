@@ -1,6 +1,7 @@
 #include "pages/SessionModel.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -55,6 +56,17 @@ void SessionModel::start() {
     return;
   ofProject->project().Start(live);
   saidNow = ofProject->project().Said(live.Processor());
+  noteStart();
+}
+
+void SessionModel::noteStart() {
+  if (ofProject == nullptr)
+    return;
+  Session fresh(ofBoard, live.Processor());
+  ofProject->project().Start(fresh);
+  started.clear();
+  for (SettingState &one : fresh.State().settings)
+    started.push_back(std::move(one.value));
 }
 
 bool SessionModel::isSavedAsSaid() {
@@ -62,8 +74,14 @@ bool SessionModel::isSavedAsSaid() {
          live.Loaded().text == *saidNow.command;
 }
 
-bool SessionModel::isAsStarted() const {
-  return !known.exists && saidNow.command && known.command == saidNow.command;
+bool SessionModel::isAsOpened() const {
+  if (known.exists || ofProject == nullptr)
+    return known.differences.empty();
+  return std::equal(known.settings.begin(), known.settings.end(),
+                    started.begin(), started.end(),
+                    [](const SettingState &one, const Value &value) {
+                      return one.value == value;
+                    });
 }
 
 const SettingState *SessionModel::find(const std::string &setting) const {
@@ -85,8 +103,7 @@ bool SessionModel::canRedo() const {
 }
 
 bool SessionModel::isModified() const {
-  return hasOpenText || (!known.differences.empty() && !isAsStarted()) ||
-         hasDrafts();
+  return hasOpenText || hasDrafts() || !isAsOpened();
 }
 
 void SessionModel::noteOpenText(bool isThere) {
@@ -179,6 +196,7 @@ void SessionModel::redo() {
 void SessionModel::revert() {
   takeOpenText();
   endTyping();
+  noteStart();
   perform([&] { return live.Revert(); });
 }
 

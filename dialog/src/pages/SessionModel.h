@@ -95,13 +95,17 @@ private:
 
   /// Starts as the files of the project say now, as far as nothing is done.
   void start();
-  /// Whether it is what it would be when it is opened the next time.
-  bool isAsStarted() const;
+  /// Takes what one starts from that nothing is done to.
+  void noteStart();
+  /// Whether its values are those that it is opened with the next time.
+  bool isAsOpened() const;
 
   Board ofBoard;
   ProjectModel *ofProject;
   Session live;
   SaidProcessor saidNow;
+  /// Of a project: the value of each setting where nothing is saved.
+  std::vector<Value> started;
   SessionState known;
   std::string typed; ///< What is being typed for; empty for nothing.
   bool hasOpenText = false;
