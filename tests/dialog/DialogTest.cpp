@@ -550,6 +550,35 @@ private slots:
     QCOMPARE(marked(), QStringList({"hdu"}));
   }
 
+  /// Those around it may be no UTF-8.
+  void EditingTheCommandLeavesTheOtherBytesAsTheyAre() {
+    Scene scene;
+    const QByteArray saved = "connect lc hdu -cable type quorla_podusb port "
+                             "B\xfcro\xc2\xa0"
+                             "2 frequency 6000000 -debugdevice cpunr 1";
+    scene.write("lumacore_0", saved);
+    scene.action(Operation::revert)->trigger();
+    auto &line = only<dialog::CommandEdit>(scene.page());
+    QCOMPARE(line.text(), saved.toStdString());
+    QCOMPARE(only<dialog::FaultList>(scene.page()).topLevelItemCount(), 0);
+    line.setFocus();
+    QTest::keyClick(&line, Qt::Key_End, Qt::ControlModifier);
+    QTest::keyClicks(&line, " ");
+    QTest::keyClick(&line, Qt::Key_Backspace);
+    QVERIFY(!scene.board().isModified());
+    QTextCursor cursor = line.textCursor();
+    cursor.setPosition(
+        static_cast<int>(line.document()->toRawText().indexOf("6000000")));
+    line.setTextCursor(cursor);
+    QTest::keyClick(&line, Qt::Key_Delete);
+    QTest::keyClicks(&line, "3");
+    QCOMPARE(rowsOf(only<dialog::DifferenceList>(scene.page())),
+             QStringList("Cable: Frequency | 6 MHz | 3 MHz"));
+    scene.action(Operation::save)->trigger();
+    QCOMPARE(scene.saved("lumacore_0"),
+             QByteArray(saved).replace("6000000", "3000000"));
+  }
+
   void CompletionOffersWhatFits() {
     Scene scene;
     scene.typeCommand("connect lc hdu -cab");

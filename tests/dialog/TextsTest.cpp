@@ -47,8 +47,26 @@ private slots:
     QCOMPARE(dialog::positionOf(text, 0), 0);
     QCOMPARE(dialog::positionOf(text, 3), 2);
     QCOMPARE(dialog::positionOf(text, 4), 3);
-    QCOMPARE(dialog::offsetOf(dialog::shown(text), 2), std::size_t(3));
-    QCOMPARE(dialog::offsetOf(dialog::shown(text), 3), std::size_t(4));
+    QCOMPARE(dialog::offsetOf(text, 2), std::size_t(3));
+    QCOMPARE(dialog::offsetOf(text, 3), std::size_t(4));
+    QCOMPARE(dialog::offsetOf(text, 4), std::size_t(4));
+  }
+
+  /// Also of what is no UTF-8: each end of a character is found again.
+  void PlacesAreTheSameInBytesAndInWhatIsShown() {
+    const std::vector<std::string> characters = {
+        "a",        "\xc3\xa9",         "\xfc",         "\xe2",         "\x82",
+        "\xc2\xa0", "\xf0\x9f\x98\x80", "\xef\xbb\xbf", "\xef\xbf\xbd", "z"};
+    std::string text = "x";
+    for (const std::string &one : characters) {
+      const std::string sofar = text;
+      text += one;
+      QCOMPARE(dialog::offsetOf(text, dialog::positionOf(text, sofar.size())),
+               sofar.size());
+      QCOMPARE(
+          dialog::offsetOf(text, static_cast<int>(dialog::shown(text).size())),
+          text.size());
+    }
   }
 
   void OriginsAreWords() {

@@ -51,16 +51,47 @@ CommandEdit::CommandEdit(QWidget *parent)
   connect(completer, QOverload<const QString &>::of(&QCompleter::activated),
           this, &CommandEdit::complete);
   connect(this, &QPlainTextEdit::textChanged, this, [this] {
-    if (!isShowing)
-      emit typed();
+    const QString now = letters();
+    if (isShowing)
+      seen = now;
+    else
+      takeEdited(now);
   });
 }
 
-std::string CommandEdit::text() const { return bytesOf(toPlainText()); }
+/// A no-break space is a letter of its own.
+QString CommandEdit::letters() const {
+  return document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
+}
+
+/// Only what was edited is other bytes: what stands around it may be no UTF-8.
+void CommandEdit::takeEdited(const QString &now) {
+  // A line end stands there as another one.
+  if (seen != shown(bytes))
+    bytes = bytesOf(seen);
+  qsizetype front =
+      std::mismatch(seen.begin(), seen.end(), now.begin(), now.end()).first -
+      seen.begin();
+  if (front > 0 && seen[front - 1].isHighSurrogate())
+    --front;
+  qsizetype back = std::mismatch(seen.rbegin(), seen.rend() - front,
+                                 now.rbegin(), now.rend() - front)
+                       .first -
+                   seen.rbegin();
+  if (back > 0 && seen[seen.size() - back].isLowSurrogate())
+    --back;
+  const std::size_t from = offsetOf(bytes, static_cast<int>(front));
+  const std::size_t to = offsetOf(bytes, static_cast<int>(seen.size() - back));
+  bytes.replace(from, to - from,
+                bytesOf(now.mid(front, now.size() - front - back)));
+  seen = now;
+  emit typed();
+}
 
 void CommandEdit::showText(const std::string &text) {
   const QString wanted = shown(text);
-  if (toPlainText() == wanted)
+  bytes = text;
+  if (letters() == wanted)
     return;
   isShowing = true;
   const int position = textCursor().position();
@@ -83,11 +114,10 @@ void CommandEdit::markSetting(const std::string &setting) {
 
 QTextEdit::ExtraSelection CommandEdit::selectionOf(std::size_t offset,
                                                    std::size_t length) const {
-  const std::string all = text();
   QTextEdit::ExtraSelection selection;
   selection.cursor = QTextCursor(document());
-  selection.cursor.setPosition(positionOf(all, offset));
-  selection.cursor.setPosition(positionOf(all, offset + length),
+  selection.cursor.setPosition(positionOf(bytes, offset));
+  selection.cursor.setPosition(positionOf(bytes, offset + length),
                                QTextCursor::KeepAnchor);
   return selection;
 }
@@ -120,7 +150,7 @@ void CommandEdit::draw() {
 }
 
 void CommandEdit::ask(int position, bool takesFocus) {
-  const std::size_t place = offsetOf(toPlainText(), position);
+  const std::size_t place = offsetOf(bytes, position);
   for (const EditWord &word : marks.words)
     if (isIn(place, word.offset, word.length) && !word.settings.empty()) {
       emit settingAsked(word.settings.front(), takesFocus);
@@ -129,7 +159,7 @@ void CommandEdit::ask(int position, bool takesFocus) {
 }
 
 QString CommandEdit::diagnosisAt(int position) const {
-  const std::size_t place = offsetOf(toPlainText(), position);
+  const std::size_t place = offsetOf(bytes, position);
   QString text;
   for (const CommandDiagnostic &diagnostic : marks.diagnostics)
     if (isIn(place, diagnostic.offset, diagnostic.length))
@@ -234,8 +264,7 @@ void CommandEdit::insertFromMimeData(const QMimeData *source) {
 // --- Completion --------------------------------------------------------------
 
 void CommandEdit::offerCompletion() {
-  completion =
-      CompleteCommand(text(), offsetOf(toPlainText(), textCursor().position()));
+  completion = CompleteCommand(bytes, offsetOf(bytes, textCursor().position()));
   auto *const words = qobject_cast<QStandardItemModel *>(completer->model());
   words->clear();
   for (const CompletionWord &word : completion.words) {

@@ -39,7 +39,8 @@ public:
   void showMarks(const CommandMarks &commandMarks);
   /// Marks the words of a setting; of none where it is empty.
   void markSetting(const std::string &setting);
-  std::string text() const;
+  /// What stands there, also what is no UTF-8.
+  const std::string &text() const { return bytes; }
   /// Puts `with` in the place of some bytes, as if it had been typed.
   void replace(std::size_t offset, std::size_t length, const std::string &with);
 
@@ -59,6 +60,8 @@ protected:
   void insertFromMimeData(const QMimeData *source) override;
 
 private:
+  QString letters() const;
+  void takeEdited(const QString &now);
   void draw();
   void ask(int position, bool takesFocus);
   void offerCompletion();
@@ -67,6 +70,8 @@ private:
   QTextEdit::ExtraSelection selectionOf(std::size_t offset,
                                         std::size_t length) const;
 
+  std::string bytes;
+  QString seen; ///< The letters of `bytes`, as they stand there.
   CommandMarks marks;
   std::string marked;
   QCompleter *completer;

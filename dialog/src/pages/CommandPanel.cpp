@@ -67,14 +67,14 @@ CommandPanel::CommandPanel(SessionModel &sessionModel, QWidget *parent)
 
 void CommandPanel::send() {
   isTyping = true;
-  model->typeCommand(command->toPlainText());
+  model->typeCommand(command->text());
 }
 
 /// A command that was accepted stands there as it was typed, until one leaves.
 bool CommandPanel::isAsTyped() const {
   if (!isTyping || !command->hasFocus())
     return false;
-  const std::string text = command->text();
+  const std::string &text = command->text();
   const SessionState &state = model->state();
   return state.draft
              ? *state.draft == text

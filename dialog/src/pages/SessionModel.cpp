@@ -117,8 +117,8 @@ void SessionModel::type(const std::string &setting, const QString &text) {
   performTyping(setting, [&] { return live.Draft(setting, bytesOf(text)); });
 }
 
-void SessionModel::typeCommand(const QString &text) {
-  performTyping(wholeCommand, [&] { return live.Edit(bytesOf(text)); });
+void SessionModel::typeCommand(const std::string &text) {
+  performTyping(wholeCommand, [&] { return live.Edit(text); });
 }
 
 /// Each letter takes the place of the one before, so that one step of undoing

@@ -56,7 +56,7 @@ public:
   /// A text as it is typed for a setting.
   void type(const std::string &setting, const QString &text);
   /// The same for the whole command.
-  void typeCommand(const QString &text);
+  void typeCommand(const std::string &text);
   /// What is typed next is another step.
   void endTyping() { typed.clear(); }
   /// The same where this setting is what is typed for.

@@ -28,6 +28,20 @@ constexpr std::array<Origin, 6> origins{{
     {"command:", QT_TRANSLATE_NOOP("Origins", "typed, column %1")},
 }};
 
+constexpr std::size_t longestCharacter = 4; // bytes
+
+/// Of the character there; a byte that is none is shown as one.
+std::size_t lengthAt(const std::string &text, std::size_t offset) {
+  // What stands in front is kept as it is, a byte order mark is not.
+  const std::string front = ".";
+  for (std::size_t length = 1; length <= longestCharacter; ++length) {
+    const std::string one = front + text.substr(offset, length);
+    if (bytesOf(shown(one)) == one)
+      return length;
+  }
+  return 1;
+}
+
 } // namespace
 
 QString shown(const std::string &text) {
@@ -40,8 +54,14 @@ int positionOf(const std::string &text, std::size_t offset) {
   return static_cast<int>(shown(text.substr(0, offset)).size());
 }
 
-std::size_t offsetOf(const QString &text, int position) {
-  return bytesOf(text.left(position)).size();
+std::size_t offsetOf(const std::string &text, int position) {
+  std::size_t offset = 0;
+  for (int passed = 0; passed < position && offset < text.size();) {
+    const std::size_t length = lengthAt(text, offset);
+    passed += length == longestCharacter ? 2 : 1;
+    offset += length;
+  }
+  return offset;
 }
 
 QString labelOf(const SettingInfo &setting) {

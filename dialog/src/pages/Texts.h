@@ -17,8 +17,9 @@ std::string bytesOf(const QString &text);
 
 /// Where a byte of `text` stands in `shown(text)`.
 int positionOf(const std::string &text, std::size_t offset);
-/// Where a character of `text` stands in `bytesOf(text)`.
-std::size_t offsetOf(const QString &text, int position);
+/// Where a character of `shown(text)` stands in `text`, which may have bytes
+/// that are no UTF-8.
+std::size_t offsetOf(const std::string &text, int position);
 
 // What the table of settings says, in the person's language.
 QString labelOf(const SettingInfo &setting);
