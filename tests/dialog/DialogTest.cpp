@@ -305,6 +305,21 @@ private slots:
     QCOMPARE(scene.saved("lumacore_0"), QByteArray("none"));
   }
 
+  /// What was kept only because it is no value is mended letter by letter.
+  void ARowStaysOpenWhileItIsTypedIn() {
+    Scene scene;
+    scene.type("debugDevice", "x1");
+    scene.choose("connection", "sim");
+    scene.type("debugDevice", "12");
+    QLineEdit &line = lineOf(scene, "debugDevice");
+    QCOMPARE(line.text(), QString("12"));
+    QVERIFY(line.isEnabled());
+    QTest::keyClick(&line, Qt::Key_Tab);
+    QVERIFY(!line.isEnabled());
+    scene.choose("connection", "hw");
+    QVERIFY(scene.command().contains("deviceNr 12 "));
+  }
+
   void AValueIsWrittenOutWhenOneLeaves() {
     Scene scene;
     scene.choose("cable.cableType", "quorla_podusb");

@@ -82,9 +82,7 @@ int SettingRow::labelWidth() const { return nameLabel->sizeHint().width(); }
 
 void SettingRow::display(const SettingState &state) {
   valueEditor->display(state);
-  const bool isOpen = !info->settable || state.applicable || state.draft;
-  valueEditor->widget()->setEnabled(isOpen);
-  displayLabel(isOpen);
+  displayOpen(state);
   const QString problem = valueEditor->errorIn(state);
   errorLabel->setText(problem);
   errorLabel->setVisible(!problem.isEmpty());
@@ -109,9 +107,24 @@ QString SettingRow::shownOrigin(const SettingState &state) const {
   return isTheirs ? layerOf(*said) : originOf(state.origin);
 }
 
+bool SettingRow::isWorkedOn() const {
+  const QWidget *const editor = valueEditor->widget();
+  const QWidget *const focus = editor->window()->focusWidget();
+  return focus != nullptr && editor->isVisible() &&
+         (focus == editor || editor->isAncestorOf(focus));
+}
+
+void SettingRow::closeUnlessWorkedOn() {
+  if (const SettingState *const state = model->find(info->id))
+    displayOpen(*state);
+}
+
 /// What is disabled takes no focus: its label does, so that the keyboard leads
 /// to the reason as well.
-void SettingRow::displayLabel(bool isOpen) {
+void SettingRow::displayOpen(const SettingState &state) {
+  const bool isOpen =
+      !info->settable || state.applicable || state.draft || isWorkedOn();
+  valueEditor->widget()->setEnabled(isOpen);
   nameLabel->setTone(isOpen ? Tone::plain : Tone::disabled);
   nameLabel->setFocusPolicy(isOpen ? Qt::NoFocus : Qt::TabFocus);
 }

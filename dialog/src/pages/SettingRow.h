@@ -34,14 +34,18 @@ public:
   const ToneLabel &error() const { return *errorLabel; }
   /// Leads back to the default; null for what is only shown.
   const QToolButton *back() const { return backButton; }
+  /// Disables what is not applicable, unless a person works on it.
   void display(const SettingState &state);
+  /// Disables it again where the person works on something else now.
+  void closeUnlessWorkedOn();
   /// Marks it as the one that a word of the command has led to.
   void mark(bool isMarked);
 
 private:
   void describe(const SettingState &state);
   QString shownOrigin(const SettingState &state) const;
-  void displayLabel(bool isOpen);
+  bool isWorkedOn() const;
+  void displayOpen(const SettingState &state);
   void displayBack(const SettingState &state);
 
   const SettingInfo *info;

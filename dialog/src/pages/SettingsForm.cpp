@@ -111,8 +111,23 @@ void SettingsForm::lead(const std::string &setting) {
 /// Its controls lose the focus while they go.
 SettingsForm::~SettingsForm() { QObject::disconnect(focusNotes); }
 
+/// Not only the one that had the focus: in a window that is not active it is
+/// moved without a word.
+void SettingsForm::closeRows() {
+  for (SettingRow *const row : rows)
+    row->closeUnlessWorkedOn();
+}
+
+void SettingsForm::hideEvent(QHideEvent *event) {
+  QScrollArea::hideEvent(event);
+  closeRows();
+}
+
 void SettingsForm::noteFocus(const QWidget *widget) {
-  if (widget == nullptr || !isAncestorOf(widget))
+  if (widget == nullptr)
+    return;
+  closeRows();
+  if (!isAncestorOf(widget))
     return;
   for (SettingRow *const row : rows) {
     const bool isFocused = row->has(widget);

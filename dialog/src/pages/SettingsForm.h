@@ -35,8 +35,12 @@ signals:
   /// Empty when no setting has it.
   void settingFocused(const std::string &setting);
 
+protected:
+  void hideEvent(QHideEvent *event) override;
+
 private:
   void refresh();
+  void closeRows();
   void explain();
   void noteFocus(const QWidget *widget);
   Section *sectionOf(const SettingRow *row) const;

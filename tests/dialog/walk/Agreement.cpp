@@ -152,10 +152,16 @@ void expectTable(const QTableWidget &table, const SettingState &state) {
 
 void expectRow(const dialog::SettingRow &row, const SettingState &state) {
   QWidget *const field = row.field();
-  const bool isOpen =
+  // One that is worked on stays open until the person leaves it.
+  const bool isOpen = field->isEnabledTo(field->window());
+  const bool isWanted =
       !row.setting().settable || state.applicable || state.draft.has_value();
-  expect(field->isEnabledTo(field->window()) == isOpen,
-         "it is enabled, or disabled, and should not be");
+  expect(isOpen || !isWanted, "it is disabled");
+  // A window that is not active moves the focus without a word.
+  const QWidget *const focus = field->window()->focusWidget();
+  expect(isWanted || !isOpen || focus == field || field->isAncestorOf(focus) ||
+             !field->window()->isActiveWindow(),
+         "it is enabled");
   expect(isOpen || field->accessibleDescription().contains(
                        dialog::reasonOf(state.reason)),
          "it does not say why it is disabled");
