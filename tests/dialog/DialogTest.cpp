@@ -300,7 +300,8 @@ private slots:
                             told = textsOf(dialog);
                             dialog.reject();
                           }));
-    QVERIFY2(told.contains("a text that is no value stands there"),
+    QVERIFY2(told.contains("lumacore_0: Cable: Frequency: a text that is no "
+                           "value stands there"),
              qPrintable(told));
     QCOMPARE(scene.saved("lumacore_0"), QByteArray("none"));
   }
@@ -743,6 +744,36 @@ private slots:
   }
 
   /// A cell whose editor is open: F2, a text, no Return.
+  void OneThatCannotBeSavedKeepsNoneOfTheOthers() {
+    Scene scene;
+    scene.type("debugDevice", "2");
+    QVERIFY(scene.board().choose("lumacore_1"));
+    scene.type("debugDevice", "two");
+    QString told;
+    QVERIFY(scene::answer([&] { scene.action(Operation::saveAll)->trigger(); },
+                          [&told](QDialog &dialog) {
+                            told = textsOf(dialog);
+                            dialog.reject();
+                          }));
+    QVERIFY2(told.contains("lumacore_1: Debug device: "), qPrintable(told));
+    QVERIFY2(!told.contains("lumacore_0"), qPrintable(told));
+    QVERIFY(scene.saved("lumacore_0").contains("deviceNr 2"));
+    QCOMPARE(scene.saved("lumacore_1"), QByteArray("none"));
+    QCOMPARE(savedSign(scene, "lumacore_1"), QString("●"));
+    // The window stays: not all of it is saved.
+    QTimer hand;
+    connect(&hand, &QTimer::timeout, [] {
+      auto *const box =
+          qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+      if (box == nullptr)
+        return;
+      QAbstractButton *const button = box->button(QMessageBox::SaveAll);
+      (button != nullptr ? button : box->button(QMessageBox::Ok))->click();
+    });
+    hand.start(5);
+    QVERIFY(!scene.window().close());
+  }
+
   void ACellThatIsBeingTypedIsSaved() {
     Scene scene;
     QTest::keyClicks(openCell(scene), "6");

@@ -1,6 +1,7 @@
 #include "pages/Saving.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -79,6 +80,14 @@ bool isFinal(const Refusal &refusal) {
   return !CanBeForced(refusal.kind) && !isForFolder(refusal);
 }
 
+/// A setting is called as it is in the form.
+QString whyRefused(const Refusal &refusal) {
+  return FindSetting(refusal.setting) != nullptr && refusal.file.empty()
+             ? QStringLiteral("%1: %2").arg(nameOf(refusal.setting),
+                                            shown(refusal.problem))
+             : shown(refusal.what());
+}
+
 /// "cpu0: why", a line each.
 QString shownRefusals(const std::vector<SessionModel *> &models,
                       const std::vector<SaveOutcome> &outcomes) {
@@ -87,7 +96,7 @@ QString shownRefusals(const std::vector<SessionModel *> &models,
     if (outcomes[i].refusal)
       lines.append(
           QStringLiteral("%1: %2").arg(shown(models[i]->state().processor),
-                                       shown(outcomes[i].refusal->what())));
+                                       whyRefused(*outcomes[i].refusal)));
   return lines.join(u'\n');
 }
 
@@ -137,8 +146,8 @@ Doubts doubtsOf(SessionModel &model, const SaveOutcome &outcome) {
                  "Saving", "%1: the file is read-only, and will be replaced."))
             .arg(processor));
   if (doubts.sentences.isEmpty())
-    doubts.sentences.append(QStringLiteral("%1: %2").arg(
-        processor, shown(outcome.refusal->what())));
+    doubts.sentences.append(
+        QStringLiteral("%1: %2").arg(processor, whyRefused(*outcome.refusal)));
   return doubts;
 }
 
@@ -202,42 +211,69 @@ bool wantsFolder(const QString &refusals, QWidget *parent) {
              QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
-bool finish(const std::vector<SessionModel *> &models, const AllDoubts &agreed,
-            QWidget *parent) {
+void tellRefusals(const QString &refusals, QWidget *parent) {
+  QMessageBox::warning(parent, said(QT_TRANSLATE_NOOP("Saving", "Not saved")),
+                       refusals);
+}
+
+/// @return those that are saved
+std::vector<SessionModel *> finish(const std::vector<SessionModel *> &models,
+                                   const AllDoubts &agreed, QWidget *parent) {
   SaveOptions options;
   std::vector<SaveOutcome> outcomes = saveAll(models, options, agreed);
   if (hasRefusal(outcomes, isForFolder)) {
     if (!wantsFolder(shownRefusals(models, outcomes), parent))
-      return false;
+      return {};
     options.makeFolder = true;
     outcomes = saveAll(models, options, agreed);
   }
-  for (SessionModel *const model : models) {
-    model->endTyping();
-    model->refresh();
+  std::vector<SessionModel *> saved;
+  for (std::size_t i = 0; i < models.size(); ++i) {
+    models[i]->endTyping();
+    models[i]->refresh();
+    if (!outcomes[i].refusal)
+      saved.push_back(models[i]);
   }
-  const QString refusals = shownRefusals(models, outcomes);
-  if (!refusals.isEmpty())
-    QMessageBox::warning(parent, said(QT_TRANSLATE_NOOP("Saving", "Not saved")),
-                         refusals);
-  return refusals.isEmpty();
+  if (saved.size() < models.size())
+    tellRefusals(shownRefusals(models, outcomes), parent);
+  return saved;
+}
+
+/// Tells of those that nobody can agree to, and takes them out.
+void leaveOut(std::vector<SessionModel *> &models, AllDoubts &agreed,
+              const std::vector<SaveOutcome> &outcomes, QWidget *parent) {
+  std::vector<SessionModel *> left;
+  AllDoubts agreedOfLeft;
+  std::vector<SessionModel *> out;
+  std::vector<SaveOutcome> outcomesOfOut;
+  for (std::size_t i = 0; i < models.size(); ++i)
+    if (outcomes[i].refusal && isFinal(*outcomes[i].refusal)) {
+      out.push_back(models[i]);
+      outcomesOfOut.push_back(outcomes[i]);
+    } else {
+      left.push_back(models[i]);
+      agreedOfLeft.push_back(agreed[i]);
+    }
+  tellRefusals(shownRefusals(out, outcomesOfOut), parent);
+  models = std::move(left);
+  agreed = std::move(agreedOfLeft);
 }
 
 /// Asks until nothing has come up since that was not agreed to.
-bool saveWith(AllDoubts agreed, const std::vector<SessionModel *> &models,
-              QWidget *parent) {
+/// @return those that are saved
+std::vector<SessionModel *> saveWith(AllDoubts agreed,
+                                     std::vector<SessionModel *> models,
+                                     QWidget *parent) {
   SaveOptions options;
   options.dryRun = true;
-  for (;;) {
+  while (!models.empty()) {
     for (SessionModel *const model : models)
       model->lookAtFile();
     const std::vector<SaveOutcome> outcomes =
         saveAll(models, options, AllDoubts(models.size()));
     if (hasRefusal(outcomes, isFinal)) {
-      QMessageBox::warning(parent,
-                           said(QT_TRANSLATE_NOOP("Saving", "Not saved")),
-                           shownRefusals(models, outcomes));
-      return false;
+      leaveOut(models, agreed, outcomes, parent);
+      continue;
     }
     AllDoubts doubts;
     bool isAgreed = true;
@@ -256,9 +292,10 @@ bool saveWith(AllDoubts agreed, const std::vector<SessionModel *> &models,
                !asked[i].overwritten.isNull())
         asked[i].sentences.removeAll(changeSentence(models[i]->state()));
     if (!agrees(models, asked, parent))
-      return false;
+      return {};
     agreed = doubts;
   }
+  return {};
 }
 
 /// What has been saved goes to the files of the project as well, where the
@@ -284,14 +321,19 @@ bool takeIn(const std::vector<SessionModel *> &models, QWidget *parent) {
   return refusal.isEmpty();
 }
 
+bool saveAndTakeIn(const AllDoubts &agreed,
+                   const std::vector<SessionModel *> &models, QWidget *parent) {
+  const std::vector<SessionModel *> saved = saveWith(agreed, models, parent);
+  return takeIn(saved, parent) && saved.size() == models.size();
+}
+
 } // namespace
 
 bool saveConfigurations(const std::vector<SessionModel *> &models,
                         QWidget *parent) {
   for (SessionModel *const model : models)
     model->takeOpenText();
-  return saveWith(AllDoubts(models.size()), models, parent) &&
-         takeIn(models, parent);
+  return saveAndTakeIn(AllDoubts(models.size()), models, parent);
 }
 
 bool overwrite(SessionModel &model, QWidget *parent) {
@@ -300,7 +342,7 @@ bool overwrite(SessionModel &model, QWidget *parent) {
   Doubts agreed;
   agreed.sentences.append(changeSentence(model.state()));
   agreed.overwritten = contentOf(shown(model.state().file));
-  return saveWith({agreed}, {&model}, parent) && takeIn({&model}, parent);
+  return saveAndTakeIn({agreed}, {&model}, parent);
 }
 
 } // namespace ZelDebugDialog::dialog

@@ -11,7 +11,8 @@ class QWidget;
 
 namespace ZelDebugDialog::dialog {
 
-/// Asks as far as it has to.
+/// Asks as far as it has to. One that cannot be saved is told of, and keeps
+/// none of the others from being saved.
 /// @return whether all of them are saved
 bool saveConfigurations(const std::vector<SessionModel *> &models,
                         QWidget *parent);
