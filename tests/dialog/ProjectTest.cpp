@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QFile>
+#include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
@@ -16,7 +17,9 @@
 #include <QtGui/QDropEvent>
 
 #include "dialog/Scene.h"
+#include "pages/Banner.h"
 #include "pages/ElidedLabel.h"
+#include "pages/ProcessorList.h"
 #include "pages/ProjectBar.h"
 #include "pages/SettingRow.h"
 #include "pages/SettingsForm.h"
@@ -121,6 +124,22 @@ QString standing(Scene &scene) {
   const auto *const label = scene::named<dialog::ElidedLabel>(
       scene.window(), "How the option file stands to the project");
   return QTextDocumentFragment::fromHtml(label->toolTip()).toPlainText();
+}
+
+/// What the banner of the page asks; empty for none.
+QString banner(Scene &scene) {
+  for (const auto *const one : scene.page().findChildren<dialog::Banner *>())
+    if (one->isVisible())
+      return one->findChild<QLabel *>()->text();
+  return {};
+}
+
+QString savedSign(Scene &scene, const QString &processor) {
+  constexpr int columnOfSign = 4;
+  const auto *const list = scene.window().findChild<dialog::ProcessorList *>();
+  return list->findItems(processor, Qt::MatchExactly)
+      .value(0)
+      ->text(columnOfSign);
 }
 
 /// Saves, and agrees to make the folder of the option files.
@@ -240,6 +259,19 @@ private slots:
     QCOMPARE(files.read("zeldebug.local.toml"), QByteArray("none"));
     QCOMPARE(standing(scene),
              QString("The option file is not as the project says."));
+  }
+
+  void WhatHappensInAFolderThatSavingMadeIsNoticed() {
+    const Files files;
+    Scene scene(files.project());
+    scene.type("debugDevice", "4");
+    save(scene);
+    files.write("etc/kvo_lumacore_0.opt", "connect lc sim\n");
+    QVERIFY(scene::waitUntil(
+        [&] { return banner(scene).contains("has changed"); }));
+    files.write("etc/kvo_lumacore_1.opt", "connect lc hdu\n");
+    QVERIFY(scene::waitUntil(
+        [&] { return savedSign(scene, "lumacore_1") == QString("✓"); }));
   }
 
   void SavesIntoTheFileThatIsChosen() {

@@ -34,7 +34,7 @@ FileWatch::FileWatch(const QStringList &paths, QObject *parent)
   connect(&watcher, &QFileSystemWatcher::fileChanged, this, note);
   connect(&watcher, &QFileSystemWatcher::directoryChanged, this, note);
   connect(&delay, &QTimer::timeout, this, &FileWatch::changed);
-  // A folder that was not there, or on a file system that tells nothing.
+  // On a file system that tells nothing.
   connect(qGuiApp, &QGuiApplication::applicationStateChanged, this,
           [note](Qt::ApplicationState state) {
             if (state == Qt::ApplicationActive)
@@ -58,16 +58,23 @@ bool FileWatch::isPassedOver() const {
                     });
 }
 
-/// A file that has been replaced is another one, and has to be watched anew.
+/// A file that has been replaced is another one, and has to be watched anew. A
+/// folder that is not there comes into the nearest one that is.
 void FileWatch::follow() {
+  QStringList folders;
   for (const QString &file : files) {
-    const QFileInfo info(file);
-    const QString folder = info.absolutePath();
-    if (QFileInfo::exists(folder) && !watcher.directories().contains(folder))
+    QString folder = QFileInfo(file).absolutePath();
+    while (!QFileInfo::exists(folder))
+      folder = QFileInfo(folder).absolutePath();
+    folders.append(folder);
+    if (!watcher.directories().contains(folder))
       watcher.addPath(folder);
-    if (info.exists() && !watcher.files().contains(file))
+    if (QFileInfo::exists(file) && !watcher.files().contains(file))
       watcher.addPath(file);
   }
+  for (const QString &folder : watcher.directories())
+    if (!folders.contains(folder))
+      watcher.removePath(folder);
 }
 
 } // namespace ZelDebugDialog::dialog
