@@ -143,8 +143,8 @@ QString savedSign(Scene &scene, const QString &processor) {
 }
 
 /// Saves, and agrees to make the folder of the option files.
-void save(Scene &scene) {
-  scene::answer([&] { scene.action(Operation::save)->trigger(); },
+void save(Scene &scene, Operation operation = Operation::save) {
+  scene::answer([&] { scene.action(operation)->trigger(); },
                 [](QDialog &dialog) {
                   auto *const question = qobject_cast<QMessageBox *>(&dialog);
                   if (question == nullptr ||
@@ -326,18 +326,28 @@ private slots:
     QCOMPARE(originOf(scene, "debugDevice"), QString("profile slow"));
   }
 
+  void WhatIsHiddenIsTold_data() {
+    QTest::addColumn<bool>("fromAnother");
+    QTest::newRow("on its own page") << false;
+    QTest::newRow("on the page that is shown") << true;
+  }
+
   void WhatIsHiddenIsTold() {
+    QFETCH(bool, fromAnother);
     const Files files(text, "[processor.lumacore_0]\ndebugDevice = 2\n");
     Scene scene(files.project());
     goTo(scene, "zeldebug.toml");
     scene.type("debugDevice", "4");
-    save(scene);
+    if (fromAnother)
+      QVERIFY(scene.board().choose("lumacore_1"));
+    save(scene, Operation::saveAll);
     const auto *const told = scene::named<dialog::ElidedLabel>(
         scene.page(), "What else has changed");
     QVERIFY(told != nullptr);
     QVERIFY2(told->toolTip().contains("'debugDevice' of 'lumacore_0' is still "
                                       "2"),
              qPrintable(told->toolTip()));
+    QVERIFY(scene.board().choose("lumacore_0"));
     QCOMPARE(standing(scene),
              QString("The option file is not as the project says."));
   }

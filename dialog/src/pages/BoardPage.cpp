@@ -62,6 +62,10 @@ BoardPage::BoardPage(const Board &ofBoard, const ProjectBoard *ofProject,
     bar = new ProjectBar(*project, this);
     layout->addWidget(bar);
     connect(project, &ProjectModel::changed, this, &BoardPage::refresh);
+    connect(project, &ProjectModel::told, this, [this](const QString &text) {
+      if (ConfigurationPage *const page = current())
+        page->tell(text, false);
+    });
   }
   auto *const splitter = new QSplitter(this);
   splitter->setObjectName(QStringLiteral("board"));

@@ -52,9 +52,12 @@ public:
                  QStringList &remarks);
   /// Looks whether the files say something else.
   void lookAtFiles();
+  /// To the person, whichever page is shown.
+  void tell(const QString &text) { emit told(text); }
 
 signals:
   void changed();
+  void told(const QString &text);
 
 private:
   ProjectBoard live;

@@ -317,7 +317,7 @@ bool takeIn(const std::vector<SessionModel *> &models, QWidget *parent) {
                                "as it was: %1"))
             .arg(refusal));
   else if (!remarks.isEmpty())
-    models.front()->tell(remarks.join(QStringLiteral("; ")));
+    models.front()->project()->tell(remarks.join(QStringLiteral("; ")));
   return refusal.isEmpty();
 }
 

@@ -77,8 +77,6 @@ public:
   void lookAtFile();
   /// Takes what has happened to the session elsewhere, such as saving.
   void refresh();
-  /// Tells what there is to say of it.
-  void tell(const QString &text) { emit told(text, false); }
 
 signals:
   void stateChanged();
