@@ -299,6 +299,16 @@ private slots:
              QString("The option file is as the project says."));
   }
 
+  void ChoosingWhereChangesGoLeavesWhatCanBeDoneAgain() {
+    const Files files;
+    Scene scene(files.project());
+    scene.type("debugDevice", "4");
+    scene.action(Operation::undo)->trigger();
+    goTo(scene, "zeldebug.toml");
+    scene.action(Operation::redo)->trigger();
+    QVERIFY(scene.command().contains("deviceNr 4"));
+  }
+
   void PutsEachWhereItBelongs() {
     const Files files;
     Scene scene(files.project());

@@ -46,7 +46,8 @@ SessionModel::SessionModel(const Board &board, const std::string &processor,
   known = live.State();
   if (ofProject != nullptr)
     connect(ofProject, &ProjectModel::changed, this, [this] {
-      start();
+      if (ofProject->project().Version() != startedFrom)
+        start();
       refresh();
     });
 }
@@ -54,6 +55,7 @@ SessionModel::SessionModel(const Board &board, const std::string &processor,
 void SessionModel::start() {
   if (ofProject == nullptr)
     return;
+  startedFrom = ofProject->project().Version();
   ofProject->project().Start(live);
   saidNow = ofProject->project().Said(live.Processor());
   noteStart();

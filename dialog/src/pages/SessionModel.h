@@ -102,6 +102,7 @@ private:
   ProjectModel *ofProject;
   Session live;
   SaidProcessor saidNow;
+  unsigned startedFrom = 0; ///< The version of the project.
   /// Of a project: the value of each setting where nothing is saved.
   std::vector<Value> started;
   SessionState known;
