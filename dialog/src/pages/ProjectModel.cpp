@@ -126,7 +126,7 @@ void ProjectModel::lookAtFiles() {
     problem = shown(faulty.what());
     const auto more = static_cast<int>(faulty.faults.size()) - 1;
     if (more > 0)
-      problem = tr("%1, and %2 more").arg(problem).arg(more);
+      problem = tr("%1, and %2 more").arg(problem, QString::number(more));
   } catch (const Refusal &refused) {
     problem = shown(refused.what());
   }
@@ -138,9 +138,8 @@ void ProjectModel::lookAtFiles() {
 
 QString placeOf(const ProjectPlace &place) {
   return QStringLiteral("%1:%2:%3")
-      .arg(nameOfFile(place.file))
-      .arg(place.line)
-      .arg(place.column);
+      .arg(nameOfFile(place.file), QString::number(place.line),
+           QString::number(place.column));
 }
 
 QString layerOf(const SaidSetting &one) {
