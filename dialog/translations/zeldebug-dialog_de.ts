@@ -127,6 +127,10 @@
         <translation>Was vom &amp;Gespeicherten abweicht</translation>
     </message>
     <message>
+        <source>%1: the file is gone since it was loaded, and will be written anew.</source>
+        <translation>%1: Die Datei ist seit dem Laden verschwunden und wird neu geschrieben.</translation>
+    </message>
+    <message>
         <source>%1: the file has changed since it was loaded, and will be overwritten.</source>
         <translation>%1: Die Datei hat sich seit dem Laden geändert und wird überschrieben.</translation>
     </message>
@@ -250,6 +254,10 @@ Sollen sie gespeichert werden?</translation>
     <message>
         <source>What is saved cannot be read: %1. These are the defaults; saving them takes its place.</source>
         <translation>Das Gespeicherte ist nicht lesbar: %1. Dies sind die Vorgaben; wer sie speichert, ersetzt es.</translation>
+    </message>
+    <message>
+        <source>%1 is gone since it was loaded.</source>
+        <translation>%1 ist seit dem Laden verschwunden.</translation>
     </message>
     <message>
         <source>%1 has changed since it was loaded.</source>

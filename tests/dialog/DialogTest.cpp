@@ -704,6 +704,34 @@ private slots:
     QCOMPARE(QString(scene.saved("lumacore_0")), file);
   }
 
+  void AFileThatIsGoneIsAskedFor() {
+    Scene scene;
+    scene.type("debugDevice", "2");
+    scene.action(Operation::save)->trigger();
+    QVERIFY(!scene.board().isModified());
+    QVERIFY(QFile::remove(scene.fileOf("lumacore_0")));
+    QVERIFY(scene::waitUntil(
+        [&] { return textsOf(scene.page()).contains("is gone since it"); }));
+    QCOMPARE(savedSign(scene, "lumacore_0"), QString("●"));
+    QTest::mouseClick(answerIn(scene, "Go on"), Qt::LeftButton);
+    QVERIFY(scene::answer([&] { scene.window().close(); }, "Cancel"));
+    QString told;
+    QVERIFY(scene::answer([&] { scene.action(Operation::save)->trigger(); },
+                          [&told](QDialog &dialog) {
+                            told = textsOf(dialog);
+                            dialog.accept();
+                          }));
+    QVERIFY2(told.contains("is gone since it was loaded"), qPrintable(told));
+    QVERIFY(scene.saved("lumacore_0").contains("deviceNr 2"));
+    // Nobody wants it any more.
+    QVERIFY(QFile::remove(scene.fileOf("lumacore_0")));
+    QVERIFY(scene::waitUntil(
+        [&] { return answerIn(scene, "Take the file's") != nullptr; }));
+    QTest::mouseClick(answerIn(scene, "Take the file's"), Qt::LeftButton);
+    QCOMPARE(scene.command(), QString(plainCommand));
+    QVERIFY(!scene.board().isModified());
+  }
+
   void ClosingWithChangesAsks() {
     Scene scene;
     scene.type("debugDevice", "2");

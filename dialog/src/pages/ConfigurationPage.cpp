@@ -173,10 +173,12 @@ void ConfigurationPage::refresh() {
                "saving them takes its place.")
                 .arg(shown(state.problem)));
   goesOn = goesOn && state.changedOnDisk;
-  changedOnDisk->say(
-      state.changedOnDisk && !goesOn
-          ? tr("%1 has changed since it was loaded.").arg(shown(state.file))
-          : QString());
+  const QString change = model->isGone()
+                             ? tr("%1 is gone since it was loaded.")
+                             : tr("%1 has changed since it was loaded.");
+  changedOnDisk->say(state.changedOnDisk && !goesOn
+                         ? change.arg(shown(state.file))
+                         : QString());
   losses->display(state.losses);
   differences->display(state.differences);
   lists->setTabText(1, withCount(tr("Will not &survive"), state.losses.size()));

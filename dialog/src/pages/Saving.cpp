@@ -103,10 +103,15 @@ QString shownRefusals(const std::vector<SessionModel *> &models,
 // --- What is to be agreed to -------------------------------------------------
 
 QString changeSentence(const SessionState &state) {
-  return said(QT_TRANSLATE_NOOP("Saving",
-                                "%1: the file has changed since it was loaded, "
-                                "and will be overwritten."))
-      .arg(shown(state.processor));
+  const char *const sentence =
+      state.exists
+          ? QT_TRANSLATE_NOOP("Saving",
+                              "%1: the file has changed since it was loaded, "
+                              "and will be overwritten.")
+          : QT_TRANSLATE_NOOP("Saving",
+                              "%1: the file is gone since it was loaded, and "
+                              "will be written anew.");
+  return said(sentence).arg(shown(state.processor));
 }
 
 QString lossSentence(const SessionState &state) {

@@ -105,7 +105,11 @@ bool SessionModel::canRedo() const {
 }
 
 bool SessionModel::isModified() const {
-  return hasOpenText || hasDrafts() || !isAsOpened();
+  return hasOpenText || hasDrafts() || isGone() || !isAsOpened();
+}
+
+bool SessionModel::isGone() const {
+  return known.changedOnDisk && !known.exists;
 }
 
 void SessionModel::noteOpenText(bool isThere) {

@@ -43,6 +43,8 @@ public:
   /// Whether closing would lose something: unfinished texts count.
   bool isModified() const;
   bool hasDrafts() const;
+  /// Whether others have taken the file away.
+  bool isGone() const;
   /// Whether `redo` has a step. What was typed and taken back by typing is
   /// none.
   bool canRedo() const;
