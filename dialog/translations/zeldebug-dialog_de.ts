@@ -666,6 +666,10 @@ Sollen sie gespeichert werden?</translation>
         <translation>Optionsdatei</translation>
     </message>
     <message>
+        <source>%1 is not there any more: changes go to the option file.</source>
+        <translation>%1 gibt es nicht mehr: Änderungen gehen in die Optionsdatei.</translation>
+    </message>
+    <message>
         <source>Saving writes the option file and leaves the project as it is.</source>
         <translation>Speichern schreibt die Optionsdatei und lässt das Projekt, wie es ist.</translation>
     </message>

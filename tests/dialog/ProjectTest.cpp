@@ -336,6 +336,24 @@ private slots:
     QCOMPARE(originOf(scene, "debugDevice"), QString("profile slow"));
   }
 
+  void ProfilesComeAndGoWithTheFiles() {
+    const Files files;
+    Scene scene(files.project());
+    goTo(scene, "Profile slow");
+    QByteArray changed = files.read("zeldebug.toml");
+    changed.replace("profile.slow", "profile.fast");
+    files.write("zeldebug.toml", changed);
+    QVERIFY(scene::waitUntil(
+        [&] { return targets(scene).findText("Profile fast") >= 0; }));
+    QCOMPARE(targets(scene).findText("Profile slow"), -1);
+    QCOMPARE(targets(scene).currentText(), QString("Option file"));
+    const auto *const told = scene::named<dialog::ElidedLabel>(
+        scene.page(), "What else has changed");
+    QVERIFY(told != nullptr);
+    QVERIFY2(told->toolTip().contains("Profile slow is not there any more"),
+             qPrintable(told->toolTip()));
+  }
+
   void WhatIsHiddenIsTold_data() {
     QTest::addColumn<bool>("fromAnother");
     QTest::newRow("on its own page") << false;

@@ -231,6 +231,18 @@ TEST_F(OnABoard, EveryFaultOfBothFilesIsTold) {
   }
 }
 
+TEST_F(OnABoard, ProbesAndProfilesComeAndGoWithTheFiles) {
+  given("[probe.lab]\n[profile.slow]\n");
+  ProjectBoard project = opened();
+  EXPECT_FALSE(project.ReadAgain());
+  given("[probe.desk]\n[profile.slow]\n");
+  EXPECT_TRUE(project.ReadAgain());
+  EXPECT_THAT(project.Probes(), ElementsAre("desk"));
+  given("[probe.desk]\n[profile.fast]\n");
+  EXPECT_TRUE(project.ReadAgain());
+  EXPECT_THAT(project.Profiles(), ElementsAre("fast"));
+}
+
 TEST_F(OnABoard, FaultsThatCameLaterStopAChangeAndReading) {
   given("[settings]\ndebugDevice = 3\n");
   ProjectBoard project = opened();

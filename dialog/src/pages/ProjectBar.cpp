@@ -51,11 +51,8 @@ void ProjectBar::fillTargets() {
       box->setItemData(i, targets[static_cast<std::size_t>(i)].help,
                        Qt::ToolTipRole);
   }
-  const auto index = labels.indexOf(project->target().label);
-  if (index < 0)
-    project->choose(targets.front());
-  else
-    box->setCurrentIndex(static_cast<int>(index));
+  box->setCurrentIndex(
+      static_cast<int>(labels.indexOf(project->target().label)));
   box->setToolTip(project->target().help);
 }
 

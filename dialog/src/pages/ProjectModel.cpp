@@ -85,6 +85,16 @@ void ProjectModel::choose(const ChangeTarget &one) {
   emit changed();
 }
 
+/// A profile goes with the files.
+void ProjectModel::keepTarget() {
+  for (const ChangeTarget &one : targets())
+    if (one.label == chosen.label)
+      return;
+  tell(tr("%1 is not there any more: changes go to the option file.")
+           .arg(chosen.label));
+  chosen = optionFilesAlone();
+}
+
 QString ProjectModel::title() const {
   const ProjectChoice choice = live.Choice();
   QStringList parts{nameOfFile(live.File())};
@@ -113,6 +123,7 @@ QString ProjectModel::takeIn(const std::vector<std::string> &processors,
   } catch (const Refusal &refused) {
     refusal = shown(refused.what());
   }
+  keepTarget();
   emit changed();
   return refusal;
 }
@@ -133,6 +144,7 @@ void ProjectModel::lookAtFiles() {
   if (!isOther && problem == known)
     return;
   known = problem;
+  keepTarget();
   emit changed();
 }
 

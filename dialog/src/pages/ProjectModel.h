@@ -60,6 +60,8 @@ signals:
   void told(const QString &text);
 
 private:
+  void keepTarget();
+
   ProjectBoard live;
   ChangeTarget chosen;
   QString known;

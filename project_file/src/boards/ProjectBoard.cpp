@@ -41,6 +41,23 @@ Content contentOf(const Project &project, const Board &board,
   return {project, ChooseProject(project, wishes), std::move(faults), {}};
 }
 
+template <class Named>
+std::vector<std::string> namesIn(const std::vector<Named> &project,
+                                 const std::vector<Named> &local) {
+  std::vector<std::string> names;
+  project::addNames(project, names);
+  project::addNames(local, names);
+  return names;
+}
+
+std::vector<std::string> probesOf(const Project &files) {
+  return namesIn(files.project.probes, files.local.probes);
+}
+
+std::vector<std::string> profilesOf(const Project &files) {
+  return namesIn(files.project.profiles, files.local.profiles);
+}
+
 bool operator==(const ProjectPlace &left, const ProjectPlace &right) {
   return left.file == right.file && left.line == right.line &&
          left.column == right.column;
@@ -194,7 +211,9 @@ bool ProjectBoardState::readAgain() {
       contentOf(ReadProject(content.project.project.file), board, wishes);
   bool isOther = content.warnings.size() != next.warnings.size() ||
                  content.choice.probe.name != next.choice.probe.name ||
-                 content.choice.profile.name != next.choice.profile.name;
+                 content.choice.profile.name != next.choice.profile.name ||
+                 probesOf(content.project) != probesOf(next.project) ||
+                 profilesOf(content.project) != profilesOf(next.project);
   for (const BoardProcessor &one : board.Processors()) {
     if (isOther)
       break;
@@ -237,19 +256,11 @@ std::vector<ProjectFault> ProjectBoard::Warnings() const {
 }
 
 std::vector<std::string> ProjectBoard::Probes() const {
-  const Project files = Files();
-  std::vector<std::string> names;
-  project::addNames(files.project.probes, names);
-  project::addNames(files.local.probes, names);
-  return names;
+  return probesOf(Files());
 }
 
 std::vector<std::string> ProjectBoard::Profiles() const {
-  const Project files = Files();
-  std::vector<std::string> names;
-  project::addNames(files.project.profiles, names);
-  project::addNames(files.local.profiles, names);
-  return names;
+  return profilesOf(Files());
 }
 
 unsigned ProjectBoard::Version() const {
