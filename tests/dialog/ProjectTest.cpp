@@ -336,6 +336,19 @@ private slots:
     QCOMPARE(originOf(scene, "debugDevice"), QString("profile slow"));
   }
 
+  void AnotherFolderOfOptionFilesIsOpenedAnew() {
+    const Files files;
+    Scene scene(files.project());
+    const QByteArray before = files.read("zeldebug.toml");
+    files.write("zeldebug.toml", "directory = \"build\"\n" + before);
+    QVERIFY(scene::waitUntil(
+        [&] { return standing(scene).contains("open the project anew"); }));
+    files.write("zeldebug.toml", before);
+    QVERIFY(scene::waitUntil([&] {
+      return standing(scene) == QString("There is no option file yet.");
+    }));
+  }
+
   void ProfilesComeAndGoWithTheFiles() {
     const Files files;
     Scene scene(files.project());

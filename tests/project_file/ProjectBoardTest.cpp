@@ -243,6 +243,36 @@ TEST_F(OnABoard, ProbesAndProfilesComeAndGoWithTheFiles) {
   EXPECT_THAT(project.Profiles(), ElementsAre("fast"));
 }
 
+TEST_F(OnABoard, AnotherBoardIsOpenedAnew) {
+  given("");
+  ProjectBoard project = opened();
+  Session session(board, "lc");
+  const std::string same = std::string(head) + base;
+  for (const char *const key : {"directory = \"build\"", "library = [\"lib\"]",
+                                "view = \"flat\"", "kinds = \"more.kinds\""}) {
+    work.write("zeldebug.toml", key + ("\n" + same));
+    const auto refused = [&](const auto &operation) -> std::string {
+      try {
+        operation();
+      } catch (const Refusal &refusal) {
+        return ShowKind(refusal.kind) + std::string(" ") + refusal.problem;
+      }
+      return "nothing is refused";
+    };
+    const std::string name(key, std::string(key).find(' '));
+    const auto isTold =
+        testing::StartsWith("changed-on-disk '" + name + "' is no longer");
+    EXPECT_THAT(refused([&] { project.ReadAgain(); }), isTold);
+    EXPECT_THAT(refused([&] {
+                  project.Write(session, into("project", {{"debugDevice", 5}}));
+                }),
+                isTold);
+    EXPECT_THAT(refused([&] { project.Adopt({"lc"}); }), isTold);
+  }
+  work.write("zeldebug.toml", same);
+  EXPECT_FALSE(project.ReadAgain());
+}
+
 TEST_F(OnABoard, FaultsThatCameLaterStopAChangeAndReading) {
   given("[settings]\ndebugDevice = 3\n");
   ProjectBoard project = opened();

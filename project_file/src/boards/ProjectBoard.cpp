@@ -6,7 +6,10 @@
 #include <mutex>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "ZelDebugDialog/ConfigurationModel/Settings.h"
+#include "ZelDebugDialog/ConfigurationModel/Text.h"
 #include "ZelDebugDialog/ProjectFile/Adopt.h"
 #include "ZelDebugDialog/ProjectFile/Sync.h"
 #include "boards/Saying.h"
@@ -56,6 +59,26 @@ std::vector<std::string> probesOf(const Project &files) {
 
 std::vector<std::string> profilesOf(const Project &files) {
   return namesIn(files.project.profiles, files.local.profiles);
+}
+
+/// What a board is made from cannot become another beneath it.
+void expectSameBoard(const Project &before, const Project &now) {
+  using Row = std::pair<const char *, bool>;
+  for (const auto &[key, isSame] :
+       {Row("design", before.Design() == now.Design()),
+        Row("library", before.Libraries() == now.Libraries()),
+        Row("view", before.View() == now.View()),
+        Row("kinds", before.Kinds() == now.Kinds()),
+        Row("directory", OptionFolderOf(before) == OptionFolderOf(now))}) {
+    if (isSame)
+      continue;
+    Refusal refusal(RefusalKind::changedOnDisk, ShowText(now.project.file),
+                    fmt::format("'{}' is no longer what the board was opened "
+                                "with: open the project anew",
+                                key));
+    refusal.file = now.project.file;
+    throw refusal;
+  }
 }
 
 bool operator==(const ProjectPlace &left, const ProjectPlace &right) {
@@ -128,6 +151,13 @@ public:
   unsigned version = 0;
 
 private:
+  /// What the files say now.
+  Content read() const {
+    const Project files = ReadProject(content.project.project.file);
+    if (!files.HasErrors())
+      expectSameBoard(content.project, files);
+    return contentOf(files, board, wishes);
+  }
   /// What of a change counts now, as one of the session.
   ChangeRequest countingOf(const ProjectEdit &edit, const Content &after) const;
   void take(Content &&next) {
@@ -160,7 +190,7 @@ WrittenProject ProjectBoardState::write(Session &session, ProjectEdit edit) {
   edit.processor = session.Processor();
   const std::string &file = content.project.project.file;
   // All faults are told, where the change alone would tell the first.
-  contentOf(ReadProject(file), board, wishes);
+  read();
   const EditedProject edited = EditProject(file, edit, board, wishes);
   Content after = contentOf(edited.project, board, wishes);
   ProjectChoice choice = after.choice;
@@ -189,7 +219,7 @@ std::vector<WrittenProject>
 ProjectBoardState::adopt(const std::vector<std::string> &processors,
                          const ProjectEdit *into) {
   const std::string &file = content.project.project.file;
-  const Content before = contentOf(ReadProject(file), board, wishes);
+  const Content before = read();
   const std::vector<ProjectEdit> edits =
       AdoptOptionFiles(before.project, before.choice, board, processors, into);
   std::vector<WrittenProject> all;
@@ -207,8 +237,7 @@ ProjectBoardState::adopt(const std::vector<std::string> &processors,
 }
 
 bool ProjectBoardState::readAgain() {
-  Content next =
-      contentOf(ReadProject(content.project.project.file), board, wishes);
+  Content next = read();
   bool isOther = content.warnings.size() != next.warnings.size() ||
                  content.choice.probe.name != next.choice.probe.name ||
                  content.choice.profile.name != next.choice.profile.name ||

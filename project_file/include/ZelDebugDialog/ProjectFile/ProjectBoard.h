@@ -135,7 +135,8 @@ public:
   /// Writes a change for the processor of a session. It is checked before as
   /// `EditProject` does, also that the session can have it; then the session
   /// has what of it counts. Undoing takes nothing back in the files.
-  /// @throws FaultyProject, Refusal; then nothing is changed
+  /// @throws FaultyProject, Refusal (changedOnDisk as of `ReadAgain`, others);
+  ///   then nothing is changed
   WrittenProject Write(Session &session, ProjectEdit edit);
   /// Takes what the option files of processors have otherwise than the files
   /// say into the files, and takes the option files for written as they are.
@@ -143,13 +144,15 @@ public:
   /// @param into  its target and profile; null: what belongs to a desk goes to
   ///   the local file, the rest to the project file
   /// @return one a file that is concerned
-  /// @throws FaultyProject; Refusal as of `AdoptOptionFiles` and `EditProject`;
-  ///   then nothing is changed
+  /// @throws FaultyProject; Refusal as of `AdoptOptionFiles`, `EditProject` and
+  ///   `ReadAgain`; then nothing is changed
   std::vector<WrittenProject> Adopt(const std::vector<std::string> &processors,
                                     const ProjectEdit *into = nullptr);
   /// Reads the files again.
   /// @return whether they say something else
-  /// @throws FaultyProject, Refusal (unreadable); then it stays as it was
+  /// @throws FaultyProject, Refusal (unreadable; changedOnDisk: they name
+  ///   another design, or another folder of the option files, than those of the
+  ///   board); then it stays as it was
   bool ReadAgain();
 
 private:
