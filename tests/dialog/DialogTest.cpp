@@ -157,6 +157,13 @@ QString splitBoard(const QTemporaryDir &folder) {
   return to.filePath("project/board.xml");
 }
 
+QAction *menuAction(Scene &scene, const QString &text) {
+  for (QAction *const one : scene.window().findChildren<QAction *>())
+    if (one->text().remove(u'&') == text)
+      return one;
+  qFatal("there is no such action: %s", qPrintable(text));
+}
+
 /// The button below the progress of reading.
 void pressCancel(Scene &scene) {
   for (QPushButton *const one : scene.window().findChildren<QPushButton *>())
@@ -1174,7 +1181,11 @@ private slots:
          {Operation::save, Operation::saveAll, Operation::undo,
           Operation::revert, Operation::reset, Operation::copy})
       QVERIFY(!scene.action(one)->isEnabled());
+    // Nor is anything of the other taken along.
+    QVERIFY(!menuAction(scene, "Library folder…")->isEnabled());
+    QVERIFY(!menuAction(scene, "Kind table…")->isEnabled());
     pressCancel(scene);
+    QVERIFY(menuAction(scene, "Library folder…")->isEnabled());
     QVERIFY(scene.board().isVisible());
     QVERIFY(scene.action(Operation::save)->isEnabled());
     QVERIFY(scene.action(Operation::undo)->isEnabled());

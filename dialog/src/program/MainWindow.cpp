@@ -298,8 +298,11 @@ void MainWindow::refresh() {
           : QString();
   setWindowTitle(name.isEmpty() ? tr("Debug configurations[*]")
                                 : tr("%1[*] – Debug configurations").arg(name));
-  libraryAction->setEnabled(!asked.designFile.empty());
-  kindsAction->setEnabled(!asked.designFile.empty());
+  // What a design was read with is known once it has been read.
+  const bool isRead =
+      !asked.designFile.empty() && stack->currentWidget() != progress;
+  libraryAction->setEnabled(isRead);
+  kindsAction->setEnabled(isRead);
   // A project says where they lie.
   folderAction->setEnabled(!asked.isProject);
   statusBar()->showMessage(
