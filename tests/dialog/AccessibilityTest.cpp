@@ -8,6 +8,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QHeaderView>
 #include <QLineEdit>
@@ -18,6 +19,7 @@
 #include <QToolBar>
 
 #include "dialog/Scene.h"
+#include "pages/Banner.h"
 #include "pages/SessionModel.h"
 #include "pages/SettingRow.h"
 #include "pages/SettingsForm.h"
@@ -144,6 +146,71 @@ private slots:
       auto *const control = scene::named<QWidget>(scene.window(), name);
       QVERIFY2(control == nullptr || reached.count(control) == 1, name);
     }
+  }
+
+  /// Downwards, from the first control of the board to its last.
+  void TheTabulatorGoesInTheOrderInWhichThingsStand_data() {
+    QTest::addColumn<bool>("isOfProject");
+    QTest::newRow("design") << false;
+    QTest::newRow("project") << true;
+  }
+
+  void TheTabulatorGoesInTheOrderInWhichThingsStand() {
+    QFETCH(bool, isOfProject);
+    const QTemporaryDir folder;
+    const QString project = folder.filePath(QStringLiteral("zeldebug.toml"));
+    QFile file(project);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.write("design = \"" TEST_BOARD "\"\n") > 0);
+    file.close();
+    Scene scene(isOfProject ? project.toStdString() : "");
+    // With a banner above the page.
+    QVERIFY(QDir(folder.path()).mkdir(QStringLiteral("etc")));
+    QFile saved(isOfProject
+                    ? folder.filePath(QStringLiteral("etc/kvo_lumacore_0.opt"))
+                    : scene.fileOf("lumacore_0"));
+    QVERIFY(saved.open(QIODevice::WriteOnly));
+    QVERIFY(saved.write("connect lc sim\n") > 0);
+    saved.close();
+    scene.page().lookAtFile();
+    const QWidget &content =
+        *scene.page().findChild<dialog::SettingsForm *>()->widget();
+    // The form is scrolled: as if all of it were to be seen.
+    const auto placeIn = [&](const QWidget &widget) {
+      const QPoint corner;
+      const int y = widget.mapTo(&scene.board(), corner).y();
+      const int top = content.parentWidget()->mapTo(&scene.board(), corner).y();
+      if (content.isAncestorOf(&widget))
+        return top + widget.mapTo(&content, corner).y();
+      return y > top && scene.page().isAncestorOf(&widget)
+                 ? y + content.height()
+                 : y;
+    };
+    QWidget *focus = nullptr;
+    for (QWidget *const one : scene.board().findChildren<QWidget *>())
+      if (one->isVisible() && one->isEnabled() &&
+          (one->focusPolicy() & Qt::TabFocus) == Qt::TabFocus &&
+          (focus == nullptr || placeIn(*one) < placeIn(*focus)))
+        focus = one;
+    QVERIFY(focus != nullptr);
+    focus->setFocus();
+    const QWidget *const first = focus;
+    int controls = 0;
+    int banners = 0;
+    int before = 0;
+    do {
+      const int place = placeIn(*focus);
+      // What stands side by side is of several heights.
+      QVERIFY2(place + focus->height() > before, qPrintable(nameOf(*focus)));
+      before = place;
+      ++controls;
+      banners += qobject_cast<dialog::Banner *>(focus->parentWidget()) ? 1 : 0;
+      QTest::keyClick(focus, Qt::Key_Tab);
+      focus = QApplication::focusWidget();
+      QVERIFY(focus != nullptr && controls < 300);
+    } while (focus != first && scene.board().isAncestorOf(focus));
+    QVERIFY(controls > 30);
+    QCOMPARE(banners, 3);
   }
 
   /// Their labels take the focus in their place, and tell the reason.

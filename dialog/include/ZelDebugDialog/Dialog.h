@@ -165,6 +165,10 @@ signals:
   /// Something is not as it was.
   void changed();
 
+protected:
+  /// The list of processors takes it.
+  void focusInEvent(QFocusEvent *event) override;
+
 private:
   BoardPage(const Board &ofBoard, const ProjectBoard *ofProject,
             QWidget *parent);

@@ -28,6 +28,8 @@ void Banner::say(const QString &text) {
 
 QPushButton *Banner::addAnswer(const QString &text) {
   auto *const button = new QPushButton(text, this);
+  // What stands below may have been made already.
+  setTabOrder(line->itemAt(line->count() - 1)->widget(), button);
   line->addWidget(button);
   return button;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QAction>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QSplitter>
@@ -52,14 +53,17 @@ BoardPage::BoardPage(const ProjectBoard &ofProject, QWidget *parent)
 
 BoardPage::BoardPage(const Board &ofBoard, const ProjectBoard *ofProject,
                      QWidget *parent)
-    : QWidget(parent), board(ofBoard), list(new ProcessorList(ofBoard, this)),
-      stack(new QStackedWidget(this)), remark(new QLabel(stack)) {
+    : QWidget(parent), board(ofBoard),
+      project(ofProject == nullptr ? nullptr
+                                   : new ProjectModel(*ofProject, this)),
+      // In front of what stands below, for the tabulator.
+      bar(project == nullptr ? nullptr : new ProjectBar(*project, this)),
+      list(new ProcessorList(ofBoard, this)), stack(new QStackedWidget(this)),
+      remark(new QLabel(stack)) {
   auto *const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
-  if (ofProject != nullptr) {
-    project = new ProjectModel(*ofProject, this);
-    bar = new ProjectBar(*project, this);
+  if (bar != nullptr) {
     layout->addWidget(bar);
     connect(project, &ProjectModel::changed, this, &BoardPage::refresh);
     connect(project, &ProjectModel::told, this, [this](const QString &text) {
@@ -79,7 +83,6 @@ BoardPage::BoardPage(const Board &ofBoard, const ProjectBoard *ofProject,
   const int letter = fontMetrics().averageCharWidth();
   splitter->setSizes({listLetters * letter, pageLetters * letter});
   layout->addWidget(splitter, 1);
-  setFocusProxy(list);
 
   remark->setWordWrap(true);
   remark->setAlignment(Qt::AlignCenter);
@@ -94,6 +97,11 @@ BoardPage::BoardPage(const Board &ofBoard, const ProjectBoard *ofProject,
   else
     remark->setText(tr("No processor of this design can be debugged."));
   refresh();
+}
+
+/// A proxy would be led to by the tabulator, past the bar.
+void BoardPage::focusInEvent(QFocusEvent *event) {
+  list->setFocus(event->reason());
 }
 
 /// Each has its sign from the start, and keeps it true.

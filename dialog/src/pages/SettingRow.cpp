@@ -61,6 +61,11 @@ SettingRow::SettingRow(const SettingInfo &setting, SessionModel &sessionModel,
     keepsPlace.setRetainSizeWhenHidden(true);
     backButton->setSizePolicy(keepsPlace);
     grid.addWidget(backButton, line, backColumn);
+    if (isWide) {
+      // It stands above the editor.
+      nameLabel->setFocusPolicy(Qt::TabFocus);
+      QWidget::setTabOrder(nameLabel, backButton);
+    }
   }
   errorLabel->setWordWrap(true);
   errorLabel->setTextFormat(Qt::PlainText);

@@ -22,12 +22,9 @@ SettingsForm::SettingsForm(SessionModel &sessionModel, QWidget *parent)
   setFocusPolicy(Qt::NoFocus);
   auto *const content = new QWidget(this);
   auto *const layout = new QVBoxLayout(content);
-  for (const SettingInfo &setting : GetSettings()) {
-    // The fields of a device stand in the table of the chain.
-    if (rowOf(setting.id) != setting.id)
-      continue;
-    rows.push_back(sectionFor(setting, *layout).add(setting, *model));
-  }
+  for (const SettingInfo &setting : GetSettings())
+    if (!hasSection(setting.group))
+      addSection(setting, *layout);
   layout->addStretch();
   int widest = 0;
   for (const Section *const section : sections)
@@ -45,14 +42,20 @@ SettingsForm::SettingsForm(SessionModel &sessionModel, QWidget *parent)
   refresh();
 }
 
-Section &SettingsForm::sectionFor(const SettingInfo &setting,
-                                  QVBoxLayout &layout) {
-  for (Section *const section : sections)
-    if (section->group() == setting.group)
-      return *section;
-  sections.push_back(new Section(setting, this));
+bool SettingsForm::hasSection(const std::string &group) const {
+  return std::any_of(
+      sections.begin(), sections.end(),
+      [&group](const Section *one) { return one->group() == group; });
+}
+
+/// With all its rows: the tabulator goes in the order in which they are made.
+void SettingsForm::addSection(const SettingInfo &first, QVBoxLayout &layout) {
+  sections.push_back(new Section(first, this));
   layout.addWidget(sections.back());
-  return *sections.back();
+  for (const SettingInfo &setting : GetSettings())
+    // The fields of a device stand in the table of the chain.
+    if (setting.group == first.group && rowOf(setting.id) == setting.id)
+      rows.push_back(sections.back()->add(setting, *model));
 }
 
 /// What the control with the focus is for, and why it cannot be changed.

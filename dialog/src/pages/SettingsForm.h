@@ -44,7 +44,8 @@ private:
   void explain();
   void noteFocus(const QWidget *widget);
   Section *sectionOf(const SettingRow *row) const;
-  Section &sectionFor(const SettingInfo &setting, QVBoxLayout &layout);
+  bool hasSection(const std::string &group) const;
+  void addSection(const SettingInfo &first, QVBoxLayout &layout);
 
   SessionModel *model;
   std::vector<Section *> sections;
