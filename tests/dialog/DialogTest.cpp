@@ -284,6 +284,9 @@ private slots:
     Scene scene;
     QWidget *const line = scene.field("stubBaudRate");
     QVERIFY(!line->isEnabled());
+    // Who is led there hears it.
+    QCOMPARE(QApplication::focusWidget()->accessibleDescription(),
+             line->accessibleDescription());
     QVERIFY(line->accessibleDescription().contains(
         "a command for this kind of connection does not carry it"));
     scene.choose("connection", "stub-serial");

@@ -83,6 +83,11 @@ bool SettingRow::has(const QWidget *widget) const {
 
 QWidget *SettingRow::field() const { return valueEditor->field(); }
 
+void SettingRow::takeFocus() {
+  QWidget *const taker = field()->isEnabled() ? field() : nameLabel;
+  taker->setFocus(Qt::OtherFocusReason);
+}
+
 int SettingRow::labelWidth() const { return nameLabel->sizeHint().width(); }
 
 void SettingRow::display(const SettingState &state) {

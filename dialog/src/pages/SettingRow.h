@@ -26,9 +26,10 @@ public:
   const SettingInfo &setting() const { return *info; }
   bool has(const QWidget *widget) const;
   QWidget *field() const;
+  /// The label takes it where the setting is disabled, to say why.
+  void takeFocus();
   int labelWidth() const;
   ValueEditor &editor() const { return *valueEditor; }
-  /// Takes the focus where the setting is disabled, to say why.
   const ToneLabel &label() const { return *nameLabel; }
   const ToneLabel &origin() const { return *originLabel; }
   const ToneLabel &error() const { return *errorLabel; }

@@ -108,7 +108,7 @@ void SettingsForm::reveal(const std::string &setting) {
 void SettingsForm::lead(const std::string &setting) {
   reveal(setting);
   if (SettingRow *const row = rowFor(setting))
-    row->field()->setFocus(Qt::OtherFocusReason);
+    row->takeFocus();
 }
 
 /// Its controls lose the focus while they go.
