@@ -126,6 +126,18 @@ private slots:
     QVERIFY(settings > 40);
   }
 
+  void WhereAValueComesFromIsTold() {
+    Scene scene;
+    const QWidget *const line = scene.field("debugDevice");
+    QVERIFY2(line->accessibleDescription().endsWith(
+                 "Where the value comes from: default."),
+             qPrintable(line->accessibleDescription()));
+    scene.type("debugDevice", "2");
+    QVERIFY2(line->accessibleDescription().endsWith(
+                 "Where the value comes from: changed."),
+             qPrintable(line->accessibleDescription()));
+  }
+
   /// From the first control on, by the tabulator key.
   void TheKeyboardReachesEverySettingThatCanBeSet() {
     Scene scene;

@@ -157,7 +157,8 @@ void SettingRow::describe(const SettingState &state) {
   if (info->settable)
     sentences.append(
         tr("Default: %1").arg(valueOf(info->id, state.defaultValue)));
-  QStringList origins{tr("Where the value comes from")};
+  const QString ofOrigins = tr("Where the value comes from");
+  QStringList origins{ofOrigins};
   if (const SaidSetting *const said = model->said().Find(info->id)) {
     const QString place = placeOf(said->value.place);
     const QString told =
@@ -168,6 +169,9 @@ void SettingRow::describe(const SettingState &state) {
   }
   const QString problem = valueEditor->errorIn(state);
   const QString tip = tipOf(sentences);
+  // What stands beside the field for those who see it.
+  sentences.append(
+      QStringLiteral("%1: %2.").arg(ofOrigins, originLabel->text()));
   if (!problem.isEmpty())
     sentences.prepend(problem);
   const QString description = sentences.join(QStringLiteral(" "));
