@@ -554,6 +554,17 @@ private slots:
     QCOMPARE(rowsOf(faults).size(), 2);
   }
 
+  void TheListOfFaultsComesUpOnce() {
+    Scene scene;
+    auto &tabs = only<QTabWidget>(scene.page());
+    tabs.setCurrentIndex(2);
+    scene.typeCommand("connect lc hdu -cabl");
+    QCOMPARE(tabs.currentIndex(), 0);
+    tabs.setCurrentIndex(2);
+    scene.type("debugDevice", "2");
+    QCOMPARE(tabs.currentIndex(), 2);
+  }
+
   void AWordLeadsToItsSettingAndBack() {
     Scene scene;
     scene.type("debugDevice", "2");

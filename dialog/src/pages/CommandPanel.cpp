@@ -101,6 +101,10 @@ void CommandPanel::refresh() {
     text = tr("Written as: %1").arg(shown(state.command.value_or("")));
   remark->say(text);
   emit diagnosticsChanged();
+  const bool hasFaults = state.draft && !found.empty();
+  if (hasFaults && !hadFaults)
+    emit faultsCameUp();
+  hadFaults = hasFaults;
 }
 
 CommandMarks CommandPanel::marksOf(const std::string &text) const {

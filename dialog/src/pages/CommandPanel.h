@@ -29,6 +29,8 @@ public:
 signals:
   void settingAsked(const std::string &setting, bool takesFocus);
   void diagnosticsChanged();
+  /// A command has faults, where there was none with any.
+  void faultsCameUp();
 
 private:
   void refresh();
@@ -40,6 +42,7 @@ private:
   CommandEdit *command;
   ElidedLabel *remark;
   std::vector<CommandDiagnostic> found;
+  bool hadFaults = false;
   bool isTyping = false; ///< The text is the person's own.
 };
 

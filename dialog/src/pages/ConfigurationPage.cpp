@@ -85,6 +85,8 @@ ConfigurationPage::ConfigurationPage(const Board &board,
           });
   connect(command, &CommandPanel::diagnosticsChanged, this,
           &ConfigurationPage::showFaults);
+  connect(command, &CommandPanel::faultsCameUp, lists,
+          [this] { lists->setCurrentIndex(faultsTab); });
   connect(watch, &FileWatch::changed, this, [this] {
     const bool didGoOn = goesOn;
     goesOn = goesOn && watch->isPassedOver();
@@ -191,8 +193,6 @@ void ConfigurationPage::showFaults() {
   const std::vector<CommandDiagnostic> &found = command->diagnostics();
   faults->display(found);
   lists->setTabText(faultsTab, withCount(tr("Fa&ults"), found.size()));
-  if (!found.empty() && model->state().draft)
-    lists->setCurrentIndex(faultsTab);
 }
 
 void ConfigurationPage::tell(const QString &text, bool isRefusal) {
