@@ -38,6 +38,18 @@
 <context>
     <name>Lists</name>
     <message>
+        <source>Severity</source>
+        <translation>Schwere</translation>
+    </message>
+    <message>
+        <source>error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
         <source>Setting</source>
         <translation>Einstellung</translation>
     </message>
@@ -375,10 +387,6 @@ Sollen sie gespeichert werden?</translation>
         <translation>Meldungen zum Design</translation>
     </message>
     <message>
-        <source>Severity</source>
-        <translation>Schwere</translation>
-    </message>
-    <message>
         <source>File</source>
         <translation>Datei</translation>
     </message>
@@ -389,14 +397,6 @@ Sollen sie gespeichert werden?</translation>
     <message>
         <source>Message</source>
         <translation>Meldung</translation>
-    </message>
-    <message>
-        <source>error</source>
-        <translation>Fehler</translation>
-    </message>
-    <message>
-        <source>warning</source>
-        <translation>Warnung</translation>
     </message>
     <message>
         <source>note</source>
@@ -453,6 +453,10 @@ Sollen sie gespeichert werden?</translation>
     <message>
         <source>What will not survive saving</source>
         <translation>Was beim Speichern verloren geht</translation>
+    </message>
+    <message>
+        <source>Stops saving</source>
+        <translation>Verhindert Speichern</translation>
     </message>
     <message>
         <source>Value</source>

@@ -352,6 +352,7 @@ private slots:
     const QStringList losses = rowsOf(only<dialog::LossList>(scene.page()));
     QCOMPARE(losses.size(), 1);
     QVERIFY(losses[0].contains("which no reader accepts"));
+    QCOMPARE(losses[0].section(" | ", 1, 1), QString("yes"));
   }
 
   void TheWayBackToTheDefault() {
@@ -535,15 +536,17 @@ private slots:
         "-foo\n");
     line.paste();
     auto &faults = only<dialog::FaultList>(scene.page());
-    QCOMPARE(rowsOf(faults),
-             QStringList({"28 | quorla_podusb | 'quorla_usb' is refused as the "
-                          "value",
-                          "61 |  | '200' does not fit: debugDevice becomes -56",
-                          "65 |  | '-foo' is no option here"}));
+    QCOMPARE(
+        rowsOf(faults),
+        QStringList(
+            {"error | 28 | quorla_podusb | 'quorla_usb' is refused as the "
+             "value",
+             "warning | 61 |  | '200' does not fit: debugDevice becomes -56",
+             "error | 65 |  | '-foo' is no option here"}));
     QCOMPARE(lineOf(scene, "debugDevice").text(), QString("0"));
     // The nearest match by one click.
     const QRect cell = faults.visualItemRect(faults.topLevelItem(0));
-    const QPoint place(faults.columnViewportPosition(1) + 4, cell.center().y());
+    const QPoint place(faults.columnViewportPosition(2) + 4, cell.center().y());
     QTest::mousePress(faults.viewport(), Qt::LeftButton, {}, place);
     QCoreApplication::processEvents();
     QTest::mouseRelease(faults.viewport(), Qt::LeftButton, {}, place);

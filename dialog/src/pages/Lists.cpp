@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QTimer>
@@ -16,12 +15,8 @@ namespace ZelDebugDialog::dialog {
 namespace {
 
 constexpr int settingRole = Qt::UserRole;
-constexpr int matchColumn = 1;
 
-/// Of columns that several lists have.
-QString title(const char *text) {
-  return QCoreApplication::translate("Lists", text);
-}
+enum FaultColumn { severityColumn, placeColumn, matchColumn, textColumn };
 
 bool isSame(const CommandDiagnostic &one, const CommandDiagnostic &other) {
   return one.offset == other.offset && one.length == other.length &&
@@ -101,8 +96,8 @@ QTreeWidgetItem &List::add(const QStringList &texts,
 
 LossList::LossList(QWidget *parent)
     : List(QStringLiteral("losses"), tr("What will not survive saving"),
-           {title(QT_TRANSLATE_NOOP("Lists", "Setting")), tr("Value"),
-            tr("Comes back as"), tr("Why"), tr("What to do")},
+           {listWord(QT_TRANSLATE_NOOP("Lists", "Setting")), tr("Stops saving"),
+            tr("Value"), tr("Comes back as"), tr("Why"), tr("What to do")},
            parent) {
   setWordWrap(true);
   setUniformRowHeights(false);
@@ -121,11 +116,12 @@ void LossList::append(const std::vector<Loss> &losses,
                       const QString &processor) {
   for (const Loss &loss : losses) {
     const Code *const code = FindCode(loss.code);
-    QTreeWidgetItem &item =
-        add({nameIn(processor, loss.field), valueOf(loss.field, loss.value),
-             valueOf(loss.field, loss.readBack), reasonOf(loss.reason),
-             code != nullptr ? shown(code->advice) : QString()},
-            loss.field);
+    QTreeWidgetItem &item = add(
+        {nameIn(processor, loss.field), wordOf(loss.blocking ? "yes" : "no"),
+         valueOf(loss.field, loss.value), valueOf(loss.field, loss.readBack),
+         reasonOf(loss.reason),
+         code != nullptr ? shown(code->advice) : QString()},
+        loss.field);
     if (loss.blocking)
       setTone(item, 0, Tone::fault);
   }
@@ -134,8 +130,8 @@ void LossList::append(const std::vector<Loss> &losses,
 
 DifferenceList::DifferenceList(QWidget *parent)
     : List(QStringLiteral("differences"), tr("What differs from what is saved"),
-           {title(QT_TRANSLATE_NOOP("Lists", "Setting")),
-            title(QT_TRANSLATE_NOOP("Lists", "Saved")), tr("Now")},
+           {listWord(QT_TRANSLATE_NOOP("Lists", "Setting")),
+            listWord(QT_TRANSLATE_NOOP("Lists", "Saved")), tr("Now")},
            parent) {}
 
 void DifferenceList::display(const std::vector<Difference> &differences) {
@@ -155,7 +151,9 @@ void DifferenceList::append(const std::vector<Difference> &differences,
 
 FaultList::FaultList(QWidget *parent)
     : List(QStringLiteral("faults"), tr("What is wrong with the command"),
-           {tr("Column"), tr("Nearest match"), tr("What is wrong")}, parent) {
+           {listWord(QT_TRANSLATE_NOOP("Lists", "Severity")), tr("Column"),
+            tr("Nearest match"), tr("What is wrong")},
+           parent) {
   // One click takes the match; by the keyboard, Return does. What is clicked
   // is gone by then, so not at once.
   connect(this, &QTreeWidget::itemClicked, this,
@@ -193,12 +191,14 @@ void FaultList::display(const std::vector<CommandDiagnostic> &diagnostics) {
   known = diagnostics;
   clear();
   for (const CommandDiagnostic &diagnostic : diagnostics) {
-    QTreeWidgetItem &item = add({QString::number(diagnostic.offset + 1),
-                                 QString(), shown(diagnostic.message)},
-                                "");
-    setTone(item, 2,
-            diagnostic.severity == CodeSeverity::error ? Tone::fault
-                                                       : Tone::doubt);
+    const bool isError = diagnostic.severity == CodeSeverity::error;
+    QTreeWidgetItem &item =
+        add({listWord(isError ? QT_TRANSLATE_NOOP("Lists", "error")
+                              : QT_TRANSLATE_NOOP("Lists", "warning")),
+             QString::number(diagnostic.offset + 1), QString(),
+             shown(diagnostic.message)},
+            "");
+    setTone(item, textColumn, isError ? Tone::fault : Tone::doubt);
     if (diagnostic.suggestion.empty())
       continue;
     item.setText(matchColumn, shown(diagnostic.suggestion));

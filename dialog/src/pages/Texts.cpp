@@ -80,6 +80,10 @@ QString unitOf(const SettingInfo &setting) { return translated(setting.unit); }
 
 QString wordOf(const std::string &word) { return translated(word); }
 
+QString listWord(const char *text) {
+  return QCoreApplication::translate("Lists", text);
+}
+
 QString reasonOf(const std::string &reason) { return translated(reason); }
 
 QString nameOf(const std::string &setting) {

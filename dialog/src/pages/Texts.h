@@ -29,6 +29,8 @@ QString labelOf(const Choice &choice);
 QString unitOf(const SettingInfo &setting);
 /// A word that the table has as well: "Processor".
 QString wordOf(const std::string &word);
+/// What lists of several kinds say: "Severity", "error".
+QString listWord(const char *text);
 /// A reason, or what a change was for; in English where it is no whole sentence
 /// of a table.
 QString reasonOf(const std::string &reason);

@@ -28,7 +28,8 @@ constexpr qint64 mostShown = 4 * 1024 * 1024; // bytes
 
 DesignMessages::DesignMessages(QWidget *parent) : QTreeWidget(parent) {
   setAccessibleName(tr("Messages about the design"));
-  setHeaderLabels({tr("Severity"), tr("File"), tr("Line"), tr("Message")});
+  setHeaderLabels({listWord(QT_TRANSLATE_NOOP("Lists", "Severity")), tr("File"),
+                   tr("Line"), tr("Message")});
   setRootIsDecorated(false);
   setUniformRowHeights(true);
   setItemDelegate(new ToneDelegate(this));
@@ -42,9 +43,9 @@ void DesignMessages::display(const std::vector<DesignDiagnostic> &diagnostics) {
   const auto severityOf = [](DesignDiagnostic::Severity severity) {
     switch (severity) {
     case DesignDiagnostic::Severity::error:
-      return tr("error");
+      return listWord(QT_TRANSLATE_NOOP("Lists", "error"));
     case DesignDiagnostic::Severity::warning:
-      return tr("warning");
+      return listWord(QT_TRANSLATE_NOOP("Lists", "warning"));
     case DesignDiagnostic::Severity::note:
       break;
     }

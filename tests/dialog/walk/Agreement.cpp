@@ -202,7 +202,7 @@ void expectCommand(QWidget &page, const SessionState &state) {
   const std::vector<CommandDiagnostic> &found = panel.diagnostics();
   expect(faults.topLevelItemCount() == static_cast<int>(found.size()),
          "there are other faults in the list");
-  constexpr int columnOfText = 2;
+  constexpr int columnOfText = 3;
   for (int row = 0; row < faults.topLevelItemCount(); ++row)
     expectSame(faults.topLevelItem(row)->text(columnOfText),
                shown(found[static_cast<std::size_t>(row)].message), "a fault");
@@ -225,7 +225,7 @@ void expectLists(QWidget &page, const SessionState &state) {
     const Loss &loss = state.losses[static_cast<std::size_t>(row)];
     expectSame(losses.topLevelItem(row)->text(0), dialog::nameOf(loss.field),
                "a loss");
-    expectSame(losses.topLevelItem(row)->text(3), dialog::reasonOf(loss.reason),
+    expectSame(losses.topLevelItem(row)->text(4), dialog::reasonOf(loss.reason),
                "the reason of a loss");
   }
   expect(differences.topLevelItemCount() ==
