@@ -1168,12 +1168,23 @@ private slots:
     QCOMPARE(lineOf(scene, "debugDevice").text(), QString("2"));
   }
 
-  void AFileOverTheCommandOpensTheDesign() {
+  void AFileOverATextOpensTheDesign_data() {
+    QTest::addColumn<bool>("isCommand");
+    QTest::newRow("command") << true;
+    QTest::newRow("setting") << false;
+  }
+
+  void AFileOverATextOpensTheDesign() {
+    QFETCH(bool, isCommand);
     Scene scene;
     const QString before = scene.command();
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QStringLiteral(TEST_OTHER_BOARD))});
-    QWidget *const line = only<dialog::CommandEdit>(scene.page()).viewport();
+    const QUrl file = QUrl::fromLocalFile(QStringLiteral(TEST_OTHER_BOARD));
+    data.setUrls({file});
+    data.setText(file.toString());
+    QWidget *const line =
+        isCommand ? only<dialog::CommandEdit>(scene.page()).viewport()
+                  : scene.field("debugDevice");
     QSignalSpy opened(&scene.window(), &dialog::MainWindow::opened);
     QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton,
                           Qt::NoModifier);

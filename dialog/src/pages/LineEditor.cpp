@@ -1,10 +1,12 @@
 #include "pages/LineEditor.h"
 
+#include <QDragEnterEvent>
 #include <QEvent>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QToolButton>
 
 #include "pages/Texts.h"
@@ -20,6 +22,13 @@ bool SessionLine::event(QEvent *event) {
     }
   }
   return QLineEdit::event(event);
+}
+
+void SessionLine::dragEnterEvent(QDragEnterEvent *event) {
+  if (event->mimeData()->hasUrls())
+    event->ignore();
+  else
+    QLineEdit::dragEnterEvent(event);
 }
 
 void SessionLine::focusOutEvent(QFocusEvent *event) {

@@ -9,7 +9,7 @@
 
 namespace ZelDebugDialog::dialog {
 
-/// Leaves undoing to the session.
+/// Leaves undoing to the session, and a file that is dropped to the window.
 class SessionLine : public QLineEdit {
   Q_OBJECT
 
@@ -21,6 +21,7 @@ signals:
 
 protected:
   bool event(QEvent *event) override;
+  void dragEnterEvent(QDragEnterEvent *event) override;
   void focusOutEvent(QFocusEvent *event) override;
 };
 
