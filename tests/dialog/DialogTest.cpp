@@ -342,6 +342,28 @@ private slots:
     QCOMPARE(line.text(), QString("3 MHz"));
   }
 
+  void ALineEndThatWasCopiedAlongIsNotPasted() {
+    Scene scene;
+    scene.choose("cable.cableType", "quorla_podusb");
+    QLineEdit &line = lineOf(scene, "cable.esn");
+    QGuiApplication::clipboard()->setText("00123\r\n");
+    line.paste();
+    QCOMPARE(line.text(), QString("00123"));
+    line.home(false);
+    line.paste();
+    QCOMPARE(line.text(), QString("0012300123"));
+    QCOMPARE(line.cursorPosition(), 5);
+    QVERIFY(scene.command().contains("esn 0012300123 "));
+    QLineEdit &cell = *openCell(scene);
+    QGuiApplication::clipboard()->setText("6\n");
+    cell.paste();
+    QCOMPARE(cell.text(), QString("6"));
+    QTest::keyClick(&cell, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    QVERIFY2(scene.command().contains("irlength 6 "),
+             qPrintable(scene.command()));
+  }
+
   void AFlagIsSwitchedByTheSpaceKey() {
     Scene scene;
     QVERIFY(scene.board().choose("lumacore_0"));

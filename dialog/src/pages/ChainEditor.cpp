@@ -11,6 +11,7 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "pages/LineEditor.h"
 #include "pages/Texts.h"
 #include "pages/ToneDelegate.h"
 
@@ -76,8 +77,10 @@ public:
     if (editor != nullptr)
       editor->setAccessibleName(
           index.model()->headerData(index.column(), Qt::Horizontal).toString());
-    if (auto *const line = qobject_cast<QLineEdit *>(editor))
+    if (auto *const line = qobject_cast<QLineEdit *>(editor)) {
+      line->setValidator(new PastedText(line));
       opened(*line, index.data(Qt::EditRole).toString());
+    }
     return editor;
   }
 

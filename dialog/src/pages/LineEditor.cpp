@@ -13,6 +13,18 @@
 
 namespace ZelDebugDialog::dialog {
 
+QValidator::State PastedText::validate(QString &text, int &position) const {
+  // It stands in front of the place to type at.
+  while (position > 0 &&
+         (text[position - 1] == u'\n' || text[position - 1] == u'\r'))
+    text.remove(--position, 1);
+  return Acceptable;
+}
+
+SessionLine::SessionLine(QWidget *parent) : QLineEdit(parent) {
+  setValidator(new PastedText(this));
+}
+
 bool SessionLine::event(QEvent *event) {
   if (event->type() == QEvent::ShortcutOverride) {
     const auto *const key = static_cast<QKeyEvent *>(event);

@@ -4,17 +4,28 @@
 #define ZELDEBUGDIALOG_DIALOG_LINEEDITOR_H
 
 #include <QLineEdit>
+#include <QValidator>
 
 #include "pages/ValueEditor.h"
 
 namespace ZelDebugDialog::dialog {
+
+/// A line end that was copied along is no part of what is pasted into a line.
+class PastedText : public QValidator {
+  Q_OBJECT
+
+public:
+  using QValidator::QValidator;
+
+  State validate(QString &text, int &position) const override;
+};
 
 /// Leaves undoing to the session, and a file that is dropped to the window.
 class SessionLine : public QLineEdit {
   Q_OBJECT
 
 public:
-  using QLineEdit::QLineEdit;
+  explicit SessionLine(QWidget *parent);
 
 signals:
   void left();
