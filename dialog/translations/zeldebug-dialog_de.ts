@@ -123,6 +123,14 @@
         <source>Profile of the project, or none.</source>
         <translation>Profil des Projekts, oder none.</translation>
     </message>
+    <message>
+        <source>one design or project at a time, not %1</source>
+        <translation>ein Design oder Projekt auf einmal, nicht %1</translation>
+    </message>
+    <message>
+        <source>--%1 is of a project, and there is none</source>
+        <translation>--%1 gehört zu einem Projekt, und es gibt keines</translation>
+    </message>
 </context>
 <context>
     <name>Saving</name>

@@ -1,5 +1,7 @@
 // zeldebug-dialog [DESIGN | PROJECT]: the debug configurations of a design, to
 // look at and to change.
+#include <cstdio>
+
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QLocale>
@@ -14,6 +16,13 @@ namespace {
 
 QString said(const char *text) {
   return QCoreApplication::translate("Program", text);
+}
+
+/// @return the status of the program
+int refuse(const QString &problem) {
+  std::fputs(qPrintable(QStringLiteral("zeldebug-dialog: %1\n").arg(problem)),
+             stderr);
+  return 2;
 }
 
 } // namespace
@@ -73,17 +82,28 @@ int main(int count, char **arguments) {
                      "hierarchy; or a project file (*.toml).")),
       QStringLiteral("[DESIGN]"));
   line.process(application);
-  QStringList files = line.positionalArguments() + line.values(project);
+  const QStringList files = line.positionalArguments() + line.values(project);
   if (files.size() > 1)
-    line.showHelp(2);
+    return refuse(
+        said(QT_TRANSLATE_NOOP("Program",
+                               "one design or project at a time, not %1"))
+            .arg(files.join(QStringLiteral(", "))));
+  dialog::WhatToOpen what;
+  if (!files.isEmpty())
+    what = dialog::WhatToOpen(dialog::bytesOf(files.front()));
+  what.isProject = what.isProject || line.isSet(project);
+  for (const QCommandLineOption &one : {probe, profile})
+    if (line.isSet(one) && !what.isProject)
+      return refuse(said(QT_TRANSLATE_NOOP("Program",
+                                           "--%1 is of a project, and there is "
+                                           "none"))
+                        .arg(one.names().front()));
 
   const QString base = line.value(directory);
   dialog::MainWindow window(dialog::bytesOf(
       base.isEmpty() ? QStringLiteral("etc") : base + QStringLiteral("/etc")));
   window.show();
   if (!files.isEmpty()) {
-    dialog::WhatToOpen what(dialog::bytesOf(files.front()));
-    what.isProject = what.isProject || line.isSet(project);
     for (const QString &one : line.values(library))
       what.libraryFolders.push_back(dialog::bytesOf(one));
     what.view = dialog::bytesOf(line.value(view));
