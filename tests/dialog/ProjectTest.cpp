@@ -274,6 +274,17 @@ private slots:
         [&] { return savedSign(scene, "lumacore_1") == QString("✓"); }));
   }
 
+  void FoldersAboveThatOfTheOptionFilesAreMade() {
+    const Files files;
+    files.write("zeldebug.toml",
+                "directory = \"build/board\"\n" + files.read("zeldebug.toml"));
+    Scene scene(files.project());
+    scene.type("debugDevice", "4");
+    save(scene);
+    QVERIFY(files.read("build/board/etc/kvo_lumacore_0.opt")
+                .contains("deviceNr 4"));
+  }
+
   void SavesIntoTheFileThatIsChosen() {
     const Files files;
     Scene scene(files.project());

@@ -7,6 +7,8 @@
 #include <QCoreApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
@@ -229,6 +231,11 @@ std::vector<SessionModel *> finish(const std::vector<SessionModel *> &models,
   if (hasRefusal(outcomes, isForFolder)) {
     if (!wantsFolder(shownRefusals(models, outcomes), parent))
       return {};
+    // Those above it as well: the person has seen where it is to be.
+    for (const SessionModel *const model : models)
+      QFileInfo(QFileInfo(shown(model->state().file)).path())
+          .dir()
+          .mkpath(QStringLiteral("."));
     options.makeFolder = true;
     outcomes = saveAll(models, options, agreed);
   }
