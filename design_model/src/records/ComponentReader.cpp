@@ -32,13 +32,13 @@ constexpr std::array<ModeRow, 11> modes = {{
     {"monitor", InterfaceMode::monitor},
 }};
 
-struct PartRow {
+struct NamedParts {
   std::string_view list;
   std::string_view part;
 };
 
 /// Those that have parameters of their own.
-constexpr std::array<PartRow, 3> parts = {{
+constexpr std::array<NamedParts, 3> partsWithParameters = {{
     {"busInterfaces", "busInterface"},
     {"addressSpaces", "addressSpace"},
     {"cpus", "cpu"},
@@ -201,7 +201,7 @@ private:
                                   parameters);
                    readParameters(node, "parameters", "parameter", parameters);
                  });
-    for (const PartRow &row : parts)
+    for (const NamedParts &row : partsWithParameters)
       forEachChild(
           findChild(root, row.list), row.part, [&](const pugi::xml_node &node) {
             readParameters(node, "parameters", "parameter", parameters);
