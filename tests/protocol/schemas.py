@@ -237,8 +237,8 @@ def error():
     }, {
         "parameter": described(TEXT, "the parameter at fault"),
         "setting": described(TEXT, "the setting at fault"),
-        "value": described(TEXT, "what was given; of a setting and of a command, bytes that cannot be shown stand as "
-                                 "\\xNN in it"),
+        "value": described(TEXT, "what was given; of a setting and of a command, a byte that cannot be shown stands in "
+                                 "it as a backslash, x and two digits"),
         "accepted": listed(TEXT, "what would have been accepted"),
         "suggestion": described(TEXT, "the nearest of them"),
         "file": described(TEXT, "the file at fault"),
