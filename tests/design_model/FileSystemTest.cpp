@@ -203,6 +203,17 @@ TEST_F(FileSystem, HasFoldersThatMayNotBeRead) {
   write("ip/closed/t.xml", component("t", ""));
   const fs::path closed = folder / "ip" / "closed";
   fs::permissions(folder, fs::perms::all);
+  // Its names can be listed, and no more.
+  fs::permissions(closed, fs::perms::owner_read | fs::perms::group_read |
+                              fs::perms::others_read);
+  {
+    const ForeignUser user;
+    ASSERT_TRUE(user.isOther);
+    EXPECT_TRUE(read(file, {(folder / "ip").string()}));
+    EXPECT_THAT(reading.diagnostics(),
+                ElementsAre("warning " + (closed / "t.xml").string() +
+                            ":0: it can not be read"));
+  }
   fs::permissions(closed, fs::perms::none);
   {
     const ForeignUser user;

@@ -9,7 +9,7 @@
 
 namespace ZelDebugDialog {
 
-/// A folder that is not searched, and why.
+/// A folder that is not searched, or what may be one or a file; and why.
 struct FolderFault {
   std::string folder;
   std::string reason;

@@ -84,6 +84,9 @@ FileSystemSource::list(const std::string &folder,
       else if (kind == Kind::folder)
         faults.push_back({entry.lexically_normal().string(),
                           "it is a link to a folder, and not followed", true});
+      else if (kind == Kind::unreadable)
+        faults.push_back(
+            {entry.lexically_normal().string(), unreadable, false});
     }
   }
   return faults;
