@@ -126,7 +126,8 @@ class Configuration(Opened, MutableMapping[str, Value]):
         "project" or "profile:NAME"; `written` says what that has come to.
 
         It raises Refused (unknown-setting, not-settable, bad-value,
-        not-allowed, excluded)."""
+        not-allowed, excluded; with `into` what is wrong with the files, and
+        changed-on-disk where they name another board)."""
         return self._effects("configuration/change", values=to_json(values),
                              into=into)
 
